@@ -1,0 +1,45 @@
+# How every target of the project is compiled, and short forms for the kinds of target there are.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+
+if(NOT CMAKE_BUILD_TYPE)
+  set(CMAKE_BUILD_TYPE Release)
+endif()
+
+# The pictures are exact: no contraction to fused multiply-add, no reordering of float arithmetic.
+# -O3 only adds widening of flat loops, which keeps every bit.
+add_library(ruvex_options INTERFACE)
+target_compile_options(ruvex_options INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
+  -ffp-contract=off -fno-fast-math -fno-unsafe-math-optimizations
+  $<$<BOOL:${RUVEX_WERROR}>:-Werror>)
+target_include_directories(ruvex_options INTERFACE "${PROJECT_SOURCE_DIR}")
+if(RUVEX_SANITIZE)
+  target_compile_options(ruvex_options INTERFACE
+    -fsanitize=${RUVEX_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(ruvex_options INTERFACE -fsanitize=${RUVEX_SANITIZE})
+  target_compile_definitions(ruvex_options INTERFACE RUVEX_SANITIZED)
+endif()
+
+# ruvex_library(NAME SOURCES... LIBS...): a static library of one folder.
+function(ruvex_library name)
+  cmake_parse_arguments(arg "" "" "SOURCES;LIBS" ${ARGN})
+  add_library(${name} STATIC ${arg_SOURCES})
+  target_link_libraries(${name} PUBLIC ${arg_LIBS} PRIVATE ruvex_options)
+  target_include_directories(${name} PUBLIC "${PROJECT_SOURCE_DIR}")
+endfunction()
+
+# ruvex_test(NAME LABEL SOURCES... LIBS...): one GoogleTest program; LABEL is unit, property or picture.
+function(ruvex_test name label)
+  cmake_parse_arguments(arg "" "" "SOURCES;LIBS" ${ARGN})
+  add_executable(${name} ${arg_SOURCES})
+  target_link_libraries(${name} PRIVATE ${arg_LIBS} ruvex_options GTest::gmock GTest::gtest_main)
+  set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/tests")
+  add_test(NAME ${name} COMMAND ${name})
+  set_tests_properties(${name} PROPERTIES LABELS ${label} TIMEOUT 600)
+endfunction()
