@@ -1,0 +1,41 @@
+#include "parameters/label_match.h"
+
+#include <algorithm>
+#include <numeric>
+#include <vector>
+
+namespace ruvex {
+
+std::string bareLabel(std::string_view label) {
+    std::string bare;
+    for (const char c : label) {
+        if (c == ' ' || c == '\t') continue;
+        bare += c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    }
+    return bare;
+}
+
+bool labelsMatch(std::string_view a, std::string_view b) {
+    return bareLabel(a) == bareLabel(b);
+}
+
+std::size_t labelDistance(std::string_view a, std::string_view b) {
+    const std::string from = bareLabel(a);
+    const std::string to = bareLabel(b);
+    // One row of the table of distances between all beginnings: costs[j] turns what was read of
+    // `from` into the first j characters of `to`.
+    std::vector<std::size_t> costs(to.size() + 1);
+    std::iota(costs.begin(), costs.end(), std::size_t{0});
+    for (std::size_t i = 0; i < from.size(); ++i) {
+        std::size_t diagonal = costs[0];
+        costs[0] = i + 1;
+        for (std::size_t j = 0; j < to.size(); ++j) {
+            const std::size_t exchanged = diagonal + (from[i] != to[j] ? 1 : 0);
+            diagonal = costs[j + 1];
+            costs[j + 1] = std::min({exchanged, costs[j] + 1, diagonal + 1});
+        }
+    }
+    return costs.back();
+}
+
+}  // namespace ruvex

@@ -1,0 +1,21 @@
+// How a label that a person types is compared with one of ours.
+
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace ruvex {
+
+/// The label without spaces and tabs, and with A to Z in lower case. Other characters stay, so that
+/// "B & W" and "b&w" are one label and "Type 1" and "Type 2" are two.
+std::string bareLabel(std::string_view label);
+
+/// True when both have the same bare form.
+bool labelsMatch(std::string_view a, std::string_view b);
+
+/// The number of characters to insert, remove or exchange to come from one bare form to the other.
+std::size_t labelDistance(std::string_view a, std::string_view b);
+
+}  // namespace ruvex

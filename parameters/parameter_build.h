@@ -1,0 +1,137 @@
+// The words that the table's rows are written in. For parameter_rows.h alone.
+
+#pragma once
+
+#include <limits>
+
+#include "parameters/parameter_row.h"
+
+namespace ruvex::build {
+
+using Id = ParameterId;
+using Page = ParameterPage;
+
+/// The effect's own parameters share all but the last two of the first eight digits.
+constexpr GUID own(unsigned lastTwoDigits) {
+    GUID guid = guidFromText("A41E7F00-37AB-48B5-99C9-C4B83402C0FC");
+    guid.Data1 |= lastTwoDigits;
+    return guid;
+}
+
+/// The crop is shared code and has a block of identifiers to itself.
+constexpr GUID crop(unsigned lastTwoDigits) {
+    GUID guid = guidFromText("F2A92C00-2302-11D3-AB91-0000E8D8077F");
+    guid.Data1 |= lastTwoDigits;
+    return guid;
+}
+
+/// What a number control offers, and what the render makes of a value that lies outside.
+struct Numbers {
+    Unit unit;
+    Range control;
+    std::optional<Range> wider{};
+    std::optional<Range> clamp{};
+
+    /// The render holds the value to the control's range.
+    constexpr Numbers held() const { return {unit, control, wider, control}; }
+    /// The render raises the value to the low end of the control's range.
+    constexpr Numbers raised() const {
+        return {unit, control, wider, Range{control.low, std::numeric_limits<double>::infinity()}};
+    }
+    constexpr Numbers widenedTo(double low, double high) const {
+        return {unit, control, Range{low, high}, clamp};
+    }
+};
+
+constexpr Numbers numbers(double low, double high, Unit unit = Unit::None) {
+    return {unit, {low, high}};
+}
+constexpr Numbers percent(double low, double high) {
+    return numbers(low, high, Unit::Percent);
+}
+constexpr Numbers pixels(double low, double high) {
+    return numbers(low, high, Unit::Pixels);
+}
+
+/// A row with what every kind has. The string of the hint follows that of the name.
+constexpr ParameterRow common(Page page, Id id, const GUID& identifier, std::string_view label,
+                              double defaultValue, int nameString, std::string_view hint) {
+    ParameterRow row{};
+    row.page = page;
+    row.id = id;
+    row.identifier = identifier;
+    row.label = label;
+    row.name = label;
+    row.hint = hint;
+    row.nameString = nameString;
+    row.hintString = nameString + 1;
+    row.defaultValue = defaultValue;
+    return row;
+}
+
+constexpr ParameterRow withNumbers(ParameterRow row, const Numbers& numbers) {
+    row.unit = numbers.unit;
+    row.controlRange = numbers.control;
+    row.widerRange = numbers.wider;
+    row.clamp = numbers.clamp;
+    return row;
+}
+
+/// A number that can be animated.
+constexpr ParameterRow real(Page page, Id id, const GUID& identifier, std::string_view label,
+                            double defaultValue, const Numbers& numbers, int nameString,
+                            std::string_view hint) {
+    ParameterRow row =
+        withNumbers(common(page, id, identifier, label, defaultValue, nameString, hint), numbers);
+    row.kind = ParameterKind::Real;
+    return row;
+}
+
+/// A whole number, shown without decimals.
+constexpr ParameterRow integer(Page page, Id id, const GUID& identifier, std::string_view label,
+                               int defaultValue, const Numbers& numbers, int nameString,
+                               std::string_view hint) {
+    ParameterRow row =
+        withNumbers(common(page, id, identifier, label, defaultValue, nameString, hint), numbers);
+    row.kind = ParameterKind::Int;
+    row.decimals = 0;
+    return row;
+}
+
+/// One of a list of labels.
+constexpr ParameterRow choice(Page page, Id id, const GUID& identifier, std::string_view label,
+                              int defaultValue, std::span<const Choice> choices, int nameString,
+                              std::string_view hint) {
+    ParameterRow row = common(page, id, identifier, label, defaultValue, nameString, hint);
+    row.kind = ParameterKind::Enum;
+    row.choices = choices;
+    return row;
+}
+
+/// On or off, off to begin with.
+constexpr ParameterRow checkBox(Page page, Id id, const GUID& identifier, std::string_view label,
+                                int nameString, std::string_view hint) {
+    ParameterRow row = common(page, id, identifier, label, 0, nameString, hint);
+    row.kind = ParameterKind::Bool;
+    return row;
+}
+
+/// A choice or check box that the render never reads.
+constexpr ParameterRow forPagesAlone(ParameterRow row) {
+    row.kind = row.kind == ParameterKind::Bool ? ParameterKind::UiBool : ParameterKind::UiInt;
+    return row;
+}
+
+/// A channel mask of the host's: 0 keeps the channel of the input, anything else takes the
+/// effect's. Both of its strings hold the same sentence, each in a block of its own.
+constexpr ParameterRow channelMask(Id id, const GUID& identifier, std::string_view label,
+                                   int nameString, int hintString, std::string_view sentence) {
+    ParameterRow row = common(Page::Host, id, identifier, label, 1, nameString, sentence);
+    row.kind = ParameterKind::Int;
+    row.name = sentence;
+    row.hintString = hintString;
+    row.decimals = 0;
+    return row;
+}
+
+}  // namespace ruvex::build
