@@ -1,0 +1,102 @@
+// One effect object, driven as the host drives it.
+
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "runtime/frame_server.h"
+#include "runtime/module_loader.h"
+#include "runtime/project.h"
+#include "sdk/effect.h"
+
+namespace ruvex::runtime {
+
+/// The effect, and the object family under which it is run unless another is named.
+inline constexpr GUID kRuvexClassId = guidFromText("A41E7F12-37AB-48B5-99C9-C4B83402C0FC");
+inline constexpr GUID kEffectFamily = guidFromText("AE0D7C31-95AA-11D0-B685-00A024191AE0");
+
+/// The time of frame `index` at a rate: index / rate, in seconds.
+inline double frameTime(std::int64_t index, double framesPerSecond) {
+    return static_cast<double>(index) / framesPerSecond;
+}
+
+struct RenderRequest {
+    double seconds = 0.0;
+    /// The first input at that time. The effect may write into it. Null asks the session's
+    /// provider; an effect whose provider refuses is run without an input.
+    ComPtr<IDSImage> input;
+    ComPtr<IDSImage> input2;
+    ComPtr<IDSImage> pixelMask;
+    LONG maskOffsetX = 0;
+    LONG maskOffsetY = 0;
+    /// Where the picture goes.
+    ComPtr<IDSImage> output;
+    /// In pixels of the output; none renders all of it.
+    std::optional<DSRECT> region;
+    /// 0 whole frame, 1 first field, 2 second field.
+    LONG fieldMode = 0;
+};
+
+/// Holds an effect object and what it needs of its host. One thread uses a session at a time; any
+/// number of sessions render at once. Failures of the effect throw StatusError.
+class EffectSession {
+public:
+    /// What a session is made of.
+    struct Setup {
+        std::shared_ptr<Module> module;
+        Project project;
+        /// Serves inputs at other times; may be empty.
+        std::shared_ptr<InputProvider> provider;
+        /// Stops renders; may be empty.
+        InterruptionTest interruption;
+        GUID classId = kRuvexClassId;
+        GUID family = kEffectFamily;
+    };
+
+    /// Makes the effect through the module's class factory and initialises it: all parameters have
+    /// their defaults. The project is to be open (openProject) before.
+    explicit EffectSession(Setup setup);
+    ~EffectSession();
+    EffectSession(EffectSession&&) noexcept;
+    EffectSession& operator=(EffectSession&&) noexcept;
+
+    /// A session over a clone of the effect as it is now, with a frame server of its own over the
+    /// same provider and interruption test. The clone may outlive this session.
+    EffectSession clone() const;
+
+    /// Sets a parameter: whole numbers and check boxes take the value only if it is a whole number.
+    /// Throws Error for an unknown identifier and for a value that does not fit the kind.
+    void setValue(const GUID& id, double value);
+    /// Animates a real; no keys end the animation.
+    void setKeys(const GUID& id, const std::vector<DSKey>& keys);
+    double value(const GUID& id, double seconds = 0.0) const;
+    /// The definition of a property; null for an unknown identifier.
+    const CDSParamDef* definition(const GUID& id) const;
+
+    /// Workers in the whole module, see IRuvexControl. Throws Error when the effect has no such
+    /// interface.
+    void setWorkers(int count);
+    int workers() const;
+
+    /// Renders one frame: hands everything in, asks Verify, then Execute.
+    void render(const RenderRequest& request);
+    /// Whether the last render was told to stop; its output is then unfinished.
+    bool interrupted() const;
+
+    /// What the effect said of itself for the family.
+    const DSIMAGEEFFECTINFO& info() const;
+    /// The effect, for what the session does not cover.
+    IDSImageEffect& effect() const;
+
+private:
+    struct State;
+    explicit EffectSession(std::unique_ptr<State> state);
+
+    std::unique_ptr<State> state_;
+};
+
+}  // namespace ruvex::runtime

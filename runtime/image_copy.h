@@ -1,0 +1,18 @@
+// Pictures of the same shape, with or without the same content.
+
+#pragma once
+
+#include "sdk/com_ptr.h"
+#include "sdk/memory_image.h"
+
+namespace ruvex::runtime {
+
+/// A new image of zeroes. Throws Error for an unknown format, a size below 1, or when memory is
+/// out.
+ComPtr<CDSMemoryImage> makeImage(int width, int height, const GUID& format);
+
+/// A new image with the pixels, world size and world origin of another; one of the two may be
+/// written into while the other is kept. Throws as makeImage does, and when `image` is not ready.
+ComPtr<CDSMemoryImage> copyImage(IDSImage& image);
+
+}  // namespace ruvex::runtime
