@@ -66,6 +66,7 @@ constexpr ParameterRow common(Page page, Id id, const GUID& identifier, std::str
     row.nameString = nameString;
     row.hintString = nameString + 1;
     row.defaultValue = defaultValue;
+    row.rendered = true;
     return row;
 }
 
@@ -116,10 +117,16 @@ constexpr ParameterRow checkBox(Page page, Id id, const GUID& identifier, std::s
     return row;
 }
 
-/// A choice or check box that the render never reads.
+/// A row that is stored and shown, but that the render never reads.
+constexpr ParameterRow unread(ParameterRow row) {
+    row.rendered = false;
+    return row;
+}
+
+/// A choice or check box of the pages' own; the host stores it apart from the picture's values.
 constexpr ParameterRow forPagesAlone(ParameterRow row) {
     row.kind = row.kind == ParameterKind::Bool ? ParameterKind::UiBool : ParameterKind::UiInt;
-    return row;
+    return unread(row);
 }
 
 /// A channel mask of the host's: 0 keeps the channel of the input, anything else takes the

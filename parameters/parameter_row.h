@@ -70,6 +70,8 @@ struct ParameterRow {
     Unit unit;
     /// The labels of an enumeration, from value 0 up; empty for the other kinds.
     std::span<const Choice> choices;
+    /// False for what is stored and shown, but never looked at when a frame is made.
+    bool rendered;
     /// The decimals that a number control shows; none: the control's own default.
     std::optional<int> decimals;
 

@@ -111,6 +111,15 @@ TEST(ParameterTable, OnlyWholeNumberControlsSayHowManyDecimals) {
     }
 }
 
+TEST(ParameterTable, ThreeRowsNeverReachThePicture) {
+    std::set<std::string_view> unread;
+    for (const ParameterRow& row : parameterTable()) {
+        if (!row.rendered) unread.insert(row.label);
+    }
+    EXPECT_EQ(unread,
+              (std::set<std::string_view>{"Presets...", "Hide Overlay Controls", "Crop Colour A"}));
+}
+
 TEST(ParameterTable, EveryDefaultIsAValueThatCanBeEntered) {
     for (const ParameterRow& row : parameterTable()) {
         if (!isReal(row.kind)) {
