@@ -19,9 +19,8 @@ constexpr std::int32_t truncateToInt(float value) {
 
 /// The same for double.
 constexpr std::int32_t truncateToInt(double value) {
-    return value > -2147483649.0 && value < 2147483648.0
-               ? static_cast<std::int32_t>(value)
-               : std::numeric_limits<std::int32_t>::min();
+    return value > -2147483649.0 && value < 2147483648.0 ? static_cast<std::int32_t>(value)
+                                                         : std::numeric_limits<std::int32_t>::min();
 }
 
 /// The largest whole number not above `value`, by truncation and a correction, as int.
@@ -67,7 +66,9 @@ constexpr typename P::Component fromNormalised(float fraction) {
 }
 
 /// a + (b - a) * fraction, in float.
-constexpr float lerp(float a, float b, float fraction) { return a + (b - a) * fraction; }
+constexpr float lerp(float a, float b, float fraction) {
+    return a + (b - a) * fraction;
+}
 
 /// The integer form: the difference wraps in 32 bits, the sum is truncated. Float carries all the
 /// precision the result has; near the top of the range the low bits are lost.

@@ -1,0 +1,43 @@
+#include "imaging/matrix3.h"
+
+#include <cmath>
+
+namespace ruvex {
+
+void translate(Matrix3& m, float tx, float ty) {
+    for (int row = 0; row < 9; row += 3) {
+        m[row] += m[row + 2] * tx;
+        m[row + 1] += m[row + 2] * ty;
+    }
+}
+
+void scale(Matrix3& m, float sx, float sy) {
+    for (int row = 0; row < 9; row += 3) {
+        m[row] *= sx;
+        m[row + 1] *= sy;
+    }
+}
+
+void rotate(Matrix3& m, float angle) {
+    const auto c = static_cast<float>(std::cos(double{angle}));
+    const auto s = static_cast<float>(std::sin(double{angle}));
+    for (int row = 0; row < 9; row += 3) {
+        const float first = m[row];
+        const float second = m[row + 1];
+        m[row] = c * first - s * second;
+        m[row + 1] = c * second + s * first;
+    }
+}
+
+Matrix3 multiply(const Matrix3& a, const Matrix3& b) {
+    Matrix3 result{};
+    for (int row = 0; row < 3; ++row) {
+        for (int column = 0; column < 3; ++column) {
+            result[row * 3 + column] = a[row * 3] * b[column] + a[row * 3 + 1] * b[3 + column] +
+                                       a[row * 3 + 2] * b[6 + column];
+        }
+    }
+    return result;
+}
+
+}  // namespace ruvex

@@ -1,0 +1,98 @@
+#include "imaging/threads.h"
+
+#include <algorithm>
+#include <atomic>
+#include <mutex>
+#include <new>
+#include <system_error>
+#include <thread>
+#include <vector>
+
+namespace ruvex {
+namespace {
+
+constexpr std::int32_t kNotAsked = -1;
+
+std::atomic<std::int32_t> processorCount{kNotAsked};
+std::atomic<bool> threadingEnabled{true};
+
+// Held for a whole fork, so that renders on different effect objects interleave pass by pass.
+std::mutex forkMutex;
+
+thread_local std::int32_t indexInFork = 0;
+
+void runAsWorker(std::int32_t index, void (*job)(void*), void* context) {
+    indexInFork = index;
+    job(context);
+    indexInFork = 0;
+}
+
+// Starts workers 1 to count - 1 and returns how many there are now, the caller included. A machine
+// that has run out of threads gives fewer.
+std::int32_t startWorkers(std::vector<std::thread>& threads, std::int32_t count, void (*job)(void*),
+                          void* context) noexcept {
+    std::int32_t index = 1;
+    try {
+        threads.reserve(static_cast<std::size_t>(count - 1));
+        for (; index < count; ++index) threads.emplace_back(runAsWorker, index, job, context);
+    } catch (const std::system_error&) {
+    } catch (const std::bad_alloc&) {
+    }
+    return index;
+}
+
+}  // namespace
+
+std::int32_t workerCount() {
+    if (!threadingEnabled.load(std::memory_order_relaxed)) return 1;
+    std::int32_t count = processorCount.load(std::memory_order_relaxed);
+    if (count == kNotAsked) {
+        const auto asked = static_cast<std::int32_t>(std::thread::hardware_concurrency());
+        const std::int32_t known = std::max(asked, 1);
+        // Another thread may have answered first, or the host named a count: then that holds.
+        if (processorCount.compare_exchange_strong(count, known)) count = known;
+    }
+    return count;
+}
+
+std::int32_t workerIndex() {
+    return indexInFork;
+}
+
+bool setWorkerCount(std::int32_t count) {
+    if (count < 1) return false;
+    const std::lock_guard lock(forkMutex);
+    processorCount.store(count, std::memory_order_relaxed);
+    return true;
+}
+
+void setThreadingEnabled(bool enabled) {
+    const std::lock_guard lock(forkMutex);
+    threadingEnabled.store(enabled, std::memory_order_relaxed);
+}
+
+void detail::fork(void (*job)(void* context), void* context) {
+    if (workerCount() <= 1) {
+        job(context);
+        return;
+    }
+    const std::lock_guard lock(forkMutex);
+    const std::int32_t count = workerCount();
+    std::vector<std::thread> threads;
+    const std::int32_t running = startWorkers(threads, count, job, context);
+    job(context);
+    // The shares of workers that could not be started are done here: the picture is the same.
+    for (std::int32_t index = running; index < count; ++index) runAsWorker(index, job, context);
+    for (std::thread& thread : threads) thread.join();
+}
+
+RowShare shareOfRows(std::int32_t rows, std::int32_t workers, std::int32_t worker) {
+    if (worker < 0 || workers < 1) return {0, rows};
+    const std::int64_t share = (std::int64_t{rows} + workers - 1) / workers;
+    const std::int64_t first = share * worker;
+    std::int64_t end = std::min<std::int64_t>(first + share, rows);
+    if (worker == workers - 1) end = rows;
+    return {static_cast<std::int32_t>(first), static_cast<std::int32_t>(end)};
+}
+
+}  // namespace ruvex
