@@ -34,6 +34,16 @@ function(ruvex_library name)
   target_include_directories(${name} PUBLIC "${PROJECT_SOURCE_DIR}")
 endfunction()
 
+# ruvex_shared_library(NAME DEFINE SOURCES... LIBS...): a shared library; DEFINE is set while it is
+# itself compiled and turns its imports into exports.
+function(ruvex_shared_library name define)
+  cmake_parse_arguments(arg "" "" "SOURCES;LIBS" ${ARGN})
+  add_library(${name} SHARED ${arg_SOURCES})
+  target_compile_definitions(${name} PRIVATE ${define})
+  target_link_libraries(${name} PUBLIC ${arg_LIBS} PRIVATE ruvex_options)
+  target_include_directories(${name} PUBLIC "${PROJECT_SOURCE_DIR}")
+endfunction()
+
 # ruvex_test(NAME LABEL SOURCES... LIBS...): one GoogleTest program; LABEL is unit, property or picture.
 function(ruvex_test name label)
   cmake_parse_arguments(arg "" "" "SOURCES;LIBS" ${ARGN})

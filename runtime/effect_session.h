@@ -68,10 +68,12 @@ public:
     /// same provider and interruption test. The clone may outlive this session.
     EffectSession clone() const;
 
-    /// Sets a parameter: whole numbers and check boxes take the value only if it is a whole number.
-    /// Throws Error for an unknown identifier and for a value that does not fit the kind.
+    /// Sets a parameter at all times: its animation ends. Throws Error for an unknown identifier
+    /// and for a value that does not fit the kind: reals are finite, whole numbers have 32 bits,
+    /// check boxes are 0 or 1.
     void setValue(const GUID& id, double value);
-    /// Animates a real; no keys end the animation.
+    /// Animates a real; no keys end the animation. Throws Error for a property that cannot be
+    /// animated and for a time or value that is not finite.
     void setKeys(const GUID& id, const std::vector<DSKey>& keys);
     double value(const GUID& id, double seconds = 0.0) const;
     /// The definition of a property; null for an unknown identifier.

@@ -11,7 +11,7 @@
 
 namespace ruvex::runtime {
 
-/// A loaded module. It is loaded once in a process, however often it is asked for; its classes can
+/// A use of a loaded module. A file is loaded once, however often it is asked for; its classes can
 /// be made with CoCreateInstance as long as it is loaded. Any thread.
 class Module {
 public:
@@ -48,10 +48,13 @@ public:
     const std::filesystem::path& file() const;
 
 private:
-    struct State;
-    explicit Module(std::unique_ptr<State> state);
+    struct Library;
+    struct Table;
 
-    std::unique_ptr<State> state_;
+    Module() = default;
+    const Library& library() const;
+
+    Library* library_ = nullptr;
 };
 
 }  // namespace ruvex::runtime

@@ -41,6 +41,9 @@ protected:
     CDSPropertyContainer(const CDSPropertyContainer& source) : CDSBasePropertyContainer(source) {}
     ~CDSPropertyContainer() override = default;
 
+    /// Ends all animations without telling the observers.
+    void RemoveAnimations() { animated_.clear(); }
+
 private:
     struct Animated {
         GUID id;

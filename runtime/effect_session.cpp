@@ -1,0 +1,222 @@
+#include "runtime/effect_session.h"
+
+#include <cmath>
+#include <utility>
+
+#include "parameters/ruvex_interface.h"
+#include "runtime/coordinate_manager.h"
+#include "runtime/error.h"
+
+namespace ruvex::runtime {
+
+namespace {
+
+/// Throws for everything but 0: a positive status means that nothing was done.
+void requireDone(HRESULT status, const std::string& what) {
+    if (status != S_OK) throw StatusError(what, status);
+}
+
+template <class T>
+ComPtr<T> queryOrThrow(IUnknown& object, const GUID& id, const char* what) {
+    ComPtr<T> result;
+    require(object.QueryInterface(id, result.putVoid()),
+            std::string("the effect does not answer to ") + what);
+    return result;
+}
+
+bool isWhole(double value) {
+    return value >= INT32_MIN && value <= INT32_MAX && value == std::trunc(value);
+}
+
+/// The value as the property keeps it; throws when it does not fit.
+VARIANT toVariant(const CDSParamDef& definition, double value) {
+    switch (definition.type) {
+        case VT_R8:
+            if (std::isfinite(value)) return DSVariantFromReal(value);
+            break;
+        case VT_BOOL:
+            if (value == 0.0 || value == 1.0) return DSVariantFromBool(value != 0.0);
+            break;
+        default:
+            if (isWhole(value)) return DSVariantFromLong(static_cast<LONG>(value));
+    }
+    throw Error("the value " + std::to_string(value) + " does not fit the parameter " +
+                toText(definition.id));
+}
+
+double fromVariant(const VARIANT& value) {
+    return value.vt == VT_R8 ? value.dblVal : static_cast<double>(value.lVal);
+}
+
+ComPtr<IDSCoordMan> coordinateManagerFor(const Project& project, const RenderRequest& request,
+                                         const ComPtr<IDSImage>& input) {
+    IDSImage* measured = input ? input.get() : request.output.get();
+    LONG width = project.width;
+    LONG height = project.height;
+    if (measured) require(measured->GetSize(&width, &height), "the image to render has no size");
+    return makeCoordinateManager(project, width, height);
+}
+
+}  // namespace
+
+struct EffectSession::State {
+    Setup setup;
+    ComPtr<FrameServer> server;
+    ComPtr<IDSImageEffect> effect;
+    ComPtr<IDSProperties> properties;
+    DSIMAGEEFFECTINFO info;
+
+    State(Setup given, ComPtr<IDSImageEffect> made)
+        : setup(std::move(given)),
+          server(FrameServer::create(setup.provider, setup.interruption)),
+          effect(std::move(made)),
+          properties(queryOrThrow<IDSProperties>(*effect, IID_IDSProperties, "properties")) {}
+
+    void readInfo() {
+        info.family = setup.family;
+        require(effect->GetImageEffectInfo(&info), "the effect does not describe itself");
+    }
+
+    const CDSParamDef* find(const GUID& id) const {
+        ULONG count = 0;
+        require(properties->GetPropertyCount(&count), "the effect does not list its parameters");
+        for (ULONG i = 0; i < count; ++i) {
+            const CDSParamDef* definition = nullptr;
+            require(properties->GetPropertyDef(i, &definition), "a parameter has no definition");
+            if (definition->id == id) return definition;
+        }
+        return nullptr;
+    }
+
+    const CDSParamDef& findOrThrow(const GUID& id) const {
+        if (const CDSParamDef* definition = find(id)) return *definition;
+        throw Error("the effect has no parameter " + toText(id));
+    }
+
+    /// The interface of our own. The query's reference is given back at once: the effect outlives
+    /// the use of the pointer.
+    IRuvexControl& control() const {
+        void* found = nullptr;
+        require(effect->QueryInterface(kRuvexControlId, &found),
+                "the effect does not let its workers be counted");
+        effect->Release();
+        return *static_cast<IRuvexControl*>(found);
+    }
+
+    ComPtr<IDSImage> inputFor(const RenderRequest& request) const {
+        if (request.input || !setup.provider) return request.input;
+        return setup.provider->imageAt(request.seconds);
+    }
+
+    void handIn(const RenderRequest& request);
+    void execute(const RenderRequest& request);
+};
+
+void EffectSession::State::handIn(const RenderRequest& request) {
+    const ComPtr<IDSImage> input = inputFor(request);
+    const auto coordinates = coordinateManagerFor(setup.project, request, input);
+    const std::string refused = "the effect refuses its ";
+    require(effect->Setup(), "the effect cannot be set up");
+    require(effect->SetSampleRate(setup.project.frameRate), refused + "frame rate");
+    require(effect->SetEffectHost(server.get()), refused + "host");
+    require(effect->SetExecuteContext(server.get()), refused + "execute context");
+    require(effect->SetCoordMan(coordinates.get()), refused + "coordinate manager");
+    require(effect->SetInput(input.get()), refused + "input");
+    require(effect->SetInput2(request.input2.get()), refused + "second input");
+    require(effect->SetPixelMask(request.pixelMask.get(), request.maskOffsetX, request.maskOffsetY),
+            refused + "mask");
+    require(effect->SetOutput(request.output.get()), refused + "output");
+    require(effect->SetROI(request.region ? &*request.region : nullptr), refused + "region");
+    require(effect->SetProcessingMode(request.fieldMode), refused + "field mode");
+}
+
+void EffectSession::State::execute(const RenderRequest& request) {
+    const std::string frame = "the frame at " + std::to_string(request.seconds) + " s";
+    requireDone(effect->Verify(), "the effect lacks something to render " + frame);
+    require(effect->BeginFrame(request.seconds), "cannot begin " + frame);
+    const HRESULT status = effect->Execute(request.seconds);
+    effect->EndFrame();
+    requireDone(status, "cannot render " + frame);
+}
+
+EffectSession::EffectSession(Setup setup) {
+    checkProject(setup.project);
+    ComPtr<IDSImageEffect> effect;
+    const auto factory = setup.module->classFactory(setup.classId);
+    require(factory->CreateInstance(nullptr, IID_IDSImageEffect, effect.putVoid()),
+            "cannot make the effect " + toText(setup.classId));
+    state_ = std::make_unique<State>(std::move(setup), std::move(effect));
+    const auto plugIn = queryOrThrow<IDSPlugIn>(*state_->effect, IID_IDSPlugIn, "its plug-in");
+    require(plugIn->Init(), "the effect cannot be initialised");
+    state_->readInfo();
+}
+
+EffectSession::EffectSession(std::unique_ptr<State> state) : state_(std::move(state)) {}
+EffectSession::EffectSession(EffectSession&&) noexcept = default;
+EffectSession& EffectSession::operator=(EffectSession&&) noexcept = default;
+EffectSession::~EffectSession() = default;
+
+EffectSession EffectSession::clone() const {
+    ComPtr<IDSImageEffect> effect;
+    require(state_->effect->Clone(IID_IDSImageEffect, effect.putVoid()), "cannot clone the effect");
+    auto state = std::make_unique<State>(state_->setup, std::move(effect));
+    state->info = state_->info;
+    return EffectSession(std::move(state));
+}
+
+void EffectSession::setValue(const GUID& id, double value) {
+    const VARIANT variant = toVariant(state_->findOrThrow(id), value);
+    require(state_->properties->ClearKeys(id), "cannot end the animation of " + toText(id));
+    require(state_->properties->SetValue(id, 0.0, &variant), "cannot set " + toText(id));
+}
+
+void EffectSession::setKeys(const GUID& id, const std::vector<DSKey>& keys) {
+    state_->findOrThrow(id);
+    require(state_->properties->SetKeys(id, keys.data(), static_cast<ULONG>(keys.size())),
+            "cannot animate " + toText(id));
+}
+
+double EffectSession::value(const GUID& id, double seconds) const {
+    state_->findOrThrow(id);
+    VARIANT value{};
+    require(state_->properties->GetValue(id, seconds, &value), "cannot read " + toText(id));
+    return fromVariant(value);
+}
+
+const CDSParamDef* EffectSession::definition(const GUID& id) const {
+    return state_->find(id);
+}
+
+void EffectSession::setWorkers(int count) {
+    require(state_->control().setWorkerCount(count),
+            "the effect does not take " + std::to_string(count) + " workers");
+}
+
+int EffectSession::workers() const {
+    return state_->control().workerCount();
+}
+
+void EffectSession::render(const RenderRequest& request) {
+    // Whatever happens, the effect holds no images between frames.
+    struct Cleanup {
+        IDSImageEffect& effect;
+        ~Cleanup() { effect.Cleanup(); }
+    } const cleanup{*state_->effect};
+    state_->server->resetInterrupted();
+    state_->handIn(request);
+    state_->execute(request);
+}
+
+bool EffectSession::interrupted() const {
+    return state_->server->interrupted();
+}
+
+const DSIMAGEEFFECTINFO& EffectSession::info() const {
+    return state_->info;
+}
+
+IDSImageEffect& EffectSession::effect() const {
+    return *state_->effect;
+}
+
+}  // namespace ruvex::runtime

@@ -1,0 +1,47 @@
+#include "runtime/images.h"
+
+#include <cstring>
+#include <string>
+
+#include "runtime/error.h"
+
+namespace ruvex::runtime {
+
+ComPtr<CDSMemoryImage> makeImage(int width, int height, const GUID& format) {
+    auto image = CDSMemoryImage::create(width, height, format);
+    if (!image) {
+        throw Error("cannot make an image of " + std::to_string(width) + "x" +
+                    std::to_string(height) + " pixels");
+    }
+    return image;
+}
+
+ComPtr<CDSMemoryImage> makeProjectImage(const Project& project, int width, int height,
+                                        const GUID& format) {
+    auto image = makeImage(width, height, format);
+    image->setWorldSize({static_cast<float>(project.width),
+                         static_cast<float>(project.height / project.pixelAspect)});
+    return image;
+}
+
+ComPtr<CDSMemoryImage> copyImage(IDSImage& image) {
+    if (const HRESULT status = image.GetStatus(); status != S_OK) {
+        throw StatusError("the image to copy is not ready", status);
+    }
+    LONG width = 0;
+    LONG height = 0;
+    GUID format{};
+    DSFloatPair worldSize{};
+    DSFloatPair worldOrigin{};
+    require(image.GetSize(&width, &height), "the image to copy has no size");
+    require(image.GetFormat(&format), "the image to copy has no format");
+    require(image.GetWorldSize(&worldSize), "the image to copy has no world size");
+    require(image.GetWorldOrigin(&worldOrigin), "the image to copy has no world origin");
+    auto copy = makeImage(width, height, format);
+    std::memcpy(copy->bytes(), image.GetPixels(), copy->byteCount());
+    copy->setWorldSize(worldSize);
+    copy->setWorldOrigin(worldOrigin);
+    return copy;
+}
+
+}  // namespace ruvex::runtime

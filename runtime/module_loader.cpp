@@ -1,0 +1,163 @@
+#include "runtime/module_loader.h"
+
+#include <map>
+#include <mutex>
+#include <utility>
+
+#include "runtime/error.h"
+#include "sdk/dynamic_library.h"
+
+namespace ruvex::runtime {
+
+namespace {
+
+using Operation = HRESULT();
+
+}  // namespace
+
+/// One file in memory, however many Modules stand for it.
+struct Module::Library {
+    std::filesystem::path file;
+    std::unique_ptr<DSDynamicLibrary> image;
+    DSGetClassObject* getClassObject = nullptr;
+    Operation* canUnloadNow = nullptr;
+    Operation* registerServer = nullptr;
+    Operation* unregisterServer = nullptr;
+    int users = 0;
+};
+
+/// All libraries of the process. What is still in use when its last Module goes stays here with no
+/// users, and is found again by the next load.
+struct Module::Table {
+    std::mutex mutex;
+    std::map<std::filesystem::path, std::unique_ptr<Library>> libraries;
+
+    /// Never destroyed: modules that were left in memory keep running until the very end.
+    static Table& get() {
+        static Table& table = *new Table;
+        return table;
+    }
+
+    Library& find(const std::filesystem::path& file) {
+        auto& library = libraries[file];
+        if (!library) {
+            try {
+                library = open(file);
+            } catch (...) {
+                libraries.erase(file);
+                throw;
+            }
+        }
+        return *library;
+    }
+
+    /// One user less; the last one takes the library out of memory if the module lets it.
+    void leave(Library& library) {
+        if (--library.users > 0 || library.canUnloadNow() != S_OK) return;
+        DSRemoveModule(library.getClassObject);
+        libraries.erase(library.file);
+    }
+
+private:
+    template <class Function>
+    static void resolve(const Library& library, const char* name, Function*& function) {
+        function = reinterpret_cast<Function*>(library.image->find(name));
+        if (!function) {
+            throw Error("the module '" + library.file.string() + "' lacks the export " + name);
+        }
+    }
+
+    static std::unique_ptr<Library> open(const std::filesystem::path& file) {
+        if (!std::filesystem::is_regular_file(file)) {
+            throw Error("there is no module '" + file.string() + "'");
+        }
+        auto library = std::make_unique<Library>();
+        std::string problem;
+        library->file = file;
+        library->image = DSDynamicLibrary::load(file, problem);
+        if (!library->image) {
+            throw Error("cannot load the module '" + file.string() + "': " + problem);
+        }
+        resolve(*library, "DllGetClassObject", library->getClassObject);
+        resolve(*library, "DllCanUnloadNow", library->canUnloadNow);
+        resolve(*library, "DllRegisterServer", library->registerServer);
+        resolve(*library, "DllUnregisterServer", library->unregisterServer);
+        DSAddModule(library->getClassObject);
+        return library;
+    }
+};
+
+std::shared_ptr<Module> Module::load(const std::filesystem::path& file) {
+    Table& table = Table::get();
+    const std::lock_guard lock(table.mutex);
+    std::shared_ptr<Module> module(new Module);
+    module->library_ = &table.find(std::filesystem::weakly_canonical(file));
+    ++module->library_->users;
+    return module;
+}
+
+std::shared_ptr<Module> Module::loadDefault() {
+    const auto folder = DSDynamicLibrary::programFolder();
+    const auto beside = folder / DSDynamicLibrary::fileName("V_Ruvex");
+    const auto inLib = folder.parent_path() / "lib" / beside.filename();
+    for (const auto& file : {beside, inLib}) {
+        if (std::filesystem::is_regular_file(file)) return load(file);
+    }
+    throw Error("there is no module '" + beside.string() + "' and no '" + inLib.string() + "'");
+}
+
+Module::~Module() {
+    if (!library_) return;
+    Table& table = Table::get();
+    const std::lock_guard lock(table.mutex);
+    table.leave(*library_);
+}
+
+void Module::unload() {
+    const Library& current = library();
+    Table& table = Table::get();
+    const std::lock_guard lock(table.mutex);
+    if (current.canUnloadNow() != S_OK) {
+        throw Error("the module '" + current.file.string() +
+                    "' is still in use; release its objects before it is unloaded");
+    }
+    table.leave(*std::exchange(library_, nullptr));
+}
+
+bool Module::loaded() const {
+    return library_ != nullptr;
+}
+
+const Module::Library& Module::library() const {
+    if (!library_) throw Error("the module was unloaded");
+    return *library_;
+}
+
+ComPtr<IClassFactory> Module::classFactory(const GUID& classId) const {
+    ComPtr<IClassFactory> factory;
+    require(library().getClassObject(classId, IID_IClassFactory, factory.putVoid()),
+            "the module '" + file().string() + "' does not serve the class " + toText(classId));
+    return factory;
+}
+
+void Module::registerClasses() const {
+    require(library().registerServer(), "cannot register '" + file().string() + "'");
+}
+
+void Module::unregisterClasses() const {
+    require(library().unregisterServer(), "cannot unregister '" + file().string() + "'");
+}
+
+bool Module::canUnload() const {
+    return library().canUnloadNow() == S_OK;
+}
+
+HINSTANCE Module::instance() const {
+    return library().image->instance();
+}
+
+const std::filesystem::path& Module::file() const {
+    return library().file;
+}
+
+}  // namespace ruvex::runtime
