@@ -1,0 +1,111 @@
+#include "tests/layers/layers.h"
+
+#include <algorithm>
+
+namespace ruvex {
+namespace {
+
+/// The name between the marks of an include line, with its opening mark; empty for other lines.
+std::string_view includedName(std::string_view line) {
+    const auto skipBlanks = [&] {
+        line.remove_prefix(std::min(line.find_first_not_of(" \t"), line.size()));
+    };
+    skipBlanks();
+    if (!line.starts_with('#')) return {};
+    line.remove_prefix(1);
+    skipBlanks();
+    if (!line.starts_with("include")) return {};
+    line.remove_prefix(7);
+    skipBlanks();
+    if (line.empty() || (line[0] != '"' && line[0] != '<')) return {};
+    return line.substr(0, line.find(line[0] == '"' ? '"' : '>', 1));
+}
+
+/// True for the folder itself and for whatever lies below it.
+bool liesIn(std::string_view path, std::string_view folder) {
+    return path.starts_with(folder) && (path.size() == folder.size() || path[folder.size()] == '/');
+}
+
+bool isStandard(std::string_view header) {
+    return header.find_first_of("./") == std::string_view::npos;
+}
+
+std::string quotedComplaint(const Layer& layer, std::string_view name) {
+    const auto holdsName = [&](std::string_view place) { return liesIn(name, place); };
+    if (const Layer* own = layerOf(name); own == &layer) return {};
+    if (std::ranges::any_of(layer.mayInclude, holdsName)) return {};
+    return std::string(layer.folder) + " may not include " + std::string(name);
+}
+
+std::string angledComplaint(const Layer& layer, std::string_view name) {
+    if (layer.standardOnly && !isStandard(name)) {
+        return std::string(layer.folder) + " includes the standard library alone, not <" +
+               std::string(name) + ">";
+    }
+    for (const OutsideLibrary& library : outsideLibraries()) {
+        const bool uses = std::ranges::count(library.users, layer.folder) > 0;
+        if (name.starts_with(library.prefix) && !uses) {
+            return std::string(layer.folder) + " may not use the library of <" + std::string(name) +
+                   ">";
+        }
+    }
+    return {};
+}
+
+}  // namespace
+
+const std::vector<Layer>& layers() {
+    static const std::vector<Layer> all = {
+        {"imaging", {}, true},
+        {"parameters", {"sdk/guid.h"}, true},
+        {"stages", {"imaging"}, true},
+        {"sdk", {}},
+        {"host/base", {"stages", "imaging", "sdk", "parameters"}},
+        {"overlay", {"host/base", "sdk"}},
+        {"effect", {"overlay", "host/base", "stages", "imaging", "sdk", "parameters"}},
+        {"pages", {"effect", "overlay", "host/base", "stages", "imaging", "sdk", "parameters"}},
+        {"host/module",
+         {"pages", "effect", "overlay", "host/base", "stages", "imaging", "sdk", "parameters"}},
+        {"runtime", {"sdk"}},
+        {"media", {}},
+        {"cli", {"runtime", "media", "parameters"}},
+        {"desk", {"runtime", "media", "parameters"}},
+        {"adapters", {"runtime", "parameters"}},
+    };
+    return all;
+}
+
+const std::vector<OutsideLibrary>& outsideLibraries() {
+    static const std::vector<OutsideLibrary> all = {
+        {"libav", {"media"}},
+        {"libsw", {"media"}},
+        {"GL/", {"overlay", "sdk", "desk"}},
+        {"Q", {"desk"}},
+        {"CLI/", {"cli"}},
+        {"nlohmann/", {"runtime", "cli", "desk", "adapters"}},
+    };
+    return all;
+}
+
+const std::vector<std::string_view>& freeFolders() {
+    static const std::vector<std::string_view> all = {"tests",   "bench", "docs",
+                                                      "scripts", "tools", "cmake"};
+    return all;
+}
+
+const Layer* layerOf(std::string_view path) {
+    const auto holdsPath = [&](const Layer& layer) { return liesIn(path, layer.folder); };
+    const auto found = std::ranges::find_if(layers(), holdsPath);
+    return found == layers().end() ? nullptr : &*found;
+}
+
+std::string complaint(std::string_view path, std::string_view line) {
+    const std::string_view name = includedName(line);
+    const Layer* layer = layerOf(path);
+    if (name.empty()) return {};
+    if (layer == nullptr) return "the file lies in no layer";
+    return name[0] == '"' ? quotedComplaint(*layer, name.substr(1))
+                          : angledComplaint(*layer, name.substr(1));
+}
+
+}  // namespace ruvex
