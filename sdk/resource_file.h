@@ -7,6 +7,8 @@
 #include <span>
 #include <string>
 
+#include "sdk/export.h"
+
 namespace ruvex {
 
 /// The resource types that are given as numbers.
@@ -28,7 +30,7 @@ struct ResourceRecord {
 /// A view of a compiled resource file in memory, which must outlive it. Nothing outside the given
 /// bytes is ever read: a file that is cut off or damaged ends, for the reader, before the first
 /// record that does not fit.
-class ResourceFile {
+class DSSDK_API ResourceFile {
 public:
     explicit ResourceFile(std::span<const unsigned char> bytes) : bytes_(bytes) {}
 
