@@ -1,0 +1,72 @@
+// One frame, from the host's images to the finished picture.
+
+#pragma once
+
+#include <optional>
+
+#include "effect/frame_host.h"
+#include "effect/frame_parameters.h"
+#include "effect/frame_scale.h"
+#include "effect/resolution.h"
+#include "host/base/parameter_reader.h"
+#include "host/base/vx_ds_effect.h"
+#include "imaging/texture.h"
+
+namespace ruvex {
+
+/// Renders one frame of pixel type P and ends with it: nothing of a frame outlives the frame. Made
+/// on the stack of an Execute that has set up the effect's render state. What it is given must
+/// outlive it.
+template <class P>
+class FrameDriver {
+public:
+    /// `time` in seconds.
+    FrameDriver(VxDsEffect& effect, const FrameHost& host, const ParameterReader& reader,
+                double time);
+
+    /// The whole frame: the stage chain and the finishing steps, or the cropped input where that is
+    /// to be shown instead. Returns 0, or what `process` returned.
+    HRESULT renderFrame();
+
+private:
+    using Texture = VxTexture<P>;
+
+    // Around the chain.
+    void wrapImages();
+    void showCropped();
+    void blankCropped();
+    bool interrupted() { return interruptCheck(&effect_.interruption); }
+
+    // The chain, and its steps in the order in which they run.
+    HRESULT process();
+    bool pictureVisible() const;
+    void clearOutput();
+    void scaleDown();
+    void showSignal();
+    void scaleUp();
+
+    bool reduced() const { return res_ != 1.0f; }
+    Texture& sampled() { return reduced() ? scaled_.result : outputTexture_; }
+
+    VxDsEffect& effect_;
+    const FrameHost& host_;
+    ParameterReader reader_;
+    double time_;
+    std::optional<PixelRegion> region_;      // at full size
+    std::optional<PixelRegion> workRegion_;  // at the work size
+
+    FrameScale scale_;
+    std::optional<FrameParameters> parameters_;
+    float res_ = 1.0f;       // Resolution as a fraction
+    float whiteDot_ = 0.0f;  // White Dot as a fraction
+
+    Texture outputTexture_;
+    Texture inputTexture_;
+    ScaledBuffers<P> scaled_;
+    Texture* source_ = nullptr;  // what the next stage reads
+};
+
+extern template class FrameDriver<Rgba8>;
+extern template class FrameDriver<RgbaS214>;
+
+}  // namespace ruvex

@@ -1,0 +1,25 @@
+// What the host has handed in for one frame.
+
+#pragma once
+
+#include "sdk/coord_man.h"
+#include "sdk/effect_host.h"
+#include "sdk/image.h"
+
+namespace ruvex {
+
+/// Borrowed for the length of an Execute. Every pointer may be null, but `output` in a frame that
+/// is rendered.
+struct FrameHost {
+    IDSImage* input = nullptr;
+    IDSImage* input2 = nullptr;
+    IDSImage* output = nullptr;
+    IDSImage* pixelMask = nullptr;
+    IDSCoordMan* coordMan = nullptr;
+    IDSEffectHost* effectHost = nullptr;
+    IUnknown* executeContext = nullptr;
+    double sampleRate = 0.0;  ///< frames per second
+    bool roiSet = false;      ///< only the effect's region is to be rendered
+};
+
+}  // namespace ruvex

@@ -1,0 +1,51 @@
+#include "effect/frame_scale.h"
+
+#include "host/base/picture_geometry.h"
+#include "imaging/pixel_convert.h"
+#include "sdk/content.h"
+
+namespace ruvex {
+namespace {
+
+// Narrows pixels / size; 0 where the size is unknown or means nothing.
+float pixelsPer(float pixels, double size) {
+    return size > 0.0 || size < 0.0 ? static_cast<float>(pixels / size) : 0.0f;
+}
+
+float wholePixels(double size) {
+    return static_cast<float>(truncateToInt(size));
+}
+
+// Scales the project size to the size being rendered, by the two ways to convert one world point.
+void scaleToRender(IDSCoordMan& coordMan, FrameScale& scale) {
+    double imageX = 0.0, imageY = 0.0, projectX = 0.0, projectY = 0.0;
+    if (FAILED(coordMan.WorldToImage(1.0, 1.0, &imageX, &imageY)) ||
+        FAILED(coordMan.WorldToProject(1.0, 1.0, &projectX, &projectY))) {
+        return;
+    }
+    scale.pixelsX = static_cast<float>(scale.pixelsX * (imageX / projectX));
+    scale.pixelsY = static_cast<float>(scale.pixelsY * (imageY / projectY));
+}
+
+}  // namespace
+
+FrameScale frameScale(const FrameHost& host, double time) {
+    const double userX = projectSize(kDSProjectUserSizeX);
+    const double userY = projectSize(kDSProjectUserSizeY);
+    const double aspect = projectAspect();
+
+    FrameScale scale;
+    scale.pixelsX = wholePixels(userX);
+    scale.pixelsY = wholePixels(userY);
+    if (host.coordMan) scaleToRender(*host.coordMan, scale);
+
+    scale.scaleY = pixelsPer(scale.pixelsY, userY);
+    scale.scaleX = pixelsPer(scale.pixelsX, aspect * userX);
+    scale.pixelAspect = scale.scaleX != 0.0f ? scale.scaleY / scale.scaleX : 0.0f;
+    scale.scaleMean = (scale.scaleX + scale.scaleY) * 0.5f;
+    scale.frameRate = static_cast<float>(host.sampleRate);
+    scale.frameNow = static_cast<float>(scale.frameRate * time);
+    return scale;
+}
+
+}  // namespace ruvex

@@ -1,0 +1,27 @@
+// The scale factors of one frame: from pixels of the project frame to pixels of the render.
+
+#pragma once
+
+#include "effect/frame_host.h"
+
+namespace ruvex {
+
+/// Members of single precision were narrowed once, from a double result.
+struct FrameScale {
+    float pixelsX = 0.0f;  ///< project size scaled to the size being rendered
+    float pixelsY = 0.0f;
+    float scaleX = 0.0f;  ///< render pixels for a pixel of the project frame
+    float scaleY = 0.0f;
+    float scaleMean = 0.0f;
+    float pixelAspect = 0.0f;  ///< scaleY over scaleX; 0 when the project's size is unknown
+    float frameRate = 0.0f;
+    float frameNow = 0.0f;  ///< the output's frame number
+
+    /// The aspect that processors take: never below 0.001, so that nothing divides by 0.
+    float aspectMember() const { return pixelAspect > 0.001f ? pixelAspect : 0.001f; }
+};
+
+/// `time` in seconds. Scale factors are 0 where the project's size can't be read.
+FrameScale frameScale(const FrameHost& host, double time);
+
+}  // namespace ruvex

@@ -1,0 +1,52 @@
+#include "effect/property_map.h"
+
+#include "effect/ruvex.h"
+
+namespace ruvex {
+namespace {
+
+ULONG capabilitiesOf(ParameterKind kind) {
+    switch (kind) {
+        case ParameterKind::Real:
+            return DSCAPS_ANIMATABLE;
+        case ParameterKind::UiInt:
+        case ParameterKind::UiBool:
+            return DSCAPS_USER_INTERFACE;
+        default:
+            return DSCAPS_PLAIN;
+    }
+}
+
+VARTYPE typeOf(ParameterKind kind) {
+    if (isReal(kind)) return VT_R8;
+    return isCheckBox(kind) ? VT_BOOL : VT_I4;
+}
+
+void* memberOf(CDSBasePropertyContainer& container, std::uint32_t index) {
+    return static_cast<Ruvex&>(container).parameters.member(static_cast<ParameterId>(index));
+}
+
+CDSPropertiesMapEntry entryOf(const ParameterRow& row) {
+    const auto name = static_cast<UINT>(row.nameString);
+    return {.definition = {.id = row.identifier,
+                           .module = moduleInstance,
+                           .classification = DSCLASS_EFFECT_PARAMETER,
+                           .capabilities = capabilitiesOf(row.kind),
+                           .type = typeOf(row.kind),
+                           .nameId = name,
+                           .shortNameId = name,
+                           .descriptionId = static_cast<UINT>(row.hintString)},
+            .member = memberOf,
+            .index = static_cast<std::uint32_t>(row.id)};
+}
+
+}  // namespace
+
+std::vector<CDSPropertiesMapEntry> propertyMapEntries() {
+    std::vector<CDSPropertiesMapEntry> entries;
+    entries.reserve(kParameterCount);
+    for (const ParameterRow& row : parameterTable()) entries.push_back(entryOf(row));
+    return entries;
+}
+
+}  // namespace ruvex

@@ -1,0 +1,15 @@
+// The static property map of the effect, made from the parameter table.
+
+#pragma once
+
+#include <vector>
+
+#include "sdk/property_def.h"
+
+namespace ruvex {
+
+/// One entry for each row, in the table's order, tied to the members of a Ruvex. The module handle
+/// must be known.
+std::vector<CDSPropertiesMapEntry> propertyMapEntries();
+
+}  // namespace ruvex

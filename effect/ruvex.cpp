@@ -1,0 +1,116 @@
+#include "effect/ruvex.h"
+
+#include <new>
+
+#include "effect/property_map.h"
+#include "imaging/threads.h"
+#include "sdk/content.h"
+#include "sdk/resources.h"
+
+namespace ruvex {
+namespace {
+
+// What the effect is capable of, as the host's descriptions have it: everything but bit 5. Bit 6
+// is the channel mask.
+constexpr std::uint32_t kCapabilities = 95;
+constexpr std::int32_t kCropWithEdges = 2;
+
+constexpr UINT kNameString = 1;
+constexpr UINT kDescriptionString = 2;
+constexpr UINT kToolBitmap = 102;
+
+constexpr std::int32_t kMaxWorkers = 1024;
+
+}  // namespace
+
+Ruvex::Ruvex() {
+    cropMode = kCropWithEdges;
+    capabilityFlags = kCapabilities;
+    if (SUCCEEDED(CDSPlugInEffect::Init())) SetDefaults();
+
+    const DSFloatPair size{static_cast<float>(projectAspect() * projectSize(kDSProjectUserSizeX)),
+                           static_cast<float>(projectSize(kDSProjectUserSizeY))};
+    geometry.output.size = geometry.input.size = geometry.input2.size = size;
+    link->setGeometry(geometry);
+}
+
+Ruvex::Ruvex(const Ruvex& source) : VxDsEffect(source), CDSImageMIEffect(source), IRuvexControl() {
+    CopyAnimation(source);
+}
+
+Ruvex::~Ruvex() {
+    CDSPlugInEffect::Term();
+}
+
+HRESULT Ruvex::QueryInterface(const GUID& id, void** out) {
+    if (!out) return E_POINTER;
+    if (id == kRuvexClassId || id == kVxDsEffectId) {
+        *out = static_cast<VxDsEffect*>(this);
+    } else if (id == kRuvexControlId) {
+        *out = static_cast<IRuvexControl*>(this);
+    } else {
+        return CDSImageMIEffect::QueryInterface(id, out);
+    }
+    AddRef();
+    return S_OK;
+}
+
+HRESULT Ruvex::Init() {
+    const HRESULT status = CDSPlugInEffect::Init();
+    return FAILED(status) ? status : SetDefaults();
+}
+
+HRESULT Ruvex::SetDefaults() {
+    const HRESULT status = CDSImageMIEffect::SetDefaults();
+    if (FAILED(status)) return status;
+    parameters.setDefaults();
+    return OnPropertyChanged(GUID_AllProperties, DSCLASS_EFFECT_PARAMETER);
+}
+
+HRESULT Ruvex::GetToolInfo(DSTOOLINFO* info) {
+    const HRESULT status = CDSImageMIEffect::GetToolInfo(info);
+    if (FAILED(status)) return status;
+    LoadStringW(moduleInstance, kNameString, info->name, DSTOOLINFO::kTextLength);
+    LoadStringW(moduleInstance, kDescriptionString, info->description, DSTOOLINFO::kTextLength);
+    name = info->name;
+    info->module = moduleInstance;
+    info->bitmapId = kToolBitmap;
+    info->classId = kRuvexClassId;
+    return S_OK;
+}
+
+const CDSPropertiesMap* Ruvex::GetPropertyMap() {
+    static DSStaticPropertiesMap storage;
+    static const std::vector<CDSPropertiesMapEntry> entries = propertyMapEntries();
+    return InitStaticPropertyMap(storage, entries.data(), entries.size());
+}
+
+HRESULT Ruvex::TestFormat(const GUID& format) {
+    return format == MFIF_RGBA_RAW_32 || format == MFIF_RGBA_S2_14 ? S_OK : S_FALSE;
+}
+
+HRESULT Ruvex::Clone(const GUID& id, void** out) {
+    if (!out) return E_POINTER;
+    *out = nullptr;
+    Ruvex* copy = nullptr;
+    try {
+        copy = new Ruvex(*this);
+    } catch (const std::bad_alloc&) {
+        return E_OUTOFMEMORY;
+    }
+    const HRESULT status = copy->QueryInterface(id, out);
+    copy->Release();
+    return status;
+}
+
+std::int32_t Ruvex::setWorkerCount(std::int32_t count) {
+    if (count < 0 || count > kMaxWorkers) return E_INVALIDARG;
+    ruvex::setWorkerCount(count);
+    return S_OK;
+}
+
+std::int32_t Ruvex::workerCount() const {
+    return ruvex::workerCount();
+}
+
+}  // namespace ruvex

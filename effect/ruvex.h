@@ -1,0 +1,58 @@
+// The effect as the host sees it.
+
+#pragma once
+
+#include "effect/frame_host.h"
+#include "host/base/module_use.h"
+#include "host/base/parameter_reader.h"
+#include "host/base/vx_ds_effect.h"
+#include "parameters/ruvex_interface.h"
+#include "sdk/effect.h"
+
+namespace ruvex {
+
+inline constexpr GUID kRuvexClassId = guidFromText("A41E7F12-37AB-48B5-99C9-C4B83402C0FC");
+/// Asks an effect of this family for its `VxDsEffect`, as the class identifier does.
+inline constexpr GUID kVxDsEffectId = guidFromText("53A973D2-298B-11D3-AB9A-0000E8D8077F");
+
+/// Simulates faulty television reception. Renders that run at the same time do so on clones.
+class Ruvex final : public VxDsEffect, public CDSImageMIEffect, public IRuvexControl {
+public:
+    Ruvex();
+    ~Ruvex() override;
+
+    HRESULT QueryInterface(const GUID& id, void** out) override;
+
+    HRESULT Init() override;
+    HRESULT GetInfo(DSPLUGININFO* info) override;
+    HRESULT GetToolInfo(DSTOOLINFO* info) override;
+    HRESULT SetDefaults() override;
+    HRESULT GetImageEffectInfo(DSIMAGEEFFECTINFO* info) override;
+    HRESULT TestFormat(const GUID& format) override;
+    HRESULT Verify() override;
+    HRESULT Execute(double seconds) override;
+    HRESULT Clone(const GUID& id, void** out) override;
+
+    HRESULT aggregationResult() override { return CLASS_E_NOAGGREGATION; }
+    HRESULT extraVerify() override { return S_OK; }
+
+    std::int32_t setWorkerCount(std::int32_t count) override;
+    std::int32_t workerCount() const override;
+
+protected:
+    const CDSPropertiesMap* GetPropertyMap() override;
+
+private:
+    Ruvex(const Ruvex& source);
+
+    FrameHost frameHost() const;
+    void startFrame();
+    void readCrop(double seconds);
+    void placePictures();
+    void reportToSource();
+    ParameterReader reader() const { return {*this, parameters}; }
+
+    ModuleUse use_;
+};
+
+}  // namespace ruvex

@@ -1,0 +1,111 @@
+// The host's request for one frame.
+
+#include <algorithm>
+
+#include "effect/frame_driver.h"
+#include "effect/ruvex.h"
+#include "imaging/wrap.h"
+
+namespace ruvex {
+namespace {
+
+// Asks the host whether to stop. `context` is the effect host.
+std::uint32_t hostTest(void* context, std::atomic<std::uint32_t>* progress) {
+    auto* host = static_cast<IDSEffectHost*>(context);
+    if (!host || host->QueryInterruption() == S_OK) return 0;
+    progress->store(kHostStopCode, std::memory_order_relaxed);
+    return 1;
+}
+
+void shift(PixelRegion& region, const PictureGeometry& by) {
+    region.x0 = wrapAdd(region.x0, by.offsetX);
+    region.x1 = wrapAdd(region.x1, by.offsetX);
+    region.y0 = wrapAdd(region.y0, by.offsetY);
+    region.y1 = wrapAdd(region.y1, by.offsetY);
+}
+
+}  // namespace
+
+HRESULT Ruvex::Execute(double seconds) {
+    if (const HRESULT status = PrepareData(); status != S_OK) return status;
+    startFrame();
+    if (!output) return E_POINTER;
+    if (const HRESULT status = output->GetStatus(); status != S_OK) return status;
+    placePictures();
+    frameOffsetValue = frameOffset(seconds);
+    readCrop(seconds);
+    geometry.input2 = pictureGeometry(input2.get(), coordMan.get());
+    reportToSource();
+
+    GUID format{};
+    output->GetFormat(&format);
+    const FrameHost host = frameHost();
+    if (format == MFIF_RGBA_RAW_32) {
+        return FrameDriver<Rgba8>(*this, host, reader(), seconds).renderFrame();
+    }
+    if (format == MFIF_RGBA_S2_14) {
+        return FrameDriver<RgbaS214>(*this, host, reader(), seconds).renderFrame();
+    }
+    return S_OK;
+}
+
+FrameHost Ruvex::frameHost() const {
+    return {.input = input.get(),
+            .input2 = input2.get(),
+            .output = output.get(),
+            .pixelMask = pixelMask.get(),
+            .coordMan = coordMan.get(),
+            .effectHost = effectHost.get(),
+            .executeContext = executeContext.get(),
+            .sampleRate = sampleRate,
+            .roiSet = roiSet};
+}
+
+void Ruvex::startFrame() {
+    interruption.reset(effectHost.get(), hostTest);
+    fieldSelector = fieldMode == 1 || fieldMode == 2 ? fieldMode : 0;
+    fieldScaleY = fieldSelector != 0 && fieldHandling == 1 ? 0.5f : 1.0f;
+}
+
+void Ruvex::placePictures() {
+    LONG width = 0;
+    LONG height = 0;
+    output->GetSize(&width, &height);
+    const DSRECT wanted = roiSet ? roi : DSRECT{0, 0, width, height};
+    region = {.x0 = wanted.x,
+              .x1 = wrapSubtract(wrapAdd(wanted.x, wanted.width), 1),
+              .y0 = wanted.y,
+              .y1 = wrapSubtract(wrapAdd(wanted.y, wanted.height), 1)};
+    geometry.input = pictureGeometry(input.get(), coordMan.get());
+    geometry.output = pictureGeometry(output.get(), coordMan.get());
+    shift(region, input ? geometry.input : geometry.output);
+}
+
+void Ruvex::readCrop(double seconds) {
+    if (cropMode == 0) return;
+    const ParameterReader read = reader();
+    const auto fraction = [&](ParameterId id) {
+        return static_cast<float>(read.real(id, seconds) / 100.0);
+    };
+    crop.left = fraction(ParameterId::CropLeft);
+    crop.right = fraction(ParameterId::CropRight);
+    crop.bottom = fraction(ParameterId::CropBottom);
+    crop.top = fraction(ParameterId::CropTop);
+    if (cropMode == 1) return;
+    const auto colour = [&](ParameterId id) { return std::clamp(fraction(id), 0.0f, 1.0f); };
+    crop.edgeColour[0] = colour(ParameterId::CropColourR);
+    crop.edgeColour[1] = colour(ParameterId::CropColourG);
+    crop.edgeColour[2] = colour(ParameterId::CropColourB);
+    // The alpha of the edge colour is always 0, whatever Crop Colour A says.
+    crop.edgeColour[3] = 0.0f;
+}
+
+void Ruvex::reportToSource() {
+    link->setGeometry(geometry);
+    if (!sourceEffect) return;
+    // A source shows its user where the picture lies; a second input has no place of its own there.
+    sourceEffect->setGeometry(
+        {.output = geometry.output, .input = geometry.input, .input2 = geometry.input});
+}
+
+}  // namespace ruvex

@@ -1,0 +1,86 @@
+// How the effect describes itself to the host, and what it asks of a render.
+
+#include "effect/ruvex.h"
+
+namespace ruvex {
+namespace {
+
+struct FamilyKind {
+    GUID family;
+    std::int32_t kind;
+};
+
+constexpr FamilyKind kFamilyKinds[] = {
+    {guidFromText("AE0D7C31-95AA-11D0-B685-00A024191AE0"), 1},
+    {guidFromText("28610EB3-AECA-11D1-BFAD-0800368E7203"), 1},
+    {guidFromText("95F7E8A0-8B84-11D1-94A3-00A0C911C625"), 1},
+    {guidFromText("AE0D7C33-95AA-11D0-B685-00A024191AE0"), 2},
+    {guidFromText("61054A81-9662-11D0-B685-00A024191AE0"), 3},
+    {guidFromText("AE0D7C40-95AA-11D0-B685-00A024191AE0"), 4},
+    {guidFromText("61054A80-9662-11D0-B685-00A024191AE0"), 5},
+    {guidFromText("AE0D7C34-95AA-11D0-B685-00A024191AE0"), 7},
+};
+
+bool needsInput(std::int32_t kind) {
+    return kind == 1 || kind == 2 || (kind >= 4 && kind <= 6);
+}
+
+constexpr bool bit(std::uint32_t flags, int index) {
+    return (flags >> index & 1u) != 0;
+}
+
+}  // namespace
+
+HRESULT Ruvex::GetInfo(DSPLUGININFO* info) {
+    const HRESULT status = CDSImageMIEffect::GetInfo(info);
+    if (FAILED(status)) return status;
+    if (info->recordId != DSID_PlugInInfo) return E_INVALIDARG;
+    info->category = DSID_EffectCategory;
+    info->kind = DSID_ImageEffectKind;
+    info->classId = kRuvexClassId;
+    info->noIdentifier = 0;
+    info->last = 0;
+    return S_OK;
+}
+
+HRESULT Ruvex::GetImageEffectInfo(DSIMAGEEFFECTINFO* info) {
+    const HRESULT status = CDSImageMIEffect::GetImageEffectInfo(info);
+    if (FAILED(status)) return status;
+    if (info->recordId != DSID_ImageEffectInfo) return E_INVALIDARG;
+    for (const FamilyKind& entry : kFamilyKinds) {
+        if (entry.family == info->family) effectKind = entry.kind;
+    }
+    const bool paint = effectKind == kKindPaint;
+    const bool transition = effectKind == kKindTransition;
+    const bool paintLike =
+        !transition && effectKind != kKindKey && (paint || bit(capabilityFlags, 2));
+    info->reserved = 0;
+    info->field2 = paint ? 96 : 0;
+    info->field3 = paintLike ? 8 : 2;
+    info->field4 = bit(capabilityFlags, 0);
+    info->field5 = transition || bit(capabilityFlags, 5);
+    info->field6 = paint;
+    info->field7 = 0;
+    info->field8 = paint;
+    info->field9 = 0;
+    info->flags = (bit(capabilityFlags, 1) || fieldHandling == 0 ? 10 : 2) | 0x100;
+    if (!transition && !bit(capabilityFlags, 4)) {
+        info->flags |= 0x200;
+    } else {
+        info->flags |= 0x210;
+        capabilityFlags |= 1u << 4;
+    }
+    return S_OK;
+}
+
+HRESULT Ruvex::Verify() {
+    if (const HRESULT status = CDSImageMIEffect::Verify(); FAILED(status)) return status;
+    if (const HRESULT status = extraVerify(); FAILED(status)) return status;
+    if (!output) return E_POINTER;
+    if (needsInput(effectKind) && !input) return E_POINTER;
+    if (effectKind == kKindTransition && !input2) return E_POINTER;
+    if (effectKind == kKindPaint && !pixelMask) return E_POINTER;
+    return S_OK;
+}
+
+}  // namespace ruvex

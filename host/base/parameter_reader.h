@@ -1,0 +1,33 @@
+// Reading parameters at a time.
+
+#pragma once
+
+#include "host/base/parameter_values.h"
+#include "sdk/property_container.h"
+
+namespace ruvex {
+
+/// Reads the parameters of one effect object, which must outlive the reader and must not change
+/// meanwhile. Reals are the animated ones; everything else is the same at any time.
+class ParameterReader {
+public:
+    ParameterReader(const CDSPropertyContainer& container, const ParameterValues& values)
+        : container_(&container), values_(&values) {}
+
+    /// The real at `seconds`, as it stands.
+    double real(ParameterId id, double seconds) const {
+        return container_->GetValueDirect(row(id).identifier, values_->real(id), seconds);
+    }
+    /// The real at `seconds`, held to the range that the render allows.
+    double clampedReal(ParameterId id, double seconds) const {
+        return renderClamp(id, real(id, seconds));
+    }
+    std::int32_t integer(ParameterId id) const { return values_->integer(id); }
+    bool on(ParameterId id) const { return integer(id) != 0; }
+
+private:
+    const CDSPropertyContainer* container_;
+    const ParameterValues* values_;
+};
+
+}  // namespace ruvex

@@ -1,0 +1,30 @@
+#include "host/base/vx_ds_effect.h"
+
+namespace ruvex {
+
+VxDsEffect::VxDsEffect() : link(std::make_shared<EffectLink>()) {}
+
+VxDsEffect::VxDsEffect(const VxDsEffect& source)
+    : effectKind(source.effectKind),
+      fieldSelector(source.fieldSelector),
+      fieldHandling(source.fieldHandling),
+      fieldScaleY(source.fieldScaleY),
+      cropMode(source.cropMode),
+      capabilityFlags(source.capabilityFlags),
+      parameters(source.parameters),
+      crop(source.crop),
+      region(source.region),
+      frameOffsetValue(source.frameOffsetValue),
+      geometry(source.geometry),
+      maskFlagA(source.maskFlagA),
+      alphaMaskable(source.alphaMaskable),
+      link(std::make_shared<EffectLink>()),
+      sourceEffect(source.link) {
+    link->setGeometry(geometry);
+}
+
+PixelOffset VxDsEffect::frameOffset(double) {
+    return {0, 0};
+}
+
+}  // namespace ruvex

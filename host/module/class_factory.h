@@ -1,0 +1,104 @@
+// The factory of one served class.
+
+#pragma once
+
+#include <atomic>
+#include <mutex>
+#include <new>
+
+#include "host/base/module_use.h"
+#include "sdk/com.h"
+
+namespace ruvex {
+
+/// Makes objects of class T, which the host uses through its `Face`, the base by which T is an
+/// IUnknown. Any thread. It starts with one reference and deletes itself at the last.
+template <class T, class Face>
+class CDsClassFactory : public IClassFactory {
+public:
+    HRESULT QueryInterface(const GUID& id, void** out) override;
+    ULONG AddRef() override { return ++references_; }
+    ULONG Release() override;
+    /// No aggregation: an `outer` gives CLASS_E_NOAGGREGATION.
+    HRESULT CreateInstance(IUnknown* outer, const GUID& id, void** out) override;
+    HRESULT LockServer(BOOL lock) override;
+    virtual ~CDsClassFactory();
+
+protected:
+    /// Makes one object, with one reference; 0 also when memory ran out and `*object` is null.
+    virtual HRESULT CreateObject(T** object);
+
+private:
+    HRESULT queryMarshaler(const GUID& id, void** out);
+
+    std::atomic<ULONG> references_{1};
+    std::mutex creating_;
+    IUnknown* marshaler_ = nullptr;
+    ModuleUse use_;
+};
+
+template <class T, class Face>
+CDsClassFactory<T, Face>::~CDsClassFactory() {
+    if (marshaler_) marshaler_->Release();
+}
+
+template <class T, class Face>
+HRESULT CDsClassFactory<T, Face>::QueryInterface(const GUID& id, void** out) {
+    if (!out) return E_POINTER;
+    if (id == IID_IMarshal) return queryMarshaler(id, out);
+    *out = nullptr;
+    if (id != IID_IUnknown && id != IID_IClassFactory) return E_NOINTERFACE;
+    *out = static_cast<IClassFactory*>(this);
+    AddRef();
+    return S_OK;
+}
+
+template <class T, class Face>
+HRESULT CDsClassFactory<T, Face>::queryMarshaler(const GUID& id, void** out) {
+    const std::lock_guard lock(creating_);
+    *out = nullptr;
+    if (!marshaler_) {
+        const HRESULT status = CoCreateFreeThreadedMarshaler(this, &marshaler_);
+        if (FAILED(status)) return status;
+    }
+    return marshaler_->QueryInterface(id, out);
+}
+
+template <class T, class Face>
+ULONG CDsClassFactory<T, Face>::Release() {
+    const ULONG left = --references_;
+    if (left == 0) delete this;
+    return left;
+}
+
+template <class T, class Face>
+HRESULT CDsClassFactory<T, Face>::CreateInstance(IUnknown* outer, const GUID& id, void** out) {
+    if (!out) return E_POINTER;
+    const std::lock_guard lock(creating_);
+    *out = nullptr;
+    T* made = nullptr;
+    if (const HRESULT status = CreateObject(&made); FAILED(status)) return status;
+    if (!made) return E_OUTOFMEMORY;
+    Face* object = made;
+    const HRESULT status = outer ? made->aggregationResult() : object->QueryInterface(id, out);
+    object->Release();
+    return status;
+}
+
+template <class T, class Face>
+HRESULT CDsClassFactory<T, Face>::LockServer(BOOL lock) {
+    objectCount += lock ? 1 : -1;
+    return S_OK;
+}
+
+template <class T, class Face>
+HRESULT CDsClassFactory<T, Face>::CreateObject(T** object) {
+    try {
+        *object = new T();
+    } catch (const std::bad_alloc&) {
+        *object = nullptr;
+    }
+    return S_OK;
+}
+
+}  // namespace ruvex
