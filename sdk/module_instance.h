@@ -16,9 +16,4 @@ struct DSModuleInstance {
 
 using HINSTANCE = DSModuleInstance*;
 
-/// Asks not to be told of threads that come and go: nobody is, here.
-inline int DisableThreadLibraryCalls(HINSTANCE) {
-    return 1;
-}
-
 #endif

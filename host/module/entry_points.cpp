@@ -8,7 +8,6 @@
 namespace ruvex {
 namespace {
 
-constexpr DWORD kProcessAttach = 1;
 constexpr UINT kNameString = 1;
 constexpr int kMaxName = 260;
 constexpr ULONG kFamilyVersion = 1;
@@ -36,7 +35,7 @@ void registerAll() {
 }  // namespace ruvex
 
 BOOL DllMain(HINSTANCE instance, DWORD reason, void*) {
-    if (reason == ruvex::kProcessAttach) {
+    if (reason == DLL_PROCESS_ATTACH) {
         ruvex::moduleInstance = instance;
         DisableThreadLibraryCalls(instance);
     }

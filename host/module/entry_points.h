@@ -3,25 +3,21 @@
 #pragma once
 
 #include "sdk/com.h"
-#include "sdk/export.h"
-#include "sdk/module_instance.h"
-
-extern "C" {
+#include "sdk/module_entry.h"
 
 /// 0 when nothing of the module is in use, else 1.
-DS_EXPORT HRESULT DllCanUnloadNow();
+DS_MODULE_ENTRY HRESULT DllCanUnloadNow();
 
 /// Makes the factory of a served class and hands out its interface `interfaceId`.
-DS_EXPORT HRESULT DllGetClassObject(const GUID& classId, const GUID& interfaceId, void** out);
+DS_MODULE_ENTRY HRESULT DllGetClassObject(const GUID& classId, const GUID& interfaceId, void** out);
 
 /// Enters all classes and the effect's families. The first failure ends it and is returned; what
 /// was entered before stays.
-DS_EXPORT HRESULT DllRegisterServer();
+DS_MODULE_ENTRY HRESULT DllRegisterServer();
 
 /// Takes out the families and all classes, whatever fails. Returns the first failure in the order
 /// families, then classes from last to first.
-DS_EXPORT HRESULT DllUnregisterServer();
+DS_MODULE_ENTRY HRESULT DllUnregisterServer();
 
 /// Called at load and unload; always 1. `instance` is kept.
-DS_EXPORT BOOL DllMain(HINSTANCE instance, DWORD reason, void* reserved);
-}
+DS_MODULE_ENTRY BOOL DllMain(HINSTANCE instance, DWORD reason, void* reserved);

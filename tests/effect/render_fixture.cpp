@@ -1,0 +1,21 @@
+#include "tests/effect/render_fixture.h"
+
+namespace ruvex::test {
+
+std::shared_ptr<runtime::Module> builtModule() {
+    static const std::shared_ptr<runtime::Module> module = runtime::Module::load(RUVEX_MODULE_FILE);
+    return module;
+}
+
+Renderer::Renderer(runtime::Project project, std::shared_ptr<runtime::InputProvider> provider,
+                   GUID family)
+    : project_(project) {
+    runtime::openProject(project);
+    session_.emplace(runtime::EffectSession::Setup{.module = builtModule(),
+                                                   .project = project,
+                                                   .provider = std::move(provider),
+                                                   .interruption = {},
+                                                   .family = family});
+}
+
+}  // namespace ruvex::test
