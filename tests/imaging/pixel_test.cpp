@@ -1,8 +1,7 @@
 #include "imaging/pixel.h"
 
-#include <gtest/gtest.h>
-
 #include <cmath>
+#include <gtest/gtest.h>
 #include <limits>
 
 #include "imaging/pixel_convert.h"
