@@ -1,0 +1,76 @@
+#include "sdk/module_table.h"
+
+#include <gtest/gtest.h>
+
+#include "sdk/com_ptr.h"
+#include "tests/support/copy_effect.h"
+
+namespace ruvex::test {
+namespace {
+
+constexpr GUID kServed = guidFromText("77A1C003-0000-4000-8000-000000000001");
+constexpr GUID kNotServed = guidFromText("77A1C003-0000-4000-8000-000000000002");
+
+class Factory final : public IClassFactory {
+public:
+    HRESULT QueryInterface(const GUID& id, void** out) override {
+        if (id != IID_IUnknown && id != IID_IClassFactory) return E_NOINTERFACE;
+        *out = this;
+        return S_OK;
+    }
+    ULONG AddRef() override { return 1; }
+    ULONG Release() override { return 1; }
+    HRESULT CreateInstance(IUnknown* outer, const GUID& id, void** out) override {
+        if (outer) return CLASS_E_NOAGGREGATION;
+        const auto made = ComPtr<CopyEffect>::attach(new CopyEffect);
+        return made->QueryInterface(id, out);
+    }
+    HRESULT LockServer(BOOL) override { return S_OK; }
+};
+
+HRESULT serve(const GUID& classId, const GUID& id, void** out) {
+    static Factory factory;
+    *out = nullptr;
+    return classId == kServed ? factory.QueryInterface(id, out) : CLASS_E_CLASSNOTAVAILABLE;
+}
+
+HRESULT serveNothing(const GUID&, const GUID&, void** out) {
+    *out = nullptr;
+    return CLASS_E_CLASSNOTAVAILABLE;
+}
+
+HRESULT create(const GUID& classId, const GUID& id, void** out) {
+    return CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER, id, out);
+}
+
+TEST(ModuleTable, ObjectsAreMadeByTheModuleThatServesTheClass) {
+    ASSERT_EQ(DSAddModule(serveNothing), S_OK);
+    ASSERT_EQ(DSAddModule(serve), S_OK);
+    ComPtr<IDSImageEffect> effect;
+    EXPECT_EQ(create(kServed, IID_IDSImageEffect, effect.putVoid()), S_OK);
+    EXPECT_TRUE(effect);
+    void* out = &out;
+    EXPECT_EQ(create(kNotServed, IID_IUnknown, &out), REGDB_E_CLASSNOTREG);
+    EXPECT_EQ(out, nullptr);
+    EXPECT_EQ(create(kServed, IID_IDSImage, &out), E_NOINTERFACE);
+    EXPECT_EQ(CoCreateInstance(kServed, effect.get(), CLSCTX_INPROC_SERVER, IID_IUnknown, &out),
+              CLASS_E_NOAGGREGATION);
+    EXPECT_EQ(create(kServed, IID_IUnknown, nullptr), E_POINTER);
+    DSRemoveModule(serve);
+    DSRemoveModule(serveNothing);
+}
+
+TEST(ModuleTable, ModulesAreRemovedAsOftenAsTheyWereAdded) {
+    EXPECT_EQ(DSRemoveModule(serve), S_FALSE);
+    DSAddModule(serve);
+    DSAddModule(serve);
+    EXPECT_EQ(DSRemoveModule(serve), S_OK);
+    ComPtr<IUnknown> object;
+    EXPECT_EQ(create(kServed, IID_IUnknown, object.putVoid()), S_OK);
+    EXPECT_EQ(DSRemoveModule(serve), S_OK);
+    EXPECT_EQ(create(kServed, IID_IUnknown, object.putVoid()), REGDB_E_CLASSNOTREG);
+    EXPECT_EQ(DSAddModule(nullptr), E_POINTER);
+}
+
+}  // namespace
+}  // namespace ruvex::test
