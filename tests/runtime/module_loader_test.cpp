@@ -1,0 +1,132 @@
+#include "runtime/module_loader.h"
+
+#include <fstream>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "runtime/error.h"
+#include "sdk/registry.h"
+#include "tests/runtime/copy_module.h"
+
+namespace ruvex::runtime::test {
+namespace {
+
+using ::testing::HasSubstr;
+
+std::string failureOf(const std::filesystem::path& file) {
+    try {
+        Module::load(file);
+        return "loaded";
+    } catch (const Error& error) {
+        return error.what();
+    }
+}
+
+ComPtr<IUnknown> createEffect() {
+    ComPtr<IUnknown> object;
+    CoCreateInstance(kRuvexClassId, nullptr, CLSCTX_INPROC_SERVER, IID_IUnknown, object.putVoid());
+    return object;
+}
+
+TEST(ModuleLoader, ServesItsClassesWhileItIsLoaded) {
+    EXPECT_FALSE(createEffect());
+    auto module = Module::load(moduleFile("copy_module"));
+    EXPECT_TRUE(module->classFactory(kRuvexClassId));
+    EXPECT_TRUE(createEffect());
+    module.reset();
+    EXPECT_FALSE(createEffect());
+}
+
+TEST(ModuleLoader, LoadsAFileOnceAndAttachesItOnce) {
+    const auto first = Module::load(moduleFile("copy_module"));
+    const auto second = Module::load(moduleFile("copy_module").parent_path() / "." /
+                                     moduleFile("copy_module").filename());
+    EXPECT_EQ(first->instance(), second->instance());
+    std::string problem;
+    // The system counts this as one use more of the same file, attached through DllMain again.
+    const auto look = DSDynamicLibrary::load(moduleFile("copy_module"), problem);
+    ASSERT_TRUE(look) << problem;
+    auto* attached = reinterpret_cast<int (*)()>(look->find("copyModuleAttached"));
+    ASSERT_TRUE(attached);
+    EXPECT_EQ(attached(), 2);
+}
+
+TEST(ModuleLoader, RefusesToUnloadWhileObjectsLive) {
+    auto module = Module::load(moduleFile("copy_module"));
+    EXPECT_TRUE(module->canUnload());
+    auto object = createEffect();
+    EXPECT_FALSE(module->canUnload());
+    EXPECT_THROW(module->unload(), Error);
+    EXPECT_TRUE(module->loaded());
+    object.reset();
+    module->unload();
+    EXPECT_FALSE(module->loaded());
+    EXPECT_THROW(module->canUnload(), Error);
+    EXPECT_THROW(module->unload(), Error);
+    EXPECT_FALSE(createEffect());
+}
+
+TEST(ModuleLoader, RefusesToUnloadWhileTheServerIsLocked) {
+    const auto module = Module::load(moduleFile("copy_module"));
+    const auto factory = module->classFactory(kRuvexClassId);
+    factory->LockServer(TRUE);
+    EXPECT_FALSE(module->canUnload());
+    EXPECT_THROW(module->unload(), Error);
+    factory->LockServer(FALSE);
+    EXPECT_TRUE(module->canUnload());
+}
+
+TEST(ModuleLoader, AModuleInUseStaysAndIsFoundAgain) {
+    auto module = Module::load(moduleFile("copy_module"));
+    const HINSTANCE instance = module->instance();
+    auto object = createEffect();
+    module.reset();
+    // The object's code is still there.
+    EXPECT_TRUE(object.query<IDSImageEffect>(IID_IDSImageEffect));
+    module = Module::load(moduleFile("copy_module"));
+    EXPECT_EQ(module->instance(), instance);
+    object.reset();
+    EXPECT_TRUE(module->canUnload());
+}
+
+TEST(ModuleLoader, UnknownClassesAreNamed) {
+    const auto module = Module::load(moduleFile("copy_module"));
+    try {
+        module->classFactory(guidFromText("01234567-0000-0000-0000-000000000000"));
+        FAIL();
+    } catch (const StatusError& error) {
+        EXPECT_EQ(error.status(), CLASS_E_CLASSNOTAVAILABLE);
+        EXPECT_THAT(error.what(), HasSubstr("01234567-0000-0000-0000-000000000000"));
+        EXPECT_THAT(error.what(), HasSubstr("0x80040111"));
+    }
+}
+
+TEST(ModuleLoader, RegistersAndUnregisters) {
+    DSClearRegistry();
+    const auto module = Module::load(moduleFile("copy_module"));
+    module->registerClasses();
+    EXPECT_EQ(DSRegisteredClasses().size(), 1u);
+    module->unregisterClasses();
+    EXPECT_TRUE(DSRegisteredClasses().empty());
+    EXPECT_THROW(module->unregisterClasses(), StatusError);
+}
+
+TEST(ModuleLoader, SaysWhatIsWrongWithAFile) {
+    EXPECT_THAT(failureOf("/nowhere/V_Ruvex.so"), HasSubstr("/nowhere/V_Ruvex.so"));
+    EXPECT_THAT(failureOf(moduleFile("copy_module_incomplete")), HasSubstr("DllRegisterServer"));
+    EXPECT_THAT(failureOf(moduleFile("copy_module_refusing")), HasSubstr("refuses"));
+
+    const auto text = std::filesystem::path(::testing::TempDir()) / "not_a_module.so";
+    std::ofstream(text) << "words\n";
+    EXPECT_THAT(failureOf(text), HasSubstr("cannot load the module"));
+    std::filesystem::remove(text);
+}
+
+TEST(ModuleLoader, AFailedLoadCanBeTriedAgain) {
+    EXPECT_THROW(Module::load(moduleFile("copy_module_incomplete")), Error);
+    EXPECT_THROW(Module::load(moduleFile("copy_module_incomplete")), Error);
+    EXPECT_FALSE(createEffect());
+}
+
+}  // namespace
+}  // namespace ruvex::runtime::test
