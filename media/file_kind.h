@@ -1,0 +1,25 @@
+// What a file is, by the ending of its name.
+
+#pragma once
+
+#include <filesystem>
+#include <optional>
+
+#include "media/frame.h"
+
+namespace ruvex::media {
+
+enum class FileKind { Video, Png, RawRgba8, RawS214 };
+
+/// By ending, in either case: .png, .rgba8, .s214; everything else is taken as video.
+FileKind fileKind(const std::filesystem::path& path);
+
+/// Whether files of this kind hold one picture each.
+constexpr bool isStill(FileKind kind) {
+    return kind != FileKind::Video;
+}
+
+/// The depth that a raw kind stores; nothing for the others.
+std::optional<Depth> rawDepth(FileKind kind);
+
+}  // namespace ruvex::media

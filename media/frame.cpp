@@ -1,0 +1,36 @@
+#include "media/frame.h"
+
+#include <limits>
+
+#include "media/media_error.h"
+
+namespace ruvex::media {
+namespace {
+
+constexpr std::int64_t kLargestFrame = std::numeric_limits<std::int32_t>::max();
+
+}  // namespace
+
+std::string toText(FrameSize size) {
+    return std::to_string(size.width) + "x" + std::to_string(size.height);
+}
+
+void checkFrameSize(FrameSize size, Depth depth, const std::string& what) {
+    if (size.width < 1 || size.height < 1) {
+        throw MediaError(what + " has the size " + toText(size) +
+                         ": a picture needs at least one pixel each way.");
+    }
+    const auto pixel = static_cast<std::int64_t>(bytesPerPixel(depth));
+    // The product of two ints fits 64 bits; dividing the limit keeps the third factor out of it.
+    if (std::int64_t{size.width} * size.height > kLargestFrame / pixel) {
+        throw MediaError(what + " has the size " + toText(size) +
+                         ": a frame must stay below 2 GB. Use a smaller picture.");
+    }
+}
+
+Frame::Frame(FrameSize size, Depth depth) : size_(size), depth_(depth) {
+    checkFrameSize(size, depth, "The frame");
+    bytes_.resize(rowBytes() * static_cast<std::size_t>(size.height));
+}
+
+}  // namespace ruvex::media

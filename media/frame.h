@@ -1,0 +1,76 @@
+// One picture in memory, in the layout that the chain works on.
+
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace ruvex::media {
+
+/// How a component is stored: 8 bits with white 255, or signed 16 bits with white 16384.
+enum class Depth { Bits8, S214 };
+
+inline constexpr int kChannels = 4;
+inline constexpr int kWhiteS214 = 16384;
+
+constexpr std::size_t bytesPerPixel(Depth depth) {
+    return depth == Depth::Bits8 ? 4 : 8;
+}
+
+/// Pixels of a picture, across and up.
+struct FrameSize {
+    int width = 0;
+    int height = 0;
+
+    friend bool operator==(const FrameSize&, const FrameSize&) = default;
+};
+
+/// "720x576".
+std::string toText(FrameSize size);
+
+/// Throws MediaError if a side is below 1 or a frame would reach 2 GB, which the chain's 32-bit
+/// sizes do not hold. `what` begins the sentence and names the culprit ("clip.mkv", "--size").
+void checkFrameSize(FrameSize size, Depth depth, const std::string& what);
+
+/// A picture: red, green, blue, alpha a pixel, rows without padding. Row 0 is the picture's bottom
+/// line; see row_order.h.
+class Frame {
+public:
+    Frame() = default;
+    /// All components 0. Throws MediaError on a size that checkFrameSize refuses.
+    Frame(FrameSize size, Depth depth);
+
+    FrameSize size() const { return size_; }
+    int width() const { return size_.width; }
+    int height() const { return size_.height; }
+    Depth depth() const { return depth_; }
+    std::size_t rowBytes() const {
+        return static_cast<std::size_t>(width()) * bytesPerPixel(depth_);
+    }
+
+    std::vector<std::byte>& bytes() { return bytes_; }
+    const std::vector<std::byte>& bytes() const { return bytes_; }
+
+    /// The first byte of a chain row. `row` is 0 to height - 1.
+    std::byte* row(int row) { return bytes_.data() + rowBytes() * static_cast<std::size_t>(row); }
+    const std::byte* row(int row) const {
+        return bytes_.data() + rowBytes() * static_cast<std::size_t>(row);
+    }
+
+    /// The same row as components; the depth must be the one in the name.
+    std::uint8_t* row8(int y) { return reinterpret_cast<std::uint8_t*>(row(y)); }
+    const std::uint8_t* row8(int y) const { return reinterpret_cast<const std::uint8_t*>(row(y)); }
+    std::int16_t* row16(int y) { return reinterpret_cast<std::int16_t*>(row(y)); }
+    const std::int16_t* row16(int y) const { return reinterpret_cast<const std::int16_t*>(row(y)); }
+
+    friend bool operator==(const Frame&, const Frame&) = default;
+
+private:
+    FrameSize size_;
+    Depth depth_ = Depth::Bits8;
+    std::vector<std::byte> bytes_;
+};
+
+}  // namespace ruvex::media

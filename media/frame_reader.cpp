@@ -1,0 +1,31 @@
+#include "media/frame_reader.h"
+
+#include "media/file_kind.h"
+#include "media/media_error.h"
+#include "media/sample_convert.h"
+#include "media/still_reader.h"
+#include "media/video_reader.h"
+
+namespace ruvex::media {
+
+bool FrameReader::read(std::int64_t number, Frame& frame) {
+    if (number < info().first || number > info().last) {
+        return false;
+    }
+    frame = convertDepth(readOwn(number), depth_.value_or(info().depth));
+    return true;
+}
+
+std::unique_ptr<FrameReader> openReader(const std::filesystem::path& path,
+                                        const ReadOptions& options) {
+    const FileKind kind = fileKind(path);
+    if (!rawDepth(kind) && options.size) {
+        throw MediaError(path.string() + " knows its own size. Give a size for raw frames only.");
+    }
+    if (kind == FileKind::Video) {
+        return std::make_unique<VideoReader>(path, options.depth);
+    }
+    return std::make_unique<StillReader>(path, options);
+}
+
+}  // namespace ruvex::media

@@ -1,0 +1,47 @@
+// Frames of a clip, by number.
+
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <optional>
+
+#include "media/clip_info.h"
+
+namespace ruvex::media {
+
+/// What the person says about an input that the input does not say itself.
+struct ReadOptions {
+    std::optional<FrameSize> size{};  ///< For raw frames, which need it; refused for others.
+    std::optional<Depth> depth{};     ///< The depth to deliver; the input's own without it.
+};
+
+/// Reads a clip: a video, a PNG, numbered PNGs, raw frames. One thread at a time.
+class FrameReader {
+public:
+    virtual ~FrameReader() = default;
+    FrameReader(const FrameReader&) = delete;
+    FrameReader& operator=(const FrameReader&) = delete;
+
+    /// `depth` is the input's own, whatever is delivered.
+    virtual const ClipInfo& info() const = 0;
+
+    /// Fills `frame` with frame `number`, in any order: the picture does not depend on what was
+    /// read before. False outside the clip; MediaError where a frame of the clip cannot be had.
+    bool read(std::int64_t number, Frame& frame);
+
+protected:
+    explicit FrameReader(std::optional<Depth> depth) : depth_(depth) {}
+
+private:
+    /// A frame between info().first and info().last, at the input's own depth.
+    virtual Frame readOwn(std::int64_t number) = 0;
+
+    std::optional<Depth> depth_;
+};
+
+/// Opens `path`, by the ending of its name. Throws MediaError.
+std::unique_ptr<FrameReader> openReader(const std::filesystem::path& path,
+                                        const ReadOptions& options = {});
+
+}  // namespace ruvex::media

@@ -1,0 +1,32 @@
+#include "media/frame_writer.h"
+
+#include "media/file_kind.h"
+#include "media/media_error.h"
+#include "media/still_writer.h"
+#include "media/video_writer.h"
+
+namespace ruvex::media {
+
+bool canWrite(const std::filesystem::path& path) {
+    return isStill(fileKind(path)) || VideoWriter::canWrite(path);
+}
+
+std::string writableEndings() {
+    return ".mp4, .m4v, .mov, .mkv, .png, .rgba8, .s214";
+}
+
+std::unique_ptr<FrameWriter> openWriter(const std::filesystem::path& path,
+                                        const WriteOptions& options) {
+    if (!canWrite(path)) {
+        throw MediaError("Cannot write " + path.string() +
+                         ": the ending of its name says no kind of file that can be written. Use "
+                         "one of " +
+                         writableEndings() + ".");
+    }
+    if (isStill(fileKind(path))) {
+        return std::make_unique<StillWriter>(path, options);
+    }
+    return std::make_unique<VideoWriter>(path, options);
+}
+
+}  // namespace ruvex::media

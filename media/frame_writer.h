@@ -1,0 +1,51 @@
+// Frames into files.
+
+#pragma once
+
+#include <filesystem>
+#include <memory>
+
+#include "media/clip_info.h"
+
+namespace ruvex::media {
+
+/// What a result is to be.
+struct WriteOptions {
+    FrameSize size;
+    Depth depth = Depth::Bits8;  ///< The depth of the frames that will be handed over.
+    Rational rate{25, 1};        ///< For video.
+    Rational pixelAspect{1, 1};
+    ColourTags colour{};  ///< For video; the matrix is chosen by height where unspecified.
+};
+
+/// Takes frames in the order of their numbers. Nothing appears under a final name before it is
+/// complete; what is left unfinished goes away with the writer.
+class FrameWriter {
+public:
+    virtual ~FrameWriter() = default;
+    FrameWriter(const FrameWriter&) = delete;
+    FrameWriter& operator=(const FrameWriter&) = delete;
+
+    /// The frame has the size and depth of the options. Throws MediaError.
+    virtual void write(std::int64_t number, const Frame& frame) = 0;
+
+    /// Completes the result. Throws MediaError. Call it once, after the last frame.
+    virtual void finish() = 0;
+
+protected:
+    FrameWriter() = default;
+};
+
+/// Throws MediaError, without leaving anything behind, if the ending names no kind that can be
+/// written. Video: .mp4, .m4v, .mov (H.264), .mkv (FFV1, exact, with alpha). Stills: .png, .rgba8,
+/// .s214, numbered by a pattern or a single one. Raw files take frames of their own depth alone.
+std::unique_ptr<FrameWriter> openWriter(const std::filesystem::path& path,
+                                        const WriteOptions& options);
+
+/// Whether `openWriter` knows the ending.
+bool canWrite(const std::filesystem::path& path);
+
+/// The endings that can be written, for messages.
+std::string writableEndings();
+
+}  // namespace ruvex::media

@@ -1,0 +1,139 @@
+#include "media/partial_file.h"
+
+#include <atomic>
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
+#include <fstream>
+#include <unistd.h>
+
+#include "media/media_error.h"
+
+namespace ruvex::media {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Hidden, and unlike any other process's and any other file's of this one.
+fs::path partialName(const fs::path& final) {
+    static std::atomic<unsigned> count = 0;
+    std::string name = ".";
+    name += final.filename().string();
+    name += ".partial-" + std::to_string(getpid()) + "-" + std::to_string(count++);
+    return final.parent_path() / name;
+}
+
+class Descriptor {
+public:
+    Descriptor(const fs::path& path, int flags) : fd_(open(path.c_str(), flags, 0666)) {}
+    ~Descriptor() {
+        if (fd_ >= 0) {
+            ::close(fd_);
+        }
+    }
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+
+    int get() const { return fd_; }
+    /// 0, or what a delayed write came to.
+    int close() {
+        const int result = ::close(fd_) == 0 ? 0 : errno;
+        fd_ = -1;
+        return result;
+    }
+
+private:
+    int fd_;
+};
+
+/// 0 or an errno.
+int writeAll(int fd, std::span<const std::byte> bytes) {
+    while (!bytes.empty()) {
+        const ssize_t written = ::write(fd, bytes.data(), bytes.size());
+        if (written < 0 && errno != EINTR) {
+            return errno;
+        }
+        bytes = bytes.subspan(static_cast<std::size_t>(std::max<ssize_t>(written, 0)));
+    }
+    return 0;
+}
+
+}  // namespace
+
+std::string writeFailure(const fs::path& file, int code) {
+    const std::string start = "Cannot write " + file.string() + ": ";
+    if (code == ENOSPC || code == EDQUOT) {
+        return start + "the disk is full. Free some space, or write to another disk.";
+    }
+    if (code == EFBIG) {
+        return start + "the file would be larger than is allowed there.";
+    }
+    if (code == ENOENT || code == ENOTDIR) {
+        return start + "the folder does not exist. Make it first.";
+    }
+    return start + std::strerror(code) + ".";
+}
+
+PartialFile::PartialFile(const fs::path& final) : final_(final), partial_(partialName(final)) {
+    std::error_code ignored;
+    // The rename would put a file in place of a folder or a device.
+    if (fs::exists(final_, ignored) && !fs::is_regular_file(final_, ignored)) {
+        partial_.clear();
+        throw MediaError("Cannot write " + final_.string() +
+                         ": something that is not a file has that name. Choose another name.");
+    }
+    const Descriptor file(partial_, O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC);
+    if (file.get() < 0) {
+        throw MediaError(writeFailure(final_, errno));
+    }
+}
+
+PartialFile::~PartialFile() {
+    std::error_code ignored;
+    if (!partial_.empty()) {
+        fs::remove(partial_, ignored);
+    }
+}
+
+void PartialFile::write(std::span<const std::byte> bytes) {
+    Descriptor file(partial_, O_WRONLY | O_TRUNC | O_CLOEXEC);
+    int failed = file.get() < 0 ? errno : writeAll(file.get(), bytes);
+    failed = failed != 0 ? failed : file.close();
+    if (failed != 0) {
+        throw MediaError(writeFailure(final_, failed));
+    }
+}
+
+void PartialFile::commit() {
+    std::error_code error;
+    fs::rename(partial_, final_, error);
+    if (error) {
+        throw MediaError(writeFailure(final_, error.value()));
+    }
+    partial_.clear();
+}
+
+void writeWhole(const fs::path& file, std::span<const std::byte> bytes) {
+    PartialFile partial(file);
+    partial.write(bytes);
+    partial.commit();
+}
+
+std::vector<std::byte> readWhole(const fs::path& file) {
+    std::error_code error;
+    const auto size = fs::is_directory(file, error) ? 0 : fs::file_size(file, error);
+    std::ifstream stream(file, std::ios::binary);
+    if (error || !stream || fs::is_directory(file, error)) {
+        throw MediaError("Cannot read " + file.string() + ": " +
+                         (fs::exists(file, error) ? "it is not a readable file."
+                                                  : "there is no such file. Check the name."));
+    }
+    std::vector<std::byte> bytes(size);
+    stream.read(reinterpret_cast<char*>(bytes.data()), static_cast<std::streamsize>(size));
+    if (static_cast<std::uintmax_t>(stream.gcount()) != size) {
+        throw MediaError("Cannot read " + file.string() + ": it ends before its size says.");
+    }
+    return bytes;
+}
+
+}  // namespace ruvex::media

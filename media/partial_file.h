@@ -1,0 +1,46 @@
+// A file that gets its name only when it is complete.
+
+#pragma once
+
+#include <cstddef>
+#include <filesystem>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace ruvex::media {
+
+/// Owns a temporary name beside a final one, so that the last step is a rename within one file
+/// system. Until `commit` the final name is untouched; without it the temporary file is removed.
+class PartialFile {
+public:
+    /// Throws MediaError if the folder is not there or takes no file.
+    explicit PartialFile(const std::filesystem::path& final);
+    ~PartialFile();
+    PartialFile(const PartialFile&) = delete;
+    PartialFile& operator=(const PartialFile&) = delete;
+
+    /// Where to write meanwhile. The file exists and is empty.
+    const std::filesystem::path& path() const { return partial_; }
+
+    /// Writes all of it to the temporary file. Throws MediaError, a full disk included.
+    void write(std::span<const std::byte> bytes);
+
+    /// Gives the file its name; an older file of that name goes. Throws MediaError.
+    void commit();
+
+private:
+    std::filesystem::path final_;
+    std::filesystem::path partial_;
+};
+
+/// The sentence for a failed write: `code` is an errno. A full disk gets words of its own.
+std::string writeFailure(const std::filesystem::path& file, int code);
+
+/// The whole of it into a file, complete or not at all.
+void writeWhole(const std::filesystem::path& file, std::span<const std::byte> bytes);
+
+/// The whole of a file. Throws MediaError if it cannot be read.
+std::vector<std::byte> readWhole(const std::filesystem::path& file);
+
+}  // namespace ruvex::media

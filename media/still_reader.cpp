@@ -1,0 +1,67 @@
+#include "media/still_reader.h"
+
+#include "media/media_error.h"
+#include "media/png_still.h"
+#include "media/raw_frame.h"
+#include "media/sample_convert.h"
+
+namespace ruvex::media {
+namespace {
+
+NumberedPath::Range rangeOf(const NumberedPath& files) {
+    const auto range = files.existing();
+    if (!range) {
+        throw MediaError(
+            "Cannot read " + files.text() + ": there is no such file. " +
+            (files.isPattern() ? "No file's name fits the pattern." : "Check the name."));
+    }
+    return *range;
+}
+
+}  // namespace
+
+StillReader::StillReader(const std::filesystem::path& path, const ReadOptions& options)
+    : FrameReader(options.depth), files_(path), kind_(fileKind(path)) {
+    const NumberedPath::Range range = rangeOf(files_);
+    info_.first = range.first;
+    info_.last = range.last;
+    if (const auto depth = rawDepth(kind_)) {
+        openRaw(options.size, *depth);
+    } else {
+        openPng();
+    }
+}
+
+void StillReader::openRaw(std::optional<FrameSize> size, Depth depth) {
+    if (!size) {
+        throw MediaError(files_.text() + " holds bare pixels: say their size (--size WxH).");
+    }
+    checkFrameSize(*size, depth, files_.text());
+    info_.size = *size;
+    info_.depth = depth;
+    info_.hasAlpha = true;
+}
+
+void StillReader::openPng() {
+    const PngStill first = readPng(files_.file(info_.first));
+    info_.size = first.frame.size();
+    info_.depth = first.frame.depth();
+    info_.hasAlpha = first.hasAlpha;
+    info_.pixelAspect = first.pixelAspect;
+}
+
+Frame StillReader::readOwn(std::int64_t number) {
+    const std::filesystem::path file = files_.file(number);
+    if (rawDepth(kind_)) {
+        return readRawFrame(file, info_.size, info_.depth);
+    }
+    Frame frame = readPng(file).frame;
+    if (frame.size() != info_.size) {
+        throw MediaError(file.string() + " is " + toText(frame.size()) +
+                         ", but the first picture, " + files_.file(info_.first).string() + ", is " +
+                         toText(info_.size) + ". All pictures of a sequence need the same size.");
+    }
+    return convertDepth(std::move(frame), info_.depth);
+}
+
+}  // namespace ruvex::media

@@ -1,0 +1,29 @@
+// Clips of one file a frame: PNG and raw, numbered or single.
+
+#pragma once
+
+#include "media/file_kind.h"
+#include "media/frame_reader.h"
+#include "media/numbered_path.h"
+
+namespace ruvex::media {
+
+class StillReader : public FrameReader {
+public:
+    /// `path` is a pattern, or a single file that counts as frame 0. Throws MediaError if there is
+    /// no such file, or if raw frames come without a size.
+    StillReader(const std::filesystem::path& path, const ReadOptions& options);
+
+    const ClipInfo& info() const override { return info_; }
+
+private:
+    Frame readOwn(std::int64_t number) override;
+    void openRaw(std::optional<FrameSize> size, Depth depth);
+    void openPng();
+
+    NumberedPath files_;
+    FileKind kind_;
+    ClipInfo info_;
+};
+
+}  // namespace ruvex::media

@@ -1,0 +1,27 @@
+// Results of one file a frame: PNG and raw, numbered or single.
+
+#pragma once
+
+#include "media/file_kind.h"
+#include "media/frame_writer.h"
+#include "media/numbered_path.h"
+
+namespace ruvex::media {
+
+/// Each file is complete or not there. The files of a sequence get their names one by one and stay
+/// if the rest fails: a long render can be looked at early, and continued where it stopped.
+class StillWriter : public FrameWriter {
+public:
+    StillWriter(const std::filesystem::path& path, const WriteOptions& options);
+
+    void write(std::int64_t number, const Frame& frame) override;
+    void finish() override {}
+
+private:
+    NumberedPath files_;
+    FileKind kind_;
+    WriteOptions options_;
+    int written_ = 0;
+};
+
+}  // namespace ruvex::media

@@ -1,0 +1,133 @@
+#include "media/video_index.h"
+
+#include <algorithm>
+#include <cmath>
+#include <string_view>
+
+#include "media/library_log.h"
+#include "media/media_error.h"
+
+namespace ruvex::media {
+namespace {
+
+/// Containers that count time in coarse steps store 30000/1001 as a near-by fraction.
+constexpr double kSameRate = 2e-7;
+
+Rational standardRate(const Rational& rate) {
+    const auto near = [&rate](std::int64_t num, std::int64_t den) {
+        const double standard = static_cast<double>(num) / static_cast<double>(den);
+        return std::abs(rate.value() / standard - 1.0) < kSameRate;
+    };
+    const auto whole = static_cast<std::int64_t>(std::llround(rate.value()));
+    if (whole > 0 && near(whole, 1)) {
+        return {whole, 1};
+    }
+    return whole > 0 && near(whole * 1000, 1001) ? makeRational(whole * 1000, 1001) : rate;
+}
+
+std::optional<Rational> rateFrom(const AVRational& rate) {
+    if (rate.num <= 0 || rate.den <= 0) {
+        return std::nullopt;
+    }
+    return standardRate(makeRational(rate.num, rate.den));
+}
+
+/// Broadcast streams mark a packet as damaged for a lost continuity count that harms no picture.
+bool marksDamage(const AVFormatContext& format, const AVPacket& packet) {
+    return (packet.flags & AV_PKT_FLAG_CORRUPT) != 0 &&
+           std::string_view(format.iformat->name) != "mpegts";
+}
+
+bool complainedOfEnd() {
+    return takeLibraryError().find("prematurely") != std::string::npos;
+}
+
+}  // namespace
+
+VideoIndex::VideoIndex(const std::filesystem::path& path) {
+    VideoFile file(path);
+    takeLibraryError();
+    collect(file, path);
+    if (frames_.empty()) {
+        throw MediaError("Cannot read " + path.string() + ": its video has no frames.");
+    }
+    if (timed_) {
+        std::sort(frames_.begin(), frames_.end(),
+                  [](const Shown& a, const Shown& b) { return a.time < b.time; });
+        timed_ =
+            std::adjacent_find(frames_.begin(), frames_.end(), [](const Shown& a, const Shown& b) {
+                return a.time == b.time;
+            }) == frames_.end();
+    }
+    chooseRate(file.stream());
+}
+
+void VideoIndex::collect(VideoFile& file, const std::filesystem::path& path) {
+    const AvPacket packet = newAvPacket();
+    int packets = 0;
+    bool damaged = false;
+    for (; file.next(*packet); ++packets) {
+        damaged = damaged || marksDamage(file.format(), *packet);
+        if ((packet->flags & AV_PKT_FLAG_DISCARD) == 0) {
+            timed_ = timed_ && packet->pts != AV_NOPTS_VALUE;
+            frames_.push_back({packet->pts, (packet->flags & AV_PKT_FLAG_KEY) != 0});
+        }
+    }
+    // One container lists more frames than there are; another only complains of an early end.
+    const bool missing = packets < avformat_index_get_entries_count(&file.stream());
+    if (damaged || missing || complainedOfEnd()) {
+        throw MediaError(cutOff(path));
+    }
+}
+
+void VideoIndex::startAt(std::int64_t time) {
+    if (timed_) {
+        std::erase_if(frames_, [time](const Shown& frame) { return frame.time < time; });
+    }
+}
+
+void VideoIndex::chooseRate(const AVStream& stream) {
+    const auto average = rateFrom(stream.avg_frame_rate);
+    const auto base = rateFrom(stream.r_frame_rate);
+    // The base rate of interlaced video may count fields, and that of an uneven one is far too
+    // high.
+    if (base && timed_ && count() > 1 && liesOnGrid(*base, stream.time_base)) {
+        rate_ = *base;
+    } else {
+        rate_ = average.value_or(base.value_or(rate_));
+    }
+}
+
+bool VideoIndex::liesOnGrid(const Rational& rate, const AVRational& unit) const {
+    const double framesPerUnit = rate.value() * unit.num / unit.den;
+    for (std::size_t i = 0; i < frames_.size(); ++i) {
+        const double place = static_cast<double>(frames_[i].time - frames_[0].time) * framesPerUnit;
+        if (std::abs(place - static_cast<double>(i)) >= 0.5) {
+            return false;
+        }
+    }
+    return true;
+}
+
+std::optional<std::int64_t> VideoIndex::numberAt(std::int64_t time) const {
+    const auto found = std::lower_bound(
+        frames_.begin(), frames_.end(), time,
+        [](const Shown& frame, std::int64_t wanted) { return frame.time < wanted; });
+    if (found == frames_.end() || found->time != time) {
+        return std::nullopt;
+    }
+    return found - frames_.begin();
+}
+
+std::int64_t VideoIndex::timeOf(std::int64_t number) const {
+    return frames_[static_cast<std::size_t>(number)].time;
+}
+
+std::int64_t VideoIndex::keyBefore(std::int64_t number) const {
+    while (number > 0 && !frames_[static_cast<std::size_t>(number)].key) {
+        --number;
+    }
+    return number;
+}
+
+}  // namespace ruvex::media

@@ -1,0 +1,94 @@
+#include "media/video_reader.h"
+
+#include "media/media_error.h"
+
+namespace ruvex::media {
+namespace {
+
+constexpr std::int64_t kNotShown = -1;
+
+Rational pixelAspectOf(const AVFrame& picture, const AVStream& stream) {
+    for (const AVRational& aspect : {stream.sample_aspect_ratio, picture.sample_aspect_ratio}) {
+        if (aspect.num > 0 && aspect.den > 0) {
+            return makeRational(aspect.num, aspect.den);
+        }
+    }
+    return {1, 1};
+}
+
+}  // namespace
+
+VideoReader::VideoReader(const std::filesystem::path& path, std::optional<Depth> depth)
+    : FrameReader(depth), path_(path), index_(path), decoder_(path), picture_(newAvFrame()) {
+    if (!decoder_.next(*picture_)) {
+        throw MediaError("Cannot read " + path.string() + ": its video cannot be decoded.");
+    }
+    index_.startAt(picture_->pts);
+    describe(*picture_);
+    at_ = 0;
+    cache_.keep(0, convert_->convert(*picture_));
+}
+
+void VideoReader::describe(const AVFrame& first) {
+    convert_.emplace(first, path_);
+    info_.size = {first.width, first.height};
+    info_.depth = convert_->depth();
+    info_.rate = index_.rate();
+    info_.last = index_.count() - 1;
+    info_.hasAlpha = convert_->hasAlpha();
+    info_.pixelAspect = pixelAspectOf(first, decoder_.stream());
+    info_.colour = {first.color_primaries, first.color_trc, first.colorspace};
+}
+
+std::int64_t VideoReader::numberOfPicture() const {
+    return index_.timed() ? index_.numberAt(picture_->pts).value_or(kNotShown) : at_ + 1;
+}
+
+bool VideoReader::advance(std::int64_t from) {
+    if (!decoder_.next(*picture_)) {
+        return false;
+    }
+    const std::int64_t number = numberOfPicture();
+    if (number != kNotShown) {
+        at_ = number;
+    }
+    if (number >= from) {
+        cache_.keep(number, convert_->convert(*picture_));
+    }
+    return true;
+}
+
+void VideoReader::goBefore(std::int64_t number) {
+    const std::int64_t key = index_.keyBefore(number);
+    const bool ahead = at_ < number;
+    // Going on is as good as a search when no key frame lies between.
+    if (ahead && (!index_.timed() || key <= at_ + 1)) {
+        return;
+    }
+    at_ = -1;
+    if (!index_.timed() || key == 0 || !decoder_.seek(index_.timeOf(key))) {
+        decoder_.rewind();
+        return;
+    }
+    // A file's own table of key frames may point too late; the beginning never is.
+    if (!advance(number) || at_ > key) {
+        at_ = -1;
+        decoder_.rewind();
+    }
+}
+
+Frame VideoReader::readOwn(std::int64_t number) {
+    if (const Frame* kept = cache_.find(number)) {
+        return *kept;
+    }
+    goBefore(number);
+    while (at_ < number && advance(number)) {
+    }
+    if (const Frame* kept = cache_.find(number)) {
+        return *kept;
+    }
+    throw MediaError(path_.string() + " is damaged: frame " + std::to_string(number) +
+                     " cannot be decoded.");
+}
+
+}  // namespace ruvex::media

@@ -1,0 +1,42 @@
+// A video as frames by number.
+
+#pragma once
+
+#include <optional>
+
+#include "media/frame_cache.h"
+#include "media/frame_reader.h"
+#include "media/video_decoder.h"
+#include "media/video_index.h"
+#include "media/yuv_convert.h"
+
+namespace ruvex::media {
+
+/// Frame k is the k-th picture that is shown. Frames in turn are decoded once; for others the way
+/// leads from the key frame before, so that the picture is the same whichever way it is reached.
+class VideoReader : public FrameReader {
+public:
+    /// Throws MediaError.
+    VideoReader(const std::filesystem::path& path, std::optional<Depth> depth);
+
+    const ClipInfo& info() const override { return info_; }
+
+private:
+    Frame readOwn(std::int64_t number) override;
+    void describe(const AVFrame& first);
+    /// Decodes one more picture and keeps it if it has a number from `from` on. False at the end.
+    bool advance(std::int64_t from);
+    void goBefore(std::int64_t number);
+    std::int64_t numberOfPicture() const;
+
+    std::filesystem::path path_;
+    VideoIndex index_;
+    VideoDecoder decoder_;
+    AvFrame picture_;
+    std::optional<PictureToFrame> convert_;
+    FrameCache cache_;
+    ClipInfo info_;
+    std::int64_t at_ = -1;  ///< The picture that was decoded last; -1 at the beginning.
+};
+
+}  // namespace ruvex::media

@@ -1,0 +1,51 @@
+// Frames into a video file.
+
+#pragma once
+
+#include <optional>
+
+#include "media/av_handles.h"
+#include "media/frame_writer.h"
+#include "media/partial_file.h"
+#include "media/yuv_convert.h"
+
+namespace ruvex::media {
+
+/// H.264 in .mp4, .m4v and .mov: limited-range YUV, no alpha; 4:2:0, or 4:4:4 where a side is odd.
+/// FFV1 in .mkv: RGB with alpha, 8 or 16 bits a component, without loss. The time of frame k is
+/// exactly k / rate in the coder; a container may round it to its own steps.
+class VideoWriter : public FrameWriter {
+public:
+    /// Throws MediaError.
+    VideoWriter(const std::filesystem::path& path, const WriteOptions& options);
+    ~VideoWriter() override;
+
+    void write(std::int64_t number, const Frame& frame) override;
+    void finish() override;
+
+    /// Whether the ending is one of these.
+    static bool canWrite(const std::filesystem::path& path);
+
+private:
+    void openCoder(const WriteOptions& options);
+    void openContainer(const WriteOptions& options);
+    AvFrame toPicture(const Frame& frame);
+    /// Codes one picture, or with null what the coder still holds.
+    void encode(const AVFrame* picture);
+    void check(int code) const;
+
+    struct Free {
+        void operator()(AVFormatContext* format) const { avformat_free_context(format); }
+    };
+
+    std::filesystem::path path_;
+    bool exact_;
+    PartialFile file_;
+    std::unique_ptr<AVFormatContext, Free> format_;
+    AvCodec coder_;
+    AvPacket packet_;
+    std::optional<FrameToYuv> convert_;
+    std::int64_t written_ = 0;
+};
+
+}  // namespace ruvex::media

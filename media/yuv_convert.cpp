@@ -1,0 +1,141 @@
+#include "media/yuv_convert.h"
+
+extern "C" {
+#include <libavutil/pixdesc.h>
+}
+
+#include "media/media_error.h"
+#include "media/rgb_lines.h"
+
+namespace ruvex::media {
+namespace {
+
+constexpr int kFirstHdLine = 720;
+/// The same picture on every machine, and colour differences at full resolution in between.
+constexpr int kScalerFlags =
+    SWS_BICUBIC | SWS_ACCURATE_RND | SWS_BITEXACT | SWS_FULL_CHR_H_INT | SWS_FULL_CHR_H_INP;
+constexpr int kUnity = 1 << 16;
+
+bool isKnownMatrix(int matrix) {
+    switch (matrix) {
+        case AVCOL_SPC_BT709:
+        case AVCOL_SPC_FCC:
+        case AVCOL_SPC_BT470BG:
+        case AVCOL_SPC_SMPTE170M:
+        case AVCOL_SPC_SMPTE240M:
+        case AVCOL_SPC_BT2020_NCL:
+            return true;
+        default:
+            return false;
+    }
+}
+
+Scaler makeScaler(FrameSize size, AVPixelFormat from, AVPixelFormat to) {
+    Scaler scaler(sws_getContext(size.width, size.height, from, size.width, size.height, to,
+                                 kScalerFlags, nullptr, nullptr, nullptr));
+    if (!scaler) {
+        throw MediaError("The FFmpeg libraries cannot convert this picture's colours (" +
+                         std::string(av_get_pix_fmt_name(from)) + ").");
+    }
+    return scaler;
+}
+
+void setColours(SwsContext& scaler, int matrix, bool fullIn, bool fullOut) {
+    const int* coefficients = sws_getCoefficients(matrix);
+    sws_setColorspaceDetails(&scaler, coefficients, fullIn, coefficients, fullOut, 0, kUnity,
+                             kUnity);
+}
+
+void scale(SwsContext& scaler, const AVFrame& from, AVFrame& to) {
+    sws_scale(&scaler, from.data, from.linesize, 0, from.height, to.data, to.linesize);
+}
+
+bool isFullRange(const AVFrame& picture) {
+    switch (picture.format) {
+        case AV_PIX_FMT_YUVJ420P:
+        case AV_PIX_FMT_YUVJ422P:
+        case AV_PIX_FMT_YUVJ444P:
+        case AV_PIX_FMT_YUVJ440P:
+        case AV_PIX_FMT_YUVJ411P:
+            return true;
+        default:
+            return picture.color_range == AVCOL_RANGE_JPEG;
+    }
+}
+
+bool needsScaler(const AVFrame& picture) {
+    const auto format = static_cast<AVPixelFormat>(picture.format);
+    const bool grey = av_pix_fmt_desc_get(format)->nb_components <= 2;
+    return !isRgbOrGrey(format) || (grey && picture.color_range == AVCOL_RANGE_MPEG);
+}
+
+AVPixelFormat packedFormat(Depth depth) {
+    return depth == Depth::Bits8 ? AV_PIX_FMT_RGBA : AV_PIX_FMT_RGBA64LE;
+}
+
+}  // namespace
+
+int matrixInUse(int tagged, int height) {
+    if (isKnownMatrix(tagged)) {
+        return tagged;
+    }
+    return height >= kFirstHdLine ? AVCOL_SPC_BT709 : AVCOL_SPC_SMPTE170M;
+}
+
+PictureToFrame::PictureToFrame(const AVFrame& like, std::filesystem::path path)
+    : path_(std::move(path)),
+      format_(static_cast<AVPixelFormat>(like.format)),
+      size_{like.width, like.height},
+      depth_(bitsPerComponent(format_) > 8 ? Depth::S214 : Depth::Bits8) {
+    checkFrameSize(size_, depth_, path_.string());
+    if (needsScaler(like)) {
+        prepareScaler(like);
+    }
+}
+
+void PictureToFrame::prepareScaler(const AVFrame& like) {
+    const bool unmarked = like.colorspace == AVCOL_SPC_UNSPECIFIED ||
+                          like.colorspace == AVCOL_SPC_RESERVED || like.colorspace == AVCOL_SPC_RGB;
+    if (!unmarked && !isKnownMatrix(like.colorspace)) {
+        throw MediaError("Cannot read " + path_.string() + ": its colours are coded as " +
+                         av_color_space_name(like.colorspace) +
+                         ", which is not supported. Convert it to BT.709 first.");
+    }
+    scaled_ = newPicture(size_.width, size_.height, packedFormat(depth_));
+    scaler_ = makeScaler(size_, format_, packedFormat(depth_));
+    setColours(*scaler_, matrixInUse(like.colorspace, size_.height), isFullRange(like), true);
+}
+
+bool PictureToFrame::hasAlpha() const {
+    return media::hasAlpha(format_);
+}
+
+Frame PictureToFrame::convert(const AVFrame& picture) {
+    if (picture.format != format_ || FrameSize{picture.width, picture.height} != size_) {
+        throw MediaError(path_.string() +
+                         " changes its size or pixel format within the clip, "
+                         "which is not supported. Convert it first.");
+    }
+    Frame frame(size_, depth_);
+    if (scaler_) {
+        scale(*scaler_, picture, *scaled_);
+    }
+    unpackRgb(scaler_ ? *scaled_ : picture, frame);
+    return frame;
+}
+
+FrameToYuv::FrameToYuv(FrameSize size, Depth depth, AVPixelFormat format, int matrix)
+    : format_(format),
+      packed_(newPicture(size.width, size.height, packedFormat(depth))),
+      scaler_(makeScaler(size, packedFormat(depth), format)) {
+    setColours(*scaler_, matrix, true, false);
+}
+
+AvFrame FrameToYuv::convert(const Frame& frame) {
+    packRgb(frame, *packed_);
+    AvFrame picture = newPicture(frame.width(), frame.height(), format_);
+    scale(*scaler_, *packed_, *picture);
+    return picture;
+}
+
+}  // namespace ruvex::media

@@ -1,0 +1,51 @@
+// Between a video's luma and colour differences and RGB, with matrix and range always named.
+
+#pragma once
+
+#include <filesystem>
+
+#include "media/av_handles.h"
+#include "media/clip_info.h"
+
+namespace ruvex::media {
+
+/// The matrix in use: the tagged one, or, unmarked, BT.709 from 720 lines on and BT.601 below.
+int matrixInUse(int tagged, int height);
+
+/// Converts pictures of one format and size into frames, turned the right way up.
+class PictureToFrame {
+public:
+    /// Throws MediaError if the format or the colour matrix is not known. `path` is for messages.
+    PictureToFrame(const AVFrame& like, std::filesystem::path path);
+
+    Depth depth() const { return depth_; }
+    bool hasAlpha() const;
+    /// Throws MediaError if the picture is not of the format and size of the first one.
+    Frame convert(const AVFrame& picture);
+
+private:
+    void prepareScaler(const AVFrame& like);
+
+    std::filesystem::path path_;
+    AVPixelFormat format_;
+    FrameSize size_;
+    Depth depth_;
+    Scaler scaler_;   ///< Empty for pictures that are RGB or grey already.
+    AvFrame scaled_;  ///< RGBA of 8 or 16 bits.
+};
+
+/// Converts frames into pictures of a YUV format, limited range.
+class FrameToYuv {
+public:
+    FrameToYuv(FrameSize size, Depth depth, AVPixelFormat format, int matrix);
+
+    /// A picture of its own for each call: an encoder keeps some for later.
+    AvFrame convert(const Frame& frame);
+
+private:
+    AVPixelFormat format_;
+    AvFrame packed_;
+    Scaler scaler_;
+};
+
+}  // namespace ruvex::media
