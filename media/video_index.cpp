@@ -38,6 +38,12 @@ bool marksDamage(const AVFormatContext& format, const AVPacket& packet) {
            std::string_view(format.iformat->name) != "mpegts";
 }
 
+/// This container counts packets; where frames are reordered, their times would be made up.
+bool lacksTimes(const VideoFile& file) {
+    return std::string_view(file.format().iformat->name) == "avi" &&
+           file.stream().codecpar->video_delay > 0;
+}
+
 bool complainedOfEnd() {
     return takeLibraryError().find("prematurely") != std::string::npos;
 }
@@ -47,6 +53,7 @@ bool complainedOfEnd() {
 VideoIndex::VideoIndex(const std::filesystem::path& path) {
     VideoFile file(path);
     takeLibraryError();
+    timed_ = !lacksTimes(file);
     collect(file, path);
     if (frames_.empty()) {
         throw MediaError("Cannot read " + path.string() + ": its video has no frames.");
@@ -87,15 +94,17 @@ void VideoIndex::startAt(std::int64_t time) {
 }
 
 void VideoIndex::chooseRate(const AVStream& stream) {
+    // The average is off where the last frame is held; the other counts fields, or is far too high
+    // for uneven video. The one on whose grid the frames lie is right.
     const auto average = rateFrom(stream.avg_frame_rate);
     const auto base = rateFrom(stream.r_frame_rate);
-    // The base rate of interlaced video may count fields, and that of an uneven one is far too
-    // high.
-    if (base && timed_ && count() > 1 && liesOnGrid(*base, stream.time_base)) {
-        rate_ = *base;
-    } else {
-        rate_ = average.value_or(base.value_or(rate_));
+    for (const auto& rate : {average, base}) {
+        if (rate && timed_ && liesOnGrid(*rate, stream.time_base)) {
+            rate_ = *rate;
+            return;
+        }
     }
+    rate_ = average.value_or(base.value_or(rate_));
 }
 
 bool VideoIndex::liesOnGrid(const Rational& rate, const AVRational& unit) const {

@@ -58,6 +58,11 @@ bool VideoReader::advance(std::int64_t from) {
     return true;
 }
 
+void VideoReader::goToStart() {
+    at_ = -1;
+    decoder_.rewind();
+}
+
 void VideoReader::goBefore(std::int64_t number) {
     const std::int64_t key = index_.keyBefore(number);
     const bool ahead = at_ < number;
@@ -65,16 +70,17 @@ void VideoReader::goBefore(std::int64_t number) {
     if (ahead && (!index_.timed() || key <= at_ + 1)) {
         return;
     }
-    at_ = -1;
     if (!index_.timed() || key == 0 || !decoder_.seek(index_.timeOf(key))) {
-        decoder_.rewind();
+        goToStart();
         return;
     }
-    // A file's own table of key frames may point too late; the beginning never is.
-    if (!advance(number) || at_ > key) {
-        at_ = -1;
-        decoder_.rewind();
+    at_ = -1;
+}
+
+const Frame* VideoReader::reach(std::int64_t number) {
+    while (at_ < number && advance(number)) {
     }
+    return cache_.find(number);
 }
 
 Frame VideoReader::readOwn(std::int64_t number) {
@@ -82,10 +88,14 @@ Frame VideoReader::readOwn(std::int64_t number) {
         return *kept;
     }
     goBefore(number);
-    while (at_ < number && advance(number)) {
+    if (const Frame* found = reach(number)) {
+        return *found;
     }
-    if (const Frame* kept = cache_.find(number)) {
-        return *kept;
+    // A table of key frames may point too late, and a decoder may not trust the frames after one.
+    // From the beginning every frame can be had.
+    goToStart();
+    if (const Frame* found = reach(number)) {
+        return *found;
     }
     throw MediaError(path_.string() + " is damaged: frame " + std::to_string(number) +
                      " cannot be decoded.");

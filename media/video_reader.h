@@ -27,6 +27,9 @@ private:
     /// Decodes one more picture and keeps it if it has a number from `from` on. False at the end.
     bool advance(std::int64_t from);
     void goBefore(std::int64_t number);
+    void goToStart();
+    /// Decodes on to a frame ahead. Null if it does not come.
+    const Frame* reach(std::int64_t number);
     std::int64_t numberOfPicture() const;
 
     std::filesystem::path path_;

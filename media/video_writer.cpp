@@ -4,6 +4,7 @@ extern "C" {
 #include <libavutil/opt.h>
 }
 
+#include <algorithm>
 #include <cerrno>
 
 #include "media/library_log.h"
@@ -18,6 +19,7 @@ namespace {
 /// edge.
 constexpr const char* kQuality = "14";
 constexpr int kPalLines = 576;
+constexpr int kShortestSlicedSide = 64;
 
 std::string ending(const std::filesystem::path& path) {
     return lowerCase(path.extension().string());
@@ -74,11 +76,13 @@ void describe(AVCodecContext& coder, const WriteOptions& options, bool exact) {
     coder.color_range = exact ? AVCOL_RANGE_JPEG : AVCOL_RANGE_MPEG;
 }
 
-/// Each frame by itself, so that any frame is quickly found again, with check sums on its parts.
+/// Each frame by itself, so that any frame is quickly found again. Large ones in slices with check
+/// sums, which threads share; the coder's slices lose pixels where a side is only a few long.
 void setExact(AVCodecContext& coder) {
-    coder.level = 3;
+    const bool slices = std::min(coder.width, coder.height) >= kShortestSlicedSide;
+    coder.level = slices ? 3 : 1;
     coder.gop_size = 1;
-    av_opt_set_int(coder.priv_data, "slicecrc", 1, 0);
+    av_opt_set_int(coder.priv_data, "slicecrc", slices ? 1 : 0, 0);
 }
 
 }  // namespace

@@ -101,9 +101,18 @@ void PictureToFrame::prepareScaler(const AVFrame& like) {
                          av_color_space_name(like.colorspace) +
                          ", which is not supported. Convert it to BT.709 first.");
     }
-    scaled_ = newPicture(size_.width, size_.height, packedFormat(depth_));
-    scaler_ = makeScaler(size_, format_, packedFormat(depth_));
-    setColours(*scaler_, matrixInUse(like.colorspace, size_.height), isFullRange(like), true);
+    coding_ = {.matrix = matrixInUse(like.colorspace, size_.height),
+               .full = isFullRange(like),
+               .bits = bitsPerComponent(format_),
+               .alpha = hasAlpha()};
+    // The scaler's own way to 16-bit RGB misses white, so it only fills in colour differences
+    // there.
+    const bool deep = depth_ == Depth::S214;
+    const AVPixelFormat between = coding_.alpha ? AV_PIX_FMT_YUVA444P16LE : AV_PIX_FMT_YUV444P16LE;
+    const AVPixelFormat to = deep ? between : AV_PIX_FMT_RGBA;
+    scaled_ = newPicture(size_.width, size_.height, to);
+    scaler_ = makeScaler(size_, format_, to);
+    setColours(*scaler_, coding_.matrix, coding_.full, deep ? coding_.full : true);
 }
 
 bool PictureToFrame::hasAlpha() const {
@@ -117,10 +126,16 @@ Frame PictureToFrame::convert(const AVFrame& picture) {
                          "which is not supported. Convert it first.");
     }
     Frame frame(size_, depth_);
-    if (scaler_) {
-        scale(*scaler_, picture, *scaled_);
+    if (!scaler_) {
+        unpackRgb(picture, frame);
+        return frame;
     }
-    unpackRgb(scaler_ ? *scaled_ : picture, frame);
+    scale(*scaler_, picture, *scaled_);
+    if (depth_ == Depth::S214) {
+        unpackDeepYuv(*scaled_, coding_, frame);
+    } else {
+        unpackRgb(*scaled_, frame);
+    }
     return frame;
 }
 

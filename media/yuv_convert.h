@@ -6,6 +6,7 @@
 
 #include "media/av_handles.h"
 #include "media/clip_info.h"
+#include "media/deep_yuv.h"
 
 namespace ruvex::media {
 
@@ -31,7 +32,8 @@ private:
     FrameSize size_;
     Depth depth_;
     Scaler scaler_;   ///< Empty for pictures that are RGB or grey already.
-    AvFrame scaled_;  ///< RGBA of 8 or 16 bits.
+    AvFrame scaled_;  ///< RGBA, or for a deep picture YUV with all colour differences filled in.
+    YuvCoding coding_;
 };
 
 /// Converts frames into pictures of a YUV format, limited range.

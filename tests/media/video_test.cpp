@@ -4,6 +4,7 @@
 
 #include "media/frame_reader.h"
 #include "media/frame_writer.h"
+#include "media/sample_convert.h"
 #include "tests/media/temp_folder.h"
 #include "tests/media/test_clips.h"
 
@@ -168,7 +169,7 @@ TEST(VideoReader, ColoursFollowTagsOrElseTheHeight) {
 TEST(VideoReader, WhiteAndBlackAreExactInBothRanges) {
     TempFolder folder;
     for (const char* range : {"tv", "pc"}) {
-        for (const char* format : {"yuv420p", "yuv422p10le"}) {
+        for (const char* format : {"yuv420p", "yuv422p", "yuv444p"}) {
             runFfmpeg(
                 "-f lavfi -i color=white:size=32x32,format=gbrp -f lavfi -i "
                 "color=black:size=32x32,format=gbrp -frames:v 1 -filter_complex "
@@ -257,7 +258,8 @@ TEST(VideoReader, NamesWithColonsAndPercentSignsAreOnlyNames) {
 
 TEST(Ffv1, ComesBackExactlyWithAlpha) {
     TempFolder folder;
-    for (const FrameSize size : {FrameSize{1, 1}, {5, 3}, {33, 17}, {96, 64}}) {
+    for (const FrameSize size :
+         {FrameSize{1, 1}, {2, 2}, {500, 1}, {1, 500}, {5, 3}, {63, 64}, {65, 67}, {129, 96}}) {
         for (const Depth depth : {Depth::Bits8, Depth::S214}) {
             const auto clip = noiseClip(size, depth, 4);
             writeAll(folder.file("a.mkv"), {.size = size, .depth = depth}, clip);
@@ -265,6 +267,46 @@ TEST(Ffv1, ComesBackExactlyWithAlpha) {
             EXPECT_TRUE(reader->info().hasAlpha);
             EXPECT_EQ(reader->info().depth, depth);
             EXPECT_EQ(readAll(*reader), clip) << toText(size);
+        }
+    }
+}
+
+TEST(VideoReader, DeepColoursAndOvershootAreExact) {
+    TempFolder folder;
+    const auto pixel = [&](const std::string& yuv, const std::string& format,
+                           const std::string& range = "tv") {
+        runFfmpeg("-f lavfi -i nullsrc=size=64x64,format=" + format + ",geq=" + yuv +
+                      " -frames:v 1 -c:v ffv1 -colorspace bt709 -color_range " + range,
+                  folder.file("a.mkv"));
+        Frame frame;
+        openReader(folder.file("a.mkv"))->read(0, frame);
+        const std::int16_t* p = frame.row16(9) + 4 * 9;
+        return std::vector<int>{p[0], p[1], p[2], p[3]};
+    };
+    EXPECT_EQ(pixel("940:512:512", "yuv444p10le"), (std::vector{16384, 16384, 16384, 16384}));
+    EXPECT_EQ(pixel("64:512:512", "yuv420p10le"), (std::vector{0, 0, 0, 16384}));
+    EXPECT_EQ(pixel("1019:512:512", "yuv420p10le"), (std::vector{17862, 17862, 17862, 16384}));
+    EXPECT_EQ(pixel("4:512:512", "yuv422p10le"), (std::vector{-1122, -1122, -1122, 16384}));
+    EXPECT_EQ(pixel("1023:512:512", "yuv420p10le", "pc"),
+              (std::vector{16384, 16384, 16384, 16384}));
+    EXPECT_EQ(pixel("0:512:512", "yuv420p12le", "pc")[3], 16384);
+    // 100% red of BT.709 in 10 bits is 250, 409, 960: within half a step of its own rounding.
+    const auto red = pixel("250:409:960", "yuv444p10le");
+    EXPECT_NEAR(red[0], 16384, 25);
+    EXPECT_NEAR(red[1], 0, 25);
+    EXPECT_NEAR(red[2], 0, 25);
+}
+
+TEST(H264, GreysComeBackWithinAStep) {
+    TempFolder folder;
+    for (const Depth depth : {Depth::Bits8, Depth::S214}) {
+        for (const int grey : {0, 1, 64, 128, 200, 254, 255}) {
+            Frame frame({64, 64}, Depth::Bits8);
+            std::fill(frame.bytes().begin(), frame.bytes().end(), static_cast<std::byte>(grey));
+            writeAll(folder.file("a.mp4"), {.size = {64, 64}, .depth = depth},
+                     {convertDepth(frame, depth)});
+            const auto again = readAll(*openReader(folder.file("a.mp4")));
+            EXPECT_NEAR(again.at(0).row8(30)[120], grey, 1);
         }
     }
 }
