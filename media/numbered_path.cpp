@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <charconv>
-#include <regex>
 
 namespace ruvex::media {
 namespace {
@@ -11,6 +10,31 @@ namespace fs = std::filesystem;
 
 fs::path folderOf(const fs::path& path) {
     return path.has_parent_path() ? path.parent_path() : fs::path(".");
+}
+
+constexpr int kMostDigits = 18;
+
+struct Place {
+    std::size_t length;
+    int digits;
+};
+
+/// The "%d" or "%05d" that begins at `at`; nothing if there is none.
+std::optional<Place> placeAt(const std::string& name, std::size_t at) {
+    std::size_t end = at + 1;
+    int digits = 1;
+    if (end < name.size() && name[end] == '0') {
+        const char* last = name.data() + name.size();
+        const auto [stop, error] = std::from_chars(name.data() + end + 1, last, digits);
+        end = static_cast<std::size_t>(stop - name.data());
+        if (error != std::errc() || digits < 1 || digits > kMostDigits) {
+            return std::nullopt;
+        }
+    }
+    if (end >= name.size() || name[end] != 'd') {
+        return std::nullopt;
+    }
+    return Place{end + 1 - at, digits};
 }
 
 void widen(std::optional<NumberedPath::Range>& range, std::int64_t number) {
@@ -24,16 +48,16 @@ void widen(std::optional<NumberedPath::Range>& range, std::int64_t number) {
 }  // namespace
 
 NumberedPath::NumberedPath(const fs::path& path) : path_(path) {
-    static const std::regex kNumber("%(?:0([1-9]|1[0-8]))?d");
     const std::string name = path.filename().string();
-    std::smatch match;
-    if (!std::regex_search(name, match, kNumber)) {
-        return;
+    for (auto at = name.find('%'); at != std::string::npos; at = name.find('%', at + 1)) {
+        if (const auto place = placeAt(name, at)) {
+            pattern_ = true;
+            before_ = name.substr(0, at);
+            after_ = name.substr(at + place->length);
+            digits_ = place->digits;
+            return;
+        }
     }
-    pattern_ = true;
-    before_ = match.prefix();
-    after_ = match.suffix();
-    digits_ = match[1].matched ? std::stoi(match[1]) : 1;
 }
 
 fs::path NumberedPath::file(std::int64_t number) const {

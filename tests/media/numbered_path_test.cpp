@@ -16,11 +16,13 @@ TEST(NumberedPath, PutsTheNumberIntoTheName) {
     EXPECT_EQ(NumberedPath("a/shot.%05d.png").file(7), "a/shot.00007.png");
     EXPECT_EQ(NumberedPath("a/shot.%05d.png").file(123456), "a/shot.123456.png");
     EXPECT_EQ(NumberedPath("%d.s214").file(12), "12.s214");
+    EXPECT_EQ(NumberedPath("50%_%03d.png").file(12), "50%_012.png");
     EXPECT_TRUE(NumberedPath("%d.s214").isPattern());
 }
 
 TEST(NumberedPath, OtherNamesAreTakenAsTheyAre) {
-    for (const char* name : {"a.png", "100%.png", "%5d.png", "%x.png", "%00d.png", "dir%d/a.png"}) {
+    for (const char* name : {"a.png", "100%.png", "%5d.png", "%x.png", "%00d.png", "%019d.png", "%",
+                             "%0", "%03", "%-3d", "dir%d/a.png"}) {
         EXPECT_FALSE(NumberedPath(name).isPattern()) << name;
         EXPECT_EQ(NumberedPath(name).file(7), name);
     }
