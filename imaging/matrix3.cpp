@@ -1,6 +1,6 @@
 #include "imaging/matrix3.h"
 
-#include <cmath>
+#include "imaging/maths.h"
 
 namespace ruvex {
 
@@ -19,8 +19,8 @@ void scale(Matrix3& m, float sx, float sy) {
 }
 
 void rotate(Matrix3& m, float angle) {
-    const auto c = static_cast<float>(std::cos(double{angle}));
-    const auto s = static_cast<float>(std::sin(double{angle}));
+    const auto c = static_cast<float>(maths::cos(angle));
+    const auto s = static_cast<float>(maths::sin(angle));
     for (int row = 0; row < 9; row += 3) {
         const float first = m[row];
         const float second = m[row + 1];

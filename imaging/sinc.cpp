@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "imaging/maths.h"
 #include "imaging/pixel_convert.h"
 #include "imaging/wrap.h"
 
@@ -17,8 +18,8 @@ constexpr float kNearNextWhole = 0.99f;
 float sincTap(float d) {
     if (d == 0.0f) return 1.0f;
     const float t = d * kPi;
-    const auto cosine = static_cast<float>(std::cos(double{t / 5.0f}));
-    const auto sine = static_cast<float>(std::sin(double{t}));
+    const auto cosine = static_cast<float>(maths::cos(t / 5.0f));
+    const auto sine = static_cast<float>(maths::sin(t));
     return (cosine + 1.0f) * 0.5f * sine / d;
 }
 
