@@ -18,4 +18,10 @@
 inline constexpr DWORD DLL_PROCESS_DETACH = 0;
 inline constexpr DWORD DLL_PROCESS_ATTACH = 1;
 
+/// Tells the system to leave the module alone when threads start and end. Where there are no such
+/// calls there is nothing to switch off.
+inline BOOL DisableThreadLibraryCalls(HINSTANCE) {
+    return TRUE;
+}
+
 #endif
