@@ -122,6 +122,36 @@ TEST(ModuleLoader, SaysWhatIsWrongWithAFile) {
     std::filesystem::remove(text);
 }
 
+/// A second name for the test's module, for as long as it is needed.
+class Link {
+public:
+    explicit Link(std::filesystem::path path) : path_(std::move(path)) {
+        std::filesystem::create_directories(path_.parent_path());
+        std::filesystem::remove(path_);
+        std::filesystem::create_symlink(moduleFile("copy_module"), path_);
+    }
+    ~Link() { std::filesystem::remove(path_); }
+
+private:
+    std::filesystem::path path_;
+};
+
+TEST(ModuleLoader, TheDefaultLiesBesideTheProgramOrInLib) {
+    const auto beside = moduleFile("V_Ruvex");
+    const auto inLib = beside.parent_path().parent_path() / "lib" / beside.filename();
+    try {
+        Module::loadDefault();
+        FAIL() << "there is a module where the test expects none";
+    } catch (const Error& error) {
+        EXPECT_THAT(error.what(), HasSubstr(beside.string()));
+        EXPECT_THAT(error.what(), HasSubstr(inLib.string()));
+    }
+    for (const auto& place : {beside, inLib}) {
+        const Link link(place);
+        EXPECT_EQ(Module::loadDefault()->file(), moduleFile("copy_module"));
+    }
+}
+
 TEST(ModuleLoader, AFailedLoadCanBeTriedAgain) {
     EXPECT_THROW(Module::load(moduleFile("copy_module_incomplete")), Error);
     EXPECT_THROW(Module::load(moduleFile("copy_module_incomplete")), Error);
