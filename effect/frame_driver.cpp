@@ -2,9 +2,13 @@
 
 #include "effect/frame_region.h"
 #include "effect/image_texture.h"
+#include "effect/signal_fill.h"
+#include "host/base/channel_mask.h"
 #include "host/base/crop.h"
 #include "imaging/copy_samplers.h"
 #include "imaging/frame_generator.h"
+#include "imaging/img_filler.h"
+#include "imaging/wrap.h"
 
 namespace ruvex {
 namespace {
@@ -13,10 +17,7 @@ namespace {
 constexpr float kWhiteDotGone = 0.99f;
 constexpr float kNoResolution = 0.01f;
 
-// Processors that skip rows by themselves are told the field; all others see whole images.
-std::int32_t fieldOf(const VxDsEffect& effect) {
-    return effect.fieldHandling == 2 ? effect.fieldSelector : 0;
-}
+constexpr std::uint32_t kChannelMaskCapability = 64;
 
 }  // namespace
 
@@ -40,7 +41,7 @@ HRESULT FrameDriver<P>::renderFrame() {
     effect_.maskFlagA = 0;
     effect_.alphaMaskable = 1;
     if (const HRESULT status = process(); status != S_OK) return status;
-    if (!interrupted() && reader_.on(ParameterId::BlankCropped)) blankCropped();
+    finish();
     return S_OK;
 }
 
@@ -52,6 +53,9 @@ void FrameDriver<P>::wrapImages() {
                      {.offsetX = output.offsetX, .offsetY = output.offsetY});
     textureFromImage(effect_, inputTexture_, host_.input,
                      {.offsetX = input.offsetX, .offsetY = input.offsetY, .useCrop = true});
+    textureFromImage(effect_, maskTexture_, host_.pixelMask,
+                     {.offsetX = wrapAdd(host_.maskOffsetX, input.offsetX),
+                      .offsetY = wrapAdd(host_.maskOffsetY, input.offsetY)});
 }
 
 template <class P>
@@ -60,6 +64,33 @@ void FrameDriver<P>::showCropped() {
     prepare(copier, effect_, region_);
     copier.setFieldMode(fieldOf(effect_));
     copier.process(&inputTexture_, &outputTexture_);
+}
+
+// Each step looks once more whether the host has stopped the frame.
+template <class P>
+void FrameDriver<P>::finish() {
+    if (interrupted()) return;
+    restoreMaskedChannels();
+    if (interrupted()) return;
+    if (effect_.effectKind == kKindPaint) paint();
+    if (interrupted()) return;
+    if (reader_.on(ParameterId::BlankCropped)) blankCropped();
+}
+
+template <class P>
+void FrameDriver<P>::restoreMaskedChannels() {
+    const bool maskable = effect_.effectKind != kKindTransition && effect_.effectKind != kKindKey;
+    if (!maskable || (effect_.capabilityFlags & kChannelMaskCapability) == 0) return;
+    fixChannelMask(effect_, outputTexture_, inputTexture_,
+                   {.red = reader_.integer(ParameterId::MaskRed),
+                    .green = reader_.integer(ParameterId::MaskGreen),
+                    .blue = reader_.integer(ParameterId::MaskBlue),
+                    .alpha = reader_.integer(ParameterId::MaskAlpha)});
+}
+
+template <class P>
+void FrameDriver<P>::paint() {
+    paintThroughMask(effect_, outputTexture_, inputTexture_, maskTexture_);
 }
 
 template <class P>
@@ -77,8 +108,12 @@ HRESULT FrameDriver<P>::process() {
         clearOutput();
         return S_OK;
     }
-    source_ = &inputTexture_;
     workRegion_ = scaledRegion(region_, res_);
+    if (!chooseSourceFrame()) {
+        blankOutput();
+        return S_OK;
+    }
+    measureSignal();
     if (reduced()) scaleDown();
     showSignal();
     if (reduced()) scaleUp();
@@ -96,6 +131,49 @@ void FrameDriver<P>::clearOutput() {
     generator.zero = true;
     prepare(generator, effect_, region_);
     generator.process(&outputTexture_);
+}
+
+// False when the frame that is to be seen is another one and the host refuses it.
+template <class P>
+bool FrameDriver<P>::chooseSourceFrame() {
+    tape_ = tapePosition(reader_, host_.sampleRate, time_);
+    source_ = &inputTexture_;
+    if (effect_.effectKind == kKindPaint || tape_.shownFrame == scale_.frameNow) return true;
+    constexpr std::int32_t kFirstInput = -1;
+    repeatImage_ = fetchInputFrame(effect_, host_, repeatTexture_,
+                                   tape_.shownFrame / scale_.frameRate, true, kFirstInput);
+    source_ = &repeatTexture_;
+    return static_cast<bool>(repeatImage_);
+}
+
+template <class P>
+void FrameDriver<P>::blankOutput() {
+    VxImgFiller<P> filler;
+    prepare(filler, effect_, region_);
+    filler.process(outputTexture_);
+}
+
+template <class P>
+void FrameDriver<P>::measureSignal() {
+    const SignalLevel level(reader_, host_.sampleRate, parameters().integer(ParameterId::Seed));
+    const float breakup = level.at(time_, tape_.playTime);
+    const FrameState frame{.reader = reader_,
+                           .parameters = parameters(),
+                           .scale = scale_,
+                           .tape = tape_,
+                           .play = playStateAt(reader_, scale_, time_),
+                           .walks = walkBack(reader_, level,
+                                             {.time = time_,
+                                              .frameRate = scale_.frameRate,
+                                              .frameNow = scale_.frameNow,
+                                              .sourcePosition = tape_.sourcePosition,
+                                              .breakup = breakup}),
+                           .breakup = breakup,
+                           .res = res_,
+                           .whiteDot = whiteDot_,
+                           .time = time_,
+                           .sampleRate = host_.sampleRate};
+    signal_ = signalParameters(frame, PixelTraits<P>::kWhite);
 }
 
 template <class P>

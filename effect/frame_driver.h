@@ -7,10 +7,14 @@
 #include "effect/frame_host.h"
 #include "effect/frame_parameters.h"
 #include "effect/frame_scale.h"
+#include "effect/player.h"
 #include "effect/resolution.h"
+#include "host/base/paint.h"
 #include "host/base/parameter_reader.h"
 #include "host/base/vx_ds_effect.h"
 #include "imaging/texture.h"
+#include "sdk/com_ptr.h"
+#include "stages/signal_parameters.h"
 
 namespace ruvex {
 
@@ -34,6 +38,9 @@ private:
     // Around the chain.
     void wrapImages();
     void showCropped();
+    void finish();
+    void restoreMaskedChannels();
+    void paint();
     void blankCropped();
     bool interrupted() { return interruptCheck(&effect_.interruption); }
 
@@ -41,11 +48,15 @@ private:
     HRESULT process();
     bool pictureVisible() const;
     void clearOutput();
+    bool chooseSourceFrame();
+    void blankOutput();
+    void measureSignal();
     void scaleDown();
     void showSignal();
     void scaleUp();
 
     bool reduced() const { return res_ != 1.0f; }
+    const FrameParameters& parameters() const { return *parameters_; }
     Texture& sampled() { return reduced() ? scaled_.result : outputTexture_; }
 
     VxDsEffect& effect_;
@@ -59,9 +70,14 @@ private:
     std::optional<FrameParameters> parameters_;
     float res_ = 1.0f;       // Resolution as a fraction
     float whiteDot_ = 0.0f;  // White Dot as a fraction
+    TapePosition tape_;
+    SignalParameters signal_;
 
     Texture outputTexture_;
     Texture inputTexture_;
+    MaskTexture maskTexture_;
+    ComPtr<IDSImage> repeatImage_;  // the input at another time, and a view of it
+    Texture repeatTexture_;
     ScaledBuffers<P> scaled_;
     Texture* source_ = nullptr;  // what the next stage reads
 };

@@ -15,6 +15,8 @@ struct FrameHost {
     IDSImage* input2 = nullptr;
     IDSImage* output = nullptr;
     IDSImage* pixelMask = nullptr;
+    std::int32_t maskOffsetX = 0;  ///< place of the mask in the input, in pixels
+    std::int32_t maskOffsetY = 0;
     IDSCoordMan* coordMan = nullptr;
     IDSEffectHost* effectHost = nullptr;
     IUnknown* executeContext = nullptr;

@@ -2,13 +2,10 @@
 
 #pragma once
 
+#include "effect/percent.h"
 #include "host/base/parameter_reader.h"
 
 namespace ruvex {
-
-/// The percent factor of the whole render: the single-precision value of 0.01 widened to double.
-/// Pictures depend on its last bits.
-inline constexpr double kPercent = 0.01f;
 
 class FrameParameters {
 public:
@@ -20,7 +17,7 @@ public:
     bool on(ParameterId id) const { return integer(id) != 0; }
 
     /// A percentage as a fraction, in single precision: 100 is exactly 1.
-    float fraction(ParameterId id) const { return static_cast<float>(real(id) * kPercent); }
+    float fraction(ParameterId id) const { return fractionOf(real(id)); }
 
 private:
     ParameterValues values_;

@@ -16,6 +16,10 @@ template <>
 struct HostFormat<RgbaS214> {
     static constexpr const GUID& kId = MFIF_RGBA_S2_14;
 };
+template <>
+struct HostFormat<Channel8> {
+    static constexpr const GUID& kId = MFIF_A_RAW_8;
+};
 
 struct ReadyImage {
     LONG width = 0;
@@ -63,7 +67,9 @@ void textureFromImage(const VxDsEffect& effect, VxTexture<P>& texture, IDSImage*
         offsetY /= 2;
     }
     texture.setOrigin(view.offsetX, offsetY);
-    if (view.useCrop && view.cropAllowed) applyCrop(effect, texture);
+    if constexpr (PixelTraits<P>::kComponents == 4) {
+        if (view.useCrop && view.cropAllowed) applyCrop(effect, texture);
+    }
 }
 
 template <class P>
@@ -89,6 +95,8 @@ ComPtr<IDSImage> fetchInputFrame(const VxDsEffect& effect, const FrameHost& host
 
 template void textureFromImage(const VxDsEffect&, VxTexture<Rgba8>&, IDSImage*, const ImageView&);
 template void textureFromImage(const VxDsEffect&, VxTexture<RgbaS214>&, IDSImage*,
+                               const ImageView&);
+template void textureFromImage(const VxDsEffect&, VxTexture<Channel8>&, IDSImage*,
                                const ImageView&);
 template ComPtr<IDSImage> fetchInputFrame(const VxDsEffect&, const FrameHost&, VxTexture<Rgba8>&,
                                           double, bool, std::int32_t);

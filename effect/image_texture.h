@@ -22,6 +22,7 @@ struct ImageView {
 
 /// Makes `texture` a view of `image`: of every second row of it where the effect renders fields as
 /// images of half height. Empty for an image that is null, not ready, or of another pixel format.
+/// Channel8 is the pixel of a paint mask, which has no crop.
 template <class P>
 void textureFromImage(const VxDsEffect& effect, VxTexture<P>& texture, IDSImage* image,
                       const ImageView& view);
@@ -36,6 +37,8 @@ ComPtr<IDSImage> fetchInputFrame(const VxDsEffect& effect, const FrameHost& host
 extern template void textureFromImage(const VxDsEffect&, VxTexture<Rgba8>&, IDSImage*,
                                       const ImageView&);
 extern template void textureFromImage(const VxDsEffect&, VxTexture<RgbaS214>&, IDSImage*,
+                                      const ImageView&);
+extern template void textureFromImage(const VxDsEffect&, VxTexture<Channel8>&, IDSImage*,
                                       const ImageView&);
 extern template ComPtr<IDSImage> fetchInputFrame(const VxDsEffect&, const FrameHost&,
                                                  VxTexture<Rgba8>&, double, bool, std::int32_t);

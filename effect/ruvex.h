@@ -47,6 +47,7 @@ private:
 
     FrameHost frameHost() const;
     void startFrame();
+    HRESULT renderByFormat(double seconds);
     void readCrop(double seconds);
     void placePictures();
     void reportToSource();

@@ -1,6 +1,7 @@
 // The host's request for one frame.
 
 #include <algorithm>
+#include <new>
 
 #include "effect/frame_driver.h"
 #include "effect/ruvex.h"
@@ -37,6 +38,16 @@ HRESULT Ruvex::Execute(double seconds) {
     geometry.input2 = pictureGeometry(input2.get(), coordMan.get());
     reportToSource();
 
+    try {
+        return renderByFormat(seconds);
+    } catch (const std::bad_alloc&) {
+        // Inside a frame a failure is no status: the picture stays as far as it got.
+        raiseOutOfMemory(&interruption);
+        return S_OK;
+    }
+}
+
+HRESULT Ruvex::renderByFormat(double seconds) {
     GUID format{};
     output->GetFormat(&format);
     const FrameHost host = frameHost();
@@ -54,6 +65,8 @@ FrameHost Ruvex::frameHost() const {
             .input2 = input2.get(),
             .output = output.get(),
             .pixelMask = pixelMask.get(),
+            .maskOffsetX = maskOffsetX,
+            .maskOffsetY = maskOffsetY,
             .coordMan = coordMan.get(),
             .effectHost = effectHost.get(),
             .executeContext = executeContext.get(),

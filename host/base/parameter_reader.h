@@ -7,6 +7,23 @@
 
 namespace ruvex {
 
+/// One real over time, for readers of many moments in a row. Good as long as the parameters of its
+/// object do not change.
+class ParameterCurve {
+public:
+    ParameterCurve(const DSAnimation* animation, double constant)
+        : animation_(animation), constant_(constant) {}
+
+    /// The value at `seconds`, as it stands.
+    double at(double seconds) const {
+        return animation_ ? animation_->valueAt(seconds) : constant_;
+    }
+
+private:
+    const DSAnimation* animation_;
+    double constant_;
+};
+
 /// Reads the parameters of one effect object, which must outlive the reader and must not change
 /// meanwhile. Reals are the animated ones; everything else is the same at any time.
 class ParameterReader {
@@ -17,6 +34,9 @@ public:
     /// The real at `seconds`, as it stands.
     double real(ParameterId id, double seconds) const {
         return container_->GetValueDirect(row(id).identifier, values_->real(id), seconds);
+    }
+    ParameterCurve curve(ParameterId id) const {
+        return {container_->FindAnimation(row(id).identifier), values_->real(id)};
     }
     /// The real at `seconds`, held to the range that the render allows.
     double clampedReal(ParameterId id, double seconds) const {

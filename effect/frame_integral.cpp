@@ -1,0 +1,29 @@
+#include "effect/frame_integral.h"
+
+namespace ruvex {
+
+FrameIntegral::FrameIntegral(const ParameterCurve& curve, double sampleRate, double start)
+    : curve_(curve),
+      step_(1.0 / sampleRate),
+      moment_(static_cast<float>(start)),
+      next_(moment_ + step_) {}
+
+double FrameIntegral::upTo(double end) {
+    while (end >= next_) {
+        const auto reached = static_cast<float>(next_);
+        // So late that a frame is less than the precision of the moment: no step gets any further.
+        if (reached == moment_) break;
+        sum_ += curve_.at(moment_) * step_;
+        moment_ = reached;
+        next_ = moment_ + step_;
+    }
+    const double rest = end - moment_;
+    return rest > 0.0 ? sum_ + curve_.at(end) * rest : sum_;
+}
+
+double integrateParameter(const ParameterCurve& curve, double sampleRate, double start,
+                          double end) {
+    return FrameIntegral(curve, sampleRate, start).upTo(end);
+}
+
+}  // namespace ruvex

@@ -1,0 +1,33 @@
+// Integrals of animated parameters over time, stepped by frames.
+
+#pragma once
+
+#include "host/base/parameter_reader.h"
+
+namespace ruvex {
+
+/// The integral of a curve from `start`, asked for at one end after another. Its steps are one
+/// frame long, each from a moment that is narrowed to single precision, so that they drift a
+/// little; pictures depend on that. The steps are the same for every end, and a row of rising ends
+/// costs one walk.
+class FrameIntegral {
+public:
+    /// `sampleRate` in frames per second, times in seconds.
+    FrameIntegral(const ParameterCurve& curve, double sampleRate, double start);
+
+    /// The integral up to `end`, which must not lie before the end that was asked for last. An end
+    /// before the start gives 0.
+    double upTo(double end);
+
+private:
+    ParameterCurve curve_;
+    double step_;
+    float moment_;
+    double next_;
+    double sum_ = 0.0;
+};
+
+/// The integral of a curve over start..end.
+double integrateParameter(const ParameterCurve& curve, double sampleRate, double start, double end);
+
+}  // namespace ruvex

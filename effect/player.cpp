@@ -1,0 +1,87 @@
+#include "effect/player.h"
+
+#include <cmath>
+
+#include "effect/frame_walk.h"
+#include "effect/percent.h"
+#include "imaging/pixel_convert.h"
+#include "imaging/wrap.h"
+
+namespace ruvex {
+namespace {
+
+constexpr double kNormalSpeed = 100.0;
+// A position this close below a frame counts as the frame.
+constexpr double kRoundingMargin = 0.01;
+
+bool slow(double speed) {
+    return std::fabs(speed) < kNormalSpeed;
+}
+
+// The integral of Play Speed, in seconds of the clip. As long as the tape has run at its normal
+// speed from the start, the moment reached takes the place of the sum with its drift: a tape at
+// normal speed shows the frame of the output, however late.
+double playedSeconds(const ParameterCurve& speed, double sampleRate, double end) {
+    if (!(end > 0.0)) return 0.0;
+    const double step = 1.0 / sampleRate;
+    double sum = 0.0;
+    float moment = 0.0f;
+    double next = step;
+    bool normal = true;
+    while (end >= next) {
+        const auto reached = static_cast<float>(next);
+        if (reached == moment) break;
+        const double value = speed.at(moment);
+        normal = normal && value == kNormalSpeed;
+        sum = normal ? kNormalSpeed * reached : sum + value * step;
+        moment = reached;
+        next = moment + step;
+    }
+    const double rest = end - moment;
+    const double value = rest > 0.0 ? speed.at(end) : kNormalSpeed;
+    if (normal && value == kNormalSpeed) return end;
+    if (rest > 0.0) sum += value * rest;
+    return sum / kNormalSpeed;
+}
+
+}  // namespace
+
+std::int32_t frameAtPosition(float position) {
+    const std::int32_t whole = truncateToInt(position);
+    const bool isWhole = static_cast<float>(whole) == position;
+    const bool between = position > 0.0f && !isWhole;
+    const float ceiling = static_cast<float>(whole) + (between ? 1.0f : 0.0f);
+    if (ceiling - position < kRoundingMargin) return truncateToInt(ceiling);
+    return position < 0.0f && !isWhole ? wrapSubtract(whole, 1) : whole;
+}
+
+std::int32_t repeatedFrame(std::int32_t frame, std::int32_t repeat) {
+    return repeat > 1 ? frame - frame % repeat : frame;
+}
+
+TapePosition tapePosition(const ParameterReader& reader, double sampleRate, double time) {
+    const auto frameRate = static_cast<float>(sampleRate);
+    TapePosition tape;
+    tape.playTime = playedSeconds(reader.curve(ParameterId::PlaySpeed), sampleRate, time);
+    tape.sourcePosition = static_cast<float>(frameRate * tape.playTime);
+    tape.sourceFrame = frameAtPosition(tape.sourcePosition);
+    tape.shownFrame = static_cast<float>(
+        repeatedFrame(tape.sourceFrame, reader.integer(ParameterId::RepeatFrames)));
+    return tape;
+}
+
+PlayState playStateAt(const ParameterReader& reader, const FrameScale& scale, double time) {
+    const ParameterCurve curve = reader.curve(ParameterId::PlaySpeed);
+    double speed = curve.at(time);
+    PlayState play;
+    play.state = slow(speed) ? 1 : speed == kNormalSpeed ? 2 : 0;
+    for (float frame = scale.frameNow; slow(speed) && walksOn(frame);) {
+        ++play.framesAtLowSpeed;
+        frame -= 1.0f;
+        speed = curve.at(frame / scale.frameRate);
+    }
+    play.speedAtStart = fractionOf(speed);
+    return play;
+}
+
+}  // namespace ruvex
