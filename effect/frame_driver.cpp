@@ -1,5 +1,7 @@
 #include "effect/frame_driver.h"
 
+#include <cmath>
+
 #include "effect/frame_region.h"
 #include "effect/image_texture.h"
 #include "effect/signal_fill.h"
@@ -8,7 +10,12 @@
 #include "imaging/copy_samplers.h"
 #include "imaging/frame_generator.h"
 #include "imaging/img_filler.h"
+#include "imaging/lens_warper.h"
+#include "imaging/maths.h"
+#include "imaging/pixel_convert.h"
+#include "imaging/warp_render.h"
 #include "imaging/wrap.h"
+#include "stages/scan_line_adder.h"
 
 namespace ruvex {
 namespace {
@@ -17,7 +24,30 @@ namespace {
 constexpr float kWhiteDotGone = 0.99f;
 constexpr float kNoResolution = 0.01f;
 
+// A weaker fish eye is none.
+constexpr float kLeastFishEye = 0.1f;
+
 constexpr std::uint32_t kChannelMaskCapability = 64;
+
+float inverseRadius(float radius) {
+    constexpr float kNearlyNothing = 2.3509887e-38f;
+    return std::fabs(radius) < kNearlyNothing ? 0.0f : 1.0f / radius;
+}
+
+// The lens in the middle of the work picture.
+VxLensWarper lensOf(const FrameParameters& parameters, const FrameScale& scale, float res) {
+    const double radius = parameters.real(ParameterId::FishEyeRadius);
+    VxLensWarper lens;
+    lens.radiusX = static_cast<float>(scale.scaleX * radius * res);
+    lens.radiusY = static_cast<float>(scale.scaleY * radius * res);
+    lens.inverseRadiusX = inverseRadius(lens.radiusX);
+    lens.inverseRadiusY = inverseRadius(lens.radiusY);
+    lens.centreX = scale.pixelsX * 0.5f * res;
+    lens.centreY = scale.pixelsY * 0.5f * res;
+    lens.exponent =
+        static_cast<float>(maths::exp(parameters.real(ParameterId::FishEyePower) * -kPercent));
+    return lens;
+}
 
 }  // namespace
 
@@ -115,8 +145,10 @@ HRESULT FrameDriver<P>::process() {
     }
     measureSignal();
     if (reduced()) scaleDown();
+    fishEye();
     showSignal();
     if (reduced()) scaleUp();
+    scanLines();
     return S_OK;
 }
 
@@ -187,6 +219,24 @@ void FrameDriver<P>::scaleDown() {
 }
 
 template <class P>
+void FrameDriver<P>::fishEye() {
+    const auto power = static_cast<float>(parameters().real(ParameterId::FishEyePower));
+    if (!parameters().on(ParameterId::FishEye) || !(std::fabs(power) > kLeastFishEye)) return;
+    VxLensWarper lens = lensOf(parameters(), scale_, res_);
+    lensTexture_.cloneLayout(*source_, Contents::Zero);
+    VxWarpRender<P> render;
+    render.warper = &lens;
+    render.filter =
+        parameters().on(ParameterId::Filter) ? WarpFilter::Bilinear : WarpFilter::Nearest;
+    render.scaleX = scale_.aspectMember();
+    render.scaleY = 1.0f / render.scaleX;
+    prepare(render, effect_, workRegion_);
+    Texture* target = &lensTexture_;
+    render.process(target, *source_);
+    source_ = &lensTexture_;
+}
+
+template <class P>
 void FrameDriver<P>::showSignal() {
     SimpleCopySampler<P> copier;
     prepare(copier, effect_, workRegion_);
@@ -196,6 +246,16 @@ void FrameDriver<P>::showSignal() {
 template <class P>
 void FrameDriver<P>::scaleUp() {
     moveScaled(effect_, scaled_.result, outputTexture_, res_, region_);
+}
+
+template <class P>
+void FrameDriver<P>::scanLines() {
+    const auto width = static_cast<float>(parameters().integer(ParameterId::ScanlineWidth));
+    VxScanLineAdder<P> adder;
+    adder.lineWidth = truncateToInt(width * scale_.scaleY);
+    if (adder.lineWidth <= 1) return;
+    prepare(adder, effect_, region_);
+    adder.process(outputTexture_, outputTexture_);
 }
 
 template class FrameDriver<Rgba8>;

@@ -52,8 +52,10 @@ private:
     void blankOutput();
     void measureSignal();
     void scaleDown();
+    void fishEye();
     void showSignal();
     void scaleUp();
+    void scanLines();
 
     bool reduced() const { return res_ != 1.0f; }
     const FrameParameters& parameters() const { return *parameters_; }
@@ -79,6 +81,7 @@ private:
     ComPtr<IDSImage> repeatImage_;  // the input at another time, and a view of it
     Texture repeatTexture_;
     ScaledBuffers<P> scaled_;
+    Texture lensTexture_;
     Texture* source_ = nullptr;  // what the next stage reads
 };
 

@@ -40,4 +40,25 @@ Matrix3 multiply(const Matrix3& a, const Matrix3& b) {
     return result;
 }
 
+Matrix3 inverse(const Matrix3& m) {
+    // The determinant of what is left without a row and a column, with its sign: indices that wrap
+    // around give the sign by themselves.
+    const auto cofactor = [&](int row, int column) {
+        const auto at = [&](int r, int c) {
+            return static_cast<double>(m[(row + r) % 3 * 3 + (column + c) % 3]);
+        };
+        return at(1, 1) * at(2, 2) - at(1, 2) * at(2, 1);
+    };
+    const double determinant =
+        m[0] * cofactor(0, 0) + m[1] * cofactor(0, 1) + m[2] * cofactor(0, 2);
+    Matrix3 result{};
+    if (determinant == 0.0) return result;
+    for (int row = 0; row < 3; ++row) {
+        for (int column = 0; column < 3; ++column) {
+            result[row * 3 + column] = static_cast<float>(cofactor(column, row) / determinant);
+        }
+    }
+    return result;
+}
+
 }  // namespace ruvex

@@ -17,6 +17,8 @@ void scale(Matrix3& m, float sx, float sy);
 /// `angle` in radians.
 void rotate(Matrix3& m, float angle);
 Matrix3 multiply(const Matrix3& a, const Matrix3& b);
+/// Worked out in double. A matrix without an inverse gives zeroes.
+Matrix3 inverse(const Matrix3& m);
 
 /// A position carried through a matrix; sw divides sx and sy under perspective.
 struct Homogeneous {
