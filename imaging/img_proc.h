@@ -118,7 +118,7 @@ void VxImgProc2<Source, Target>::process(Source* from, Target* onto) {
     if (!onto->usable()) return reportUnusableMap();
     target = onto;
     source = from;
-    VxImgProc::process(static_cast<VxTexIndexer*>(onto));
+    process(static_cast<VxTexIndexer*>(onto));
     target = nullptr;
     source = nullptr;
 }
