@@ -176,22 +176,24 @@ std::unique_ptr<typename Kernel::Column[]> columnTable(const VxDualMoveSampler<P
     return columns;
 }
 
+// False, and nothing is done, when there is no memory for the columns.
 template <class Kernel, class P, class Store>
-void moveAlignedRows(VxDualMoveSampler<P>& sampler, VxTexture<P>& source, VxTexture<P>& target,
+bool moveAlignedRows(VxDualMoveSampler<P>& sampler, VxTexture<P>& source, VxTexture<P>& target,
                      Store store) {
     const RowLoop loop = sampler.rowLoop();
-    if (loop.first >= loop.end || loop.x0 >= loop.x1) return;
+    if (loop.first >= loop.end || loop.x0 >= loop.x1) return true;
     const auto columns = columnTable<Kernel>(sampler, source, loop);
-    if (!columns) return raiseOutOfMemory(sampler.interrupt);
+    if (!columns) return false;
     const std::int32_t width = loop.x1 - loop.x0;
     for (std::int32_t y = loop.first; y < loop.end; y += loop.step) {
-        if (interruptCheck(sampler.interrupt)) return;
+        if (interruptCheck(sampler.interrupt)) return true;
         const auto row = Kernel::row(source, rowStart(sampler.matrix, loop.x0, y).sy);
         P* to = target.writeAt(loop.x0, y);
         for (std::int32_t i = 0; i < width; ++i) {
             store(to[i], Kernel::read(source, columns[static_cast<std::size_t>(i)], row));
         }
     }
+    return true;
 }
 
 // Calls pixel(to, x, y, position) along every row of the worker's share.
@@ -212,7 +214,7 @@ void walkRows(VxDualMoveSampler<P>& sampler, VxTexture<P>& target, Pixel pixel) 
 template <class Kernel, class P, class Store>
 void moveRows(VxDualMoveSampler<P>& sampler, VxTexture<P>& source, VxTexture<P>& target,
               Store store) {
-    if (axisAligned(sampler)) return moveAlignedRows<Kernel>(sampler, source, target, store);
+    if (axisAligned(sampler) && moveAlignedRows<Kernel>(sampler, source, target, store)) return;
     const bool perspective = sampler.perspective;
     walkRows(sampler, target, [&](P& to, std::int32_t, std::int32_t, const Homogeneous& position) {
         const float sx = perspective ? position.sx / position.sw : position.sx;
