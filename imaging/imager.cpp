@@ -13,10 +13,6 @@ std::int32_t hold(std::int32_t value, std::int32_t low, std::int32_t high) {
     return std::max(low, std::min(value, high));
 }
 
-std::int32_t lastOf(const TexAxis& axis) {
-    return axis.offset + axis.size - 1;
-}
-
 }  // namespace
 
 void Imager::setWindow(std::int32_t left, std::int32_t top, std::int32_t right,
@@ -49,22 +45,21 @@ void Imager::begin(VxTexIndexer& onto) {
     mapWidth = onto.x.size;
     mapHeight = onto.y.size;
     resolveWindow();
-    applyPendingClip();
 }
 
 void Imager::resolveWindow() {
     const TexAxis& x = map->x;
     const TexAxis& y = map->y;
     if (windowed) {
-        x0 = hold(x0, x.offset, lastOf(x));
-        y0 = hold(y0, y.offset, lastOf(y));
-        x1 = hold(wrapSubtract(x1, 1), x.offset, lastOf(x)) + 1;
-        y1 = hold(wrapSubtract(y1, 1), y.offset, lastOf(y)) + 1;
+        x0 = hold(x0, x.offset, x.lastCoordinate());
+        y0 = hold(y0, y.offset, y.lastCoordinate());
+        x1 = wrapAdd(hold(wrapSubtract(x1, 1), x.offset, x.lastCoordinate()), 1);
+        y1 = wrapAdd(hold(wrapSubtract(y1, 1), y.offset, y.lastCoordinate()), 1);
     } else {
         x0 = x.offset;
         y0 = y.offset;
-        x1 = lastOf(x) + 1;
-        y1 = lastOf(y) + 1;
+        x1 = wrapAdd(x.lastCoordinate(), 1);
+        y1 = wrapAdd(y.lastCoordinate(), 1);
     }
     // The address of a row is taken from the Map's offset: only a window that is all of a Map at
     // offset 0 needs none.
@@ -74,7 +69,7 @@ void Imager::resolveWindow() {
 void Imager::applyPendingClip() {
     if (!clipPending || !windowed) return;
     const auto clip = [](std::int32_t value, const TexAxis& axis) {
-        return hold(value, axis.offset, axis.offset + axis.size);
+        return hold(value, axis.offset, wrapAdd(axis.lastCoordinate(), 1));
     };
     x0 = clip(x0, map->x);
     x1 = clip(x1, map->x);

@@ -106,6 +106,8 @@ void Imager::runOn(VxTexIndexer& onto, Self& self, Textures*... textures) {
     for (pass = 0; pass < passes; ++pass) {
         if (interruptCheck(interrupt)) break;
         if constexpr (requires { self.startPass(textures...); }) self.startPass(textures...);
+        // Here and not by each worker: a window set by `start` or `startPass` is clipped once.
+        applyPendingClip();
         if (singleThread) {
             self.work(textures...);
         } else {

@@ -72,7 +72,9 @@ void VxImgProc::copyWindow(const VxImgProc& other) {
 
 Span VxImgProc::rowRange() const {
     if (!inThreadedPass_ || !useThreads) return {y0, y1};
-    const RowShare share = shareOfRows(wrapSubtract(y1, y0), workerCount(), workerIndex());
+    // The ends may lie anywhere, in any order: a stage may narrow the window beyond its other end.
+    const std::int32_t rows = saturate(std::int64_t{y1} - y0);
+    const RowShare share = shareOfRows(rows, workerCount(), workerIndex());
     return {y0 + share.first, y0 + share.end};
 }
 
@@ -95,14 +97,14 @@ void VxImgProc::clipWindow(std::int32_t xMin, std::int32_t yMin, std::int32_t xM
         return std::max(low, std::min(v, high));
     };
     x0 = hold(x0, xMin, xMax);
-    x1 = hold(wrapSubtract(x1, 1), xMin, xMax) + 1;
+    x1 = wrapAdd(hold(wrapSubtract(x1, 1), xMin, xMax), 1);
     y0 = hold(y0, yMin, yMax);
-    y1 = hold(wrapSubtract(y1, 1), yMin, yMax) + 1;
+    y1 = wrapAdd(hold(wrapSubtract(y1, 1), yMin, yMax), 1);
 }
 
 void VxImgProc::clipToTexture(const VxTexIndexer& texture) {
-    clipWindow(texture.x.offset, texture.y.offset, texture.x.offset + texture.x.size - 1,
-               texture.y.offset + texture.y.size - 1);
+    clipWindow(texture.x.offset, texture.y.offset, texture.x.lastCoordinate(),
+               texture.y.lastCoordinate());
 }
 
 void reportUnusableMap() {

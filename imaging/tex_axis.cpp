@@ -57,6 +57,10 @@ void TexAxis::setOrigin(float value) {
     origin = floorToInt(value + 0.5f);
 }
 
+std::int32_t TexAxis::lastCoordinate() const {
+    return saturate(std::int64_t{offset} + size - 1);
+}
+
 std::int32_t TexAxis::mapOutside(std::int32_t index) const {
     if (count < 1) return kNoPixel;
     switch (edgeMethod) {

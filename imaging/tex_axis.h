@@ -52,6 +52,10 @@ struct TexAxis {
     void setOrigin(std::int32_t value);
     void setOrigin(float value);
 
+    /// The coordinate of the last buffer pixel for writing, held to 32 bits. One below `offset` on
+    /// an axis of size 0.
+    std::int32_t lastCoordinate() const;
+
     /// The buffer index to read for `index`, or kNoPixel.
     std::int32_t mapIndex(std::int32_t index) const {
         return index >= lo && index <= hi ? index : mapOutside(index);
