@@ -51,7 +51,7 @@ private:
 /// How many cases of a property to run: the sanitizers are slow.
 constexpr int cases(int plain) {
 #ifdef RUVEX_SANITIZED
-    return plain / 8 + 1;
+    return plain / 4 + 1;
 #else
     return plain;
 #endif
