@@ -38,7 +38,8 @@ protected:
 
 /// Throws MediaError, without leaving anything behind, if the ending names no kind that can be
 /// written. Video: .mp4, .m4v, .mov (H.264), .mkv (FFV1, exact, with alpha). Stills: .png, .rgba8,
-/// .s214, numbered by a pattern or a single one. Raw files take frames of their own depth alone.
+/// .s214, numbered by a pattern or a single one. A raw file's depth is its ending's, whatever
+/// the frames'.
 std::unique_ptr<FrameWriter> openWriter(const std::filesystem::path& path,
                                         const WriteOptions& options);
 

@@ -1,0 +1,32 @@
+#include "cli/interruption.h"
+
+#include <atomic>
+#include <csignal>
+
+namespace ruvex::cli {
+namespace {
+
+std::atomic<bool> stopped = false;
+static_assert(std::atomic<bool>::is_always_lock_free, "the only kind a signal may touch");
+
+extern "C" void rememberStop(int signal) {
+    stopped = true;
+    // Some systems give the signal its default meaning back with the first one.
+    std::signal(signal, rememberStop);
+}
+
+}  // namespace
+
+void catchStopSignals() {
+    std::signal(SIGINT, rememberStop);
+    std::signal(SIGTERM, rememberStop);
+#ifdef SIGHUP
+    std::signal(SIGHUP, rememberStop);
+#endif
+}
+
+bool stopWished() {
+    return stopped;
+}
+
+}  // namespace ruvex::cli

@@ -1,0 +1,16 @@
+// Ctrl-C and its like, as a wish that the render asks for.
+
+#pragma once
+
+namespace ruvex::cli {
+
+/// From now on SIGINT, SIGTERM and SIGHUP do not end the program; they are remembered.
+void catchStopSignals();
+
+/// Whether one has come. Any thread; cheap enough to ask once a row.
+bool stopWished();
+
+/// The exit status of a program that was stopped.
+inline constexpr int kStoppedStatus = 130;
+
+}  // namespace ruvex::cli

@@ -1,0 +1,100 @@
+#include "cli/option_text.h"
+
+#include <charconv>
+#include <limits>
+#include <optional>
+#include <vector>
+
+#include "cli/usage_error.h"
+
+namespace ruvex::cli {
+namespace {
+
+constexpr int kMostInt = std::numeric_limits<int>::max();
+
+[[noreturn]] void refuse(const std::string& option, std::string_view text,
+                         const std::string& wanted) {
+    throw UsageError(option + ": '" + std::string(text) + "' is not " + wanted + ".");
+}
+
+/// A plain whole number from 0 up, nothing around it.
+template <typename T>
+std::optional<T> number(std::string_view text) {
+    T value{};
+    const char* end = text.data() + text.size();
+    const auto [stop, error] = std::from_chars(text.data(), end, value);
+    if (error != std::errc() || stop != end || value < 0) {
+        return std::nullopt;
+    }
+    return value;
+}
+
+std::vector<std::string_view> split(std::string_view text, char mark) {
+    std::vector<std::string_view> parts;
+    for (auto at = text.find(mark); at != std::string_view::npos; at = text.find(mark)) {
+        parts.push_back(text.substr(0, at));
+        text.remove_prefix(at + 1);
+    }
+    parts.push_back(text);
+    return parts;
+}
+
+}  // namespace
+
+media::FrameSize parseSize(const std::string& option, std::string_view text) {
+    const auto parts = split(text, 'x');
+    const auto width = number<int>(parts.front());
+    const auto height = number<int>(parts.back());
+    if (parts.size() != 2 || !width || !height || *width < 1 || *height < 1) {
+        refuse(option, text, "a size; write width and height from 1 up, as in 720x576");
+    }
+    return {*width, *height};
+}
+
+FrameRange parseFrames(const std::string& option, std::string_view text) {
+    const auto parts = split(text, '-');
+    const auto first = number<std::int64_t>(parts.front());
+    const auto last = number<std::int64_t>(parts.back());
+    if (parts.size() > 2 || !first || !last || *first > *last) {
+        refuse(option, text, "a range of frames; write first and last, as in 0-99");
+    }
+    if (*last >= kFrameNumberEnd) {
+        refuse(option, text,
+               "possible: frame numbers stay below " + std::to_string(kFrameNumberEnd));
+    }
+    return {*first, *last};
+}
+
+Region parseRegion(const std::string& option, std::string_view text) {
+    std::vector<int> values;
+    for (const auto part : split(text, ',')) {
+        values.push_back(number<int>(part).value_or(-1));
+    }
+    const bool good =
+        values.size() == 4 && values[0] >= 0 && values[1] >= 0 && values[2] >= 1 && values[3] >= 1;
+    if (!good) {
+        refuse(option, text, "a region; write X,Y,W,H in pixels, as in 0,0,360,288");
+    }
+    return {values[0], values[1], values[2], values[3]};
+}
+
+media::Rational parseFraction(const std::string& option, std::string_view text) {
+    const auto value = media::parsePositiveRational(text);
+    if (!value) {
+        refuse(option, text, "a number above 0; write 25, 29.97 or 30000/1001");
+    }
+    return *value;
+}
+
+int parseWhole(const std::string& option, std::string_view text, int low, int high) {
+    const auto value = number<int>(text);
+    if (!value || *value < low || *value > high) {
+        refuse(option, text,
+               high == kMostInt
+                   ? "a whole number from " + std::to_string(low) + " up"
+                   : "a whole number from " + std::to_string(low) + " to " + std::to_string(high));
+    }
+    return *value;
+}
+
+}  // namespace ruvex::cli

@@ -1,0 +1,116 @@
+#include "cli/parameter_option.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <optional>
+#include <sstream>
+
+#include "cli/usage_error.h"
+#include "parameters/parameter_text.h"
+
+namespace ruvex::cli {
+namespace {
+
+struct NameAndRest {
+    const ParameterRow* row;
+    std::string rest;
+};
+
+std::string quoted(std::string_view text) {
+    std::string result = "'";
+    result.append(text).append("'");
+    return result;
+}
+
+const ParameterRow& findOrSuggest(const std::string& option, std::string_view name) {
+    if (const ParameterRow* row = findParameter(name)) {
+        return *row;
+    }
+    throw UsageError(option + ": there is no parameter " + quoted(name) + ". Did you mean " +
+                     quoted(nearestParameter(name).label) + "? 'ruvex params' lists them all.");
+}
+
+NameAndRest splitName(const std::string& option, const std::string& text, const char* form) {
+    const auto equals = text.find('=');
+    if (equals == std::string::npos || equals == 0) {
+        throw UsageError(option + ": " + quoted(text) + " lacks a name or a value. Write " + form +
+                         ".");
+    }
+    return {&findOrSuggest(option, text.substr(0, equals)), text.substr(equals + 1)};
+}
+
+double parseUsable(const std::string& option, const ParameterRow& row, std::string_view text,
+                   std::vector<std::string>& warnings) {
+    const ParsedValue parsed = parseValue(row, text);
+    if (!parsed.usable()) {
+        throw UsageError(option + ": " + parsed.message);
+    }
+    if (parsed.severity == ParsedValue::Severity::Warning) {
+        warnings.push_back(option + ": " + parsed.message);
+    }
+    return parsed.value;
+}
+
+std::optional<double> parseSeconds(std::string_view text) {
+    double value = 0.0;
+    const char* end = text.data() + text.size();
+    const auto [stop, error] = std::from_chars(text.data(), end, value);
+    if (text.empty() || error != std::errc() || stop != end || !std::isfinite(value)) {
+        return std::nullopt;
+    }
+    return value;
+}
+
+Key parseKey(const ParameterRow& row, const std::string& text, std::vector<std::string>& warnings) {
+    const auto colon = text.find(':');
+    const auto seconds = parseSeconds(std::string_view(text).substr(0, colon));
+    if (colon == std::string::npos || !seconds) {
+        throw UsageError("--key: " + quoted(text) +
+                         " is not a key. Write seconds and value, as in 1.5:80.");
+    }
+    return {*seconds, parseUsable("--key", row, text.substr(colon + 1), warnings)};
+}
+
+void requireDistinctTimes(const Animation& animation) {
+    const auto same = [](const Key& a, const Key& b) { return a.seconds == b.seconds; };
+    const auto& keys = animation.keys;
+    const auto found = std::adjacent_find(keys.begin(), keys.end(), same);
+    if (found != keys.end()) {
+        throw UsageError("--key: " + quoted(animation.row->label) + " has two keys at " +
+                         formatNumber(found->seconds) + " s.");
+    }
+}
+
+}  // namespace
+
+Setting parseSetting(const std::string& text, std::vector<std::string>& warnings) {
+    const auto [row, rest] = splitName("--set", text, "NAME=VALUE, as in \"Resolution=50\"");
+    if (!row->rendered) {
+        warnings.push_back("--set: " + quoted(row->label) + " does not change the picture.");
+    }
+    return {row, parseUsable("--set", *row, rest, warnings)};
+}
+
+Animation parseAnimation(const std::string& text, std::vector<std::string>& warnings) {
+    const auto [row, rest] =
+        splitName("--key", text, "NAME=T:V T:V ..., as in \"Resolution=0:100 2:30\"");
+    if (!isReal(row->kind)) {
+        throw UsageError("--key: " + quoted(row->label) +
+                         " cannot be animated; only real parameters can. Use --set.");
+    }
+    Animation animation{row, {}};
+    std::istringstream words(rest);
+    for (std::string word; words >> word;) {
+        animation.keys.push_back(parseKey(*row, word, warnings));
+    }
+    if (animation.keys.empty()) {
+        throw UsageError("--key: " + quoted(row->label) + " has no keys. Write T:V, as in 0:100.");
+    }
+    std::sort(animation.keys.begin(), animation.keys.end(),
+              [](const Key& a, const Key& b) { return a.seconds < b.seconds; });
+    requireDistinctTimes(animation);
+    return animation;
+}
+
+}  // namespace ruvex::cli

@@ -1,0 +1,35 @@
+// What a render is to do, before any file is looked at.
+
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "cli/option_text.h"
+#include "cli/parameter_option.h"
+#include "cli/render_options.h"
+
+namespace ruvex::cli {
+
+struct RenderJob {
+    std::filesystem::path input;
+    std::filesystem::path output;
+    std::optional<media::FrameSize> size;
+    std::optional<media::Rational> rate;
+    std::vector<Setting> settings;
+    std::vector<Animation> animations;
+    std::optional<FrameRange> frames;
+    std::optional<media::Depth> depth;
+    std::optional<int> workers;
+    std::optional<media::FrameSize> projectSize;
+    double pixelAspect = 1.0;
+    std::optional<Region> region;
+    std::vector<std::string> warnings;  ///< For the person; the render goes on.
+};
+
+/// Throws UsageError for everything that is wrong with the options by themselves.
+RenderJob makeRenderJob(const RenderOptions& options);
+
+}  // namespace ruvex::cli

@@ -1,0 +1,25 @@
+// A render after a look at its input: nothing is left to choose.
+
+#pragma once
+
+#include "cli/render_job.h"
+#include "media/clip_info.h"
+#include "media/frame_writer.h"
+#include "runtime/project.h"
+
+namespace ruvex::cli {
+
+struct RenderPlan {
+    media::FrameSize size;
+    media::Depth depth = media::Depth::Bits8;
+    media::Rational rate{25, 1};
+    FrameRange frames;
+    runtime::Project project;
+    media::WriteOptions output;
+};
+
+/// Throws UsageError for what the job asks of this clip in vain: frames or a region outside it,
+/// several frames into one file. May add to the job's warnings.
+RenderPlan makeRenderPlan(RenderJob& job, const media::ClipInfo& clip);
+
+}  // namespace ruvex::cli
