@@ -1,0 +1,79 @@
+#include <chrono>
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <thread>
+
+#include "media/raw_frame.h"
+#include "tests/cli/run_command.h"
+#include "tests/media/temp_folder.h"
+#include "tests/media/test_clips.h"
+
+namespace ruvex::cli {
+namespace {
+
+using namespace std::chrono_literals;
+
+/// Until the result's temporary file is there: then the signals are caught and frames are rendered.
+bool waitForStart(const media::TempFolder& folder, std::size_t files) {
+    for (int i = 0; i < 1000; ++i) {
+        if (folder.names().size() > files) {
+            return true;
+        }
+        std::this_thread::sleep_for(10ms);
+    }
+    return false;
+}
+
+class StopSignal : public testing::TestWithParam<int> {};
+
+TEST_P(StopSignal, EndsARenderAndLeavesNothing) {
+    media::TempFolder folder;
+    const media::FrameSize size{720, 576};
+    const auto frame = media::noiseFrame(size, media::Depth::Bits8, 1);
+    media::writeRawFrame(folder.file("in.0.rgba8"), frame);
+    // A long clip of one picture under many names.
+    for (int k = 1; k < 400; ++k) {
+        std::filesystem::create_hard_link(folder.file("in.0.rgba8"),
+                                          folder.file("in." + std::to_string(k) + ".rgba8"));
+    }
+    RunningCommand command({"render", folder.file("in.%d.rgba8"), "-o", folder.file("out.mkv"),
+                            "--size", "720x576", "--set", "Resolution=50"});
+    ASSERT_TRUE(waitForStart(folder, 400));
+    const auto sent = std::chrono::steady_clock::now();
+    command.send(GetParam());
+    const Outcome outcome = command.wait();
+    EXPECT_LT(std::chrono::steady_clock::now() - sent, 5s);
+    EXPECT_EQ(outcome.status, 130) << outcome.err;
+    EXPECT_NE(outcome.err.find("stopped"), std::string::npos) << outcome.err;
+    EXPECT_EQ(folder.names().size(), 400u);
+}
+
+// A single frame that takes far longer than the stop: only a stop inside it can be this quick.
+TEST_P(StopSignal, EndsWithinAFrame) {
+    media::TempFolder folder;
+    const media::FrameSize size{8192, 8192};
+    media::writeRawFrame(folder.file("in.rgba8"), media::Frame(size, media::Depth::Bits8));
+    const auto run = [&](bool stop) {
+        const auto start = std::chrono::steady_clock::now();
+        RunningCommand command({"render", folder.file("in.rgba8"), "-o", folder.file("out.mkv"),
+                                "--size", "8192x8192", "--set", "Resolution=99", "--workers", "1"});
+        EXPECT_TRUE(waitForStart(folder, 1));
+        if (stop) {
+            command.send(GetParam());
+        }
+        const Outcome outcome = command.wait();
+        EXPECT_EQ(outcome.status, stop ? 130 : 0) << outcome.err;
+        std::filesystem::remove(folder.file("out.mkv"));
+        return std::chrono::steady_clock::now() - start;
+    };
+    const auto stopped = run(true);
+    const auto whole = run(false);
+    EXPECT_LT(stopped, whole);
+    EXPECT_EQ(folder.names(), std::vector<std::string>{"in.rgba8"});
+}
+
+INSTANTIATE_TEST_SUITE_P(Signals, StopSignal, testing::Values(SIGINT, SIGTERM));
+
+}  // namespace
+}  // namespace ruvex::cli
