@@ -1,7 +1,9 @@
 #include "effect/ruvex.h"
 
+#include <cmath>
 #include <new>
 
+#include "effect/frame_values.h"
 #include "effect/property_map.h"
 #include "imaging/threads.h"
 #include "sdk/content.h"
@@ -106,6 +108,17 @@ HRESULT Ruvex::Clone(const GUID& id, void** out) {
 std::int32_t Ruvex::setWorkerCount(std::int32_t count) {
     if (count < 0 || count > kMaxWorkers) return E_INVALIDARG;
     ruvex::setWorkerCount(count);
+    return S_OK;
+}
+
+std::int32_t Ruvex::frameValues(double seconds, double framesPerSecond, FrameValues* values) const {
+    if (!values) return E_POINTER;
+    if (!(framesPerSecond > 0.0) || !std::isfinite(framesPerSecond)) return E_INVALIDARG;
+    try {
+        *values = valuesOfFrame(reader(), seconds, framesPerSecond);
+    } catch (const std::bad_alloc&) {
+        return E_OUTOFMEMORY;
+    }
     return S_OK;
 }
 

@@ -38,6 +38,8 @@ public:
 
     std::int32_t setWorkerCount(std::int32_t count) override;
     std::int32_t workerCount() const override;
+    std::int32_t frameValues(double seconds, double framesPerSecond,
+                             FrameValues* values) const override;
 
 protected:
     const CDSPropertiesMap* GetPropertyMap() override;

@@ -9,6 +9,30 @@
 
 namespace ruvex {
 
+/// What the effect works out for a frame before it touches a pixel. Amounts are what a stage does
+/// at the frame's level: 0 up to the stage's threshold, its maximum at a level of 1.
+struct FrameValues {
+    double seconds;       ///< time of the frame
+    double playTime;      ///< seconds of the clip played up to it
+    std::int32_t frame;   ///< number of the frame in the output
+    std::int32_t source;  ///< number of the frame in the clip
+    std::int32_t shown;   ///< the same, with frames repeated
+    float level;          ///< how poor the signal is, 0 to 1
+
+    double colourDegrade;   ///< fraction
+    double ghostDistance;   ///< pixels of the project frame
+    double edgeDistortion;  ///< pixels of the project frame
+    double snow;            ///< fraction; may be negative
+    double shash;           ///< fraction
+    double lineSpeed;       ///< pixels of the project frame a second
+    double verticalOffset;  ///< pixels of the project frame
+    double rollSpeed;       ///< pixels of the project frame a second
+
+    double lineTravel;           ///< how far the creeping lines have crept, pixels of the project
+    std::int32_t verticalSum;    ///< how far the picture hangs and has rolled, the same
+    std::int32_t shashFramesOn;  ///< for how many frames there has been shash
+};
+
 /// Asked for like any interface of the effect, with `kRuvexControlId`. The query takes a reference
 /// to the effect, which is released through one of the effect's own interfaces; the pointer is good
 /// as long as the effect lives.
@@ -19,6 +43,11 @@ struct IRuvexControl {
     /// 0x8000FFFF when it is too late.
     virtual std::int32_t setWorkerCount(std::int32_t count) = 0;
     virtual std::int32_t workerCount() const = 0;
+
+    /// The values behind the frame at `seconds`, at a rate in frames per second. 0, or 0x80004003
+    /// for a null pointer, 0x80070057 for a rate that is not above 0 and finite, 0x8007000E.
+    virtual std::int32_t frameValues(double seconds, double framesPerSecond,
+                                     FrameValues* values) const = 0;
 
 protected:
     ~IRuvexControl() = default;

@@ -38,6 +38,9 @@ public:
 
     std::int32_t setWorkerCount(std::int32_t count) override;
     std::int32_t workerCount() const override { return workers_; }
+    std::int32_t frameValues(double, double, ruvex::FrameValues*) const override {
+        return E_NOTIMPL;
+    }
 
     using CDSPlugInEffect::AddPropertyPage;
     using CDSPlugInEffect::RemovePropertyPage;
