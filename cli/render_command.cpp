@@ -7,6 +7,7 @@
 #include "cli/interruption.h"
 #include "cli/progress.h"
 #include "cli/render_plan.h"
+#include "cli/ruvex_control.h"
 #include "cli/usage_error.h"
 #include "media/frame_reader.h"
 #include "runtime/effect_session.h"
@@ -47,10 +48,9 @@ void setWorkers(runtime::EffectSession& session, const RenderJob& job) {
     if (!job.workers) {
         return;
     }
-    try {
-        session.setWorkers(*job.workers);
-    } catch (const runtime::Error& error) {
-        throw UsageError("--workers: " + std::string(error.what()) + ". Use fewer.");
+    if (ruvexControl(session).setWorkerCount(*job.workers) != 0) {
+        throw UsageError("--workers: the effect does not take " + std::to_string(*job.workers) +
+                         " workers. Use fewer.");
     }
 }
 

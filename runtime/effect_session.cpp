@@ -3,7 +3,6 @@
 #include <cmath>
 #include <utility>
 
-#include "parameters/ruvex_interface.h"
 #include "runtime/coordinate_manager.h"
 #include "runtime/error.h"
 
@@ -93,16 +92,6 @@ struct EffectSession::State {
         throw Error("the effect has no parameter " + toText(id));
     }
 
-    /// The interface of our own. The query's reference is given back at once: the effect outlives
-    /// the use of the pointer.
-    IRuvexControl& control() const {
-        void* found = nullptr;
-        require(effect->QueryInterface(kRuvexControlId, &found),
-                "the effect does not let its workers be counted");
-        effect->Release();
-        return *static_cast<IRuvexControl*>(found);
-    }
-
     ComPtr<IDSImage> inputFor(const RenderRequest& request) const {
         if (request.input || !setup.provider) return request.input;
         return setup.provider->imageAt(request.seconds);
@@ -187,13 +176,13 @@ const CDSParamDef* EffectSession::definition(const GUID& id) const {
     return state_->find(id);
 }
 
-void EffectSession::setWorkers(int count) {
-    require(state_->control().setWorkerCount(count),
-            "the effect does not take " + std::to_string(count) + " workers");
-}
-
-int EffectSession::workers() const {
-    return state_->control().workerCount();
+void* EffectSession::ownInterface(const GUID& id) const {
+    void* found = nullptr;
+    require(state_->effect->QueryInterface(id, &found),
+            "the effect has no interface " + toText(id));
+    // The effect outlives the use of the pointer.
+    state_->effect->Release();
+    return found;
 }
 
 void EffectSession::render(const RenderRequest& request) {

@@ -79,10 +79,9 @@ public:
     /// The definition of a property; null for an unknown identifier.
     const CDSParamDef* definition(const GUID& id) const;
 
-    /// Workers in the whole module, see IRuvexControl. Throws Error when the effect has no such
-    /// interface.
-    void setWorkers(int count);
-    int workers() const;
+    /// An interface that is the effect's own and not the host's: a pointer to it, good as long as
+    /// this session and without a reference of its own. Throws Error when the effect has none.
+    void* ownInterface(const GUID& id) const;
 
     /// Renders one frame: hands everything in, asks Verify, then Execute.
     void render(const RenderRequest& request);

@@ -66,7 +66,7 @@ const std::vector<Layer>& layers() {
         {"pages", {"effect", "overlay", "host/base", "stages", "imaging", "sdk", "parameters"}},
         {"host/module",
          {"pages", "effect", "overlay", "host/base", "stages", "imaging", "sdk", "parameters"}},
-        {"runtime", {"sdk", "parameters/ruvex_interface.h"}},
+        {"runtime", {"sdk"}},
         {"media", {}},
         {"cli", {"runtime", "media", "parameters"}},
         {"desk", {"runtime", "media", "parameters"}},

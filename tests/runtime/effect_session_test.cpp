@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 #include <limits>
 
+#include "parameters/ruvex_interface.h"
 #include "runtime/error.h"
 #include "tests/runtime/copy_module.h"
 #include "tests/support/copy_effect.h"
@@ -161,11 +162,13 @@ TEST(EffectSession, AnInterruptionStopsTheFrameAndIsReported) {
     EXPECT_EQ(countOf(*output, 7), kAllBytes);
 }
 
-TEST(EffectSession, SetsWorkers) {
+TEST(EffectSession, HandsOutAnInterfaceOfTheEffectsOwn) {
     EffectSession session(copySetup());
-    session.setWorkers(3);
-    EXPECT_EQ(session.workers(), 3);
-    EXPECT_THROW(session.setWorkers(-1), StatusError);
+    auto* control = static_cast<IRuvexControl*>(session.ownInterface(kRuvexControlId));
+    EXPECT_EQ(control->setWorkerCount(3), S_OK);
+    EXPECT_EQ(control->workerCount(), 3);
+    EXPECT_THROW(session.ownInterface(guidFromText("77A1C001-0000-4000-8000-0000000000FF")),
+                 StatusError);
 }
 
 TEST(EffectSession, EndsWithNothingOfTheModuleInUse) {
