@@ -129,6 +129,35 @@ TEST_F(RawClip, ASettingHoldsAtAllTimes) {
     }
 }
 
+// At double speed frame 1 shows frame 2, which the effect asks the command for.
+TEST_F(RawClip, TheEffectIsServedFramesOfOtherTimes) {
+    Arguments more = kNeutral;
+    more.insert(more.end(), {"--set", "Play Speed=200"});
+    render(more);
+    EXPECT_EQ(result(1), input(2));
+    EXPECT_EQ(result(2), input(4));
+    // Beyond the clip the request is refused, and the frame stays blank.
+    EXPECT_EQ(result(3), Frame(kSize, Depth::Bits8));
+}
+
+TEST_F(RawClip, OneFrameAloneMayFetchOthers) {
+    Arguments more = kNeutral;
+    more.insert(more.end(), {"--set", "Play Speed=200", "--frames", "2-2"});
+    render(more);
+    EXPECT_EQ(result(2), input(4));
+    EXPECT_FALSE(made(4));
+}
+
+TEST_F(RawClip, AFrameThatCannotBeFetchedFailsTheJob) {
+    std::filesystem::resize_file(folder.file("in.2.rgba8"), 5);
+    const Outcome outcome =
+        ruvex({"render", folder.file("in.%d.rgba8"), "-o", folder.file("out.%d.rgba8"), "--size",
+               "8x6", "--set", "Play Speed=200", "--frames", "1-1"});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_NE(outcome.err.find("in.2.rgba8"), std::string::npos) << outcome.err;
+    EXPECT_FALSE(made(1));
+}
+
 TEST_F(RawClip, OutsideTheRegionTheOutputKeepsZeroes) {
     Arguments more = kNeutral;
     more.insert(more.end(), {"--region", "2,1,3,4", "--frames", "0-0"});
