@@ -24,6 +24,9 @@ Matrix3 randomMatrix(Random& random) {
     scale(m, randomScale(random), randomScale(random));
     if (kind >= 4) translate(m, random.real(-12.0f, 12.0f), random.real(-12.0f, 12.0f));
     if (kind >= 6) rotate(m, random.real(-4.0f, 4.0f));
+    // A shear along one axis alone.
+    if (kind == 7) m[1] = 0.0f;
+    if (kind == 8) m[3] = 0.0f;
     return m;
 }
 
