@@ -57,11 +57,11 @@ void VxTexture<P, C>::allocate(Contents contents) {
 
 template <class P, class C>
 void VxTexture<P, C>::allocateRegion(std::int32_t x0, std::int32_t y0, std::int32_t x1,
-                                     std::int32_t y1) {
+                                     std::int32_t y1, Contents contents) {
     clear();
     x.setSize(saturate(std::int64_t{x1} - x0 + 1));
     y.setSize(saturate(std::int64_t{y1} - y0 + 1));
-    allocate();
+    allocate(contents);
     setOrigin(static_cast<float>(x0), static_cast<float>(y0));
     x.offset = x0;
     y.offset = y0;

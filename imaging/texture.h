@@ -49,7 +49,8 @@ public:
 
     /// Allocates a buffer for the window of image space between two inclusive corners, to be
     /// addressed with image-space coordinates.
-    void allocateRegion(std::int32_t x0, std::int32_t y0, std::int32_t x1, std::int32_t y1);
+    void allocateRegion(std::int32_t x0, std::int32_t y0, std::int32_t x1, std::int32_t y1,
+                        Contents contents = Contents::Undefined);
 
     /// Borrows `width` by `height` pixels at `pointer`, which must outlive the view.
     void wrap(std::int32_t width, std::int32_t height, void* pointer);

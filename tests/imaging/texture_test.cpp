@@ -106,6 +106,16 @@ TEST(TextureAllocateRegion, IsAddressedInImageSpace) {
     EXPECT_EQ(texture.writeAt(4, 12), texture.bufferRow(2) + 7);
 }
 
+TEST(TextureAllocateRegion, CanStartAsZeroes) {
+    VxTexture<RgbaS214> texture;
+    texture.allocateRegion(5, 5, 68, 68, Contents::Zero);
+    for (std::int32_t row = 0; row < 64; ++row) {
+        for (std::int32_t column = 0; column < 64; ++column) {
+            ASSERT_EQ(texture.bufferRow(row)[column], RgbaS214{});
+        }
+    }
+}
+
 TEST(TextureAllocateRegion, CrossedCornersGiveNoBuffer) {
     VxTexture<Rgba8> texture;
     texture.allocateRegion(0, 0, -1, 5);
