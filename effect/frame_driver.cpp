@@ -149,6 +149,7 @@ HRESULT FrameDriver<P>::process() {
     showSignal();
     if (reduced()) scaleUp();
     scanLines();
+    releaseRepeat();
     return S_OK;
 }
 
@@ -254,8 +255,21 @@ void FrameDriver<P>::scanLines() {
     VxScanLineAdder<P> adder;
     adder.lineWidth = truncateToInt(width * scale_.scaleY);
     if (adder.lineWidth <= 1) return;
+    // Lines are drawn in place: each pixel is read where it is written, wherever the host places
+    // the output.
+    Texture lines;
+    lines.refer(outputTexture_);
+    lines.setOrigin(outputTexture_.x.offset, outputTexture_.y.offset);
     prepare(adder, effect_, region_);
-    adder.process(outputTexture_, outputTexture_);
+    adder.process(lines, outputTexture_);
+}
+
+// The finishing steps see the host's current input, not the frame that was fetched.
+template <class P>
+void FrameDriver<P>::releaseRepeat() {
+    source_ = nullptr;
+    repeatTexture_.clear();
+    repeatImage_.reset();
 }
 
 template class FrameDriver<Rgba8>;

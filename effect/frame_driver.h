@@ -56,6 +56,7 @@ private:
     void showSignal();
     void scaleUp();
     void scanLines();
+    void releaseRepeat();
 
     bool reduced() const { return res_ != 1.0f; }
     const FrameParameters& parameters() const { return *parameters_; }

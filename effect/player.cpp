@@ -23,6 +23,7 @@ bool slow(double speed) {
 // normal speed shows the frame of the output, however late.
 double playedSeconds(const ParameterCurve& speed, double sampleRate, double end) {
     if (!(end > 0.0)) return 0.0;
+    if (speed.alwaysIs(kNormalSpeed)) return end;
     const double step = 1.0 / sampleRate;
     double sum = 0.0;
     float moment = 0.0f;

@@ -31,7 +31,7 @@ Folded fold(std::int64_t e, std::int64_t n, bool mirror) {
 void TexAxis::setSize(std::int32_t n) {
     size = n;
     lo = 0;
-    hi = n - 1;
+    hi = wrapSubtract(n, 1);
     count = n;
 }
 

@@ -18,10 +18,12 @@ std::uint32_t channelsToRestore(const VxDsEffect& effect, const ChannelMask& mas
     return channels;
 }
 
-// Cuts a stretch to the pixels of an image's axis.
-void cut(std::int32_t& first, std::int32_t& last, const TexAxis& axis) {
-    first = std::max(first, axis.origin);
-    last = std::min(last, saturate(std::int64_t{axis.origin} + axis.size - 1));
+// Cuts a stretch to the pixels that exist on the axes of both images: a window outside the output
+// would be held to its edge, and give that edge pixels that the input does not have.
+void cut(std::int32_t& first, std::int32_t& last, const TexAxis& input, const TexAxis& output) {
+    first = std::max({first, input.origin, output.offset});
+    last = std::min(
+        {last, saturate(std::int64_t{input.origin} + input.size - 1), output.lastCoordinate()});
 }
 
 }  // namespace
@@ -44,8 +46,8 @@ void fixChannelMask(VxDsEffect& effect, VxTexture<P>& output, VxTexture<P>& inpu
     const std::uint32_t channels = channelsToRestore(effect, mask);
     if (channels == 0) return;
     PixelRegion region = finishingRegion(effect);
-    cut(region.x0, region.x1, input.x);
-    cut(region.y0, region.y1, input.y);
+    cut(region.x0, region.x1, input.x, output.x);
+    cut(region.y0, region.y1, input.y, output.y);
     if (region.x0 > region.x1 || region.y0 > region.y1) return;
 
     VxRGBCopySampler<P> copier;

@@ -19,6 +19,9 @@ public:
         return animation_ ? animation_->valueAt(seconds) : constant_;
     }
 
+    /// Whether the value is `value` at any time, without a key.
+    bool alwaysIs(double value) const { return !animation_ && constant_ == value; }
+
 private:
     const DSAnimation* animation_;
     double constant_;
