@@ -53,7 +53,7 @@ std::int32_t verticalRoll(const ParameterReader& reader, const WalkStart& start,
         const float threshold = fractionOf(thresholds.at(moment));
         if (!(threshold < 1.0f)) break;
         const double speed = speedMax.at(moment) / start.frameRate;
-        sum = truncateToInt((level - threshold) * speed / (1.0 - threshold) +
+        sum = truncateToInt((double{level} - threshold) * speed / (1.0 - threshold) +
                             static_cast<float>(sum));
         if (i + 1 == past.moments.size()) break;
         level = past.levels[i + 1];

@@ -63,6 +63,15 @@ TEST(SignalWalks, EachStepTakesTheLevelOfTheStepBefore) {
     EXPECT_NEAR(walksOf(set, 1, 10.0).lineSum, 50.0, 1e-3);
 }
 
+TEST(SignalWalks, AtALevelOfOneTheOffsetIsAllOfItsMaximum) {
+    ParameterSet set;
+    broken(set).set(Id::VertRollThreshold, 100);
+    for (int threshold = 0; threshold < 100; ++threshold) {
+        set.set(Id::VertOffsetThreshold, threshold);
+        EXPECT_EQ(walksOf(set, 0).verticalSum, 200) << threshold;
+    }
+}
+
 TEST(SignalWalks, ThePictureRollsFromTheOffset) {
     ParameterSet set;
     broken(set);

@@ -85,7 +85,7 @@ struct SignalTwin {
             const float moment = frame / frameRate();
             const double speed = value(ParameterId::LineSpeedMax, moment) / frameRate();
             const float th = fraction(value(ParameterId::LineThreshold, moment));
-            if (th < 1.0f && th < b) sum += (b - th) * speed / (1.0 - th);
+            if (th < 1.0f && th < b) sum += (double{b} - th) * speed / (1.0 - th);
             frame -= 1.0f;
             b = levelBefore(moment);
         }
@@ -99,8 +99,8 @@ struct SignalTwin {
         const float offsetThreshold = held(ParameterId::VertOffsetThreshold);
         std::int32_t sum = 0;
         if (offsetThreshold < 1.0f && offsetThreshold < breakup) {
-            sum = whole((breakup - offsetThreshold) * value(ParameterId::VertOffsetMax, time) /
-                        (1.0 - offsetThreshold));
+            sum = whole((double{breakup} - offsetThreshold) *
+                        value(ParameterId::VertOffsetMax, time) / (1.0 - offsetThreshold));
         }
         const float rollThreshold = held(ParameterId::VertRollThreshold);
         if (!(rollThreshold < 1.0f) || !(rollThreshold < breakup)) return sum;
@@ -112,7 +112,7 @@ struct SignalTwin {
             const float th = fraction(value(ParameterId::VertRollThreshold, moment));
             const double speed = value(ParameterId::VertRollSpeedMax, moment) / frameRate();
             if (!(th < 1.0f)) break;
-            sum = whole((b - th) * speed / (1.0 - th) + static_cast<float>(sum));
+            sum = whole((double{b} - th) * speed / (1.0 - th) + static_cast<float>(sum));
             frame -= 1.0f;
             b = levelBefore(frame / frameRate());
             if (!(th < b)) break;
