@@ -53,5 +53,20 @@ TEST(Matrix3, TransformTakesPositionsAsRows) {
     EXPECT_EQ(h.sw, 34.0f);
 }
 
+TEST(Matrix3, AnInverseUndoesATransform) {
+    Matrix3 m = kIdentity3;
+    translate(m, -7.0f, 3.0f);
+    rotate(m, 0.6f);
+    scale(m, 2.0f, 0.25f);
+    EXPECT_THAT(multiply(m, inverse(m)), Pointwise(FloatNear(1e-5f), kIdentity3));
+    EXPECT_THAT(multiply(kCounting, inverse(kCounting)), Pointwise(FloatNear(1e-4f), kIdentity3));
+}
+
+TEST(Matrix3, WithoutAnInverseThereAreZeroes) {
+    Matrix3 flat = kIdentity3;
+    scale(flat, 0.0f, 1.0f);
+    EXPECT_EQ(inverse(flat), Matrix3{});
+}
+
 }  // namespace
 }  // namespace ruvex
