@@ -1,0 +1,71 @@
+// Lines of a picture laid side by side, so that one loop over lanes blurs them all.
+
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <memory>
+
+#include "imaging/box_kernels.h"
+#include "imaging/box_plan.h"
+#include "imaging/texture.h"
+
+namespace ruvex {
+
+/// A block of rows or of columns on its way through the boxes of a plan. Only the components that
+/// `Mask` names (bit 0 is the first) are written in the end. One for each thread and pass.
+template <class P, std::uint32_t Mask>
+class LineBlock {
+public:
+    using Component = typename P::Component;
+    using Texture = VxTexture<P>;
+    /// Components of each pixel that are taken along: all or one. Three are not worth the
+    /// unpacking.
+    static constexpr int kTaken = __builtin_popcount(Mask) == 1 ? 1 : P::kComponents;
+    static constexpr int kLines = static_cast<int>(kLanes<Component>) / kTaken;
+
+    /// Some lines of a picture.
+    struct Lines {
+        std::array<std::int32_t, kLines> at{};
+        int count = 0;
+
+        void add(std::int32_t line) { at[static_cast<std::size_t>(count++)] = line; }
+        bool full() const { return count == kLines; }
+    };
+
+    /// Allocates for `plan`, which must outlive the block.
+    explicit LineBlock(const BoxPlan& plan);
+    /// False if memory ran out; then nothing else may be called.
+    bool usable() const { return memory_ && (!plan_.readsPastBuffer() || extension_); }
+
+    /// Reads what the first box needs of buffer rows `rows` of `from`, through its edge methods
+    /// along X. kNoPixel stands for a row of the fill pixel.
+    void gatherRows(const Texture& from, const Lines& rows);
+    /// The same for columns.
+    void gatherColumns(const Texture& from, const Lines& columns);
+
+    /// Runs all boxes over what was gathered. `fill` is what the row buffers read past their ends
+    /// where no edge method applies.
+    void filter(BoxFilter<Component> box, const P& fill);
+
+    /// Writes the result into rows `rows` of `to`, in image space, which must exist.
+    void scatterRows(Texture& to, const Lines& rows) const;
+    /// The same for columns.
+    void scatterColumns(Texture& to, const Lines& columns) const;
+
+private:
+    struct Release {
+        void operator()(Component* memory) const;
+    };
+    using Memory = std::unique_ptr<Component[], Release>;
+
+    static Memory allocate(std::int64_t positions);
+    void extend(const P& fill);
+
+    const BoxPlan& plan_;
+    Memory memory_;
+    Memory extension_;
+    Component* present_ = nullptr;  ///< where the outputs of the last box begin
+};
+
+}  // namespace ruvex
