@@ -7,6 +7,7 @@
 #include "effect/signal_fill.h"
 #include "host/base/channel_mask.h"
 #include "host/base/crop.h"
+#include "imaging/blur_gauss.h"
 #include "imaging/copy_samplers.h"
 #include "imaging/frame_generator.h"
 #include "imaging/img_filler.h"
@@ -24,10 +25,18 @@ namespace {
 constexpr float kWhiteDotGone = 0.99f;
 constexpr float kNoResolution = 0.01f;
 
-// A weaker fish eye is none.
+// A weaker fish eye is none, and so is a smaller blur.
 constexpr float kLeastFishEye = 0.1f;
+constexpr float kLeastBlur = 0.1f;
 
 constexpr std::uint32_t kChannelMaskCapability = 64;
+
+// Processors that measure in pixels are told the pixel aspect and its inverse.
+template <class Processor>
+void setAspect(Processor& processor, const FrameScale& scale) {
+    processor.scaleX = scale.aspectMember();
+    processor.scaleY = 1.0f / processor.scaleX;
+}
 
 float inverseRadius(float radius) {
     constexpr float kNearlyNothing = 2.3509887e-38f;
@@ -146,6 +155,7 @@ HRESULT FrameDriver<P>::process() {
     measureSignal();
     if (reduced()) scaleDown();
     fishEye();
+    blur();
     showSignal();
     if (reduced()) scaleUp();
     scanLines();
@@ -229,12 +239,25 @@ void FrameDriver<P>::fishEye() {
     render.warper = &lens;
     render.filter =
         parameters().on(ParameterId::Filter) ? WarpFilter::Bilinear : WarpFilter::Nearest;
-    render.scaleX = scale_.aspectMember();
-    render.scaleY = 1.0f / render.scaleX;
+    setAspect(render, scale_);
     prepare(render, effect_, workRegion_);
     Texture* target = &lensTexture_;
     render.process(target, *source_);
     source_ = &lensTexture_;
+}
+
+// In place: at full resolution and without a fish eye that is the host's own input.
+template <class P>
+void FrameDriver<P>::blur() {
+    const double size = parameters().real(ParameterId::Blur);
+    if (!(static_cast<float>(size) > kLeastBlur)) return;
+    BlurRGBAGauss<P> sampler;
+    sampler.iterations = 3;
+    sampler.radiusX = static_cast<float>(scale_.scaleX * size * res_ / 3.0);
+    sampler.radiusY = static_cast<float>(scale_.scaleY * size * res_ / 3.0);
+    setAspect(sampler, scale_);
+    prepare(sampler, effect_, workRegion_);
+    sampler.process(source_, source_);
 }
 
 template <class P>

@@ -53,6 +53,7 @@ private:
     void measureSignal();
     void scaleDown();
     void fishEye();
+    void blur();
     void showSignal();
     void scaleUp();
     void scanLines();

@@ -109,6 +109,31 @@ TYPED_TEST(Frame, APictureTooSmallForTheResolutionIsBlank) {
               "Map passed into Sampler::process is bogus\n");
 }
 
+TYPED_TEST(Frame, ABlurOfATenthIsSkippedAndOneJustAboveItRuns) {
+    Renderer renderer(kSmall);
+    const auto input = randomPicture<TypeParam>(24, 18, 31);
+    renderer.set(ParameterId::Blur, 0.1);
+    EXPECT_EQ(renderer.render(input), input);
+    renderer.set(ParameterId::Blur, 0.13);
+    EXPECT_NE(renderer.render(input), input);
+}
+
+TYPED_TEST(Frame, ABlurEvensOutAndKeepsAConstantPicture) {
+    Renderer renderer({.width = 60, .height = 40});
+    auto input = randomPicture<TypeParam>(60, 40, 32);
+    const auto spread = [](const Picture<TypeParam>& picture) {
+        double sum = 0.0;
+        for (std::size_t i = 1; i < picture.pixels.size(); ++i) {
+            sum += std::abs(picture.pixels[i].c[0] - picture.pixels[i - 1].c[0]);
+        }
+        return sum;
+    };
+    renderer.set(ParameterId::Blur, 6);
+    EXPECT_LT(spread(renderer.render(input)), spread(input) / 4.0);
+    std::fill(input.pixels.begin(), input.pixels.end(), TypeParam{{90, 91, 92, 93}});
+    EXPECT_EQ(renderer.render(input), input);
+}
+
 TYPED_TEST(Frame, OutsideTheRegionTheOutputKeepsWhatItHad) {
     Renderer renderer(kSmall);
     const auto input = randomPicture<TypeParam>(24, 18, 9);
