@@ -14,8 +14,8 @@ const GUID& formatOf(media::Depth depth) {
 }
 
 ClipInput::ClipInput(std::unique_ptr<media::FrameReader> reader, media::Depth depth,
-                     const runtime::Project& project)
-    : reader_(std::move(reader)), depth_(depth), project_(project) {}
+                     const runtime::Project& project, ClipEnds ends)
+    : reader_(std::move(reader)), depth_(depth), project_(project), ends_(ends) {}
 
 ComPtr<IDSImage> ClipInput::frame(std::int64_t number) {
     if (!reader_->read(number, frame_)) {
@@ -33,8 +33,14 @@ ComPtr<IDSImage> ClipInput::imageAt(double seconds) {
     if (!(std::abs(place) < static_cast<double>(kFrameNumberEnd))) {
         return {};
     }
+    const media::ClipInfo& clip = reader_->info();
+    const auto found =
+        frameInClip(static_cast<std::int64_t>(place), {clip.first, clip.last}, ends_);
+    if (!found) {
+        return {};
+    }
     try {
-        return frame(static_cast<std::int64_t>(place));
+        return frame(*found);
     } catch (...) {
         failure_ = std::current_exception();
         throw;

@@ -5,6 +5,7 @@
 #include <exception>
 #include <memory>
 
+#include "cli/clip_ends.h"
 #include "media/frame_reader.h"
 #include "runtime/frame_server.h"
 #include "runtime/project.h"
@@ -17,15 +18,17 @@ const GUID& formatOf(media::Depth depth);
 /// Serves the frames of a clip. One thread at a time.
 class ClipInput final : public runtime::InputProvider {
 public:
-    /// `depth` is the one that the reader delivers.
+    /// `depth` is the one that the reader delivers. `ends` says what the effect gets when it asks
+    /// for frames outside the clip.
     ClipInput(std::unique_ptr<media::FrameReader> reader, media::Depth depth,
-              const runtime::Project& project);
+              const runtime::Project& project, ClipEnds ends = ClipEnds::Blank);
 
     /// Frame `number` as an image of its own; null outside the clip. Throws MediaError.
     ComPtr<IDSImage> frame(std::int64_t number);
 
-    /// The frame nearest to seconds * rate; null outside the clip. What goes wrong in reading it is
-    /// kept for rethrowFailure: to the effect it is a refusal.
+    /// The frame nearest to seconds * rate, or what stands for it outside the clip; null where that
+    /// is nothing. What goes wrong in reading it is kept for rethrowFailure: to the effect it is a
+    /// refusal.
     ComPtr<IDSImage> imageAt(double seconds) override;
 
     /// Throws what a request of the effect failed with, once.
@@ -35,6 +38,7 @@ private:
     std::unique_ptr<media::FrameReader> reader_;
     media::Depth depth_;
     runtime::Project project_;
+    ClipEnds ends_;
     media::Frame frame_;
     std::exception_ptr failure_;
 };

@@ -6,6 +6,7 @@
 #include <iostream>
 #include <new>
 
+#include "cli/level_command.h"
 #include "cli/params_command.h"
 #include "cli/render_command.h"
 #include "cli/usage_error.h"
@@ -27,7 +28,8 @@ int endParsing(const CLI::App& app, const CLI::ParseError& error) {
         return app.exit(error);
     }
     complain(error.what(), kWrongCommandLine);
-    return complain("'ruvex --help' and 'ruvex render --help' say more.", kWrongCommandLine);
+    return complain("'ruvex --help' says more, and so does --help after a command.",
+                    kWrongCommandLine);
 }
 
 int parseAndRun(int argc, const char* const* argv) {
@@ -39,6 +41,10 @@ int parseAndRun(int argc, const char* const* argv) {
     CLI::App* render = app.add_subcommand("render", "Render a clip through the effect");
     declareRenderOptions(*render, options);
 
+    LevelOptions levelOptions;
+    CLI::App* level = app.add_subcommand("level", "List the level of breakup, frame by frame");
+    declareLevelOptions(*level, levelOptions);
+
     bool json = false;
     CLI::App* params = app.add_subcommand("params", "List the parameters");
     params->add_flag("--json", json, "As JSON, with identifiers, ranges and hints");
@@ -48,7 +54,8 @@ int parseAndRun(int argc, const char* const* argv) {
     } catch (const CLI::ParseError& error) {
         return endParsing(app, error);
     }
-    return render->parsed() ? runRender(options) : runParams(json);
+    if (render->parsed()) return runRender(options);
+    return level->parsed() ? runLevel(levelOptions) : runParams(json);
 }
 
 }  // namespace

@@ -1,10 +1,10 @@
 #include "cli/params_command.h"
 
 #include <cmath>
-#include <cstdio>
 #include <iostream>
 #include <nlohmann/json.hpp>
 
+#include "cli/messages.h"
 #include "parameters/parameter_table.h"
 #include "parameters/parameter_text.h"
 
@@ -96,12 +96,7 @@ void printJson() {
 
 int runParams(bool json) {
     json ? printJson() : printTable();
-    std::cout.flush();
-    if (!std::cout) {
-        std::fputs("ruvex: the list could not be written. The disk may be full.\n", stderr);
-        return 1;
-    }
-    return 0;
+    return finishOutput();
 }
 
 }  // namespace ruvex::cli

@@ -5,6 +5,9 @@
 
 #include "cli/clip_input.h"
 #include "cli/interruption.h"
+#include "cli/mask_image.h"
+#include "cli/messages.h"
+#include "cli/open_project.h"
 #include "cli/progress.h"
 #include "cli/render_plan.h"
 #include "cli/ruvex_control.h"
@@ -16,33 +19,6 @@
 
 namespace ruvex::cli {
 namespace {
-
-/// The project is open as long as this lives.
-struct OpenProject {
-    explicit OpenProject(const runtime::Project& project) { runtime::openProject(project); }
-    ~OpenProject() { runtime::closeProject(); }
-    OpenProject(const OpenProject&) = delete;
-    OpenProject& operator=(const OpenProject&) = delete;
-};
-
-void printWarnings(const RenderJob& job) {
-    for (const std::string& warning : job.warnings) {
-        std::fprintf(stderr, "ruvex: warning: %s\n", warning.c_str());
-    }
-}
-
-void setParameters(runtime::EffectSession& session, const RenderJob& job) {
-    for (const Setting& setting : job.settings) {
-        session.setValue(setting.row->identifier, setting.value);
-    }
-    for (const Animation& animation : job.animations) {
-        std::vector<DSKey> keys;
-        for (const Key& key : animation.keys) {
-            keys.push_back({key.seconds, key.value});
-        }
-        session.setKeys(animation.row->identifier, keys);
-    }
-}
 
 void setWorkers(runtime::EffectSession& session, const RenderJob& job) {
     if (!job.workers) {
@@ -61,12 +37,17 @@ public:
         : job_(job),
           plan_(plan),
           project_(plan.project),
-          input_(std::make_shared<ClipInput>(std::move(reader), plan.depth, plan.project)),
+          input_(
+              std::make_shared<ClipInput>(std::move(reader), plan.depth, plan.project, job.ends)),
           session_({.module = runtime::Module::loadDefault(),
                     .project = plan.project,
                     .provider = input_,
-                    .interruption = stopWished}) {
-        setParameters(session_, job);
+                    .interruption = stopWished,
+                    .family = job.mask.empty() ? runtime::kEffectFamily : runtime::kPaintFamily}) {
+        if (!job.mask.empty()) {
+            mask_ = loadMask(job.mask, plan.size, plan.project);
+        }
+        setParameters(session_, job.parameters);
         setWorkers(session_, job);
     }
 
@@ -101,6 +82,7 @@ private:
         request.input = input_->frame(number);
         request.output = output;
         request.region = region();
+        request.pixelMask = mask_;
         execute(number, request);
         input_->rethrowFailure();
         std::memcpy(result.bytes().data(), output->bytes(), result.bytes().size());
@@ -130,6 +112,7 @@ private:
     OpenProject project_;
     std::shared_ptr<ClipInput> input_;
     runtime::EffectSession session_;
+    ComPtr<IDSImage> mask_;
 };
 
 }  // namespace
@@ -138,7 +121,7 @@ int runRender(const RenderOptions& options) {
     RenderJob job = makeRenderJob(options);
     auto reader = media::openReader(job.input, {.size = job.size, .depth = job.depth});
     const RenderPlan plan = makeRenderPlan(job, reader->info());
-    printWarnings(job);
+    printWarnings(job.warnings);
     catchStopSignals();
     if (!Render(job, plan, std::move(reader)).run()) {
         std::fprintf(stderr, "ruvex: stopped; %s was not written.\n", job.output.string().c_str());

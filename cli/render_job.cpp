@@ -1,12 +1,12 @@
 #include "cli/render_job.h"
 
-#include <algorithm>
 #include <limits>
+#include <utility>
 
+#include "cli/clip_choice.h"
+#include "cli/mask_image.h"
 #include "cli/usage_error.h"
-#include "media/file_kind.h"
 #include "media/frame_writer.h"
-#include "media/media_error.h"
 
 namespace ruvex::cli {
 namespace {
@@ -25,25 +25,6 @@ media::Depth parseDepth(const std::string& text) {
     return text == "8" ? media::Depth::Bits8 : media::Depth::S214;
 }
 
-/// Raw frames cannot do without a size, and nothing else takes one.
-void checkSize(const RenderJob& job) {
-    const auto depth = media::rawDepth(media::fileKind(job.input));
-    if (depth && !job.size) {
-        throw UsageError(job.input.string() + " holds bare pixels: say their size (--size WxH).");
-    }
-    if (!depth && job.size) {
-        throw UsageError("--size is for raw frames; " + job.input.string() +
-                         " knows its own size.");
-    }
-    if (depth) {
-        try {
-            media::checkFrameSize(*job.size, job.depth.value_or(*depth), "--size: the frame");
-        } catch (const media::MediaError& error) {
-            throw UsageError(error.what());
-        }
-    }
-}
-
 void checkOutput(const RenderJob& job) {
     if (!media::canWrite(job.output)) {
         throw UsageError(job.output.string() +
@@ -51,35 +32,13 @@ void checkOutput(const RenderJob& job) {
                          "written. Use one of " +
                          media::writableEndings() + ".");
     }
-    std::error_code ignored;
-    if (job.input == job.output || fs::equivalent(job.input, job.output, ignored)) {
-        throw UsageError("The output would replace the input, " + job.input.string() +
-                         ". Choose another name.");
-    }
-}
-
-/// A parameter that is set and animated at once is a slip of the pen.
-void checkNotBoth(const RenderJob& job) {
-    for (std::size_t i = 0; i < job.animations.size(); ++i) {
-        const ParameterRow* row = job.animations[i].row;
-        const auto same = [row](const auto& other) { return other.row == row; };
-        const auto rest = job.animations.begin() + static_cast<std::ptrdiff_t>(i) + 1;
-        if (std::any_of(job.settings.begin(), job.settings.end(), same) ||
-            std::any_of(rest, job.animations.end(), same)) {
-            throw UsageError("--key: '" + std::string(row->label) +
-                             "' is given twice. Put all its keys into one --key.");
+    for (const auto& [file, what] : {std::pair(job.input, "input"), {job.mask, "mask"}}) {
+        std::error_code ignored;
+        if (file == job.output || fs::equivalent(file, job.output, ignored)) {
+            throw UsageError("The output would replace the " + std::string(what) + ", " +
+                             file.string() + ". Choose another name.");
         }
     }
-}
-
-void readParameters(const RenderOptions& options, RenderJob& job) {
-    for (const std::string& text : options.settings) {
-        job.settings.push_back(parseSetting(text, job.warnings));
-    }
-    for (const std::string& text : options.keys) {
-        job.animations.push_back(parseAnimation(text, job.warnings));
-    }
-    checkNotBoth(job);
 }
 
 }  // namespace
@@ -101,8 +60,13 @@ RenderJob makeRenderJob(const RenderOptions& options) {
     if (!options.pixelAspect.empty()) {
         job.pixelAspect = parseFraction("--pixel-aspect", options.pixelAspect).value();
     }
-    readParameters(options, job);
-    checkSize(job);
+    job.ends = options.ends.empty() ? ClipEnds::Blank : parseEnds("--ends", options.ends);
+    job.mask = options.mask;
+    if (!job.mask.empty()) {
+        checkMaskName(job.mask);
+    }
+    job.parameters = readParameters(options.settings, options.keys, job.warnings);
+    checkRawSize(job.input, job.size, job.depth);
     checkOutput(job);
     return job;
 }

@@ -7,8 +7,9 @@
 #include <string>
 #include <vector>
 
+#include "cli/clip_ends.h"
 #include "cli/option_text.h"
-#include "cli/parameter_option.h"
+#include "cli/parameter_choice.h"
 #include "cli/render_options.h"
 
 namespace ruvex::cli {
@@ -18,14 +19,15 @@ struct RenderJob {
     std::filesystem::path output;
     std::optional<media::FrameSize> size;
     std::optional<media::Rational> rate;
-    std::vector<Setting> settings;
-    std::vector<Animation> animations;
+    ParameterChoice parameters;
     std::optional<FrameRange> frames;
     std::optional<media::Depth> depth;
     std::optional<int> workers;
     std::optional<media::FrameSize> projectSize;
     double pixelAspect = 1.0;
     std::optional<Region> region;
+    std::filesystem::path mask;  ///< Empty: the effect is not painted but fills the picture.
+    ClipEnds ends = ClipEnds::Blank;
     std::vector<std::string> warnings;  ///< For the person; the render goes on.
 };
 

@@ -1,6 +1,6 @@
 #include "cli/render_options.h"
 
-#include <CLI/CLI.hpp>
+#include "cli/declare_option.h"
 
 namespace ruvex::cli {
 namespace {
@@ -20,20 +20,10 @@ Examples:
   ruvex render clip.mp4 -o poor.mp4 --set "Resolution=40"
   ruvex render clip.mp4 -o going.mkv --key "Resolution=0:100 2:25" --frames 0-49
   ruvex render shot.%05d.png -o out.%05d.png --rate 24 --set "X Edge Method=Wrap"
+  ruvex render clip.mp4 -o rewound.mp4 --key "Play Speed=0:100 1:-100" --ends hold
   ruvex render in.%d.s214 -o out.%d.s214 --size 1920x1080 --workers 4
 
 Exit status: 0 done, 1 the job failed, 2 the command line is wrong, 130 stopped by Ctrl-C.)";
-
-void addText(CLI::App& command, const char* name, std::string& value, const char* type,
-             const char* help) {
-    command.add_option(name, value, help)->type_name(type);
-}
-
-/// Given again for each value; never takes the word after the next.
-void addList(CLI::App& command, const char* name, std::vector<std::string>& values,
-             const char* type, const char* help) {
-    command.add_option(name, values, help)->type_name(type)->allow_extra_args(false);
-}
 
 }  // namespace
 
@@ -42,11 +32,7 @@ void declareRenderOptions(CLI::App& command, RenderOptions& options) {
     command.add_option("-o,--output", options.output, "The result; see below for the kinds")
         ->type_name("OUTPUT")
         ->required();
-    addList(command, "--set", options.settings, "\"NAME=VALUE\"",
-            "A parameter by its label; enumerations by label or number, check boxes on or off. "
-            "Repeatable");
-    addList(command, "--key", options.keys, "\"NAME=T:V T:V ...\"",
-            "Keys of a real parameter, seconds and value; linear in between. Repeatable");
+    addParameters(command, options.settings, options.keys);
     addText(command, "--frames", options.frames, "A-B",
             "First and last frame, inclusive; all without it. Frame k is at time k / rate");
     addText(command, "--rate", options.rate, "R",
@@ -64,6 +50,12 @@ void declareRenderOptions(CLI::App& command, RenderOptions& options) {
             "Width of a project pixel over its height; 1 without it");
     addText(command, "--region", options.region, "X,Y,W,H",
             "Render this part only, rows counted from the bottom; the rest is left at zero");
+    addText(command, "--mask", options.mask, "FILE",
+            "Paint the effect through a still of the input's size: none of it where the still is "
+            "black or transparent, all where it is white, a blend where it is grey");
+    addText(command, "--ends", options.ends, "blank|hold|loop",
+            "What Play Speed finds before the first frame and after the last: nothing, the nearest "
+            "frame, or the clip over again. blank without it");
     command.footer(kFooter);
 }
 

@@ -25,6 +25,8 @@ struct RenderOptions {
     std::string projectSize;
     std::string pixelAspect;
     std::string region;
+    std::string mask;
+    std::string ends;
 };
 
 /// Declares the options, with their help, on the command. `options` is filled when the command line

@@ -1,41 +1,12 @@
 #include "cli/render_plan.h"
 
+#include "cli/clip_choice.h"
 #include "cli/usage_error.h"
 #include "media/file_kind.h"
 #include "media/numbered_path.h"
 
 namespace ruvex::cli {
 namespace {
-
-constexpr media::Rational kUsualRate{25, 1};
-
-media::Rational chooseRate(RenderJob& job, const media::ClipInfo& clip) {
-    if (clip.rate && job.rate && *clip.rate != *job.rate) {
-        job.warnings.push_back("--rate is left aside: " + job.input.string() +
-                               " has a rate of its own, " + toText(*clip.rate) + ".");
-    }
-    return clip.rate.value_or(job.rate.value_or(kUsualRate));
-}
-
-std::string rangeText(std::int64_t first, std::int64_t last) {
-    return std::to_string(first) + "-" + std::to_string(last);
-}
-
-FrameRange chooseFrames(const RenderJob& job, const media::ClipInfo& clip) {
-    const FrameRange frames = job.frames.value_or(FrameRange{clip.first, clip.last});
-    if (frames.first < clip.first || frames.last > clip.last) {
-        throw UsageError("--frames: " + job.input.string() + " has the frames " +
-                         rangeText(clip.first, clip.last) + ", not all of " +
-                         rangeText(frames.first, frames.last) + ".");
-    }
-    if (frames.last >= kFrameNumberEnd) {
-        throw UsageError(job.input.string() + " has frame numbers of " +
-                         std::to_string(kFrameNumberEnd) +
-                         " and more, which cannot be rendered. "
-                         "Choose others with --frames.");
-    }
-    return frames;
-}
 
 void checkRegion(const RenderJob& job, media::FrameSize size) {
     if (job.region && (std::int64_t{job.region->x} + job.region->width > size.width ||
@@ -61,8 +32,9 @@ RenderPlan makeRenderPlan(RenderJob& job, const media::ClipInfo& clip) {
     RenderPlan plan;
     plan.size = clip.size;
     plan.depth = job.depth.value_or(clip.depth);
-    plan.rate = chooseRate(job, clip);
-    plan.frames = chooseFrames(job, clip);
+    plan.rate = chooseRate(job.input, clip, job.rate, job.warnings);
+    plan.clip = {clip.first, clip.last};
+    plan.frames = chooseFrames(job.input, clip, job.frames);
     checkFrameSize(plan.size, plan.depth, job.input.string());
     checkRegion(job, plan.size);
     checkRoomForFrames(job, plan.frames);

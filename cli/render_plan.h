@@ -13,7 +13,8 @@ struct RenderPlan {
     media::FrameSize size;
     media::Depth depth = media::Depth::Bits8;
     media::Rational rate{25, 1};
-    FrameRange frames;
+    FrameRange clip;    ///< The frames that there are.
+    FrameRange frames;  ///< Those of them that are rendered.
     runtime::Project project;
     media::WriteOptions output;
 };

@@ -19,6 +19,9 @@ namespace ruvex::runtime {
 inline constexpr GUID kRuvexClassId = guidFromText("A41E7F12-37AB-48B5-99C9-C4B83402C0FC");
 inline constexpr GUID kEffectFamily = guidFromText("AE0D7C31-95AA-11D0-B685-00A024191AE0");
 
+/// The family of paint: the effect is laid onto its input through a mask.
+inline constexpr GUID kPaintFamily = guidFromText("AE0D7C40-95AA-11D0-B685-00A024191AE0");
+
 /// The time of frame `index` at a rate: index / rate, in seconds.
 inline double frameTime(std::int64_t index, double framesPerSecond) {
     return static_cast<double>(index) / framesPerSecond;

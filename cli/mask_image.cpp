@@ -1,0 +1,57 @@
+#include "cli/mask_image.h"
+
+#include "cli/usage_error.h"
+#include "media/file_kind.h"
+#include "media/frame_reader.h"
+#include "media/numbered_path.h"
+#include "runtime/images.h"
+
+namespace ruvex::cli {
+namespace {
+
+constexpr int kWhite = 255;
+
+media::Frame readMask(const std::filesystem::path& file, media::FrameSize size) {
+    media::ReadOptions options{.depth = media::Depth::Bits8};
+    if (media::rawDepth(media::fileKind(file))) {
+        options.size = size;
+    }
+    const auto reader = media::openReader(file, options);
+    media::Frame frame;
+    reader->read(reader->info().first, frame);
+    return frame;
+}
+
+}  // namespace
+
+void checkMaskName(const std::filesystem::path& file) {
+    if (!media::isStill(media::fileKind(file)) || media::NumberedPath(file).isPattern()) {
+        throw UsageError("--mask: " + file.string() +
+                         " is not the name of one still picture. Use a PNG, as in mask.png.");
+    }
+}
+
+int maskValue(const std::uint8_t* pixel) {
+    const int luma = (299 * pixel[0] + 587 * pixel[1] + 114 * pixel[2] + 500) / 1000;
+    return (luma * pixel[3] + kWhite / 2) / kWhite;
+}
+
+ComPtr<IDSImage> loadMask(const std::filesystem::path& file, media::FrameSize size,
+                          const runtime::Project& project) {
+    const media::Frame picture = readMask(file, size);
+    if (picture.size() != size) {
+        throw UsageError("--mask: " + file.string() + " is " + toText(picture.size()) +
+                         ", but the input is " + toText(size) +
+                         ". The mask needs the size of the input.");
+    }
+    auto mask = runtime::makeProjectImage(project, size.width, size.height, MFIF_A_RAW_8);
+    std::byte* to = mask->bytes();
+    for (int y = 0; y < size.height; ++y) {
+        for (int x = 0; x < size.width; ++x) {
+            *to++ = static_cast<std::byte>(maskValue(picture.row8(y) + x * media::kChannels));
+        }
+    }
+    return mask;
+}
+
+}  // namespace ruvex::cli

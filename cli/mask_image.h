@@ -1,0 +1,28 @@
+// The mask through which the effect is painted onto the picture.
+
+#pragma once
+
+#include <filesystem>
+
+#include "media/frame.h"
+#include "runtime/project.h"
+#include "sdk/com_ptr.h"
+#include "sdk/image.h"
+
+namespace ruvex::cli {
+
+/// Throws UsageError for what cannot be a mask by its name: a video, or a numbered sequence.
+void checkMaskName(const std::filesystem::path& file);
+
+/// How much of the effect a pixel lets through, 0 to 255, from its red, green, blue and alpha: the
+/// luma of Rec. 601, rounded, of which a transparent pixel lets nothing through. A grey, opaque
+/// pixel is its own grey value.
+int maskValue(const std::uint8_t* pixel);
+
+/// The picture in `file` as a mask of 8 bits, row 0 the bottom line. Deeper pictures are rounded.
+/// Raw files are taken to be of `size`. Throws media::MediaError, and UsageError where the picture
+/// is not of `size`.
+ComPtr<IDSImage> loadMask(const std::filesystem::path& file, media::FrameSize size,
+                          const runtime::Project& project);
+
+}  // namespace ruvex::cli
