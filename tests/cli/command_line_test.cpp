@@ -23,8 +23,9 @@ TEST(Command, SaysItsVersionAndHelp) {
     EXPECT_EQ(ruvex({"--help"}).status, 0);
     const Outcome help = ruvex({"render", "--help"});
     EXPECT_EQ(help.status, 0);
-    for (const char* option : {"--set", "--key", "--frames", "--rate", "--size", "--depth",
-                               "--workers", "--project-size", "--pixel-aspect", "--region", "-o"}) {
+    for (const char* option :
+         {"--set", "--key", "--frames", "--rate", "--size", "--depth", "--workers",
+          "--project-size", "--pixel-aspect", "--region", "--mask", "--ends", "-o"}) {
         EXPECT_TRUE(holds(help.out, option)) << option;
     }
 }
