@@ -4,7 +4,6 @@
 #include "media/file_kind.h"
 #include "media/frame_reader.h"
 #include "media/numbered_path.h"
-#include "runtime/images.h"
 
 namespace ruvex::cli {
 namespace {

@@ -5,9 +5,7 @@
 #include <filesystem>
 
 #include "media/frame.h"
-#include "runtime/project.h"
-#include "sdk/com_ptr.h"
-#include "sdk/image.h"
+#include "runtime/images.h"
 
 namespace ruvex::cli {
 

@@ -28,6 +28,12 @@ TEST(Command, SaysItsVersionAndHelp) {
           "--project-size", "--pixel-aspect", "--region", "--mask", "--ends", "-o"}) {
         EXPECT_TRUE(holds(help.out, option)) << option;
     }
+    const Outcome levelHelp = ruvex({"level", "--help"});
+    EXPECT_EQ(levelHelp.status, 0);
+    for (const char* option :
+         {"INPUT", "--set", "--key", "--frames", "--rate", "--size", "--csv", "--plot"}) {
+        EXPECT_TRUE(holds(levelHelp.out, option)) << option;
+    }
 }
 
 TEST(Command, AWrongCommandLineEndsWithTwo) {
