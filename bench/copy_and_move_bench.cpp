@@ -1,50 +1,15 @@
 // Copying and moving a frame of 1920x1080, as multiples of a memcpy of it in the same run.
 
-#include <algorithm>
 #include <benchmark/benchmark.h>
-#include <chrono>
 #include <cstring>
 #include <vector>
 
+#include "bench/frames.h"
 #include "imaging/copy_samplers.h"
 #include "imaging/move_sampler.h"
 
-namespace ruvex {
+namespace ruvex::bench {
 namespace {
-
-constexpr int kWidth = 1920;
-constexpr int kHeight = 1080;
-
-template <class P>
-struct Frames {
-    VxTexture<P> source;
-    VxTexture<P> target;
-
-    explicit Frames(int width = kWidth, int height = kHeight) {
-        source.x.setSize(width);
-        source.y.setSize(height);
-        source.allocate(Contents::Zero);
-        source.setEdgeMethods(kEdgeHold, kEdgeHold);
-        std::byte* bytes = source.data;
-        for (std::size_t i = 0; i < static_cast<std::size_t>(source.stride) * height; ++i) {
-            bytes[i] = static_cast<std::byte>(i * 2654435761u >> 24 & 0x3F);
-        }
-        target.x.setSize(kWidth);
-        target.y.setSize(kHeight);
-        target.allocate(Contents::Zero);
-    }
-};
-
-double seconds(const auto& work) {
-    const auto start = std::chrono::steady_clock::now();
-    work();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-}
-
-double median(std::vector<double> values) {
-    std::nth_element(values.begin(), values.begin() + values.size() / 2, values.end());
-    return values[values.size() / 2];
-}
 
 // Times `work` in turn with a memcpy of the frame and reports the median ratio of the pairs, so
 // that a machine whose speed drifts drifts for both.
@@ -112,4 +77,4 @@ RUVEX_BENCH(move<RgbaS214, MoveFilter::Bilinear, true>);
 #undef RUVEX_BENCH
 
 }  // namespace
-}  // namespace ruvex
+}  // namespace ruvex::bench

@@ -26,11 +26,11 @@ float settledRadius(float radius, double limit) {
     return radius > 0.0f ? radius : 0.0f;
 }
 
-// The calling worker's part of positions `first` to `end` - 1.
-LineRange workerShare(std::int32_t first, std::int32_t end) {
-    const std::int32_t lines = saturate(std::int64_t{end} - first);
-    const RowShare share = shareOfRows(lines, workerCount(), workerIndex());
-    return {std::int64_t{first} + share.first, std::int64_t{first} + share.end};
+// The calling worker's part of some lines.
+LineRange workerShare(const LineRange& lines) {
+    const std::int32_t count = saturate(lines.end - lines.first);
+    const RowShare share = shareOfRows(count, workerCount(), workerIndex());
+    return {lines.first + share.first, lines.first + share.end};
 }
 
 LineRange writableRange(const TexAxis& axis) {
@@ -111,10 +111,11 @@ bool GaussSampler<P, Mask, A>::prepareTemp(const Texture& source) {
     temp->x.offset = mapOffsetX;
     temp->y.offset = top;
 
-    // With fewer than three boxes, or a kept buffer of another size, pass 1 can come upon pixels
-    // that pass 0 has not written.
-    const bool covered = margin() >= 3 * BoxWeights(radiusY).reach + 3;
-    if (!covered || temp->x.size != width || temp->y.size != rows) {
+    // In a margin too narrow for the boxes, or a kept buffer of another size, pass 1 comes upon
+    // pixels that pass 0 has not written.
+    covered_ = margin() >= 3 * BoxWeights(radiusY).reach + 3 && temp->x.size == width &&
+               temp->y.size == rows;
+    if (!covered_) {
         std::memset(
             temp->data, 0,
             static_cast<std::size_t>(temp->stride) * static_cast<std::size_t>(temp->y.size));
@@ -150,7 +151,7 @@ template <class P, std::uint32_t Mask, BlurArithmetic A>
 void GaussSampler<P, Mask, A>::work(Texture* source, Texture* target) {
     if (interruptCheck(this->interrupt) || !temp || !temp->data) return;
     if (this->pass == kPassX) blurX(*source);
-    if (this->pass == kPassY) blurY(*target);
+    if (this->pass == kPassY) blurY(*source, *target);
 }
 
 template <class P, std::uint32_t Mask, BlurArithmetic A>
@@ -166,20 +167,44 @@ BoxPlan GaussSampler<P, Mask, A>::planY(const Texture& target) const {
 }
 
 template <class P, std::uint32_t Mask, BlurArithmetic A>
+bool GaussSampler<P, Mask, A>::marginIsFlat(const Texture& source) const {
+    const std::uint32_t method = source.y.edgeMethod;
+    return covered_ && method != kEdgeMirror && method != kEdgeWrap;
+}
+
+template <class P, std::uint32_t Mask, BlurArithmetic A>
+LineRange GaussSampler<P, Mask, A>::rowsBetween(const Texture& source) const {
+    const std::int64_t around = radiusY == 0.0f ? 0 : margin();
+    const LineRange rows{savedY0 - around, savedY1 + around};
+    if (!marginIsFlat(source) || rows.size() == 0) return rows;
+    const std::int64_t before = std::int64_t{source.y.origin} + source.y.lo - 1;
+    const std::int64_t after = std::int64_t{source.y.origin} + source.y.hi + 1;
+    return {std::clamp(before, rows.first, rows.end - 1),
+            std::clamp(after, rows.first, rows.end - 1) + 1};
+}
+
+template <class P, std::uint32_t Mask, BlurArithmetic A>
 void GaussSampler<P, Mask, A>::blurX(const Texture& source) {
     const BoxPlan plan = planX(source);
     if (!plan.possible()) return raiseOutOfMemory(this->interrupt);
-    LineRange rows = workerShare(this->y0, this->y1).meet(writableRange(temp->y));
-    // Without a blur along Y no row of the margin is ever read.
-    if (radiusY == 0.0f) rows = rows.meet({savedY0, savedY1});
+    const LineRange rows = workerShare(rowsBetween(source)).meet(writableRange(temp->y));
     blurRows<P, Mask, A>(source, *temp, plan, rows, this->interrupt);
 }
 
 template <class P, std::uint32_t Mask, BlurArithmetic A>
-void GaussSampler<P, Mask, A>::blurY(Texture& target) {
+void GaussSampler<P, Mask, A>::blurY(const Texture& source, Texture& target) {
     const BoxPlan plan = planY(target);
     if (!plan.possible()) return raiseOutOfMemory(this->interrupt);
-    blurColumns<P, Mask, A>(*temp, target, plan, workerShare(this->x0, this->x1), this->interrupt);
+    Texture between;
+    between.refer(*temp);
+    if (marginIsFlat(source)) {
+        const LineRange rows = rowsBetween(source);
+        between.y.setRange(static_cast<std::int32_t>(rows.first - temp->y.offset),
+                           static_cast<std::int32_t>(rows.end - 1 - temp->y.offset));
+        between.y.edgeMethod = kEdgeHold;
+    }
+    blurColumns<P, Mask, A>(between, target, plan, workerShare({this->x0, this->x1}),
+                            this->interrupt);
 }
 
 template class GaussSampler<Rgba8, 15, BlurArithmetic::Fixed>;

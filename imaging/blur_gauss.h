@@ -55,8 +55,14 @@ private:
     std::int32_t margin() const;
     BoxPlan planX(const Texture& source) const;
     BoxPlan planY(const Texture& target) const;
+    /// Whether the rows that pass 1 reads beyond the source's are all alike, above as below.
+    bool marginIsFlat(const Texture& source) const;
+    /// The rows that pass 0 makes: where the margin is flat, one of it at either end.
+    LineRange rowsBetween(const Texture& source) const;
     void blurX(const Texture& source);
-    void blurY(Texture& target);
+    void blurY(const Texture& source, Texture& target);
+
+    bool covered_ = false;  ///< pass 0 writes all that pass 1 reads
 };
 
 /// 14-bit fixed-point weights and integer sums; every box rounds to a whole raw value. Of the

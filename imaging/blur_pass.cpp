@@ -1,8 +1,5 @@
 #include "imaging/blur_pass.h"
 
-#include <array>
-#include <cstring>
-
 #include "imaging/box_kernels.h"
 #include "imaging/line_block.h"
 #include "imaging/line_copier.h"
@@ -68,38 +65,19 @@ void copyUnblurred(const VxTexture<P>& from, VxTexture<P>& to, const LineRange& 
     }
 }
 
-// A block of rows that read different rows of the source, each with how many in a row read that.
-template <class Block>
-struct RowGroup {
-    typename Block::Lines sources;
-    typename Block::Lines targets;
-    std::array<std::int32_t, Block::kLines> copies{};
-
-    // Takes rows from y on until the block is full; returns the next row.
-    std::int64_t collect(const TexAxis& axis, std::int64_t y, std::int64_t end) {
-        for (; y < end; ++y) {
-            const std::int32_t index = sourceIndex(axis, y);
-            const auto last = static_cast<std::size_t>(sources.count - 1);
-            if (sources.count > 0 && sources.at[last] == index) {
-                ++copies[last];
-            } else if (sources.full()) {
-                break;
-            } else {
-                sources.add(index);
-                targets.add(static_cast<std::int32_t>(y));
-            }
+// Hands `lines` of a source axis on, a block at a time: run(sources, targets), the lines read and
+// written. Stops when interrupted.
+template <class Block, class Run>
+void forEachBlock(const TexAxis& axis, const LineRange& lines, InterruptionRecord* interrupt,
+                  Run run) {
+    for (std::int64_t line = lines.first; line < lines.end;) {
+        if (interruptCheck(interrupt)) return;
+        typename Block::Lines sources, targets;
+        for (; line < lines.end && !sources.full(); ++line) {
+            sources.add(sourceIndex(axis, line));
+            targets.add(static_cast<std::int32_t>(line));
         }
-        return y;
-    }
-};
-
-template <class P>
-void repeatRow(VxTexture<P>& texture, const LineRange& columns, std::int32_t y,
-               std::int32_t copies) {
-    const auto x = static_cast<std::int32_t>(columns.first);
-    for (std::int32_t i = 1; i <= copies; ++i) {
-        std::memcpy(texture.writeAt(x, y + i), texture.writeAt(x, y),
-                    static_cast<std::size_t>(columns.size()) * sizeof(P));
+        run(sources, targets);
     }
 }
 
@@ -115,17 +93,11 @@ void blurRows(const VxTexture<P>& from, VxTexture<P>& to, const BoxPlan& plan,
     using Block = LineBlock<P, Mask>;
     Block block(plan);
     if (!block.usable()) return raiseOutOfMemory(interrupt);
-    for (std::int64_t y = lines.first; y < lines.end;) {
-        if (interruptCheck(interrupt)) return;
-        RowGroup<Block> group;
-        y = group.collect(from.y, y, lines.end);
-        block.gatherRows(from, group.sources);
+    forEachBlock<Block>(from.y, lines, interrupt, [&](const auto& sources, const auto& targets) {
+        block.gatherRows(from, sources);
         block.filter(boxFilter<Arithmetic, typename P::Component>(), from.fill);
-        block.scatterRows(to, group.targets);
-        for (std::size_t k = 0; k < static_cast<std::size_t>(group.targets.count); ++k) {
-            repeatRow(to, plan.output(), group.targets.at[k], group.copies[k]);
-        }
-    }
+        block.scatterRows(to, targets);
+    });
 }
 
 template <class P, std::uint32_t Mask, BlurArithmetic Arithmetic>
@@ -138,17 +110,11 @@ void blurColumns(const VxTexture<P>& from, VxTexture<P>& to, const BoxPlan& plan
     using Block = LineBlock<P, Mask>;
     Block block(plan);
     if (!block.usable()) return raiseOutOfMemory(interrupt);
-    for (std::int64_t x = lines.first; x < lines.end;) {
-        if (interruptCheck(interrupt)) return;
-        typename Block::Lines sources, targets;
-        for (; x < lines.end && !sources.full(); ++x) {
-            sources.add(sourceIndex(from.x, x));
-            targets.add(static_cast<std::int32_t>(x));
-        }
+    forEachBlock<Block>(from.x, lines, interrupt, [&](const auto& sources, const auto& targets) {
         block.gatherColumns(from, sources);
         block.filter(boxFilter<Arithmetic, typename P::Component>(), from.fill);
         block.scatterColumns(to, targets);
-    }
+    });
 }
 
 #define RUVEX_INSTANTIATE(P, MASK, ARITHMETIC)                                \
