@@ -107,7 +107,11 @@ HRESULT Ruvex::Clone(const GUID& id, void** out) {
 
 std::int32_t Ruvex::setWorkerCount(std::int32_t count) {
     if (count < 0 || count > kMaxWorkers) return E_INVALIDARG;
-    ruvex::setWorkerCount(count);
+    if (count == 0) {
+        useAllProcessors();
+    } else {
+        ruvex::setWorkerCount(count);
+    }
     return S_OK;
 }
 

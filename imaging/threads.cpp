@@ -66,6 +66,11 @@ bool setWorkerCount(std::int32_t count) {
     return true;
 }
 
+void useAllProcessors() {
+    const std::lock_guard lock(forkMutex);
+    processorCount.store(kNotAsked, std::memory_order_relaxed);
+}
+
 void setThreadingEnabled(bool enabled) {
     const std::lock_guard lock(forkMutex);
     threadingEnabled.store(enabled, std::memory_order_relaxed);

@@ -18,6 +18,10 @@ std::int32_t workerIndex();
 /// frame and not during one, since the frame's passes would not agree on their shares.
 bool setWorkerCount(std::int32_t count);
 
+/// Undoes setWorkerCount: the count is that of the machine's processors again. Waits in the same
+/// way.
+void useAllProcessors();
+
 /// With `enabled` false everything runs on the caller.
 void setThreadingEnabled(bool enabled);
 

@@ -38,9 +38,9 @@ struct FrameValues {
 /// as long as the effect lives.
 struct IRuvexControl {
     /// How many shares the rows of a pass are cut into, in the whole module; 0 goes back to the
-    /// machine's number of processors. To be set before the first frame is rendered. Returns 0, or
-    /// a COM status and changes nothing: 0x80070057 for a number that the module does not allow,
-    /// 0x8000FFFF when it is too late.
+    /// machine's number of processors. To be set between frames: the passes of one frame have to
+    /// agree. Returns 0, or 0x80070057, changing nothing, for a number that the module does not
+    /// allow.
     virtual std::int32_t setWorkerCount(std::int32_t count) = 0;
     virtual std::int32_t workerCount() const = 0;
 

@@ -74,6 +74,15 @@ TEST(Threads, ACountBelowOneIsRefused) {
     EXPECT_EQ(workerCount(), 3);
 }
 
+TEST(Threads, ACountCanBeGivenBackToTheMachine) {
+    useAllProcessors();
+    const std::int32_t processors = workerCount();
+    const Workers workers(processors + 3);
+    EXPECT_EQ(workerCount(), processors + 3);
+    useAllProcessors();
+    EXPECT_EQ(workerCount(), processors);
+}
+
 TEST(Threads, DisabledThreadingRunsOnTheCallerAlone) {
     const Workers workers(4);
     setThreadingEnabled(false);
