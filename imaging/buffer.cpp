@@ -3,8 +3,6 @@
 #include <cstring>
 #include <new>
 
-#include "imaging/memory_advice.h"
-
 namespace ruvex {
 namespace {
 constexpr std::align_val_t kAlignment{64};
@@ -14,7 +12,6 @@ std::byte* allocateBuffer(std::int32_t bytes, Contents contents) noexcept {
     if (bytes < 1) return nullptr;
     const auto size = static_cast<std::size_t>(bytes);
     void* memory = ::operator new(size, kAlignment, std::nothrow);
-    if (memory) adviseLargePages(memory, size);
     if (memory && contents == Contents::Zero) std::memset(memory, 0, size);
     return static_cast<std::byte*>(memory);
 }
