@@ -10,8 +10,9 @@
 namespace ruvex {
 
 /// Truncates towards zero. NaN and values outside the 32-bit range give -2147483648, which is what
-/// the processor's own conversion gives, so that no picture hangs on undefined behaviour.
-constexpr std::int32_t truncateToInt(float value) {
+/// the processor's own conversion gives, so that no picture hangs on undefined behaviour. Always
+/// inline: sources for one processor alone use it, and no copy of theirs may be taken for all.
+[[gnu::always_inline]] constexpr std::int32_t truncateToInt(float value) {
     return value >= -2147483648.0f && value < 2147483648.0f
                ? static_cast<std::int32_t>(value)
                : std::numeric_limits<std::int32_t>::min();

@@ -7,8 +7,9 @@
 namespace ruvex {
 
 /// A 31-bit value for a position. The constant that is subtracted belongs to this system: another
-/// would make other pictures.
-constexpr std::uint32_t positionHash(std::uint32_t n) {
+/// would make other pictures. Always inline: sources for one processor alone use it, and no copy of
+/// theirs may be taken for all.
+[[gnu::always_inline]] constexpr std::uint32_t positionHash(std::uint32_t n) {
     const std::uint32_t m = (n << 13) ^ n;
     return ((m * m * 15731u + 789221u) * m - 771171059u) & 0x7FFFFFFFu;
 }

@@ -2,6 +2,7 @@
 
 #include "imaging/noise_gen.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <gtest/gtest.h>
@@ -9,6 +10,7 @@
 
 #include "imaging/blur_gauss.h"
 #include "imaging/channel_blur_sampler.h"
+#include "imaging/noise_kernels.h"
 #include "imaging/rgba_noise_gen.h"
 #include "imaging/threads.h"
 
@@ -254,6 +256,28 @@ TEST_F(NoisePictures, UnevenSoftnessTakesTheChannelBlur) {
     blur.process(&grown, &expected);
     EXPECT_TRUE(same(picture, expected));
     EXPECT_NE(picture.writeAt(5, 5)->c[0], grown.writeAt(5, 5)->c[0]);
+}
+
+TEST(NoiseKernels, EveryVersionGivesTheSameBits) {
+    constexpr int kMost = 67;
+    const float factors[] = {255.0f * kHashStep, -3e4f * kHashStep, 1.0f,
+                             2147483648.0f * kHashStep};
+    for (std::uint32_t number = 0; number < 400; ++number) {
+        const int count = static_cast<int>(number % kMost);
+        ChannelInt plain[kMost]{};
+        ChannelInt best[kMost]{};
+        plainNoiseKernels().channel(number * 2654435761u, count, factors[number % 4], -7.5f, plain);
+        bestNoiseKernels().channel(number * 2654435761u, count, factors[number % 4], -7.5f, best);
+        EXPECT_TRUE(std::equal(plain, plain + kMost, best)) << number;
+        RgbaInt plainColour[kMost]{};
+        RgbaInt bestColour[kMost]{};
+        plainNoiseKernels().colour(number * 40503u, count, factors, plainColour);
+        bestNoiseKernels().colour(number * 40503u, count, factors, bestColour);
+        EXPECT_TRUE(std::equal(plainColour, plainColour + kMost, bestColour)) << number;
+        plainNoiseKernels().colourWithoutAlpha(~number, count, factors, plainColour);
+        bestNoiseKernels().colourWithoutAlpha(~number, count, factors, bestColour);
+        EXPECT_TRUE(std::equal(plainColour, plainColour + kMost, bestColour)) << number;
+    }
 }
 
 TEST_F(NoisePictures, WantOfMemoryStopsTheRender) {

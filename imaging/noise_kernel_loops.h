@@ -1,0 +1,48 @@
+// The loops themselves, to be compiled for one processor after another: each source names a type of
+// its own, so that no version is taken for another.
+
+#pragma once
+
+#include "imaging/noise_kernels.h"
+#include "imaging/noise_rows.h"
+#include "imaging/pixel_convert.h"
+#include "imaging/random.h"
+
+namespace ruvex::detail {
+
+template <class Processor>
+struct NoiseLoops {
+    // Hashes have 31 bits: by way of the signed type they are converted by a single instruction.
+    static float hashOf(std::uint32_t number) {
+        return static_cast<float>(static_cast<std::int32_t>(positionHash(number)));
+    }
+
+    static std::uint32_t numberAt(std::uint32_t first, std::int32_t column) {
+        return first + static_cast<std::uint32_t>(column) * VxNoisyBastard::kColumnStep;
+    }
+
+    static void channel(std::uint32_t number, std::int32_t count, float factor, float offset,
+                        ChannelInt* to) {
+        for (std::int32_t i = 0; i < count; ++i) {
+            to[i].c[0] = truncateToInt(hashOf(numberAt(number, i)) * factor + offset);
+        }
+    }
+
+    template <int Components>
+    static void colour(std::uint32_t number, std::int32_t count, const float* factors,
+                       RgbaInt* to) {
+        for (std::int32_t i = 0; i < count; ++i) {
+            const std::uint32_t n = numberAt(number, i);
+            for (std::uint32_t k = 0; k < Components; ++k) {
+                to[i].c[k] = truncateToInt(hashOf(n + k) * factors[k] + 0.0f);
+            }
+        }
+    }
+};
+
+template <class Processor>
+inline constexpr NoiseKernels kNoiseKernels{NoiseLoops<Processor>::channel,
+                                            NoiseLoops<Processor>::template colour<4>,
+                                            NoiseLoops<Processor>::template colour<3>};
+
+}  // namespace ruvex::detail

@@ -1,0 +1,30 @@
+// The inner loops of the noise pictures: a row of hashes.
+
+#pragma once
+
+#include <cstdint>
+
+#include "imaging/pixel.h"
+
+namespace ruvex {
+
+/// One version of every loop. All versions give the same bits.
+struct NoiseKernels {
+    /// Values of `count` columns from pixel number `number` on: the hash times `factor` plus
+    /// `offset`, truncated.
+    void (*channel)(std::uint32_t number, std::int32_t count, float factor, float offset,
+                    ChannelInt* to);
+    /// The same for four components with a factor each.
+    void (*colour)(std::uint32_t number, std::int32_t count, const float* factors, RgbaInt* to);
+    /// The same, leaving the fourth component as it is.
+    void (*colourWithoutAlpha)(std::uint32_t number, std::int32_t count, const float* factors,
+                               RgbaInt* to);
+};
+
+/// For any processor that the build is for.
+const NoiseKernels& plainNoiseKernels();
+
+/// The fastest that this machine runs.
+const NoiseKernels& bestNoiseKernels();
+
+}  // namespace ruvex
