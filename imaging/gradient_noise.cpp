@@ -1,20 +1,26 @@
 #include "imaging/gradient_noise.h"
 
+#include <algorithm>
+
+#include "imaging/gradient_noise_cell.h"
 #include "imaging/maths.h"
-#include "imaging/pixel_convert.h"
+#include "imaging/noise_kernels.h"
 #include "imaging/random.h"
-#include "imaging/wrap.h"
 
 namespace ruvex {
 namespace {
 
 constexpr float kHalfHashStep = 9.313226e-10f;  // 1 / 1073741824: hashes become 0..2
 constexpr float kTwoPi = 6.2831855f;
-constexpr std::int32_t kCellStep = 275;
-constexpr std::uint32_t kEntryMask = VxGradientNoise::kEntries - 1;
 
 float signedUnit(std::uint32_t n) {
     return 1.0f - static_cast<float>(positionHash(n)) * kHalfHashStep;
+}
+
+int octaveCount(std::int32_t octaves) {
+    if (octaves == 0 || octaves == 1) return 1;
+    return octaves >= 2 && octaves < VxGradientNoise::kOctaves ? octaves
+                                                               : VxGradientNoise::kOctaves;
 }
 
 }  // namespace
@@ -36,21 +42,11 @@ VxGradientNoise::VxGradientNoise(std::uint32_t baseSeed) {
 }
 
 float VxGradientNoise::noise(int octave, float x) const {
-    const auto& gradients = table(octave);
-    const std::int32_t whole = truncateToInt(x);
-    const std::int32_t cell = x < 0.0f ? wrapSubtract(whole, 1) : whole;
-    const float f = x - static_cast<float>(cell);
-    const auto c = static_cast<std::uint32_t>(wrapMultiply(cell, kCellStep));
-    const float p = f * gradients[c & kEntryMask];
-    const float q = (f - 1.0f) * gradients[(c + kCellStep) & kEntryMask];
-    const float s = (3.0f - 2.0f * f) * f * f;
-    return (q - p) * s + p;
+    return gradientNoise(table(octave).data(), x);
 }
 
 float VxGradientNoise::fractalNoise(float x, std::int32_t octaves) const {
-    int count = kOctaves;
-    if (octaves == 0 || octaves == 1) count = 1;
-    if (octaves >= 2 && octaves < kOctaves) count = octaves;
+    const int count = octaveCount(octaves);
     float sum = noise(0, x);
     float pace = 2.0f;
     float weight = 0.5f;
@@ -58,6 +54,19 @@ float VxGradientNoise::fractalNoise(float x, std::int32_t octaves) const {
         sum += weight * noise(k, x * pace + weight);
     }
     return sum;
+}
+
+void VxGradientNoise::fractalNoiseRow(const float* places, std::int32_t count, std::int32_t octaves,
+                                      float* to) const {
+    const NoiseKernels& kernels = bestNoiseKernels();
+    const int octaveEnd = octaveCount(octaves);
+    std::fill_n(to, count, -0.0f);
+    kernels.octave(table(0).data(), places, count, 1.0f, -0.0f, 1.0f, to);
+    float pace = 2.0f;
+    float weight = 0.5f;
+    for (int k = 1; k < octaveEnd; ++k, pace *= 2.0f, weight *= 0.5f) {
+        kernels.octave(table(k).data(), places, count, pace, weight, weight, to);
+    }
 }
 
 const VxGradientNoise& noiseTable() {

@@ -5,6 +5,8 @@
 #include <array>
 #include <cstdint>
 
+#include "imaging/gradient_noise_cell.h"
+
 namespace ruvex {
 
 /// One entry of a gradient table: a unit vector, of which the noise uses `x`.
@@ -19,7 +21,7 @@ Gradient gradientEntry(std::uint32_t seed, std::uint32_t index);
 class VxGradientNoise {
 public:
     static constexpr int kOctaves = 8;
-    static constexpr int kEntries = 1024;
+    static constexpr int kEntries = kGradientEntries;
 
     /// Octave k has the table of seed `baseSeed` + k.
     explicit VxGradientNoise(std::uint32_t baseSeed);
@@ -31,6 +33,11 @@ public:
     /// The sum of octaves, each of half the weight and twice the pace of the one before. `octaves`
     /// of 0 or 1 is one octave, 2 to 7 are that many, anything else is all eight.
     float fractalNoise(float x, std::int32_t octaves) const;
+
+    /// The same for many places at once, which is three times as fast where the processor has AVX2:
+    /// to[i] becomes the noise at places[i], to the bit. The arrays must not overlap.
+    void fractalNoiseRow(const float* places, std::int32_t count, std::int32_t octaves,
+                         float* to) const;
 
     /// The first components of an octave's gradients.
     const std::array<float, kEntries>& table(int octave) const {

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "imaging/gradient_noise_cell.h"
 #include "imaging/noise_kernels.h"
 #include "imaging/noise_rows.h"
 #include "imaging/pixel_convert.h"
@@ -41,8 +42,16 @@ struct NoiseLoops {
 };
 
 template <class Processor>
-inline constexpr NoiseKernels kNoiseKernels{NoiseLoops<Processor>::channel,
-                                            NoiseLoops<Processor>::template colour<4>,
-                                            NoiseLoops<Processor>::template colour<3>};
+void octaveRow(const float* __restrict gradients, const float* __restrict places,
+               std::int32_t count, float pace, float shift, float weight, float* __restrict to) {
+    for (std::int32_t i = 0; i < count; ++i) {
+        to[i] += weight * gradientNoise(gradients, places[i] * pace + shift);
+    }
+}
+
+template <class Processor>
+inline constexpr NoiseKernels kNoiseKernels{
+    NoiseLoops<Processor>::channel, NoiseLoops<Processor>::template colour<4>,
+    NoiseLoops<Processor>::template colour<3>, octaveRow<Processor>};
 
 }  // namespace ruvex::detail

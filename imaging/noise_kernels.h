@@ -19,6 +19,10 @@ struct NoiseKernels {
     /// The same, leaving the fourth component as it is.
     void (*colourWithoutAlpha)(std::uint32_t number, std::int32_t count, const float* factors,
                                RgbaInt* to);
+    /// Adds `weight` times one octave of gradient noise at places[i] * pace + shift to to[i].
+    /// `gradients` are the octave's table of 1024.
+    void (*octave)(const float* gradients, const float* places, std::int32_t count, float pace,
+                   float shift, float weight, float* to);
 };
 
 /// For any processor that the build is for.

@@ -8,7 +8,7 @@
 namespace ruvex {
 
 /// a - b, modulo 2 to the 32.
-constexpr std::int32_t wrapSubtract(std::int32_t a, std::int32_t b) {
+[[gnu::always_inline]] constexpr std::int32_t wrapSubtract(std::int32_t a, std::int32_t b) {
     return static_cast<std::int32_t>(static_cast<std::uint32_t>(a) - static_cast<std::uint32_t>(b));
 }
 

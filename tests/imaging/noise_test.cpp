@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <cstdint>
+#include <cstring>
 #include <gtest/gtest.h>
 #include <random>
 
@@ -122,6 +123,26 @@ TEST(GradientNoise, EqualsThePlainComputation) {
         const float x = i % 5 == 0 ? std::floor(positions(random)) : positions(random);
         for (const int octaves : {1, 2, 5, 7, 8}) {
             ASSERT_EQ(noiseTable().fractalNoise(x, octaves), plainFractal(x, octaves)) << x;
+        }
+    }
+}
+
+TEST(GradientNoise, ARowEqualsItsValuesToTheBit) {
+    std::mt19937 random(4);
+    std::uniform_real_distribution<float> positions(-500.0f, 500.0f);
+    float places[131];
+    float row[131];
+    for (int round = 0; round < 200; ++round) {
+        const int count = round % 131;
+        for (float& place : places) {
+            place = round % 7 == 0 ? std::round(positions(random)) : positions(random);
+        }
+        for (const int octaves : {0, 1, 2, 3, 8, 9}) {
+            noiseTable().fractalNoiseRow(places, count, octaves, row);
+            for (int i = 0; i < count; ++i) {
+                const float one = noiseTable().fractalNoise(places[i], octaves);
+                ASSERT_EQ(std::memcmp(&row[i], &one, sizeof(one)), 0) << places[i];
+            }
         }
     }
 }
