@@ -1,0 +1,201 @@
+#include "stages/creeping_lines.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "imaging/maths.h"
+#include "imaging/random.h"
+#include "stages/stage_pixel.h"
+
+namespace ruvex {
+namespace {
+
+constexpr float kPi = 3.1415927f;
+constexpr float kQuarterTurn = 1.5707964f;
+constexpr float kThreeQuarters = 4.712389f;
+constexpr float kWholeTurn = 6.2831855f;
+// Between these a line is nearer to the vertical.
+constexpr float kSteepFrom = 0.7853982f;
+constexpr float kSteepTo = 2.3561945f;
+// Dots stand on every third row or column.
+constexpr std::int32_t kDotStep = 3;
+
+float sine(float angle) {
+    return static_cast<float>(maths::sin(angle));
+}
+
+// The lines go the other way in the lower half turn.
+float creepOf(float angle, float offset) {
+    if (angle < kQuarterTurn) return -(offset / sine(angle));
+    if (angle < kPi) return -(offset / sine(kPi - angle));
+    if (angle < kThreeQuarters) return offset / sine(angle - kPi);
+    return offset / sine(kWholeTurn - angle);
+}
+
+// v rounded up, by truncation.
+float wholeAbove(float v) {
+    const std::int32_t whole = truncateToInt(v);
+    const bool up = v > 0.0f && static_cast<float>(whole) != v;
+    return static_cast<float>(whole) + (up ? 1.0f : 0.0f);
+}
+
+struct LineFamily {
+    float angle;  // 0 to pi
+    float slope;
+    float step;    // between neighbours along a row
+    float reach;   // along the row over the picture's height; negative beyond a quarter turn
+    float period;  // of the whole family along a row
+    std::int32_t lines;
+    float strength;
+};
+
+LineFamily lineFamily(const SignalParameters& signal, float width, float height) {
+    LineFamily family;
+    family.strength = (signal.breakup - signal.lineThreshold) / (1.0f - signal.lineThreshold);
+    family.angle = signal.lineAngle > kPi ? signal.lineAngle - kPi : signal.lineAngle;
+    const float a = family.angle;
+    family.step = signal.lineSpacing / sine(a > kQuarterTurn ? kPi - a : a);
+    family.slope = static_cast<float>(maths::tan(a));
+    family.reach = height / family.slope;
+    family.lines = truncateToInt((std::fabs(family.reach) + width) / family.step + 1.0f);
+    family.period = static_cast<float>(family.lines - 1) * family.step + family.step;
+    return family;
+}
+
+template <class P>
+class LineDrawer {
+public:
+    LineDrawer(const SignalParameters& signal, const LineFamily& family, VxTexture<P>& picture,
+               Span rows, std::uint32_t seed)
+        : signal_(signal), family_(family), picture_(picture), rows_(rows), seed_(seed) {}
+
+    void drawLine(float p) {
+        const float at = broughtIntoView(p);
+        if (family_.angle > kSteepFrom && family_.angle < kSteepTo) {
+            drawSteep(at);
+        } else {
+            drawShallow(at);
+        }
+    }
+
+private:
+    float originX() const { return static_cast<float>(signal_.originX); }
+
+    float broughtIntoView(float p) const {
+        const LineFamily& f = family_;
+        const float left = originX();
+        const float width = signal_.width;
+        if (f.angle > kQuarterTurn) {
+            if (p < left) return p + wholeAbove((left - p) / f.period) * f.period;
+            if (p > std::fabs(f.reach) + width) {
+                return p - wholeAbove((p - width + f.reach) / f.period) * f.period;
+            }
+            return p;
+        }
+        if (p > width) return p - wholeAbove((p - width) / f.period) * f.period;
+        if (p < left - std::fabs(f.reach)) {
+            return p + wholeAbove((left - p - f.reach) / f.period) * f.period;
+        }
+        return p;
+    }
+
+    float heldAcross(float x) const {
+        return std::max(originX(), std::min(x, signal_.width - 1.0f));
+    }
+
+    void drawSteep(float p) {
+        const float dxdy = 1.0f / family_.slope;
+        const float xa = heldAcross(static_cast<float>(rows_.first) * dxdy + p);
+        const float xb = heldAcross(static_cast<float>(rows_.end) * dxdy + p);
+        const float yb = (xb - p) / dxdy;
+        std::int32_t row = truncateToInt((xa - p) / dxdy);
+        for (float column = xa; yb > static_cast<float>(row);
+             row += kDotStep, column += dxdy * kDotStep) {
+            paint(truncateToInt(column), row);
+        }
+    }
+
+    void drawShallow(float p) {
+        const float slope = family_.slope;
+        const float c = slope * p;
+        const auto crossing = [&](std::int32_t y) {
+            return truncateToInt((static_cast<float>(y) + c) / slope);
+        };
+        const std::int32_t xa = crossing(rows_.first);
+        const std::int32_t xb = crossing(rows_.end);
+        const auto held = [&](std::int32_t x) {
+            return truncateToInt(heldAcross(static_cast<float>(x)));
+        };
+        const std::int32_t end = held(std::max(xa, xb));
+        std::int32_t column = held(std::min(xa, xb));
+        float row = static_cast<float>(column) * slope - c;
+        for (; column < end; column += kDotStep, row += slope * kDotStep) {
+            paint(column, truncateToInt(row));
+        }
+    }
+
+    // Outside the picture nothing happens, and no random number is used.
+    void paint(std::int32_t x, std::int32_t y) {
+        const auto inside = [](const TexAxis& axis, std::int32_t at) {
+            const std::int64_t index = std::int64_t{at} - axis.offset;
+            return index >= 0 && index < axis.size;
+        };
+        if (!inside(picture_.x, x) || !inside(picture_.y, y)) return;
+        P& pixel = *picture_.writeAt(x, y);
+        if (signal_.tvType == 0) {
+            sparkle(pixel);
+        } else {
+            whiten(pixel);
+        }
+    }
+
+    // A colour television's lines sparkle in random colours.
+    void sparkle(P& pixel) {
+        for (int k = 0; k < 3; ++k) {
+            const float g = (uniform(seed_) * 0.5f + 0.5f) * family_.strength;
+            const std::int32_t target = truncateToInt(uniform(seed_) * StagePixel<P>::kWhite);
+            const std::int32_t c = pixel.c[k];
+            pixel.c[k] = static_cast<typename P::Component>(StagePixel<P>::hold(
+                truncateToInt(static_cast<float>(target - c) * g + static_cast<float>(c))));
+        }
+    }
+
+    // A black-and-white one's are lighter, alpha too. Eight bits take the result as it comes.
+    void whiten(P& pixel) {
+        const float g = (uniform(seed_) * 0.5f + 0.5f) * family_.strength;
+        for (int k = 0; k < 4; ++k) {
+            const auto c = static_cast<float>(pixel.c[k]);
+            const std::int32_t v = truncateToInt((StagePixel<P>::kWhite - c) * g + c);
+            const bool mayDip = sizeof(P) != sizeof(Rgba8);
+            pixel.c[k] = static_cast<typename P::Component>(mayDip ? std::max(v, 0) : v);
+        }
+    }
+
+    const SignalParameters& signal_;
+    const LineFamily& family_;
+    VxTexture<P>& picture_;
+    Span rows_;
+    std::uint32_t seed_;
+};
+
+}  // namespace
+
+template <class P>
+void drawCreepingLines(const SignalParameters& signal, VxTexture<P>& picture, Span rows) {
+    const bool shown = signal.breakup > signal.lineThreshold && signal.lineThreshold < 1.0f;
+    if (!shown || rows.first >= rows.end) return;
+    const float width = signal.width - static_cast<float>(signal.originX);
+    const float height = signal.height - static_cast<float>(signal.originY);
+    const LineFamily family = lineFamily(signal, width, height);
+    auto seed = static_cast<std::uint32_t>(signal.seed);
+    const float start = uniform(seed) * width + creepOf(signal.lineAngle, signal.lineOffset);
+    LineDrawer<P> drawer(signal, family, picture, rows, seed);
+    for (std::int32_t i = 0; i < family.lines; ++i) {
+        drawer.drawLine(static_cast<float>(i) * family.step + start);
+    }
+}
+
+template void drawCreepingLines(const SignalParameters&, VxTexture<Rgba8>&, Span);
+template void drawCreepingLines(const SignalParameters&, VxTexture<RgbaS214>&, Span);
+
+}  // namespace ruvex

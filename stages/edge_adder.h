@@ -1,0 +1,41 @@
+// What lies outside the active picture: the blanking interval with its noise and sync pulses.
+
+#pragma once
+
+#include <cstdint>
+
+#include "imaging/gradient_noise.h"
+#include "imaging/img_proc.h"
+#include "imaging/texture.h"
+
+namespace ruvex {
+
+/// Paints the margins of a padded picture, of which vertical roll and edge distortion uncover
+/// something. The noise of a row depends on where its worker's share begins.
+template <class P>
+class EdgeAdder : public VxImgProc1<VxTexture<P>> {
+public:
+    void run() override;
+
+    /// The padded rectangle in image space; right and bottom are one past the end.
+    std::int32_t left = 0, right = 0, top = 0, bottom = 0;
+    std::int32_t borderAlpha = 0;  ///< 0 none, 1 full, 2 banded
+    std::uint32_t seed = 0;
+    std::int32_t sourceFrame = 0;
+    const VxGradientNoise* noiseTable = nullptr;  ///< borrowed
+
+private:
+    void blackRows(Span band, Span columns);
+    void noiseRows(Span band, Span columns, std::uint32_t& local);
+    P noisePixel(float f) const;
+    void syncBars(std::int32_t y, Span columns);
+    void fillAcross(std::int32_t y, float from, float to, Span columns, const P& pixel);
+    void alphaAcross(std::int32_t y, float from, float to, Span columns,
+                     typename P::Component alpha);
+    P black() const;
+};
+
+extern template class EdgeAdder<Rgba8>;
+extern template class EdgeAdder<RgbaS214>;
+
+}  // namespace ruvex

@@ -1,0 +1,49 @@
+// The picture that a television shows where there is no signal at all.
+
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+#include "imaging/gradient_noise.h"
+#include "imaging/img_proc.h"
+#include "imaging/texture.h"
+
+namespace ruvex {
+
+/// Draws one of five patterns from nothing but a seed and a frame number. Rows of types 0 to 2 take
+/// their random values in the order of a worker's share, so that they depend on the number of
+/// workers.
+template <class P>
+class VxShashProc : public VxImgProc1<VxTexture<P>> {
+public:
+    VxShashProc();
+
+    void run() override;
+    void postPass() override;
+
+    const VxGradientNoise* noiseTable = nullptr;  ///< borrowed
+    std::uint32_t seed = 0;
+    std::int32_t outputFrame = 0;
+    float scaleA = 1.0f;    ///< work pixels for a pixel of the project frame
+    std::int32_t type = 0;  ///< 0 grain, 1 bars, 2 dashes, 3 grey snow, 4 streaks; 5 draws nothing
+
+private:
+    static constexpr int kHarmonics = 8;
+    static constexpr int kSines = 1024;
+
+    std::uint32_t frameSeed() const;
+    float sumOfSines(float x, int count, std::uint32_t s) const;
+    void grain(Span rows, Span columns);
+    void bars(Span rows, Span columns);
+    void dashes(Span rows, Span columns);
+    void snow(float amountMin, float amountMax, float softness);
+
+    std::array<std::int32_t, kHarmonics> harmonics_;
+    std::array<float, kSines> sineTable_;
+};
+
+extern template class VxShashProc<Rgba8>;
+extern template class VxShashProc<RgbaS214>;
+
+}  // namespace ruvex

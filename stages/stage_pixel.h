@@ -1,0 +1,40 @@
+// What the television's stages know of a pixel type.
+
+#pragma once
+
+#include <algorithm>
+#include <cstdint>
+
+#include "imaging/pixel.h"
+#include "imaging/pixel_convert.h"
+
+namespace ruvex {
+
+/// White, the largest value that a stage keeps, and the white of a set without a signal, whose
+/// patterns use the whole range of S2.14.
+template <class P>
+struct StagePixel {
+    using Component = typename P::Component;
+    static constexpr float kWhite = PixelTraits<P>::kWhite;
+    static constexpr float kTop = PixelTraits<P>::kTop;
+    static constexpr std::int32_t kTopInt = static_cast<std::int32_t>(kTop);
+    static constexpr float kShashWhite = kTop;
+    static constexpr Component kWhiteComponent = static_cast<Component>(kWhite);
+
+    /// Held to 0..top and truncated. Not a number stores 0.
+    static Component hold(float value) {
+        if (!(value > 0.0f)) return 0;
+        return static_cast<Component>(value < kTop ? static_cast<std::int32_t>(value) : kTopInt);
+    }
+    static std::int32_t hold(std::int32_t value) { return std::clamp(value, 0, kTopInt); }
+};
+
+/// What a stage does at a level: 0 up to its threshold, `max` at a level of 1. A threshold of 1
+/// never acts.
+constexpr float stageAmount(float breakup, float max, float threshold) {
+    return breakup > threshold && threshold < 1.0f
+               ? (breakup - threshold) * max / (1.0f - threshold)
+               : 0.0f;
+}
+
+}  // namespace ruvex

@@ -1,0 +1,101 @@
+#include "stages/tone_tables.h"
+
+#include <new>
+
+#include "stages/contrast_curve.h"
+#include "stages/stage_pixel.h"
+
+namespace ruvex {
+namespace {
+
+// The ends of the tint scale and where its middle colour lies; no parameter moves them.
+constexpr float kTintMid = 0.5f;
+
+template <class P>
+float fractionOfEntry(std::int32_t index) {
+    if constexpr (sizeof(P) == sizeof(Rgba8)) {
+        return static_cast<float>(index) / 255.0f;
+    } else {
+        return static_cast<float>(index) * 6.1035156e-05f;  // 1 / 16384
+    }
+}
+
+float brightened(float v, float brightness) {
+    const float w = brightness < 0.0f ? (brightness + 1.0f) * v
+                                      : static_cast<float>((1.0 - v) * brightness + v);
+    return w > 0.0f ? w : 0.0f;
+}
+
+template <class P>
+float tone(std::int32_t index, float brightness, float contrast) {
+    return contrastCurve(brightened(fractionOfEntry<P>(index), brightness), contrast);
+}
+
+template <class P>
+bool buildTable(std::unique_ptr<std::int32_t[]>& table, float brightness, float contrast) {
+    table.reset(new (std::nothrow) std::int32_t[ToneTables<P>::kEntries]);
+    if (!table) return false;
+    for (std::int32_t i = 0; i < ToneTables<P>::kEntries; ++i) {
+        table[i] = StagePixel<P>::hold(
+            truncateToInt(tone<P>(i, brightness, contrast) * StagePixel<P>::kWhite));
+    }
+    return true;
+}
+
+// Black to the tint's colour to white.
+template <class P>
+P tinted(float c, const float (&tint)[4]) {
+    constexpr float kWhite = StagePixel<P>::kWhite;
+    static constexpr float kTintBlack[4] = {0.0f, 0.0f, 0.0f, 0.0f};
+    static constexpr float kTintWhite[4] = {kWhite, kWhite, kWhite, 0.0f};
+    P pixel;
+    for (int k = 0; k < 4; ++k) {
+        if (c < kTintMid) {
+            const float f = c / kTintMid;
+            pixel.c[k] = StagePixel<P>::hold((tint[k] - kTintBlack[k]) * f + kTintBlack[k]);
+        } else {
+            const auto f = static_cast<float>((c - kTintMid) / (1.0 - kTintMid));
+            pixel.c[k] = StagePixel<P>::hold((kTintWhite[k] - tint[k]) * f + tint[k]);
+        }
+    }
+    return pixel;
+}
+
+template <class P>
+bool buildTint(std::unique_ptr<P[]>& table, const SignalParameters& signal) {
+    table.reset(new (std::nothrow) P[ToneTables<P>::kEntries]);
+    if (!table) return false;
+    for (std::int32_t i = 0; i < ToneTables<P>::kEntries; ++i) {
+        table[i] = tinted<P>(tone<P>(i, signal.brightness, signal.contrast), signal.tint);
+    }
+    return true;
+}
+
+}  // namespace
+
+template <class P>
+bool ToneTables<P>::build(const SignalParameters& signal) {
+    const auto gun = [&](std::unique_ptr<std::int32_t[]>& table, float brightness) {
+        return buildTable<P>(table, brightness, signal.contrast);
+    };
+    switch (signal.tvType) {
+        case 1:
+            return gun(lutMono, signal.brightness);
+        case 2:
+            return buildTint(tintTable, signal);
+        default:
+            return gun(lutRed, signal.gunRed + signal.brightness) &&
+                   gun(lutGreen, signal.gunGreen + signal.brightness) &&
+                   gun(lutBlue, signal.gunBlue + signal.brightness);
+    }
+}
+
+template <class P>
+void ToneTables<P>::clear() {
+    *this = {};
+}
+
+template struct ToneTables<Rgba8>;
+template struct ToneTables<RgbaS214>;
+
+}  // namespace ruvex

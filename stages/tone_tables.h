@@ -1,0 +1,34 @@
+// The lookup tables of a television's brightness, contrast and tint.
+
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+#include "imaging/pixel.h"
+#include "stages/signal_parameters.h"
+
+namespace ruvex {
+
+/// The power curve is run once for each value there is, and not for each pixel. Which tables exist
+/// follows the type of television; the others are null.
+template <class P>
+struct ToneTables {
+    /// Entries of a table: every value from 0 to the largest that a stage keeps.
+    static constexpr std::int32_t kEntries = static_cast<std::int32_t>(PixelTraits<P>::kTop) + 1;
+
+    std::unique_ptr<std::int32_t[]> lutMono;
+    std::unique_ptr<std::int32_t[]> lutRed;
+    std::unique_ptr<std::int32_t[]> lutGreen;
+    std::unique_ptr<std::int32_t[]> lutBlue;
+    std::unique_ptr<P[]> tintTable;
+
+    /// False when memory ran out.
+    bool build(const SignalParameters& signal);
+    void clear();
+};
+
+extern template struct ToneTables<Rgba8>;
+extern template struct ToneTables<RgbaS214>;
+
+}  // namespace ruvex
