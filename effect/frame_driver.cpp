@@ -16,6 +16,7 @@
 #include "imaging/pixel_convert.h"
 #include "imaging/warp_render.h"
 #include "imaging/wrap.h"
+#include "stages/ruvex_sampler.h"
 #include "stages/scan_line_adder.h"
 
 namespace ruvex {
@@ -262,9 +263,11 @@ void FrameDriver<P>::blur() {
 
 template <class P>
 void FrameDriver<P>::showSignal() {
-    SimpleCopySampler<P> copier;
-    prepare(copier, effect_, workRegion_);
-    copier.process(source_, &sampled());
+    RuvexSampler<P> television;
+    television.signal = signal_;
+    setAspect(television, scale_);
+    prepare(television, effect_, workRegion_);
+    television.process(*source_, sampled());
 }
 
 template <class P>

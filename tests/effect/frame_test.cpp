@@ -106,7 +106,7 @@ TYPED_TEST(Frame, APictureTooSmallForTheResolutionIsBlank) {
     EXPECT_TRUE(allZero(renderer.render(randomPicture<TypeParam>(1, 1, 1))));
     EXPECT_EQ(testing::internal::GetCapturedStderr(),
               "Map passed into Sampler::process is bogus\n"
-              "Map passed into Sampler::process is bogus\n");
+              "Map passed into Generator::process is bogus\n");
 }
 
 TYPED_TEST(Frame, ABlurOfATenthIsSkippedAndOneJustAboveItRuns) {

@@ -16,6 +16,8 @@ Renderer::Renderer(runtime::Project project, std::shared_ptr<runtime::InputProvi
                                                    .provider = std::move(provider),
                                                    .interruption = {},
                                                    .family = family});
+    set(ParameterId::MasterBreakup, 0);
+    set(ParameterId::BreakupVariation, 0);
 }
 
 }  // namespace ruvex::test

@@ -62,7 +62,9 @@ Picture<P> pictureOf(CDSMemoryImage& image) {
     return picture;
 }
 
-/// A session over the module of this build, for a project of a size, and one frame at a time.
+/// A session over the module of this build, for a project of a size, and one frame at a time. The
+/// signal is perfect, so that a test sees what it turns on and nothing else; all other parameters
+/// have their defaults.
 class Renderer {
 public:
     explicit Renderer(runtime::Project project,
