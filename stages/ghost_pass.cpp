@@ -5,9 +5,9 @@
 #include <new>
 
 #include "imaging/gradient_noise.h"
-#include "imaging/line_copier.h"
 #include "imaging/random.h"
 #include "imaging/wrap.h"
+#include "stages/source_runs.h"
 #include "stages/stage_pixel.h"
 
 namespace ruvex {
@@ -48,18 +48,6 @@ struct RowSums {
     std::unique_ptr<float[]> base;
     std::unique_ptr<float[]> sum;
 };
-
-// Calls piece(pixels, step, done, length) for the runs of a row from column x on.
-template <class P, class Piece>
-void overRuns(const VxTexture<P>& source, std::int32_t x, std::int32_t y, std::int32_t count,
-              Piece piece) {
-    const std::int32_t end = wrapAdd(x, count);
-    for (std::int32_t done = 0; done < count;) {
-        const SourceRun<P> run = sourceRun(source, wrapAdd(x, done), y, end);
-        piece(run.pixels ? run.pixels : &source.fill, run.step, done, run.length);
-        done += run.length;
-    }
-}
 
 template <class P>
 void addGhost(const P* from, std::int32_t step, std::int32_t length, float weight,

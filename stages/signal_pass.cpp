@@ -4,10 +4,10 @@
 #include <cmath>
 
 #include "imaging/gradient_noise.h"
-#include "imaging/line_copier.h"
 #include "imaging/maths.h"
 #include "imaging/random.h"
 #include "imaging/wrap.h"
+#include "stages/source_runs.h"
 #include "stages/stage_pixel.h"
 
 namespace ruvex {
@@ -151,21 +151,17 @@ Colour degradedGuns(const P& red, const P& green, const P& blue, const ColourLos
     }
 }
 
-// Calls pixel(source, target) along a row that is read from column x + shift on.
+// Writes pixel(source) along a row that is read from column x + shift on.
 template <class P, class Pixel>
 void alongRow(const VxTexture<P>& source, VxTexture<P>& target, std::int32_t y, std::int32_t shift,
               Span columns, Pixel pixel) {
-    P* to = target.writeAt(columns.first, y);
-    const std::int32_t end = wrapAdd(columns.end, shift);
-    for (std::int32_t x = wrapAdd(columns.first, shift); x < end;) {
-        const SourceRun<P> run = sourceRun(source, x, y, end);
-        const P* from = run.pixels ? run.pixels : &source.fill;
-        for (std::int32_t i = 0; i < run.length; ++i) {
-            to[i] = pixel(from[std::ptrdiff_t{i} * run.step]);
-        }
-        to += run.length;
-        x += run.length;
-    }
+    P* const to = target.writeAt(columns.first, y);
+    overRuns(source, wrapAdd(columns.first, shift), y, columns.end - columns.first,
+             [&](const P* from, std::int32_t step, std::int32_t done, std::int32_t length) {
+                 for (std::int32_t i = 0; i < length; ++i) {
+                     to[done + i] = pixel(from[std::ptrdiff_t{i} * step]);
+                 }
+             });
 }
 
 template <class P>

@@ -1,0 +1,26 @@
+// Reading a stretch of a row through its edge methods, run by run.
+
+#pragma once
+
+#include <cstdint>
+
+#include "imaging/line_copier.h"
+#include "imaging/wrap.h"
+
+namespace ruvex {
+
+/// Calls piece(pixels, step, done, length) for the runs of `count` pixels from image-space (x, y)
+/// on: `length` pixels, `step` apart, follow the `done` first ones. Columns count modulo 2 to the
+/// 32, so that a stretch may begin anywhere.
+template <class P, class Piece>
+void overRuns(const VxTexture<P>& source, std::int32_t x, std::int32_t y, std::int32_t count,
+              Piece piece) {
+    const std::int32_t end = wrapAdd(x, count);
+    for (std::int32_t done = 0; done < count;) {
+        const SourceRun<P> run = sourceRun(source, wrapAdd(x, done), y, end);
+        piece(run.pixels ? run.pixels : &source.fill, run.step, done, run.length);
+        done += run.length;
+    }
+}
+
+}  // namespace ruvex
