@@ -2,9 +2,11 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include "imaging/maths.h"
 #include "imaging/random.h"
+#include "imaging/wrap.h"
 #include "stages/stage_pixel.h"
 
 namespace ruvex {
@@ -58,7 +60,7 @@ LineFamily lineFamily(const SignalParameters& signal, float width, float height)
     family.slope = static_cast<float>(maths::tan(a));
     family.reach = height / family.slope;
     family.lines = truncateToInt((std::fabs(family.reach) + width) / family.step + 1.0f);
-    family.period = static_cast<float>(family.lines - 1) * family.step + family.step;
+    family.period = static_cast<float>(wrapSubtract(family.lines, 1)) * family.step + family.step;
     return family;
 }
 
@@ -109,6 +111,8 @@ private:
         const float xb = heldAcross(static_cast<float>(rows_.end) * dxdy + p);
         const float yb = (xb - p) / dxdy;
         std::int32_t row = truncateToInt((xa - p) / dxdy);
+        // A line that meets the picture in no row that can be counted has no dots in it.
+        if (row == std::numeric_limits<std::int32_t>::min()) return;
         for (float column = xa; yb > static_cast<float>(row);
              row += kDotStep, column += dxdy * kDotStep) {
             paint(truncateToInt(column), row);
