@@ -26,7 +26,8 @@ enum Pass : std::int32_t { kSignal, kGhosts, kLines, kTransport, kWhiteDot, kPas
 
 constexpr std::int32_t kRandomShash = 5;
 
-// A margin in whole pixels. A picture without a sensible size has none, or one that no memory holds.
+// A margin in whole pixels. A picture without a sensible size has none, or one that no memory
+// holds.
 std::int32_t heldMargin(float margin) {
     constexpr std::int32_t kLargest = 1 << 28;
     return std::clamp(truncateToInt(margin), 0, kLargest);
@@ -61,6 +62,16 @@ bool RuvexSampler<P>::allocate(Texture& texture, const VxTexIndexer& layout) {
     if (texture.data) return true;
     raiseOutOfMemory(this->interrupt);
     return false;
+}
+
+// Stages work in place: each pixel is read where it is written, wherever the host places the
+// output.
+template <class P>
+bool RuvexSampler<P>::allocateWork(Texture& texture) {
+    if (!allocate(texture, *this->target)) return false;
+    texture.setFill(this->target->fill);
+    texture.setOrigin(texture.x.offset, texture.y.offset);
+    return true;
 }
 
 template <class P>
@@ -187,8 +198,7 @@ template <class P>
 void RuvexSampler<P>::afterSignal() {
     pop();
     paddedSource.clear();
-    if (!allocate(workTexture, *this->target)) return;
-    workTexture.setFill(this->target->fill);
+    if (!allocateWork(workTexture)) return;
     workTexture.setEdgeMethods(kEdgeMirror, kEdgeMirror);
     stopped();
 }
@@ -204,7 +214,7 @@ void RuvexSampler<P>::afterLines() {
     if (signal.breakup > signal.snowThreshold && signal.snowMax != 0.0f) snow();
     if (stopped()) return;
     if (!whiteDotOn()) return copyInWindow(workTexture, *this->target);
-    if (!allocate(dotTexture, *this->target)) return;
+    if (!allocateWork(dotTexture)) return;
     copyInWindow(workTexture, dotTexture);
     ColouredFrameGenerator<P> black;
     black.zero = true;
@@ -255,11 +265,14 @@ void RuvexSampler<P>::afterTransport() {
         shash.process(workTexture);
         if (stopped()) return;
 
+        Texture shown;
+        shown.refer(picture());
+        shown.setOrigin(shown.x.offset, shown.y.offset);
         MixCombiner<P> mix;
         mix.weightFirst = 1.0f - shashMix_;
         mix.weightSecond = shashMix_;
         giveWindow(mix);
-        mix.process(&picture(), &workTexture, &picture());
+        mix.process(&shown, &workTexture, &picture());
     }
     workTexture.clear();
 }

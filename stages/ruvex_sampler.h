@@ -45,6 +45,7 @@ private:
     void paintBorder();
     bool makeSignalTexture();
     bool allocate(Texture& texture, const VxTexIndexer& layout);
+    bool allocateWork(Texture& texture);
     template <class Processor>
     void giveWindow(Processor& processor);
     void copyInWindow(Texture& from, Texture& to);
