@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "imaging/random.h"
+#include "imaging/wrap.h"
 #include "stages/stage_pixel.h"
 
 namespace ruvex {
@@ -32,7 +33,7 @@ void EdgeAdder<P>::run() {
     const std::int32_t innerBottom = truncateToInt(static_cast<float>(bottom) - margin);
     noiseRows(heldTo(rows, top, innerTop), columns, local);
     blackRows(heldTo(rows, innerTop, 0), columns);
-    blackRows(heldTo(rows, bottom + top, innerBottom), columns);
+    blackRows(heldTo(rows, wrapAdd(bottom, top), innerBottom), columns);
     noiseRows(heldTo(rows, innerBottom, bottom), columns, local);
     for (std::int32_t y = rows.first; y < rows.end; ++y) {
         if (interruptCheck(this->interrupt)) return;

@@ -20,10 +20,11 @@ struct DeadBand {
     float cut;
     float stretch;
 
+    // Noise without any reach, which stretches to no number, is silent as well.
     float operator()(float v) const {
         if (!present) return v;
-        if (v < 0.0f) return std::min((v + cut) * stretch, 0.0f);
-        return std::max((v - cut) * stretch, 0.0f);
+        const float left = (v < 0.0f ? v + cut : v - cut) * stretch;
+        return (v < 0.0f ? left < 0.0f : left > 0.0f) ? left : 0.0f;
     }
 };
 

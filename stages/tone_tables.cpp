@@ -54,7 +54,8 @@ P tinted(float c, const float (&tint)[4]) {
             const float f = c / kTintMid;
             pixel.c[k] = StagePixel<P>::hold((tint[k] - kTintBlack[k]) * f + kTintBlack[k]);
         } else {
-            const auto f = static_cast<float>((c - kTintMid) / (1.0 - kTintMid));
+            const auto f =
+                static_cast<float>((static_cast<double>(c) - kTintMid) / (1.0 - kTintMid));
             pixel.c[k] = StagePixel<P>::hold((kTintWhite[k] - tint[k]) * f + tint[k]);
         }
     }

@@ -4,6 +4,7 @@
 
 #include "imaging/blur_gauss.h"
 #include "imaging/maths.h"
+#include "imaging/wrap.h"
 #include "stages/stage_pixel.h"
 
 namespace ruvex {
@@ -82,15 +83,16 @@ void shrinkToDot(const SignalParameters& signal, const VxTexture<P>& picture, Vx
     const float q = signal.whiteDotSoftness;
     const float d = signal.whiteDot;
     const float skipY = 1.0f / dot.shrinkY;
-    float sy = rows.first >= dot.top ? static_cast<float>(rows.first - dot.top) / dot.shrinkY
-                                     : static_cast<float>(rows.first);
+    float sy = rows.first >= dot.top
+                   ? static_cast<float>(wrapSubtract(rows.first, dot.top)) / dot.shrinkY
+                   : static_cast<float>(rows.first);
     const std::int32_t first = std::clamp(dot.top, rows.first, rows.end);
     const std::int32_t end = std::clamp(dot.bottom, rows.first, rows.end);
+    const auto painted = static_cast<float>(wrapSubtract(dot.bottom, dot.top));
     const float lastRow = static_cast<float>(picture.y.size) + picture.y.originF;
     for (std::int32_t y = first; y < end; ++y) {
         if (interruptCheck(interrupt)) return;
-        const float tilt =
-            static_cast<float>(dot.bottom - y) / static_cast<float>(dot.bottom - dot.top) / 10.0f;
+        const float tilt = static_cast<float>(dot.bottom - y) / painted / 10.0f;
         const float shrinkX = shrunk((tilt + d) * (q * -100.0f));
         const float skipX = 1.0f / shrinkX;
         const float cut = (1.0f - shrinkX) * dot.width * 0.5f;
