@@ -1,0 +1,89 @@
+// A television of a test's own: a source, a set without faults, and the picture that it shows.
+
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+#include "imaging/gradient_noise.h"
+#include "stages/ruvex_sampler.h"
+#include "tests/imaging/support/canvas.h"
+
+namespace ruvex::test {
+
+/// A perfect signal on a neutral set.
+inline SignalParameters perfectSignal(std::int32_t width, std::int32_t height) {
+    SignalParameters signal;
+    signal.scale = 1.0f;
+    signal.width = static_cast<float>(width);
+    signal.height = static_cast<float>(height);
+    signal.colour = 1.0f;
+    signal.colourThreshold = signal.ghostThreshold = signal.edgeThreshold = 1.0f;
+    signal.snowThreshold = signal.lineThreshold = signal.shashThreshold = 1.0f;
+    signal.edgeOctaves = 8;
+    signal.lineAngle = 0.17453294f;
+    signal.lineSpacing = 50.0f;
+    signal.playState = 2;
+    signal.whiteDotSoftness = 0.05f;
+    signal.noiseTable = &noiseTable();
+    return signal;
+}
+
+/// Components from 0 to the top; the alpha of any value that the storage has.
+template <class P>
+void fillWithSignal(Canvas<P>& canvas, Random& random) {
+    canvas.scribble(random);
+    for (P& pixel : canvas.memory) {
+        for (int k = 0; k < 3; ++k) {
+            pixel.c[k] =
+                static_cast<typename P::Component>(pixel.c[k] & (sizeof(P) == 4 ? 0xFF : 0x7FFF));
+        }
+    }
+}
+
+template <class P>
+struct Television {
+    Television(std::int32_t width, std::int32_t height, std::uint32_t seed = 1)
+        : signal(perfectSignal(width, height)), source(width, height), target(width, height) {
+        Random random(seed);
+        fillWithSignal(source, random);
+        target.scribble(random);
+    }
+
+    /// Runs the set; the picture is in `target`.
+    Television& run() {
+        sampler.emplace();
+        sampler->signal = signal;
+        sampler->scaleX = aspect;
+        sampler->scaleY = 1.0f / aspect;
+        sampler->interrupt = &record;
+        sampler->process(source.texture, target.texture);
+        return *this;
+    }
+    const P& shown(std::int32_t x, std::int32_t y) { return target.at(x, y); }
+    const P& sent(std::int32_t x, std::int32_t y) { return source.at(x, y); }
+
+    /// Whether the pictures, without what lies around them, are the same.
+    bool unchanged() { return samePicture(source, target); }
+    static bool samePicture(Canvas<P>& a, Canvas<P>& b) {
+        for (std::int32_t y = 0; y < a.height(); ++y) {
+            for (std::int32_t x = 0; x < a.width(); ++x) {
+                if (!(a.at(x, y) == b.at(x, y))) return false;
+            }
+        }
+        return true;
+    }
+
+    SignalParameters signal;
+    float aspect = 1.0f;
+    Canvas<P> source;
+    Canvas<P> target;
+    InterruptionRecord record;
+    std::optional<RuvexSampler<P>> sampler;
+};
+
+/// White as a component.
+template <class P>
+constexpr int kWhiteOf = sizeof(P) == 4 ? 255 : 16384;
+
+}  // namespace ruvex::test
