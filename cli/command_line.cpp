@@ -8,6 +8,7 @@
 
 #include "cli/level_command.h"
 #include "cli/params_command.h"
+#include "cli/presets_command.h"
 #include "cli/render_command.h"
 #include "cli/usage_error.h"
 
@@ -49,12 +50,15 @@ int parseAndRun(int argc, const char* const* argv) {
     CLI::App* params = app.add_subcommand("params", "List the parameters");
     params->add_flag("--json", json, "As JSON, with identifiers, ranges and hints");
 
+    CLI::App* presets = app.add_subcommand("presets", "List the looks that --preset knows");
+
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
         return endParsing(app, error);
     }
     if (render->parsed()) return runRender(options);
+    if (presets->parsed()) return runPresets();
     return level->parsed() ? runLevel(levelOptions) : runParams(json);
 }
 

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "cli/parameter_choice.h"
+
 namespace ruvex::cli {
 
 /// An option with one value, kept as text; `type` is what the help calls the value.
@@ -20,13 +22,14 @@ inline void addList(CLI::App& command, const char* name, std::vector<std::string
     command.add_option(name, values, help)->type_name(type)->allow_extra_args(false);
 }
 
-/// --set and --key.
-inline void addParameters(CLI::App& command, std::vector<std::string>& settings,
-                          std::vector<std::string>& keys) {
-    addList(command, "--set", settings, "\"NAME=VALUE\"",
+/// --preset, --set and --key.
+inline void addParameters(CLI::App& command, ParameterOptions& options) {
+    addText(command, "--preset", options.preset, "NAME",
+            "One of the looks of 'ruvex presets'; --set and --key go over it");
+    addList(command, "--set", options.settings, "\"NAME=VALUE\"",
             "A parameter by its label; enumerations by label or number, check boxes on or off. "
             "Repeatable");
-    addList(command, "--key", keys, "\"NAME=T:V T:V ...\"",
+    addList(command, "--key", options.keys, "\"NAME=T:V T:V ...\"",
             "Keys of a real parameter, seconds and value; linear in between. Repeatable");
 }
 

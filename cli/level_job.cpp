@@ -57,7 +57,7 @@ LevelJob makeLevelJob(const LevelOptions& options) {
     const Wishes wishes = wishesOf(options);
     checkPlotName(options);
     job.plot = options.plot;
-    job.parameters = readParameters(options.settings, options.keys, job.warnings);
+    job.parameters = readParameters(options.parameters, job.warnings);
     if (options.input.empty()) {
         chooseWithoutClip(wishes, job);
     } else {

@@ -22,7 +22,7 @@ Exit status: 0 done, 1 the job failed, 2 the command line is wrong, 130 stopped 
 void declareLevelOptions(CLI::App& command, LevelOptions& options) {
     command.add_option("INPUT", options.input,
                        "A clip, for its rate and its frames; its pictures do not matter");
-    addParameters(command, options.settings, options.keys);
+    addParameters(command, options.parameters);
     addText(command, "--frames", options.frames, "A-B",
             "First and last frame, inclusive; all of the clip without it. Needed without INPUT");
     addText(command, "--rate", options.rate, "R",

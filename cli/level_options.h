@@ -3,7 +3,8 @@
 #pragma once
 
 #include <string>
-#include <vector>
+
+#include "cli/parameter_choice.h"
 
 namespace CLI {
 class App;
@@ -17,8 +18,7 @@ struct LevelOptions {
     std::string rate;
     std::string size;
     std::string frames;
-    std::vector<std::string> settings;
-    std::vector<std::string> keys;
+    ParameterOptions parameters;
     std::string plot;
     bool csv = false;
 };

@@ -65,7 +65,7 @@ RenderJob makeRenderJob(const RenderOptions& options) {
     if (!job.mask.empty()) {
         checkMaskName(job.mask);
     }
-    job.parameters = readParameters(options.settings, options.keys, job.warnings);
+    job.parameters = readParameters(options.parameters, job.warnings);
     checkRawSize(job.input, job.size, job.depth);
     checkOutput(job);
     return job;

@@ -18,6 +18,7 @@ Sound is not carried over.
 
 Examples:
   ruvex render clip.mp4 -o poor.mp4 --set "Resolution=40"
+  ruvex render clip.mp4 -o bad.mp4 --preset "Bad Colour TV"
   ruvex render clip.mp4 -o going.mkv --key "Resolution=0:100 2:25" --frames 0-49
   ruvex render shot.%05d.png -o out.%05d.png --rate 24 --set "X Edge Method=Wrap"
   ruvex render clip.mp4 -o rewound.mp4 --key "Play Speed=0:100 1:-100" --ends hold
@@ -32,7 +33,7 @@ void declareRenderOptions(CLI::App& command, RenderOptions& options) {
     command.add_option("-o,--output", options.output, "The result; see below for the kinds")
         ->type_name("OUTPUT")
         ->required();
-    addParameters(command, options.settings, options.keys);
+    addParameters(command, options.parameters);
     addText(command, "--frames", options.frames, "A-B",
             "First and last frame, inclusive; all without it. Frame k is at time k / rate");
     addText(command, "--rate", options.rate, "R",

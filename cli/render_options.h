@@ -3,7 +3,8 @@
 #pragma once
 
 #include <string>
-#include <vector>
+
+#include "cli/parameter_choice.h"
 
 namespace CLI {
 class App;
@@ -17,8 +18,7 @@ struct RenderOptions {
     std::string output;
     std::string size;
     std::string rate;
-    std::vector<std::string> settings;
-    std::vector<std::string> keys;
+    ParameterOptions parameters;
     std::string frames;
     std::string depth;
     std::string workers;

@@ -68,6 +68,34 @@ TEST(Command, ListsEveryParameter) {
     }
 }
 
+TEST(Command, ListsThePresets) {
+    const Outcome outcome = ruvex({"presets"});
+    EXPECT_EQ(outcome.status, 0) << outcome.err;
+    EXPECT_EQ(outcome.out,
+              "Good TV\nBad Colour TV\nBad B&W TV\nOffset Guns\nSecurity Camera\nAerial SpyCam\n"
+              "NightVision\nCable Out\n");
+}
+
+TEST(Command, AnUnknownPresetIsNamedWithThoseThereAre) {
+    const Outcome outcome = ruvex({"level", "--frames", "0-0", "--preset", "Dreadful TV"});
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_TRUE(holds(outcome.err, "'Dreadful TV'"));
+    EXPECT_TRUE(holds(outcome.err, "Bad Colour TV"));
+}
+
+TEST(Command, SettingsAndKeysGoOverAPreset) {
+    const auto level = [](Arguments more) {
+        Arguments arguments = {"level", "--frames", "0-1", "--rate", "1", "--csv"};
+        arguments.insert(arguments.end(), more.begin(), more.end());
+        return ruvex(arguments).out;
+    };
+    // "Cable Out" has no variation: its level is Master Breakup's alone.
+    const std::string alone = level({"--preset", "cable out"});
+    EXPECT_EQ(alone, level({"--set", "Master Breakup=100", "--preset", "Cable Out"}));
+    EXPECT_NE(alone, level({"--preset", "Cable Out", "--set", "Master Breakup=30"}));
+    EXPECT_NE(alone, level({"--preset", "Cable Out", "--key", "Master Breakup=0:100 1:20"}));
+}
+
 TEST(Command, SaysWhenAListCannotBeWritten) {
     const std::string command = RUVEX_COMMAND " params >/dev/full 2>/dev/null";
     const int status = std::system(command.c_str());
