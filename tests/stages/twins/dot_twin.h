@@ -1,0 +1,98 @@
+// The white dot, pixel by pixel, and its halo.
+
+#pragma once
+
+#include <algorithm>
+
+#include "imaging/blur_gauss.h"
+#include "imaging/maths.h"
+#include "stages/signal_parameters.h"
+#include "tests/stages/twins/twin_picture.h"
+
+namespace ruvex::test {
+
+template <class P>
+class DotTwin {
+public:
+    DotTwin(TwinPicture<P>& picture, const SignalParameters& signal)
+        : picture_(picture), s_(signal) {}
+
+    TwinPicture<P> shrunk(int workers) {
+        TwinPicture<P> result(0, 0, picture_.width, picture_.height);
+        for (const TwinShare& share : twinShares(0, picture_.height, workers)) {
+            for (int y = std::max(top(), share.first); y < std::min(bottom(), share.end); ++y) {
+                for (int x = 0; x < picture_.width; ++x) result.at(x, y) = pixel(x, y, share);
+            }
+        }
+        return result;
+    }
+
+    void glow(TwinPicture<P>& dot, float scaleY) const {
+        const float q = s_.whiteDotSoftness;
+        const float d = s_.whiteDot;
+        const float glowY = d * 5.0f * s_.scale;
+        const float glowX = glowY * scaleY;
+        const float v = (1.0f - size(q * -300.0f * d)) * s_.height;
+        const float u = (1.0f - size(q * -100.0f * d)) * s_.width * 0.5f;
+        VxTexture<P> texture;
+        texture.wrap(dot.width, dot.height, dot.pixels.data());
+        BlurGeneralGauss<P> blur;
+        blur.radiusX = glowX / 3.0f;
+        blur.radiusY = glowY / 3.0f;
+        blur.iterations = 3;
+        blur.setWindow(truncateToInt(u - glowX), truncateToInt(v * 0.5f - glowY),
+                       truncateToInt(s_.width - u + glowX),
+                       truncateToInt(s_.height - v * 0.5f + glowY));
+        blur.process(&texture, &texture);
+    }
+
+private:
+    static float size(float exponent) {
+        return static_cast<float>(static_cast<double>(static_cast<float>(maths::exp(exponent))) +
+                                  0.005);
+    }
+    float high() const { return size(s_.whiteDotSoftness * -300.0f * s_.whiteDot); }
+    float cut() const { return (1.0f - high()) * s_.height * 0.5f; }
+    int top() const { return truncateToInt(cut()); }
+    int bottom() const { return truncateToInt(s_.height - cut()); }
+
+    // The source row, in steps from the share's first one.
+    float sourceRow(int y, const TwinShare& share) const {
+        float sy = share.first >= top() ? static_cast<float>(share.first - top()) / high()
+                                        : static_cast<float>(share.first);
+        const float skip = 1.0f / high();
+        for (int row = std::max(top(), share.first); row < y; ++row) {
+            if (static_cast<float>(picture_.height) > skip + sy) sy += skip;
+        }
+        return sy;
+    }
+
+    P pixel(int x, int y, const TwinShare& share) const {
+        const float tilt =
+            static_cast<float>(bottom() - y) / static_cast<float>(bottom() - top()) / 10.0f;
+        const float wide = size((tilt + s_.whiteDot) * (s_.whiteDotSoftness * -100.0f));
+        const float skip = 1.0f / wide;
+        const float cutX = (1.0f - wide) * s_.width * 0.5f;
+        const int left = truncateToInt(cutX);
+        const int right = truncateToInt(s_.width - cutX);
+        if (x < left || x >= right) return P{};
+        float sx = 0.0f;
+        for (int column = left; column < x; ++column) sx += skip;
+        const int row = std::clamp(truncateToInt(sourceRow(y, share)), 0, picture_.height - 1);
+        float sum[3] = {};
+        for (int n = 0; static_cast<float>(n) < skip; ++n) {
+            const int column = std::clamp(truncateToInt(sx) + n, 0, picture_.width - 1);
+            for (int k = 0; k < 3; ++k) {
+                sum[k] += static_cast<float>(picture_.at(column, row).c[k]);
+            }
+        }
+        P result{};
+        for (int k = 0; k < 3; ++k) result.c[k] = heldTwin<P>(sum[k] / wide);
+        return result;
+    }
+
+    TwinPicture<P>& picture_;
+    const SignalParameters& s_;
+};
+
+}  // namespace ruvex::test
