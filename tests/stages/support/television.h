@@ -41,6 +41,10 @@ void fillWithSignal(Canvas<P>& canvas, Random& random) {
     }
 }
 
+struct Window {
+    std::int32_t left, top, right, bottom;
+};
+
 template <class P>
 struct Television {
     Television(std::int32_t width, std::int32_t height, std::uint32_t seed = 1)
@@ -57,6 +61,7 @@ struct Television {
         sampler->scaleX = aspect;
         sampler->scaleY = 1.0f / aspect;
         sampler->interrupt = &record;
+        if (window) sampler->setWindow(window->left, window->top, window->right, window->bottom);
         sampler->process(source.texture, target.texture);
         return *this;
     }
@@ -78,6 +83,7 @@ struct Television {
     float aspect = 1.0f;
     Canvas<P> source;
     Canvas<P> target;
+    std::optional<Window> window;  ///< inclusive corners; without it the whole picture is made
     InterruptionRecord record;
     std::optional<RuvexSampler<P>> sampler;
 };
