@@ -4,6 +4,7 @@
 #include <memory>
 #include <new>
 
+#include "imaging/buffer.h"
 #include "imaging/gradient_noise.h"
 #include "imaging/random.h"
 #include "imaging/wrap.h"
@@ -20,7 +21,10 @@ struct Ghost {
 
 using Ghosts = std::unique_ptr<Ghost[]>;
 
+// Null when memory ran out, or for more ghosts than a buffer may hold.
 Ghosts makeGhosts(const SignalParameters& signal, std::int32_t count) {
+    constexpr std::int64_t kMost = kMaxBufferBytes / static_cast<std::int64_t>(sizeof(Ghost));
+    if (count > kMost) return nullptr;
     Ghosts ghosts(new (std::nothrow) Ghost[static_cast<std::size_t>(count)]);
     if (!ghosts) return nullptr;
     const float raw = (signal.breakup - signal.ghostThreshold) / (1.0f - signal.ghostThreshold);

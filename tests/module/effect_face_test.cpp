@@ -230,8 +230,14 @@ TEST(CloneOfAnEffect, OutlivesItsSource) {
     EXPECT_EQ(clone->Execute(0.0), S_OK);
 }
 
+void setDefaults(Renderer& renderer) {
+    const ComPtr<IDSImageEffect> effect = &renderer.session().effect();
+    EXPECT_EQ(effect.query<IDSPlugIn>(IID_IDSPlugIn)->SetDefaults(), S_OK);
+}
+
 TEST(Parameters, OneThatIsNotAnimatedReadsAsItsMemberAtAnyTime) {
     Renderer renderer({.width = 8, .height = 8});
+    setDefaults(renderer);
     const GUID id = row(ParameterId::MasterBreakup).identifier;
     EXPECT_EQ(renderer.session().value(id, -5.0), 50.0);
     renderer.set(ParameterId::MasterBreakup, 12.5);
@@ -241,6 +247,7 @@ TEST(Parameters, OneThatIsNotAnimatedReadsAsItsMemberAtAnyTime) {
 
 TEST(Parameters, TheHostSeesThemAsTheyAreDeclared) {
     Renderer renderer({.width = 8, .height = 8});
+    setDefaults(renderer);
     for (const ParameterRow& parameter : parameterTable()) {
         const CDSParamDef* definition = renderer.session().definition(parameter.identifier);
         ASSERT_TRUE(definition) << parameter.label;

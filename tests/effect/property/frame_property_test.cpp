@@ -28,7 +28,9 @@ double extreme(Random& random) {
 void shake(Random& random, Renderer& renderer, const ParameterRow& r) {
     if (!isReal(r.kind)) {
         const auto range = r.enteredRange();
-        const bool wild = !isCheckBox(r.kind) && random.chance(20);
+        // Every ghost is a pass over the picture: their number stays one that can be waited for.
+        const bool cheap = !isCheckBox(r.kind) && r.id != ParameterId::NumGhosts;
+        const bool wild = cheap && random.chance(20);
         const int high = isCheckBox(r.kind) ? 1 : range ? static_cast<int>(range->high) : 6;
         renderer.set(r.id, wild ? random.whole(INT32_MIN, INT32_MAX) : random.whole(0, high));
         return;
