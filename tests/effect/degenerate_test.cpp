@@ -37,6 +37,7 @@ void makeStormy(Renderer& renderer) {
     renderer.set(ParameterId::MasterBreakup, 80);
     renderer.set(ParameterId::EmInterference, 40);
     renderer.set(ParameterId::BorderAlpha, 2);
+    renderer.set(ParameterId::LineAngle, 60);  // nearer to the vertical, unlike the preset's lines
 }
 
 template <class P>
