@@ -5,6 +5,7 @@
 
 #include "imaging/random.h"
 #include "imaging/wrap.h"
+#include "stages/noise_row.h"
 #include "stages/stage_pixel.h"
 
 namespace ruvex {
@@ -69,14 +70,17 @@ P EdgeAdder<P>::noisePixel(float f) const {
 
 template <class P>
 void EdgeAdder<P>::noiseRows(Span band, Span columns, std::uint32_t& local) {
+    if (band.first >= band.end) return;
+    NoiseRow row(columns);
+    if (!row.usable()) return raiseOutOfMemory(this->interrupt);
     for (std::int32_t y = band.first; y < band.end; ++y) {
         if (interruptCheck(this->interrupt)) return;
         const float r = uniform(local) * 1000.0f;
+        const float* noise = row.make(*noiseTable, kNoiseOctaves, [&](float x) {
+            return x * 50.0f / static_cast<float>(columns.end) + r;
+        });
         P* to = this->target->writeAt(columns.first, y);
-        for (std::int32_t x = columns.first; x < columns.end; ++x) {
-            const float place = static_cast<float>(x) * 50.0f / static_cast<float>(columns.end) + r;
-            *to++ = noisePixel(noiseTable->fractalNoise(place, kNoiseOctaves));
-        }
+        for (std::int32_t i = 0; i < columns.end - columns.first; ++i) to[i] = noisePixel(noise[i]);
     }
 }
 

@@ -7,6 +7,7 @@
 #include "imaging/maths.h"
 #include "imaging/random.h"
 #include "imaging/wrap.h"
+#include "stages/noise_row.h"
 #include "stages/rgb_noise_proc.h"
 #include "stages/stage_pixel.h"
 
@@ -137,23 +138,25 @@ void VxShashProc<P>::bars(Span rows, Span columns) {
     std::uint32_t base = frameSeed();
     std::uint32_t running = base;
     const float floor = uniform(base) * 0.3f;
+    NoiseRow row(columns);
+    if (!row.usable()) return raiseOutOfMemory(this->interrupt);
     const float cell = scaleA * 50.0f * this->scaleY;
     for (std::int32_t y = rows.first; y < rows.end; ++y) {
         if (interruptCheck(this->interrupt)) return;
         const float rowShift = uniform(running) * 100.0f;
         const Waves waves = wavesOf(y, base, scaleA, this->scaleY);
         const auto odd = static_cast<float>(y % 2);
+        const float* noise = row.make(*noiseTable, 3, [&](float x) { return x / cell + rowShift; });
         P* to = this->target->writeAt(columns.first, y);
         for (std::int32_t x = columns.first; x < columns.end; ++x, ++to) {
-            const auto fx = static_cast<float>(x);
-            const float f = std::fabs(noiseTable->fractalNoise(fx / cell + rowShift, 3));
+            const float f = std::fabs(*noise++);
             if (f > 0.61f) {
                 *to = kShashWhitePixel<P>;
                 continue;
             }
             P pixel{};
             if (f > 0.305f) pixel = allOf<P>(wrapped<P>((f - 0.488f) / 0.305f * kWhite + 0.0f));
-            const float raw = waves.at(fx) * 0.2f + floor;
+            const float raw = waves.at(static_cast<float>(x)) * 0.2f + floor;
             const float w = (raw > 0.0f ? std::min(raw, 1.0f) : 0.0f) * odd * kWhite;
             for (int k = 0; k < 3; ++k) {
                 pixel.c[k] = StagePixel<P>::hold(static_cast<float>(pixel.c[k]) + w);
@@ -169,6 +172,8 @@ void VxShashProc<P>::dashes(Span rows, Span columns) {
     constexpr double kWhiteShare = 0.7;
     const float cell = scaleA * 10.0f * this->scaleY;
     std::uint32_t s = frameSeed();
+    NoiseRow row(columns);
+    if (!row.usable()) return raiseOutOfMemory(this->interrupt);
     const auto drawColour = [&](P& colour) {
         for (int k = 0; k < 3; ++k) colour.c[k] = wrapped<P>(uniform(s) * kWhite);
     };
@@ -183,6 +188,7 @@ void VxShashProc<P>::dashes(Span rows, Span columns) {
         drawColour(colour);
         std::int32_t runLength = drawLength();
         std::int32_t count = 0;
+        const float* noise = row.make(*noiseTable, 2, [&](float x) { return x / cell + rowShift; });
         P* to = this->target->writeAt(columns.first, y);
         for (std::int32_t x = columns.first; x < columns.end; ++x, ++to) {
             if (count > runLength) {
@@ -195,8 +201,7 @@ void VxShashProc<P>::dashes(Span rows, Span columns) {
                 count = 0;
             }
             ++count;
-            const float f =
-                std::fabs(noiseTable->fractalNoise(static_cast<float>(x) / cell + rowShift, 2));
+            const float f = std::fabs(*noise++);
             if (f > 0.15f) {
                 *to = colour;
             } else if (f > 0.120000005f) {

@@ -7,6 +7,7 @@
 #include "imaging/maths.h"
 #include "imaging/random.h"
 #include "imaging/wrap.h"
+#include "stages/noise_row.h"
 #include "stages/stage_pixel.h"
 
 namespace ruvex {
@@ -38,7 +39,10 @@ public:
           columns_(columns),
           interrupt_(interrupt),
           width_(signal.width - static_cast<float>(signal.originX)),
-          height_(signal.height - static_cast<float>(signal.originY)) {}
+          height_(signal.height - static_cast<float>(signal.originY)),
+          noiseRow_(columns) {}
+
+    bool usable() const { return noiseRow_.usable(); }
 
     void wind();
     void playSlowly();
@@ -72,6 +76,11 @@ private:
             pixel.c[k] = StagePixel<P>::hold((StagePixel<P>::kWhite - c) * f + c);
         }
     }
+    // The noise of a row's columns, with so many cells across the picture.
+    const float* noiseAlong(float cells, float start) {
+        return noiseRow_.make(*signal_.noiseTable, 2,
+                              [&](float x) { return x / (width_ * scaleY_ / cells) + start; });
+    }
     bool stopped() const { return interruptCheck(interrupt_); }
 
     const SignalParameters& signal_;
@@ -83,6 +92,7 @@ private:
     InterruptionRecord* interrupt_;
     float width_;
     float height_;
+    NoiseRow noiseRow_;
 };
 
 template <class P>
@@ -169,12 +179,11 @@ void Transport<P>::brightStreak(std::int32_t centre, std::int32_t half, std::uin
         const float r = uniform(seed) * 1000.0f + 0.0f;
         const double bow = maths::sin((static_cast<float>(y) - y49) * 3.1415927f / w49) * 1.5;
         const auto envelope = static_cast<float>(bow > 0.0 ? bow : 0.0);
+        const float* noise = noiseAlong(35.0f, r);
         P* to = target_.writeAt(columns_.first, y);
-        for (std::int32_t x = columns_.first; x < columns_.end; ++x, ++to) {
-            const float t = static_cast<float>(x) / (width_ * scaleY_ / 35.0f) + r;
-            const float f =
-                std::min(std::fabs(signal_.noiseTable->fractalNoise(t, 2)) * envelope, 1.0f);
-            if (f > kLeast) blendWhite(*to, f);
+        for (std::int32_t i = 0; i < columns_.end - columns_.first; ++i) {
+            const float f = std::min(std::fabs(noise[i]) * envelope, 1.0f);
+            if (f > kLeast) blendWhite(to[i], f);
         }
     }
 }
@@ -186,12 +195,11 @@ void Transport<P>::thinStreak(std::int32_t centre, std::int32_t half, std::uint3
     for (std::int32_t y = rows.first; y < rows.end; ++y) {
         if (stopped()) return;
         const float r = uniform(seed) * 1000.0f + 0.0f;
+        const float* noise = noiseAlong(20.0f, r);
         P* to = target_.writeAt(columns_.first, y);
-        for (std::int32_t x = columns_.first; x < columns_.end; ++x, ++to) {
-            const float t = static_cast<float>(x) / (width_ * scaleY_ / 20.0f) + r;
-            const float f =
-                std::min(std::fabs(signal_.noiseTable->fractalNoise(t, 2) * 3.0f), 1.0f);
-            if (f > kLeast) blendWhite(*to, f);
+        for (std::int32_t i = 0; i < columns_.end - columns_.first; ++i) {
+            const float f = std::min(std::fabs(noise[i] * 3.0f), 1.0f);
+            if (f > kLeast) blendWhite(to[i], f);
         }
     }
 }
@@ -248,11 +256,11 @@ void Transport<P>::topNoise(std::uint32_t& seed) {
         const float r = uniform(seed) * 1000.0f + 0.0f;
         const float fade =
             static_cast<float>(maths::cos(static_cast<float>(y) * 1.5707964f / span)) * 0.5f;
+        const float* noise = noiseAlong(10.0f, r);
         P* to = target_.writeAt(columns_.first, y);
-        for (std::int32_t x = columns_.first; x < columns_.end; ++x, ++to) {
-            const float t = static_cast<float>(x) / (width_ * scaleY_ / 10.0f) + r;
-            const float f = signal_.noiseTable->fractalNoise(t, 2) * fade;
-            blendWhite(*to, f > 0.0f ? std::min(f, 1.0f) : 0.0f);
+        for (std::int32_t i = 0; i < columns_.end - columns_.first; ++i) {
+            const float f = noise[i] * fade;
+            blendWhite(to[i], f > 0.0f ? std::min(f, 1.0f) : 0.0f);
         }
     }
 }
@@ -265,6 +273,7 @@ void runTransportPass(const SignalParameters& signal, float scaleY, const VxText
                       InterruptionRecord* interrupt) {
     if (signal.dvdMode != 0 || rows.first >= rows.end || columns.first >= columns.end) return;
     Transport<P> transport(signal, scaleY, source, target, rows, columns, interrupt);
+    if (!transport.usable()) return raiseOutOfMemory(interrupt);
     if (signal.playState == kWinding) transport.wind();
     if (signal.playState == kSlow) transport.playSlowly();
 }

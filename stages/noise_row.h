@@ -1,0 +1,47 @@
+// Fractal noise along a row, worked out in one call.
+
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <new>
+
+#include "imaging/gradient_noise.h"
+#include "imaging/img_proc.h"
+
+namespace ruvex {
+
+/// One worker's scratch for the noise of rows of one width. Made once, before the rows.
+class NoiseRow {
+public:
+    explicit NoiseRow(Span columns)
+        : columns_(columns), places_(allocate(columns)), values_(allocate(columns)) {}
+
+    /// False when memory ran out.
+    bool usable() const { return places_ && values_; }
+
+    /// The noise of each column from the first, at the places that place(x) gives for column x as a
+    /// float. Good until the next call.
+    template <class Place>
+    const float* make(const VxGradientNoise& noise, std::int32_t octaves, Place place) {
+        const std::int32_t count = columns_.end - columns_.first;
+        for (std::int32_t i = 0; i < count; ++i) {
+            places_[i] = place(static_cast<float>(columns_.first + i));
+        }
+        noise.fractalNoiseRow(places_.get(), count, octaves, values_.get());
+        return values_.get();
+    }
+
+private:
+    static float* allocate(Span columns) {
+        const bool any = columns.end > columns.first;
+        return new (
+            std::nothrow) float[any ? static_cast<std::size_t>(columns.end - columns.first) : 0];
+    }
+
+    Span columns_;
+    std::unique_ptr<float[]> places_;
+    std::unique_ptr<float[]> values_;
+};
+
+}  // namespace ruvex
