@@ -215,7 +215,6 @@ void FrameDriver<P>::measureSignal() {
                            .breakup = breakup,
                            .res = res_,
                            .whiteDot = whiteDot_,
-                           .time = time_,
                            .sampleRate = host_.sampleRate};
     signal_ = signalParameters(frame, PixelTraits<P>::kWhite);
 }

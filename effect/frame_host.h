@@ -12,7 +12,6 @@ namespace ruvex {
 /// is rendered.
 struct FrameHost {
     IDSImage* input = nullptr;
-    IDSImage* input2 = nullptr;
     IDSImage* output = nullptr;
     IDSImage* pixelMask = nullptr;
     std::int32_t maskOffsetX = 0;  ///< place of the mask in the input, in pixels

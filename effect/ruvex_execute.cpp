@@ -62,7 +62,6 @@ HRESULT Ruvex::renderByFormat(double seconds) {
 
 FrameHost Ruvex::frameHost() const {
     return {.input = input.get(),
-            .input2 = input2.get(),
             .output = output.get(),
             .pixelMask = pixelMask.get(),
             .maskOffsetX = maskOffsetX,

@@ -21,7 +21,6 @@ struct FrameState {
     float breakup = 0.0f;
     float res = 1.0f;       ///< Resolution as a fraction
     float whiteDot = 0.0f;  ///< White Dot as a fraction
-    double time = 0.0;      ///< seconds
     double sampleRate = 0.0;
 };
 

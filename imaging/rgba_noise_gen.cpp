@@ -11,12 +11,6 @@ namespace {
 
 constexpr int kAlpha = 3;
 
-// The largest of the sizes that take part; alpha has size 0 where it is not made.
-float largest(const float (&sizes)[4], bool alpha) {
-    const float colours = std::max({sizes[0], sizes[1], sizes[2]});
-    return std::max(colours, alpha ? sizes[kAlpha] : 0.0f);
-}
-
 bool allEqual(const float (&sizes)[4], bool alpha) {
     const bool colours = sizes[0] == sizes[1] && sizes[1] == sizes[2];
     return colours && (!alpha || sizes[kAlpha] == sizes[0]);
@@ -42,10 +36,15 @@ void blurComponents(VxRGBANoiseGen& noise) {
 
 }  // namespace
 
+float largestSoftness(const float (&sizes)[4], bool alpha) {
+    const float colours = std::max({sizes[0], sizes[1], sizes[2]});
+    return std::max(colours, alpha ? sizes[kAlpha] : 0.0f);
+}
+
 void VxRGBANoiseGen::pre() {
     blurring = false;
-    const float sizeX = largest(blurX, alpha);
-    const float sizeY = largest(blurY, alpha);
+    const float sizeX = largestSoftness(blurX, alpha);
+    const float sizeY = largestSoftness(blurY, alpha);
     if (!(sizeX > 0.0f) && !(sizeY > 0.0f)) return;
     push();
     blurring = true;

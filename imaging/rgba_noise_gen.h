@@ -9,6 +9,10 @@
 
 namespace ruvex {
 
+/// The largest of the sizes (red, green, blue, alpha) that take part; alpha has size 0 where it is
+/// not made.
+float largestSoftness(const float (&sizes)[4], bool alpha);
+
 /// Fills the window with hash noise from `seed`, each component with a scale and a softness of its
 /// own. Components of one softness are blurred together; otherwise each is blurred by itself and
 /// turned over about the unblurred noise. `interrupt` should be set, for it is how want of memory

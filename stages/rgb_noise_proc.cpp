@@ -37,11 +37,6 @@ float hashValue(std::uint32_t number) {
     return static_cast<float>(static_cast<std::int32_t>(positionHash(number)));
 }
 
-float largest(const float (&sizes)[4], bool alpha) {
-    const float colours = std::max({sizes[0], sizes[1], sizes[2]});
-    return std::max(colours, alpha ? sizes[3] : 0.0f);
-}
-
 template <class Generator>
 void giveRun(Generator& generator, const VxImgProc& from, std::uint32_t seed) {
     generator.interrupt = from.interrupt;
@@ -74,7 +69,7 @@ template <class P>
 void VxRGBNoiseProc<P>::pre() {
     if (sparseness >= 1.0f) return;
     blurring = false;
-    if (!(largest(softX, alpha) > 0.0f) && !(largest(softY, alpha) > 0.0f)) return;
+    if (!(largestSoftness(softX, alpha) > 0.0f) && !(largestSoftness(softY, alpha) > 0.0f)) return;
     blurring = true;
     if (mode == Mode::Colour) {
         makeColourNoise();

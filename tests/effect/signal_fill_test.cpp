@@ -38,7 +38,6 @@ struct Frame {
                 .breakup = 0.0f,
                 .res = resolution,
                 .whiteDot = 0.0f,
-                .time = seconds,
                 .sampleRate = 25.0} {}
 
     SignalParameters filled(float white = 255.0f) const { return signalParameters(state, white); }
