@@ -74,7 +74,11 @@ HRESULT Ruvex::GetToolInfo(DSTOOLINFO* info) {
     if (FAILED(status)) return status;
     LoadStringW(moduleInstance, kNameString, info->name, DSTOOLINFO::kTextLength);
     LoadStringW(moduleInstance, kDescriptionString, info->description, DSTOOLINFO::kTextLength);
-    name = info->name;
+    try {
+        name = info->name;
+    } catch (const std::bad_alloc&) {
+        return E_OUTOFMEMORY;
+    }
     info->module = moduleInstance;
     info->bitmapId = kToolBitmap;
     info->classId = kRuvexClassId;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "effect/frame_host.h"
+#include "host/base/class_ids.h"
 #include "host/base/module_use.h"
 #include "host/base/parameter_reader.h"
 #include "host/base/vx_ds_effect.h"
@@ -11,7 +12,6 @@
 
 namespace ruvex {
 
-inline constexpr GUID kRuvexClassId = guidFromText("A41E7F12-37AB-48B5-99C9-C4B83402C0FC");
 /// Asks an effect of this family for its `VxDsEffect`, as the class identifier does.
 inline constexpr GUID kVxDsEffectId = guidFromText("53A973D2-298B-11D3-AB9A-0000E8D8077F");
 
@@ -52,6 +52,7 @@ private:
     HRESULT renderByFormat(double seconds);
     void readCrop(double seconds);
     void placePictures();
+    HRESULT linkPages();
     void reportToSource();
     ParameterReader reader() const { return {*this, parameters}; }
 

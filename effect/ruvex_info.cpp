@@ -1,5 +1,7 @@
 // How the effect describes itself to the host, and what it asks of a render.
 
+#include <new>
+
 #include "effect/ruvex.h"
 
 namespace ruvex {
@@ -20,6 +22,10 @@ constexpr FamilyKind kFamilyKinds[] = {
     {guidFromText("61054A80-9662-11D0-B685-00A024191AE0"), 5},
     {guidFromText("AE0D7C34-95AA-11D0-B685-00A024191AE0"), 7},
 };
+
+// In the order in which the host shows them.
+constexpr GUID kPages[] = {kRuvexPageId, kGunsPageId,    kBreakup1PageId, kBreakup2PageId,
+                           kShashPageId, kEffectsPageId, kCropPageId,     kHelpPageId};
 
 bool needsInput(std::int32_t kind) {
     return kind == 1 || kind == 2 || (kind >= 4 && kind <= 6);
@@ -50,6 +56,7 @@ HRESULT Ruvex::GetImageEffectInfo(DSIMAGEEFFECTINFO* info) {
     for (const FamilyKind& entry : kFamilyKinds) {
         if (entry.family == info->family) effectKind = entry.kind;
     }
+    if (const HRESULT linked = linkPages(); FAILED(linked)) return linked;
     const bool paint = effectKind == kKindPaint;
     const bool transition = effectKind == kKindTransition;
     const bool paintLike =
@@ -70,6 +77,23 @@ HRESULT Ruvex::GetImageEffectInfo(DSIMAGEEFFECTINFO* info) {
         info->flags |= 0x210;
         capabilityFlags |= 1u << 4;
     }
+    return S_OK;
+}
+
+/// Tells the host, once, which pages there are, for the kinds that have any.
+HRESULT Ruvex::linkPages() {
+    if (bit(infoFlags, 0)) return S_OK;
+    if (effectKind == kKindFilter || effectKind == kKindPaint) {
+        try {
+            for (const GUID& page : kPages) {
+                RemovePropertyPage(page);
+                AddPropertyPage(page);
+            }
+        } catch (const std::bad_alloc&) {
+            return E_OUTOFMEMORY;
+        }
+    }
+    infoFlags |= 1u;
     return S_OK;
 }
 

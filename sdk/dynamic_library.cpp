@@ -32,11 +32,15 @@ HINSTANCE DSDynamicLibrary::instance() const {
     return state_->handle;
 }
 
-std::filesystem::path DSDynamicLibrary::programFolder() {
+std::filesystem::path DSDynamicLibrary::fileOf(HINSTANCE instance) {
     wchar_t buffer[32768];
-    const DWORD length = GetModuleFileNameW(nullptr, buffer, std::size(buffer));
+    const DWORD length = GetModuleFileNameW(instance, buffer, std::size(buffer));
     if (length == 0 || length == std::size(buffer)) return {};
-    return std::filesystem::path(buffer, buffer + length).parent_path();
+    return std::filesystem::path(buffer, buffer + length);
+}
+
+std::filesystem::path DSDynamicLibrary::programFolder() {
+    return fileOf(nullptr).parent_path();
 }
 
 std::string DSDynamicLibrary::fileName(const std::string& module) {
@@ -52,6 +56,7 @@ struct DSDynamicLibrary::State {
 
     void* handle = nullptr;
     EntryPoint* entryPoint = nullptr;
+    std::string file;
     DSModuleInstance instance{};
 
     /// A module without an entry point has nothing to say against it.
@@ -68,13 +73,15 @@ std::unique_ptr<DSDynamicLibrary> DSDynamicLibrary::load(const std::filesystem::
                                                          std::string& problem) {
     auto state = std::make_unique<State>();
     // An absolute path, for a bare name would be looked for in the system's folders.
-    state->handle = dlopen(std::filesystem::absolute(file).c_str(), RTLD_NOW | RTLD_LOCAL);
+    state->file = std::filesystem::absolute(file);
+    state->handle = dlopen(state->file.c_str(), RTLD_NOW | RTLD_LOCAL);
     if (!state->handle) {
         problem = dlerror();
         return nullptr;
     }
     state->entryPoint = reinterpret_cast<State::EntryPoint*>(dlsym(state->handle, "DllMain"));
-    state->instance = {state->bytes("ruvexResourcesBegin"), state->bytes("ruvexResourcesEnd")};
+    state->instance = {state->bytes("ruvexResourcesBegin"), state->bytes("ruvexResourcesEnd"),
+                       state->file.c_str()};
     if (!state->tell(DLL_PROCESS_ATTACH)) {
         problem = "the module refuses to be attached";
         dlclose(state->handle);
@@ -94,6 +101,10 @@ void* DSDynamicLibrary::find(const char* name) const {
 
 HINSTANCE DSDynamicLibrary::instance() const {
     return &state_->instance;
+}
+
+std::filesystem::path DSDynamicLibrary::fileOf(HINSTANCE instance) {
+    return instance && instance->file ? instance->file : "";
 }
 
 std::filesystem::path DSDynamicLibrary::programFolder() {

@@ -30,6 +30,9 @@ public:
     /// The handle that the module's DllMain was given.
     HINSTANCE instance() const;
 
+    /// The full path of the file that a handle stands for; empty when it is not known.
+    static std::filesystem::path fileOf(HINSTANCE instance);
+
     /// The folder that the running program lies in; empty when the system does not tell.
     static std::filesystem::path programFolder();
 

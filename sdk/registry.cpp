@@ -1,37 +1,38 @@
 #include "sdk/registry.h"
 
-#include <algorithm>
 #include <iterator>
 #include <mutex>
+#include <new>
 #include <utility>
 
+#include "sdk/dynamic_library.h"
 #include "sdk/resources.h"
 
 namespace {
 
 struct Registry {
     std::mutex mutex;
-    std::vector<DSRegisteredClass> classes;
-    std::vector<DSRegisteredFamily> families;
-    int callsToFailure = 0;
-    HRESULT failure = S_OK;
+    std::shared_ptr<DSRegistryStore> store;
 
-    /// Counts one call; what it has to fail with, or 0.
-    HRESULT count() { return callsToFailure > 0 && --callsToFailure == 0 ? failure : S_OK; }
+    static Registry& get() {
+        static Registry instance;
+        return instance;
+    }
 };
 
-Registry& registry() {
-    static Registry instance;
-    return instance;
-}
-
-/// Runs one of the four operations under the lock, unless it is the one that is to fail.
+/// Runs one operation on the store in use. Nothing is thrown into a module.
 template <class Operation>
-HRESULT counted(Operation operation) {
-    Registry& all = registry();
-    const std::lock_guard lock(all.mutex);
-    const HRESULT failure = all.count();
-    return FAILED(failure) ? failure : operation(all);
+HRESULT onStore(Operation operation) {
+    Registry& registry = Registry::get();
+    try {
+        const std::lock_guard lock(registry.mutex);
+        if (!registry.store) registry.store = DSSystemRegistry();
+        return operation(*registry.store);
+    } catch (const std::bad_alloc&) {
+        return E_OUTOFMEMORY;
+    } catch (const std::exception&) {
+        return E_FAIL;
+    }
 }
 
 /// The module's string; empty when it has none of that number.
@@ -41,82 +42,46 @@ std::wstring textOf(HINSTANCE module, UINT stringId) {
     return std::wstring(buffer, static_cast<std::size_t>(length));
 }
 
-bool contains(const GUID* families, ULONG count, const GUID& family) {
-    return std::find(families, families + count, family) != families + count;
-}
-
 }  // namespace
 
 HRESULT DSRegisterCOMEffect(const GUID& classId, HINSTANCE module, UINT stringId) {
-    return counted([&](Registry& all) {
-        DSRegisteredClass entry{classId, stringId, textOf(module, stringId)};
-        for (DSRegisteredClass& known : all.classes) {
-            if (known.classId == classId) {
-                known = std::move(entry);
-                return S_OK;
-            }
-        }
-        all.classes.push_back(std::move(entry));
-        return S_OK;
+    return onStore([&](DSRegistryStore& store) {
+        return store.addClass(
+            {classId, stringId, textOf(module, stringId), DSDynamicLibrary::fileOf(module)});
     });
 }
 
 HRESULT DSUnregisterCOMEffect(const GUID& classId) {
-    return counted([&](Registry& all) {
-        const auto removed = std::erase_if(
-            all.classes, [&](const DSRegisteredClass& c) { return c.classId == classId; });
-        return removed > 0 ? S_OK : REGDB_E_CLASSNOTREG;
-    });
+    return onStore([&](DSRegistryStore& store) { return store.removeClass(classId); });
 }
 
 HRESULT DSRegisterObjectFamilies(const GUID& classId, ULONG familyCount, const GUID* families,
                                  ULONG version, const wchar_t* name, HINSTANCE) {
-    return counted([&](Registry& all) {
-        if (!name || (!families && familyCount > 0)) return E_POINTER;
-        std::erase_if(all.families, [&](const DSRegisteredFamily& f) {
-            return f.classId == classId && contains(families, familyCount, f.family);
-        });
+    if (!name || (!families && familyCount > 0)) return E_POINTER;
+    return onStore([&](DSRegistryStore& store) {
+        std::vector<DSRegisteredFamily> entries;
         for (ULONG i = 0; i < familyCount; ++i) {
-            all.families.push_back({classId, families[i], version, name});
+            entries.push_back({classId, families[i], version, name});
         }
-        return S_OK;
+        return store.addFamilies(entries);
     });
 }
 
 HRESULT DSUnregisterObjectFamilies(const GUID& classId, ULONG familyCount, const GUID* families,
                                    HINSTANCE) {
-    return counted([&](Registry& all) {
-        if (!families && familyCount > 0) return E_POINTER;
-        const auto removed = std::erase_if(all.families, [&](const DSRegisteredFamily& f) {
-            return f.classId == classId && contains(families, familyCount, f.family);
-        });
-        return removed > 0 ? S_OK : REGDB_E_CLASSNOTREG;
+    if (!families && familyCount > 0) return E_POINTER;
+    return onStore([&](DSRegistryStore& store) {
+        return store.removeFamilies(classId, {families, familyCount});
     });
 }
 
-std::vector<DSRegisteredClass> DSRegisteredClasses() {
-    Registry& all = registry();
-    const std::lock_guard lock(all.mutex);
-    return all.classes;
+HRESULT DSReadRegistry(DSRegistryContents* contents) {
+    if (!contents) return E_POINTER;
+    return onStore([&](DSRegistryStore& store) { return store.read(*contents); });
 }
 
-std::vector<DSRegisteredFamily> DSRegisteredFamilies() {
-    Registry& all = registry();
-    const std::lock_guard lock(all.mutex);
-    return all.families;
-}
-
-void DSClearRegistry() {
-    Registry& all = registry();
-    const std::lock_guard lock(all.mutex);
-    all.classes.clear();
-    all.families.clear();
-    all.callsToFailure = 0;
-}
-
-void DSFailRegistryCall(int call, HRESULT status) {
-    Registry& all = registry();
-    const std::lock_guard lock(all.mutex);
-    all.callsToFailure = call;
-    all.failure = status;
+std::shared_ptr<DSRegistryStore> DSUseRegistry(std::shared_ptr<DSRegistryStore> store) {
+    Registry& registry = Registry::get();
+    const std::lock_guard lock(registry.mutex);
+    return std::exchange(registry.store, std::move(store));
 }

@@ -2,14 +2,15 @@
 
 #pragma once
 
-#include <string>
-#include <vector>
+#include <memory>
 
 #include "sdk/com.h"
 #include "sdk/module_instance.h"
+#include "sdk/registry_store.h"
 
-/// Enters a class. Its description is string `stringId` of the module; a module that lacks the
-/// string gives an empty one. Entering a class again replaces its entry.
+/// Enters a class, with the file of the module that serves it. Its description is string `stringId`
+/// of the module; a module that lacks the string gives an empty one. Entering a class again
+/// replaces its entry. This and the three below pass on what the store answers.
 DSSDK_API HRESULT DSRegisterCOMEffect(const GUID& classId, HINSTANCE module, UINT stringId);
 
 /// Removes a class; REGDB_E_CLASSNOTREG when it is not there.
@@ -25,26 +26,9 @@ DSSDK_API HRESULT DSRegisterObjectFamilies(const GUID& classId, ULONG familyCoun
 DSSDK_API HRESULT DSUnregisterObjectFamilies(const GUID& classId, ULONG familyCount,
                                              const GUID* families, HINSTANCE module);
 
-struct DSRegisteredClass {
-    GUID classId;
-    UINT stringId;
-    std::wstring description;
-};
+/// The host's side: what is registered now. What the store answers; E_POINTER for null.
+DSSDK_API HRESULT DSReadRegistry(DSRegistryContents* contents);
 
-struct DSRegisteredFamily {
-    GUID classId;
-    GUID family;
-    ULONG version;
-    std::wstring name;
-};
-
-/// The host's side: what is registered now, in the order of registration.
-DSSDK_API std::vector<DSRegisteredClass> DSRegisteredClasses();
-DSSDK_API std::vector<DSRegisteredFamily> DSRegisteredFamilies();
-
-/// Empties both tables and forgets a failure that was asked for.
-DSSDK_API void DSClearRegistry();
-
-/// For tests: the `call`-th of the four operations above, counted from 1 from now on, does nothing
-/// and returns `status`. 0 asks for none.
-DSSDK_API void DSFailRegistryCall(int call, HRESULT status);
+/// The host's side: the store that all of these use from now on in this process, and the one that
+/// they used before. Null, as at first, stands for the system's.
+DSSDK_API std::shared_ptr<DSRegistryStore> DSUseRegistry(std::shared_ptr<DSRegistryStore> store);

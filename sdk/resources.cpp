@@ -3,6 +3,7 @@
 #ifndef _WIN32
 
 #include <algorithm>
+#include <new>
 #include <string>
 
 #include "sdk/resource_file.h"
@@ -43,8 +44,14 @@ ruvex::ResourceFile resourcesOf(HINSTANCE module) {
 
 int LoadStringW(HINSTANCE module, unsigned int id, wchar_t* buffer, int size) {
     if (buffer == nullptr || size <= 0) return 0;
-    const auto stored = resourcesOf(module).string(static_cast<std::uint16_t>(id));
-    const std::wstring text = stored ? widen(*stored) : std::wstring();
+    buffer[0] = L'\0';
+    std::wstring text;
+    try {
+        const auto stored = resourcesOf(module).string(static_cast<std::uint16_t>(id));
+        if (stored) text = widen(*stored);
+    } catch (const std::bad_alloc&) {
+        return 0;
+    }
     const std::size_t count = std::min(text.size(), static_cast<std::size_t>(size) - 1);
     std::copy_n(text.data(), count, buffer);
     buffer[count] = L'\0';

@@ -11,6 +11,7 @@ VxDsEffect::VxDsEffect(const VxDsEffect& source)
       fieldScaleY(source.fieldScaleY),
       cropMode(source.cropMode),
       capabilityFlags(source.capabilityFlags),
+      infoFlags(source.infoFlags),
       parameters(source.parameters),
       crop(source.crop),
       region(source.region),

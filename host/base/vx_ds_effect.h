@@ -58,6 +58,7 @@ public:
     float fieldScaleY = 1.0f;        ///< 0.5 for an image of half height
     std::int32_t cropMode = 0;       ///< 0 none, 1 window, 2 window with edge methods and colour
     std::uint32_t capabilityFlags = 0;
+    std::uint32_t infoFlags = 0;  ///< bit 0: the pages have been linked
     InterruptionRecord interruption;
     ParameterValues parameters;
     CropState crop;

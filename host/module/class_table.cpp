@@ -3,6 +3,7 @@
 #include <new>
 
 #include "effect/ruvex.h"
+#include "host/base/class_ids.h"
 #include "host/module/class_factory.h"
 
 namespace ruvex {
@@ -13,8 +14,18 @@ IClassFactory* makeFactory() {
     return new (std::nothrow) CDsClassFactory<T, Face>();
 }
 
+// The tool and the help page name strings that the table of strings does not have.
 constexpr ServedClass kClasses[] = {
     {kRuvexClassId, 2, makeFactory<Ruvex, IDSImageEffect>},
+    {kRuvexPageId, 4, nullptr},
+    {kGunsPageId, 6, nullptr},
+    {kBreakup1PageId, 8, nullptr},
+    {kBreakup2PageId, 10, nullptr},
+    {kShashPageId, 12, nullptr},
+    {kEffectsPageId, 14, nullptr},
+    {kToolClassId, 1178, nullptr},
+    {kHelpPageId, 16, nullptr},
+    {kCropPageId, 4997, nullptr},
 };
 
 constexpr GUID kFamilies[] = {

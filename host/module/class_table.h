@@ -12,7 +12,8 @@ namespace ruvex {
 struct ServedClass {
     GUID classId;
     UINT stringId;  ///< the string that describes the class
-    /// Makes the class's factory, with one reference; null when memory ran out.
+    /// Makes the class's factory, with one reference; null when memory ran out. Itself null for a
+    /// class that is registered, so that the host knows its place, but not to be had.
     IClassFactory* (*makeFactory)();
 };
 

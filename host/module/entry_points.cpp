@@ -51,6 +51,7 @@ HRESULT DllGetClassObject(const GUID& classId, const GUID& interfaceId, void** o
     *out = nullptr;
     for (const ruvex::ServedClass& served : ruvex::servedClasses()) {
         if (served.classId != classId) continue;
+        if (!served.makeFactory) break;
         IClassFactory* factory = served.makeFactory();
         if (!factory) return E_OUTOFMEMORY;
         const HRESULT status = factory->QueryInterface(interfaceId, out);

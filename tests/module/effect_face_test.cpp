@@ -95,6 +95,54 @@ TEST(EffectFace, TheImageEffectRecordsOfPaintAndTransition) {
     EXPECT_EQ(info.field5, 1u);
 }
 
+std::vector<GUID> pagesOf(const ComPtr<IDSImageEffect>& effect) {
+    const auto plugIn = effect.query<IDSPlugIn>(IID_IDSPlugIn);
+    ULONG count = 0;
+    EXPECT_EQ(plugIn->GetPropertyPageCount(&count), S_OK);
+    std::vector<GUID> pages(count);
+    for (ULONG i = 0; i < count; ++i) EXPECT_EQ(plugIn->GetPropertyPage(i, &pages[i]), S_OK);
+    return pages;
+}
+
+const std::vector<GUID> kAllPages = {kRuvexPageId, kGunsPageId,    kBreakup1PageId, kBreakup2PageId,
+                                     kShashPageId, kEffectsPageId, kCropPageId,     kHelpPageId};
+
+TEST(EffectFace, FiltersAndPaintShowTheirPagesInOrder) {
+    for (const GUID& family : {kFilterFamily, kPaintFamily}) {
+        const auto effect = makeEffect();
+        EXPECT_TRUE(pagesOf(effect).empty());
+        DSIMAGEEFFECTINFO info;
+        info.family = family;
+        effect->GetImageEffectInfo(&info);
+        EXPECT_EQ(pagesOf(effect), kAllPages);
+    }
+}
+
+TEST(EffectFace, OtherKindsHaveNoPages) {
+    for (const GUID& family : {kFamilyOfKind2, kKeyFamily, kTransitionFamily, kFamilyOfKind7}) {
+        const auto effect = makeEffect();
+        DSIMAGEEFFECTINFO info;
+        info.family = family;
+        effect->GetImageEffectInfo(&info);
+        EXPECT_TRUE(pagesOf(effect).empty());
+    }
+}
+
+TEST(EffectFace, DescribingItselfAgainAddsNoPages) {
+    const auto effect = makeEffect();
+    DSIMAGEEFFECTINFO info;
+    info.family = kFilterFamily;
+    effect->GetImageEffectInfo(&info);
+    effect->GetImageEffectInfo(&info);
+    info.family = kPaintFamily;
+    effect->GetImageEffectInfo(&info);
+    EXPECT_EQ(pagesOf(effect), kAllPages);
+    ComPtr<IDSImageEffect> clone;
+    ASSERT_EQ(effect->Clone(IID_IDSImageEffect, clone.putVoid()), S_OK);
+    clone->GetImageEffectInfo(&info);
+    EXPECT_EQ(pagesOf(clone), kAllPages) << "a clone has its source's";
+}
+
 TEST(EffectFace, RecordsOfAnotherKindAreRefused) {
     const auto effect = makeEffect();
     DSIMAGEEFFECTINFO imageInfo;

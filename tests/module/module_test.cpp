@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include "host/base/class_ids.h"
 #include "runtime/effect_session.h"
 #include "runtime/error.h"
-#include "sdk/registry.h"
 #include "tests/effect/render_fixture.h"
 
 namespace ruvex::test {
@@ -56,6 +56,20 @@ TEST(Module, AnUnknownClassIsNotAvailable) {
     }
 }
 
+TEST(Module, ClassesThatAreRegisteredButNotToBeHadAreNotAvailable) {
+    const auto module = builtModule();
+    for (const GUID& id : {kRuvexPageId, kGunsPageId, kBreakup1PageId, kBreakup2PageId,
+                           kShashPageId, kEffectsPageId, kToolClassId, kHelpPageId, kCropPageId}) {
+        try {
+            module->classFactory(id);
+            ADD_FAILURE() << toText(id);
+        } catch (const runtime::StatusError& error) {
+            EXPECT_EQ(error.status(), CLASS_E_CLASSNOTAVAILABLE) << toText(id);
+        }
+    }
+    EXPECT_TRUE(module->canUnload());
+}
+
 TEST(ClassFactory, AnswersToItsInterfacesAndNoOthers) {
     const auto made = factory();
     EXPECT_TRUE(made.query<IUnknown>(IID_IUnknown));
@@ -91,47 +105,6 @@ TEST(ClassFactory, AFailedCreationLeavesNothingBehind) {
         made->CreateInstance(nullptr, kUnknown, &out);
     }
     EXPECT_TRUE(module->canUnload());
-}
-
-class Registration : public testing::Test {
-protected:
-    Registration() { DSClearRegistry(); }
-    ~Registration() override { DSClearRegistry(); }
-};
-
-TEST_F(Registration, EntersTheClassAndItsFamilies) {
-    builtModule()->registerClasses();
-    const auto classes = DSRegisteredClasses();
-    ASSERT_EQ(classes.size(), 1u);
-    EXPECT_EQ(classes[0].classId, runtime::kRuvexClassId);
-    EXPECT_EQ(classes[0].stringId, 2u);
-    EXPECT_EQ(classes[0].description, L"Osterlin's Ruvex Effect");
-    const auto families = DSRegisteredFamilies();
-    ASSERT_EQ(families.size(), 4u);
-    EXPECT_EQ(families[0].family, guidFromText("183E3834-D79D-11D0-A7AE-00A0C9068107"));
-    EXPECT_EQ(families[1].family, guidFromText("AE0D7C31-95AA-11D0-B685-00A024191AE0"));
-    EXPECT_EQ(families[2].family, guidFromText("AE0D7C40-95AA-11D0-B685-00A024191AE0"));
-    EXPECT_EQ(families[3].family, guidFromText("95F7E8A0-8B84-11D1-94A3-00A0C911C625"));
-    EXPECT_EQ(families[0].name, L"V_Ruvex");
-    EXPECT_EQ(families[0].version, 1u);
-
-    builtModule()->unregisterClasses();
-    EXPECT_TRUE(DSRegisteredClasses().empty());
-    EXPECT_TRUE(DSRegisteredFamilies().empty());
-}
-
-TEST_F(Registration, StoppingHalfWayLeavesWhatWasEntered) {
-    DSFailRegistryCall(2, E_FAIL);  // the families
-    EXPECT_THROW(builtModule()->registerClasses(), runtime::StatusError);
-    EXPECT_EQ(DSRegisteredClasses().size(), 1u);
-    EXPECT_TRUE(DSRegisteredFamilies().empty());
-}
-
-TEST_F(Registration, UnregisteringAHalfDoneRegistrationTriesEverythingAndSaysWhatFailed) {
-    DSFailRegistryCall(2, E_FAIL);
-    EXPECT_THROW(builtModule()->registerClasses(), runtime::StatusError);
-    EXPECT_THROW(builtModule()->unregisterClasses(), runtime::StatusError);
-    EXPECT_TRUE(DSRegisteredClasses().empty()) << "the class is gone though the families failed";
 }
 
 }  // namespace

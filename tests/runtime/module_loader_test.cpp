@@ -5,8 +5,8 @@
 #include <gtest/gtest.h>
 
 #include "runtime/error.h"
-#include "sdk/registry.h"
 #include "tests/runtime/copy_module.h"
+#include "tests/support/scripted_registry.h"
 
 namespace ruvex::runtime::test {
 namespace {
@@ -102,12 +102,13 @@ TEST(ModuleLoader, UnknownClassesAreNamed) {
 }
 
 TEST(ModuleLoader, RegistersAndUnregisters) {
-    DSClearRegistry();
+    const ruvex::test::UsedRegistry used(DSMemoryRegistry());
     const auto module = Module::load(moduleFile("copy_module"));
     module->registerClasses();
-    EXPECT_EQ(DSRegisteredClasses().size(), 1u);
+    ASSERT_EQ(used.contents().classes.size(), 1u);
+    EXPECT_EQ(used.contents().classes[0].module, moduleFile("copy_module"));
     module->unregisterClasses();
-    EXPECT_TRUE(DSRegisteredClasses().empty());
+    EXPECT_TRUE(used.contents().empty());
     EXPECT_THROW(module->unregisterClasses(), StatusError);
 }
 

@@ -1,0 +1,21 @@
+// The identifiers of the classes that the module serves.
+
+#pragma once
+
+#include "sdk/guid.h"
+
+namespace ruvex {
+
+inline constexpr GUID kRuvexClassId = guidFromText("A41E7F12-37AB-48B5-99C9-C4B83402C0FC");
+inline constexpr GUID kRuvexPageId = guidFromText("FF17B06D-625E-467E-8781-A656F61FC4DF");
+inline constexpr GUID kGunsPageId = guidFromText("5D00DB8B-608B-403D-A53D-0A9FEF753796");
+inline constexpr GUID kBreakup1PageId = guidFromText("82E8CBFA-9E51-4920-A471-A4F5249EA3B0");
+inline constexpr GUID kBreakup2PageId = guidFromText("28D08FB3-1C11-4943-800B-C1648AC0F5A3");
+inline constexpr GUID kShashPageId = guidFromText("A58AD5AB-4CD7-4929-8E39-3212821AABA6");
+inline constexpr GUID kEffectsPageId = guidFromText("D69C227D-225A-48B8-998B-9AC1F8E2154E");
+inline constexpr GUID kToolClassId = guidFromText("6EBC28D8-0306-446E-9285-F5BF7111D075");
+inline constexpr GUID kHelpPageId = guidFromText("633BF221-759B-4B4A-B863-64706872769D");
+/// Shared between effects of the family, whence the block of another one.
+inline constexpr GUID kCropPageId = guidFromText("D9885DBA-EAB5-4D09-ADFE-A35A1E0693C3");
+
+}  // namespace ruvex

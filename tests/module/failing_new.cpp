@@ -1,0 +1,78 @@
+#include "tests/module/failing_new.h"
+
+#include <cstdlib>
+#include <new>
+
+namespace ruvex::test {
+namespace {
+
+thread_local bool counting = false;
+thread_local std::size_t count = 0;
+thread_local std::size_t failingOne = 0;
+
+bool runsOut() {
+    return counting && ++count == failingOne;
+}
+
+void* allocate(std::size_t size) noexcept {
+    return runsOut() ? nullptr : std::malloc(size > 0 ? size : 1);
+}
+
+void* allocate(std::size_t size, std::align_val_t alignment) noexcept {
+    const auto step = static_cast<std::size_t>(alignment);
+    return runsOut() ? nullptr : std::aligned_alloc(step, (size + step - 1) / step * step);
+}
+
+void* orThrow(void* memory) {
+    if (!memory) throw std::bad_alloc();
+    return memory;
+}
+
+}  // namespace
+
+FailingNew::FailingNew(std::size_t failing) {
+    count = 0;
+    failingOne = failing;
+    counting = true;
+}
+
+FailingNew::~FailingNew() {
+    counting = false;
+}
+
+std::size_t FailingNew::allocations() const {
+    return count;
+}
+
+bool FailingNew::failed() const {
+    return failingOne > 0 && count >= failingOne;
+}
+
+}  // namespace ruvex::test
+
+// All forms, since a library may use any of them; those of arrays come down to these.
+
+void* operator new(std::size_t size) {
+    return ruvex::test::orThrow(ruvex::test::allocate(size));
+}
+void* operator new(std::size_t size, std::align_val_t alignment) {
+    return ruvex::test::orThrow(ruvex::test::allocate(size, alignment));
+}
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+    return ruvex::test::allocate(size);
+}
+void* operator new(std::size_t size, std::align_val_t alignment, const std::nothrow_t&) noexcept {
+    return ruvex::test::allocate(size, alignment);
+}
+void operator delete(void* memory) noexcept {
+    std::free(memory);
+}
+void operator delete(void* memory, std::size_t) noexcept {
+    std::free(memory);
+}
+void operator delete(void* memory, std::align_val_t) noexcept {
+    std::free(memory);
+}
+void operator delete(void* memory, std::size_t, std::align_val_t) noexcept {
+    std::free(memory);
+}
