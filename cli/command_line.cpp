@@ -7,6 +7,7 @@
 #include <new>
 
 #include "cli/level_command.h"
+#include "cli/module_command.h"
 #include "cli/params_command.h"
 #include "cli/presets_command.h"
 #include "cli/render_command.h"
@@ -50,6 +51,11 @@ int parseAndRun(int argc, const char* const* argv) {
     CLI::App* params = app.add_subcommand("params", "List the parameters");
     params->add_flag("--json", json, "As JSON, with identifiers, ranges and hints");
 
+    ModuleOptions moduleOptions;
+    CLI::App* module =
+        app.add_subcommand("module", "Tell what the module registers, or register it");
+    declareModuleOptions(*module, moduleOptions);
+
     CLI::App* presets = app.add_subcommand("presets", "List the looks that --preset knows");
 
     try {
@@ -58,6 +64,7 @@ int parseAndRun(int argc, const char* const* argv) {
         return endParsing(app, error);
     }
     if (render->parsed()) return runRender(options);
+    if (module->parsed()) return runModule(moduleOptions);
     if (presets->parsed()) return runPresets();
     return level->parsed() ? runLevel(levelOptions) : runParams(json);
 }

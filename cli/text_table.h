@@ -1,4 +1,4 @@
-// Columns of numbers for people.
+// Columns for people.
 
 #pragma once
 
@@ -9,8 +9,11 @@ namespace ruvex::cli {
 
 using TextRow = std::vector<std::string>;
 
-/// The rows as lines, each column as wide as its widest cell and aligned to the right, two spaces
-/// between columns, no space at a line's end. Rows have the same number of cells.
-std::string alignedTable(const std::vector<TextRow>& rows);
+enum class Align { Left, Right };
+
+/// The rows as lines, each column as wide as its widest cell, two spaces between columns, no space
+/// at a line's end. Rows have the same number of cells. Cells are aligned to the right unless
+/// another side is named; a width is counted in bytes.
+std::string alignedTable(const std::vector<TextRow>& rows, Align side = Align::Right);
 
 }  // namespace ruvex::cli

@@ -13,6 +13,26 @@ namespace {
 
 using Operation = HRESULT();
 
+/// What a failure of the registry means, in words.
+std::string registryFailure(HRESULT status) {
+    switch (status) {
+        case REGDB_E_READREGDB:
+            return "; the registry cannot be read";
+        case REGDB_E_WRITEREGDB:
+            return "; the registry cannot be written";
+        case REGDB_E_INVALIDVALUE:
+            return "; what lies in the registry's place is no registry, or a damaged one";
+        case REGDB_E_CLASSNOTREG:
+            return "; it is not registered";
+        default:
+            return "";
+    }
+}
+
+void requireRegistry(HRESULT status, const std::string& what) {
+    if (FAILED(status)) throw StatusError(what + registryFailure(status), status);
+}
+
 }  // namespace
 
 /// One file in memory, however many Modules stand for it.
@@ -141,11 +161,11 @@ ComPtr<IClassFactory> Module::classFactory(const GUID& classId) const {
 }
 
 void Module::registerClasses() const {
-    require(library().registerServer(), "cannot register '" + file().string() + "'");
+    requireRegistry(library().registerServer(), "cannot register '" + file().string() + "'");
 }
 
 void Module::unregisterClasses() const {
-    require(library().unregisterServer(), "cannot unregister '" + file().string() + "'");
+    requireRegistry(library().unregisterServer(), "cannot unregister '" + file().string() + "'");
 }
 
 bool Module::canUnload() const {

@@ -1,0 +1,133 @@
+#include "cli/module_command.h"
+
+#include <CLI/CLI.hpp>
+#include <iostream>
+#include <nlohmann/json.hpp>
+
+#include "cli/messages.h"
+#include "cli/text_table.h"
+#include "runtime/module_report.h"
+
+namespace ruvex::cli {
+namespace {
+
+using Json = nlohmann::ordered_json;
+using runtime::Module;
+using runtime::ModuleReport;
+
+constexpr const char* kFooter =
+    R"(A host finds the effect by its class and by the families that it is registered under. Without an
+option nothing on the machine changes. Registered is the module beside this command, in the file that
+RUVEX_REGISTRY names, or in ruvex/registry in the user's data folder (~/.local/share).
+
+Examples:
+  ruvex module
+  ruvex module --json
+
+Exit status: 0 done, 1 the job failed, 2 the command line is wrong.)";
+
+const char* yesOrNo(bool value) {
+    return value ? "yes" : "no";
+}
+
+void printPart(const std::string& title, const std::vector<TextRow>& rows) {
+    std::cout << '\n' << title << '\n' << alignedTable(rows, Align::Left);
+}
+
+void printClasses(const ModuleReport& report) {
+    std::vector<TextRow> rows = {{"Class", "Made", "String", "Description"}};
+    for (const auto& entry : report.classes) {
+        rows.push_back({toText(entry.classId), yesOrNo(entry.served),
+                        std::to_string(entry.stringId), entry.description});
+    }
+    printPart("Classes, in the order of registration", rows);
+}
+
+void printFamilies(const ModuleReport& report) {
+    std::vector<TextRow> rows = {{"Family", "Version", "Name"}};
+    for (const auto& entry : report.families) {
+        rows.push_back({toText(entry.family), std::to_string(entry.version), entry.name});
+    }
+    printPart("Families of the effect", rows);
+}
+
+void printFormats(const ModuleReport& report) {
+    std::vector<TextRow> rows = {{"Format", "Name"}};
+    for (const auto& entry : report.formats) rows.push_back({toText(entry.format), entry.name});
+    printPart("Formats that it renders", rows);
+}
+
+void printParameters(const ModuleReport& report) {
+    std::vector<TextRow> rows = {{"Parameter", "Type", "Animated", "Name"}};
+    for (const auto& entry : report.parameters) {
+        rows.push_back({toText(entry.id), entry.type, yesOrNo(entry.animatable), entry.name});
+    }
+    printPart("Parameters", rows);
+}
+
+void printReport(const ModuleReport& report) {
+    std::cout << report.name << ": " << report.description << '\n' << report.file.string() << '\n';
+    printClasses(report);
+    printFamilies(report);
+    printFormats(report);
+    printParameters(report);
+}
+
+Json toJson(const ModuleReport& report) {
+    Json classes = Json::array();
+    for (const auto& entry : report.classes) {
+        classes.push_back({{"id", toText(entry.classId)},
+                           {"made", entry.served},
+                           {"string", entry.stringId},
+                           {"description", entry.description}});
+    }
+    Json families = Json::array();
+    for (const auto& entry : report.families) {
+        families.push_back(
+            {{"id", toText(entry.family)}, {"version", entry.version}, {"name", entry.name}});
+    }
+    Json formats = Json::array();
+    for (const auto& entry : report.formats) {
+        formats.push_back({{"id", toText(entry.format)}, {"name", entry.name}});
+    }
+    Json parameters = Json::array();
+    for (const auto& entry : report.parameters) {
+        parameters.push_back({{"id", toText(entry.id)},
+                              {"type", entry.type},
+                              {"animated", entry.animatable},
+                              {"name", entry.name}});
+    }
+    return {
+        {"file", report.file.string()}, {"name", report.name},  {"description", report.description},
+        {"classes", classes},           {"families", families}, {"formats", formats},
+        {"parameters", parameters}};
+}
+
+}  // namespace
+
+void declareModuleOptions(CLI::App& command, ModuleOptions& options) {
+    CLI::Option* json = command.add_flag("--json", options.json, "The same as JSON");
+    CLI::Option* enter =
+        command.add_flag("--register", options.enter, "Enter the module in the registry");
+    CLI::Option* remove =
+        command.add_flag("--unregister", options.remove, "Take it out of the registry");
+    enter->excludes(json);
+    remove->excludes(json)->excludes(enter);
+    command.footer(kFooter);
+}
+
+int runModule(const ModuleOptions& options) {
+    const auto module = Module::loadDefault();
+    if (options.enter) {
+        module->registerClasses();
+    } else if (options.remove) {
+        module->unregisterClasses();
+    } else if (options.json) {
+        std::cout << toJson(describeModule(*module)).dump(2) << '\n';
+    } else {
+        printReport(describeModule(*module));
+    }
+    return finishOutput();
+}
+
+}  // namespace ruvex::cli
