@@ -4,7 +4,7 @@
 
 #include "effect/percent.h"
 #include "parameters/presets.h"
-#include "parameters/ruvex_interface.h"
+#include "tests/effect/support/module_workers.h"
 #include "tests/pictures/test_card.h"
 
 namespace ruvex::test {
@@ -91,35 +91,25 @@ void addTubes(Cases& cases) {
     cases.push_back({"em-interference", {{Id::EmInterference, 80}}});
 }
 
+// A broken signal of which `more` lets something be seen.
+std::vector<Setting> broken(const std::vector<Setting>& more) {
+    std::vector<Setting> settings = {{Id::MasterBreakup, 75}};
+    settings.insert(settings.end(), std::begin(kNoFault), std::end(kNoFault));
+    settings.insert(settings.end(), more.begin(), more.end());
+    return settings;
+}
+
 void addColourLoss(Cases& cases) {
     const auto add = [&](const char* name, float fraction) {
-        cases.push_back({name,
-                         {{Id::MasterBreakup, 100},
-                          {Id::ColourThreshold, 0},
-                          {Id::ColourDegradeMax, percentOf(fraction)},
-                          {Id::NumGhosts, 0},
-                          {Id::EdgeThreshold, 100},
-                          {Id::SnowMax, 0},
-                          {Id::LineThreshold, 100},
-                          {Id::VertOffsetThreshold, 100},
-                          {Id::VertRollThreshold, 100},
-                          {Id::ShashThreshold, 100}}});
+        cases.push_back({name, broken({{Id::MasterBreakup, 100},
+                                       {Id::ColourThreshold, 0},
+                                       {Id::ColourDegradeMax, percentOf(fraction)}})});
     };
     // The floats nearest to a fifth and to two fifths lie above them.
     add("degrade-below-a-fifth", std::nextafter(0.2f, 0.0f));
     add("degrade-above-a-fifth", 0.2f);
     add("degrade-below-two-fifths", std::nextafter(0.4f, 0.0f));
     add("degrade-above-two-fifths", 0.4f);
-}
-
-// A broken signal of which nothing is seen yet.
-std::vector<Setting> broken(std::vector<Setting> more) {
-    std::vector<Setting> settings = {
-        {Id::MasterBreakup, 75},        {Id::ColourThreshold, 100},   {Id::GhostingThreshold, 100},
-        {Id::EdgeThreshold, 100},       {Id::SnowThreshold, 100},     {Id::LineThreshold, 100},
-        {Id::VertOffsetThreshold, 100}, {Id::VertRollThreshold, 100}, {Id::ShashThreshold, 100}};
-    settings.insert(settings.end(), more.begin(), more.end());
-    return settings;
 }
 
 void addSignalFaults(Cases& cases) {
@@ -247,13 +237,10 @@ Picture<P> renderCase(const PictureCase& look, int workers) {
         .width = kProjectWidth, .height = kProjectHeight, .pixelAspect = look.pixelAspect};
     Renderer renderer(project, std::make_shared<CardClip<P>>(project));
     for (const Setting& setting : look.settings) renderer.set(setting.id, setting.value);
-    auto* control = static_cast<IRuvexControl*>(renderer.session().ownInterface(kRuvexControlId));
-    control->setWorkerCount(workers);
-    const auto picture = renderer.render(
+    const ModuleWorkers fixed(renderer, workers);
+    return renderer.render(
         testCard<P>(kProjectWidth / kShrink<P>, kProjectHeight / kShrink<P>, look.frame),
         runtime::frameTime(look.frame, project.frameRate));
-    control->setWorkerCount(0);
-    return picture;
 }
 
 template <class P>

@@ -2,18 +2,12 @@
 
 #pragma once
 
-#include <span>
 #include <string>
 #include <vector>
 
-#include "tests/effect/render_fixture.h"
+#include "tests/effect/support/broken_signal.h"
 
 namespace ruvex::test {
-
-struct Setting {
-    ParameterId id;
-    double value;
-};
 
 /// One look of the effect, of the test card. The signal is perfect but for what is set.
 struct PictureCase {

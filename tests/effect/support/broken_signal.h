@@ -1,0 +1,72 @@
+// A signal that breaks up and a set that shows nothing of it, so that a test turns on one fault.
+
+#pragma once
+
+#include <initializer_list>
+
+#include "tests/effect/render_fixture.h"
+
+namespace ruvex::test {
+
+struct Setting {
+    ParameterId id;
+    double value;
+};
+
+/// Thresholds that no level reaches.
+inline constexpr Setting kNoFault[] = {
+    {ParameterId::ColourThreshold, 100},   {ParameterId::GhostingThreshold, 100},
+    {ParameterId::EdgeThreshold, 100},     {ParameterId::SnowThreshold, 100},
+    {ParameterId::LineThreshold, 100},     {ParameterId::VertOffsetThreshold, 100},
+    {ParameterId::VertRollThreshold, 100}, {ParameterId::ShashThreshold, 100}};
+
+/// A project of a size, a signal at a level of one half, and `faults`.
+class FaultySet : public Renderer {
+public:
+    FaultySet(int width, int height, std::initializer_list<Setting> faults,
+              std::shared_ptr<runtime::InputProvider> provider = nullptr)
+        : Renderer({.width = width, .height = height}, std::move(provider)) {
+        set(ParameterId::MasterBreakup, 50);
+        for (const Setting& setting : kNoFault) set(setting.id, setting.value);
+        for (const Setting& setting : faults) set(setting.id, setting.value);
+    }
+
+    using Renderer::set;
+
+    /// Frame `number` at 25 a second.
+    template <class P>
+    Picture<P> frame(const Picture<P>& input, int number = 0) {
+        return render(input, runtime::frameTime(number, project().frameRate));
+    }
+};
+
+/// One colour all over.
+template <class P>
+Picture<P> plain(int width, int height, const P& colour) {
+    return {width, height, std::vector<P>(static_cast<std::size_t>(width) * height, colour)};
+}
+
+template <class P>
+P colourOf(int red, int green, int blue, int alpha = 0) {
+    using Component = typename P::Component;
+    return {{static_cast<Component>(red), static_cast<Component>(green),
+             static_cast<Component>(blue), static_cast<Component>(alpha)}};
+}
+
+/// White as a component.
+template <class P>
+constexpr int kWhiteOf = sizeof(P) == 4 ? 255 : 16384;
+
+/// Every component says where it stands: column + 100 * row + 1.
+inline Picture<RgbaS214> placePicture(int width, int height) {
+    Picture<RgbaS214> picture{width, height, {}};
+    for (int y = 0; y < height; ++y) {
+        for (int x = 0; x < width; ++x) {
+            const int code = x + 100 * y + 1;
+            picture.pixels.push_back(colourOf<RgbaS214>(code, code, code, code));
+        }
+    }
+    return picture;
+}
+
+}  // namespace ruvex::test
