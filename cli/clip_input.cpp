@@ -17,8 +17,12 @@ ClipInput::ClipInput(std::unique_ptr<media::FrameReader> reader, media::Depth de
                      const runtime::Project& project, ClipEnds ends)
     : reader_(std::move(reader)), depth_(depth), project_(project), ends_(ends) {}
 
+bool ClipInput::read(std::int64_t number, media::Frame& frame) {
+    return reader_->read(number, frame);
+}
+
 ComPtr<IDSImage> ClipInput::frame(std::int64_t number) {
-    if (!reader_->read(number, frame_)) {
+    if (!read(number, frame_)) {
         return {};
     }
     auto image =

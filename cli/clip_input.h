@@ -23,6 +23,9 @@ public:
     ClipInput(std::unique_ptr<media::FrameReader> reader, media::Depth depth,
               const runtime::Project& project, ClipEnds ends = ClipEnds::Blank);
 
+    /// Frame `number`, at the depth in use. False outside the clip. Throws MediaError.
+    bool read(std::int64_t number, media::Frame& frame);
+
     /// Frame `number` as an image of its own; null outside the clip. Throws MediaError.
     ComPtr<IDSImage> frame(std::int64_t number);
 

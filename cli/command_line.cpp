@@ -1,11 +1,14 @@
 #include "cli/command_line.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <cstdio>
-#include <functional>
 #include <iostream>
 #include <new>
+#include <utility>
+#include <vector>
 
+#include "cli/compare_command.h"
 #include "cli/level_command.h"
 #include "cli/module_command.h"
 #include "cli/params_command.h"
@@ -34,39 +37,28 @@ int endParsing(const CLI::App& app, const CLI::ParseError& error) {
                     kWrongCommandLine);
 }
 
+const std::vector<Command>& commands() {
+    static const std::vector<Command> all = {renderCommand(), compareCommand(), levelCommand(),
+                                             paramsCommand(), presetsCommand(), moduleCommand()};
+    return all;
+}
+
 int parseAndRun(int argc, const char* const* argv) {
     CLI::App app("Faulty television: runs clips through the V_Ruvex effect.", "ruvex");
     app.set_version_flag("--version", "ruvex " RUVEX_VERSION);
     app.require_subcommand(1);
-
-    RenderOptions options;
-    CLI::App* render = app.add_subcommand("render", "Render a clip through the effect");
-    declareRenderOptions(*render, options);
-
-    LevelOptions levelOptions;
-    CLI::App* level = app.add_subcommand("level", "List the level of breakup, frame by frame");
-    declareLevelOptions(*level, levelOptions);
-
-    bool json = false;
-    CLI::App* params = app.add_subcommand("params", "List the parameters");
-    params->add_flag("--json", json, "As JSON, with identifiers, ranges and hints");
-
-    ModuleOptions moduleOptions;
-    CLI::App* module =
-        app.add_subcommand("module", "Tell what the module registers, or register it");
-    declareModuleOptions(*module, moduleOptions);
-
-    CLI::App* presets = app.add_subcommand("presets", "List the looks that --preset knows");
-
+    std::vector<std::pair<const CLI::App*, const Command*>> declared;
+    for (const Command& command : commands()) {
+        declared.emplace_back(&declareCommand(app, command), &command);
+    }
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
         return endParsing(app, error);
     }
-    if (render->parsed()) return runRender(options);
-    if (module->parsed()) return runModule(moduleOptions);
-    if (presets->parsed()) return runPresets();
-    return level->parsed() ? runLevel(levelOptions) : runParams(json);
+    const auto meant =
+        std::ranges::find_if(declared, [](auto& one) { return one.first->parsed(); });
+    return meant->second->run();
 }
 
 }  // namespace

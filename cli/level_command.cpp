@@ -2,6 +2,7 @@
 
 #include <cstdio>
 #include <iostream>
+#include <memory>
 #include <optional>
 #include <span>
 
@@ -50,7 +51,10 @@ void writePlot(const runtime::EffectSession& session, const LevelJob& job,
     media::writeWhole(job.plot, std::as_bytes(std::span(svg)));
 }
 
-}  // namespace
+constexpr const char* kNotes =
+    R"(One line a frame: its time, the seconds of the clip played up to it, the clip's frame that it
+shows without and with Repeat Frames, the level from 0 to 1, what each stage does at that level,
+and what has built up by then. Lengths are pixels of the project frame.)";
 
 int runLevel(const LevelOptions& options) {
     const LevelJob job = makeLevelJob(options);
@@ -73,6 +77,20 @@ int runLevel(const LevelOptions& options) {
     }
     std::cout << (options.csv ? csvOf(*series) : tableOf(*series));
     return finishOutput();
+}
+
+}  // namespace
+
+Command levelCommand() {
+    const auto options = std::make_shared<LevelOptions>();
+    return {.name = "level",
+            .summary = "List the level of breakup, frame by frame",
+            .options = levelOptions(*options),
+            .notes = kNotes,
+            .examples = {"ruvex level --frames 0-99",
+                         "ruvex level clip.mp4 --key \"Master Breakup=0:0 2:100\" --csv",
+                         "ruvex level --rate 25 --frames 0-499 --plot level.svg"},
+            .run = [options] { return runLevel(*options); }};
 }
 
 }  // namespace ruvex::cli

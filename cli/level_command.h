@@ -2,12 +2,11 @@
 
 #pragma once
 
-#include "cli/level_options.h"
+#include "cli/command_table.h"
 
 namespace ruvex::cli {
 
-/// Prints, and draws the plot if there is to be one; the exit status. Throws UsageError,
-/// media::MediaError and runtime::Error.
-int runLevel(const LevelOptions& options);
+/// Prints the level, and draws the plot if there is to be one.
+Command levelCommand();
 
 }  // namespace ruvex::cli

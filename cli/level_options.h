@@ -4,11 +4,8 @@
 
 #include <string>
 
-#include "cli/parameter_choice.h"
-
-namespace CLI {
-class App;
-}
+#include "cli/command_table.h"
+#include "cli/parameter_options.h"
 
 namespace ruvex::cli {
 
@@ -23,8 +20,6 @@ struct LevelOptions {
     bool csv = false;
 };
 
-/// Declares the options, with their help, on the command. `options` is filled when the command line
-/// is parsed and must live until then.
-void declareLevelOptions(CLI::App& command, LevelOptions& options);
+OptionTable levelOptions(LevelOptions& options);
 
 }  // namespace ruvex::cli

@@ -3,12 +3,25 @@
 #include <cstdio>
 #include <iostream>
 
+#include "cli/interruption.h"
+
 namespace ruvex::cli {
+
+std::string inQuotes(std::string_view text) {
+    std::string result = "'";
+    result.append(text).append("'");
+    return result;
+}
 
 void printWarnings(const std::vector<std::string>& warnings) {
     for (const std::string& warning : warnings) {
         std::fprintf(stderr, "ruvex: warning: %s\n", warning.c_str());
     }
+}
+
+int reportStop(const std::filesystem::path& result) {
+    std::fprintf(stderr, "ruvex: stopped; %s was not written.\n", result.string().c_str());
+    return kStoppedStatus;
 }
 
 int finishOutput() {

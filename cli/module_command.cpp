@@ -1,11 +1,12 @@
 #include "cli/module_command.h"
 
-#include <CLI/CLI.hpp>
 #include <iostream>
+#include <memory>
 #include <nlohmann/json.hpp>
 
 #include "cli/messages.h"
 #include "cli/text_table.h"
+#include "cli/usage_error.h"
 #include "runtime/module_report.h"
 
 namespace ruvex::cli {
@@ -15,16 +16,16 @@ using Json = nlohmann::ordered_json;
 using runtime::Module;
 using runtime::ModuleReport;
 
-constexpr const char* kFooter =
+struct ModuleOptions {
+    bool json = false;
+    bool enter = false;
+    bool remove = false;
+};
+
+constexpr const char* kNotes =
     R"(A host finds the effect by its class and by the families that it is registered under. Without an
 option nothing on the machine changes. Registered is the module beside this command, in the file that
-RUVEX_REGISTRY names, or in ruvex/registry in the user's data folder (~/.local/share).
-
-Examples:
-  ruvex module
-  ruvex module --json
-
-Exit status: 0 done, 1 the job failed, 2 the command line is wrong.)";
+RUVEX_REGISTRY names, or in ruvex/registry in the user's data folder (~/.local/share).)";
 
 const char* yesOrNo(bool value) {
     return value ? "yes" : "no";
@@ -103,20 +104,10 @@ Json toJson(const ModuleReport& report) {
         {"parameters", parameters}};
 }
 
-}  // namespace
-
-void declareModuleOptions(CLI::App& command, ModuleOptions& options) {
-    CLI::Option* json = command.add_flag("--json", options.json, "The same as JSON");
-    CLI::Option* enter =
-        command.add_flag("--register", options.enter, "Enter the module in the registry");
-    CLI::Option* remove =
-        command.add_flag("--unregister", options.remove, "Take it out of the registry");
-    enter->excludes(json);
-    remove->excludes(json)->excludes(enter);
-    command.footer(kFooter);
-}
-
 int runModule(const ModuleOptions& options) {
+    if (options.json + options.enter + options.remove > 1) {
+        throw UsageError("--json, --register and --unregister do not go together. Choose one.");
+    }
     const auto module = Module::loadDefault();
     if (options.enter) {
         module->registerClasses();
@@ -128,6 +119,20 @@ int runModule(const ModuleOptions& options) {
         printReport(describeModule(*module));
     }
     return finishOutput();
+}
+
+}  // namespace
+
+Command moduleCommand() {
+    const auto options = std::make_shared<ModuleOptions>();
+    return {.name = "module",
+            .summary = "Tell what the module registers, or register it",
+            .options = {{"--json", "", "The same as JSON", &options->json},
+                        {"--register", "", "Enter the module in the registry", &options->enter},
+                        {"--unregister", "", "Take it out of the registry", &options->remove}},
+            .notes = kNotes,
+            .examples = {"ruvex module", "ruvex module --json"},
+            .run = [options] { return runModule(*options); }};
 }
 
 }  // namespace ruvex::cli

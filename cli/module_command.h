@@ -2,23 +2,10 @@
 
 #pragma once
 
-namespace CLI {
-class App;
-}
+#include "cli/command_table.h"
 
 namespace ruvex::cli {
 
-struct ModuleOptions {
-    bool json = false;
-    bool enter = false;
-    bool remove = false;
-};
-
-/// Declares the options, with their help, on the command. `options` is filled when the command line
-/// is parsed and must live until then.
-void declareModuleOptions(CLI::App& command, ModuleOptions& options);
-
-/// The exit status.
-int runModule(const ModuleOptions& options);
+Command moduleCommand();
 
 }  // namespace ruvex::cli

@@ -17,7 +17,7 @@ constexpr int kMostInt = std::numeric_limits<int>::max();
     throw UsageError(option + ": '" + std::string(text) + "' is not " + wanted + ".");
 }
 
-/// A plain whole number from 0 up, nothing around it.
+/// A plain number from 0 up, nothing around it.
 template <typename T>
 std::optional<T> number(std::string_view text) {
     T value{};
@@ -82,6 +82,14 @@ media::Rational parseFraction(const std::string& option, std::string_view text) 
     const auto value = media::parsePositiveRational(text);
     if (!value) {
         refuse(option, text, "a number above 0; write 25, 29.97 or 30000/1001");
+    }
+    return *value;
+}
+
+double parsePart(const std::string& option, std::string_view text) {
+    const auto value = number<double>(text);
+    if (!value || !(*value <= 1.0)) {
+        refuse(option, text, "a part of the picture; write a number from 0 to 1, as in 0.5");
     }
     return *value;
 }

@@ -37,6 +37,8 @@ FrameRange parseFrames(const std::string& option, std::string_view text);
 Region parseRegion(const std::string& option, std::string_view text);
 /// "25", "29.97", "30000/1001": above 0.
 media::Rational parseFraction(const std::string& option, std::string_view text);
+/// A decimal number from 0 to 1.
+double parsePart(const std::string& option, std::string_view text);
 /// A whole number from `low` to `high`.
 int parseWhole(const std::string& option, std::string_view text, int low, int high);
 

@@ -2,35 +2,36 @@
 
 #pragma once
 
-#include <optional>
+#include <filesystem>
 #include <string>
 #include <vector>
 
-#include "cli/parameter_option.h"
+#include "cli/parameter_change.h"
+#include "cli/parameter_options.h"
 #include "runtime/effect_session.h"
 
 namespace ruvex::cli {
 
-/// The options that choose parameters, as they are typed.
-struct ParameterOptions {
-    std::string preset;
-    std::vector<std::string> settings;
-    std::vector<std::string> keys;
-};
-
 struct ParameterChoice {
-    /// Written first; settings and animations go over it.
-    std::optional<int> preset;
-    std::vector<Setting> settings;
-    std::vector<Animation> animations;
+    /// In the order in which they are made: preset, parameter file, settings, keys. A later one
+    /// goes over an earlier one of the same parameter.
+    std::vector<ParameterChange> changes;
+    std::filesystem::path saveTo;  ///< Empty: they are not saved.
 };
 
-/// From the texts of --preset and of all --set and --key. Throws UsageError, also for a parameter
-/// that is set and animated at once, or animated twice: that is a slip of the pen. May add to
-/// `warnings`.
+/// What a preset of the table, 0 to kPresetCount - 1, changes.
+std::vector<ParameterChange> presetChanges(int preset);
+
+/// From the texts of the options. Throws UsageError, also for a parameter that --set and --key, or
+/// two --key, are given for: that is a slip of the pen; ParameterFileError and media::MediaError
+/// for files. May add to `warnings`.
 ParameterChoice readParameters(const ParameterOptions& options, std::vector<std::string>& warnings);
 
-/// Hands them to the effect. Throws runtime::Error.
+/// Hands them to the effect, and saves what it then has if that is asked for. Throws runtime::Error
+/// and media::MediaError.
 void setParameters(runtime::EffectSession& session, const ParameterChoice& choice);
+
+/// Every parameter of the table as the effect has it: its keys, or its value.
+std::vector<ParameterChange> parametersOf(const runtime::EffectSession& session);
 
 }  // namespace ruvex::cli

@@ -1,11 +1,11 @@
 #include "cli/parameter_option.h"
 
-#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <optional>
 #include <sstream>
 
+#include "cli/messages.h"
 #include "cli/usage_error.h"
 #include "parameters/parameter_text.h"
 
@@ -17,25 +17,18 @@ struct NameAndRest {
     std::string rest;
 };
 
-std::string quoted(std::string_view text) {
-    std::string result = "'";
-    result.append(text).append("'");
-    return result;
-}
-
 const ParameterRow& findOrSuggest(const std::string& option, std::string_view name) {
     if (const ParameterRow* row = findParameter(name)) {
         return *row;
     }
-    throw UsageError(option + ": there is no parameter " + quoted(name) + ". Did you mean " +
-                     quoted(nearestParameter(name).label) + "? 'ruvex params' lists them all.");
+    throw UsageError(option + ": " + noSuchParameter(name));
 }
 
 NameAndRest splitName(const std::string& option, const std::string& text, const char* form) {
     const auto equals = text.find('=');
     if (equals == std::string::npos || equals == 0) {
-        throw UsageError(option + ": " + quoted(text) + " lacks a name or a value. Write " + form +
-                         ".");
+        throw UsageError(option + ": " + inQuotes(text) + " lacks a name or a value. Write " +
+                         form + ".");
     }
     return {&findOrSuggest(option, text.substr(0, equals)), text.substr(equals + 1)};
 }
@@ -66,20 +59,10 @@ Key parseKey(const ParameterRow& row, const std::string& text, std::vector<std::
     const auto colon = text.find(':');
     const auto seconds = parseSeconds(std::string_view(text).substr(0, colon));
     if (colon == std::string::npos || !seconds) {
-        throw UsageError("--key: " + quoted(text) +
+        throw UsageError("--key: " + inQuotes(text) +
                          " is not a key. Write seconds and value, as in 1.5:80.");
     }
     return {*seconds, parseUsable("--key", row, text.substr(colon + 1), warnings)};
-}
-
-void requireDistinctTimes(const Animation& animation) {
-    const auto same = [](const Key& a, const Key& b) { return a.seconds == b.seconds; };
-    const auto& keys = animation.keys;
-    const auto found = std::adjacent_find(keys.begin(), keys.end(), same);
-    if (found != keys.end()) {
-        throw UsageError("--key: " + quoted(animation.row->label) + " has two keys at " +
-                         formatNumber(found->seconds) + " s.");
-    }
 }
 
 }  // namespace
@@ -87,7 +70,7 @@ void requireDistinctTimes(const Animation& animation) {
 Setting parseSetting(const std::string& text, std::vector<std::string>& warnings) {
     const auto [row, rest] = splitName("--set", text, "NAME=VALUE, as in \"Resolution=50\"");
     if (!row->rendered) {
-        warnings.push_back("--set: " + quoted(row->label) + " does not change the picture.");
+        warnings.push_back("--set: " + doesNotRender(*row));
     }
     return {row, parseUsable("--set", *row, rest, warnings)};
 }
@@ -96,7 +79,7 @@ Animation parseAnimation(const std::string& text, std::vector<std::string>& warn
     const auto [row, rest] =
         splitName("--key", text, "NAME=T:V T:V ..., as in \"Resolution=0:100 2:30\"");
     if (!isReal(row->kind)) {
-        throw UsageError("--key: " + quoted(row->label) +
+        throw UsageError("--key: " + inQuotes(row->label) +
                          " cannot be animated; only real parameters can. Use --set.");
     }
     Animation animation{row, {}};
@@ -105,11 +88,13 @@ Animation parseAnimation(const std::string& text, std::vector<std::string>& warn
         animation.keys.push_back(parseKey(*row, word, warnings));
     }
     if (animation.keys.empty()) {
-        throw UsageError("--key: " + quoted(row->label) + " has no keys. Write T:V, as in 0:100.");
+        throw UsageError("--key: " + inQuotes(row->label) +
+                         " has no keys. Write T:V, as in 0:100.");
     }
-    std::sort(animation.keys.begin(), animation.keys.end(),
-              [](const Key& a, const Key& b) { return a.seconds < b.seconds; });
-    requireDistinctTimes(animation);
+    if (const Key* twice = sortKeys(animation)) {
+        throw UsageError("--key: " + inQuotes(row->label) + " has two keys at " +
+                         formatNumber(twice->seconds) + " s.");
+    }
     return animation;
 }
 

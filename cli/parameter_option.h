@@ -5,26 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "parameters/parameter_table.h"
+#include "cli/parameter_change.h"
 
 namespace ruvex::cli {
-
-/// A parameter at one value at all times.
-struct Setting {
-    const ParameterRow* row = nullptr;
-    double value = 0.0;
-};
-
-struct Key {
-    double seconds = 0.0;
-    double value = 0.0;
-};
-
-/// A real parameter that changes; keys in the order of their times, at least one.
-struct Animation {
-    const ParameterRow* row = nullptr;
-    std::vector<Key> keys;
-};
 
 /// "NAME=VALUE". Throws UsageError: an unknown name, with the nearest one, or a value that the
 /// parameter does not take. What the render will only hold to its range goes to `warnings`.

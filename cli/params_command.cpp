@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <iostream>
+#include <memory>
 #include <nlohmann/json.hpp>
 
 #include "cli/messages.h"
@@ -94,9 +95,17 @@ void printJson() {
 
 }  // namespace
 
-int runParams(bool json) {
-    json ? printJson() : printTable();
-    return finishOutput();
+Command paramsCommand() {
+    const auto json = std::make_shared<bool>(false);
+    return {.name = "params",
+            .summary = "List the parameters",
+            .options = {{"--json", "", "As JSON, with identifiers, ranges and hints", json.get()}},
+            .notes = "",
+            .examples = {},
+            .run = [json] {
+                *json ? printJson() : printTable();
+                return finishOutput();
+            }};
 }
 
 }  // namespace ruvex::cli

@@ -2,9 +2,11 @@
 
 #pragma once
 
+#include "cli/command_table.h"
+
 namespace ruvex::cli {
 
-/// Prints one line a parameter, or a JSON array of objects; the exit status.
-int runParams(bool json);
+/// Prints one line a parameter, or a JSON array of objects.
+Command paramsCommand();
 
 }  // namespace ruvex::cli

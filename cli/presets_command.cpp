@@ -6,12 +6,24 @@
 #include "parameters/presets.h"
 
 namespace ruvex::cli {
+namespace {
 
-int runPresets() {
+int listPresets() {
     for (const std::string_view name : presetNames()) {
         std::cout << name << '\n';
     }
     return finishOutput();
+}
+
+}  // namespace
+
+Command presetsCommand() {
+    return {.name = "presets",
+            .summary = "List the looks that --preset knows",
+            .options = {},
+            .notes = "",
+            .examples = {},
+            .run = listPresets};
 }
 
 }  // namespace ruvex::cli

@@ -2,9 +2,11 @@
 
 #pragma once
 
+#include "cli/command_table.h"
+
 namespace ruvex::cli {
 
-/// Lists their names. Returns the exit status.
-int runPresets();
+/// Lists their names, or draws a picture of them all.
+Command presetsCommand();
 
 }  // namespace ruvex::cli

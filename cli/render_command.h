@@ -2,11 +2,10 @@
 
 #pragma once
 
-#include "cli/render_options.h"
+#include "cli/command_table.h"
 
 namespace ruvex::cli {
 
-/// Renders; the exit status. Throws UsageError, media::MediaError and runtime::Error.
-int runRender(const RenderOptions& options);
+Command renderCommand();
 
 }  // namespace ruvex::cli

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "cli/clip_ends.h"
+#include "cli/comparison.h"
 #include "cli/option_text.h"
 #include "cli/parameter_choice.h"
 #include "cli/render_options.h"
@@ -28,7 +29,8 @@ struct RenderJob {
     std::optional<Region> region;
     std::filesystem::path mask;  ///< Empty: the effect is not painted but fills the picture.
     ClipEnds ends = ClipEnds::Blank;
-    std::vector<std::string> warnings;  ///< For the person; the render goes on.
+    std::optional<Comparison> comparison;  ///< Nothing: the result is the render alone.
+    std::vector<std::string> warnings;     ///< For the person; the render goes on.
 };
 
 /// Throws UsageError for everything that is wrong with the options by themselves.

@@ -1,14 +1,11 @@
-// The options of `ruvex render`, as they are typed.
+// The options of a render, as they are typed.
 
 #pragma once
 
 #include <string>
 
-#include "cli/parameter_choice.h"
-
-namespace CLI {
-class App;
-}
+#include "cli/command_table.h"
+#include "cli/parameter_options.h"
 
 namespace ruvex::cli {
 
@@ -29,8 +26,10 @@ struct RenderOptions {
     std::string ends;
 };
 
-/// Declares the options, with their help, on the command. `options` is filled when the command line
-/// is parsed and must live until then.
-void declareRenderOptions(CLI::App& command, RenderOptions& options);
+/// The options of every command that renders a clip.
+OptionTable renderOptions(RenderOptions& options);
+
+/// What the help of those commands says of the kinds of file.
+extern const char* const kRenderNotes;
 
 }  // namespace ruvex::cli

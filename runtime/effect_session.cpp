@@ -172,6 +172,16 @@ double EffectSession::value(const GUID& id, double seconds) const {
     return fromVariant(value);
 }
 
+std::vector<DSKey> EffectSession::keys(const GUID& id) const {
+    ULONG count = 0;
+    require(state_->properties->GetKeys(id, nullptr, 0, &count),
+            "cannot read the keys of " + toText(id));
+    std::vector<DSKey> keys(count);
+    require(state_->properties->GetKeys(id, keys.data(), count, &count),
+            "cannot read the keys of " + toText(id));
+    return keys;
+}
+
 const CDSParamDef* EffectSession::definition(const GUID& id) const {
     return state_->find(id);
 }

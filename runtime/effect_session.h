@@ -79,6 +79,8 @@ public:
     /// animated and for a time or value that is not finite.
     void setKeys(const GUID& id, const std::vector<DSKey>& keys);
     double value(const GUID& id, double seconds = 0.0) const;
+    /// In the order of their times; none for a property that is not animated.
+    std::vector<DSKey> keys(const GUID& id) const;
     /// The definition of a property; null for an unknown identifier.
     const CDSParamDef* definition(const GUID& id) const;
 

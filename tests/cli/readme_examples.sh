@@ -1,10 +1,10 @@
 #!/usr/bin/env bash
-# Runs every `ruvex` example of the README and of the commands' own help, on files with the names
-# that the examples use.
-# Usage: readme_examples.sh README COMMAND
+# Runs every `ruvex` example of the documents and of the commands' own help, on files with the names
+# that the examples use, and reads every parameter file that the documents show.
+# Usage: readme_examples.sh COMMAND DOCUMENT...
 set -euo pipefail
-readme=$1
-command=$2
+command=$(realpath "$1")
+shift
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
 PATH=$(dirname "$command"):$PATH
@@ -13,11 +13,14 @@ examples() {
     # Lines of sh blocks that begin with the command, continued lines joined.
     awk '/^```sh/ { inside = 1; next } /^```/ { inside = 0 }
          inside { line = line $0; if (sub(/\\$/, "", line)) next
-                  if (line ~ /^ruvex /) print line; line = "" }' "$readme"
-    "$command" render --help | sed -n 's/^  \(ruvex render .*\)/\1/p'
-    "$command" level --help | sed -n 's/^  \(ruvex level .*\)/\1/p'
+                  if (line ~ /^ruvex /) print line; line = "" }' "$@"
+    for name in render compare level presets module; do
+        "$command" "$name" --help | sed -n "s/^  \\(ruvex $name .*\\)/\\1/p"
+    done
 }
-examples >"$folder/examples"
+examples "$@" | awk '!seen[$0]++' >"$folder/examples"
+awk -v folder="$folder" '/^```json/ { file = folder "/shown." ++n ".json"; next } /^```/ { file = "" }
+                         file { print >file }' "$@"
 
 cd "$folder"
 ffmpeg -nostdin -v error -f lavfi -i testsrc2=size=720x576:rate=25 -t 2.2 -pix_fmt yuv420p clip.mp4
@@ -32,7 +35,14 @@ while IFS= read -r example; do
     count=$((count + 1))
 done <examples
 # A change of form must not leave this test with nothing to do.
-[ "$count" -ge 18 ] || { echo "only $count examples found"; exit 1; }
-for result in poor.mp4 going.mkv cropped.00003.png out.7.s214 part.png rewound.mp4 spot.mp4 level.svg; do
+[ "$count" -ge 22 ] || { echo "only $count examples found"; exit 1; }
+shown=0
+for file in shown.*.json; do
+    ruvex level --frames 0-0 --params "$file" >output || { echo "not taken: $file"; exit 1; }
+    shown=$((shown + 1))
+done
+[ "$shown" -ge 1 ] || { echo "no parameter file found"; exit 1; }
+for result in poor.mp4 going.mkv cropped.00003.png out.7.s214 part.png rewound.mp4 spot.mp4 level.svg \
+    my-look.json again.mp4 both.mp4 split.mp4 still.png; do
     [ -s "$result" ] || { echo "no $result"; exit 1; }
 done

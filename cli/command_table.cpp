@@ -1,0 +1,72 @@
+#include "cli/command_table.h"
+
+#include <CLI/CLI.hpp>
+
+namespace ruvex::cli {
+namespace {
+
+constexpr const char* kExitStatus =
+    "Exit status: 0 done, 1 the job failed, 2 the command line is wrong, 130 stopped by Ctrl-C.";
+
+CLI::Option* declareValue(CLI::App& parser, const Option& option, bool* target) {
+    return parser.add_flag(option.name, *target, option.help);
+}
+
+CLI::Option* declareValue(CLI::App& parser, const Option& option, std::string* target) {
+    return parser.add_option(option.name, *target, option.help);
+}
+
+/// Given again for each value; never takes the word after the next.
+CLI::Option* declareValue(CLI::App& parser, const Option& option,
+                          std::vector<std::string>* target) {
+    return parser.add_option(option.name, *target, option.help)->allow_extra_args(false);
+}
+
+void declareOption(CLI::App& parser, const Option& option) {
+    CLI::Option* declared = std::visit(
+        [&](auto* target) { return declareValue(parser, option, target); }, option.value);
+    if (*option.argument != '\0') {
+        declared->type_name(option.argument);
+    }
+    if (option.required) {
+        declared->required();
+    }
+}
+
+/// What an option needs may stand behind it in the table.
+void declareNeeds(CLI::App& parser, const OptionTable& options) {
+    for (const Option& option : options) {
+        if (option.needs != nullptr) {
+            const std::string name = option.name;
+            parser.get_option(name.substr(name.find(',') + 1))
+                ->needs(parser.get_option(option.needs));
+        }
+    }
+}
+
+std::string footerOf(const Command& command) {
+    std::string text = command.notes;
+    if (!text.empty()) text += "\n\n";
+    if (!command.examples.empty()) {
+        text += "Examples:\n";
+        for (const char* example : command.examples) {
+            text.append("  ").append(example) += '\n';
+        }
+        text += '\n';
+    }
+    return text + kExitStatus;
+}
+
+}  // namespace
+
+CLI::App& declareCommand(CLI::App& parser, const Command& command) {
+    CLI::App& declared = *parser.add_subcommand(command.name, command.summary);
+    for (const Option& option : command.options) {
+        declareOption(declared, option);
+    }
+    declareNeeds(declared, command.options);
+    declared.footer(footerOf(command));
+    return declared;
+}
+
+}  // namespace ruvex::cli

@@ -1,0 +1,71 @@
+#include "cli/compare_command.h"
+
+#include <memory>
+
+#include "cli/clip_render.h"
+#include "cli/usage_error.h"
+
+namespace ruvex::cli {
+namespace {
+
+struct CompareOptions {
+    RenderOptions render;
+    bool sideBySide = false;
+    bool split = false;
+    std::string splitAt;
+};
+
+OptionTable compareOptions(CompareOptions& options) {
+    OptionTable table = renderOptions(options.render);
+    const OptionTable own = {
+        {"--side-by-side", "", "All of both pictures, before on the left; the usual way",
+         &options.sideBySide},
+        {"--split", "", "One picture: before to the left of a thin white line, after to its right",
+         &options.split},
+        {"--split-at", "F",
+         "Where that line stands, from 0 at the left to 1 at the right; means --split. 0.5 without "
+         "it",
+         &options.splitAt},
+    };
+    table.insert(table.end(), own.begin(), own.end());
+    return table;
+}
+
+Comparison comparisonOf(const CompareOptions& options) {
+    Comparison comparison;
+    if (options.split || !options.splitAt.empty()) {
+        if (options.sideBySide) {
+            throw UsageError("--side-by-side and --split are two ways to compare. Choose one.");
+        }
+        comparison.kind = Comparison::Kind::Split;
+    }
+    if (!options.splitAt.empty()) {
+        comparison.splitAt = parsePart("--split-at", options.splitAt);
+    }
+    return comparison;
+}
+
+int runCompare(const CompareOptions& options) {
+    const Comparison comparison = comparisonOf(options);
+    RenderJob job = makeRenderJob(options.render);
+    job.comparison = comparison;
+    return renderClip(std::move(job));
+}
+
+}  // namespace
+
+Command compareCommand() {
+    const auto options = std::make_shared<CompareOptions>();
+    return {
+        .name = "compare",
+        .summary = "Render a clip and show it before and after, in one clip",
+        .options = compareOptions(*options),
+        .notes = kRenderNotes,
+        .examples = {"ruvex compare clip.mp4 -o both.mp4 --preset \"Security Camera\"",
+                     "ruvex compare clip.mp4 -o split.mp4 --preset \"Bad B&W TV\" --split-at 0.3",
+                     "ruvex compare clip.mp4 -o still.png --frames 30-30 --set \"Resolution=20\" "
+                     "--split"},
+        .run = [options] { return runCompare(*options); }};
+}
+
+}  // namespace ruvex::cli

@@ -1,0 +1,29 @@
+#include "cli/parameter_options.h"
+
+namespace ruvex::cli {
+
+OptionTable parameterOptions(ParameterOptions& options) {
+    return {
+        {"--preset", "NAME|FILE",
+         "One of the looks of 'ruvex presets', or a parameter file of your own; --params, --set "
+         "and "
+         "--key go over it, in this order",
+         &options.preset},
+        {"--params", "FILE",
+         "Values and keys from a parameter file, as --save-params writes it; parameters that the "
+         "file does not name are left as they are",
+         &options.params},
+        {"--set", "\"NAME=VALUE\"",
+         "A parameter by its label; enumerations by label or number, check boxes on or off. "
+         "Repeatable",
+         &options.settings},
+        {"--key", "\"NAME=T:V T:V ...\"",
+         "Keys of a real parameter, seconds and value; linear in between. Repeatable",
+         &options.keys},
+        {"--save-params", "FILE",
+         "Write the values and keys of all parameters, as they are in use, into a parameter file",
+         &options.saveParams},
+    };
+}
+
+}  // namespace ruvex::cli

@@ -1,0 +1,71 @@
+#include "cli/command_table.h"
+
+#include <CLI/CLI.hpp>
+#include <gtest/gtest.h>
+
+namespace ruvex::cli {
+namespace {
+
+struct Values {
+    bool loud = false;
+    std::string input;
+    std::string rate;
+    std::vector<std::string> sets;
+};
+
+Command commandOver(Values& values) {
+    return {.name = "try",
+            .summary = "Try it",
+            .options = {{"INPUT", "", "What goes in", &values.input, true},
+                        {"-r,--rate", "R", "How fast", &values.rate, false, "--loud"},
+                        {"--set", "NAME", "Repeatable", &values.sets},
+                        {"--loud", "", "Louder", &values.loud}},
+            .notes = "A note.",
+            .examples = {"ruvex try this"},
+            .run = [] { return 0; }};
+}
+
+/// False if the parser refuses the words.
+bool parses(Values& values, std::vector<std::string> words) {
+    CLI::App app;
+    const Command command = commandOver(values);
+    declareCommand(app, command);
+    try {
+        std::ranges::reverse(words);
+        app.parse(words);
+        return true;
+    } catch (const CLI::ParseError&) {
+        return false;
+    }
+}
+
+TEST(CommandTable, ValuesGoWhereTheTableSays) {
+    Values values;
+    EXPECT_TRUE(parses(values, {"try", "--set", "a", "in", "--set", "b", "--loud", "-r", "3"}));
+    EXPECT_EQ(values.input, "in");
+    EXPECT_EQ(values.rate, "3");
+    EXPECT_EQ(values.sets, (std::vector<std::string>{"a", "b"}));
+    EXPECT_TRUE(values.loud);
+}
+
+TEST(CommandTable, RequiredAndNeededOptionsAreAskedFor) {
+    Values values;
+    EXPECT_FALSE(parses(values, {"try"}));
+    EXPECT_FALSE(parses(values, {"try", "in", "--rate", "3"}));
+    EXPECT_FALSE(parses(values, {"try", "in", "more"}));
+    EXPECT_TRUE(parses(values, {"try", "in"}));
+}
+
+TEST(CommandTable, TheHelpHoldsAllThatTheTableSays) {
+    Values values;
+    CLI::App app;
+    const Command command = commandOver(values);
+    const std::string help = declareCommand(app, command).help();
+    for (const char* part : {"Try it", "INPUT", "What goes in", "-r,--rate R", "How fast", "--loud",
+                             "A note.", "Examples:\n  ruvex try this", "Exit status"}) {
+        EXPECT_NE(help.find(part), std::string::npos) << part << '\n' << help;
+    }
+}
+
+}  // namespace
+}  // namespace ruvex::cli
