@@ -1,8 +1,10 @@
 #include "cli/presets_command.h"
 
 #include <iostream>
+#include <memory>
 
 #include "cli/messages.h"
+#include "cli/preset_sheet.h"
 #include "parameters/presets.h"
 
 namespace ruvex::cli {
@@ -15,15 +17,39 @@ int listPresets() {
     return finishOutput();
 }
 
+OptionTable sheetOptions(SheetOptions& options) {
+    constexpr const char* kSheet = "--sheet";
+    return {
+        {kSheet, "INPUT", "Instead, render one frame of a clip or a still with each of them",
+         &options.input},
+        {"-o,--output", "SHEET.png", "The picture that shows them, with the clip's own frame",
+         &options.output, false, kSheet},
+        {"--frame", "N", "Which frame; the one in the middle without it", &options.frame, false,
+         kSheet},
+        {"--rate", "R",
+         "Frames a second where the input does not say: 25, 29.97, 30000/1001. 25 without it",
+         &options.rate, false, kSheet},
+        {"--size", "WxH", "Size of raw input frames", &options.size, false, kSheet},
+        {"--depth", "8|16", "Bits a channel in the chain; by the input without it", &options.depth,
+         false, kSheet},
+        {"--workers", "N", "Shares that each picture is cut into; by the machine without it",
+         &options.workers, false, kSheet},
+    };
+}
+
 }  // namespace
 
 Command presetsCommand() {
+    const auto options = std::make_shared<SheetOptions>();
     return {.name = "presets",
-            .summary = "List the looks that --preset knows",
-            .options = {},
-            .notes = "",
-            .examples = {},
-            .run = listPresets};
+            .summary = "List the looks that --preset knows, or show them in a picture",
+            .options = sheetOptions(*options),
+            .notes = "Pictures longer than 720 pixels are made smaller for the sheet.",
+            .examples = {"ruvex presets", "ruvex presets --sheet clip.mp4 -o sheet.png",
+                         "ruvex presets --sheet clip.mp4 -o early.png --frame 5"},
+            .run = [options] {
+                return options->input.empty() ? listPresets() : drawPresetSheet(*options);
+            }};
 }
 
 }  // namespace ruvex::cli

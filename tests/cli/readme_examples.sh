@@ -43,6 +43,6 @@ for file in shown.*.json; do
 done
 [ "$shown" -ge 1 ] || { echo "no parameter file found"; exit 1; }
 for result in poor.mp4 going.mkv cropped.00003.png out.7.s214 part.png rewound.mp4 spot.mp4 level.svg \
-    my-look.json again.mp4 both.mp4 split.mp4 still.png; do
+    sheet.png my-look.json again.mp4 both.mp4 split.mp4 still.png; do
     [ -s "$result" ] || { echo "no $result"; exit 1; }
 done

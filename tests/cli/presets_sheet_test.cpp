@@ -1,0 +1,137 @@
+#include <gtest/gtest.h>
+
+#include "media/contact_sheet.h"
+#include "media/png_still.h"
+#include "media/raw_frame.h"
+#include "media/row_order.h"
+#include "parameters/presets.h"
+#include "tests/cli/run_command.h"
+#include "tests/media/temp_folder.h"
+#include "tests/media/test_clips.h"
+
+namespace ruvex::cli {
+namespace {
+
+using media::Depth;
+using media::Frame;
+using media::FrameSize;
+
+constexpr FrameSize kSize{48, 36};
+
+/// Three raw frames of noise, and sheets of them.
+struct PresetsSheet : testing::Test {
+    PresetsSheet() {
+        for (int k = 0; k < 3; ++k) {
+            media::writeRawFrame(folder.file("in." + std::to_string(k) + ".rgba8"),
+                                 media::noiseFrame(kSize, Depth::Bits8, static_cast<unsigned>(k)));
+        }
+    }
+
+    Outcome draw(const Arguments& more, const std::string& output = "sheet.png") {
+        Arguments arguments = {"presets",
+                               "--sheet",
+                               folder.file("in.%d.rgba8").string(),
+                               "-o",
+                               folder.file(output).string(),
+                               "--size",
+                               "48x36",
+                               "--workers",
+                               "2"};
+        arguments.insert(arguments.end(), more.begin(), more.end());
+        return ruvex(arguments);
+    }
+
+    Frame render(int frame, const std::string& preset) {
+        const std::string number = std::to_string(frame);
+        const Outcome outcome =
+            ruvex({"render", folder.file("in.%d.rgba8").string(), "-o",
+                   folder.file("one.rgba8").string(), "--size", "48x36", "--workers", "2",
+                   "--frames", number + "-" + number, "--preset", preset});
+        EXPECT_EQ(outcome.status, 0) << outcome.err;
+        return media::readRawFrame(folder.file("one.rgba8"), kSize, Depth::Bits8);
+    }
+
+    /// Whether the picture stands in cell `index` of the sheet, opaque.
+    static void expectCell(const Frame& sheet, int index, const Frame& picture) {
+        const media::SheetLayout layout(kSize, 1 + kPresetCount, 3);
+        ASSERT_EQ(sheet.size(), layout.sheet);
+        const int left = layout.left(index, kSize);
+        int different = 0;
+        for (int line = 0; line < kSize.height; ++line) {
+            const int row = media::chainRowOfLine(layout.top(index) + line, sheet.height());
+            const std::uint8_t* shown = sheet.row8(row) + left * media::kChannels;
+            const std::uint8_t* wanted = picture.row8(media::chainRowOfLine(line, kSize.height));
+            for (int i = 0; i < kSize.width * media::kChannels; ++i) {
+                different += shown[i] != (i % media::kChannels == 3 ? 255 : wanted[i]);
+            }
+        }
+        EXPECT_EQ(different, 0) << "cell " << index;
+    }
+
+    void expectSheetOf(int frame) {
+        const Frame sheet = media::readPng(folder.file("sheet.png")).frame;
+        expectCell(sheet, 0, media::noiseFrame(kSize, Depth::Bits8, static_cast<unsigned>(frame)));
+        for (int preset = 0; preset < kPresetCount; ++preset) {
+            const std::string name(presetNames()[static_cast<std::size_t>(preset)]);
+            expectCell(sheet, preset + 1, render(frame, name));
+        }
+    }
+
+    media::TempFolder folder;
+};
+
+TEST_F(PresetsSheet, ShowsTheFrameInTheMiddleAsItIsAndWithEachPreset) {
+    const Outcome outcome = draw({});
+    ASSERT_EQ(outcome.status, 0) << outcome.err;
+    EXPECT_EQ(outcome.out, "");
+    expectSheetOf(1);
+}
+
+TEST_F(PresetsSheet, ShowsTheNamedFrame) {
+    const Outcome outcome = draw({"--frame", "2"});
+    ASSERT_EQ(outcome.status, 0) << outcome.err;
+    expectSheetOf(2);
+}
+
+TEST_F(PresetsSheet, OfADeepClipIsDrawnToo) {
+    const Outcome outcome = draw({"--depth", "16"});
+    EXPECT_EQ(outcome.status, 0) << outcome.err;
+    EXPECT_EQ(media::readPng(folder.file("sheet.png")).frame.depth(), Depth::Bits8);
+}
+
+TEST_F(PresetsSheet, WrongCommandLinesEndWithTwoAndLeaveNothing) {
+    const std::vector<std::string> before = folder.names();
+    for (const Arguments& more : std::vector<Arguments>{{"--frame", "3"},
+                                                        {"--frame", "-1"},
+                                                        {"--frame", "x"},
+                                                        {"--depth", "9"},
+                                                        {"--workers", "0"},
+                                                        {"more"}}) {
+        EXPECT_EQ(draw(more).status, 2) << more.back();
+    }
+    for (const char* name : {"sheet.mp4", "sheet", "sheet.%d.png", "sheet.rgba8"}) {
+        EXPECT_EQ(draw({}, name).status, 2) << name;
+    }
+    EXPECT_EQ(ruvex({"presets", "--sheet", "a.mp4"}).status, 2);
+    EXPECT_EQ(ruvex({"presets", "-o", folder.file("sheet.png").string()}).status, 2);
+    EXPECT_EQ(ruvex({"presets", "--frame", "1"}).status, 2);
+    EXPECT_EQ(folder.names(), before);
+}
+
+TEST_F(PresetsSheet, AClipThatIsNotThereEndsWithOne) {
+    EXPECT_EQ(ruvex({"presets", "--sheet", folder.file("no.mp4").string(), "-o",
+                     folder.file("sheet.png").string()})
+                  .status,
+              1);
+    EXPECT_EQ(draw({}, "none/sheet.png").status, 1);
+}
+
+TEST_F(PresetsSheet, APngMayBeTheInputButNotTheOutputToo) {
+    media::writePng(folder.file("a.png"), media::noiseFrame(kSize, Depth::Bits8, 1), {1, 1});
+    const std::string still = folder.file("a.png").string();
+    EXPECT_EQ(ruvex({"presets", "--sheet", still, "-o", still}).status, 2);
+    EXPECT_EQ(ruvex({"presets", "--sheet", still, "-o", folder.file("b.png").string()}).status, 0);
+}
+
+}  // namespace
+}  // namespace ruvex::cli
