@@ -15,9 +15,17 @@ endif()
 # -O3 only adds widening of flat loops, which keeps every bit.
 add_library(ruvex_options INTERFACE)
 target_compile_options(ruvex_options INTERFACE
-  -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
+  -Wall -Wextra -Wpedantic -Wshadow -Woverloaded-virtual
   -ffp-contract=off -fno-fast-math -fno-unsafe-math-optimizations
   $<$<BOOL:${RUVEX_WERROR}>:-Werror>)
+if(WIN32)
+  # All of its names, in wide characters, and no macros in the way of std::min and std::max.
+  target_compile_definitions(ruvex_options INTERFACE
+    UNICODE NOMINMAX WIN32_LEAN_AND_MEAN _WIN32_WINNT=0x0601)
+else()
+  # The system's own interfaces have no destructor there.
+  target_compile_options(ruvex_options INTERFACE -Wnon-virtual-dtor)
+endif()
 target_include_directories(ruvex_options INTERFACE "${PROJECT_SOURCE_DIR}")
 if(RUVEX_SANITIZE)
   target_compile_options(ruvex_options INTERFACE
@@ -40,6 +48,11 @@ function(ruvex_shared_library name define)
   cmake_parse_arguments(arg "" "" "SOURCES;LIBS" ${ARGN})
   add_library(${name} SHARED ${arg_SOURCES})
   target_compile_definitions(${name} PRIVATE ${define})
+  if(WIN32)
+    # The names that the host's libraries have there.
+    string(REPLACE "dssdk" "dssdk10" file "${name}")
+    set_target_properties(${name} PROPERTIES PREFIX "" OUTPUT_NAME "${file}")
+  endif()
   target_link_libraries(${name} PUBLIC ${arg_LIBS} PRIVATE ruvex_options)
   target_include_directories(${name} PUBLIC "${PROJECT_SOURCE_DIR}")
 endfunction()

@@ -23,6 +23,16 @@ ComPtr<T> queryOrThrow(IUnknown& object, const GUID& id, const char* what) {
     return result;
 }
 
+ComPtr<IDSImageEffect> makeEffect(const Module* module, const GUID& classId) {
+    ComPtr<IDSImageEffect> effect;
+    const HRESULT status = module ? module->classFactory(classId)->CreateInstance(
+                                        nullptr, IID_IDSImageEffect, effect.putVoid())
+                                  : CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER,
+                                                     IID_IDSImageEffect, effect.putVoid());
+    require(status, "cannot make the effect " + toText(classId));
+    return effect;
+}
+
 bool isWhole(double value) {
     return value >= INT32_MIN && value <= INT32_MAX && value == std::trunc(value);
 }
@@ -130,10 +140,7 @@ void EffectSession::State::execute(const RenderRequest& request) {
 
 EffectSession::EffectSession(Setup setup) {
     checkProject(setup.project);
-    ComPtr<IDSImageEffect> effect;
-    const auto factory = setup.module->classFactory(setup.classId);
-    require(factory->CreateInstance(nullptr, IID_IDSImageEffect, effect.putVoid()),
-            "cannot make the effect " + toText(setup.classId));
+    ComPtr<IDSImageEffect> effect = makeEffect(setup.module.get(), setup.classId);
     state_ = std::make_unique<State>(std::move(setup), std::move(effect));
     const auto plugIn = queryOrThrow<IDSPlugIn>(*state_->effect, IID_IDSPlugIn, "its plug-in");
     require(plugIn->Init(), "the effect cannot be initialised");

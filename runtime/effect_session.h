@@ -50,6 +50,8 @@ class EffectSession {
 public:
     /// What a session is made of.
     struct Setup {
+        /// Null for whichever module CoCreateInstance finds: the one that is registered where the
+        /// system has a registry for that, elsewhere one that is loaded.
         std::shared_ptr<Module> module;
         Project project;
         /// Serves inputs at other times; may be empty.

@@ -60,8 +60,8 @@ public:
 DSSDK_API std::shared_ptr<DSRegistryStore> DSMemoryRegistry();
 
 /// A small text file, shared by processes that take turns. Its folder is made when it is first
-/// needed; the file is there as long as something is registered, and is replaced as a whole. Only
-/// where the system has no registry of its own.
+/// needed; the file is there as long as something is registered, and is replaced as a whole. There
+/// is none where the system has a registry of its own.
 DSSDK_API std::shared_ptr<DSRegistryStore> DSFileRegistry(std::filesystem::path file);
 
 /// The one that every program on the machine sees: the system's own, where classes are entered so

@@ -2,11 +2,6 @@
 
 namespace ruvex::test {
 
-std::shared_ptr<runtime::Module> builtModule() {
-    static const std::shared_ptr<runtime::Module> module = runtime::Module::load(RUVEX_MODULE_FILE);
-    return module;
-}
-
 Renderer::Renderer(runtime::Project project, std::shared_ptr<runtime::InputProvider> provider,
                    GUID family)
     : project_(project) {

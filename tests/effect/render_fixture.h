@@ -5,7 +5,6 @@
 #include <cstdint>
 #include <cstring>
 #include <functional>
-#include <gtest/gtest.h>
 #include <memory>
 #include <optional>
 #include <random>
@@ -100,7 +99,7 @@ private:
     std::optional<runtime::EffectSession> session_;
 };
 
-/// The module of this build.
+/// The module of this build; null where COM loads it.
 std::shared_ptr<runtime::Module> builtModule();
 
 }  // namespace ruvex::test

@@ -190,5 +190,14 @@ TEST(EffectSession, TheSetupIsChecked) {
     EXPECT_THROW(EffectSession{setup}, StatusError);
 }
 
+TEST(EffectSession, WithoutAModuleTakesOneThatIsLoaded) {
+    auto setup = copySetup();
+    const auto module = std::exchange(setup.module, nullptr);
+    EffectSession session(setup);
+    const auto output = emptyOutput();
+    session.render({.seconds = 7 / 25.0, .output = output});
+    EXPECT_EQ(countOf(*output, 7), output->byteCount());
+}
+
 }  // namespace
 }  // namespace ruvex::runtime::test

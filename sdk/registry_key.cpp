@@ -1,0 +1,95 @@
+#include "sdk/registry_key.h"
+
+#include <utility>
+
+namespace ruvex {
+namespace {
+
+const HKEY kRoot = HKEY_LOCAL_MACHINE;
+
+}  // namespace
+
+RegistryKey RegistryKey::open(const std::wstring& path) {
+    HKEY key = nullptr;
+    const LSTATUS status = RegOpenKeyExW(kRoot, path.c_str(), 0, KEY_READ, &key);
+    return RegistryKey(status == ERROR_SUCCESS ? key : nullptr);
+}
+
+RegistryKey RegistryKey::create(const std::wstring& path) {
+    HKEY key = nullptr;
+    const LSTATUS status = RegCreateKeyExW(kRoot, path.c_str(), 0, nullptr, 0, KEY_READ | KEY_WRITE,
+                                           nullptr, &key, nullptr);
+    return RegistryKey(status == ERROR_SUCCESS ? key : nullptr);
+}
+
+RegistryKey::~RegistryKey() {
+    if (key_) RegCloseKey(key_);
+}
+
+RegistryKey::RegistryKey(RegistryKey&& other) noexcept : key_(std::exchange(other.key_, nullptr)) {}
+
+bool RegistryKey::set(const wchar_t* name, const std::wstring& text) const {
+    const auto bytes = static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t));
+    return RegSetValueExW(key_, name, 0, REG_SZ, reinterpret_cast<const BYTE*>(text.c_str()),
+                          bytes) == ERROR_SUCCESS;
+}
+
+bool RegistryKey::set(const wchar_t* name, DWORD number) const {
+    return RegSetValueExW(key_, name, 0, REG_DWORD, reinterpret_cast<const BYTE*>(&number),
+                          sizeof number) == ERROR_SUCCESS;
+}
+
+std::optional<std::wstring> RegistryKey::text(const wchar_t* name) const {
+    DWORD bytes = 0;
+    if (RegGetValueW(key_, nullptr, name, RRF_RT_REG_SZ, nullptr, nullptr, &bytes) !=
+        ERROR_SUCCESS) {
+        return std::nullopt;
+    }
+    std::wstring text(bytes / sizeof(wchar_t), L'\0');
+    if (RegGetValueW(key_, nullptr, name, RRF_RT_REG_SZ, nullptr, text.data(), &bytes) !=
+        ERROR_SUCCESS) {
+        return std::nullopt;
+    }
+    text.resize(text.find_last_not_of(L'\0') + 1);
+    return text;
+}
+
+std::optional<DWORD> RegistryKey::number(const wchar_t* name) const {
+    DWORD number = 0;
+    DWORD bytes = sizeof number;
+    const LSTATUS status =
+        RegGetValueW(key_, nullptr, name, RRF_RT_REG_DWORD, nullptr, &number, &bytes);
+    if (status != ERROR_SUCCESS) return std::nullopt;
+    return number;
+}
+
+std::vector<std::wstring> RegistryKey::names() const {
+    constexpr DWORD kLongest = 256;
+    std::vector<std::wstring> names;
+    for (DWORD index = 0;; ++index) {
+        wchar_t name[kLongest];
+        DWORD length = kLongest;
+        const LSTATUS status =
+            RegEnumKeyExW(key_, index, name, &length, nullptr, nullptr, nullptr, nullptr);
+        if (status != ERROR_SUCCESS) return names;
+        names.emplace_back(name, length);
+    }
+}
+
+bool registryKeyExists(const std::wstring& path) {
+    return static_cast<bool>(RegistryKey::open(path));
+}
+
+bool removeRegistryTree(const std::wstring& path) {
+    if (!registryKeyExists(path)) return true;
+    if (RegDeleteTreeW(kRoot, path.c_str()) != ERROR_SUCCESS) return false;
+    // The key itself goes with the tree on some systems and stays, empty, on others.
+    RegDeleteKeyW(kRoot, path.c_str());
+    return !registryKeyExists(path);
+}
+
+void removeRegistryKeyIfEmpty(const std::wstring& path) {
+    RegDeleteKeyW(kRoot, path.c_str());
+}
+
+}  // namespace ruvex

@@ -1,0 +1,25 @@
+// Usage: windows_check registry|registered|unregistered
+
+#include <exception>
+#include <objbase.h>
+#include <string_view>
+
+#include "tests/windows/checks.h"
+
+int main(int argc, char** argv) {
+    using namespace ruvex::test;
+    const std::string_view part = argc == 2 ? argv[1] : "";
+    Checks checks;
+    checks.expect(SUCCEEDED(CoInitializeEx(nullptr, COINIT_MULTITHREADED)), "COM starts");
+    try {
+        if (part == "registry") checkRegistry(checks);
+        if (part == "registered") checkRegistered(checks);
+        if (part == "unregistered") checkUnregistered(checks);
+    } catch (const std::exception& error) {
+        checks.expect(false, error.what());
+    }
+    checks.expect(checks.made > 1, "the part is one that there is");
+    CoUninitialize();
+    std::printf("end: checks=%d failed=%d\n", checks.made, checks.failed);
+    return checks.failed == 0 ? 0 : 1;
+}
