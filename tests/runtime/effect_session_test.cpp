@@ -194,8 +194,11 @@ TEST(EffectSession, WithoutAModuleTakesOneThatIsLoaded) {
     auto setup = copySetup();
     const auto module = std::exchange(setup.module, nullptr);
     EffectSession session(setup);
+    RenderRequest request;
+    request.seconds = 7 / 25.0;
     const auto output = emptyOutput();
-    session.render({.seconds = 7 / 25.0, .output = output});
+    request.output = output;
+    session.render(request);
     EXPECT_EQ(countOf(*output, 7), output->byteCount());
 }
 
