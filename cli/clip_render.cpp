@@ -5,6 +5,7 @@
 #include "cli/messages.h"
 #include "cli/open_project.h"
 #include "cli/progress.h"
+#include "runtime/error.h"
 
 namespace ruvex::cli {
 namespace {
@@ -30,7 +31,7 @@ public:
         const auto writer = media::openWriter(job_.output, plan_.output);
         Progress progress(plan_.frames.last - plan_.frames.first + 1);
         for (std::int64_t k = plan_.frames.first; k <= plan_.frames.last; ++k) {
-            if (!renderer_.render(k, rendered_)) {
+            if (!render(k)) {
                 return false;
             }
             writer->write(k, resultOf(k));
@@ -44,6 +45,16 @@ public:
     }
 
 private:
+    bool render(std::int64_t number) {
+        try {
+            return renderer_.render(number, rendered_);
+        } catch (const runtime::Error& error) {
+            const std::string frame = std::to_string(number);
+            throw runtime::Error(std::string(error.what()) + ". The same command with --frames " +
+                                 frame + "-" + frame + " repeats it.");
+        }
+    }
+
     const media::Frame& resultOf(std::int64_t number) {
         if (!job_.comparison) {
             return rendered_;

@@ -8,12 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "cli/compare_command.h"
-#include "cli/level_command.h"
-#include "cli/module_command.h"
-#include "cli/params_command.h"
-#include "cli/presets_command.h"
-#include "cli/render_command.h"
+#include "cli/commands.h"
 #include "cli/usage_error.h"
 
 namespace ruvex::cli {
@@ -35,12 +30,6 @@ int endParsing(const CLI::App& app, const CLI::ParseError& error) {
     complain(error.what(), kWrongCommandLine);
     return complain("'ruvex --help' says more, and so does --help after a command.",
                     kWrongCommandLine);
-}
-
-const std::vector<Command>& commands() {
-    static const std::vector<Command> all = {renderCommand(), compareCommand(), levelCommand(),
-                                             paramsCommand(), presetsCommand(), moduleCommand()};
-    return all;
 }
 
 int parseAndRun(int argc, const char* const* argv) {

@@ -72,10 +72,7 @@ void FrameRenderer::execute(std::int64_t number, const runtime::RenderRequest& r
     try {
         session_.render(request);
     } catch (const runtime::Error& error) {
-        const std::string frame = std::to_string(number);
-        throw runtime::Error("frame " + frame + ": " + error.what() +
-                             ". The same command with --frames " + frame + "-" + frame +
-                             " repeats it.");
+        throw runtime::Error("frame " + std::to_string(number) + ": " + error.what());
     }
 }
 

@@ -170,7 +170,8 @@ std::vector<ParameterChange> parseParameterFile(const std::string& name, const s
     } catch (const ParameterFileError& error) {
         throw ParameterFileError(name + ": " + error.what());
     } catch (const Json::exception& error) {
-        throw ParameterFileError(name + ": " + detailOf(error));
+        throw ParameterFileError(name + ": this is not JSON as it should be: " + detailOf(error) +
+                                 ".");
     }
 }
 

@@ -2,6 +2,9 @@
 
 #include <CLI/CLI.hpp>
 #include <gtest/gtest.h>
+#include <set>
+
+#include "cli/commands.h"
 
 namespace ruvex::cli {
 namespace {
@@ -64,6 +67,24 @@ TEST(CommandTable, TheHelpHoldsAllThatTheTableSays) {
     for (const char* part : {"Try it", "INPUT", "What goes in", "-r,--rate R", "How fast", "--loud",
                              "A note.", "Examples:\n  ruvex try this", "Exit status"}) {
         EXPECT_NE(help.find(part), std::string::npos) << part << '\n' << help;
+    }
+}
+
+TEST(Commands, EachOptionHasWordsOfHelpAndANameOfItsOwn) {
+    EXPECT_GE(commands().size(), 6u);
+    for (const Command& command : commands()) {
+        EXPECT_STRNE(command.summary, "");
+        std::set<std::string> names;
+        for (const Option& option : command.options) {
+            EXPECT_TRUE(names.insert(option.name).second) << command.name << ' ' << option.name;
+            EXPECT_STRNE(option.help, "") << command.name << ' ' << option.name;
+            const bool isSwitch = std::holds_alternative<bool*>(option.value);
+            const bool isPlace = option.name[0] != '-';
+            EXPECT_EQ(*option.argument == '\0', isSwitch || isPlace) << option.name;
+        }
+        for (const char* example : command.examples) {
+            EXPECT_TRUE(std::string(example).starts_with(std::string("ruvex ") + command.name));
+        }
     }
 }
 

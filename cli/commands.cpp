@@ -1,0 +1,18 @@
+#include "cli/commands.h"
+
+#include "cli/compare_command.h"
+#include "cli/level_command.h"
+#include "cli/module_command.h"
+#include "cli/params_command.h"
+#include "cli/presets_command.h"
+#include "cli/render_command.h"
+
+namespace ruvex::cli {
+
+const std::vector<Command>& commands() {
+    static const std::vector<Command> all = {renderCommand(), compareCommand(), levelCommand(),
+                                             paramsCommand(), presetsCommand(), moduleCommand()};
+    return all;
+}
+
+}  // namespace ruvex::cli

@@ -1,0 +1,14 @@
+// All commands there are.
+
+#pragma once
+
+#include <vector>
+
+#include "cli/command_table.h"
+
+namespace ruvex::cli {
+
+/// In the order of the help. Made once; a command's values are those of the last command line.
+const std::vector<Command>& commands();
+
+}  // namespace ruvex::cli
