@@ -16,6 +16,7 @@ float hardened(float m, float contrast) {
     constexpr double kStep = 3.4028234663852886e+38;
     const auto e = static_cast<float>(contrast >= 0.5 ? kStep : 0.5 / (0.5 - contrast));
     const auto base = static_cast<float>(m * 2.0);
+    if (e == 1.0f) return static_cast<float>(base * 0.5);  // as the power gives it, in no time
     return static_cast<float>(static_cast<float>(maths::pow(base, e)) * 0.5);
 }
 

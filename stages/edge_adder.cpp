@@ -38,7 +38,7 @@ void EdgeAdder<P>::run() {
     noiseRows(heldTo(rows, innerBottom, bottom), columns, local);
     for (std::int32_t y = rows.first; y < rows.end; ++y) {
         if (interruptCheck(this->interrupt)) return;
-        syncBars(y, columns);
+        if (isRead(y)) syncBars(y, columns);
     }
 }
 
@@ -53,6 +53,7 @@ template <class P>
 void EdgeAdder<P>::blackRows(Span band, Span columns) {
     for (std::int32_t y = band.first; y < band.end; ++y) {
         if (interruptCheck(this->interrupt)) return;
+        if (!isRead(y)) continue;
         std::fill_n(this->target->writeAt(columns.first, y), columns.end - columns.first, black());
     }
 }
@@ -76,6 +77,7 @@ void EdgeAdder<P>::noiseRows(Span band, Span columns, std::uint32_t& local) {
     for (std::int32_t y = band.first; y < band.end; ++y) {
         if (interruptCheck(this->interrupt)) return;
         const float r = uniform(local) * 1000.0f;
+        if (!isRead(y)) continue;
         const float* noise = row.make(*noiseTable, kNoiseOctaves, [&](float x) {
             return x * 50.0f / static_cast<float>(columns.end) + r;
         });

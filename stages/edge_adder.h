@@ -7,6 +7,7 @@
 #include "imaging/gradient_noise.h"
 #include "imaging/img_proc.h"
 #include "imaging/texture.h"
+#include "stages/rows_read.h"
 
 namespace ruvex {
 
@@ -23,6 +24,9 @@ public:
     std::uint32_t seed = 0;
     std::int32_t sourceFrame = 0;
     const VxGradientNoise* noiseTable = nullptr;  ///< borrowed
+    /// Borrowed, indices from the texture's first row. Other rows take part in the order of random
+    /// numbers and aren't painted. Null stands for all.
+    const RowsRead* rowsRead = nullptr;
 
 private:
     void blackRows(Span band, Span columns);
@@ -33,6 +37,9 @@ private:
     void alphaAcross(std::int32_t y, float from, float to, Span columns,
                      typename P::Component alpha);
     P black() const;
+    bool isRead(std::int32_t y) const {
+        return !rowsRead || rowsRead->has(y - this->target->y.offset);
+    }
 };
 
 extern template class EdgeAdder<Rgba8>;

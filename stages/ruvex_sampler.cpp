@@ -2,6 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
+#include <limits>
+#include <utility>
 
 #include "imaging/copy_samplers.h"
 #include "imaging/frame_generator.h"
@@ -11,13 +14,15 @@
 #include "imaging/wrap.h"
 #include "stages/creeping_lines.h"
 #include "stages/edge_adder.h"
-#include "stages/ghost_pass.h"
+#include "stages/ghosts.h"
+#include "stages/padder.h"
 #include "stages/rgb_noise_proc.h"
 #include "stages/shash_proc.h"
 #include "stages/signal_pass.h"
 #include "stages/stage_pixel.h"
 #include "stages/transport_pass.h"
 #include "stages/white_dot.h"
+#include "stages/wide_rows.h"
 
 namespace ruvex {
 namespace {
@@ -33,74 +38,190 @@ std::int32_t heldMargin(float margin) {
     return std::clamp(truncateToInt(margin), 0, kLargest);
 }
 
+// Rows [first, end) less `shift`, as indices of a picture that wraps; all of it where they leave 32
+// bits.
+Span indicesOf(std::int64_t first, std::int64_t end, std::int32_t origin, std::int32_t height) {
+    const std::int64_t from = wrapSubtract(saturate(first), origin);
+    const std::int64_t to = from + (end - first);
+    if (first >= end || to > std::numeric_limits<std::int32_t>::max()) return {0, height};
+    return {static_cast<std::int32_t>(from), static_cast<std::int32_t>(to)};
+}
+
+template <class P>
+bool overlap(const VxTexture<P>& a, const VxTexture<P>& b) {
+    const auto extent = [](const VxTexture<P>& texture) {
+        const std::byte* first = texture.data;
+        const std::byte* last = first + std::ptrdiff_t{texture.stride} * (texture.y.size - 1);
+        return std::pair(
+            std::min(first, last),
+            std::max(first, last) + sizeof(P) * static_cast<std::size_t>(texture.x.size));
+    };
+    const auto [aFirst, aEnd] = extent(a);
+    const auto [bFirst, bEnd] = extent(b);
+    return std::less<>{}(aFirst, bEnd) && std::less<>{}(bFirst, aEnd);
+}
+
 }  // namespace
 
 template <class P>
 void RuvexSampler<P>::pre() {
-    const float width = signal.width - static_cast<float>(signal.originX);
-    const float height = signal.height - static_cast<float>(signal.originY);
-    marginX_ = heldMargin(width * this->scaleY / 7.0f);
-    marginY_ = heldMargin(height / 10.0f);
+    useThreads_ = this->useThreads;
     shashMix_ = stageAmount(signal.breakup, signal.shashAmountMax, signal.shashThreshold);
     this->setPasses(whiteDotOn() ? kPassCount : kPassCount - 1);
-    if (!padSource() || stopped()) return;
-    paintBorder();
-    if (stopped() || !makeSignalTexture()) return;
+    measureArea();
+    if (!makeWork() || stopped() || !pictureShows()) return;
+    if (needsPadding() && !padSource()) return;
+    if (!stopped() && !tables_.build(signal)) raiseOutOfMemory(this->interrupt);
+}
+
+// The margins, and how much of the picture with its margins the window needs.
+template <class P>
+void RuvexSampler<P>::measureArea() {
+    const float width = signal.width - static_cast<float>(signal.originX);
+    const float height = signal.height - static_cast<float>(signal.originY);
+    area_.marginX = heldMargin(width * this->scaleY / 7.0f);
+    area_.marginY = heldMargin(height / 10.0f);
+    VxTexIndexer layout(*this->source,
+                        {area_.marginX, area_.marginY, area_.marginX, area_.marginY});
+    layout.x.offset = -area_.marginX;
+    layout.y.offset = -area_.marginY;
+    area_.width = layout.x.size;
+    area_.height = layout.y.size;
 
     std::int32_t left, top, right, bottom;
     this->getWindow(left, top, right, bottom);
-    pushAndSet(wrapSubtract(left, marginX_), wrapSubtract(top, marginY_), wrapAdd(right, marginX_),
-               wrapAdd(bottom, marginY_));
-    this->clipToTexture(signalTexture);
-    if (!tables_.build(signal)) raiseOutOfMemory(this->interrupt);
+    pushAndSet(wrapSubtract(left, area_.marginX), wrapSubtract(top, area_.marginY),
+               wrapAdd(right, area_.marginX), wrapAdd(bottom, area_.marginY));
+    this->clipToTexture(layout);
+    area_.rows = {this->y0, this->y1};
+    area_.columns = {this->x0, this->x1};
+    pop();
 }
 
-// Wherever nothing is written, nothing but zeroes may be read.
 template <class P>
-bool RuvexSampler<P>::allocate(Texture& texture, const VxTexIndexer& layout) {
-    texture.allocateLayout(layout, Contents::Zero);
-    if (texture.data) return true;
-    raiseOutOfMemory(this->interrupt);
-    return false;
+bool RuvexSampler<P>::displaced() const {
+    return edgeAmount(signal) != 0.0f || signal.verticalOffset != 0 || gunsApart(signal) ||
+           haunted(signal);
 }
 
-// Stages work in place: each pixel is read where it is written, wherever the host places the
-// output.
+// A picture that stays where it is can be read from the source, unless that is written at the same
+// time.
 template <class P>
-bool RuvexSampler<P>::allocateWork(Texture& texture) {
-    if (!allocate(texture, *this->target)) return false;
+bool RuvexSampler<P>::needsPadding() const {
+    const bool inside = this->x0 >= 0 && this->y0 >= 0 && this->x1 <= this->source->x.size &&
+                        this->y1 <= this->source->y.size;
+    return displaced() || !inside || overlap(*this->source, workTexture);
+}
+
+template <class P>
+bool RuvexSampler<P>::transportShows() const {
+    return transportActs(signal) && pictureShows();
+}
+
+template <class P>
+bool RuvexSampler<P>::windowIsWhole() const {
+    const TexAxis& x = this->target->x;
+    const TexAxis& y = this->target->y;
+    return this->x0 == x.offset && this->x1 == wrapAdd(x.offset, x.size) && this->y0 == y.offset &&
+           this->y1 == wrapAdd(y.offset, y.size);
+}
+
+// A part of a frame has a picture of its own to work in, for stages may write beside the window.
+// So has one that the finished picture is mixed with, or read for.
+template <class P>
+bool RuvexSampler<P>::worksInPicture() const {
+    return windowIsWhole() && !transportShows() && (!(shashMix_ > 0.0f) || !pictureShows());
+}
+
+// A picture like the output. Stages work in place: each pixel is read where it is written, wherever
+// the host places the output.
+template <class P>
+bool RuvexSampler<P>::makeLike(Texture& texture, Contents contents) {
+    texture.allocateLayout(*this->target, contents);
+    if (!texture.data) {
+        raiseOutOfMemory(this->interrupt);
+        return false;
+    }
     texture.setFill(this->target->fill);
     texture.setOrigin(texture.x.offset, texture.y.offset);
     return true;
 }
 
 template <class P>
+bool RuvexSampler<P>::makeWork() {
+    // Wherever nothing is written, nothing but zeroes may be read.
+    const Contents contents =
+        windowIsWhole() && pictureShows() ? Contents::Undefined : Contents::Zero;
+    if (whiteDotOn() && !makeLike(dotTexture, contents)) return false;
+    if (worksInPicture()) {
+        workTexture.refer(picture());
+        workTexture.setOrigin(workTexture.x.offset, workTexture.y.offset);
+        if (!pictureShows()) clearInWindow(workTexture);
+    } else if (!makeLike(workTexture, contents)) {
+        return false;
+    }
+    workTexture.setEdgeMethods(kEdgeMirror, kEdgeMirror);
+    return true;
+}
+
+// The rows of the padded source that the signal reads, each gun at its own height.
+template <class P>
+RowsRead RuvexSampler<P>::rowsRead() const {
+    const Span rows{this->y0, this->y1};
+    const Span made = area_.makes(rows, {this->x0, this->x1}) ? rows : area_.rows;
+    RowsRead read{.height = area_.height};
+    const std::int32_t origin = wrapSubtract(signal.verticalOffset, area_.marginY);
+    if (!gunsApart(signal)) {
+        read.spans[0] = indicesOf(made.first, made.end, origin, area_.height);
+        return read;
+    }
+    const float offsets[] = {signal.gunRedY, signal.gunGreenY, signal.gunBlueY};
+    for (std::size_t gun = 0; gun < read.spans.size(); ++gun) {
+        const auto rowOf = [&](std::int32_t y) {
+            return std::int64_t{truncateToInt(static_cast<float>(y) - offsets[gun])};
+        };
+        read.spans[gun] =
+            indicesOf(rowOf(made.first), rowOf(made.end - 1) + 1, origin, area_.height);
+    }
+    return read;
+}
+
+template <class P>
 bool RuvexSampler<P>::padSource() {
-    const VxTexIndexer layout(*this->source, {marginX_, marginY_, marginX_, marginY_});
+    const VxTexIndexer layout(*this->source,
+                              {area_.marginX, area_.marginY, area_.marginX, area_.marginY});
     paddedSource.setFill(this->source->fill);
-    if (!allocate(paddedSource, layout)) return false;
+    paddedSource.allocateLayout(layout);
+    if (!paddedSource.data) {
+        raiseOutOfMemory(this->interrupt);
+        return false;
+    }
     // Wrap in both directions makes the picture roll with its border as one closed loop. The
     // vertical offset comes in by way of the origin, at reading.
-    paddedSource.setOrigin(-marginX_, wrapSubtract(signal.verticalOffset, marginY_));
-    paddedSource.x.offset = -marginX_;
-    paddedSource.y.offset = -marginY_;
+    paddedSource.setOrigin(-area_.marginX, wrapSubtract(signal.verticalOffset, area_.marginY));
+    paddedSource.x.offset = -area_.marginX;
+    paddedSource.y.offset = -area_.marginY;
     paddedSource.setEdgeMethods(kEdgeWrap, kEdgeWrap);
 
-    SimpleCopySampler<P> copier;
-    copier.interrupt = this->interrupt;
-    copier.setWindow(0, 0, this->source->x.size - 1, this->source->y.size - 1);
-    copier.process(this->source, &paddedSource);
+    const RowsRead rows = rowsRead();
+    Padder<P> padder;
+    padder.interrupt = this->interrupt;
+    padder.rowsRead = &rows;
+    padder.process(*this->source, paddedSource);
+    if (stopped()) return false;
+    paintBorder(rows);
     return true;
 }
 
 template <class P>
-void RuvexSampler<P>::paintBorder() {
+void RuvexSampler<P>::paintBorder(const RowsRead& rows) {
     EdgeAdder<P> edge;
     edge.interrupt = this->interrupt;
-    edge.left = -marginX_;
-    edge.right = truncateToInt(static_cast<float>(marginX_) + signal.width);
-    edge.top = -marginY_;
-    edge.bottom = truncateToInt(static_cast<float>(marginY_) + signal.height);
+    edge.rowsRead = &rows;
+    edge.left = -area_.marginX;
+    edge.right = truncateToInt(static_cast<float>(area_.marginX) + signal.width);
+    edge.top = -area_.marginY;
+    edge.bottom = truncateToInt(static_cast<float>(area_.marginY) + signal.height);
     edge.borderAlpha = signal.borderAlpha;
     edge.seed = static_cast<std::uint32_t>(signal.seed);
     edge.sourceFrame = signal.sourceFrame;
@@ -108,52 +229,69 @@ void RuvexSampler<P>::paintBorder() {
     edge.process(paddedSource);
 }
 
+// Only passes that share their rows out start workers.
 template <class P>
-bool RuvexSampler<P>::makeSignalTexture() {
-    const VxTexIndexer layout(*this->source, {marginX_, marginY_, marginX_, marginY_});
-    if (!allocate(signalTexture, layout)) return false;
-    signalTexture.setEdgeMethods(kEdgeWrap, kEdgeWrap);
-    signalTexture.setOrigin(-marginX_, -marginY_);
-    signalTexture.x.offset = -marginX_;
-    signalTexture.y.offset = -marginY_;
-    return true;
-}
-
-template <class P>
-bool RuvexSampler<P>::haunted() const {
-    return signal.breakup > signal.ghostThreshold && signal.numGhosts != 0;
+void RuvexSampler<P>::prePass() {
+    const auto shared = [this] {
+        switch (this->pass) {
+            case kSignal:
+                return pictureShows();
+            case kTransport:
+                return transportShows();
+            default:
+                return this->pass == kWhiteDot;
+        }
+    };
+    this->useThreads = useThreads_ && shared();
 }
 
 template <class P>
 void RuvexSampler<P>::run() {
-    const Span rows = this->rowRange();
-    const Span columns = this->columnRange();
-    InterruptionRecord* const record = this->interrupt;
-    if (this->pass != kWhiteDot && !pictureShows()) return;
     switch (this->pass) {
         case kSignal:
-            return runSignalPass(signal, tables_, paddedSource, signalTexture, rows, columns,
-                                 record);
-        case kGhosts:
-            if (haunted()) runGhostPass(signal, signalTexture, workTexture, rows, columns, record);
+            if (pictureShows()) runSignal();
             return;
         case kLines:
-            return drawLines();
+            if (pictureShows()) drawLines();
+            return;
         case kTransport:
-            return runTransportPass(signal, this->scaleY, workTexture, picture(), rows, columns,
-                                    record);
+            if (!transportShows()) return;
+            return runTransportPass(signal, this->scaleY, workTexture, picture(), this->rowRange(),
+                                    this->columnRange(), this->interrupt);
         case kWhiteDot:
-            return shrinkToDot(signal, dotTexture, *this->target, rows, columns, record);
+            return shrinkToDot(signal, dotTexture, *this->target, this->rowRange(),
+                               this->columnRange(), this->interrupt);
         default:
             return;
     }
 }
 
+template <class P>
+void RuvexSampler<P>::runSignal() {
+    const Span rows = this->rowRange();
+    const Span columns = this->columnRange();
+    if (rows.first >= rows.end || columns.first >= columns.end) return;
+    const Texture& from = paddedSource.data ? paddedSource : *this->source;
+    const auto makeAll = [&](auto& maker) {
+        if (!maker.usable()) return raiseOutOfMemory(this->interrupt);
+        for (std::int32_t y = rows.first; y < rows.end; ++y) {
+            if (stopped()) return;
+            maker.make(y, columns, workTexture.writeAt(columns.first, y));
+        }
+    };
+    const bool narrow = !haunted(signal) && area_.makes({this->y0, this->y1}, columns);
+    SignalRows<P> signalRows(signal, tables_, from,
+                             narrow ? columns.end - columns.first : area_.width);
+    if (narrow) return makeAll(signalRows);
+    if (!signalRows.usable()) return raiseOutOfMemory(this->interrupt);
+    WideRows<P> wideRows(signal, area_, signalRows);
+    makeAll(wideRows);
+}
+
 // A line may reach a row beyond a share: one worker draws all shares, one after the other.
 template <class P>
 void RuvexSampler<P>::drawLines() {
-    if (workerIndex() != 0) return;
-    const std::int32_t workers = workerCount();
+    const std::int32_t workers = useThreads_ ? workerCount() : 1;
     for (std::int32_t worker = 0; worker < workers; ++worker) {
         const RowShare share = shareOfRows(this->y1 - this->y0, workers, worker);
         drawCreepingLines(signal, workTexture, Span{this->y0 + share.first, this->y0 + share.end});
@@ -164,9 +302,7 @@ template <class P>
 void RuvexSampler<P>::postPass() {
     switch (this->pass) {
         case kSignal:
-            return afterSignal();
-        case kGhosts:
-            return afterGhosts();
+            return paddedSource.clear();
         case kLines:
             return afterLines();
         case kTransport:
@@ -195,31 +331,19 @@ void RuvexSampler<P>::copyInWindow(Texture& from, Texture& to) {
 }
 
 template <class P>
-void RuvexSampler<P>::afterSignal() {
-    pop();
-    paddedSource.clear();
-    if (!allocateWork(workTexture)) return;
-    workTexture.setEdgeMethods(kEdgeMirror, kEdgeMirror);
-    stopped();
-}
-
-template <class P>
-void RuvexSampler<P>::afterGhosts() {
-    if (!haunted()) copyInWindow(signalTexture, workTexture);
-    signalTexture.clear();
+void RuvexSampler<P>::clearInWindow(Texture& texture) {
+    ColouredFrameGenerator<P> black;
+    black.zero = true;
+    giveWindow(black);
+    black.process(&texture);
 }
 
 template <class P>
 void RuvexSampler<P>::afterLines() {
     if (signal.breakup > signal.snowThreshold && signal.snowMax != 0.0f) snow();
     if (stopped()) return;
-    if (!whiteDotOn()) return copyInWindow(workTexture, *this->target);
-    if (!allocateWork(dotTexture)) return;
-    copyInWindow(workTexture, dotTexture);
-    ColouredFrameGenerator<P> black;
-    black.zero = true;
-    giveWindow(black);
-    black.process(this->target);
+    if (!worksInPicture()) copyInWindow(workTexture, picture());
+    if (whiteDotOn()) clearInWindow(*this->target);
 }
 
 template <class P>
@@ -251,34 +375,41 @@ std::int32_t RuvexSampler<P>::shashTypeOfFrame() const {
 }
 
 template <class P>
+void RuvexSampler<P>::drawShash() {
+    VxShashProc<P> shash;
+    shash.noiseTable = signal.noiseTable;
+    shash.seed = static_cast<std::uint32_t>(signal.seed);
+    shash.outputFrame = signal.outputFrame;
+    shash.scaleA = signal.scale;
+    shash.scaleX = this->scaleX;
+    shash.scaleY = this->scaleY;
+    shash.type = shashTypeOfFrame();
+    giveWindow(shash);
+    shash.process(workTexture);
+}
+
+template <class P>
 void RuvexSampler<P>::afterTransport() {
     if (shashMix_ > 0.0f) {
-        VxShashProc<P> shash;
-        shash.noiseTable = signal.noiseTable;
-        shash.seed = static_cast<std::uint32_t>(signal.seed);
-        shash.outputFrame = signal.outputFrame;
-        shash.scaleA = signal.scale;
-        shash.scaleX = this->scaleX;
-        shash.scaleY = this->scaleY;
-        shash.type = shashTypeOfFrame();
-        giveWindow(shash);
-        shash.process(workTexture);
+        drawShash();
         if (stopped()) return;
-
-        Texture shown;
-        shown.refer(picture());
-        shown.setOrigin(shown.x.offset, shown.y.offset);
-        MixCombiner<P> mix;
-        mix.weightFirst = 1.0f - shashMix_;
-        mix.weightSecond = shashMix_;
-        giveWindow(mix);
-        mix.process(&shown, &workTexture, &picture());
+        if (!worksInPicture()) {
+            Texture shown;
+            shown.refer(picture());
+            shown.setOrigin(shown.x.offset, shown.y.offset);
+            MixCombiner<P> mix;
+            mix.weightFirst = 1.0f - shashMix_;
+            mix.weightSecond = shashMix_;
+            giveWindow(mix);
+            mix.process(&shown, &workTexture, &picture());
+        }
     }
     workTexture.clear();
 }
 
 template <class P>
 void RuvexSampler<P>::post() {
+    this->useThreads = useThreads_;
     tables_.clear();
 }
 

@@ -7,6 +7,8 @@
 #include "imaging/img_proc.h"
 #include "imaging/texture.h"
 #include "imaging/window_stack.h"
+#include "stages/padded_area.h"
+#include "stages/rows_read.h"
 #include "stages/signal_parameters.h"
 #include "stages/tone_tables.h"
 
@@ -15,6 +17,10 @@ namespace ruvex {
 /// Made for one frame: set `signal`, window, aspect and `interrupt`, then process(source, output).
 /// It runs five passes (signal, ghosts, creeping lines, transport, white dot), and between them
 /// what runs once: copies, snow, shash. Running out of memory stops the frame.
+///
+/// Ghosts are added to a row of the signal while it is near, so that their pass has nothing left to
+/// do. Whatever a frame does not need is not made: no margins without displacement, and no work
+/// picture where the stages can work in the finished one.
 template <class P>
 class RuvexSampler : public VxImgProc2<VxTexture<P>, VxTexture<P>>, public VxIPWindowStack {
 public:
@@ -23,44 +29,50 @@ public:
     RuvexSampler() : VxIPWindowStack(this) {}
 
     void pre() override;
+    void prePass() override;
     void run() override;
     void post() override;
     void postPass() override;
 
     SignalParameters signal;
 
-    Texture paddedSource;   ///< the source with its margins; to the end of pass 0
-    Texture signalTexture;  ///< output of pass 0; to the end of pass 1
-    Texture workTexture;    ///< output of pass 1, worked on in place; buffer of the shash picture
-    Texture dotTexture;     ///< the finished picture that the white dot shrinks
+    Texture paddedSource;  ///< the source with its margins; to the end of pass 0
+    Texture workTexture;   ///< the picture of passes 0 to 2; buffer of the shash picture
+    Texture dotTexture;    ///< the finished picture that the white dot shrinks
 
 private:
     bool pictureShows() const { return shashMix_ != 1.0f; }
-    bool haunted() const;
     bool whiteDotOn() const { return signal.whiteDot > 0.0f; }
+    bool transportShows() const;
+    bool displaced() const;
     Texture& picture() { return whiteDotOn() ? dotTexture : *this->target; }
     bool stopped() const { return interruptCheck(this->interrupt); }
 
+    void measureArea();
+    RowsRead rowsRead() const;
+    bool needsPadding() const;
     bool padSource();
-    void paintBorder();
-    bool makeSignalTexture();
-    bool allocate(Texture& texture, const VxTexIndexer& layout);
-    bool allocateWork(Texture& texture);
+    void paintBorder(const RowsRead& rows);
+    bool windowIsWhole() const;
+    bool worksInPicture() const;
+    bool makeWork();
+    bool makeLike(Texture& texture, Contents contents);
+    void clearInWindow(Texture& texture);
     template <class Processor>
     void giveWindow(Processor& processor);
     void copyInWindow(Texture& from, Texture& to);
+    void runSignal();
     void drawLines();
-    void afterSignal();
-    void afterGhosts();
     void afterLines();
     void snow();
     void afterTransport();
+    void drawShash();
     std::int32_t shashTypeOfFrame() const;
 
     ToneTables<P> tables_;
+    PaddedArea area_;
     float shashMix_ = 0.0f;
-    std::int32_t marginX_ = 0;
-    std::int32_t marginY_ = 0;
+    bool useThreads_ = true;  ///< as it was set before the run
 };
 
 extern template class RuvexSampler<Rgba8>;

@@ -3,35 +3,68 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 
 #include "imaging/img_proc.h"
 #include "imaging/texture.h"
+#include "stages/colour_loss.h"
 #include "stages/signal_parameters.h"
 #include "stages/tone_tables.h"
 
 namespace ruvex {
 
-/// How far the colour has degraded: the amount d, and the weight k by which channels are swapped or
-/// drained.
-struct ColourLoss {
-    enum class Stage { None, Swap, Drain, Grey };
+/// How far the edges are pulled at this level, in pixels.
+float edgeAmount(const SignalParameters& signal);
 
-    Stage stage = Stage::None;
-    float weight = 0.0f;
-};
-ColourLoss colourLoss(float amount);
+/// Whether the guns hit the screen in different places.
+bool gunsApart(const SignalParameters& signal);
 
-/// Runs the pass over a worker's rows and columns, from the padded source to `target`.
+/// Makes rows of the signal, one after the other. One for each worker; what it is given must
+/// outlive it.
 template <class P>
-void runSignalPass(const SignalParameters& signal, const ToneTables<P>& tables,
-                   const VxTexture<P>& source, VxTexture<P>& target, Span rows, Span columns,
-                   InterruptionRecord* interrupt);
+class SignalRows {
+public:
+    /// Reads `source` through its edge methods. `longest` is the largest number of columns that
+    /// will be asked for.
+    SignalRows(const SignalParameters& signal, const ToneTables<P>& tables,
+               const VxTexture<P>& source, std::int32_t longest);
 
-extern template void runSignalPass(const SignalParameters&, const ToneTables<Rgba8>&,
-                                   const VxTexture<Rgba8>&, VxTexture<Rgba8>&, Span, Span,
-                                   InterruptionRecord*);
-extern template void runSignalPass(const SignalParameters&, const ToneTables<RgbaS214>&,
-                                   const VxTexture<RgbaS214>&, VxTexture<RgbaS214>&, Span, Span,
-                                   InterruptionRecord*);
+    /// False when memory ran out; then nothing else may be called.
+    bool usable() const { return usable_; }
+
+    /// Writes the columns of row y, both in image space, to `to`. That may be the very row that is
+    /// read if the signal is not displaced.
+    void make(std::int32_t y, Span columns, P* to);
+
+private:
+    // What a row knows.
+    struct Row {
+        std::int32_t shift;  // columns further right that it reads
+        float gain;          // of the interference
+    };
+
+    Row rowState(std::int32_t y) const;
+    float interferenceGain(float y) const;
+    void grey(std::int32_t y, std::int32_t x, std::int32_t count, P* to) const;
+    void colour(std::int32_t y, std::int32_t x, std::int32_t count, P* to) const;
+    void guns(std::int32_t y, std::int32_t x, std::int32_t count, P* to);
+    void readGun(float offsetX, std::int32_t y, std::int32_t x, std::int32_t count, P* to) const;
+
+    const SignalParameters& signal_;
+    const ToneTables<P>& tables_;
+    const VxTexture<P>& source_;
+    float edgeAmount_;
+    float phase_;
+    float saturation_;
+    ColourLoss loss_;
+    float height_;  // of the picture
+    bool guns_;
+    std::int32_t longest_;
+    std::unique_ptr<P[]> gunRows_;  // what each of the three guns reads
+    bool usable_;
+};
+
+extern template class SignalRows<Rgba8>;
+extern template class SignalRows<RgbaS214>;
 
 }  // namespace ruvex

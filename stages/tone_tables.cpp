@@ -42,6 +42,14 @@ bool buildTable(std::unique_ptr<std::int32_t[]>& table, float brightness, float 
     return true;
 }
 
+template <class P>
+bool changesNothing(const std::unique_ptr<std::int32_t[]>& table) {
+    for (std::int32_t i = 0; i < ToneTables<P>::kEntries; ++i) {
+        if (table[i] != i) return false;
+    }
+    return true;
+}
+
 // Black to the tint's colour to white.
 template <class P>
 P tinted(float c, const float (&tint)[4]) {
@@ -85,10 +93,14 @@ bool ToneTables<P>::build(const SignalParameters& signal) {
         case 2:
             return buildTint(tintTable, signal);
         default:
-            return gun(lutRed, signal.gunRed + signal.brightness) &&
-                   gun(lutGreen, signal.gunGreen + signal.brightness) &&
-                   gun(lutBlue, signal.gunBlue + signal.brightness);
+            break;
     }
+    const bool built = gun(lutRed, signal.gunRed + signal.brightness) &&
+                       gun(lutGreen, signal.gunGreen + signal.brightness) &&
+                       gun(lutBlue, signal.gunBlue + signal.brightness);
+    identity = built && changesNothing<P>(lutRed) && changesNothing<P>(lutGreen) &&
+               changesNothing<P>(lutBlue);
+    return built;
 }
 
 template <class P>

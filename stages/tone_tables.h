@@ -22,6 +22,7 @@ struct ToneTables {
     std::unique_ptr<std::int32_t[]> lutGreen;
     std::unique_ptr<std::int32_t[]> lutBlue;
     std::unique_ptr<P[]> tintTable;
+    bool identity = false;  ///< the three of the guns leave every value as it is
 
     /// False when memory ran out.
     bool build(const SignalParameters& signal);

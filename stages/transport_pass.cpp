@@ -267,11 +267,16 @@ void Transport<P>::topNoise(std::uint32_t& seed) {
 
 }  // namespace
 
+bool transportActs(const SignalParameters& signal) {
+    return signal.dvdMode == 0 && (signal.playState == kWinding || signal.playState == kSlow);
+}
+
 template <class P>
 void runTransportPass(const SignalParameters& signal, float scaleY, const VxTexture<P>& source,
                       VxTexture<P>& target, Span rows, Span columns,
                       InterruptionRecord* interrupt) {
-    if (signal.dvdMode != 0 || rows.first >= rows.end || columns.first >= columns.end) return;
+    if (!transportActs(signal)) return;
+    if (rows.first >= rows.end || columns.first >= columns.end) return;
     Transport<P> transport(signal, scaleY, source, target, rows, columns, interrupt);
     if (!transport.usable()) return raiseOutOfMemory(interrupt);
     if (signal.playState == kWinding) transport.wind();

@@ -8,6 +8,9 @@
 
 namespace ruvex {
 
+/// Whether the tape runs in a way that shows.
+bool transportActs(const SignalParameters& signal);
+
 /// Runs the pass over a worker's rows and columns: reads `source`, and writes into `target`, which
 /// holds a copy of it, what winding, slow play and pause change. A DVD and normal play change
 /// nothing. The places of later bands can differ by a little from worker to worker.

@@ -1,0 +1,39 @@
+// Rows of the signal with their margins, for whatever reads beyond a picture's ends.
+
+#pragma once
+
+#include <memory>
+
+#include "stages/ghosts.h"
+#include "stages/padded_area.h"
+#include "stages/signal_pass.h"
+
+namespace ruvex {
+
+/// Makes a row at a time and takes the window's pixels from it, with ghosts if there are any. One
+/// for each worker; what it is given must outlive it.
+template <class P>
+class WideRows {
+public:
+    WideRows(const SignalParameters& signal, const PaddedArea& area, SignalRows<P>& rows);
+
+    /// False when memory ran out; then nothing else may be called.
+    bool usable() const { return row_ && (!haunted_ || ghosts_.usable()); }
+
+    /// Writes the columns of row y, both in image space, to `to`.
+    void make(std::int32_t y, Span columns, P* to);
+
+private:
+    void makeRow(std::int32_t y);
+
+    const PaddedArea& area_;
+    SignalRows<P>& rows_;
+    bool haunted_;
+    Ghosts<P> ghosts_;
+    std::unique_ptr<P[]> row_;  // all columns, twice
+};
+
+extern template class WideRows<Rgba8>;
+extern template class WideRows<RgbaS214>;
+
+}  // namespace ruvex
