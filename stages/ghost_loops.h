@@ -15,31 +15,45 @@ struct GhostLoops {
 
     static constexpr float kTop = PixelTraits<P>::kTop;
 
-    // `Width` components at once: their sums stay in registers from ghost to ghost.
+    // None of the three is inlined: only as a function's arguments are the stretches known to lie
+    // apart, without which the loops stay narrow.
     template <int Width>
-    [[gnu::always_inline]] static void block(const Component* row, const P* const* ghosts,
-                                             std::ptrdiff_t at, const float* weights,
-                                             std::int32_t ghostCount, Component* to) {
-        float base[Width], sum[Width];
-        for (int k = 0; k < Width; ++k) sum[k] = base[k] = static_cast<float>(row[at + k]);
-        for (std::int32_t g = 0; g < ghostCount; ++g) {
-            const Component* ghost = ghosts[g]->c + at;
-            const float weight = weights[g];
-            for (int k = 0; k < Width; ++k) {
-                sum[k] += (base[k] - static_cast<float>(ghost[k])) * weight;
-            }
+    [[gnu::noinline]] static void begin(const Component* __restrict row, float* __restrict base,
+                      float* __restrict sum) {
+        for (int k = 0; k < Width; ++k) sum[k] = base[k] = static_cast<float>(row[k]);
+    }
+    template <int Width>
+    [[gnu::noinline]] static void accumulate(const float* __restrict base, const Component* __restrict ghost,
+                           float weight, float* __restrict sum) {
+        for (int k = 0; k < Width; ++k) {
+            sum[k] += (base[k] - static_cast<float>(ghost[k])) * weight;
         }
+    }
+    template <int Width>
+    [[gnu::noinline]] static void store(const float* __restrict sum, Component* __restrict to) {
         for (int k = 0; k < Width; ++k) {
             const float low = sum[k] > 0.0f ? sum[k] : 0.0f;
-            to[at + k] = static_cast<Component>(static_cast<std::int32_t>(low < kTop ? low : kTop));
+            to[k] = static_cast<Component>(static_cast<std::int32_t>(low < kTop ? low : kTop));
         }
+    }
+
+    // `Width` components at once: their sums stay near from ghost to ghost.
+    template <int Width>
+    static void block(const Component* row, const P* const* ghosts, std::ptrdiff_t at,
+                      const float* weights, std::int32_t ghostCount, Component* to) {
+        float base[Width], sum[Width];
+        begin<Width>(row + at, base, sum);
+        for (std::int32_t g = 0; g < ghostCount; ++g) {
+            accumulate<Width>(base, ghosts[g]->c + at, weights[g], sum);
+        }
+        store<Width>(sum, to + at);
     }
 
     static void haunt(const P* row, const P* const* ghosts, const float* weights,
                       std::int32_t ghostCount, std::int32_t count, P* to) {
-        constexpr int kWide = 32;
-        constexpr int kNarrow = P::kComponents;
-        const std::ptrdiff_t components = std::ptrdiff_t{count} * P::kComponents;
+        constexpr int kWide = 64;
+        constexpr int kNarrow = 4;
+        const std::ptrdiff_t components = std::ptrdiff_t{count} * 4;
         std::ptrdiff_t at = 0;
         for (; at + kWide <= components; at += kWide) {
             block<kWide>(row->c, ghosts, at, weights, ghostCount, to->c);
