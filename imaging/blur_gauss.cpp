@@ -20,12 +20,6 @@ constexpr std::int32_t kPassEnd = 2;
 template <class P>
 constexpr std::int32_t kBufferPixel = P::kComponents * 4;
 
-float settledRadius(float radius, double limit) {
-    if (radius > limit) return static_cast<float>(limit);
-    // What is negative or no number blurs nothing.
-    return radius > 0.0f ? radius : 0.0f;
-}
-
 // The calling worker's part of some lines.
 LineRange workerShare(const LineRange& lines) {
     const std::int32_t count = saturate(lines.end - lines.first);
@@ -38,6 +32,13 @@ LineRange writableRange(const TexAxis& axis) {
 }
 
 }  // namespace
+
+float settledRadius(float radius, std::int32_t mapWidth, std::int32_t mapHeight) {
+    const double limit = std::max(mapWidth, mapHeight) * 3.0;
+    if (radius > limit) return static_cast<float>(limit);
+    // What is negative or no number blurs nothing.
+    return radius > 0.0f ? radius : 0.0f;
+}
 
 template <class P, std::uint32_t Mask, BlurArithmetic A>
 void GaussSampler<P, Mask, A>::start(Texture* source, Texture* target) {
@@ -60,9 +61,8 @@ void GaussSampler<P, Mask, A>::start(Texture* source, Texture* target) {
 template <class P, std::uint32_t Mask, BlurArithmetic A>
 void GaussSampler<P, Mask, A>::settleRadii() {
     radiusX = radiusX / this->scaleX;
-    const double limit = std::max(this->mapWidth, this->mapHeight) * 3.0;
-    radiusX = settledRadius(radiusX, limit);
-    radiusY = settledRadius(radiusY, limit);
+    radiusX = settledRadius(radiusX, this->mapWidth, this->mapHeight);
+    radiusY = settledRadius(radiusY, this->mapWidth, this->mapHeight);
 }
 
 template <class P, std::uint32_t Mask, BlurArithmetic A>

@@ -11,6 +11,9 @@
 
 namespace ruvex {
 
+/// A box radius held between 0 and three times the longer side of the Map.
+float settledRadius(float radius, std::int32_t mapWidth, std::int32_t mapHeight);
+
 /// What all blurs share. Configure the radii, `iterations`, the window, `scaleX` and `interrupt`,
 /// then process(source, map). Source and Map may be one texture. A size / 3 as radius with three
 /// boxes reaches as far as that size; a fraction weights the two pixels just outside a box. The

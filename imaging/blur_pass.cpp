@@ -27,12 +27,6 @@ std::int32_t sourceIndex(const TexAxis& axis, std::int64_t coordinate) {
     return axis.mapIndex(wrapSubtract(static_cast<std::int32_t>(coordinate), axis.origin));
 }
 
-// What boxes of radius 0 make of an integer: weight 1 in 14-bit fixed point, with a product that
-// wraps, keeps its low 18 bits and their sign.
-std::int32_t foldedInteger(std::int32_t value) {
-    return static_cast<std::int32_t>(static_cast<std::uint32_t>(value) * 16384u + 8192u) >> 14;
-}
-
 template <class P, std::uint32_t Mask>
 void copyRowUnblurred(const VxTexture<P>& from, VxTexture<P>& to, std::int32_t x, std::int32_t end,
                       std::int32_t y) {

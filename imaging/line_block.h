@@ -12,6 +12,16 @@
 
 namespace ruvex {
 
+/// Where the lines of a block come from that are in no picture.
+template <class P>
+class LineSource {
+public:
+    virtual ~LineSource() = default;
+
+    /// Writes `count` pixels of line number `line` of the block, from index `first` of its axis on.
+    virtual void read(int line, std::int32_t first, std::int32_t count, P* to) = 0;
+};
+
 /// A block of rows or of columns on its way through the boxes of a plan. Only the components that
 /// `Mask` names (bit 0 is the first) are written in the end. One for each thread and pass.
 template <class P, std::uint32_t Mask>
@@ -44,6 +54,10 @@ public:
     /// The same for columns.
     void gatherColumns(const Texture& from, const Lines& columns);
 
+    /// The same for `count` lines of a source, along an axis with edge methods; `fill` is what
+    /// there is where those give nothing.
+    void gather(LineSource<P>& source, const TexAxis& axis, const P& fill, int count);
+
     /// Runs all boxes over what was gathered. `fill` is what the row buffers read past their ends
     /// where no edge method applies.
     void filter(BoxFilter<Component> box, const P& fill);
@@ -52,6 +66,9 @@ public:
     void scatterRows(Texture& to, const Lines& rows) const;
     /// The same for columns.
     void scatterColumns(Texture& to, const Lines& columns) const;
+
+    /// Copies `count` pixels of the result of line number `line`, from `first` of the output on.
+    void take(int line, std::int64_t first, std::int64_t count, P* to) const;
 
 private:
     struct Release {

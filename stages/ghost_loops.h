@@ -19,12 +19,13 @@ struct GhostLoops {
     // apart, without which the loops stay narrow.
     template <int Width>
     [[gnu::noinline]] static void begin(const Component* __restrict row, float* __restrict base,
-                      float* __restrict sum) {
+                                        float* __restrict sum) {
         for (int k = 0; k < Width; ++k) sum[k] = base[k] = static_cast<float>(row[k]);
     }
     template <int Width>
-    [[gnu::noinline]] static void accumulate(const float* __restrict base, const Component* __restrict ghost,
-                           float weight, float* __restrict sum) {
+    [[gnu::noinline]] static void accumulate(const float* __restrict base,
+                                             const Component* __restrict ghost, float weight,
+                                             float* __restrict sum) {
         for (int k = 0; k < Width; ++k) {
             sum[k] += (base[k] - static_cast<float>(ghost[k])) * weight;
         }

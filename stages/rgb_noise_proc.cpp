@@ -3,38 +3,28 @@
 #include <algorithm>
 #include <cmath>
 
-#include "imaging/line_copier.h"
 #include "imaging/noise_gen.h"
-#include "imaging/random.h"
 #include "imaging/rgba_noise_gen.h"
+#include "imaging/soft_noise_rows.h"
+#include "stages/row_kernels.h"
+#include "stages/source_runs.h"
 #include "stages/stage_pixel.h"
 
 namespace ruvex {
 namespace {
 
 constexpr float kLeastAspect = 0.001f;
+constexpr std::uint32_t kAlphaOnly = 8;
 
-// What lies inside the band is silent; the rest is stretched back to the full range.
-struct DeadBand {
-    bool present;
-    float cut;
-    float stretch;
+// Pixels that are worked on at a time: their noise stays in the nearest cache.
+constexpr std::int32_t kTile = 64;
 
-    // Noise without any reach, which stretches to no number, is silent as well.
-    float operator()(float v) const {
-        if (!present) return v;
-        const float left = (v < 0.0f ? v + cut : v - cut) * stretch;
-        return (v < 0.0f ? left < 0.0f : left > 0.0f) ? left : 0.0f;
-    }
-};
-
-DeadBand deadBand(float sparseness, float reach) {
-    const float cut = sparseness * reach;
-    return {sparseness > 0.0f, cut, reach / (reach - cut)};
-}
-
-float hashValue(std::uint32_t number) {
-    return static_cast<float>(static_cast<std::int32_t>(positionHash(number)));
+// Sparse grain: what lies inside a dead band about 0 is silent, and the rest is stretched back to
+// the full range.
+void setBand(GrainShape& shape, float sparseness, float reach) {
+    shape.banded = sparseness > 0.0f;
+    shape.cut = sparseness * reach;
+    shape.stretch = reach / (reach - shape.cut);
 }
 
 template <class Generator>
@@ -45,22 +35,34 @@ void giveRun(Generator& generator, const VxImgProc& from, std::uint32_t seed) {
     generator.scaleY = 1.0f / generator.scaleX;
 }
 
-// Calls pixel(source, target, x) for each pixel of a row's columns.
-template <class P, class Pixel>
-void overRow(const VxTexture<P>& source, P* to, std::int32_t y, Span columns, Pixel pixel) {
-    for (std::int32_t x = columns.first; x < columns.end;) {
-        const SourceRun<P> run = sourceRun(source, x, y, columns.end);
-        const P* from = run.pixels ? run.pixels : &source.fill;
-        for (std::int32_t i = 0; i < run.length; ++i) {
-            pixel(from[std::ptrdiff_t{i} * run.step], *to++, x + i);
-        }
-        x += run.length;
-    }
+// Adds the noise of `count` pixels from (x, y) on, at most kTile, to what the source has there.
+template <class P>
+void addNoise(const VxTexture<P>& source, VxTexture<P>& target, std::int32_t x, std::int32_t y,
+              std::int32_t count, const float* noise, const GrainShape& shape) {
+    P* const to = target.writeAt(x, y);
+    overRuns(source, x, y, count,
+             [&](const P* from, std::int32_t step, std::int32_t done, std::int32_t length) {
+                 P line[kTile];
+                 if (step != 1) {
+                     for (std::int32_t i = 0; i < length; ++i) {
+                         line[i] = from[std::ptrdiff_t{i} * step];
+                     }
+                     from = line;
+                 }
+                 bestRowKernels<P>().addGrain(from, noise + 4 * done, length, shape, to + done);
+             });
 }
 
-template <class P>
-typename P::Component added(typename P::Component c, float v) {
-    return StagePixel<P>::hold(static_cast<float>(c) + v);
+// Softened noise as floats, four for each pixel.
+void widen(const RgbaInt* noise, std::int32_t count, float* to) {
+    const std::int32_t* const values = noise->c;
+    for (std::int32_t i = 0; i < 4 * count; ++i) to[i] = static_cast<float>(values[i]);
+}
+void widen(const ChannelInt* noise, std::int32_t count, float* to) {
+    for (std::int32_t i = 0; i < count; ++i) {
+        const auto value = static_cast<float>(noise[i].c[0]);
+        for (int k = 0; k < 4; ++k) to[4 * i + k] = value;
+    }
 }
 
 }  // namespace
@@ -68,14 +70,32 @@ typename P::Component added(typename P::Component c, float v) {
 template <class P>
 void VxRGBNoiseProc<P>::pre() {
     if (sparseness >= 1.0f) return;
-    blurring = false;
-    if (!(largestSoftness(softX, alpha) > 0.0f) && !(largestSoftness(softY, alpha) > 0.0f)) return;
-    blurring = true;
+    blurring = largestSoftness(softX, alpha) > 0.0f || largestSoftness(softY, alpha) > 0.0f;
+    if (!blurring || softensRows()) return;
     if (mode == Mode::Colour) {
         makeColourNoise();
     } else {
         makeGreyNoise();
     }
+}
+
+// Whether the noise is softened along rows alone, which needs no picture of it.
+template <class P>
+bool VxRGBNoiseProc<P>::softensRows() const {
+    if (!(softX[0] / 3.0f > 0.0f) || this->scaleX != 1.0f || softY[0] != 0.0f) return false;
+    if (mode == Mode::Grey) return true;
+    for (int k = 1; k < 4; ++k) {
+        if (softX[k] != softX[0] || softY[k] != 0.0f) return false;
+    }
+    return alpha;
+}
+
+// The value of a full hash in a picture of softened noise.
+template <class P>
+float VxRGBNoiseProc<P>::scaleOf(int component) const {
+    constexpr float kWhite = StagePixel<P>::kWhite;
+    if (mode == Mode::Grey) return amountMax[0] * kWhite - amountMin[0] * kWhite;
+    return (amountMax[component] - amountMin[component]) * kWhite;
 }
 
 template <class P>
@@ -88,7 +108,7 @@ void VxRGBNoiseProc<P>::makeColourNoise() {
     giveRun(generator, *this, seed);
     generator.alpha = alpha;
     for (int k = 0; k < 4; ++k) {
-        generator.scale[k] = (amountMax[k] - amountMin[k]) * StagePixel<P>::kWhite;
+        generator.scale[k] = scaleOf(k);
         generator.blurX[k] = softX[k];
         generator.blurY[k] = softY[k];
     }
@@ -97,14 +117,13 @@ void VxRGBNoiseProc<P>::makeColourNoise() {
 
 template <class P>
 void VxRGBNoiseProc<P>::makeGreyNoise() {
-    constexpr float kWhite = StagePixel<P>::kWhite;
     std::int32_t left, top, right, bottom;
     this->getWindow(left, top, right, bottom);
     greyNoise.allocateRegion(left, top, right, bottom, Contents::Zero);
     if (!greyNoise.data) return raiseOutOfMemory(this->interrupt);
     VxNoiseGen generator;
     giveRun(generator, *this, seed);
-    generator.scale = amountMax[0] * kWhite - amountMin[0] * kWhite;
+    generator.scale = scaleOf(0);
     generator.blurX = softX[0];
     generator.blurY = softY[0];
     generator.process(greyNoise);
@@ -113,10 +132,21 @@ void VxRGBNoiseProc<P>::makeGreyNoise() {
 template <class P>
 void VxRGBNoiseProc<P>::run() {
     if (sparseness >= 1.0f) return;
-    if (mode == Mode::Grey) {
-        runGrey();
+    const GrainShape shape = mode == Mode::Grey ? greyShape() : colourShape();
+    if (blurring && softensRows()) {
+        if (mode == Mode::Grey) {
+            runSoftRows<ChannelInt>(shape);
+        } else {
+            runSoftRows<RgbaInt>(shape);
+        }
+    } else if (blurring) {
+        if (mode == Mode::Grey) {
+            runPicture(greyNoise, shape);
+        } else {
+            runPicture(colourNoise, shape);
+        }
     } else {
-        runColour();
+        runHashes(shape);
     }
 }
 
@@ -128,68 +158,115 @@ void VxRGBNoiseProc<P>::post() {
 }
 
 template <class P>
-void VxRGBNoiseProc<P>::runGrey() {
+GrainShape VxRGBNoiseProc<P>::greyShape() const {
+    const auto [low, high] = greyRange();
+    GrainShape shape;
+    std::fill(std::begin(shape.low), std::end(shape.low), low);
+    setBand(shape, sparseness, std::max(std::fabs(low), std::fabs(high)));
+    shape.keep = alpha ? 0 : kAlphaOnly;
+    return shape;
+}
+
+template <class P>
+typename VxRGBNoiseProc<P>::Range VxRGBNoiseProc<P>::greyRange() const {
     constexpr float kWhite = StagePixel<P>::kWhite;
     const auto mean = [](const float(&amounts)[4]) {
         return (amounts[0] * kWhite + amounts[1] * kWhite + amounts[2] * kWhite) / 3.0f;
     };
-    const float lo = mean(amountMin);
-    const float hi = mean(amountMax);
-    const DeadBand band = deadBand(sparseness, std::max(std::fabs(lo), std::fabs(hi)));
-    const float factor = (hi - lo) * kHashStep;
-    const Span rows = this->rowRange();
-    const Span columns = this->columnRange();
-    for (std::int32_t y = rows.first; y < rows.end; ++y) {
-        if (interruptCheck(this->interrupt)) return;
-        const ChannelInt* soft = blurring ? greyNoise.writeAt(columns.first, y) : nullptr;
-        std::uint32_t n = pixelNumber(columns.first, y);
-        overRow(*this->source, this->target->writeAt(columns.first, y), y, columns,
-                [&](const P& from, P& to, std::int32_t) {
-                    const float raw =
-                        soft ? static_cast<float>((soft++)->c[0]) : hashValue(n) * factor;
-                    const float v = band(raw + lo);
-                    n += kColumnStep;
-                    P result = from;
-                    for (int k = 0; k < 3; ++k) result.c[k] = added<P>(from.c[k], v);
-                    if (alpha) result.c[3] = added<P>(from.c[3], v);
-                    to = result;
-                });
-    }
+    return {mean(amountMin), mean(amountMax)};
 }
 
 template <class P>
-void VxRGBNoiseProc<P>::runColour() {
+typename VxRGBNoiseProc<P>::Range VxRGBNoiseProc<P>::rangeOf(int component) const {
     constexpr float kWhite = StagePixel<P>::kWhite;
-    const int components = alpha ? 4 : 3;
-    float lo[4];
-    float factor[4];
+    return {amountMin[component] * kWhite, amountMax[component] * kWhite};
+}
+
+template <class P>
+GrainShape VxRGBNoiseProc<P>::colourShape() const {
+    GrainShape shape;
     float reach = 0.0f;
-    for (int k = 0; k < components; ++k) {
-        lo[k] = amountMin[k] * kWhite;
-        const float hi = amountMax[k] * kWhite;
-        factor[k] = (hi - lo[k]) * kHashStep;
-        reach = std::max({reach, std::fabs(lo[k]), std::fabs(hi)});
+    for (int k = 0; k < (alpha ? 4 : 3); ++k) {
+        const auto [low, high] = rangeOf(k);
+        shape.low[k] = low;
+        reach = std::max({reach, std::fabs(low), std::fabs(high)});
     }
-    const DeadBand band = deadBand(sparseness, reach);
-    const Span rows = this->rowRange();
+    setBand(shape, sparseness, reach);
+    shape.keep = alpha ? 0 : kAlphaOnly;
+    return shape;
+}
+
+// Calls noise(x, count, to) for stretches of a row and adds what it writes.
+template <class P>
+template <class Noise>
+void VxRGBNoiseProc<P>::addToRow(std::int32_t y, const GrainShape& shape, Noise noise) {
     const Span columns = this->columnRange();
+    float values[4 * kTile];
+    for (std::int32_t x = columns.first; x < columns.end; x += kTile) {
+        const std::int32_t count = std::min(kTile, columns.end - x);
+        noise(x, count, values);
+        addNoise(*this->source, *this->target, x, y, count, values, shape);
+    }
+}
+
+// A fresh value for each pixel.
+template <class P>
+void VxRGBNoiseProc<P>::runHashes(const GrainShape& shape) {
+    float factors[4] = {};
+    for (int k = 0; k < (alpha ? 4 : 3); ++k) {
+        const auto [low, high] = rangeOf(k);
+        factors[k] = (high - low) * kHashStep;
+    }
+    const auto [low, high] = greyRange();
+    const float greyFactor = (high - low) * kHashStep;
+    const Span rows = this->rowRange();
     for (std::int32_t y = rows.first; y < rows.end; ++y) {
         if (interruptCheck(this->interrupt)) return;
-        const RgbaInt* soft = blurring ? colourNoise.writeAt(columns.first, y) : nullptr;
-        std::uint32_t n = pixelNumber(columns.first, y);
-        overRow(*this->source, this->target->writeAt(columns.first, y), y, columns,
-                [&](const P& from, P& to, std::int32_t) {
-                    P result = from;
-                    for (int k = 0; k < components; ++k) {
-                        const float raw =
-                            soft ? static_cast<float>(soft->c[k])
-                                 : hashValue(n + static_cast<std::uint32_t>(k)) * factor[k];
-                        result.c[k] = added<P>(from.c[k], band(raw + lo[k]));
-                    }
-                    if (soft) ++soft;
-                    n += kColumnStep;
-                    to = result;
-                });
+        addToRow(y, shape, [&](std::int32_t x, std::int32_t count, float* to) {
+            if (mode == Mode::Grey) {
+                bestRowKernels<P>().hashGrey(pixelNumber(x, y), count, greyFactor, to);
+            } else {
+                bestRowKernels<P>().hashColour(pixelNumber(x, y), count, factors, to);
+            }
+        });
+    }
+}
+
+// A picture of noise, softened before.
+template <class P>
+template <class Noise>
+void VxRGBNoiseProc<P>::runPicture(VxTexture<Noise>& picture, const GrainShape& shape) {
+    const Span rows = this->rowRange();
+    for (std::int32_t y = rows.first; y < rows.end; ++y) {
+        if (interruptCheck(this->interrupt)) return;
+        addToRow(y, shape, [&](std::int32_t x, std::int32_t count, float* to) {
+            widen(picture.writeAt(x, y), count, to);
+        });
+    }
+}
+
+// Noise that is softened along rows, a few rows at a time.
+template <class P>
+template <class Noise>
+void VxRGBNoiseProc<P>::runSoftRows(const GrainShape& shape) {
+    const Span rows = this->rowRange();
+    const Span columns = this->columnRange();
+    if (rows.first >= rows.end || columns.first >= columns.end) return;
+    typename SoftNoiseRows<Noise>::Noise wanted{.seed = seed, .softness = softX[0]};
+    for (int k = 0; k < 4; ++k) wanted.scale[k] = scaleOf(k);
+    SoftNoiseRows<Noise> soft(wanted, {columns, {this->y0, this->y1}});
+    if (!soft.usable()) return raiseOutOfMemory(this->interrupt);
+    for (std::int32_t y = rows.first; y < rows.end; y += soft.kRows) {
+        if (interruptCheck(this->interrupt)) return;
+        const std::int32_t count = std::min<std::int32_t>(soft.kRows, rows.end - y);
+        soft.make(y, count);
+        for (std::int32_t row = 0; row < count; ++row) {
+            addToRow(y + row, shape, [&](std::int32_t x, std::int32_t n, float* to) {
+                Noise pixels[kTile];
+                soft.take(row, x - columns.first, n, pixels);
+                widen(pixels, n, to);
+            });
+        }
     }
 }
 

@@ -7,6 +7,7 @@
 #include "imaging/img_proc.h"
 #include "imaging/noise_rows.h"
 #include "imaging/texture.h"
+#include "stages/grain_shape.h"
 
 namespace ruvex {
 
@@ -35,10 +36,26 @@ public:
     float amountMax[4] = {0.05f, 0.05f, 0.05f, 0.05f};
 
 private:
+    // Ends of the noise of a component, in raw units.
+    struct Range {
+        float low, high;
+    };
+    Range greyRange() const;
+    Range rangeOf(int component) const;
+    GrainShape greyShape() const;
+    GrainShape colourShape() const;
+    float scaleOf(int component) const;
+
+    bool softensRows() const;
     void makeGreyNoise();
     void makeColourNoise();
-    void runGrey();
-    void runColour();
+    void runHashes(const GrainShape& shape);
+    template <class Noise>
+    void runPicture(VxTexture<Noise>& picture, const GrainShape& shape);
+    template <class Noise>
+    void runSoftRows(const GrainShape& shape);
+    template <class Noise>
+    void addToRow(std::int32_t y, const GrainShape& shape, Noise noise);
 };
 
 extern template class VxRGBNoiseProc<Rgba8>;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "stages/ghost_loops.h"
+#include "stages/grain_loops.h"
 #include "stages/row_kernels.h"
 #include "stages/signal_loops.h"
 
@@ -10,8 +11,9 @@ namespace ruvex::detail {
 
 template <class P, class Processor>
 inline constexpr RowKernels<P> kRowKernels{
-    SignalLoops<P, Processor>::hold, SignalLoops<P, Processor>::lose,
+    SignalLoops<P, Processor>::hold,      SignalLoops<P, Processor>::lose,
     SignalLoops<P, Processor>::loseApart, SignalLoops<P, Processor>::finish,
-    GhostLoops<P, Processor>::haunt};
+    GhostLoops<P, Processor>::haunt,      GrainLoops<P, Processor>::hashColour,
+    GrainLoops<P, Processor>::hashGrey,   GrainLoops<P, Processor>::addGrain};
 
 }  // namespace ruvex::detail

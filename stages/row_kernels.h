@@ -6,18 +6,9 @@
 
 #include "imaging/pixel.h"
 #include "stages/colour_loss.h"
+#include "stages/grain_shape.h"
 
 namespace ruvex {
-
-/// What a row of noise adds to a picture's components: values of `noise` plus `low`, less the dead
-/// band, in raw units of the picture.
-struct GrainShape {
-    float low[4];        ///< added to the noise of each component
-    bool banded;         ///< there is a dead band at all
-    float cut;           ///< half the width of the dead band
-    float stretch;       ///< what lies outside it is stretched by this
-    std::uint32_t keep;  ///< 1 where components stay as they are: bit 0 is red
-};
 
 /// One version of every loop for pixels P. All versions give the same bits. Where it says so, `to`
 /// may be the very stretch that is read; otherwise they must not meet.
@@ -36,6 +27,13 @@ struct RowKernels {
     /// ghost after the other.
     void (*haunt)(const P* row, const P* const* ghosts, const float* weights,
                   std::int32_t ghostCount, std::int32_t count, P* to);
+    /// The hashes of `count` pixels from number `number` on, four for each pixel, times factors.
+    void (*hashColour)(std::uint32_t number, std::int32_t count, const float* factors, float* to);
+    /// The same with one hash for each pixel, written four times.
+    void (*hashGrey)(std::uint32_t number, std::int32_t count, float factor, float* to);
+    /// Adds noise, four values for each pixel. In place or not.
+    void (*addGrain)(const P* from, const float* noise, std::int32_t count, const GrainShape& shape,
+                     P* to);
 };
 
 /// For any processor that the build is for.
