@@ -8,6 +8,8 @@
 
 #pragma once
 
+#include <cstdint>
+
 namespace ruvex::maths {
 
 /// Sine, cosine and tangent of an angle in radians. Accurate up to a magnitude of a million; beyond
@@ -15,6 +17,9 @@ namespace ruvex::maths {
 double sin(double x);
 double cos(double x);
 double tan(double x);
+
+/// The sines of a row of angles, as sin gives them, narrowed. The two must not meet.
+void sines(const float* angles, std::int32_t count, float* to);
 
 /// e to the x: 0 below about -745, infinity above about 709.8.
 double exp(double x);

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "imaging/gradient_noise_cell.h"
+#include "imaging/maths_sine.h"
 #include "imaging/noise_kernels.h"
 #include "imaging/noise_rows.h"
 #include "imaging/pixel_convert.h"
@@ -50,8 +51,17 @@ void octaveRow(const float* __restrict gradients, const float* __restrict places
 }
 
 template <class Processor>
+void sineRow(const float* __restrict angles, std::int32_t count, float* __restrict to) {
+    for (std::int32_t i = 0; i < count; ++i) {
+        const maths::detail::Reduced angle = maths::detail::reduce(angles[i]);
+        to[i] = static_cast<float>(maths::detail::sine(angle, angle.quarters));
+    }
+}
+
+template <class Processor>
 inline constexpr NoiseKernels kNoiseKernels{
     NoiseLoops<Processor>::channel, NoiseLoops<Processor>::template colour<4>,
-    NoiseLoops<Processor>::template colour<3>, octaveRow<Processor>};
+    NoiseLoops<Processor>::template colour<3>, octaveRow<Processor>,
+    sineRow<Processor>};
 
 }  // namespace ruvex::detail

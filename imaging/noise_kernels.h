@@ -23,6 +23,8 @@ struct NoiseKernels {
     /// `gradients` are the octave's table of 1024.
     void (*octave)(const float* gradients, const float* places, std::int32_t count, float pace,
                    float shift, float weight, float* to);
+    /// The sines of angles in radians of up to maths::detail::kExactReduction, narrowed.
+    void (*sines)(const float* angles, std::int32_t count, float* to);
 };
 
 /// For any processor that the build is for.

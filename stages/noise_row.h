@@ -11,11 +11,19 @@
 
 namespace ruvex {
 
+/// One worker's scratch for a value of each column. Null when memory ran out.
+class ScratchRow : public std::unique_ptr<float[]> {
+public:
+    explicit ScratchRow(Span columns)
+        : std::unique_ptr<float[]>(new(std::nothrow) float[static_cast<std::size_t>(
+              columns.end > columns.first ? columns.end - columns.first : 0)]) {}
+};
+
 /// One worker's scratch for the noise of rows of one width. Made once, before the rows.
 class NoiseRow {
 public:
     explicit NoiseRow(Span columns)
-        : columns_(columns), places_(allocate(columns)), values_(allocate(columns)) {}
+        : columns_(columns), places_(columns), values_(columns) {}
 
     /// False when memory ran out.
     bool usable() const { return places_ && values_; }
@@ -33,15 +41,9 @@ public:
     }
 
 private:
-    static float* allocate(Span columns) {
-        const bool any = columns.end > columns.first;
-        return new (
-            std::nothrow) float[any ? static_cast<std::size_t>(columns.end - columns.first) : 0];
-    }
-
     Span columns_;
-    std::unique_ptr<float[]> places_;
-    std::unique_ptr<float[]> values_;
+    ScratchRow places_;
+    ScratchRow values_;
 };
 
 }  // namespace ruvex

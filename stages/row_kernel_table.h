@@ -5,15 +5,23 @@
 #include "stages/ghost_loops.h"
 #include "stages/grain_loops.h"
 #include "stages/row_kernels.h"
+#include "stages/shash_loops.h"
 #include "stages/signal_loops.h"
 
 namespace ruvex::detail {
 
 template <class P, class Processor>
-inline constexpr RowKernels<P> kRowKernels{
-    SignalLoops<P, Processor>::hold,      SignalLoops<P, Processor>::lose,
-    SignalLoops<P, Processor>::loseApart, SignalLoops<P, Processor>::finish,
-    GhostLoops<P, Processor>::haunt,      GrainLoops<P, Processor>::hashColour,
-    GrainLoops<P, Processor>::hashGrey,   GrainLoops<P, Processor>::addGrain};
+inline constexpr RowKernels<P> kRowKernels{.hold = SignalLoops<P, Processor>::hold,
+                                           .lose = SignalLoops<P, Processor>::lose,
+                                           .loseApart = SignalLoops<P, Processor>::loseApart,
+                                           .finish = SignalLoops<P, Processor>::finish,
+                                           .haunt = GhostLoops<P, Processor>::haunt,
+                                           .hashColour = GrainLoops<P, Processor>::hashColour,
+                                           .hashGrey = GrainLoops<P, Processor>::hashGrey,
+                                           .addGrain = GrainLoops<P, Processor>::addGrain,
+                                           .addWave = ShashLoops<P, Processor>::addWave,
+                                           .points = ShashLoops<P, Processor>::points,
+                                           .bars = ShashLoops<P, Processor>::bars,
+                                           .dashes = ShashLoops<P, Processor>::dashes};
 
 }  // namespace ruvex::detail

@@ -34,6 +34,15 @@ struct RowKernels {
     /// Adds noise, four values for each pixel. In place or not.
     void (*addGrain)(const P* from, const float* noise, std::int32_t count, const GrainShape& shape,
                      P* to);
+    /// Adds to `sum` a wave from a table of 1024 sines, at places where one is a period.
+    void (*addWave)(const float* sines, const float* places, std::int32_t count, float phase,
+                    float harmonic, float* sum);
+    /// Grain from the sums of four waves.
+    void (*points)(const float* sums, std::int32_t count, P* to);
+    /// Bars from noise and light, the latter in raw units.
+    void (*bars)(const float* noise, const float* light, std::int32_t count, P* to);
+    /// Dashes from noise and colours. Some pixels keep their alpha.
+    void (*dashes)(const float* noise, const P* colours, std::int32_t count, P* to);
 };
 
 /// For any processor that the build is for.

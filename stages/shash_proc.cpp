@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <memory>
+#include <new>
 
 #include "imaging/frame_generator.h"
 #include "imaging/maths.h"
@@ -9,6 +11,7 @@
 #include "imaging/wrap.h"
 #include "stages/noise_row.h"
 #include "stages/rgb_noise_proc.h"
+#include "stages/row_kernels.h"
 #include "stages/stage_pixel.h"
 
 namespace ruvex {
@@ -41,20 +44,13 @@ typename P::Component wrapped(float value) {
     return static_cast<typename P::Component>(truncateToInt(value));
 }
 
-// The two waves of a row of bars.
+// The two waves of a row of bars, in pixels of the work size.
 struct Waves {
     float period1, period2;
     float phase1, phase2;
-
-    float at(float x) const {
-        const auto wave = [x](float period, float phase) {
-            return static_cast<float>(maths::sin(x * 6.2831855f / period + phase));
-        };
-        return wave(period2, phase2) + wave(period1, phase1);
-    }
 };
 
-// Rows share their waves in bands of 16 and 8. Periods are in pixels of the work size.
+// Rows share their waves in bands of 16 and 8.
 Waves wavesOf(std::int32_t y, std::uint32_t base, float scaleA, float scaleY) {
     const auto h1 = static_cast<std::uint32_t>(y / 16 * 11) + base;
     const auto h2 = static_cast<std::uint32_t>(wrapAdd(y, 4) / 8 * 11) + base;
@@ -91,128 +87,156 @@ void VxShashProc<P>::run() {
     if (type == kDashes) dashes(rows, columns);
 }
 
-template <class P>
-float VxShashProc<P>::sumOfSines(float x, int count, std::uint32_t s) const {
-    float sum = 0.0f;
-    for (int i = 0; i < count; ++i) {
-        const std::int32_t phase = truncateToInt(rnd(s + static_cast<std::uint32_t>(i)) * 1023.0f);
-        const float place =
-            static_cast<float>(phase) +
-            static_cast<float>(harmonics_[static_cast<std::size_t>(i)]) * x * 1023.0f;
-        const std::int32_t index = truncateToInt(place) % kSines;
-        sum += sineTable_[static_cast<std::size_t>(index < 0 ? index + kSines : index)];
-    }
-    return sum / static_cast<float>(count);
-}
-
-// Sparse points on black, with a narrow ramp at their edges.
+// Sparse points on black.
 template <class P>
 void VxShashProc<P>::grain(Span rows, Span columns) {
-    constexpr float kFull = 0.44f;
-    constexpr float kFrom = 0.41799998f;
-    constexpr float kRamp = 0.022000015f;
+    constexpr int kWaves = 4;
     const float pace = scaleA * 2000.0f * this->scaleY;
+    const std::int32_t count = columns.end - columns.first;
+    const ScratchRow places(columns), sums(columns);
+    if (!places || !sums) return raiseOutOfMemory(this->interrupt);
+    for (std::int32_t i = 0; i < count; ++i) {
+        places[i] = static_cast<float>(columns.first + i) / pace;
+    }
     std::uint32_t local = frameSeed();
     for (std::int32_t y = rows.first; y < rows.end; ++y) {
         if (interruptCheck(this->interrupt)) return;
         nextRandom(local);
-        P* to = this->target->writeAt(columns.first, y);
-        for (std::int32_t x = columns.first; x < columns.end; ++x, ++to) {
-            const float v = std::fabs(sumOfSines(static_cast<float>(x) / pace, 4, local));
-            if (v > kFull) {
-                *to = kShashWhitePixel<P>;
-            } else if (v > kFrom) {
-                *to = allOf<P>(wrapped<P>((v - kFrom) / kRamp * StagePixel<P>::kShashWhite + 0.0f));
-            } else {
-                *to = P{};
-            }
+        std::fill_n(sums.get(), count, 0.0f);
+        for (std::uint32_t k = 0; k < kWaves; ++k) {
+            const auto phase = static_cast<float>(truncateToInt(rnd(local + k) * 1023.0f));
+            bestRowKernels<P>().addWave(sineTable_.data(), places.get(), count, phase,
+                                        static_cast<float>(harmonics_[k]), sums.get());
         }
+        bestRowKernels<P>().points(sums.get(), count, this->target->writeAt(columns.first, y));
     }
 }
 
-// Grains on black even rows and on odd rows of two beating waves. A grain just above the lower
-// limit is a negative value, which eight bits wrap to a bright fringe.
+// The light of a row of bars, in raw units: two beating waves on odd rows.
+template <class P>
+class BarLight {
+public:
+    BarLight(Span columns, float floor)
+        : columns_(columns), floor_(floor), angles_(columns), wave_(columns), light_(columns) {}
+
+    bool usable() const { return angles_ && wave_ && light_; }
+
+    const float* make(std::int32_t y, const Waves& waves) {
+        constexpr float kWhite = StagePixel<P>::kShashWhite;
+        const std::int32_t count = columns_.end - columns_.first;
+        const auto odd = static_cast<float>(y % 2);
+        if (odd == 0.0f) {
+            std::fill_n(light_.get(), count, 0.0f);
+            return light_.get();
+        }
+        addUp(waves.period2, waves.phase2, light_.get());
+        addUp(waves.period1, waves.phase1, wave_.get());
+        for (std::int32_t i = 0; i < count; ++i) {
+            const float raw = (light_[i] + wave_[i]) * 0.2f + floor_;
+            light_[i] = (raw > 0.0f ? std::min(raw, 1.0f) : 0.0f) * odd * kWhite;
+        }
+        return light_.get();
+    }
+
+private:
+    void addUp(float period, float phase, float* to) {
+        const std::int32_t count = columns_.end - columns_.first;
+        for (std::int32_t i = 0; i < count; ++i) {
+            const auto x = static_cast<float>(columns_.first + i);
+            angles_[i] = x * 6.2831855f / period + phase;
+        }
+        maths::sines(angles_.get(), count, to);
+    }
+
+    Span columns_;
+    float floor_;
+    ScratchRow angles_, wave_, light_;
+};
+
+// Grains on black even rows and on odd rows with light.
 template <class P>
 void VxShashProc<P>::bars(Span rows, Span columns) {
-    constexpr float kWhite = StagePixel<P>::kShashWhite;
     std::uint32_t base = frameSeed();
     std::uint32_t running = base;
-    const float floor = uniform(base) * 0.3f;
+    BarLight<P> light(columns, uniform(base) * 0.3f);
     NoiseRow row(columns);
-    if (!row.usable()) return raiseOutOfMemory(this->interrupt);
+    if (!row.usable() || !light.usable()) return raiseOutOfMemory(this->interrupt);
     const float cell = scaleA * 50.0f * this->scaleY;
     for (std::int32_t y = rows.first; y < rows.end; ++y) {
         if (interruptCheck(this->interrupt)) return;
         const float rowShift = uniform(running) * 100.0f;
-        const Waves waves = wavesOf(y, base, scaleA, this->scaleY);
-        const auto odd = static_cast<float>(y % 2);
         const float* noise = row.make(*noiseTable, 3, [&](float x) { return x / cell + rowShift; });
-        P* to = this->target->writeAt(columns.first, y);
-        for (std::int32_t x = columns.first; x < columns.end; ++x, ++to) {
-            const float f = std::fabs(*noise++);
-            if (f > 0.61f) {
-                *to = kShashWhitePixel<P>;
-                continue;
-            }
-            P pixel{};
-            if (f > 0.305f) pixel = allOf<P>(wrapped<P>((f - 0.488f) / 0.305f * kWhite + 0.0f));
-            const float raw = waves.at(static_cast<float>(x)) * 0.2f + floor;
-            const float w = (raw > 0.0f ? std::min(raw, 1.0f) : 0.0f) * odd * kWhite;
-            for (int k = 0; k < 3; ++k) {
-                pixel.c[k] = StagePixel<P>::hold(static_cast<float>(pixel.c[k]) + w);
-            }
-            *to = pixel;
-        }
+        bestRowKernels<P>().bars(noise, light.make(y, wavesOf(y, base, scaleA, this->scaleY)),
+                                 columns.end - columns.first,
+                                 this->target->writeAt(columns.first, y));
     }
 }
 
+// The colours of a row of dashes, in runs of random length. All randomness of a worker's rows is
+// one sequence.
 template <class P>
-void VxShashProc<P>::dashes(Span rows, Span columns) {
-    constexpr float kWhite = StagePixel<P>::kShashWhite;
-    constexpr double kWhiteShare = 0.7;
-    const float cell = scaleA * 10.0f * this->scaleY;
-    std::uint32_t s = frameSeed();
-    NoiseRow row(columns);
-    if (!row.usable()) return raiseOutOfMemory(this->interrupt);
-    const auto drawColour = [&](P& colour) {
-        for (int k = 0; k < 3; ++k) colour.c[k] = wrapped<P>(uniform(s) * kWhite);
-    };
-    const auto drawLength = [&] {
-        const auto tenth = static_cast<float>(truncateToInt(uniform(s) * 10.0f));
-        return truncateToInt(tenth * scaleA * this->scaleY);
-    };
-    for (std::int32_t y = rows.first; y < rows.end; ++y) {
-        if (interruptCheck(this->interrupt)) return;
-        const float rowShift = uniform(s) * 100.0f;
+class DashColours {
+public:
+    DashColours(std::uint32_t seed, float scale, float scaleY)
+        : seed_(seed), scale_(scale), scaleY_(scaleY) {}
+
+    float drawShift() { return uniform(seed_) * 100.0f; }
+
+    void fill(P* colours, std::int32_t count) {
         P colour{};
         drawColour(colour);
-        std::int32_t runLength = drawLength();
-        std::int32_t count = 0;
-        const float* noise = row.make(*noiseTable, 2, [&](float x) { return x / cell + rowShift; });
-        P* to = this->target->writeAt(columns.first, y);
-        for (std::int32_t x = columns.first; x < columns.end; ++x, ++to) {
-            if (count > runLength) {
-                if (uniform(s) * 1.0f > kWhiteShare) {
-                    colour = kShashWhitePixel<P>;
-                } else {
-                    drawColour(colour);
-                }
-                runLength = drawLength();
-                count = 0;
-            }
-            ++count;
-            const float f = std::fabs(*noise++);
-            if (f > 0.15f) {
-                *to = colour;
-            } else if (f > 0.120000005f) {
-                const float g = (f - 0.120000005f) / 0.030000001f;
-                for (int k = 0; k < 3; ++k) {
-                    to->c[k] = wrapped<P>(static_cast<float>(colour.c[k]) * g + 0.0f);
-                }
-            } else {
-                *to = P{};
-            }
+        std::int32_t length = drawLength();
+        // Only the first can be empty, where the scale is negative.
+        std::int64_t end = std::int64_t{std::max(length, -1)} + 1;
+        for (std::int32_t x = 0; x < count;) {
+            const auto stop = static_cast<std::int32_t>(std::min<std::int64_t>(end, count));
+            std::fill(colours + x, colours + stop, colour);
+            x = stop;
+            if (x == count) return;
+            change(colour);
+            length = drawLength();
+            end = x + std::int64_t{std::max(length, 0)} + 1;
         }
+    }
+
+private:
+    void change(P& colour) {
+        constexpr double kWhiteShare = 0.7;
+        if (uniform(seed_) * 1.0f > kWhiteShare) {
+            colour = kShashWhitePixel<P>;
+        } else {
+            drawColour(colour);
+        }
+    }
+    void drawColour(P& colour) {
+        for (int k = 0; k < 3; ++k) {
+            colour.c[k] = wrapped<P>(uniform(seed_) * StagePixel<P>::kShashWhite);
+        }
+    }
+    std::int32_t drawLength() {
+        const auto tenth = static_cast<float>(truncateToInt(uniform(seed_) * 10.0f));
+        return truncateToInt(tenth * scale_ * scaleY_);
+    }
+
+    std::uint32_t seed_;
+    float scale_, scaleY_;
+};
+
+template <class P>
+void VxShashProc<P>::dashes(Span rows, Span columns) {
+    const float cell = scaleA * 10.0f * this->scaleY;
+    const std::int32_t count = columns.end - columns.first;
+    DashColours<P> dashColours(frameSeed(), scaleA, this->scaleY);
+    const std::unique_ptr<P[]> colours(new (std::nothrow) P[static_cast<std::size_t>(count)]);
+    NoiseRow row(columns);
+    if (!row.usable() || !colours) return raiseOutOfMemory(this->interrupt);
+    for (std::int32_t y = rows.first; y < rows.end; ++y) {
+        if (interruptCheck(this->interrupt)) return;
+        const float rowShift = dashColours.drawShift();
+        dashColours.fill(colours.get(), count);
+        const float* noise = row.make(*noiseTable, 2, [&](float x) { return x / cell + rowShift; });
+        bestRowKernels<P>().dashes(noise, colours.get(), count,
+                                   this->target->writeAt(columns.first, y));
     }
 }
 

@@ -33,7 +33,6 @@ private:
     static constexpr int kSines = 1024;
 
     std::uint32_t frameSeed() const;
-    float sumOfSines(float x, int count, std::uint32_t s) const;
     void grain(Span rows, Span columns);
     void bars(Span rows, Span columns);
     void dashes(Span rows, Span columns);

@@ -1,0 +1,98 @@
+// The loops of the picture without a signal, to be compiled for one processor after another, like
+// the signal's.
+
+#pragma once
+
+#include <cmath>
+#include <cstdint>
+
+#include "imaging/pixel_convert.h"
+#include "stages/pixel_words.h"
+
+namespace ruvex::detail {
+
+template <class P, class Processor>
+struct ShashLoops {
+    using Component = typename P::Component;
+
+    static constexpr float kWhite = PixelTraits<P>::kTop;
+    static constexpr auto kWhiteInt = static_cast<std::int32_t>(kWhite);
+
+    // What a component keeps of an integer.
+    [[gnu::always_inline]] static std::int32_t wrapped(std::int32_t value) {
+        return static_cast<Component>(value);
+    }
+    [[gnu::always_inline]] static std::int32_t held(float value) {
+        const float low = value > 0.0f ? value : 0.0f;
+        return static_cast<std::int32_t>(low < kWhite ? low : kWhite);
+    }
+    [[gnu::always_inline]] static void store(std::int32_t r, std::int32_t g, std::int32_t b,
+                                             std::int32_t alpha, P* to) {
+        to->c[0] = static_cast<Component>(r);
+        to->c[1] = static_cast<Component>(g);
+        to->c[2] = static_cast<Component>(b);
+        to->c[3] = static_cast<Component>(alpha);
+    }
+
+    // One of four waves of a row, at places along it, from a table of 1024 sines.
+    static void addWave(const float* __restrict sines, const float* __restrict places,
+                        std::int32_t count, float phase, float harmonic, float* __restrict sum) {
+        for (std::int32_t i = 0; i < count; ++i) {
+            const float place = phase + harmonic * places[i] * 1023.0f;
+            sum[i] += sines[static_cast<std::uint32_t>(truncateToInt(place)) & 1023u];
+        }
+    }
+
+    // Points of white where the mean of the four waves is high, with a narrow ramp at their edges.
+    static void points(const float* __restrict sums, std::int32_t count, P* __restrict to) {
+        constexpr float kFull = 0.44f;
+        constexpr float kFrom = 0.41799998f;
+        constexpr float kRamp = 0.022000015f;
+        for (std::int32_t i = 0; i < count; ++i) {
+            const float v = std::fabs(sums[i] / 4.0f);
+            const std::int32_t ramp = truncateToInt((v - kFrom) / kRamp * kWhite + 0.0f);
+            const std::int32_t low = v > kFrom ? wrapped(ramp) : 0;
+            const std::int32_t value = v > kFull ? kWhiteInt : low;
+            store(value, value, value, value, to + i);
+        }
+    }
+
+    // Grains of noise over light. A grain just above the lower limit is a negative value, which
+    // eight bits wrap to a bright fringe.
+    static void bars(const float* __restrict noise, const float* __restrict light,
+                     std::int32_t count, P* __restrict to) {
+        for (std::int32_t i = 0; i < count; ++i) {
+            const float f = std::fabs(noise[i]);
+            const std::int32_t ramp = truncateToInt((f - 0.488f) / 0.305f * kWhite + 0.0f);
+            const std::int32_t grain = f > 0.305f ? wrapped(ramp) : 0;
+            const std::int32_t lit = held(static_cast<float>(grain) + light[i]);
+            const bool white = f > 0.61f;
+            const std::int32_t value = white ? kWhiteInt : lit;
+            store(value, value, value, white ? kWhiteInt : grain, to + i);
+        }
+    }
+
+    // Dashes of the colours given where the noise is high; at their edges the alpha that was there
+    // stays.
+    static void dashes(const float* __restrict noise, const P* __restrict colours,
+                       std::int32_t count, P* __restrict to) {
+        for (std::int32_t i = 0; i < count; ++i) {
+            const float f = std::fabs(noise[i]);
+            const float g = (f - 0.120000005f) / 0.030000001f;
+            const bool full = f > 0.15f;
+            const bool some = f > 0.120000005f;
+            std::int32_t result[4];
+            for (int k = 0; k < 3; ++k) {
+                const std::int32_t c = colours[i].c[k];
+                const std::int32_t part =
+                    wrapped(truncateToInt(static_cast<float>(c) * g + 0.0f));
+                result[k] = full ? c : some ? part : 0;
+            }
+            const std::int32_t alpha = some ? std::int32_t{to[i].c[3]} : 0;
+            result[3] = full ? std::int32_t{colours[i].c[3]} : alpha;
+            store(result[0], result[1], result[2], result[3], to + i);
+        }
+    }
+};
+
+}  // namespace ruvex::detail
