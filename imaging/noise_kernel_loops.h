@@ -61,7 +61,6 @@ void sineRow(const float* __restrict angles, std::int32_t count, float* __restri
 template <class Processor>
 inline constexpr NoiseKernels kNoiseKernels{
     NoiseLoops<Processor>::channel, NoiseLoops<Processor>::template colour<4>,
-    NoiseLoops<Processor>::template colour<3>, octaveRow<Processor>,
-    sineRow<Processor>};
+    NoiseLoops<Processor>::template colour<3>, octaveRow<Processor>, sineRow<Processor>};
 
 }  // namespace ruvex::detail

@@ -15,15 +15,14 @@ namespace ruvex {
 class ScratchRow : public std::unique_ptr<float[]> {
 public:
     explicit ScratchRow(Span columns)
-        : std::unique_ptr<float[]>(new(std::nothrow) float[static_cast<std::size_t>(
+        : std::unique_ptr<float[]>(new (std::nothrow) float[static_cast<std::size_t>(
               columns.end > columns.first ? columns.end - columns.first : 0)]) {}
 };
 
 /// One worker's scratch for the noise of rows of one width. Made once, before the rows.
 class NoiseRow {
 public:
-    explicit NoiseRow(Span columns)
-        : columns_(columns), places_(columns), values_(columns) {}
+    explicit NoiseRow(Span columns) : columns_(columns), places_(columns), values_(columns) {}
 
     /// False when memory ran out.
     bool usable() const { return places_ && values_; }

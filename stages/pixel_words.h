@@ -21,6 +21,12 @@ struct PixelWords<Rgba8, Processor> {
     [[gnu::always_inline]] explicit PixelWords(const Rgba8* pixel) {
         std::memcpy(&word, pixel, sizeof word);
     }
+    /// Of four components that fit.
+    [[gnu::always_inline]] PixelWords(std::int32_t r, std::int32_t g, std::int32_t b,
+                                      std::int32_t alpha)
+        : word((static_cast<std::uint32_t>(alpha) << 24) | (static_cast<std::uint32_t>(b) << 16) |
+               (static_cast<std::uint32_t>(g) << 8) | static_cast<std::uint32_t>(r)) {}
+    [[gnu::always_inline]] void store(Rgba8* to) const { std::memcpy(to, &word, sizeof word); }
     template <int K>
     [[gnu::always_inline]] std::int32_t component() const {
         return static_cast<std::int32_t>(word >> (8 * K) & 0xFFu);
@@ -43,6 +49,13 @@ struct PixelWords<RgbaS214, Processor> {
         std::memcpy(&low, pixel->c, sizeof low);
         std::memcpy(&high, pixel->c + 2, sizeof high);
     }
+    [[gnu::always_inline]] PixelWords(std::int32_t r, std::int32_t g, std::int32_t b,
+                                      std::int32_t alpha)
+        : low(pair(r, g)), high(pair(b, alpha)) {}
+    [[gnu::always_inline]] void store(RgbaS214* to) const {
+        std::memcpy(to->c, &low, sizeof low);
+        std::memcpy(to->c + 2, &high, sizeof high);
+    }
     template <int K>
     [[gnu::always_inline]] std::int32_t component() const {
         const std::int32_t word = K < 2 ? low : high;
@@ -51,12 +64,13 @@ struct PixelWords<RgbaS214, Processor> {
     }
     [[gnu::always_inline]] void store(std::int32_t r, std::int32_t g, std::int32_t b,
                                       RgbaS214* to) const {
-        const auto lower =
-            (static_cast<std::uint32_t>(g) << 16) | (static_cast<std::uint32_t>(r) & 0xFFFFu);
-        const auto upper = (static_cast<std::uint32_t>(high) & 0xFFFF0000u) |
-                           (static_cast<std::uint32_t>(b) & 0xFFFFu);
-        std::memcpy(to->c, &lower, sizeof lower);
-        std::memcpy(to->c + 2, &upper, sizeof upper);
+        PixelWords(r, g, b, high >> 16).store(to);
+    }
+
+private:
+    [[gnu::always_inline]] static std::int32_t pair(std::int32_t lower, std::int32_t upper) {
+        return static_cast<std::int32_t>((static_cast<std::uint32_t>(upper) << 16) |
+                                         (static_cast<std::uint32_t>(lower) & 0xFFFFu));
     }
 };
 

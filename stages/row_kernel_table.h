@@ -19,7 +19,6 @@ inline constexpr RowKernels<P> kRowKernels{.hold = SignalLoops<P, Processor>::ho
                                            .hashColour = GrainLoops<P, Processor>::hashColour,
                                            .hashGrey = GrainLoops<P, Processor>::hashGrey,
                                            .addGrain = GrainLoops<P, Processor>::addGrain,
-                                           .addWave = ShashLoops<P, Processor>::addWave,
                                            .points = ShashLoops<P, Processor>::points,
                                            .bars = ShashLoops<P, Processor>::bars,
                                            .dashes = ShashLoops<P, Processor>::dashes};

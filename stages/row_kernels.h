@@ -34,11 +34,10 @@ struct RowKernels {
     /// Adds noise, four values for each pixel. In place or not.
     void (*addGrain)(const P* from, const float* noise, std::int32_t count, const GrainShape& shape,
                      P* to);
-    /// Adds to `sum` a wave from a table of 1024 sines, at places where one is a period.
-    void (*addWave)(const float* sines, const float* places, std::int32_t count, float phase,
-                    float harmonic, float* sum);
-    /// Grain from the sums of four waves.
-    void (*points)(const float* sums, std::int32_t count, P* to);
+    /// Grain from four waves of a row: their phases and harmonics, a table of 1024 sines, and the
+    /// pixels' places, where one is a period.
+    void (*points)(const float* sines, const float* places, const float* phases,
+                   const float* harmonics, std::int32_t count, P* to);
     /// Bars from noise and light, the latter in raw units.
     void (*bars)(const float* noise, const float* light, std::int32_t count, P* to);
     /// Dashes from noise and colours. Some pixels keep their alpha.

@@ -14,6 +14,7 @@ namespace ruvex::detail {
 template <class P, class Processor>
 struct ShashLoops {
     using Component = typename P::Component;
+    using Words = PixelWords<P, Processor>;
 
     static constexpr float kWhite = PixelTraits<P>::kTop;
     static constexpr auto kWhiteInt = static_cast<std::int32_t>(kWhite);
@@ -28,28 +29,30 @@ struct ShashLoops {
     }
     [[gnu::always_inline]] static void store(std::int32_t r, std::int32_t g, std::int32_t b,
                                              std::int32_t alpha, P* to) {
-        to->c[0] = static_cast<Component>(r);
-        to->c[1] = static_cast<Component>(g);
-        to->c[2] = static_cast<Component>(b);
-        to->c[3] = static_cast<Component>(alpha);
+        Words(r, g, b, alpha).store(to);
     }
 
-    // One of four waves of a row, at places along it, from a table of 1024 sines.
-    static void addWave(const float* __restrict sines, const float* __restrict places,
-                        std::int32_t count, float phase, float harmonic, float* __restrict sum) {
-        for (std::int32_t i = 0; i < count; ++i) {
-            const float place = phase + harmonic * places[i] * 1023.0f;
-            sum[i] += sines[static_cast<std::uint32_t>(truncateToInt(place)) & 1023u];
-        }
+    // The entry of a table of 1024 at a place, counting round.
+    [[gnu::always_inline]] static std::uint32_t entry(float place) {
+        return static_cast<std::uint32_t>(truncateToInt(place)) & 1023u;
     }
 
-    // Points of white where the mean of the four waves is high, with a narrow ramp at their edges.
-    static void points(const float* __restrict sums, std::int32_t count, P* __restrict to) {
+    // Points of white where the mean of four waves is high, with a narrow ramp at their edges.
+    static void points(const float* __restrict sines, const float* __restrict places,
+                       const float* phases, const float* harmonics, std::int32_t count,
+                       P* __restrict to) {
         constexpr float kFull = 0.44f;
         constexpr float kFrom = 0.41799998f;
         constexpr float kRamp = 0.022000015f;
+        const float p0 = phases[0], p1 = phases[1], p2 = phases[2], p3 = phases[3];
+        const float h0 = harmonics[0], h1 = harmonics[1], h2 = harmonics[2], h3 = harmonics[3];
         for (std::int32_t i = 0; i < count; ++i) {
-            const float v = std::fabs(sums[i] / 4.0f);
+            const float place = places[i];
+            const float sum = 0.0f + sines[entry(p0 + h0 * place * 1023.0f)] +
+                              sines[entry(p1 + h1 * place * 1023.0f)] +
+                              sines[entry(p2 + h2 * place * 1023.0f)] +
+                              sines[entry(p3 + h3 * place * 1023.0f)];
+            const float v = std::fabs(sum / 4.0f);
             const std::int32_t ramp = truncateToInt((v - kFrom) / kRamp * kWhite + 0.0f);
             const std::int32_t low = v > kFrom ? wrapped(ramp) : 0;
             const std::int32_t value = v > kFull ? kWhiteInt : low;
@@ -77,20 +80,21 @@ struct ShashLoops {
     static void dashes(const float* __restrict noise, const P* __restrict colours,
                        std::int32_t count, P* __restrict to) {
         for (std::int32_t i = 0; i < count; ++i) {
+            const Words colour(colours + i);
             const float f = std::fabs(noise[i]);
             const float g = (f - 0.120000005f) / 0.030000001f;
             const bool full = f > 0.15f;
             const bool some = f > 0.120000005f;
-            std::int32_t result[4];
-            for (int k = 0; k < 3; ++k) {
-                const std::int32_t c = colours[i].c[k];
-                const std::int32_t part =
-                    wrapped(truncateToInt(static_cast<float>(c) * g + 0.0f));
-                result[k] = full ? c : some ? part : 0;
-            }
-            const std::int32_t alpha = some ? std::int32_t{to[i].c[3]} : 0;
-            result[3] = full ? std::int32_t{colours[i].c[3]} : alpha;
-            store(result[0], result[1], result[2], result[3], to + i);
+            const auto tone = [=](std::int32_t c) __attribute__((always_inline)) {
+                const std::int32_t part = wrapped(truncateToInt(static_cast<float>(c) * g + 0.0f));
+                const std::int32_t edge = some ? part : 0;
+                return full ? c : edge;
+            };
+            const std::int32_t was = Words(to + i).template component<3>();
+            const std::int32_t alpha = some ? was : 0;
+            store(tone(colour.template component<0>()), tone(colour.template component<1>()),
+                  tone(colour.template component<2>()),
+                  full ? colour.template component<3>() : alpha, to + i);
         }
     }
 };

@@ -65,7 +65,7 @@ Waves wavesOf(std::int32_t y, std::uint32_t base, float scaleA, float scaleY) {
 
 template <class P>
 VxShashProc<P>::VxShashProc() {
-    for (int k = 0; k < kHarmonics; ++k) harmonics_[static_cast<std::size_t>(k)] = 1 << k;
+    for (std::size_t k = 0; k < kWaves; ++k) harmonics_[k] = static_cast<float>(1 << k);
     for (int i = 0; i < kSines; ++i) {
         const float angle = static_cast<float>(i) * 2.0f * 3.1415927f * 0.0009765625f;
         sineTable_[static_cast<std::size_t>(i)] = static_cast<float>(maths::sin(angle));
@@ -90,11 +90,10 @@ void VxShashProc<P>::run() {
 // Sparse points on black.
 template <class P>
 void VxShashProc<P>::grain(Span rows, Span columns) {
-    constexpr int kWaves = 4;
     const float pace = scaleA * 2000.0f * this->scaleY;
     const std::int32_t count = columns.end - columns.first;
-    const ScratchRow places(columns), sums(columns);
-    if (!places || !sums) return raiseOutOfMemory(this->interrupt);
+    const ScratchRow places(columns);
+    if (!places) return raiseOutOfMemory(this->interrupt);
     for (std::int32_t i = 0; i < count; ++i) {
         places[i] = static_cast<float>(columns.first + i) / pace;
     }
@@ -102,13 +101,12 @@ void VxShashProc<P>::grain(Span rows, Span columns) {
     for (std::int32_t y = rows.first; y < rows.end; ++y) {
         if (interruptCheck(this->interrupt)) return;
         nextRandom(local);
-        std::fill_n(sums.get(), count, 0.0f);
+        float phases[kWaves];
         for (std::uint32_t k = 0; k < kWaves; ++k) {
-            const auto phase = static_cast<float>(truncateToInt(rnd(local + k) * 1023.0f));
-            bestRowKernels<P>().addWave(sineTable_.data(), places.get(), count, phase,
-                                        static_cast<float>(harmonics_[k]), sums.get());
+            phases[k] = static_cast<float>(truncateToInt(rnd(local + k) * 1023.0f));
         }
-        bestRowKernels<P>().points(sums.get(), count, this->target->writeAt(columns.first, y));
+        bestRowKernels<P>().points(sineTable_.data(), places.get(), phases, harmonics_.data(),
+                                   count, this->target->writeAt(columns.first, y));
     }
 }
 
@@ -190,8 +188,7 @@ public:
         std::int64_t end = std::int64_t{std::max(length, -1)} + 1;
         for (std::int32_t x = 0; x < count;) {
             const auto stop = static_cast<std::int32_t>(std::min<std::int64_t>(end, count));
-            std::fill(colours + x, colours + stop, colour);
-            x = stop;
+            for (; x < stop; ++x) colours[x] = colour;
             if (x == count) return;
             change(colour);
             length = drawLength();

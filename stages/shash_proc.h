@@ -29,7 +29,7 @@ public:
     std::int32_t type = 0;  ///< 0 grain, 1 bars, 2 dashes, 3 grey snow, 4 streaks; 5 draws nothing
 
 private:
-    static constexpr int kHarmonics = 8;
+    static constexpr int kWaves = 4;
     static constexpr int kSines = 1024;
 
     std::uint32_t frameSeed() const;
@@ -38,7 +38,7 @@ private:
     void dashes(Span rows, Span columns);
     void snow(float amountMin, float amountMax, float softness);
 
-    std::array<std::int32_t, kHarmonics> harmonics_;
+    std::array<float, kWaves> harmonics_;
     std::array<float, kSines> sineTable_;
 };
 
