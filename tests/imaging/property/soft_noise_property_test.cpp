@@ -1,0 +1,112 @@
+// Softened noise made a few rows at a time against the pictures that the generators make, and rows
+// of sines against single ones.
+
+#include <bit>
+#include <gtest/gtest.h>
+#include <vector>
+
+#include "imaging/maths.h"
+#include "imaging/noise_gen.h"
+#include "imaging/noise_kernels.h"
+#include "imaging/rgba_noise_gen.h"
+#include "imaging/soft_noise_rows.h"
+#include "tests/imaging/support/random.h"
+
+namespace ruvex::test {
+namespace {
+
+struct NoiseCase {
+    Span columns, rows;
+    std::uint32_t seed;
+    float softness;
+    float scale[4];
+
+    explicit NoiseCase(Random& random)
+        : seed(random.bits()), softness(random.real(0.01f, random.chance(20) ? 300.0f : 9.0f)) {
+        columns.first = random.whole(-50, 50);
+        columns.end = columns.first + random.whole(1, 90);
+        rows.first = random.whole(-50, 50);
+        rows.end = rows.first + random.whole(1, 40);
+        for (float& value : scale) value = random.real(-40000.0f, 40000.0f);
+    }
+
+    template <class Generator, class P>
+    void generate(Generator& generator, VxTexture<P>& picture) const {
+        picture.allocateRegion(columns.first, rows.first, columns.end - 1, rows.end - 1,
+                               Contents::Zero);
+        generator.seed = seed;
+        generator.process(picture);
+    }
+};
+
+template <class P>
+void expectRows(const NoiseCase& chosen, VxTexture<P>& wanted) {
+    typename SoftNoiseRows<P>::Noise noise{.seed = chosen.seed, .softness = chosen.softness};
+    std::copy(std::begin(chosen.scale), std::end(chosen.scale), noise.scale);
+    SoftNoiseRows<P> soft(noise, {chosen.columns, chosen.rows});
+    ASSERT_TRUE(soft.usable());
+    const std::int32_t width = chosen.columns.end - chosen.columns.first;
+    std::vector<P> got(static_cast<std::size_t>(width));
+    for (std::int32_t y = chosen.rows.first; y < chosen.rows.end; y += soft.kRows) {
+        const std::int32_t count = std::min<std::int32_t>(soft.kRows, chosen.rows.end - y);
+        soft.make(y, count);
+        for (std::int32_t row = 0; row < count; ++row) {
+            soft.take(row, 0, width, got.data());
+            const P* line = wanted.writeAt(chosen.columns.first, y + row);
+            ASSERT_TRUE(std::equal(got.begin(), got.end(), line)) << "row " << y + row;
+        }
+    }
+}
+
+TEST(SoftNoiseRows, AreTheRowsOfTheGeneratorsPictures) {
+    for (int i = 0; i < cases(300); ++i) {
+        SCOPED_TRACE(testing::Message() << "case " << i);
+        Random random(9000 + static_cast<std::uint32_t>(i));
+        const NoiseCase chosen(random);
+
+        VxRGBANoiseGen colours;
+        colours.alpha = true;
+        for (int k = 0; k < 4; ++k) {
+            colours.blurX[k] = chosen.softness;
+            colours.scale[k] = chosen.scale[k];
+        }
+        VxTexture<RgbaInt> colourPicture;
+        chosen.generate(colours, colourPicture);
+        expectRows(chosen, colourPicture);
+
+        VxNoiseGen greys;
+        greys.blurX = chosen.softness;
+        greys.scale = chosen.scale[0];
+        VxTexture<ChannelInt> greyPicture;
+        chosen.generate(greys, greyPicture);
+        expectRows(chosen, greyPicture);
+        if (HasFatalFailure()) return;
+    }
+}
+
+TEST(Sines, ARowOfThemEqualsSingleOnes) {
+    constexpr float kReaches[] = {0.9f, 10.0f, 5000.0f, 1.5e6f, 1e9f};
+    for (int i = 0; i < cases(200); ++i) {
+        Random random(9500 + static_cast<std::uint32_t>(i));
+        const float reach = random.oneOf(kReaches);
+        std::vector<float> angles(static_cast<std::size_t>(random.whole(0, 70)));
+        for (float& angle : angles) angle = random.real(-reach, reach);
+        if (!angles.empty() && random.chance(30))
+            angles[0] = random.chance(50) ? -0.0f : 0.7853982f;
+        std::vector<float> got(angles.size());
+        maths::sines(angles.data(), static_cast<std::int32_t>(angles.size()), got.data());
+        for (std::size_t k = 0; k < angles.size(); ++k) {
+            const auto wanted = static_cast<float>(maths::sin(angles[k]));
+            ASSERT_EQ(std::bit_cast<std::uint32_t>(got[k]), std::bit_cast<std::uint32_t>(wanted))
+                << "the sine of " << angles[k];
+        }
+        std::vector<float> plain(angles.size());
+        if (reach > 1.5e6f) continue;
+        plainNoiseKernels().sines(angles.data(), static_cast<std::int32_t>(angles.size()),
+                                  plain.data());
+        ASSERT_EQ(plain, got);
+    }
+}
+
+}  // namespace
+}  // namespace ruvex::test

@@ -1,0 +1,188 @@
+// The loops for this machine's processor against those for any.
+
+#include <array>
+#include <bit>
+#include <gtest/gtest.h>
+#include <limits>
+#include <vector>
+
+#include "stages/row_kernels.h"
+#include "tests/imaging/support/random.h"
+
+namespace ruvex::test {
+namespace {
+
+constexpr float kInfinity = std::numeric_limits<float>::infinity();
+
+template <class P>
+class RowKernelProperty : public testing::Test {
+protected:
+    void SetUp() override {
+        if (&plain == &best) GTEST_SKIP() << "this machine runs the plain ones";
+    }
+
+    static std::vector<P> pixels(Random& random, std::int32_t count) {
+        std::vector<P> row(static_cast<std::size_t>(count));
+        for (P& pixel : row) {
+            for (auto& c : pixel.c) c = random.component<typename P::Component>();
+        }
+        return row;
+    }
+
+    static std::vector<float> floats(Random& random, std::int32_t count, float low, float high) {
+        std::vector<float> row(static_cast<std::size_t>(count));
+        constexpr std::array kOdd{0.0f,
+                                  -0.0f,
+                                  1e30f,
+                                  -1e30f,
+                                  kInfinity,
+                                  -kInfinity,
+                                  std::numeric_limits<float>::quiet_NaN()};
+        const bool odd = random.chance(20);
+        for (float& value : row) {
+            value = odd && random.chance(10) ? random.oneOf(kOdd) : random.real(low, high);
+        }
+        return row;
+    }
+
+    // Runs both versions on pixels of their own and compares what they write.
+    template <class Run>
+    static void compare(Random& random, std::int32_t count, Run run) {
+        const std::vector<P> before = pixels(random, count);
+        std::vector<P> wanted = before;
+        std::vector<P> got = before;
+        run(plain, wanted.data());
+        run(best, got.data());
+        ASSERT_EQ(wanted, got) << count << " pixels";
+    }
+
+    static void forCases(std::uint32_t seed, auto check) {
+        for (int i = 0; i < cases(200); ++i) {
+            SCOPED_TRACE(testing::Message() << "case " << i);
+            Random random(seed + static_cast<std::uint32_t>(i));
+            check(random, random.whole(0, 200));
+            if (testing::Test::HasFatalFailure()) return;
+        }
+    }
+
+    static ColourLoss loss(Random& random) {
+        return colourLoss(random.chance(20) ? 0.0f : random.real(0.0f, 0.6f));
+    }
+
+    inline static const RowKernels<P>& plain = plainRowKernels<P>();
+    inline static const RowKernels<P>& best = bestRowKernels<P>();
+};
+using FramePixels = testing::Types<Rgba8, RgbaS214>;
+TYPED_TEST_SUITE(RowKernelProperty, FramePixels);
+
+TYPED_TEST(RowKernelProperty, Holding) {
+    this->forCases(1, [&](Random& random, std::int32_t count) {
+        const auto from = this->pixels(random, count);
+        this->compare(random, count, [&](auto& k, auto* to) { k.hold(from.data(), count, to); });
+        this->compare(random, count, [&](auto& k, auto* to) { k.hold(to, count, to); });
+    });
+}
+
+TYPED_TEST(RowKernelProperty, ColourLoss) {
+    this->forCases(2, [&](Random& random, std::int32_t count) {
+        const auto from = this->pixels(random, count);
+        const auto lost = this->loss(random);
+        this->compare(random, count,
+                      [&](auto& k, auto* to) { k.lose(from.data(), count, lost, to); });
+        this->compare(random, count, [&](auto& k, auto* to) { k.lose(to, count, lost, to); });
+    });
+}
+
+TYPED_TEST(RowKernelProperty, ColourLossOfGunsApart) {
+    this->forCases(3, [&](Random& random, std::int32_t count) {
+        const auto red = this->pixels(random, count);
+        const auto green = this->pixels(random, count);
+        const auto blue = this->pixels(random, count);
+        const auto lost = this->loss(random);
+        this->compare(random, count, [&](auto& k, auto* to) {
+            k.loseApart(red.data(), green.data(), blue.data(), count, lost, to);
+        });
+    });
+}
+
+TYPED_TEST(RowKernelProperty, SaturationAndGain) {
+    this->forCases(4, [&](Random& random, std::int32_t count) {
+        const float saturation = random.chance(10) ? 1e30f : random.real(0.0f, 12.0f);
+        const float gain = random.chance(10) ? -kInfinity : random.real(-2.0f, 4.0f);
+        this->compare(random, count,
+                      [&](auto& k, auto* to) { k.finish(to, count, saturation, gain); });
+    });
+}
+
+TYPED_TEST(RowKernelProperty, Ghosts) {
+    this->forCases(5, [&](Random& random, std::int32_t count) {
+        const std::int32_t ghosts = random.whole(0, 12);
+        const auto row = this->pixels(random, count + 50);
+        std::vector<const TypeParam*> rows;
+        for (std::int32_t i = 0; i < ghosts; ++i) rows.push_back(row.data() + random.whole(0, 50));
+        const auto weights = this->floats(random, ghosts, -2.0f, 2.0f);
+        this->compare(random, count, [&](auto& k, auto* to) {
+            k.haunt(row.data(), rows.data(), weights.data(), ghosts, count, to);
+        });
+    });
+}
+
+TYPED_TEST(RowKernelProperty, Hashes) {
+    this->forCases(6, [&](Random& random, std::int32_t count) {
+        const auto factors = this->floats(random, 4, -1.0f, 1.0f);
+        const std::uint32_t number = random.bits();
+        std::vector<float> wanted(static_cast<std::size_t>(count) * 4), got(wanted);
+        const auto bits = [](const std::vector<float>& values) {
+            std::vector<std::uint32_t> words;
+            for (const float value : values) words.push_back(std::bit_cast<std::uint32_t>(value));
+            return words;
+        };
+        this->plain.hashColour(number, count, factors.data(), wanted.data());
+        this->best.hashColour(number, count, factors.data(), got.data());
+        ASSERT_EQ(bits(wanted), bits(got));
+        this->plain.hashGrey(number, count, factors[0], wanted.data());
+        this->best.hashGrey(number, count, factors[0], got.data());
+        ASSERT_EQ(bits(wanted), bits(got));
+    });
+}
+
+TYPED_TEST(RowKernelProperty, Grain) {
+    this->forCases(7, [&](Random& random, std::int32_t count) {
+        const float reach = PixelTraits<TypeParam>::kWhite;
+        const auto noise = this->floats(random, 4 * count, -reach, reach);
+        GrainShape shape{.banded = random.chance(70), .keep = random.bits() & 15u};
+        for (float& low : shape.low) low = random.real(-reach, reach);
+        shape.cut = random.real(0.0f, reach);
+        shape.stretch = random.chance(10) ? kInfinity : random.real(-3.0f, 3.0f);
+        const auto from = this->pixels(random, count);
+        this->compare(random, count, [&](auto& k, auto* to) {
+            k.addGrain(from.data(), noise.data(), count, shape, to);
+        });
+        this->compare(random, count,
+                      [&](auto& k, auto* to) { k.addGrain(to, noise.data(), count, shape, to); });
+    });
+}
+
+TYPED_TEST(RowKernelProperty, PointsBarsAndDashes) {
+    this->forCases(8, [&](Random& random, std::int32_t count) {
+        const auto sines = this->floats(random, 1024, -1.0f, 1.0f);
+        const auto places = this->floats(random, count, -3.0f, 3.0f);
+        const auto phases = this->floats(random, 4, 0.0f, 1023.0f);
+        const auto harmonics = this->floats(random, 4, 1.0f, 8.0f);
+        this->compare(random, count, [&](auto& k, auto* to) {
+            k.points(sines.data(), places.data(), phases.data(), harmonics.data(), count, to);
+        });
+        const auto noise = this->floats(random, count, -0.8f, 0.8f);
+        const auto light = this->floats(random, count, 0.0f, 300.0f);
+        this->compare(random, count,
+                      [&](auto& k, auto* to) { k.bars(noise.data(), light.data(), count, to); });
+        const auto colours = this->pixels(random, count);
+        const auto edges = this->floats(random, count, -0.2f, 0.2f);
+        this->compare(random, count, [&](auto& k, auto* to) {
+            k.dashes(edges.data(), colours.data(), count, to);
+        });
+    });
+}
+
+}  // namespace
+}  // namespace ruvex::test
