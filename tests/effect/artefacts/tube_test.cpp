@@ -95,6 +95,21 @@ TYPED_TEST(Tube, ColourIsSwappedThenDrainedThenLost) {
     lose(41, {0.425, 0.425, 0.425});
 }
 
+// With the guns out of line, blue becomes what red was, and not what is left of it.
+TYPED_TEST(Tube, GunsOutOfLineSwapColourWithoutLoss) {
+    const auto lose = [](double percent, const std::array<double, 3>& wanted) {
+        expectShown<TypeParam>({{Id::MasterBreakup, 75},
+                                {Id::ColourThreshold, 50},
+                                {Id::ColourDegradeMax, 2 * percent},
+                                {Id::GunAlignGreenY, 2}},
+                               {0.75, 0.375, 0.15}, wanted);
+    };
+    lose(10, {0.45, 0.375, 0.45});
+    lose(19.999, {0.15, 0.375, 0.75});
+    lose(30, {0.321875, 0.40625, 0.546875});
+    lose(41, {0.425, 0.425, 0.425});
+}
+
 TEST(TubeGuns, EachColourIsMovedByItsOwnOffset) {
     FaultySet set(90, 60,
                   {{Id::GunAlignRedX, 10},
