@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "tests/effect/render_fixture.h"
+#include "tests/imaging/support/white.h"
 
 namespace ruvex::test {
 
@@ -25,7 +26,7 @@ public:
     }
 
 private:
-    static constexpr int kWhite = sizeof(P) == 4 ? 255 : 16384;
+    static constexpr int kWhite = kWhiteOf<P>;
     static constexpr int kTop = sizeof(P) == 4 ? 255 : 32767;
 
     static P pixel(int red, int green, int blue, int alpha) {

@@ -5,6 +5,7 @@
 #include <initializer_list>
 
 #include "tests/effect/render_fixture.h"
+#include "tests/imaging/support/white.h"
 
 namespace ruvex::test {
 
@@ -52,10 +53,6 @@ P colourOf(int red, int green, int blue, int alpha = 0) {
     return {{static_cast<Component>(red), static_cast<Component>(green),
              static_cast<Component>(blue), static_cast<Component>(alpha)}};
 }
-
-/// White as a component.
-template <class P>
-constexpr int kWhiteOf = sizeof(P) == 4 ? 255 : 16384;
 
 /// Every component says where it stands: column + 100 * row + 1.
 inline Picture<RgbaS214> placePicture(int width, int height) {

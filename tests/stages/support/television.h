@@ -8,6 +8,7 @@
 #include "imaging/gradient_noise.h"
 #include "stages/ruvex_sampler.h"
 #include "tests/imaging/support/canvas.h"
+#include "tests/imaging/support/white.h"
 
 namespace ruvex::test {
 
@@ -87,9 +88,5 @@ struct Television {
     InterruptionRecord record;
     std::optional<RuvexSampler<P>> sampler;
 };
-
-/// White as a component.
-template <class P>
-constexpr int kWhiteOf = sizeof(P) == 4 ? 255 : 16384;
 
 }  // namespace ruvex::test
