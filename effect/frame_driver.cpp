@@ -5,6 +5,7 @@
 #include "effect/frame_region.h"
 #include "effect/image_texture.h"
 #include "effect/signal_fill.h"
+#include "effect/signal_moment.h"
 #include "host/base/channel_mask.h"
 #include "host/base/crop.h"
 #include "imaging/blur_gauss.h"
@@ -199,20 +200,18 @@ void FrameDriver<P>::blankOutput() {
 
 template <class P>
 void FrameDriver<P>::measureSignal() {
-    const SignalLevel level(reader_, host_.sampleRate, parameters().integer(ParameterId::Seed));
-    const float breakup = level.at(time_, tape_.playTime);
+    const SignalMoment moment = signalAt(reader_, tape_,
+                                         {.time = time_,
+                                          .frameRate = scale_.frameRate,
+                                          .frameNow = scale_.frameNow,
+                                          .sampleRate = host_.sampleRate});
     const FrameState frame{.reader = reader_,
                            .parameters = parameters(),
                            .scale = scale_,
                            .tape = tape_,
                            .play = playStateAt(reader_, scale_, time_),
-                           .walks = walkBack(reader_, level,
-                                             {.time = time_,
-                                              .frameRate = scale_.frameRate,
-                                              .frameNow = scale_.frameNow,
-                                              .sourcePosition = tape_.sourcePosition,
-                                              .breakup = breakup}),
-                           .breakup = breakup,
+                           .walks = moment.walks,
+                           .breakup = moment.breakup,
                            .res = res_,
                            .whiteDot = whiteDot_,
                            .sampleRate = host_.sampleRate};

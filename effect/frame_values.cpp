@@ -2,7 +2,7 @@
 
 #include "effect/percent.h"
 #include "effect/player.h"
-#include "effect/signal_walks.h"
+#include "effect/signal_moment.h"
 #include "imaging/pixel_convert.h"
 
 namespace ruvex {
@@ -46,14 +46,11 @@ FrameValues valuesOfFrame(const ParameterReader& reader, double seconds, double 
     const auto frameRate = static_cast<float>(framesPerSecond);
     const auto frameNow = static_cast<float>(frameRate * seconds);
     const TapePosition tape = tapePosition(reader, framesPerSecond, seconds);
-    const SignalLevel level(reader, framesPerSecond, reader.integer(ParameterId::Seed));
-    const float breakup = level.at(seconds, tape.playTime);
-    const SignalWalks walks = walkBack(reader, level,
-                                       {.time = seconds,
-                                        .frameRate = frameRate,
-                                        .frameNow = frameNow,
-                                        .sourcePosition = tape.sourcePosition,
-                                        .breakup = breakup});
+    const auto [breakup, walks] = signalAt(reader, tape,
+                                           {.time = seconds,
+                                            .frameRate = frameRate,
+                                            .frameNow = frameNow,
+                                            .sampleRate = framesPerSecond});
     FrameValues values{};
     values.seconds = seconds;
     values.playTime = tape.playTime;
