@@ -2,8 +2,10 @@
 
 #include <iostream>
 #include <memory>
+#include <string>
 
 #include "cli/messages.h"
+#include "cli/preset_files.h"
 #include "cli/preset_sheet.h"
 #include "parameters/presets.h"
 
@@ -17,9 +19,23 @@ int listPresets() {
     return finishOutput();
 }
 
-OptionTable sheetOptions(SheetOptions& options) {
+struct PresetsOptions {
+    SheetOptions sheet;
+    std::string saveFolder;
+};
+
+int run(const PresetsOptions& options) {
+    if (!options.saveFolder.empty()) writePresetFiles(options.saveFolder);
+    if (!options.sheet.input.empty()) return drawPresetSheet(options.sheet);
+    return options.saveFolder.empty() ? listPresets() : 0;
+}
+
+OptionTable presetsOptions(PresetsOptions& all) {
     constexpr const char* kSheet = "--sheet";
+    SheetOptions& options = all.sheet;
     return {
+        {"--save-to", "FOLDER", "Instead, write each as a parameter file into a folder",
+         &all.saveFolder},
         {kSheet, "INPUT", "Instead, render one frame of a clip or a still with each of them",
          &options.input},
         {"-o,--output", "SHEET.png", "The picture that shows them, with the clip's own frame",
@@ -40,16 +56,15 @@ OptionTable sheetOptions(SheetOptions& options) {
 }  // namespace
 
 Command presetsCommand() {
-    const auto options = std::make_shared<SheetOptions>();
+    const auto options = std::make_shared<PresetsOptions>();
     return {.name = "presets",
-            .summary = "List the looks that --preset knows, or show them in a picture",
-            .options = sheetOptions(*options),
+            .summary = "List the looks that --preset knows, show them in a picture, or save them",
+            .options = presetsOptions(*options),
             .notes = "Pictures longer than 720 pixels are made smaller for the sheet.",
             .examples = {"ruvex presets", "ruvex presets --sheet clip.mp4 -o sheet.png",
-                         "ruvex presets --sheet clip.mp4 -o early.png --frame 5"},
-            .run = [options] {
-                return options->input.empty() ? listPresets() : drawPresetSheet(*options);
-            }};
+                         "ruvex presets --sheet clip.mp4 -o early.png --frame 5",
+                         "ruvex presets --save-to looks"},
+            .run = [options] { return run(*options); }};
 }
 
 }  // namespace ruvex::cli

@@ -119,7 +119,7 @@ std::shared_ptr<Module> Module::load(const std::filesystem::path& file) {
 std::shared_ptr<Module> Module::loadDefault() {
     const auto folder = DSDynamicLibrary::programFolder();
     const auto beside = folder / DSDynamicLibrary::fileName("V_Ruvex");
-    const auto inLib = folder.parent_path() / "lib" / beside.filename();
+    const auto inLib = folder.parent_path() / "lib" / "ruvex" / beside.filename();
     for (const auto& file : {beside, inLib}) {
         if (std::filesystem::is_regular_file(file)) return load(file);
     }

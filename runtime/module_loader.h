@@ -19,7 +19,8 @@ public:
     /// loaded, when an export is missing, or when the module refuses to be attached.
     static std::shared_ptr<Module> load(const std::filesystem::path& file);
 
-    /// Loads the module that belongs to the running program: V_Ruvex beside it, or in ../lib.
+    /// Loads the module that belongs to the running program: V_Ruvex beside it, or in
+    /// ../lib/ruvex, where an installed one is.
     static std::shared_ptr<Module> loadDefault();
 
     /// Lets the module go if it allows it; one that still has objects or locks stays in memory

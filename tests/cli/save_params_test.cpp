@@ -158,5 +158,21 @@ TEST_F(ParameterFiles, AreSavedUnderNamesOfTheirOwnOnly) {
     EXPECT_FALSE(std::filesystem::exists(folder.file("a.json")));
 }
 
+TEST_F(ParameterFiles, ASavedPresetIsThePreset) {
+    const Outcome saved = ruvex({"presets", "--save-to", path("looks")});
+    ASSERT_EQ(saved.status, 0) << saved.err;
+    for (const std::string_view name : presetNames()) {
+        const std::string file = path("looks/" + std::string(name) + ".json");
+        EXPECT_EQ(inUse({"--preset", file}), inUse({"--preset", std::string(name)})) << name;
+    }
+}
+
+TEST_F(ParameterFiles, PresetsAreNotSavedWhereThereIsAFile) {
+    write("taken", "");
+    const Outcome saved = ruvex({"presets", "--save-to", path("taken")});
+    EXPECT_EQ(saved.status, 1);
+    EXPECT_NE(saved.err.find("taken"), std::string::npos) << saved.err;
+}
+
 }  // namespace
 }  // namespace ruvex::cli

@@ -139,7 +139,7 @@ private:
 
 TEST(ModuleLoader, TheDefaultLiesBesideTheProgramOrInLib) {
     const auto beside = moduleFile("V_Ruvex");
-    const auto inLib = beside.parent_path().parent_path() / "lib" / beside.filename();
+    const auto inLib = beside.parent_path().parent_path() / "lib" / "ruvex" / beside.filename();
     try {
         Module::loadDefault();
         FAIL() << "there is a module where the test expects none";

@@ -1,0 +1,38 @@
+# What an installation is made of, and the Debian package.
+
+include(GNUInstallDirs)
+set(RUVEX_DOCDIR "${CMAKE_INSTALL_DATAROOTDIR}/doc/ruvex")
+
+# The module and the host's libraries are this program's own: they lie in a folder beside the
+# system's, and the command finds them from where it lies itself.
+set(RUVEX_PRIVATE_LIBDIR "lib/ruvex")
+set_target_properties(ruvex PROPERTIES INSTALL_RPATH "$ORIGIN/../${RUVEX_PRIVATE_LIBDIR}")
+set_target_properties(V_Ruvex dssdk il PROPERTIES INSTALL_RPATH "$ORIGIN")
+install(TARGETS ruvex RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+install(TARGETS V_Ruvex dssdk il LIBRARY DESTINATION ${RUVEX_PRIVATE_LIBDIR})
+install(FILES "${PROJECT_SOURCE_DIR}/README.md" DESTINATION ${RUVEX_DOCDIR})
+install(FILES "${PROJECT_SOURCE_DIR}/LICENSE" DESTINATION ${RUVEX_DOCDIR} RENAME copyright)
+
+# The presets as files, written by the command itself.
+set(preset_files "${PROJECT_BINARY_DIR}/presets")
+add_custom_command(OUTPUT "${preset_files}/stamp"
+  COMMAND ruvex presets --save-to "${preset_files}"
+  COMMAND ${CMAKE_COMMAND} -E touch "${preset_files}/stamp"
+  DEPENDS ruvex V_Ruvex
+  VERBATIM)
+add_custom_target(preset_files ALL DEPENDS "${preset_files}/stamp")
+install(DIRECTORY "${preset_files}/" DESTINATION ${CMAKE_INSTALL_DATADIR}/ruvex/presets
+  FILES_MATCHING PATTERN "*.json")
+
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_NAME ruvex)
+set(CPACK_PACKAGE_VENDOR "The V_Ruvex authors")
+set(CPACK_PACKAGE_CONTACT "The V_Ruvex authors <ruvex@localhost>")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "Makes clips look like faulty television")
+set(CPACK_DEBIAN_PACKAGE_SECTION video)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS "${PROJECT_BINARY_DIR}/bin")
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS fonts-dejavu-core)
+set(CPACK_STRIP_FILES ON)
+include(CPack)

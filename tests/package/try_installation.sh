@@ -1,0 +1,23 @@
+#!/usr/bin/env bash
+# Tries an installed V_Ruvex: try_installation.sh PREFIX. Everything must be there, and the command
+# must run with nothing of the build's folders.
+set -euo pipefail
+prefix=$1
+ruvex=$prefix/bin/ruvex
+for file in bin/ruvex lib/ruvex/V_Ruvex.so lib/ruvex/libdssdk.so lib/ruvex/libil.so \
+        share/doc/ruvex/copyright "share/ruvex/presets/Bad Colour TV.json"; do
+    [ -s "$prefix/$file" ] || { echo "$file is missing" >&2; exit 1; }
+done
+
+# Only what lies in the installation may be loaded of our own.
+LD_TRACE_LOADED_OBJECTS=1 "$ruvex" | grep -E 'libdssdk|libil\.so' | grep -vF "$(realpath "$prefix")" &&
+    { echo "The command loads libraries from elsewhere" >&2; exit 1; }
+
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+head -c $((64 * 48 * 4)) /dev/zero | tr '\0' '\200' >"$work/in.0.rgba8"
+"$ruvex" module | grep -q V_Ruvex
+"$ruvex" render "$work/in.%d.rgba8" -o "$work/out.%d.rgba8" --size 64x48 --frames 0-0 \
+    --preset "$prefix/share/ruvex/presets/Cable Out.json" >/dev/null
+[ "$(stat -c %s "$work/out.0.rgba8")" -eq $((64 * 48 * 4)) ]
+! cmp -s "$work/in.0.rgba8" "$work/out.0.rgba8" || { echo "The picture is unchanged" >&2; exit 1; }
