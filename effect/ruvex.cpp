@@ -41,6 +41,7 @@ Ruvex::Ruvex(const Ruvex& source) : VxDsEffect(source), CDSImageMIEffect(source)
 }
 
 Ruvex::~Ruvex() {
+    overlay.endAll();
     CDSPlugInEffect::Term();
 }
 

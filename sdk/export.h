@@ -16,6 +16,12 @@
 #define DSSDK_API DS_IMPORT
 #endif
 
+#ifdef DSVWR_BUILD
+#define DSVWR_API DS_EXPORT
+#else
+#define DSVWR_API DS_IMPORT
+#endif
+
 #ifdef IL_BUILD
 #define IL_API DS_EXPORT
 #else

@@ -24,6 +24,11 @@ VxDsEffect::VxDsEffect(const VxDsEffect& source)
     link->setGeometry(geometry);
 }
 
+HRESULT VxDsEffect::beginOverlay(IUnknown* object) {
+    if (!object) return E_POINTER;
+    return effectKind == kKindPaint ? S_OK : overlay.begin(*object);
+}
+
 PixelOffset VxDsEffect::frameOffset(double) {
     return {0, 0};
 }

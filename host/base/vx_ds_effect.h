@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "host/base/effect_link.h"
+#include "host/base/overlay_use.h"
 #include "host/base/parameter_values.h"
 #include "imaging/interruption.h"
 #include "sdk/com.h"
@@ -52,6 +53,12 @@ public:
     /// A further check of what the host has handed in; 0 is good.
     virtual HRESULT extraVerify() = 0;
 
+    /// A page that inspects `object` wants the on-screen controls: 0, E_POINTER without an object,
+    /// or why there is no tool. Paint has no controls, and its pages get 0.
+    HRESULT beginOverlay(IUnknown* object);
+    /// It wants them no more.
+    void endOverlay() { overlay.end(); }
+
     std::int32_t effectKind = 0;
     std::int32_t fieldSelector = 0;  ///< 0 whole frame, 1 first field, 2 second field
     std::int32_t fieldHandling = 0;  ///< 1 fields as images of half height, 2 processors skip rows
@@ -67,6 +74,8 @@ public:
     FrameGeometry geometry;  ///< of the Execute that runs
     std::int32_t maskFlagA = 0;
     std::int32_t alphaMaskable = 0;  ///< the alpha channel takes part in the channel mask
+
+    OverlayUse overlay;
 
     /// What this effect shows to its user; written by itself and by its clones.
     std::shared_ptr<EffectLink> link;

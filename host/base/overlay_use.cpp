@@ -1,0 +1,37 @@
+#include "host/base/overlay_use.h"
+
+#include "host/base/class_ids.h"
+#include "sdk/viewer_controller.h"
+
+namespace ruvex {
+
+HRESULT OverlayUse::begin(IUnknown& object) {
+    if (users_ == 0) {
+        if (const HRESULT status = show(object); FAILED(status)) return status;
+    }
+    ++users_;
+    return S_OK;
+}
+
+HRESULT OverlayUse::show(IUnknown& object) {
+    ComPtr<IUnknown> made;
+    HRESULT status =
+        CoCreateInstance(kToolClassId, nullptr, CLSCTX_INPROC_SERVER, IID_IUnknown, made.putVoid());
+    if (FAILED(status)) return status;
+    status = VWControllerPushContext(VWCONTEXT_INTERACTIVE_TOOL, made.get(), &object, nullptr,
+                                     nullptr, 0.0, &context_);
+    if (SUCCEEDED(status)) tool_ = made;
+    return status;
+}
+
+void OverlayUse::end() {
+    if (users_ == 0 || --users_ > 0) return;
+    VWControllerRemoveContext(context_);
+    tool_.reset();
+}
+
+void OverlayUse::endAll() {
+    while (users_ > 0) end();
+}
+
+}  // namespace ruvex

@@ -1,0 +1,185 @@
+// The tool in the viewer: when an effect brings it up, and when it goes. The tool of these tests is
+// a plain object that a module of the tests serves under the tool's class.
+
+#include <gtest/gtest.h>
+
+#include "effect/ruvex.h"
+#include "sdk/module_table.h"
+#include "sdk/viewer_controller.h"
+#include "tests/effect/render_fixture.h"
+
+namespace ruvex::test {
+namespace {
+
+constexpr GUID kFilterFamily = guidFromText("AE0D7C31-95AA-11D0-B685-00A024191AE0");
+constexpr GUID kKeyFamily = guidFromText("61054A81-9662-11D0-B685-00A024191AE0");
+constexpr GUID kPaintFamily = guidFromText("AE0D7C40-95AA-11D0-B685-00A024191AE0");
+
+class PlainTool final : public IUnknown {
+public:
+    static inline int made = 0;
+    static inline int alive = 0;
+
+    PlainTool() { ++made, ++alive; }
+    virtual ~PlainTool() { --alive; }
+
+    HRESULT QueryInterface(const GUID& id, void** out) override {
+        *out = nullptr;
+        if (id != IID_IUnknown) return E_NOINTERFACE;
+        *out = this;
+        AddRef();
+        return S_OK;
+    }
+    ULONG AddRef() override { return ++references_; }
+    ULONG Release() override {
+        const ULONG left = --references_;
+        if (left == 0) delete this;
+        return left;
+    }
+
+private:
+    ULONG references_ = 1;
+};
+
+/// Lives as long as the program.
+class ToolFactory final : public IClassFactory {
+public:
+    HRESULT QueryInterface(const GUID&, void** out) override {
+        *out = this;
+        return S_OK;
+    }
+    ULONG AddRef() override { return 1; }
+    ULONG Release() override { return 1; }
+    HRESULT CreateInstance(IUnknown*, const GUID& id, void** out) override {
+        return ComPtr<PlainTool>::attach(new PlainTool)->QueryInterface(id, out);
+    }
+    HRESULT LockServer(BOOL) override { return S_OK; }
+};
+
+HRESULT serveTool(const GUID& classId, const GUID& id, void** out) {
+    static ToolFactory factory;
+    return classId == kToolClassId ? factory.QueryInterface(id, out) : CLASS_E_CLASSNOTAVAILABLE;
+}
+
+class Overlay : public testing::Test {
+protected:
+    Overlay() {
+        PlainTool::made = 0;
+        DSAddModule(serveTool);
+    }
+    ~Overlay() override {
+        DSRemoveModule(serveTool);
+        EXPECT_EQ(PlainTool::alive, 0);
+        EXPECT_TRUE(VWControllerContexts().empty());
+    }
+
+    static ComPtr<IDSImageEffect> makeEffect(const GUID& family) {
+        ComPtr<IDSImageEffect> effect;
+        builtModule()
+            ->classFactory(kRuvexClassId)
+            ->CreateInstance(nullptr, IID_IDSImageEffect, effect.putVoid());
+        DSIMAGEEFFECTINFO info;
+        info.family = family;
+        EXPECT_EQ(effect->GetImageEffectInfo(&info), S_OK);
+        return effect;
+    }
+
+    // As a page reaches it.
+    static VxDsEffect& baseOf(const ComPtr<IDSImageEffect>& effect) {
+        void* base = nullptr;
+        EXPECT_EQ(effect->QueryInterface(kRuvexClassId, &base), S_OK);
+        effect->Release();
+        return *static_cast<VxDsEffect*>(base);
+    }
+
+    static std::size_t contexts() { return VWControllerContexts().size(); }
+
+    ComPtr<IUnknown> object = runtime::makeImage(1, 1, MFIF_RGBA_RAW_32);
+};
+
+TEST_F(Overlay, ComesUpInTheViewerOfTheObject) {
+    const auto effect = makeEffect(kFilterFamily);
+    EXPECT_EQ(baseOf(effect).beginOverlay(object.get()), S_OK);
+    ASSERT_EQ(contexts(), 1u);
+    const VWContext shown = VWControllerContexts()[0];
+    EXPECT_EQ(shown.type, 19u);
+    EXPECT_EQ(shown.tool.get(), baseOf(effect).overlay.tool());
+    EXPECT_EQ(shown.object, object);
+    EXPECT_FALSE(shown.first || shown.second);
+    EXPECT_EQ(shown.number, 0.0);
+    baseOf(effect).endOverlay();
+}
+
+TEST_F(Overlay, ThePaintKindHasNone) {
+    const auto effect = makeEffect(kPaintFamily);
+    EXPECT_EQ(baseOf(effect).beginOverlay(object.get()), S_OK);
+    EXPECT_EQ(PlainTool::made, 0);
+    EXPECT_EQ(contexts(), 0u);
+    EXPECT_FALSE(baseOf(effect).overlay.tool());
+    baseOf(effect).endOverlay();
+}
+
+TEST_F(Overlay, EveryOtherKindHasOne) {
+    const auto effect = makeEffect(kKeyFamily);
+    EXPECT_EQ(baseOf(effect).beginOverlay(object.get()), S_OK);
+    EXPECT_EQ(PlainTool::made, 1);
+    baseOf(effect).endOverlay();
+}
+
+TEST_F(Overlay, AMissingObjectIsRefusedForEveryKind) {
+    for (const GUID& family : {kFilterFamily, kPaintFamily}) {
+        EXPECT_EQ(baseOf(makeEffect(family)).beginOverlay(nullptr), E_POINTER);
+    }
+    EXPECT_EQ(PlainTool::made, 0);
+}
+
+TEST_F(Overlay, IsSharedAndGoesWithTheLastPage) {
+    const auto effect = makeEffect(kFilterFamily);
+    VxDsEffect& base = baseOf(effect);
+    base.beginOverlay(object.get());
+    EXPECT_EQ(base.beginOverlay(object.get()), S_OK);
+    EXPECT_EQ(PlainTool::made, 1);
+    EXPECT_EQ(contexts(), 1u);
+    base.endOverlay();
+    EXPECT_EQ(contexts(), 1u);
+    base.endOverlay();
+    EXPECT_EQ(contexts(), 0u);
+    EXPECT_EQ(PlainTool::alive, 0);
+    base.endOverlay();
+    EXPECT_EQ(base.beginOverlay(object.get()), S_OK) << "one end too many counts for nothing";
+    EXPECT_EQ(contexts(), 1u);
+}
+
+TEST_F(Overlay, GoesWithTheEffect) {
+    auto effect = makeEffect(kFilterFamily);
+    baseOf(effect).beginOverlay(object.get());
+    baseOf(effect).beginOverlay(object.get());
+    effect.reset();
+    EXPECT_EQ(contexts(), 0u);
+}
+
+TEST_F(Overlay, IsNotTheClones) {
+    const auto effect = makeEffect(kFilterFamily);
+    baseOf(effect).beginOverlay(object.get());
+    ComPtr<IDSImageEffect> clone;
+    ASSERT_EQ(effect->Clone(IID_IDSImageEffect, clone.putVoid()), S_OK);
+    EXPECT_FALSE(baseOf(clone).overlay.tool());
+    clone.reset();
+    EXPECT_EQ(contexts(), 1u);
+    baseOf(effect).endOverlay();
+}
+
+TEST_F(Overlay, AToolThatCannotBeMadeLeavesNothingAndCanBeAskedForAgain) {
+    const auto effect = makeEffect(kFilterFamily);
+    DSRemoveModule(serveTool);
+    EXPECT_EQ(baseOf(effect).beginOverlay(object.get()), REGDB_E_CLASSNOTREG);
+    EXPECT_EQ(contexts(), 0u);
+    DSAddModule(serveTool);
+    EXPECT_EQ(baseOf(effect).beginOverlay(object.get()), S_OK);
+    EXPECT_EQ(contexts(), 1u);
+    baseOf(effect).endOverlay();
+    EXPECT_EQ(contexts(), 0u) << "the failed one counts for nothing";
+}
+
+}  // namespace
+}  // namespace ruvex::test
