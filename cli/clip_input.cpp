@@ -13,22 +13,18 @@ const GUID& formatOf(media::Depth depth) {
     return depth == media::Depth::Bits8 ? MFIF_RGBA_RAW_32 : MFIF_RGBA_S2_14;
 }
 
-ClipInput::ClipInput(std::unique_ptr<media::FrameReader> reader, media::Depth depth,
-                     const runtime::Project& project, ClipEnds ends)
-    : reader_(std::move(reader)), depth_(depth), project_(project), ends_(ends) {}
-
-bool ClipInput::read(std::int64_t number, media::Frame& frame) {
-    return reader_->read(number, frame);
+ComPtr<IDSImage> toImage(const runtime::Project& project, const media::Frame& frame) {
+    auto image =
+        runtime::makeProjectImage(project, frame.width(), frame.height(), formatOf(frame.depth()));
+    std::memcpy(image->bytes(), frame.bytes().data(), frame.bytes().size());
+    return image;
 }
 
 ComPtr<IDSImage> ClipInput::frame(std::int64_t number) {
-    if (!read(number, frame_)) {
+    if (!clip_->readOther(number, frame_)) {
         return {};
     }
-    auto image =
-        runtime::makeProjectImage(project_, frame_.width(), frame_.height(), formatOf(depth_));
-    std::memcpy(image->bytes(), frame_.bytes().data(), frame_.bytes().size());
-    return image;
+    return toImage(project_, frame_);
 }
 
 ComPtr<IDSImage> ClipInput::imageAt(double seconds) {
@@ -37,7 +33,7 @@ ComPtr<IDSImage> ClipInput::imageAt(double seconds) {
     if (!(std::abs(place) < static_cast<double>(kFrameNumberEnd))) {
         return {};
     }
-    const media::ClipInfo& clip = reader_->info();
+    const media::ClipInfo& clip = clip_->info();
     const auto found =
         frameInClip(static_cast<std::int64_t>(place), {clip.first, clip.last}, ends_);
     if (!found) {

@@ -6,7 +6,7 @@
 #include <memory>
 
 #include "cli/clip_ends.h"
-#include "media/frame_reader.h"
+#include "cli/shared_clip.h"
 #include "runtime/frame_server.h"
 #include "runtime/project.h"
 
@@ -15,19 +15,16 @@ namespace ruvex::cli {
 /// The format identifier of a depth.
 const GUID& formatOf(media::Depth depth);
 
-/// Serves the frames of a clip. One thread at a time.
+/// The picture as an image of its own, over the project's frame.
+ComPtr<IDSImage> toImage(const runtime::Project& project, const media::Frame& frame);
+
+/// Serves one session with frames of a clip. One thread at a time; several may share the clip.
 class ClipInput final : public runtime::InputProvider {
 public:
-    /// `depth` is the one that the reader delivers. `ends` says what the effect gets when it asks
-    /// for frames outside the clip.
-    ClipInput(std::unique_ptr<media::FrameReader> reader, media::Depth depth,
-              const runtime::Project& project, ClipEnds ends = ClipEnds::Blank);
-
-    /// Frame `number`, at the depth in use. False outside the clip. Throws MediaError.
-    bool read(std::int64_t number, media::Frame& frame);
-
-    /// Frame `number` as an image of its own; null outside the clip. Throws MediaError.
-    ComPtr<IDSImage> frame(std::int64_t number);
+    /// `ends` says what the effect gets when it asks for frames outside the clip.
+    ClipInput(std::shared_ptr<SharedClip> clip, const runtime::Project& project,
+              ClipEnds ends = ClipEnds::Blank)
+        : clip_(std::move(clip)), project_(project), ends_(ends) {}
 
     /// The frame nearest to seconds * rate, or what stands for it outside the clip; null where that
     /// is nothing. What goes wrong in reading it is kept for rethrowFailure: to the effect it is a
@@ -38,8 +35,9 @@ public:
     void rethrowFailure();
 
 private:
-    std::unique_ptr<media::FrameReader> reader_;
-    media::Depth depth_;
+    ComPtr<IDSImage> frame(std::int64_t number);
+
+    std::shared_ptr<SharedClip> clip_;
     runtime::Project project_;
     ClipEnds ends_;
     media::Frame frame_;

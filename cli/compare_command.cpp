@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "cli/clip_render.h"
+#include "cli/shell_text.h"
 #include "cli/usage_error.h"
 
 namespace ruvex::cli {
@@ -49,6 +50,11 @@ int runCompare(const CompareOptions& options) {
     const Comparison comparison = comparisonOf(options);
     RenderJob job = makeRenderJob(options.render);
     job.comparison = comparison;
+    job.repeat = [&](std::int64_t frame) {
+        CompareOptions one = options;
+        one.render = oneFrame(options.render, frame);
+        return commandText("compare", compareOptions(one));
+    };
     return renderClip(std::move(job));
 }
 

@@ -26,10 +26,11 @@ void setWorkers(runtime::EffectSession& session, const RenderJob& job) {
 }  // namespace
 
 FrameRenderer::FrameRenderer(const RenderJob& job, const RenderPlan& plan,
-                             std::shared_ptr<ClipInput> input, const ParameterChoice& parameters)
+                             std::shared_ptr<SharedClip> clip, const ParameterChoice& parameters)
     : job_(job),
       plan_(plan),
-      input_(std::move(input)),
+      clip_(std::move(clip)),
+      input_(std::make_shared<ClipInput>(clip_, plan.project, job.ends)),
       session_({.module = runtime::Module::loadDefault(),
                 .project = plan.project,
                 .provider = input_,
@@ -42,13 +43,25 @@ FrameRenderer::FrameRenderer(const RenderJob& job, const RenderPlan& plan,
     setParameters(session_, parameters);
 }
 
-bool FrameRenderer::render(std::int64_t number, media::Frame& result) {
+FrameRenderer::FrameRenderer(const FrameRenderer& other, std::shared_ptr<ClipInput> input)
+    : job_(other.job_),
+      plan_(other.plan_),
+      clip_(other.clip_),
+      input_(std::move(input)),
+      session_(other.session_.clone(input_)),
+      mask_(other.mask_) {}
+
+FrameRenderer FrameRenderer::clone() const {
+    return {*this, std::make_shared<ClipInput>(clip_, plan_.project, job_.ends)};
+}
+
+bool FrameRenderer::render(std::int64_t number, const media::Frame& source, media::Frame& result) {
     if (stopWished()) {
         return false;
     }
     const auto output = runtime::makeProjectImage(plan_.project, plan_.size.width,
                                                   plan_.size.height, formatOf(plan_.depth));
-    runtime::RenderRequest request = requestFor(number);
+    runtime::RenderRequest request = requestFor(number, source);
     request.output = output;
     execute(number, request);
     input_->rethrowFailure();
@@ -56,10 +69,11 @@ bool FrameRenderer::render(std::int64_t number, media::Frame& result) {
     return !session_.interrupted();
 }
 
-runtime::RenderRequest FrameRenderer::requestFor(std::int64_t number) const {
+runtime::RenderRequest FrameRenderer::requestFor(std::int64_t number,
+                                                 const media::Frame& source) const {
     runtime::RenderRequest request;
     request.seconds = runtime::frameTime(number, plan_.project.frameRate);
-    request.input = input_->frame(number);
+    request.input = toImage(plan_.project, source);
     request.pixelMask = mask_;
     if (job_.region) {
         request.region =

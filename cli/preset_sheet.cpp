@@ -63,33 +63,33 @@ public:
                   std::unique_ptr<media::FrameReader> reader)
         : job_(job),
           plan_(plan),
-          input_(std::make_shared<ClipInput>(std::move(reader), plan.depth, plan.project)),
-          frame_(plan.size, plan.depth) {}
+          clip_(std::make_shared<SharedClip>(std::move(reader), SharedClip::Open())),
+          frame_(plan.size, plan.depth) {
+        clip_->read(plan.frames.first, source_);
+    }
 
     /// Without any effect.
-    media::Frame source() {
-        input_->read(plan_.frames.first, frame_);
-        return small();
-    }
+    media::Frame source() const { return small(source_); }
 
     /// With a preset over the parameters' defaults; nothing if it was told to stop.
     std::optional<media::Frame> withPreset(int preset) {
-        FrameRenderer renderer(job_, plan_, input_, {presetChanges(preset), {}});
-        if (!renderer.render(plan_.frames.first, frame_)) {
+        FrameRenderer renderer(job_, plan_, clip_, {presetChanges(preset), {}});
+        if (!renderer.render(plan_.frames.first, source_, frame_)) {
             return std::nullopt;
         }
-        return small();
+        return small(frame_);
     }
 
 private:
-    media::Frame small() const {
-        return media::scaleDown(media::convertDepth(frame_, media::Depth::Bits8),
+    media::Frame small(const media::Frame& frame) const {
+        return media::scaleDown(media::convertDepth(frame, media::Depth::Bits8),
                                 media::fitInto(plan_.size, kLongestSide));
     }
 
     const RenderJob& job_;
     const RenderPlan& plan_;
-    std::shared_ptr<ClipInput> input_;
+    std::shared_ptr<SharedClip> clip_;
+    media::Frame source_;
     media::Frame frame_;
 };
 

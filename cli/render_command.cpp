@@ -3,8 +3,22 @@
 #include <memory>
 
 #include "cli/clip_render.h"
+#include "cli/shell_text.h"
 
 namespace ruvex::cli {
+
+namespace {
+
+int runRender(const RenderOptions& options) {
+    RenderJob job = makeRenderJob(options);
+    job.repeat = [&](std::int64_t frame) {
+        RenderOptions one = oneFrame(options, frame);
+        return commandText("render", renderOptions(one));
+    };
+    return renderClip(std::move(job));
+}
+
+}  // namespace
 
 Command renderCommand() {
     const auto options = std::make_shared<RenderOptions>();
@@ -21,7 +35,7 @@ Command renderCommand() {
              "ruvex render shot.%05d.png -o out.%05d.png --rate 24 --set \"X Edge Method=Wrap\"",
              "ruvex render clip.mp4 -o rewound.mp4 --key \"Play Speed=0:100 1:-100\" --ends hold",
              "ruvex render in.%d.s214 -o out.%d.s214 --size 1920x1080 --workers 4"},
-        .run = [options] { return renderClip(makeRenderJob(*options)); }};
+        .run = [options] { return runRender(*options); }};
 }
 
 }  // namespace ruvex::cli

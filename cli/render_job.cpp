@@ -13,6 +13,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
+/// Each holds a few frames in memory.
+constexpr int kMostJobs = 256;
+
 template <class Parse>
 auto ifGiven(const std::string& text, Parse parse) {
     return text.empty() ? std::nullopt : std::optional(parse(text));
@@ -23,6 +26,13 @@ media::Depth parseDepth(const std::string& text) {
         throw UsageError("--depth: '" + text + "' is not a depth; write 8 or 16.");
     }
     return text == "8" ? media::Depth::Bits8 : media::Depth::S214;
+}
+
+Talk talkOf(const RenderOptions& options) {
+    if (options.quiet && options.verbose) {
+        throw UsageError("--quiet and --verbose do not go together. Choose one.");
+    }
+    return options.quiet ? Talk::Quiet : options.verbose ? Talk::Verbose : Talk::Usual;
 }
 
 void checkOutput(const RenderJob& job) {
@@ -66,6 +76,8 @@ RenderJob makeRenderJob(const RenderOptions& options) {
         checkMaskName(job.mask);
     }
     job.parameters = readParameters(options.parameters, job.warnings);
+    job.jobs = options.jobs.empty() ? 1 : parseWhole("--jobs", options.jobs, 1, kMostJobs);
+    job.talk = talkOf(options);
     checkRawSize(job.input, job.size, job.depth);
     checkOutput(job);
     return job;

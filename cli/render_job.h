@@ -3,6 +3,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -11,6 +12,7 @@
 #include "cli/comparison.h"
 #include "cli/option_text.h"
 #include "cli/parameter_choice.h"
+#include "cli/progress.h"
 #include "cli/render_options.h"
 
 namespace ruvex::cli {
@@ -30,7 +32,11 @@ struct RenderJob {
     std::filesystem::path mask;  ///< Empty: the effect is not painted but fills the picture.
     ClipEnds ends = ClipEnds::Blank;
     std::optional<Comparison> comparison;  ///< Nothing: the result is the render alone.
-    std::vector<std::string> warnings;     ///< For the person; the render goes on.
+    int jobs = 1;                          ///< Frames that are rendered at once.
+    Talk talk = Talk::Usual;
+    /// The command line that renders one frame of this alone; may be empty.
+    std::function<std::string(std::int64_t frame)> repeat;
+    std::vector<std::string> warnings;  ///< For the person; the render goes on.
 };
 
 /// Throws UsageError for everything that is wrong with the options by themselves.

@@ -51,7 +51,22 @@ OptionTable renderOptions(RenderOptions& options) {
          &options.ends},
     };
     table.insert(table.end(), picture.begin(), picture.end());
+    const OptionTable work = {
+        {"--jobs", "N",
+         "Frames that are rendered at once; 1 without it. Changes the time that it takes and never "
+         "a picture; helps small pictures, and with --workers 1 large ones",
+         &options.jobs},
+        {"--quiet", "", "Say nothing but what went wrong", &options.quiet},
+        {"--verbose", "", "Say more: how it goes on, and what it took", &options.verbose},
+    };
+    table.insert(table.end(), work.begin(), work.end());
     return table;
+}
+
+RenderOptions oneFrame(RenderOptions options, std::int64_t number) {
+    options.frames = std::to_string(number) + "-" + std::to_string(number);
+    options.jobs.clear();
+    return options;
 }
 
 }  // namespace ruvex::cli

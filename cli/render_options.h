@@ -24,10 +24,16 @@ struct RenderOptions {
     std::string region;
     std::string mask;
     std::string ends;
+    std::string jobs;
+    bool quiet = false;
+    bool verbose = false;
 };
 
 /// The options of every command that renders a clip.
 OptionTable renderOptions(RenderOptions& options);
+
+/// The same for one frame alone: what repeats it when it has failed.
+RenderOptions oneFrame(RenderOptions options, std::int64_t number);
 
 /// What the help of those commands says of the kinds of file.
 extern const char* const kRenderNotes;

@@ -100,6 +100,8 @@ VideoWriter::VideoWriter(const std::filesystem::path& path, const WriteOptions& 
     AVFormatContext* format = nullptr;
     check(avformat_alloc_output_context2(&format, nullptr, containerOf(ending(path)), nullptr));
     format_.reset(format);
+    // No random identifier: the same frames give the same file.
+    format_->flags |= AVFMT_FLAG_BITEXACT;
     openCoder(options);
     openContainer(options);
 }

@@ -153,9 +153,15 @@ EffectSession& EffectSession::operator=(EffectSession&&) noexcept = default;
 EffectSession::~EffectSession() = default;
 
 EffectSession EffectSession::clone() const {
+    return clone(state_->setup.provider);
+}
+
+EffectSession EffectSession::clone(std::shared_ptr<InputProvider> provider) const {
     ComPtr<IDSImageEffect> effect;
     require(state_->effect->Clone(IID_IDSImageEffect, effect.putVoid()), "cannot clone the effect");
-    auto state = std::make_unique<State>(state_->setup, std::move(effect));
+    Setup setup = state_->setup;
+    setup.provider = std::move(provider);
+    auto state = std::make_unique<State>(std::move(setup), std::move(effect));
     state->info = state_->info;
     return EffectSession(std::move(state));
 }

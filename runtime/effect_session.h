@@ -72,6 +72,8 @@ public:
     /// A session over a clone of the effect as it is now, with a frame server of its own over the
     /// same provider and interruption test. The clone may outlive this session.
     EffectSession clone() const;
+    /// The same over another provider, for one that must not be shared.
+    EffectSession clone(std::shared_ptr<InputProvider> provider) const;
 
     /// Sets a parameter at all times: its animation ends. Throws Error for an unknown identifier
     /// and for a value that does not fit the kind: reals are finite, whole numbers have 32 bits,

@@ -1,0 +1,68 @@
+#include "cli/shell_text.h"
+
+#include <algorithm>
+
+namespace ruvex::cli {
+namespace {
+
+constexpr std::string_view kPlain =
+    "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789%+,-./:=@_";
+
+bool isPlace(const Option& option) {
+    return option.name[0] != '-';
+}
+
+/// The form of the name that takes a value after an equals sign.
+std::string longName(const Option& option) {
+    const std::string names = option.name;
+    return names.substr(names.find(',') + 1);
+}
+
+void append(std::string& text, const Option& option, const std::string& value) {
+    if (value.empty()) return;
+    text += ' ';
+    if (isPlace(option)) {
+        // A name that begins as options do is a file all the same.
+        text += shellQuoted(value.size() > 1 && value[0] == '-' ? std::string("./").append(value)
+                                                                : value);
+    } else if (value[0] == '-') {
+        text.append(longName(option)).append("=").append(shellQuoted(value));
+    } else {
+        const std::string names = option.name;
+        text.append(names, 0, names.find(',')).append(" ").append(shellQuoted(value));
+    }
+}
+
+void append(std::string& text, const Option& option, bool on) {
+    if (on) text.append(" ").append(longName(option));
+}
+
+void append(std::string& text, const Option& option, const std::vector<std::string>& values) {
+    for (const std::string& value : values) {
+        append(text, option, value);
+    }
+}
+
+}  // namespace
+
+std::string shellQuoted(std::string_view word) {
+    if (!word.empty() && word.find_first_not_of(kPlain) == std::string_view::npos) {
+        return std::string(word);
+    }
+    std::string text = "'";
+    for (const char letter : word) {
+        text += letter == '\'' ? std::string("'\\''") : std::string(1, letter);
+    }
+    return text + "'";
+}
+
+std::string commandText(std::string_view name, const OptionTable& options) {
+    std::string text = "ruvex ";
+    text += name;
+    for (const Option& option : options) {
+        std::visit([&](const auto* value) { append(text, option, *value); }, option.value);
+    }
+    return text;
+}
+
+}  // namespace ruvex::cli
