@@ -7,9 +7,9 @@ set(RUVEX_DOCDIR "${CMAKE_INSTALL_DATAROOTDIR}/doc/ruvex")
 # system's, and the command finds them from where it lies itself.
 set(RUVEX_PRIVATE_LIBDIR "lib/ruvex")
 set_target_properties(ruvex PROPERTIES INSTALL_RPATH "$ORIGIN/../${RUVEX_PRIVATE_LIBDIR}")
-set_target_properties(V_Ruvex dssdk il PROPERTIES INSTALL_RPATH "$ORIGIN")
+set_target_properties(V_Ruvex dssdk dsvwr il PROPERTIES INSTALL_RPATH "$ORIGIN")
 install(TARGETS ruvex RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
-install(TARGETS V_Ruvex dssdk il LIBRARY DESTINATION ${RUVEX_PRIVATE_LIBDIR})
+install(TARGETS V_Ruvex dssdk dsvwr il LIBRARY DESTINATION ${RUVEX_PRIVATE_LIBDIR})
 install(FILES "${PROJECT_SOURCE_DIR}/README.md" DESTINATION ${RUVEX_DOCDIR})
 install(FILES "${PROJECT_SOURCE_DIR}/LICENSE" DESTINATION ${RUVEX_DOCDIR} RENAME copyright)
 

@@ -1,11 +1,14 @@
 #include "runtime/module_loader.h"
 
+#include <algorithm>
 #include <map>
 #include <mutex>
 #include <utility>
 
+#include "runtime/effect_session.h"
 #include "runtime/error.h"
 #include "sdk/dynamic_library.h"
+#include "sdk/registry.h"
 
 namespace ruvex::runtime {
 
@@ -116,6 +119,16 @@ std::shared_ptr<Module> Module::load(const std::filesystem::path& file) {
     return module;
 }
 
+std::shared_ptr<Module> Module::loadRegistered(const GUID& classId) {
+    DSRegistryContents registered;
+    requireRegistry(DSReadRegistry(&registered), "cannot look for a registered module");
+    const auto entry = std::ranges::find(registered.classes, classId, &DSRegisteredClass::classId);
+    if (entry == registered.classes.end()) {
+        throw Error("no module is registered for the class " + toText(classId));
+    }
+    return load(entry->module);
+}
+
 std::shared_ptr<Module> Module::loadDefault() {
     const auto folder = DSDynamicLibrary::programFolder();
     const auto beside = folder / DSDynamicLibrary::fileName("V_Ruvex");
@@ -123,7 +136,12 @@ std::shared_ptr<Module> Module::loadDefault() {
     for (const auto& file : {beside, inLib}) {
         if (std::filesystem::is_regular_file(file)) return load(file);
     }
-    throw Error("there is no module '" + beside.string() + "' and no '" + inLib.string() + "'");
+    try {
+        return loadRegistered(kRuvexClassId);
+    } catch (const Error& error) {
+        throw Error("there is no module '" + beside.string() + "' and no '" + inLib.string() +
+                    "', and " + error.what());
+    }
 }
 
 Module::~Module() {

@@ -19,8 +19,11 @@ public:
     /// loaded, when an export is missing, or when the module refuses to be attached.
     static std::shared_ptr<Module> load(const std::filesystem::path& file);
 
+    /// Loads the module that is registered for a class. Throws Error when there is none.
+    static std::shared_ptr<Module> loadRegistered(const GUID& classId);
+
     /// Loads the module that belongs to the running program: V_Ruvex beside it, or in
-    /// ../lib/ruvex, where an installed one is.
+    /// ../lib/ruvex, where an installed one is, or else the one that is registered.
     static std::shared_ptr<Module> loadDefault();
 
     /// Lets the module go if it allows it; one that still has objects or locks stays in memory

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <mutex>
+#include <new>
 #include <vector>
 
 #include "sdk/com_ptr.h"
@@ -24,7 +25,11 @@ HRESULT DSAddModule(DSGetClassObject* getClassObject) {
     if (!getClassObject) return E_POINTER;
     ModuleTable& table = moduleTable();
     const std::lock_guard lock(table.mutex);
-    table.modules.push_back(getClassObject);
+    try {
+        table.modules.push_back(getClassObject);
+    } catch (const std::bad_alloc&) {
+        return E_OUTOFMEMORY;
+    }
     return S_OK;
 }
 
@@ -41,10 +46,16 @@ HRESULT DSRemoveModule(DSGetClassObject* getClassObject) {
 
 namespace {
 
-std::vector<DSGetClassObject*> currentModules() {
+/// False when memory ran out.
+bool copyModules(std::vector<DSGetClassObject*>& modules) {
     ModuleTable& table = moduleTable();
     const std::lock_guard lock(table.mutex);
-    return table.modules;
+    try {
+        modules = table.modules;
+    } catch (const std::bad_alloc&) {
+        return false;
+    }
+    return true;
 }
 
 }  // namespace
@@ -53,7 +64,9 @@ HRESULT CoCreateInstance(const GUID& classId, IUnknown* outer, DWORD, const GUID
     if (!out) return E_POINTER;
     *out = nullptr;
     // Without the lock: a class may create objects of other classes while it is made.
-    for (DSGetClassObject* getClassObject : currentModules()) {
+    std::vector<DSGetClassObject*> modules;
+    if (!copyModules(modules)) return E_OUTOFMEMORY;
+    for (DSGetClassObject* getClassObject : modules) {
         ComPtr<IClassFactory> factory;
         const HRESULT status = getClassObject(classId, IID_IClassFactory, factory.putVoid());
         if (status == CLASS_E_CLASSNOTAVAILABLE) continue;

@@ -8,7 +8,7 @@
 using DSGetClassObject = HRESULT(const GUID& classId, const GUID& id, void** out);
 
 /// Adds a module; one that is added twice must be removed twice. Modules are asked in the order in
-/// which they were added. E_POINTER for null.
+/// which they were added. E_POINTER for null, E_OUTOFMEMORY.
 DSSDK_API HRESULT DSAddModule(DSGetClassObject* getClassObject);
 
 /// Removes it again; S_FALSE when it was not there.

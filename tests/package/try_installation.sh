@@ -4,13 +4,13 @@
 set -euo pipefail
 prefix=$1
 ruvex=$prefix/bin/ruvex
-for file in bin/ruvex lib/ruvex/V_Ruvex.so lib/ruvex/libdssdk.so lib/ruvex/libil.so \
+for file in bin/ruvex lib/ruvex/V_Ruvex.so lib/ruvex/libdssdk.so lib/ruvex/libdsvwr.so lib/ruvex/libil.so \
         share/doc/ruvex/copyright "share/ruvex/presets/Bad Colour TV.json"; do
     [ -s "$prefix/$file" ] || { echo "$file is missing" >&2; exit 1; }
 done
 
 # Only what lies in the installation may be loaded of our own.
-LD_TRACE_LOADED_OBJECTS=1 "$ruvex" | grep -E 'libdssdk|libil\.so' | grep -vF "$(realpath "$prefix")" &&
+LD_TRACE_LOADED_OBJECTS=1 "$ruvex" | grep -E 'libdssdk|libdsvwr|libil\.so' | grep -vF "$(realpath "$prefix")" &&
     { echo "The command loads libraries from elsewhere" >&2; exit 1; }
 
 work=$(mktemp -d)

@@ -112,6 +112,18 @@ TEST(ModuleLoader, RegistersAndUnregisters) {
     EXPECT_THROW(module->unregisterClasses(), StatusError);
 }
 
+TEST(ModuleLoader, FindsARegisteredModuleByItsClass) {
+    const ruvex::test::UsedRegistry used(DSMemoryRegistry());
+    EXPECT_THROW(Module::loadRegistered(kRuvexClassId), Error);
+    EXPECT_THROW(Module::loadDefault(), Error) << "no module lies beside this test";
+    const auto file = moduleFile("copy_module");
+    Module::load(file)->registerClasses();
+    EXPECT_EQ(Module::loadRegistered(kRuvexClassId)->file(), file);
+    EXPECT_EQ(Module::loadDefault()->file(), file);
+    used->addClass({kRuvexClassId, 2, L"", "/nowhere/V_Ruvex.so"});
+    EXPECT_THROW(Module::loadRegistered(kRuvexClassId), Error) << "it was moved since";
+}
+
 TEST(ModuleLoader, SaysWhatIsWrongWithAFile) {
     EXPECT_THAT(failureOf("/nowhere/V_Ruvex.so"), HasSubstr("/nowhere/V_Ruvex.so"));
     EXPECT_THAT(failureOf(moduleFile("copy_module_incomplete")), HasSubstr("DllRegisterServer"));
