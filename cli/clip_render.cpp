@@ -1,10 +1,15 @@
 #include "cli/clip_render.h"
 
+#include <iostream>
+#include <utility>
+
 #include "cli/interruption.h"
+#include "cli/job_report.h"
 #include "cli/messages.h"
 #include "cli/open_project.h"
 #include "cli/progress.h"
-#include "cli/render_line.h"
+#include "cli/resume.h"
+#include "media/partial_file.h"
 
 namespace ruvex::cli {
 namespace {
@@ -24,6 +29,16 @@ bool renderInto(media::FrameWriter& writer, RenderLine& line, const FramesToMake
     return all;
 }
 
+/// Everything after a look at the input.
+int renderPlanned(const RenderJob& job, const RenderPlan& plan, const FramesToMake& frames,
+                  std::shared_ptr<SharedClip> clip) {
+    const OpenProject project(plan.project);
+    RenderLine line(job, plan, std::move(clip));
+    media::removeAbandoned(job.output);
+    const auto writer = media::openWriter(job.output, plan.output);
+    return renderInto(*writer, line, frames, job.talk) ? 0 : reportStop(job.output);
+}
+
 }  // namespace
 
 int renderClip(RenderJob job) {
@@ -34,15 +49,17 @@ int renderClip(RenderJob job) {
         printWarnings(job.warnings);
     }
     catchStopSignals();
-    const OpenProject project(plan.project);
-    const auto clip = std::make_shared<SharedClip>(
-        std::move(reader), [&] { return media::openReader(job.input, reading); });
-    RenderLine line(job, plan, clip);
-    const auto writer = media::openWriter(job.output, plan.output);
-    if (!renderInto(*writer, line, {plan.frames}, job.talk)) {
-        return reportStop(job.output);
+    const FramesToMake frames = framesToMake(job, plan);
+    if (job.dryRun) {
+        std::cout << jobReport(job, plan, reader->info(), frames);
+        return finishOutput();
     }
-    return 0;
+    if (job.talk == Talk::Verbose) {
+        std::cerr << jobReport(job, plan, reader->info(), frames);
+    }
+    const auto openAgain = [&] { return media::openReader(job.input, reading); };
+    return renderPlanned(job, plan, frames,
+                         std::make_shared<SharedClip>(std::move(reader), openAgain));
 }
 
 }  // namespace ruvex::cli

@@ -7,6 +7,7 @@
 #include "cli/mask_image.h"
 #include "cli/usage_error.h"
 #include "media/frame_writer.h"
+#include "media/numbered_path.h"
 
 namespace ruvex::cli {
 namespace {
@@ -33,6 +34,14 @@ Talk talkOf(const RenderOptions& options) {
         throw UsageError("--quiet and --verbose do not go together. Choose one.");
     }
     return options.quiet ? Talk::Quiet : options.verbose ? Talk::Verbose : Talk::Usual;
+}
+
+/// What is made in one piece cannot be gone on with.
+void checkResume(const RenderJob& job) {
+    if (job.resume && !media::NumberedPath(job.output).isPattern()) {
+        throw UsageError("--resume goes on with numbered pictures, but " + job.output.string() +
+                         " is made in one piece. Render into a sequence, as in out.%05d.png.");
+    }
 }
 
 void checkOutput(const RenderJob& job) {
@@ -78,8 +87,11 @@ RenderJob makeRenderJob(const RenderOptions& options) {
     job.parameters = readParameters(options.parameters, job.warnings);
     job.jobs = options.jobs.empty() ? 1 : parseWhole("--jobs", options.jobs, 1, kMostJobs);
     job.talk = talkOf(options);
+    job.resume = options.resume;
+    job.dryRun = options.dryRun;
     checkRawSize(job.input, job.size, job.depth);
     checkOutput(job);
+    checkResume(job);
     return job;
 }
 

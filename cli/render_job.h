@@ -34,6 +34,8 @@ struct RenderJob {
     std::optional<Comparison> comparison;  ///< Nothing: the result is the render alone.
     int jobs = 1;                          ///< Frames that are rendered at once.
     Talk talk = Talk::Usual;
+    bool resume = false;  ///< Frames that are there already are not made again.
+    bool dryRun = false;  ///< Nothing is done; what would be is told.
     /// The command line that renders one frame of this alone; may be empty.
     std::function<std::string(std::int64_t frame)> repeat;
     std::vector<std::string> warnings;  ///< For the person; the render goes on.

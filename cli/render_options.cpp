@@ -56,8 +56,14 @@ OptionTable renderOptions(RenderOptions& options) {
          "Frames that are rendered at once; 1 without it. Changes the time that it takes and never "
          "a picture; helps small pictures, and with --workers 1 large ones",
          &options.jobs},
+        {"--resume", "",
+         "Go on with a numbered sequence: pictures that are there, complete and of the right size, "
+         "are kept",
+         &options.resume},
+        {"--dry-run", "", "Tell what would be done, and write nothing", &options.dryRun},
         {"--quiet", "", "Say nothing but what went wrong", &options.quiet},
-        {"--verbose", "", "Say more: how it goes on, and what it took", &options.verbose},
+        {"--verbose", "", "Say more: what is done, how it goes on, and what it took",
+         &options.verbose},
     };
     table.insert(table.end(), work.begin(), work.end());
     return table;
@@ -66,6 +72,8 @@ OptionTable renderOptions(RenderOptions& options) {
 RenderOptions oneFrame(RenderOptions options, std::int64_t number) {
     options.frames = std::to_string(number) + "-" + std::to_string(number);
     options.jobs.clear();
+    options.resume = false;
+    options.verbose = false;
     return options;
 }
 

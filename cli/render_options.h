@@ -25,6 +25,8 @@ struct RenderOptions {
     std::string mask;
     std::string ends;
     std::string jobs;
+    bool resume = false;
+    bool dryRun = false;
     bool quiet = false;
     bool verbose = false;
 };

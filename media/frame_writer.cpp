@@ -11,6 +11,19 @@ bool canWrite(const std::filesystem::path& path) {
     return isStill(fileKind(path)) || VideoWriter::canWrite(path);
 }
 
+std::string codecName(const std::filesystem::path& path) {
+    switch (fileKind(path)) {
+        case FileKind::Png:
+            return "PNG";
+        case FileKind::RawRgba8:
+            return "raw frames of 8 bits";
+        case FileKind::RawS214:
+            return "raw frames of S2.14";
+        default:
+            return VideoWriter::codecName(path);
+    }
+}
+
 std::string writableEndings() {
     return ".mp4, .m4v, .mov, .mkv, .png, .rgba8, .s214";
 }

@@ -46,6 +46,9 @@ std::unique_ptr<FrameWriter> openWriter(const std::filesystem::path& path,
 /// Whether `openWriter` knows the ending.
 bool canWrite(const std::filesystem::path& path);
 
+/// What the frames are coded as in a file of this ending, for messages: "H.264".
+std::string codecName(const std::filesystem::path& path);
+
 /// The endings that can be written, for messages.
 std::string writableEndings();
 

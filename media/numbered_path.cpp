@@ -86,6 +86,10 @@ std::optional<std::int64_t> NumberedPath::numberOf(const std::string& name) cons
     return number;
 }
 
+bool NumberedPath::fits(const std::string& name) const {
+    return pattern_ ? numberOf(name).has_value() : name == path_.filename();
+}
+
 std::optional<NumberedPath::Range> NumberedPath::existing() const {
     std::error_code error;
     if (!pattern_) {

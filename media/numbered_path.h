@@ -20,6 +20,9 @@ public:
     /// The file of a frame; a plain path is the file of every number.
     std::filesystem::path file(std::int64_t number) const;
 
+    /// Whether a file of this name, without a folder, is that of one of the numbers.
+    bool fits(const std::string& name) const;
+
     /// The path as it was given, for messages.
     std::string text() const { return path_.string(); }
 

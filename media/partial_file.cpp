@@ -2,24 +2,32 @@
 
 #include <atomic>
 #include <cerrno>
+#include <chrono>
 #include <cstring>
 #include <fcntl.h>
 #include <fstream>
+#include <sys/file.h>
 #include <unistd.h>
 
 #include "media/media_error.h"
+#include "media/numbered_path.h"
 
 namespace ruvex::media {
 namespace {
 
 namespace fs = std::filesystem;
 
+constexpr const char* kPartial = ".partial-";
+
+/// A younger file may not be locked yet by who makes it.
+constexpr std::chrono::seconds kAgeOfAbandoned{1};
+
 /// Hidden, and unlike any other process's and any other file's of this one.
 fs::path partialName(const fs::path& final) {
     static std::atomic<unsigned> count = 0;
     std::string name = ".";
     name += final.filename().string();
-    name += ".partial-" + std::to_string(getpid()) + "-" + std::to_string(count++);
+    name += kPartial + std::to_string(getpid()) + "-" + std::to_string(count++);
     return final.parent_path() / name;
 }
 
@@ -58,6 +66,24 @@ int writeAll(int fd, std::span<const std::byte> bytes) {
     return 0;
 }
 
+/// The name that a temporary file was to get; empty for other files.
+std::string finalNameOf(const std::string& name) {
+    const auto end = name.rfind(kPartial);
+    const bool partial = name.starts_with('.') && end != std::string::npos && end > 0;
+    return partial ? name.substr(1, end - 1) : std::string();
+}
+
+/// Whether the program that made it has ended without taking it away.
+bool isAbandoned(const fs::path& file) {
+    std::error_code error;
+    const auto age = fs::file_time_type::clock::now() - fs::last_write_time(file, error);
+    if (error || age < kAgeOfAbandoned) {
+        return false;
+    }
+    const Descriptor opened(file, O_RDONLY | O_CLOEXEC);
+    return opened.get() >= 0 && flock(opened.get(), LOCK_EX | LOCK_NB) == 0;
+}
+
 }  // namespace
 
 std::string writeFailure(const fs::path& file, int code) {
@@ -82,16 +108,21 @@ PartialFile::PartialFile(const fs::path& final) : final_(final), partial_(partia
         throw MediaError("Cannot write " + final_.string() +
                          ": something that is not a file has that name. Choose another name.");
     }
-    const Descriptor file(partial_, O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC);
-    if (file.get() < 0) {
+    lock_ = open(partial_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+    if (lock_ < 0) {
         throw MediaError(writeFailure(final_, errno));
     }
+    // Where a file system has no locks, what is left behind has to be removed by hand.
+    flock(lock_, LOCK_EX | LOCK_NB);
 }
 
 PartialFile::~PartialFile() {
     std::error_code ignored;
     if (!partial_.empty()) {
         fs::remove(partial_, ignored);
+    }
+    if (lock_ >= 0) {
+        close(lock_);
     }
 }
 
@@ -111,6 +142,19 @@ void PartialFile::commit() {
         throw MediaError(writeFailure(final_, error.value()));
     }
     partial_.clear();
+}
+
+void removeAbandoned(const fs::path& final) {
+    const NumberedPath ours(final);
+    const fs::path folder = final.has_parent_path() ? final.parent_path() : fs::path(".");
+    std::error_code error;
+    fs::directory_iterator entry(folder, error);
+    for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
+        if (ours.fits(finalNameOf(entry->path().filename().string())) && isAbandoned(*entry)) {
+            std::error_code ignored;
+            fs::remove(*entry, ignored);
+        }
+    }
 }
 
 void writeWhole(const fs::path& file, std::span<const std::byte> bytes) {

@@ -32,7 +32,12 @@ public:
 private:
     std::filesystem::path final_;
     std::filesystem::path partial_;
+    int lock_ = -1;  ///< Held as long as the temporary name is in use.
 };
+
+/// Removes the temporary files that programs which were killed have left of `final`, a file or a
+/// numbered sequence. Those that a running program still writes stay, on other machines too.
+void removeAbandoned(const std::filesystem::path& final);
 
 /// The sentence for a failed write: `code` is an errno. A full disk gets words of its own.
 std::string writeFailure(const std::filesystem::path& file, int code);

@@ -92,6 +92,10 @@ bool VideoWriter::canWrite(const std::filesystem::path& path) {
     return name == ".mp4" || name == ".m4v" || name == ".mov" || name == ".mkv";
 }
 
+std::string VideoWriter::codecName(const std::filesystem::path& path) {
+    return ending(path) == ".mkv" ? "FFV1, without loss" : "H.264";
+}
+
 VideoWriter::VideoWriter(const std::filesystem::path& path, const WriteOptions& options)
     : path_(path), exact_(ending(path) == ".mkv"), file_(path), packet_(newAvPacket()) {
     quietLibraries();

@@ -26,6 +26,9 @@ public:
     /// Whether the ending is one of these.
     static bool canWrite(const std::filesystem::path& path);
 
+    /// What a file of this ending is coded with.
+    static std::string codecName(const std::filesystem::path& path);
+
 private:
     void openCoder(const WriteOptions& options);
     void openContainer(const WriteOptions& options);
