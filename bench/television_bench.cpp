@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "bench/allocated_bytes.h"
 #include "bench/television_frame.h"
+#include "tests/support/watched_new.h"
 
 namespace ruvex::bench {
 namespace {
@@ -29,9 +29,9 @@ void television(benchmark::State& state, int preset, Settings settings, Job job)
     std::uint64_t allocated = 0;
     for (auto _ : state) {
         const double copied = frame.copySource();
-        const std::uint64_t before = allocatedBytes();
+        const std::uint64_t before = test::allocatedBytes();
         const double rendered = frame.render();
-        allocated = allocatedBytes() - before;
+        allocated = test::allocatedBytes() - before;
         ratios.push_back(rendered / copied);
         state.SetIterationTime(rendered);
     }

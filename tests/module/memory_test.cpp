@@ -10,8 +10,8 @@
 #include "pages/resources/resources.h"
 #include "sdk/com_ptr.h"
 #include "sdk/effect.h"
-#include "tests/module/failing_new.h"
 #include "tests/support/scripted_registry.h"
+#include "tests/support/watched_new.h"
 
 namespace ruvex::test {
 namespace {

@@ -1,23 +1,30 @@
-#include "bench/allocated_bytes.h"
+#include "tests/support/watched_new.h"
 
 #include <atomic>
 #include <cstdlib>
 #include <new>
 
-namespace ruvex::bench {
+namespace ruvex::test {
 namespace {
+
+thread_local bool counting = false;
+thread_local std::size_t count = 0;
+thread_local std::size_t failingOne = 0;
 
 std::atomic<std::uint64_t> allocated{0};
 
-void* allocate(std::size_t size) noexcept {
+bool runsOut(std::size_t size) {
     allocated.fetch_add(size, std::memory_order_relaxed);
-    return std::malloc(size > 0 ? size : 1);
+    return counting && ++count == failingOne;
+}
+
+void* allocate(std::size_t size) noexcept {
+    return runsOut(size) ? nullptr : std::malloc(size > 0 ? size : 1);
 }
 
 void* allocate(std::size_t size, std::align_val_t alignment) noexcept {
-    allocated.fetch_add(size, std::memory_order_relaxed);
     const auto step = static_cast<std::size_t>(alignment);
-    return std::aligned_alloc(step, (size + step - 1) / step * step);
+    return runsOut(size) ? nullptr : std::aligned_alloc(step, (size + step - 1) / step * step);
 }
 
 void* orThrow(void* memory) {
@@ -27,25 +34,43 @@ void* orThrow(void* memory) {
 
 }  // namespace
 
+FailingNew::FailingNew(std::size_t failing) {
+    count = 0;
+    failingOne = failing;
+    counting = true;
+}
+
+FailingNew::~FailingNew() {
+    counting = false;
+}
+
+std::size_t FailingNew::allocations() const {
+    return count;
+}
+
+bool FailingNew::failed() const {
+    return failingOne > 0 && count >= failingOne;
+}
+
 std::uint64_t allocatedBytes() {
     return allocated.load(std::memory_order_relaxed);
 }
 
-}  // namespace ruvex::bench
+}  // namespace ruvex::test
 
-// The forms that the others come down to.
+// All forms, since a library may use any of them; those of arrays come down to these.
 
 void* operator new(std::size_t size) {
-    return ruvex::bench::orThrow(ruvex::bench::allocate(size));
+    return ruvex::test::orThrow(ruvex::test::allocate(size));
 }
 void* operator new(std::size_t size, std::align_val_t alignment) {
-    return ruvex::bench::orThrow(ruvex::bench::allocate(size, alignment));
+    return ruvex::test::orThrow(ruvex::test::allocate(size, alignment));
 }
 void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
-    return ruvex::bench::allocate(size);
+    return ruvex::test::allocate(size);
 }
 void* operator new(std::size_t size, std::align_val_t alignment, const std::nothrow_t&) noexcept {
-    return ruvex::bench::allocate(size, alignment);
+    return ruvex::test::allocate(size, alignment);
 }
 void operator delete(void* memory) noexcept {
     std::free(memory);

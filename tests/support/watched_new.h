@@ -1,8 +1,9 @@
-// Memory that runs out when a test says so.
+// Allocations that are counted, and memory that runs out when a test says so.
 
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 
 namespace ruvex::test {
 
@@ -20,5 +21,8 @@ public:
     /// Whether the failing one was reached.
     bool failed() const;
 };
+
+/// Bytes asked of `new` so far, in all threads and all libraries of the process.
+std::uint64_t allocatedBytes();
 
 }  // namespace ruvex::test
