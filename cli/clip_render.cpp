@@ -42,7 +42,7 @@ int renderPlanned(const RenderJob& job, const RenderPlan& plan, const FramesToMa
 }  // namespace
 
 int renderClip(RenderJob job) {
-    const media::ReadOptions reading{.size = job.size, .depth = job.depth};
+    const media::ReadOptions reading = readingOf(job);
     auto reader = media::openReader(job.input, reading);
     const RenderPlan plan = makeRenderPlan(job, reader->info());
     if (job.talk != Talk::Quiet) {

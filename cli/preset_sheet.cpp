@@ -113,7 +113,7 @@ std::optional<media::Frame> drawSheet(SheetPictures pictures) {
 
 int drawPresetSheet(const SheetOptions& options) {
     RenderJob job = makeSheetJob(options);
-    auto reader = media::openReader(job.input, {.size = job.size, .depth = job.depth});
+    auto reader = media::openReader(job.input, readingOf(job));
     const std::int64_t frame = chooseFrame(options, reader->info());
     job.frames = FrameRange{frame, frame};
     const RenderPlan plan = makeRenderPlan(job, reader->info());

@@ -5,6 +5,7 @@
 
 #include "cli/clip_choice.h"
 #include "cli/mask_image.h"
+#include "cli/media_options.h"
 #include "cli/usage_error.h"
 #include "media/frame_writer.h"
 #include "media/numbered_path.h"
@@ -62,6 +63,10 @@ void checkOutput(const RenderJob& job) {
 
 }  // namespace
 
+media::ReadOptions readingOf(const RenderJob& job) {
+    return {.size = job.size, .depth = job.depth, .alpha = job.alpha};
+}
+
 RenderJob makeRenderJob(const RenderOptions& options) {
     RenderJob job;
     job.input = options.input;
@@ -70,6 +75,7 @@ RenderJob makeRenderJob(const RenderOptions& options) {
     job.rate = ifGiven(options.rate, [](auto& text) { return parseFraction("--rate", text); });
     job.frames = ifGiven(options.frames, [](auto& text) { return parseFrames("--frames", text); });
     job.depth = ifGiven(options.depth, parseDepth);
+    job.alpha = ifGiven(options.alpha, [](auto& text) { return parseAlpha("--alpha", text); });
     job.workers = ifGiven(options.workers, [](auto& text) {
         return parseWhole("--workers", text, 1, std::numeric_limits<int>::max());
     });

@@ -14,6 +14,7 @@
 #include "cli/parameter_choice.h"
 #include "cli/progress.h"
 #include "cli/render_options.h"
+#include "media/frame_reader.h"
 
 namespace ruvex::cli {
 
@@ -25,6 +26,7 @@ struct RenderJob {
     ParameterChoice parameters;
     std::optional<FrameRange> frames;
     std::optional<media::Depth> depth;
+    std::optional<media::AlphaForm> alpha;  ///< Nothing: each file as its kind does.
     std::optional<int> workers;
     std::optional<media::FrameSize> projectSize;
     double pixelAspect = 1.0;
@@ -40,6 +42,9 @@ struct RenderJob {
     std::function<std::string(std::int64_t frame)> repeat;
     std::vector<std::string> warnings;  ///< For the person; the render goes on.
 };
+
+/// How the job's input is to be read.
+media::ReadOptions readingOf(const RenderJob& job);
 
 /// Throws UsageError for everything that is wrong with the options by themselves.
 RenderJob makeRenderJob(const RenderOptions& options);

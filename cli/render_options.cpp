@@ -3,7 +3,9 @@
 namespace ruvex::cli {
 
 const char* const kRenderNotes = R"(Files, by the ending of their names:
-  .png                    stills, 8 or 16 bits a channel
+  .png .tif .tiff .dpx    stills, 8 or 16 bits a channel
+  .exr                    stills in floats, white 1; half floats are read too
+  .jpg .jpeg              stills of 8 bits, without alpha
   .rgba8                  raw frames, 4 bytes a pixel: red, green, blue, alpha
   .s214                   raw frames, four little-endian signed 16-bit words a pixel, white 16384
   .mp4 .m4v .mov          video out: H.264, without alpha
@@ -15,7 +17,7 @@ Sound is not carried over.)";
 
 OptionTable renderOptions(RenderOptions& options) {
     OptionTable table = {
-        {"INPUT", "", "Video, PNG or raw frames", &options.input, true},
+        {"INPUT", "", "Video, stills or raw frames", &options.input, true},
         {"-o,--output", "OUTPUT", "The result; see below for the kinds", &options.output, true},
     };
     const OptionTable parameters = parameterOptions(options.parameters);
@@ -29,6 +31,10 @@ OptionTable renderOptions(RenderOptions& options) {
          &options.rate},
         {"--size", "WxH", "Size of raw input frames", &options.size},
         {"--depth", "8|16", "Bits a channel in the chain; by the input without it", &options.depth},
+        {"--alpha", "straight|premultiplied",
+         "How input and output store colour beside alpha; without it, EXR premultiplied and "
+         "everything else straight. The effect works on straight colour",
+         &options.alpha},
         {"--workers", "N",
          "Shares that each picture is cut into; by the machine without it. The same number gives "
          "the same picture on every machine",

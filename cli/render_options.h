@@ -18,6 +18,7 @@ struct RenderOptions {
     ParameterOptions parameters;
     std::string frames;
     std::string depth;
+    std::string alpha;
     std::string workers;
     std::string projectSize;
     std::string pixelAspect;

@@ -40,7 +40,7 @@ RenderPlan makeRenderPlan(RenderJob& job, const media::ClipInfo& clip) {
     checkRoomForFrames(job, plan.frames);
     const media::FrameSize project = job.projectSize.value_or(plan.size);
     plan.project = {project.width, project.height, job.pixelAspect, plan.rate.value()};
-    plan.output = {plan.size, plan.depth, plan.rate, clip.pixelAspect, clip.colour};
+    plan.output = {plan.size, plan.depth, plan.rate, clip.pixelAspect, clip.colour, job.alpha};
     if (job.comparison) {
         plan.output.size = comparedSize(*job.comparison, plan.size);
         checkFrameSize(plan.output.size, plan.depth, job.output.string());

@@ -1,18 +1,32 @@
 #include "media/file_kind.h"
 
+#include <iterator>
+#include <string_view>
+
 #include "media/text.h"
 
 namespace ruvex::media {
 
+namespace {
+
+struct Ending {
+    std::string_view text;
+    FileKind kind;
+};
+
+constexpr Ending kEndings[] = {
+    {".png", FileKind::Png},   {".tif", FileKind::Tiff},       {".tiff", FileKind::Tiff},
+    {".exr", FileKind::Exr},   {".dpx", FileKind::Dpx},        {".jpg", FileKind::Jpeg},
+    {".jpeg", FileKind::Jpeg}, {".rgba8", FileKind::RawRgba8}, {".s214", FileKind::RawS214},
+};
+
+}  // namespace
+
 FileKind fileKind(const std::filesystem::path& path) {
     const std::string ending = lowerCase(path.extension().string());
-    if (ending == ".png") {
-        return FileKind::Png;
-    }
-    if (ending == ".rgba8") {
-        return FileKind::RawRgba8;
-    }
-    return ending == ".s214" ? FileKind::RawS214 : FileKind::Video;
+    const auto* found = std::find_if(std::begin(kEndings), std::end(kEndings),
+                                     [&](const Ending& known) { return known.text == ending; });
+    return found == std::end(kEndings) ? FileKind::Video : found->kind;
 }
 
 std::optional<Depth> rawDepth(FileKind kind) {

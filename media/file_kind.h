@@ -9,9 +9,10 @@
 
 namespace ruvex::media {
 
-enum class FileKind { Video, Png, RawRgba8, RawS214 };
+enum class FileKind { Video, Png, Tiff, Exr, Dpx, Jpeg, RawRgba8, RawS214 };
 
-/// By ending, in either case: .png, .rgba8, .s214; everything else is taken as video.
+/// By ending, in either case: .png, .tif, .tiff, .exr, .dpx, .jpg, .jpeg, .rgba8, .s214; everything
+/// else is taken as video.
 FileKind fileKind(const std::filesystem::path& path);
 
 /// Whether files of this kind hold one picture each.

@@ -23,7 +23,7 @@ std::unique_ptr<FrameReader> openReader(const std::filesystem::path& path,
         throw MediaError(path.string() + " knows its own size. Give a size for raw frames only.");
     }
     if (kind == FileKind::Video) {
-        return std::make_unique<VideoReader>(path, options.depth);
+        return std::make_unique<VideoReader>(path, options);
     }
     return std::make_unique<StillReader>(path, options);
 }

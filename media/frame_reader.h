@@ -6,6 +6,7 @@
 #include <memory>
 #include <optional>
 
+#include "media/alpha.h"
 #include "media/clip_info.h"
 
 namespace ruvex::media {
@@ -14,9 +15,12 @@ namespace ruvex::media {
 struct ReadOptions {
     std::optional<FrameSize> size{};  ///< For raw frames, which need it; refused for others.
     std::optional<Depth> depth{};     ///< The depth to deliver; the input's own without it.
+    /// How colour is stored beside alpha; the usual form of the input's kind without it. Frames
+    /// are delivered straight.
+    std::optional<AlphaForm> alpha{};
 };
 
-/// Reads a clip: a video, a PNG, numbered PNGs, raw frames. One thread at a time.
+/// Reads a clip: a video, a still, numbered stills, raw frames. One thread at a time.
 class FrameReader {
 public:
     virtual ~FrameReader() = default;

@@ -25,7 +25,7 @@ std::string codecName(const std::filesystem::path& path) {
 }
 
 std::string writableEndings() {
-    return ".mp4, .m4v, .mov, .mkv, .png, .rgba8, .s214";
+    return ".mp4, .m4v, .mov, .mkv, .png, .tif, .tiff, .exr, .dpx, .jpg, .jpeg, .rgba8, .s214";
 }
 
 std::unique_ptr<FrameWriter> openWriter(const std::filesystem::path& path,

@@ -4,7 +4,9 @@
 
 #include <filesystem>
 #include <memory>
+#include <optional>
 
+#include "media/alpha.h"
 #include "media/clip_info.h"
 
 namespace ruvex::media {
@@ -16,6 +18,10 @@ struct WriteOptions {
     Rational rate{25, 1};        ///< For video.
     Rational pixelAspect{1, 1};
     ColourTags colour{};  ///< For video; the matrix is chosen by height where unspecified.
+    /// How colour is to be stored beside alpha; the usual form of the result's kind without it.
+    std::optional<AlphaForm> alpha{};
+    /// Of lossy kinds, from 1 to 100, the finest; each has its usual one. Refused for others.
+    std::optional<int> quality{};
 };
 
 /// Takes frames in the order of their numbers. Nothing appears under a final name before it is
@@ -37,9 +43,9 @@ protected:
 };
 
 /// Throws MediaError, without leaving anything behind, if the ending names no kind that can be
-/// written. Video: .mp4, .m4v, .mov (H.264), .mkv (FFV1, exact, with alpha). Stills: .png, .rgba8,
-/// .s214, numbered by a pattern or a single one. A raw file's depth is its ending's, whatever
-/// the frames'.
+/// written. Video: .mp4, .m4v, .mov (H.264), .mkv (FFV1, exact, with alpha). Stills: .png, .tif,
+/// .tiff, .exr, .dpx, .jpg, .jpeg, .rgba8, .s214, numbered by a pattern or a single one. A raw
+/// file's depth is its ending's, whatever the frames'.
 std::unique_ptr<FrameWriter> openWriter(const std::filesystem::path& path,
                                         const WriteOptions& options);
 

@@ -1,9 +1,9 @@
 #include "media/still_reader.h"
 
 #include "media/media_error.h"
-#include "media/png_still.h"
 #include "media/raw_frame.h"
 #include "media/sample_convert.h"
+#include "media/still_file.h"
 
 namespace ruvex::media {
 namespace {
@@ -21,14 +21,14 @@ NumberedPath::Range rangeOf(const NumberedPath& files) {
 }  // namespace
 
 StillReader::StillReader(const std::filesystem::path& path, const ReadOptions& options)
-    : FrameReader(options.depth), files_(path), kind_(fileKind(path)) {
+    : FrameReader(options.depth), alpha_(options.alpha), files_(path), kind_(fileKind(path)) {
     const NumberedPath::Range range = rangeOf(files_);
     info_.first = range.first;
     info_.last = range.last;
     if (const auto depth = rawDepth(kind_)) {
         openRaw(options.size, *depth);
     } else {
-        openPng();
+        openStill();
     }
 }
 
@@ -42,8 +42,8 @@ void StillReader::openRaw(std::optional<FrameSize> size, Depth depth) {
     info_.hasAlpha = true;
 }
 
-void StillReader::openPng() {
-    const PngStill first = readPng(files_.file(info_.first));
+void StillReader::openStill() {
+    const Still first = readStill(files_.file(info_.first), alpha_);
     info_.size = first.frame.size();
     info_.depth = first.frame.depth();
     info_.hasAlpha = first.hasAlpha;
@@ -53,9 +53,13 @@ void StillReader::openPng() {
 Frame StillReader::readOwn(std::int64_t number) {
     const std::filesystem::path file = files_.file(number);
     if (rawDepth(kind_)) {
-        return readRawFrame(file, info_.size, info_.depth);
+        Frame raw = readRawFrame(file, info_.size, info_.depth);
+        if (alpha_ == AlphaForm::Premultiplied) {
+            unpremultiply(raw);
+        }
+        return raw;
     }
-    Frame frame = readPng(file).frame;
+    Frame frame = readStill(file, alpha_).frame;
     if (frame.size() != info_.size) {
         throw MediaError(file.string() + " is " + toText(frame.size()) +
                          ", but the first picture, " + files_.file(info_.first).string() + ", is " +

@@ -1,4 +1,4 @@
-// Clips of one file a frame: PNG and raw, numbered or single.
+// Clips of one file a frame: stills and raw frames, numbered or single.
 
 #pragma once
 
@@ -19,8 +19,9 @@ public:
 private:
     Frame readOwn(std::int64_t number) override;
     void openRaw(std::optional<FrameSize> size, Depth depth);
-    void openPng();
+    void openStill();
 
+    std::optional<AlphaForm> alpha_;
     NumberedPath files_;
     FileKind kind_;
     ClipInfo info_;

@@ -1,9 +1,9 @@
 #include "media/still_writer.h"
 
 #include "media/media_error.h"
-#include "media/png_still.h"
 #include "media/raw_frame.h"
 #include "media/sample_convert.h"
+#include "media/still_file.h"
 
 namespace ruvex::media {
 
@@ -20,9 +20,13 @@ void StillWriter::write(std::int64_t number, const Frame& frame) {
     }
     const std::filesystem::path file = files_.file(number);
     if (const auto depth = rawDepth(kind_)) {
-        writeRawFrame(file, convertDepth(frame, *depth));
+        Frame raw = convertDepth(frame, *depth);
+        if (options_.alpha == AlphaForm::Premultiplied) {
+            premultiply(raw);
+        }
+        writeRawFrame(file, raw);
     } else {
-        writePng(file, frame, options_.pixelAspect);
+        writeStill(file, frame, {options_.pixelAspect, options_.alpha, options_.quality});
     }
     ++written_;
 }

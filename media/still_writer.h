@@ -1,4 +1,4 @@
-// Results of one file a frame: PNG and raw, numbered or single.
+// Results of one file a frame: stills and raw frames, numbered or single.
 
 #pragma once
 

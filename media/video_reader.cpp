@@ -18,15 +18,20 @@ Rational pixelAspectOf(const AVFrame& picture, const AVStream& stream) {
 
 }  // namespace
 
-VideoReader::VideoReader(const std::filesystem::path& path, std::optional<Depth> depth)
-    : FrameReader(depth), path_(path), index_(path), decoder_(path), picture_(newAvFrame()) {
+VideoReader::VideoReader(const std::filesystem::path& path, const ReadOptions& options)
+    : FrameReader(options.depth),
+      path_(path),
+      alpha_(options.alpha),
+      index_(path),
+      decoder_(path),
+      picture_(newAvFrame()) {
     if (!decoder_.next(*picture_)) {
         throw MediaError("Cannot read " + path.string() + ": its video cannot be decoded.");
     }
     index_.startAt(picture_->pts);
     describe(*picture_);
     at_ = 0;
-    cache_.keep(0, convert_->convert(*picture_));
+    cache_.keep(0, toFrame());
 }
 
 void VideoReader::describe(const AVFrame& first) {
@@ -38,6 +43,14 @@ void VideoReader::describe(const AVFrame& first) {
     info_.hasAlpha = convert_->hasAlpha();
     info_.pixelAspect = pixelAspectOf(first, decoder_.stream());
     info_.colour = {first.color_primaries, first.color_trc, first.colorspace};
+}
+
+Frame VideoReader::toFrame() {
+    Frame frame = convert_->convert(*picture_);
+    if (alpha_ == AlphaForm::Premultiplied && convert_->hasAlpha()) {
+        unpremultiply(frame);
+    }
+    return frame;
 }
 
 std::int64_t VideoReader::numberOfPicture() const {
@@ -53,7 +66,7 @@ bool VideoReader::advance(std::int64_t from) {
         at_ = number;
     }
     if (number >= from) {
-        cache_.keep(number, convert_->convert(*picture_));
+        cache_.keep(number, toFrame());
     }
     return true;
 }

@@ -17,7 +17,7 @@ namespace ruvex::media {
 class VideoReader : public FrameReader {
 public:
     /// Throws MediaError.
-    VideoReader(const std::filesystem::path& path, std::optional<Depth> depth);
+    VideoReader(const std::filesystem::path& path, const ReadOptions& options);
 
     const ClipInfo& info() const override { return info_; }
 
@@ -32,7 +32,10 @@ private:
     const Frame* reach(std::int64_t number);
     std::int64_t numberOfPicture() const;
 
+    Frame toFrame();
+
     std::filesystem::path path_;
+    std::optional<AlphaForm> alpha_;
     VideoIndex index_;
     VideoDecoder decoder_;
     AvFrame picture_;

@@ -97,7 +97,11 @@ std::string VideoWriter::codecName(const std::filesystem::path& path) {
 }
 
 VideoWriter::VideoWriter(const std::filesystem::path& path, const WriteOptions& options)
-    : path_(path), exact_(ending(path) == ".mkv"), file_(path), packet_(newAvPacket()) {
+    : path_(path),
+      exact_(ending(path) == ".mkv"),
+      alpha_(options.alpha),
+      file_(path),
+      packet_(newAvPacket()) {
     quietLibraries();
     takeLibraryError();
     checkFrameSize(options.size, options.depth, path.string());
@@ -128,7 +132,7 @@ void VideoWriter::openCoder(const WriteOptions& options) {
         setExact(*coder_);
     } else {
         av_opt_set(coder_->priv_data, "crf", kQuality, 0);
-        convert_.emplace(options.size, options.depth, coder_->pix_fmt, coder_->colorspace);
+        convert_.emplace(options.size, options.depth, YuvForm{coder_->pix_fmt, coder_->colorspace});
     }
     check(avcodec_open2(coder_.get(), codec, nullptr));
 }
@@ -147,6 +151,15 @@ void VideoWriter::openContainer(const WriteOptions& options) {
 }
 
 AvFrame VideoWriter::toPicture(const Frame& frame) {
+    if (alpha_ != AlphaForm::Premultiplied) {
+        return pack(frame);
+    }
+    Frame multiplied = frame;
+    premultiply(multiplied);
+    return pack(multiplied);
+}
+
+AvFrame VideoWriter::pack(const Frame& frame) {
     if (convert_) {
         return convert_->convert(frame);
     }

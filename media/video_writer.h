@@ -33,6 +33,7 @@ private:
     void openCoder(const WriteOptions& options);
     void openContainer(const WriteOptions& options);
     AvFrame toPicture(const Frame& frame);
+    AvFrame pack(const Frame& frame);
     /// Codes one picture, or with null what the coder still holds.
     void encode(const AVFrame* picture);
     void check(int code) const;
@@ -43,6 +44,7 @@ private:
 
     std::filesystem::path path_;
     bool exact_;
+    std::optional<AlphaForm> alpha_;
     PartialFile file_;
     std::unique_ptr<AVFormatContext, Free> format_;
     AvCodec coder_;

@@ -139,11 +139,11 @@ Frame PictureToFrame::convert(const AVFrame& picture) {
     return frame;
 }
 
-FrameToYuv::FrameToYuv(FrameSize size, Depth depth, AVPixelFormat format, int matrix)
-    : format_(format),
+FrameToYuv::FrameToYuv(FrameSize size, Depth depth, const YuvForm& form)
+    : format_(form.format),
       packed_(newPicture(size.width, size.height, packedFormat(depth))),
-      scaler_(makeScaler(size, packedFormat(depth), format)) {
-    setColours(*scaler_, matrix, true, false);
+      scaler_(makeScaler(size, packedFormat(depth), form.format)) {
+    setColours(*scaler_, form.matrix, true, form.full);
 }
 
 AvFrame FrameToYuv::convert(const Frame& frame) {

@@ -36,10 +36,17 @@ private:
     YuvCoding coding_;
 };
 
-/// Converts frames into pictures of a YUV format, limited range.
+/// What pictures a video is made of.
+struct YuvForm {
+    AVPixelFormat format;
+    int matrix;         ///< One that matrixInUse gives.
+    bool full = false;  ///< Black and white at the ends of the scale.
+};
+
+/// Converts frames into pictures of a YUV format.
 class FrameToYuv {
 public:
-    FrameToYuv(FrameSize size, Depth depth, AVPixelFormat format, int matrix);
+    FrameToYuv(FrameSize size, Depth depth, const YuvForm& form);
 
     /// A picture of its own for each call: an encoder keeps some for later.
     AvFrame convert(const Frame& frame);

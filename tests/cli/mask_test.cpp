@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "cli/mask_image.h"
-#include "media/png_still.h"
 #include "media/raw_frame.h"
+#include "media/still_file.h"
 #include "tests/cli/run_command.h"
 #include "tests/media/temp_folder.h"
 #include "tests/media/test_clips.h"
@@ -69,7 +69,7 @@ protected:
         return media::readRawFrame(folder.file(raw(out, k)), kSize, GetParam());
     }
     Frame masked(const Frame& mask, const Arguments& more = {}) {
-        media::writePng(folder.file("mask.png"), mask, {1, 1});
+        media::writeStill(folder.file("mask.png"), mask);
         Arguments arguments = {"--mask", folder.file("mask.png")};
         arguments.insert(arguments.end(), more.begin(), more.end());
         return rendered("out", arguments);
@@ -114,13 +114,13 @@ TEST_P(Mask, ARawMaskIsTakenInTheSizeOfTheInput) {
 // Paint is laid onto the frame that is there, however fast the clip is played.
 TEST_P(Mask, TheCurrentFrameIsPainted) {
     const Frame white = greyFrame([](int, int) { return 255; });
-    media::writePng(folder.file("mask.png"), white, {1, 1});
+    media::writeStill(folder.file("mask.png"), white);
     EXPECT_EQ(rendered("fast", {"--mask", folder.file("mask.png"), "--set", "Play Speed=200"}, 1),
               rendered("plain", {}, 1));
 }
 
 TEST_P(Mask, OfAnotherSizeIsAWrongCommandLine) {
-    media::writePng(folder.file("small.png"), Frame({15, 9}, Depth::Bits8), {1, 1});
+    media::writeStill(folder.file("small.png"), Frame({15, 9}, Depth::Bits8));
     const Outcome outcome = run("out", {"--mask", folder.file("small.png")});
     EXPECT_EQ(outcome.status, 2);
     EXPECT_NE(outcome.err.find("15x9"), std::string::npos) << outcome.err;
@@ -131,7 +131,7 @@ TEST_P(Mask, NeedsTheNameOfOneStill) {
     EXPECT_EQ(run("out", {"--mask", folder.file("mask.mp4")}).status, 2);
     EXPECT_EQ(run("out", {"--mask", folder.file("mask.%d.png")}).status, 2);
     EXPECT_EQ(run("out", {"--mask", folder.file("none.png")}).status, 1);
-    media::writePng(folder.file("mask.png"), greyFrame(softMask), {1, 1});
+    media::writeStill(folder.file("mask.png"), greyFrame(softMask));
     EXPECT_EQ(ruvex({"render", folder.file(raw("in", 0)), "-o", folder.file("mask.png"), "--size",
                      "16x9", "--mask", folder.file("mask.png")})
                   .status,

@@ -7,8 +7,8 @@
 #include <iterator>
 #include <sstream>
 
-#include "media/png_still.h"
 #include "media/raw_frame.h"
+#include "media/still_file.h"
 #include "tests/cli/run_command.h"
 #include "tests/cli/xml_check.h"
 #include "tests/media/temp_folder.h"
@@ -22,7 +22,7 @@ using media::Frame;
 constexpr int kColours = 3;
 
 Frame picture(const std::string& name) {
-    return media::readPng(RUVEX_PICTURES "/" + name + ".png").frame;
+    return media::readStill(RUVEX_PICTURES "/" + name + ".png").frame;
 }
 
 const std::uint8_t* at(const Frame& frame, int x, int y) {

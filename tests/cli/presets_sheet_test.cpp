@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
 #include "media/contact_sheet.h"
-#include "media/png_still.h"
 #include "media/raw_frame.h"
 #include "media/row_order.h"
+#include "media/still_file.h"
 #include "parameters/presets.h"
 #include "tests/cli/run_command.h"
 #include "tests/media/temp_folder.h"
@@ -69,7 +69,7 @@ struct PresetsSheet : testing::Test {
     }
 
     void expectSheetOf(int frame) {
-        const Frame sheet = media::readPng(folder.file("sheet.png")).frame;
+        const Frame sheet = media::readStill(folder.file("sheet.png")).frame;
         expectCell(sheet, 0, media::noiseFrame(kSize, Depth::Bits8, static_cast<unsigned>(frame)));
         for (int preset = 0; preset < kPresetCount; ++preset) {
             const std::string name(presetNames()[static_cast<std::size_t>(preset)]);
@@ -96,7 +96,7 @@ TEST_F(PresetsSheet, ShowsTheNamedFrame) {
 TEST_F(PresetsSheet, OfADeepClipIsDrawnToo) {
     const Outcome outcome = draw({"--depth", "16"});
     EXPECT_EQ(outcome.status, 0) << outcome.err;
-    EXPECT_EQ(media::readPng(folder.file("sheet.png")).frame.depth(), Depth::Bits8);
+    EXPECT_EQ(media::readStill(folder.file("sheet.png")).frame.depth(), Depth::Bits8);
 }
 
 TEST_F(PresetsSheet, WrongCommandLinesEndWithTwoAndLeaveNothing) {
@@ -127,7 +127,7 @@ TEST_F(PresetsSheet, AClipThatIsNotThereEndsWithOne) {
 }
 
 TEST_F(PresetsSheet, APngMayBeTheInputButNotTheOutputToo) {
-    media::writePng(folder.file("a.png"), media::noiseFrame(kSize, Depth::Bits8, 1), {1, 1});
+    media::writeStill(folder.file("a.png"), media::noiseFrame(kSize, Depth::Bits8, 1));
     const std::string still = folder.file("a.png").string();
     EXPECT_EQ(ruvex({"presets", "--sheet", still, "-o", still}).status, 2);
     EXPECT_EQ(ruvex({"presets", "--sheet", still, "-o", folder.file("b.png").string()}).status, 0);

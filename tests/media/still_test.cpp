@@ -3,8 +3,8 @@
 
 #include "media/frame_reader.h"
 #include "media/frame_writer.h"
-#include "media/png_still.h"
 #include "media/raw_frame.h"
+#include "media/still_file.h"
 #include "tests/media/temp_folder.h"
 #include "tests/media/test_clips.h"
 
@@ -104,8 +104,8 @@ TEST(Png, OvershootIsHeldAtBlackAndWhite) {
     Frame frame({2, 1}, Depth::S214);
     frame.row16(0)[0] = 20000;
     frame.row16(0)[1] = -5;
-    writePng(folder.file("a.png"), frame, {1, 1});
-    const Frame back = readPng(folder.file("a.png")).frame;
+    writeStill(folder.file("a.png"), frame);
+    const Frame back = readStill(folder.file("a.png")).frame;
     EXPECT_EQ(back.row16(0)[0], 16384);
     EXPECT_EQ(back.row16(0)[1], 0);
 }
@@ -128,10 +128,10 @@ TEST(Png, TheTopLineIsTheLastChainRow) {
 /// A ramp through another program in the given pixel format, and what comes of it here.
 Frame rampAs(const TempFolder& folder, const std::string& format) {
     const Frame ramp = noiseFrame({31, 9}, Depth::S214, 5, true);
-    writePng(folder.file("ramp.png"), ramp, {1, 1});
+    writeStill(folder.file("ramp.png"), ramp);
     runFfmpeg("-i '" + folder.file("ramp.png").string() + "' -pix_fmt " + format,
               folder.file("b.png"));
-    return readPng(folder.file("b.png")).frame;
+    return readStill(folder.file("b.png")).frame;
 }
 
 TEST(Png, AlphaIsWhiteWhereTheFileHasNone) {
@@ -157,7 +157,7 @@ TEST(Png, EveryKindOfPngIsReadExactly) {
         runFfmpeg("-i '" + folder.file("b.png").string() + "' -vf vflip -pix_fmt rgba -f rawvideo",
                   folder.file("b.rgba8"));
         const Frame expected = readRawFrame(folder.file("b.rgba8"), {31, 9}, Depth::Bits8);
-        EXPECT_EQ(readPng(folder.file("b.png")).frame, expected) << format;
+        EXPECT_EQ(readStill(folder.file("b.png")).frame, expected) << format;
     }
 }
 
@@ -175,23 +175,23 @@ TEST(Png, DeepPicturesAreReadExactly) {
 
 TEST(Png, CutOffAnywhereItIsRefused) {
     TempFolder folder;
-    writePng(folder.file("a.png"), noiseFrame({40, 30}, Depth::Bits8, 6), {1, 1});
+    writeStill(folder.file("a.png"), noiseFrame({40, 30}, Depth::Bits8, 6));
     const auto whole = std::filesystem::file_size(folder.file("a.png"));
     for (std::uintmax_t size = whole - 1; size > 0; size = size * 2 / 3) {
         std::filesystem::resize_file(folder.file("a.png"), size);
-        const std::string said = complaintOf([&] { readPng(folder.file("a.png")); });
+        const std::string said = complaintOf([&] { readStill(folder.file("a.png")); });
         EXPECT_NE(said.find("a.png"), std::string::npos) << size;
     }
 }
 
 TEST(Png, ADamagedByteIsNoticed) {
     TempFolder folder;
-    writePng(folder.file("a.png"), noiseFrame({40, 30}, Depth::Bits8, 6), {1, 1});
+    writeStill(folder.file("a.png"), noiseFrame({40, 30}, Depth::Bits8, 6));
     std::fstream file(folder.file("a.png"), std::ios::in | std::ios::out | std::ios::binary);
     file.seekp(2000);
     file << "damage";
     file.close();
-    EXPECT_NE(complaintOf([&] { readPng(folder.file("a.png")); }), "");
+    EXPECT_NE(complaintOf([&] { readStill(folder.file("a.png")); }), "");
 }
 
 TEST(Png, OtherFilesAndFoldersAreRefused) {
@@ -206,8 +206,9 @@ TEST(Png, OtherFilesAndFoldersAreRefused) {
 
 TEST(Png, KeepsThePixelAspect) {
     TempFolder folder;
-    writePng(folder.file("a.png"), noiseFrame({4, 4}, Depth::Bits8, 6), {16, 11});
-    EXPECT_EQ(readPng(folder.file("a.png")).pixelAspect, (Rational{16, 11}));
+    writeStill(folder.file("a.png"), noiseFrame({4, 4}, Depth::Bits8, 6),
+               {.pixelAspect = {16, 11}});
+    EXPECT_EQ(readStill(folder.file("a.png")).pixelAspect, (Rational{16, 11}));
 }
 
 TEST(Sequence, FramesAreTheFilesWithTheirNumbers) {
@@ -253,7 +254,7 @@ TEST(Sequence, ASingleNameHoldsOneFrameOnly) {
 
 TEST(Depth, IsDeliveredAsAsked) {
     TempFolder folder;
-    writePng(folder.file("a.png"), noiseFrame({5, 4}, Depth::Bits8, 1), {1, 1});
+    writeStill(folder.file("a.png"), noiseFrame({5, 4}, Depth::Bits8, 1));
     EXPECT_EQ(readOne(folder.file("a.png"), {.depth = Depth::S214}).depth(), Depth::S214);
     EXPECT_EQ(openReader(folder.file("a.png"), {.depth = Depth::S214})->info().depth, Depth::Bits8);
     EXPECT_NE(complaintOf([&] {

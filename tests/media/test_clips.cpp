@@ -7,15 +7,12 @@
 #include <stdio.h>
 
 namespace ruvex::media {
-namespace {
 
 std::string quoted(const std::filesystem::path& path) {
     std::string text;
     text.append("'").append(path.string()).append("'");
     return text;
 }
-
-}  // namespace
 
 Frame noiseFrame(FrameSize size, Depth depth, unsigned seed, bool blackToWhite) {
     std::mt19937 random(seed);

@@ -12,6 +12,9 @@ namespace ruvex::media {
 /// Every component random; S2.14 over the whole 16-bit range, or from black to white only.
 Frame noiseFrame(FrameSize size, Depth depth, unsigned seed, bool blackToWhite = false);
 
+/// The path in quotes, for a shell.
+std::string quoted(const std::filesystem::path& path);
+
 /// Runs the ffmpeg command with these arguments and `output`. The test fails if that fails.
 void runFfmpeg(const std::string& arguments, const std::filesystem::path& output);
 

@@ -297,6 +297,21 @@ TEST(VideoReader, DeepColoursAndOvershootAreExact) {
     EXPECT_NEAR(red[2], 0, 25);
 }
 
+TEST(Ffv1, PremultipliedColoursAreDividedAndMultiplied) {
+    TempFolder folder;
+    Frame stored({1, 2}, Depth::S214);
+    const std::int16_t colours[] = {4096, 2048, 0, 8192, 5, 6, 7, 0};
+    std::copy(std::begin(colours), std::end(colours), stored.row16(0));
+    writeAll(folder.file("a.mkv"), {.size = {1, 2}, .depth = Depth::S214}, {stored});
+    Frame frame;
+    openReader(folder.file("a.mkv"), {.alpha = AlphaForm::Premultiplied})->read(0, frame);
+    EXPECT_EQ(std::vector<int>(frame.row16(0), frame.row16(0) + 8),
+              (std::vector{8192, 4096, 0, 8192, 5, 6, 7, 0}));
+    writeAll(folder.file("b.mkv"),
+             {.size = {1, 2}, .depth = Depth::S214, .alpha = AlphaForm::Premultiplied}, {frame});
+    EXPECT_EQ(readAll(*openReader(folder.file("b.mkv"))), std::vector{stored});
+}
+
 TEST(H264, GreysComeBackWithinAStep) {
     TempFolder folder;
     for (const Depth depth : {Depth::Bits8, Depth::S214}) {

@@ -59,7 +59,7 @@ INSTANTIATE_TEST_SUITE_P(Videos, AbandonedWriter, testing::Values("a.mp4", "a.mo
 
 TEST(FrameWriter, AnUnknownEndingListsTheKnownOnes) {
     TempFolder folder;
-    for (const char* name : {"a.avi", "a.jpg", "a", "a.png.gz"}) {
+    for (const char* name : {"a.avi", "a.gif", "a", "a.png.gz"}) {
         const std::string said = complaintOf([&] {
             openWriter(folder.file(name), {.size = {4, 4}});
         });
@@ -152,7 +152,8 @@ TEST_P(NoRoom, AFullDiskIsSaidAndNothingIsLeft) {
     EXPECT_EQ(left, Names{});
 }
 
-INSTANTIATE_TEST_SUITE_P(Kinds, NoRoom, testing::Values("a.mp4", "a.mkv", "a.png", "a.rgba8"));
+INSTANTIATE_TEST_SUITE_P(Kinds, NoRoom,
+                         testing::Values("a.mp4", "a.mkv", "a.png", "a.exr", "a.rgba8"));
 
 }  // namespace
 }  // namespace ruvex::media

@@ -4,7 +4,7 @@
 #include <cstdlib>
 
 #include "media/media_error.h"
-#include "media/png_still.h"
+#include "media/still_file.h"
 
 namespace ruvex::test {
 namespace {
@@ -86,12 +86,12 @@ void writeStored(const std::filesystem::path& file, const Picture<P>& picture) {
     for (int y = 0; y < picture.height; ++y) {
         for (int x = 0; x < picture.width; ++x) panels.write(x, y, picture.at(x, y));
     }
-    media::writePng(file, frame, {1, 1});
+    media::writeStill(file, frame);
 }
 
 template <class P>
 Picture<P> readStored(const std::filesystem::path& file) {
-    Frame frame = media::readPng(file).frame;
+    Frame frame = media::readStill(file).frame;
     if (frame.depth() != Depth::Bits8 || frame.width() % 2 != 0 ||
         frame.height() % kPanelRows<P> != 0) {
         throw media::MediaError(file.string() + " has not the panels of a stored picture");
