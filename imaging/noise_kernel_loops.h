@@ -14,11 +14,6 @@ namespace ruvex::detail {
 
 template <class Processor>
 struct NoiseLoops {
-    // Hashes have 31 bits: by way of the signed type they are converted by a single instruction.
-    static float hashOf(std::uint32_t number) {
-        return static_cast<float>(static_cast<std::int32_t>(positionHash(number)));
-    }
-
     static std::uint32_t numberAt(std::uint32_t first, std::int32_t column) {
         return first + static_cast<std::uint32_t>(column) * VxNoisyBastard::kColumnStep;
     }
@@ -26,7 +21,7 @@ struct NoiseLoops {
     static void channel(std::uint32_t number, std::int32_t count, float factor, float offset,
                         ChannelInt* to) {
         for (std::int32_t i = 0; i < count; ++i) {
-            to[i].c[0] = truncateToInt(hashOf(numberAt(number, i)) * factor + offset);
+            to[i].c[0] = truncateToInt(hashAsFloat(numberAt(number, i)) * factor + offset);
         }
     }
 
@@ -36,7 +31,7 @@ struct NoiseLoops {
         for (std::int32_t i = 0; i < count; ++i) {
             const std::uint32_t n = numberAt(number, i);
             for (std::uint32_t k = 0; k < Components; ++k) {
-                to[i].c[k] = truncateToInt(hashOf(n + k) * factors[k] + 0.0f);
+                to[i].c[k] = truncateToInt(hashAsFloat(n + k) * factors[k] + 0.0f);
             }
         }
     }

@@ -1,4 +1,4 @@
-// The inner loops of the noise pictures: a row of hashes.
+// The inner loops of noise along rows: hashes, gradients, and the sines beside them.
 
 #pragma once
 

@@ -14,6 +14,12 @@ namespace ruvex {
     return ((m * m * 15731u + 789221u) * m - 771171059u) & 0x7FFFFFFFu;
 }
 
+/// The same as a float. Hashes have 31 bits: by way of the signed type they are converted by a
+/// single instruction.
+[[gnu::always_inline]] constexpr float hashAsFloat(std::uint32_t n) {
+    return static_cast<float>(static_cast<std::int32_t>(positionHash(n)));
+}
+
 /// The next of a sequence, 0..32767. `state` is one word, kept by the caller; two steps of its
 /// recurrence are spent.
 constexpr std::int32_t nextRandom(std::uint32_t& state) {

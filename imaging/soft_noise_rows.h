@@ -31,6 +31,8 @@ public:
     };
 
     SoftNoiseRows(const Noise& noise, const Window& window);
+    SoftNoiseRows(const SoftNoiseRows&) = delete;
+    SoftNoiseRows& operator=(const SoftNoiseRows&) = delete;
 
     /// False when memory ran out; then nothing else may be called.
     bool usable() const { return plan_.possible() && block_.usable(); }

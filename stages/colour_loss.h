@@ -13,6 +13,8 @@ struct ColourLoss {
     float weight = 0.0f;
 };
 
+/// What an amount of loss, a fraction, does. The weight means nothing before the swap begins and
+/// once all is grey.
 ColourLoss colourLoss(float amount);
 
 }  // namespace ruvex

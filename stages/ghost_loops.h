@@ -5,15 +5,13 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "imaging/pixel.h"
+#include "stages/loop_maths.h"
 
 namespace ruvex::detail {
 
 template <class P, class Processor>
 struct GhostLoops {
     using Component = typename P::Component;
-
-    static constexpr float kTop = PixelTraits<P>::kTop;
 
     // None of the three is inlined: only as a function's arguments are the stretches known to lie
     // apart, without which the loops stay narrow.
@@ -33,8 +31,7 @@ struct GhostLoops {
     template <int Width>
     [[gnu::noinline]] static void store(const float* __restrict sum, Component* __restrict to) {
         for (int k = 0; k < Width; ++k) {
-            const float low = sum[k] > 0.0f ? sum[k] : 0.0f;
-            to[k] = static_cast<Component>(static_cast<std::int32_t>(low < kTop ? low : kTop));
+            to[k] = static_cast<Component>(held<P>(sum[k]));
         }
     }
 

@@ -9,6 +9,7 @@
 #include "imaging/pixel.h"
 #include "imaging/random.h"
 #include "stages/grain_shape.h"
+#include "stages/loop_maths.h"
 
 namespace ruvex::detail {
 
@@ -16,14 +17,8 @@ template <class P, class Processor>
 struct GrainLoops {
     using Component = typename P::Component;
 
-    static constexpr float kTop = PixelTraits<P>::kTop;
     // Components at a time, and how often the four of a pixel are repeated for that.
     static constexpr int kWidth = 32;
-
-    // Hashes have 31 bits: by way of the signed type they are converted by a single instruction.
-    [[gnu::always_inline]] static float hashOf(std::uint32_t number) {
-        return static_cast<float>(static_cast<std::int32_t>(positionHash(number)));
-    }
 
     static void hashColour(std::uint32_t number, std::int32_t count, const float* factors,
                            float* to) {
@@ -32,7 +27,7 @@ struct GrainLoops {
             const std::uint32_t n =
                 number + static_cast<std::uint32_t>(i) * VxNoisyBastard::kColumnStep;
             for (std::uint32_t k = 0; k < 4; ++k)
-                to[4 * i + static_cast<int>(k)] = hashOf(n + k) * f[k];
+                to[4 * i + static_cast<int>(k)] = hashAsFloat(n + k) * f[k];
         }
     }
 
@@ -40,7 +35,7 @@ struct GrainLoops {
         for (std::int32_t i = 0; i < count; ++i) {
             const std::uint32_t n =
                 number + static_cast<std::uint32_t>(i) * VxNoisyBastard::kColumnStep;
-            const float value = hashOf(n) * factor;
+            const float value = hashAsFloat(n) * factor;
             for (int k = 0; k < 4; ++k) to[4 * i + k] = value;
         }
     }
@@ -79,9 +74,7 @@ struct GrainLoops {
             }
             const std::int32_t c = from[k];
             const float sum = static_cast<float>(c) + v;
-            const float low = sum > 0.0f ? sum : 0.0f;
-            const auto held = static_cast<std::int32_t>(low < kTop ? low : kTop);
-            to[k] = static_cast<Component>((held & ~lanes.keep[k]) | (c & lanes.keep[k]));
+            to[k] = static_cast<Component>((held<P>(sum) & ~lanes.keep[k]) | (c & lanes.keep[k]));
         }
     }
 

@@ -15,16 +15,13 @@ void Padder<P>::run() {
     for (std::int32_t y = rows.first; y < rows.end; ++y) {
         if (interruptCheck(this->interrupt)) return;
         if (rowsRead && !rowsRead->has(y - this->target->y.offset)) continue;
-        P* const to = this->target->writeAt(columns.first, y);
-        P* const end = to + (columns.end - columns.first);
-        if (y < 0 || y >= height.size) {
-            std::fill(to, end, P{});
-            continue;
-        }
-        P* const picture = to - columns.first;
-        std::fill(to, picture, P{});
-        SimpleLineCopier::copyRow(picture, *this->source, 0, y, width.size);
-        std::fill(picture + width.size, end, P{});
+        P* to = this->target->writeAt(columns.first, y);
+        const bool crossed = y >= 0 && y < height.size;
+        const std::int32_t left = std::clamp(0, columns.first, columns.end);
+        const std::int32_t right = crossed ? std::clamp(width.size, left, columns.end) : left;
+        to = std::fill_n(to, left - columns.first, P{});
+        SimpleLineCopier::copyRow(to, *this->source, left, y, right);
+        std::fill_n(to + (right - left), columns.end - right, P{});
     }
 }
 

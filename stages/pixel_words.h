@@ -9,7 +9,7 @@
 
 namespace ruvex::detail {
 
-/// The components of pixel i of a row as integers, and back. All of it depends on a tag type local
+/// The components of a pixel as integers, and back. All of it depends on a tag type local
 /// to the including source, so that no other code can end up with its processor's instructions.
 template <class P, class Processor>
 struct PixelWords;

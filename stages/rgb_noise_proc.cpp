@@ -43,13 +43,8 @@ void addNoise(const VxTexture<P>& source, VxTexture<P>& target, std::int32_t x, 
     overRuns(source, x, y, count,
              [&](const P* from, std::int32_t step, std::int32_t done, std::int32_t length) {
                  P line[kTile];
-                 if (step != 1) {
-                     for (std::int32_t i = 0; i < length; ++i) {
-                         line[i] = from[std::ptrdiff_t{i} * step];
-                     }
-                     from = line;
-                 }
-                 bestRowKernels<P>().addGrain(from, noise + 4 * done, length, shape, to + done);
+                 bestRowKernels<P>().addGrain(inLine(from, step, length, line), noise + 4 * done,
+                                              length, shape, to + done);
              });
 }
 
@@ -257,10 +252,10 @@ void VxRGBNoiseProc<P>::runSoftRows(const GrainShape& shape) {
     SoftNoiseRows<Noise> soft(wanted, {columns, {this->y0, this->y1}});
     if (!soft.usable()) return raiseOutOfMemory(this->interrupt);
     for (std::int32_t y = rows.first; y < rows.end; y += soft.kRows) {
-        if (interruptCheck(this->interrupt)) return;
         const std::int32_t count = std::min<std::int32_t>(soft.kRows, rows.end - y);
         soft.make(y, count);
         for (std::int32_t row = 0; row < count; ++row) {
+            if (interruptCheck(this->interrupt)) return;
             addToRow(y + row, shape, [&](std::int32_t x, std::int32_t n, float* to) {
                 Noise pixels[kTile];
                 soft.take(row, x - columns.first, n, pixels);

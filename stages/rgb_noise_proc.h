@@ -26,6 +26,7 @@ public:
     bool alpha = false;       ///< the fourth component gets noise too
     bool blurring = false;    ///< set for a run by `pre`
     float sparseness = 0.0f;  ///< the dead band, 0 to 1; at 1 or more nothing is done
+    /// The softened noise; empty where it is softened along rows alone, a few at a time.
     VxTexture<ChannelInt> greyNoise;
     VxTexture<RgbaInt> colourNoise;
     Mode mode = Mode::Colour;

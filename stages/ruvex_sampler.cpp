@@ -2,8 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <functional>
-#include <limits>
+#include <type_traits>
 #include <utility>
 
 #include "imaging/copy_samplers.h"
@@ -13,12 +14,11 @@
 #include "imaging/threads.h"
 #include "imaging/wrap.h"
 #include "stages/creeping_lines.h"
-#include "stages/edge_adder.h"
 #include "stages/ghosts.h"
-#include "stages/padder.h"
+#include "stages/padded_source.h"
 #include "stages/rgb_noise_proc.h"
 #include "stages/shash_proc.h"
-#include "stages/signal_pass.h"
+#include "stages/signal_rows.h"
 #include "stages/stage_pixel.h"
 #include "stages/transport_pass.h"
 #include "stages/white_dot.h"
@@ -27,28 +27,15 @@
 namespace ruvex {
 namespace {
 
+// Ghosts come with the signal; their pass stays, for the passes are known by their numbers.
 enum Pass : std::int32_t { kSignal, kGhosts, kLines, kTransport, kWhiteDot, kPassCount };
 
 constexpr std::int32_t kRandomShash = 5;
 
-// A margin in whole pixels. A picture without a sensible size has none, or one that no memory
-// holds.
-std::int32_t heldMargin(float margin) {
-    constexpr std::int32_t kLargest = 1 << 28;
-    return std::clamp(truncateToInt(margin), 0, kLargest);
-}
-
-// Rows [first, end) less `shift`, as indices of a picture that wraps; all of it where they leave 32
-// bits.
-Span indicesOf(std::int64_t first, std::int64_t end, std::int32_t origin, std::int32_t height) {
-    const std::int64_t from = wrapSubtract(saturate(first), origin);
-    const std::int64_t to = from + (end - first);
-    if (first >= end || to > std::numeric_limits<std::int32_t>::max()) return {0, height};
-    return {static_cast<std::int32_t>(from), static_cast<std::int32_t>(to)};
-}
-
+// Whether two textures may share memory.
 template <class P>
 bool overlap(const VxTexture<P>& a, const VxTexture<P>& b) {
+    if (!a.data || !b.data) return false;
     const auto extent = [](const VxTexture<P>& texture) {
         const std::byte* first = texture.data;
         const std::byte* last = first + std::ptrdiff_t{texture.stride} * (texture.y.size - 1);
@@ -66,33 +53,25 @@ bool overlap(const VxTexture<P>& a, const VxTexture<P>& b) {
 template <class P>
 void RuvexSampler<P>::pre() {
     useThreads_ = this->useThreads;
+    paddedSource.clear();
+    workTexture.clear();
     shashMix_ = stageAmount(signal.breakup, signal.shashAmountMax, signal.shashThreshold);
     this->setPasses(whiteDotOn() ? kPassCount : kPassCount - 1);
     measureArea();
     if (!makeWork() || stopped() || !pictureShows()) return;
-    if (needsPadding() && !padSource()) return;
+    if (needsPadding() && !pad()) return;
     if (!stopped() && !tables_.build(signal)) raiseOutOfMemory(this->interrupt);
 }
 
-// The margins, and how much of the picture with its margins the window needs.
+// How much of the picture with its margins the window needs.
 template <class P>
 void RuvexSampler<P>::measureArea() {
-    const float width = signal.width - static_cast<float>(signal.originX);
-    const float height = signal.height - static_cast<float>(signal.originY);
-    area_.marginX = heldMargin(width * this->scaleY / 7.0f);
-    area_.marginY = heldMargin(height / 10.0f);
-    VxTexIndexer layout(*this->source,
-                        {area_.marginX, area_.marginY, area_.marginX, area_.marginY});
-    layout.x.offset = -area_.marginX;
-    layout.y.offset = -area_.marginY;
-    area_.width = layout.x.size;
-    area_.height = layout.y.size;
-
+    area_ = paddedArea(signal, *this->source, this->scaleY);
     std::int32_t left, top, right, bottom;
     this->getWindow(left, top, right, bottom);
     pushAndSet(wrapSubtract(left, area_.marginX), wrapSubtract(top, area_.marginY),
                wrapAdd(right, area_.marginX), wrapAdd(bottom, area_.marginY));
-    this->clipToTexture(layout);
+    this->clipToTexture(paddedLayout(*this->source, area_));
     area_.rows = {this->y0, this->y1};
     area_.columns = {this->x0, this->x1};
     pop();
@@ -111,6 +90,14 @@ bool RuvexSampler<P>::needsPadding() const {
     const bool inside = this->x0 >= 0 && this->y0 >= 0 && this->x1 <= this->source->x.size &&
                         this->y1 <= this->source->y.size;
     return displaced() || !inside || overlap(*this->source, workTexture);
+}
+
+template <class P>
+bool RuvexSampler<P>::pad() {
+    const Span rows{this->y0, this->y1};
+    const bool inside = area_.makes(rows, {this->x0, this->x1});
+    return padSource(signal, area_, rowsRead(signal, area_, inside ? rows : area_.rows),
+                     *this->source, paddedSource, *this);
 }
 
 template <class P>
@@ -162,71 +149,6 @@ bool RuvexSampler<P>::makeWork() {
     }
     workTexture.setEdgeMethods(kEdgeMirror, kEdgeMirror);
     return true;
-}
-
-// The rows of the padded source that the signal reads, each gun at its own height.
-template <class P>
-RowsRead RuvexSampler<P>::rowsRead() const {
-    const Span rows{this->y0, this->y1};
-    const Span made = area_.makes(rows, {this->x0, this->x1}) ? rows : area_.rows;
-    RowsRead read{.height = area_.height};
-    const std::int32_t origin = wrapSubtract(signal.verticalOffset, area_.marginY);
-    if (!gunsApart(signal)) {
-        read.spans[0] = indicesOf(made.first, made.end, origin, area_.height);
-        return read;
-    }
-    const float offsets[] = {signal.gunRedY, signal.gunGreenY, signal.gunBlueY};
-    for (std::size_t gun = 0; gun < read.spans.size(); ++gun) {
-        const auto rowOf = [&](std::int32_t y) {
-            return std::int64_t{truncateToInt(static_cast<float>(y) - offsets[gun])};
-        };
-        read.spans[gun] =
-            indicesOf(rowOf(made.first), rowOf(made.end - 1) + 1, origin, area_.height);
-    }
-    return read;
-}
-
-template <class P>
-bool RuvexSampler<P>::padSource() {
-    const VxTexIndexer layout(*this->source,
-                              {area_.marginX, area_.marginY, area_.marginX, area_.marginY});
-    paddedSource.setFill(this->source->fill);
-    paddedSource.allocateLayout(layout);
-    if (!paddedSource.data) {
-        raiseOutOfMemory(this->interrupt);
-        return false;
-    }
-    // Wrap in both directions makes the picture roll with its border as one closed loop. The
-    // vertical offset comes in by way of the origin, at reading.
-    paddedSource.setOrigin(-area_.marginX, wrapSubtract(signal.verticalOffset, area_.marginY));
-    paddedSource.x.offset = -area_.marginX;
-    paddedSource.y.offset = -area_.marginY;
-    paddedSource.setEdgeMethods(kEdgeWrap, kEdgeWrap);
-
-    const RowsRead rows = rowsRead();
-    Padder<P> padder;
-    padder.interrupt = this->interrupt;
-    padder.rowsRead = &rows;
-    padder.process(*this->source, paddedSource);
-    if (stopped()) return false;
-    paintBorder(rows);
-    return true;
-}
-
-template <class P>
-void RuvexSampler<P>::paintBorder(const RowsRead& rows) {
-    EdgeAdder<P> edge;
-    edge.interrupt = this->interrupt;
-    edge.rowsRead = &rows;
-    edge.left = -area_.marginX;
-    edge.right = truncateToInt(static_cast<float>(area_.marginX) + signal.width);
-    edge.top = -area_.marginY;
-    edge.bottom = truncateToInt(static_cast<float>(area_.marginY) + signal.height);
-    edge.borderAlpha = signal.borderAlpha;
-    edge.seed = static_cast<std::uint32_t>(signal.seed);
-    edge.sourceFrame = signal.sourceFrame;
-    edge.noiseTable = signal.noiseTable;
-    edge.process(paddedSource);
 }
 
 // Only passes that share their rows out start workers.
@@ -321,6 +243,7 @@ void RuvexSampler<P>::giveWindow(Processor& processor) {
     this->getWindow(left, top, right, bottom);
     processor.setWindow(left, top, right, bottom);
     processor.interrupt = this->interrupt;
+    if constexpr (std::is_base_of_v<VxImgProc, Processor>) processor.useThreads = useThreads_;
 }
 
 template <class P>

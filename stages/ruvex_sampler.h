@@ -8,7 +8,6 @@
 #include "imaging/texture.h"
 #include "imaging/window_stack.h"
 #include "stages/padded_area.h"
-#include "stages/rows_read.h"
 #include "stages/signal_parameters.h"
 #include "stages/tone_tables.h"
 
@@ -16,7 +15,9 @@ namespace ruvex {
 
 /// Made for one frame: set `signal`, window, aspect and `interrupt`, then process(source, output).
 /// It runs five passes (signal, ghosts, creeping lines, transport, white dot), and between them
-/// what runs once: copies, snow, shash. Running out of memory stops the frame.
+/// what runs once: copies, snow, shash. Running out of memory stops the frame by way of
+/// `interrupt`, which must be set for that to be seen; what a stopped frame has written is no
+/// picture.
 ///
 /// Ghosts are added to a row of the signal while it is near, so that their pass has nothing left to
 /// do. Whatever a frame does not need is not made: no margins without displacement, and no work
@@ -36,9 +37,12 @@ public:
 
     SignalParameters signal;
 
-    Texture paddedSource;  ///< the source with its margins; to the end of pass 0
-    Texture workTexture;   ///< the picture of passes 0 to 2; buffer of the shash picture
-    Texture dotTexture;    ///< the finished picture that the white dot shrinks
+    /// The source with its margins, to the end of pass 0. Empty where nothing is displaced.
+    Texture paddedSource;
+    /// The picture of passes 0 to 2 and buffer of the shash picture. Often a view of the output or
+    /// of `dotTexture`.
+    Texture workTexture;
+    Texture dotTexture;  ///< the finished picture that the white dot shrinks
 
 private:
     bool pictureShows() const { return shashMix_ != 1.0f; }
@@ -49,10 +53,8 @@ private:
     bool stopped() const { return interruptCheck(this->interrupt); }
 
     void measureArea();
-    RowsRead rowsRead() const;
     bool needsPadding() const;
-    bool padSource();
-    void paintBorder(const RowsRead& rows);
+    bool pad();
     bool windowIsWhole() const;
     bool worksInPicture() const;
     bool makeWork();

@@ -3,10 +3,10 @@
 
 #pragma once
 
-#include <cmath>
 #include <cstdint>
 
 #include "imaging/pixel_convert.h"
+#include "stages/loop_maths.h"
 #include "stages/pixel_words.h"
 
 namespace ruvex::detail {
@@ -22,10 +22,6 @@ struct ShashLoops {
     // What a component keeps of an integer.
     [[gnu::always_inline]] static std::int32_t wrapped(std::int32_t value) {
         return static_cast<Component>(value);
-    }
-    [[gnu::always_inline]] static std::int32_t held(float value) {
-        const float low = value > 0.0f ? value : 0.0f;
-        return static_cast<std::int32_t>(low < kWhite ? low : kWhite);
     }
     [[gnu::always_inline]] static void store(std::int32_t r, std::int32_t g, std::int32_t b,
                                              std::int32_t alpha, P* to) {
@@ -52,7 +48,7 @@ struct ShashLoops {
                               sines[entry(p1 + h1 * place * 1023.0f)] +
                               sines[entry(p2 + h2 * place * 1023.0f)] +
                               sines[entry(p3 + h3 * place * 1023.0f)];
-            const float v = std::fabs(sum / 4.0f);
+            const float v = magnitude(sum / 4.0f);
             const std::int32_t ramp = truncateToInt((v - kFrom) / kRamp * kWhite + 0.0f);
             const std::int32_t low = v > kFrom ? wrapped(ramp) : 0;
             const std::int32_t value = v > kFull ? kWhiteInt : low;
@@ -65,10 +61,10 @@ struct ShashLoops {
     static void bars(const float* __restrict noise, const float* __restrict light,
                      std::int32_t count, P* __restrict to) {
         for (std::int32_t i = 0; i < count; ++i) {
-            const float f = std::fabs(noise[i]);
+            const float f = magnitude(noise[i]);
             const std::int32_t ramp = truncateToInt((f - 0.488f) / 0.305f * kWhite + 0.0f);
             const std::int32_t grain = f > 0.305f ? wrapped(ramp) : 0;
-            const std::int32_t lit = held(static_cast<float>(grain) + light[i]);
+            const std::int32_t lit = held<P>(static_cast<float>(grain) + light[i]);
             const bool white = f > 0.61f;
             const std::int32_t value = white ? kWhiteInt : lit;
             store(value, value, value, white ? kWhiteInt : grain, to + i);
@@ -81,7 +77,7 @@ struct ShashLoops {
                        std::int32_t count, P* __restrict to) {
         for (std::int32_t i = 0; i < count; ++i) {
             const Words colour(colours + i);
-            const float f = std::fabs(noise[i]);
+            const float f = magnitude(noise[i]);
             const float g = (f - 0.120000005f) / 0.030000001f;
             const bool full = f > 0.15f;
             const bool some = f > 0.120000005f;

@@ -25,8 +25,7 @@ constexpr std::int32_t kStreaks = 4;
 
 // A fraction from an integer.
 float rnd(std::uint32_t n) {
-    const auto hash = static_cast<float>(static_cast<std::int32_t>(positionHash(n)));
-    return (1.0f - hash * 9.313226e-10f + 1.0f) * 0.5f;
+    return (1.0f - hashAsFloat(n) * 9.313226e-10f + 1.0f) * 0.5f;
 }
 
 template <class P>
@@ -261,6 +260,7 @@ void VxShashProc<P>::snow(float amountMin, float amountMax, float softness) {
     for (int k = 0; k < 3; ++k) noise.softX[k] = softness;
     noise.seed = seedFromFloat(std::fabs(static_cast<float>(outputFrame) * 12541.0f)) + 1u;
     noise.setWindow(left, top, right, bottom);
+    noise.useThreads = this->useThreads;
     noise.interrupt = this->interrupt;
     noise.process(*this->target, *this->target);
 }

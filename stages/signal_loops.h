@@ -5,6 +5,7 @@
 
 #include "imaging/pixel_convert.h"
 #include "stages/colour_loss.h"
+#include "stages/loop_maths.h"
 #include "stages/pixel_words.h"
 
 namespace ruvex::detail {
@@ -12,18 +13,6 @@ namespace ruvex::detail {
 template <class P, class Processor>
 struct SignalLoops {
     using Words = PixelWords<P, Processor>;
-    static constexpr float kTop = PixelTraits<P>::kTop;
-    static constexpr auto kTopInt = static_cast<std::int32_t>(kTop);
-
-    [[gnu::always_inline]] static std::int32_t held(std::int32_t value) {
-        const std::int32_t low = value > 0 ? value : 0;
-        return low < kTopInt ? low : kTopInt;
-    }
-    // Not a number becomes 0.
-    [[gnu::always_inline]] static std::int32_t held(float value) {
-        const float low = value > 0.0f ? value : 0.0f;
-        return static_cast<std::int32_t>(low < kTop ? low : kTop);
-    }
     // A part k of the way from `from` to `to`, truncated. The weights are 0 to 1, so that it fits.
     [[gnu::always_inline]] static std::int32_t towards(std::int32_t from, std::int32_t to,
                                                        float k) {
@@ -41,8 +30,8 @@ struct SignalLoops {
     static void hold(const P* from, std::int32_t count, P* to) {
         forEach(
             from, count, [=](const Words& w, std::int32_t i) __attribute__((always_inline)) {
-                w.store(held(w.template component<0>()), held(w.template component<1>()),
-                        held(w.template component<2>()), to + i);
+                w.store(held<P>(w.template component<0>()), held<P>(w.template component<1>()),
+                        held<P>(w.template component<2>()), to + i);
             });
     }
 
@@ -164,7 +153,7 @@ struct SignalLoops {
                 const std::int32_t l = (r + g + b) / 3;
                 const auto tone = [=](std::int32_t t) __attribute__((always_inline)) {
                     const float v = static_cast<float>(t - l) * saturation + static_cast<float>(l);
-                    return held(static_cast<float>(truncateToInt(v)) * gain);
+                    return held<P>(static_cast<float>(truncateToInt(v)) * gain);
                 };
                 w.store(tone(r), tone(g), tone(b), pixels + i);
             });

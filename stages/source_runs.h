@@ -23,4 +23,12 @@ void overRuns(const VxTexture<P>& source, std::int32_t x, std::int32_t y, std::i
     }
 }
 
+/// The pixels of such a run one after the other: where they are, or copied to `scratch`.
+template <class P>
+const P* inLine(const P* pixels, std::int32_t step, std::int32_t length, P* scratch) {
+    if (step == 1) return pixels;
+    for (std::int32_t i = 0; i < length; ++i) scratch[i] = pixels[std::ptrdiff_t{i} * step];
+    return scratch;
+}
+
 }  // namespace ruvex

@@ -18,11 +18,9 @@ std::unique_ptr<P[]> blankRows(std::int32_t width) {
 
 template <class P>
 WideRows<P>::WideRows(const SignalParameters& signal, const PaddedArea& area, SignalRows<P>& rows)
-    : area_(area),
-      rows_(rows),
-      haunted_(haunted(signal)),
-      ghosts_(signal),
-      row_(blankRows<P>(area.width)) {}
+    : area_(area), rows_(rows), row_(blankRows<P>(area.width)) {
+    if (haunted(signal)) ghosts_.emplace(signal);
+}
 
 template <class P>
 void WideRows<P>::makeRow(std::int32_t y) {
@@ -43,8 +41,8 @@ void WideRows<P>::make(std::int32_t y, Span columns, P* to) {
     for (std::int32_t x = columns.first; x < columns.end;) {
         const std::int32_t first = area_.columnIndex(x);
         const std::int32_t count = std::min(area_.width, columns.end - x);
-        if (haunted_) {
-            ghosts_.add(row_.get(), area_.width, first, count, to);
+        if (ghosts_) {
+            ghosts_->add(row_.get(), area_.width, first, count, to);
         } else {
             std::copy_n(row_.get() + first, count, to);
         }

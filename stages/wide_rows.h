@@ -3,10 +3,11 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 
 #include "stages/ghosts.h"
 #include "stages/padded_area.h"
-#include "stages/signal_pass.h"
+#include "stages/signal_rows.h"
 
 namespace ruvex {
 
@@ -18,7 +19,7 @@ public:
     WideRows(const SignalParameters& signal, const PaddedArea& area, SignalRows<P>& rows);
 
     /// False when memory ran out; then nothing else may be called.
-    bool usable() const { return row_ && (!haunted_ || ghosts_.usable()); }
+    bool usable() const { return row_ && (!ghosts_ || ghosts_->usable()); }
 
     /// Writes the columns of row y, both in image space, to `to`.
     void make(std::int32_t y, Span columns, P* to);
@@ -28,8 +29,7 @@ private:
 
     const PaddedArea& area_;
     SignalRows<P>& rows_;
-    bool haunted_;
-    Ghosts<P> ghosts_;
+    std::optional<Ghosts<P>> ghosts_;
     std::unique_ptr<P[]> row_;  // all columns, twice
 };
 

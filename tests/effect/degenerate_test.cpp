@@ -55,7 +55,7 @@ std::vector<double> farValues(const ParameterRow& row) {
     std::vector<double> values;
     if (!row.choices.empty()) values = {0, double(row.choices.size()) - 1};
     if (const auto range = row.enteredRange()) values = {range->low, range->high};
-    // Each ghost is a pass over the picture: more of them are only slower.
+    // Each ghost is read once for each pixel: more of them are only slower.
     if (row.id == ParameterId::NumGhosts) {
         values.insert(values.end(), {-1000.0, 1000.0});
         return values;

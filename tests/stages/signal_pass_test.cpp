@@ -1,11 +1,10 @@
 // The signal and its ghosts.
 
-#include "stages/signal_pass.h"
-
 #include <cmath>
 #include <gtest/gtest.h>
 
 #include "stages/contrast_curve.h"
+#include "stages/signal_rows.h"
 #include "tests/imaging/support/workers.h"
 #include "tests/stages/support/television.h"
 

@@ -1,4 +1,4 @@
-#include "stages/signal_pass.h"
+#include "stages/signal_rows.h"
 
 #include <algorithm>
 #include <cmath>
@@ -105,6 +105,7 @@ void SignalRows<P>::make(std::int32_t y, Span columns, P* to) {
     const Row row = rowState(y);
     const std::int32_t x = wrapAdd(columns.first, row.shift);
     const std::int32_t count = columns.end - columns.first;
+    // A tint has its own colours, which the set's saturation leaves alone.
     float saturation = 1.0f;
     if (!inColour(signal_)) {
         grey(y, x, count, to);
@@ -152,13 +153,7 @@ void SignalRows<P>::colour(std::int32_t y, std::int32_t x, std::int32_t count, P
     overRuns(source_, x, y, count,
              [&](const P* from, std::int32_t step, std::int32_t done, std::int32_t length) {
                  P* const out = to + done;
-                 if (step != 1) {
-                     for (std::int32_t i = 0; i < length; ++i) {
-                         out[i] = from[std::ptrdiff_t{i} * step];
-                     }
-                     from = out;
-                 }
-                 bestRowKernels<P>().lose(from, length, loss_, out);
+                 bestRowKernels<P>().lose(inLine(from, step, length, out), length, loss_, out);
              });
 }
 
@@ -190,13 +185,8 @@ void SignalRows<P>::readGun(float offsetX, std::int32_t y, std::int32_t x, std::
         overRuns(source_, first, y, i - begin,
                  [&](const P* from, std::int32_t step, std::int32_t done, std::int32_t length) {
                      P* const out = to + begin + done;
-                     if (step == 1) {
-                         std::copy_n(from, length, out);
-                         return;
-                     }
-                     for (std::int32_t k = 0; k < length; ++k) {
-                         out[k] = from[std::ptrdiff_t{k} * step];
-                     }
+                     const P* const line = inLine(from, step, length, out);
+                     if (line != out) std::copy_n(line, length, out);
                  });
         begin = i;
         first = next;

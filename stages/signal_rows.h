@@ -32,8 +32,8 @@ public:
     /// False when memory ran out; then nothing else may be called.
     bool usable() const { return usable_; }
 
-    /// Writes the columns of row y, both in image space, to `to`. That may be the very row that is
-    /// read if the signal is not displaced.
+    /// Writes the columns of row y, both in image space, to `to`, which must lie elsewhere than
+    /// what is read.
     void make(std::int32_t y, Span columns, P* to);
 
 private:

@@ -1,0 +1,30 @@
+// What the television's inner loops share. Always inline, for they are compiled for one processor
+// after another, and no copy of one may be taken for all.
+
+#pragma once
+
+#include <cstdint>
+
+#include "imaging/pixel.h"
+
+namespace ruvex::detail {
+
+[[gnu::always_inline]] inline float magnitude(float value) {
+    return __builtin_fabsf(value);
+}
+
+/// Holds to 0..top, truncated. Not a number becomes 0. In a form that is widened.
+template <class P>
+[[gnu::always_inline]] inline std::int32_t held(float value) {
+    constexpr float kTop = PixelTraits<P>::kTop;
+    const float low = value > 0.0f ? value : 0.0f;
+    return static_cast<std::int32_t>(low < kTop ? low : kTop);
+}
+template <class P>
+[[gnu::always_inline]] inline std::int32_t held(std::int32_t value) {
+    constexpr auto kTop = static_cast<std::int32_t>(PixelTraits<P>::kTop);
+    const std::int32_t low = value > 0 ? value : 0;
+    return low < kTop ? low : kTop;
+}
+
+}  // namespace ruvex::detail

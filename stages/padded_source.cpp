@@ -1,0 +1,123 @@
+#include "stages/padded_source.h"
+
+#include <algorithm>
+#include <limits>
+
+#include "imaging/pixel_convert.h"
+#include "imaging/wrap.h"
+#include "stages/edge_adder.h"
+#include "stages/padder.h"
+#include "stages/signal_rows.h"
+
+namespace ruvex {
+namespace {
+
+// A margin in whole pixels. A picture without a sensible size has none, or one that no memory
+// holds.
+std::int32_t heldMargin(float margin) {
+    constexpr std::int32_t kLargest = 1 << 28;
+    return std::clamp(truncateToInt(margin), 0, kLargest);
+}
+
+// Rows [first, end) as indices of a picture that begins at `origin` and wraps; all of it where they
+// leave 32 bits.
+Span indicesOf(std::int64_t first, std::int64_t end, std::int32_t origin, std::int32_t height) {
+    const std::int64_t from = wrapSubtract(saturate(first), origin);
+    const std::int64_t to = from + (end - first);
+    if (first >= end || to > std::numeric_limits<std::int32_t>::max()) return {0, height};
+    return {static_cast<std::int32_t>(from), static_cast<std::int32_t>(to)};
+}
+
+std::int32_t paddedOriginY(const SignalParameters& signal, const PaddedArea& area) {
+    return wrapSubtract(signal.verticalOffset, area.marginY);
+}
+
+template <class P>
+void paintBorder(const SignalParameters& signal, const PaddedArea& area, const RowsRead& rows,
+                 VxTexture<P>& padded, const VxImgProc& run) {
+    EdgeAdder<P> edge;
+    edge.interrupt = run.interrupt;
+    edge.useThreads = run.useThreads;
+    edge.rowsRead = &rows;
+    edge.left = -area.marginX;
+    edge.right = truncateToInt(static_cast<float>(area.marginX) + signal.width);
+    edge.top = -area.marginY;
+    edge.bottom = truncateToInt(static_cast<float>(area.marginY) + signal.height);
+    edge.borderAlpha = signal.borderAlpha;
+    edge.seed = static_cast<std::uint32_t>(signal.seed);
+    edge.sourceFrame = signal.sourceFrame;
+    edge.noiseTable = signal.noiseTable;
+    edge.process(padded);
+}
+
+}  // namespace
+
+PaddedArea paddedArea(const SignalParameters& signal, const VxTexIndexer& source, float scaleY) {
+    const float width = signal.width - static_cast<float>(signal.originX);
+    const float height = signal.height - static_cast<float>(signal.originY);
+    PaddedArea area;
+    area.marginX = heldMargin(width * scaleY / 7.0f);
+    area.marginY = heldMargin(height / 10.0f);
+    const VxTexIndexer layout = paddedLayout(source, area);
+    area.width = layout.x.size;
+    area.height = layout.y.size;
+    return area;
+}
+
+VxTexIndexer paddedLayout(const VxTexIndexer& source, const PaddedArea& area) {
+    VxTexIndexer layout(source, {area.marginX, area.marginY, area.marginX, area.marginY});
+    layout.x.offset = -area.marginX;
+    layout.y.offset = -area.marginY;
+    return layout;
+}
+
+RowsRead rowsRead(const SignalParameters& signal, const PaddedArea& area, Span rows) {
+    RowsRead read{.height = area.height};
+    const std::int32_t origin = paddedOriginY(signal, area);
+    if (!gunsApart(signal)) {
+        read.spans[0] = indicesOf(rows.first, rows.end, origin, area.height);
+        return read;
+    }
+    const float offsets[] = {signal.gunRedY, signal.gunGreenY, signal.gunBlueY};
+    for (std::size_t gun = 0; gun < read.spans.size(); ++gun) {
+        const auto rowOf = [&](std::int32_t y) {
+            return std::int64_t{truncateToInt(static_cast<float>(y) - offsets[gun])};
+        };
+        read.spans[gun] =
+            indicesOf(rowOf(rows.first), rowOf(rows.end - 1) + 1, origin, area.height);
+    }
+    return read;
+}
+
+template <class P>
+bool padSource(const SignalParameters& signal, const PaddedArea& area, const RowsRead& rows,
+               VxTexture<P>& source, VxTexture<P>& padded, const VxImgProc& run) {
+    padded.setFill(source.fill);
+    padded.allocateLayout(paddedLayout(source, area));
+    if (!padded.data) {
+        raiseOutOfMemory(run.interrupt);
+        return false;
+    }
+    // Wrap in both directions makes the picture roll with its border as one closed loop. The
+    // vertical offset comes in by way of the origin, at reading.
+    padded.setOrigin(-area.marginX, paddedOriginY(signal, area));
+    padded.x.offset = -area.marginX;
+    padded.y.offset = -area.marginY;
+    padded.setEdgeMethods(kEdgeWrap, kEdgeWrap);
+
+    Padder<P> padder;
+    padder.interrupt = run.interrupt;
+    padder.useThreads = run.useThreads;
+    padder.rowsRead = &rows;
+    padder.process(source, padded);
+    if (interruptCheck(run.interrupt)) return false;
+    paintBorder(signal, area, rows, padded, run);
+    return true;
+}
+
+template bool padSource(const SignalParameters&, const PaddedArea&, const RowsRead&,
+                        VxTexture<Rgba8>&, VxTexture<Rgba8>&, const VxImgProc&);
+template bool padSource(const SignalParameters&, const PaddedArea&, const RowsRead&,
+                        VxTexture<RgbaS214>&, VxTexture<RgbaS214>&, const VxImgProc&);
+
+}  // namespace ruvex
