@@ -2,6 +2,7 @@
 
 #include <benchmark/benchmark.h>
 #include <cstring>
+#include <memory>
 
 #include "parameters/ruvex_interface.h"
 
@@ -10,11 +11,21 @@ namespace {
 
 constexpr double kTime = 2.4;
 
-runtime::EffectSession openSession(const runtime::Project& project) {
+// The frame that is held by looks that repeat frames. It is not made anew: what an effect leaves in
+// it costs the next render as much.
+struct HeldFrame : runtime::InputProvider {
+    explicit HeldFrame(ComPtr<CDSMemoryImage> held) : image(std::move(held)) {}
+    ComPtr<IDSImage> imageAt(double) override { return image; }
+
+    ComPtr<CDSMemoryImage> image;
+};
+
+runtime::EffectSession openSession(const runtime::Project& project,
+                                   const ComPtr<CDSMemoryImage>& held) {
     runtime::openProject(project);
     return runtime::EffectSession({.module = runtime::Module::load(RUVEX_MODULE_FILE),
                                    .project = project,
-                                   .provider = {},
+                                   .provider = std::make_shared<HeldFrame>(held),
                                    .interruption = {}});
 }
 
@@ -22,10 +33,10 @@ runtime::EffectSession openSession(const runtime::Project& project) {
 
 TelevisionFrame::TelevisionFrame(FrameSize size, const GUID& format, int workers, int preset)
     : project_{.width = size.width, .height = size.height},
-      session_(openSession(project_)),
       master_(runtime::makeProjectImage(project_, size.width, size.height, format)),
       input_(runtime::makeProjectImage(project_, size.width, size.height, format)),
-      output_(runtime::makeProjectImage(project_, size.width, size.height, format)) {
+      output_(runtime::makeProjectImage(project_, size.width, size.height, format)),
+      session_(openSession(project_, input_)) {
     static_cast<IRuvexControl*>(session_.ownInterface(kRuvexControlId))->setWorkerCount(workers);
     for (const PresetRow& line : presetTable()) {
         if (const auto value = line.value(preset)) {

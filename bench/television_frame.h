@@ -38,8 +38,8 @@ public:
 
 private:
     runtime::Project project_;
-    runtime::EffectSession session_;
     ComPtr<CDSMemoryImage> master_, input_, output_;
+    runtime::EffectSession session_;
 };
 
 }  // namespace ruvex::bench

@@ -42,7 +42,7 @@ struct GhostLoops {
         float base[Width], sum[Width];
         begin<Width>(row + at, base, sum);
         for (std::int32_t g = 0; g < ghostCount; ++g) {
-            accumulate<Width>(base, ghosts[g]->c + at, weights[g], sum);
+            accumulate<Width>(base, components(ghosts[g]) + at, weights[g], sum);
         }
         store<Width>(sum, to + at);
     }
@@ -51,13 +51,13 @@ struct GhostLoops {
                       std::int32_t ghostCount, std::int32_t count, P* to) {
         constexpr int kWide = 64;
         constexpr int kNarrow = 4;
-        const std::ptrdiff_t components = std::ptrdiff_t{count} * 4;
+        const std::ptrdiff_t end = std::ptrdiff_t{count} * 4;
         std::ptrdiff_t at = 0;
-        for (; at + kWide <= components; at += kWide) {
-            block<kWide>(row->c, ghosts, at, weights, ghostCount, to->c);
+        for (; at + kWide <= end; at += kWide) {
+            block<kWide>(components(row), ghosts, at, weights, ghostCount, components(to));
         }
-        for (; at < components; at += kNarrow) {
-            block<kNarrow>(row->c, ghosts, at, weights, ghostCount, to->c);
+        for (; at < end; at += kNarrow) {
+            block<kNarrow>(components(row), ghosts, at, weights, ghostCount, components(to));
         }
     }
 };

@@ -88,9 +88,9 @@ struct GrainLoops {
             Component result[kWidth];
             const std::int32_t n = count - i >= kPixels ? kPixels : 1;
             if (n == kPixels) {
-                block<Banded, kWidth>(from[i].c, values + 4 * i, lanes, shape, result);
+                block<Banded, kWidth>(components(from + i), values + 4 * i, lanes, shape, result);
             } else {
-                block<Banded, 4>(from[i].c, values + 4 * i, lanes, shape, result);
+                block<Banded, 4>(components(from + i), values + 4 * i, lanes, shape, result);
             }
             std::memcpy(static_cast<void*>(to + i), result,
                         static_cast<std::size_t>(n) * sizeof(P));

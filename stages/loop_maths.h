@@ -13,6 +13,16 @@ namespace ruvex::detail {
     return __builtin_fabsf(value);
 }
 
+/// The components of a row of pixels, one after the other: pixels have nothing between them.
+template <class P>
+[[gnu::always_inline]] inline const typename P::Component* components(const P* row) {
+    return reinterpret_cast<const typename P::Component*>(row);
+}
+template <class P>
+[[gnu::always_inline]] inline typename P::Component* components(P* row) {
+    return reinterpret_cast<typename P::Component*>(row);
+}
+
 /// Holds to 0..top, truncated. Not a number becomes 0. In a form that is widened.
 template <class P>
 [[gnu::always_inline]] inline std::int32_t held(float value) {

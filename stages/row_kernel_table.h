@@ -21,6 +21,7 @@ inline constexpr RowKernels<P> kRowKernels{.hold = SignalLoops<P, Processor>::ho
                                            .addGrain = GrainLoops<P, Processor>::addGrain,
                                            .points = ShashLoops<P, Processor>::points,
                                            .bars = ShashLoops<P, Processor>::bars,
+                                           .dim = SignalLoops<P, Processor>::dim,
                                            .dashes = ShashLoops<P, Processor>::dashes};
 
 }  // namespace ruvex::detail

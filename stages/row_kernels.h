@@ -40,6 +40,8 @@ struct RowKernels {
                    const float* harmonics, std::int32_t count, P* to);
     /// Bars from noise and light, the latter in raw units.
     void (*bars)(const float* noise, const float* light, std::int32_t count, P* to);
+    /// Multiplies all four components and truncates. In place or not.
+    void (*dim)(const P* from, std::int32_t count, float factor, P* to);
     /// Dashes from noise and colours. The edges of dashes keep the alpha that `to` has there.
     void (*dashes)(const float* noise, const P* colours, std::int32_t count, P* to);
 };

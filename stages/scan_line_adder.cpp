@@ -1,24 +1,9 @@
 #include "stages/scan_line_adder.h"
 
-#include "imaging/line_copier.h"
-#include "imaging/pixel_convert.h"
+#include "stages/row_kernels.h"
+#include "stages/source_runs.h"
 
 namespace ruvex {
-namespace {
-
-template <class P>
-void dim(P* to, const SourceRun<P>& run, const P& fill, float factor) {
-    using Component = typename P::Component;
-    const P* from = run.pixels ? run.pixels : &fill;
-    for (std::int32_t i = 0; i < run.length; ++i) {
-        const P& pixel = from[std::ptrdiff_t{i} * run.step];
-        for (int k = 0; k < 4; ++k) {
-            to[i].c[k] = storeTruncated<Component>(static_cast<float>(pixel.c[k]) * factor);
-        }
-    }
-}
-
-}  // namespace
 
 template <class P>
 float VxScanLineAdder<P>::factorOf(std::int32_t y) const {
@@ -33,11 +18,13 @@ void VxScanLineAdder<P>::run() {
     for (std::int32_t y = rows.first; y < rows.end; ++y) {
         if (interruptCheck(this->interrupt)) return;
         const float factor = factorOf(y);
-        for (std::int32_t x = columns.first; x < columns.end;) {
-            const SourceRun<P> run = sourceRun(*this->source, x, y, columns.end);
-            dim(this->target->writeAt(x, y), run, this->source->fill, factor);
-            x += run.length;
-        }
+        if (columns.first >= columns.end) continue;
+        P* const to = this->target->writeAt(columns.first, y);
+        overRuns(*this->source, columns.first, y, columns.end - columns.first,
+                 [&](const P* from, std::int32_t step, std::int32_t done, std::int32_t length) {
+                     P* const out = to + done;
+                     bestRowKernels<P>().dim(inLine(from, step, length, out), length, factor, out);
+                 });
     }
 }
 

@@ -158,6 +158,16 @@ struct SignalLoops {
                 w.store(tone(r), tone(g), tone(b), pixels + i);
             });
     }
+
+    static void dim(const P* from, std::int32_t count, float factor, P* to) {
+        using Component = typename P::Component;
+        const Component* const in = components(from);
+        Component* const out = components(to);
+#pragma GCC ivdep
+        for (std::int32_t i = 0; i < 4 * count; ++i) {
+            out[i] = static_cast<Component>(truncateToInt(static_cast<float>(in[i]) * factor));
+        }
+    }
 };
 
 }  // namespace ruvex::detail

@@ -114,6 +114,13 @@ TYPED_TEST(RowKernelProperty, SaturationAndGain) {
     });
 }
 
+TYPED_TEST(RowKernelProperty, Dimming) {
+    this->forCases(9, [&](Random& random, std::int32_t count) {
+        const float factor = random.chance(10) ? 1e20f : random.real(-2.0f, 2.0f);
+        this->compare(random, count, [&](auto& k, auto* to) { k.dim(to, count, factor, to); });
+    });
+}
+
 TYPED_TEST(RowKernelProperty, Ghosts) {
     this->forCases(5, [&](Random& random, std::int32_t count) {
         const std::int32_t ghosts = random.whole(0, 12);
