@@ -84,11 +84,13 @@ bool RuvexSampler<P>::displaced() const {
 }
 
 // A picture that stays where it is can be read from the source, unless that is written at the same
-// time.
+// time. The border begins where the picture ends, which may be within the source.
 template <class P>
 bool RuvexSampler<P>::needsPadding() const {
+    const std::int32_t bottom = truncateToInt(static_cast<float>(area_.marginY) + signal.height);
+    const std::int32_t border = wrapSubtract(bottom, area_.marginY);
     const bool inside = this->x0 >= 0 && this->y0 >= 0 && this->x1 <= this->source->x.size &&
-                        this->y1 <= this->source->y.size;
+                        this->y1 <= std::min(this->source->y.size, border);
     return displaced() || !inside || overlap(*this->source, workTexture);
 }
 
