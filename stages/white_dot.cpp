@@ -133,7 +133,11 @@ void glowAroundDot(const SignalParameters& signal, float scaleY, VxTexture<P>& t
     blur.setWindow(truncateToInt(u + originX - glowX), truncateToInt(v * 0.5f + originY - glowY),
                    truncateToInt(signal.width - u + glowX),
                    truncateToInt(signal.height - v * 0.5f + glowY));
-    blur.process(&target, &target);
+    // Read where it is written, wherever the host places the output.
+    VxTexture<P> dot;
+    dot.refer(target);
+    dot.setOrigin(dot.x.offset, dot.y.offset);
+    blur.process(&dot, &dot);
 }
 
 template void shrinkToDot(const SignalParameters&, const VxTexture<Rgba8>&, VxTexture<Rgba8>&, Span,
