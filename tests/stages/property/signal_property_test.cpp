@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/stages/property/television_case.h"
+#include "tests/stages/property/television_comparison.h"
 
 namespace ruvex::test {
 namespace {

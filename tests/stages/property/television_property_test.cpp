@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/stages/property/television_case.h"
+#include "tests/stages/property/television_comparison.h"
 
 namespace ruvex::test {
 namespace {
@@ -30,6 +30,14 @@ TYPED_TEST(TelevisionProperty, Shash) {
     });
 }
 
+TYPED_TEST(TelevisionProperty, AShashThatDrawsNothingOverWhateverWasThere) {
+    compareCases<TypeParam>(cases(40), [](Random& random, SignalParameters& signal) {
+        chooseFaults<TypeParam>(random, signal);
+        chooseShash(random, signal);
+        drawNoShash(signal);
+    });
+}
+
 TYPED_TEST(TelevisionProperty, CreepingLines) {
     compareCases<TypeParam>(cases(400), chooseLines);
 }
@@ -46,53 +54,7 @@ TYPED_TEST(TelevisionProperty, TheWhiteDot) {
 }
 
 TYPED_TEST(TelevisionProperty, AllStagesAtOnce) {
-    compareCases<TypeParam>(cases(100), [](Random& random, SignalParameters& signal) {
-        chooseTones<TypeParam>(random, signal);
-        chooseRoll(random, signal);
-        chooseEdges(random, signal);
-        chooseColourLoss(random, signal);
-        if (random.chance(50)) chooseGuns(random, signal);
-        chooseGhosts(random, signal);
-        chooseSnow(random, signal);
-        chooseLines(random, signal);
-        chooseTransport(random, signal);
-        if (random.chance(50)) chooseShash(random, signal);
-        if (random.chance(30)) signal.whiteDot = random.real(0.0f, 0.5f);
-    });
-}
-
-// One worker, so that no share begins elsewhere, and without ghosts, which see what lies outside.
-TYPED_TEST(TelevisionProperty, ARegionIsItsPartOfThePicture) {
-    for (int i = 0; i < cases(100); ++i) {
-        Workers one(1);
-        Random random(static_cast<std::uint32_t>(i) + 1);
-        auto set = randomTelevision<TypeParam>(random);
-        chooseTones<TypeParam>(random, set->signal);
-        chooseRoll(random, set->signal);
-        chooseEdges(random, set->signal);
-        chooseColourLoss(random, set->signal);
-        chooseGuns(random, set->signal);
-        chooseSnow(random, set->signal);
-        set->signal.snowSoftness = 0.0f;
-        const auto before = set->target.memory;
-        set->run();
-        auto wanted = before;
-        const auto whole = set->target.memory;
-        const int width = set->target.width(), height = set->target.height();
-        Window& window = set->window.emplace();
-        window.left = random.whole(0, width - 1);
-        window.right = random.whole(window.left, width - 1);
-        window.top = random.whole(0, height - 1);
-        window.bottom = random.whole(window.top, height - 1);
-        for (int y = window.top; y <= window.bottom; ++y) {
-            for (int x = window.left; x <= window.right; ++x) {
-                wanted[set->target.indexOf(x, y)] = whole[set->target.indexOf(x, y)];
-            }
-        }
-        set->target.memory = before;
-        set->run();
-        ASSERT_EQ(firstDifference(set->target.memory, wanted), "") << "case " << i;
-    }
+    compareCases<TypeParam>(cases(100), chooseFaults<TypeParam>);
 }
 
 }  // namespace

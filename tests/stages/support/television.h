@@ -49,7 +49,16 @@ struct Window {
 template <class P>
 struct Television {
     Television(std::int32_t width, std::int32_t height, std::uint32_t seed = 1)
-        : signal(perfectSignal(width, height)), source(width, height), target(width, height) {
+        : Television({width, height}, {width, height}, seed) {}
+
+    /// A source and a target of different sizes; the signal's is the source's.
+    struct Size {
+        std::int32_t width, height;
+    };
+    Television(Size from, Size to, std::uint32_t seed = 1)
+        : signal(perfectSignal(from.width, from.height)),
+          source(from.width, from.height),
+          target(to.width, to.height) {
         Random random(seed);
         fillWithSignal(source, random);
         target.scribble(random);
@@ -62,9 +71,16 @@ struct Television {
         sampler->scaleX = aspect;
         sampler->scaleY = 1.0f / aspect;
         sampler->interrupt = &record;
+        sampler->keepWindow = keepWindow;
+        sampler->useThreads = useThreads;
         if (window) sampler->setWindow(window->left, window->top, window->right, window->bottom);
         sampler->process(source.texture, target.texture);
         return *this;
+    }
+    /// Places the target elsewhere in image space.
+    void placeTarget(std::int32_t x, std::int32_t y) {
+        target.texture.x.offset = x;
+        target.texture.y.offset = y;
     }
     const P& shown(std::int32_t x, std::int32_t y) { return target.at(x, y); }
     const P& sent(std::int32_t x, std::int32_t y) { return source.at(x, y); }
@@ -85,6 +101,8 @@ struct Television {
     Canvas<P> source;
     Canvas<P> target;
     std::optional<Window> window;  ///< inclusive corners; without it the whole picture is made
+    bool keepWindow = false;
+    bool useThreads = true;
     InterruptionRecord record;
     std::optional<RuvexSampler<P>> sampler;
 };

@@ -17,14 +17,13 @@ public:
     DotTwin(TwinPicture<P>& picture, const SignalParameters& signal)
         : picture_(picture), s_(signal) {}
 
-    TwinPicture<P> shrunk(int workers) {
-        TwinPicture<P> result(0, 0, picture_.width, picture_.height);
-        for (const TwinShare& share : twinShares(0, picture_.height, workers)) {
+    /// Draws the picture shrunk into an area that is black.
+    void shrink(TwinPicture<P>& to, const TwinArea& area, int workers) {
+        for (const TwinShare& share : twinShares(area.top, area.height(), workers)) {
             for (int y = std::max(top(), share.first); y < std::min(bottom(), share.end); ++y) {
-                for (int x = 0; x < picture_.width; ++x) result.at(x, y) = pixel(x, y, share);
+                for (int x = area.left; x < area.right; ++x) to.at(x, y) = pixel(x, y, share);
             }
         }
-        return result;
     }
 
     void glow(TwinPicture<P>& dot, float scaleY) const {
@@ -36,6 +35,9 @@ public:
         const float u = (1.0f - size(q * -100.0f * d)) * s_.width * 0.5f;
         VxTexture<P> texture;
         texture.wrap(dot.width, dot.height, dot.pixels.data());
+        texture.setOrigin(dot.left, dot.top);
+        texture.x.offset = dot.left;
+        texture.y.offset = dot.top;
         BlurGeneralGauss<P> blur;
         blur.radiusX = glowX / 3.0f;
         blur.radiusY = glowY / 3.0f;
@@ -62,7 +64,9 @@ private:
                                         : static_cast<float>(share.first);
         const float skip = 1.0f / high();
         for (int row = std::max(top(), share.first); row < y; ++row) {
-            if (static_cast<float>(picture_.height) > skip + sy) sy += skip;
+            const float rows =
+                static_cast<float>(picture_.height) + static_cast<float>(picture_.top);
+            if (rows > skip + sy) sy += skip;
         }
         return sy;
     }
@@ -78,10 +82,12 @@ private:
         if (x < left || x >= right) return P{};
         float sx = 0.0f;
         for (int column = left; column < x; ++column) sx += skip;
-        const int row = std::clamp(truncateToInt(sourceRow(y, share)), 0, picture_.height - 1);
+        const TwinArea source = picture_.area();
+        const int row =
+            std::clamp(truncateToInt(sourceRow(y, share)), source.top, source.bottom - 1);
         float sum[3] = {};
         for (int n = 0; static_cast<float>(n) < skip; ++n) {
-            const int column = std::clamp(truncateToInt(sx) + n, 0, picture_.width - 1);
+            const int column = std::clamp(truncateToInt(sx) + n, source.left, source.right - 1);
             for (int k = 0; k < 3; ++k) {
                 sum[k] += static_cast<float>(picture_.at(column, row).c[k]);
             }

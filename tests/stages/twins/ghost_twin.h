@@ -14,7 +14,7 @@ P ghostPixelTwin(TwinPicture<P>& picture, const SignalParameters& s, int x, int 
     float strength = (s.breakup - s.ghostThreshold) / (1.0f - s.ghostThreshold);
     if (strength < 0.0f) strength = 0.0f;
     if (strength > 1.0f) strength = 1.0f;
-    const P here = picture.at(x, y);
+    const P here = picture.wrapped(x, y);
     float sum[4];
     for (int k = 0; k < 4; ++k) sum[k] = here.c[k];
     for (int ghost = 0; ghost < s.numGhosts; ++ghost) {
@@ -36,18 +36,14 @@ P ghostPixelTwin(TwinPicture<P>& picture, const SignalParameters& s, int x, int 
     return result;
 }
 
-/// The picture without its margins: with ghosts, or as it came.
+/// An area of the signal, into `to`: with ghosts, or as it came.
 template <class P>
-TwinPicture<P> ghostsTwin(TwinPicture<P>& signal, const SignalParameters& s, int width,
-                          int height) {
-    TwinPicture<P> result(0, 0, width, height);
+void ghostsTwin(TwinPicture<P>& signal, const SignalParameters& s, const TwinArea& area,
+                TwinPicture<P>& to) {
     const bool haunted = s.breakup > s.ghostThreshold && s.numGhosts != 0;
-    for (int y = 0; y < height; ++y) {
-        for (int x = 0; x < width; ++x) {
-            result.at(x, y) = haunted ? ghostPixelTwin(signal, s, x, y) : signal.at(x, y);
-        }
-    }
-    return result;
+    area.forEach([&](int x, int y) {
+        to.at(x, y) = haunted ? ghostPixelTwin(signal, s, x, y) : signal.wrapped(x, y);
+    });
 }
 
 }  // namespace ruvex::test

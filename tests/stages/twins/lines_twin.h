@@ -17,9 +17,11 @@ public:
     LinesTwin(TwinPicture<P>& picture, const SignalParameters& signal)
         : picture_(picture), s_(signal) {}
 
-    void draw(int workers) {
+    void draw(const TwinArea& area, int workers) {
         if (!(s_.breakup > s_.lineThreshold) || s_.lineThreshold >= 1.0f) return;
-        for (const TwinShare& share : twinShares(0, picture_.height, workers)) drawShare(share);
+        for (const TwinShare& share : twinShares(area.top, area.height(), workers)) {
+            drawShare(share);
+        }
     }
 
 private:
@@ -104,7 +106,8 @@ private:
     }
 
     void dot(int x, int y) {
-        if (x < 0 || x >= picture_.width || y < 0 || y >= picture_.height) return;
+        const TwinArea area = picture_.area();
+        if (x < area.left || x >= area.right || y < area.top || y >= area.bottom) return;
         const float strength = (s_.breakup - s_.lineThreshold) / (1.0f - s_.lineThreshold);
         P& pixel = picture_.at(x, y);
         using Component = typename P::Component;

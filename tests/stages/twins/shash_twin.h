@@ -20,13 +20,14 @@ inline float fractionTwin(std::uint32_t n) {
 template <class P>
 class ShashTwin {
 public:
-    ShashTwin(TwinPicture<P>& picture, const SignalParameters& signal, float scaleY)
-        : picture_(picture), s_(signal), scaleY_(scaleY) {}
+    ShashTwin(TwinPicture<P>& picture, const SignalParameters& signal, float scaleY,
+              const TwinArea& area)
+        : picture_(picture), s_(signal), scaleY_(scaleY), area_(area) {}
 
     void draw(int type, int workers) {
-        for (const TwinShare& share : twinShares(0, picture_.height, workers)) {
+        for (const TwinShare& share : twinShares(area_.top, area_.height(), workers)) {
             for (int y = share.first; type < 2 && y < share.end; ++y) {
-                for (int x = 0; x < picture_.width; ++x) {
+                for (int x = area_.left; x < area_.right; ++x) {
                     picture_.at(x, y) =
                         type == 0 ? grain(x, y - share.first) : bar(x, y, y - share.first);
                 }
@@ -109,15 +110,15 @@ private:
             }
         };
         const auto newLength = [&] {
-            return static_cast<int>(static_cast<float>(static_cast<int>(uniform(seed) * 10.0f)) *
-                                    s_.scale * scaleY_);
+            return truncateToInt(static_cast<float>(static_cast<int>(uniform(seed) * 10.0f)) *
+                                 s_.scale * scaleY_);
         };
         for (int y = share.first; y < share.end; ++y) {
             const float shift = uniform(seed) * 100.0f;
             P colour{};
             newColour(colour);
             int length = newLength();
-            for (int x = 0, count = 0; x < picture_.width; ++x) {
+            for (int x = area_.left, count = 0; x < area_.right; ++x) {
                 if (count > length) {
                     if (static_cast<double>(uniform(seed)) > 0.7) {
                         colour = white();
@@ -159,12 +160,13 @@ private:
         }
         const float from = std::fabs(static_cast<float>(s_.outputFrame) * 12541.0f);
         noise.seed = static_cast<std::uint32_t>(static_cast<std::int64_t>(from)) + 1u;
-        NoiseOver<P>(noise, picture_).run();
+        NoiseOver<P>(noise, picture_, area_).run();
     }
 
     TwinPicture<P>& picture_;
     const SignalParameters& s_;
     float scaleY_;
+    TwinArea area_;
 };
 
 inline int shashTypeTwin(const SignalParameters& s) {
@@ -174,23 +176,23 @@ inline int shashTypeTwin(const SignalParameters& s) {
     return static_cast<int>(uniform(seed) * 5.0f);
 }
 
-/// Mixes the pattern into `picture`; `work` is what it is drawn over.
+/// Mixes the pattern into an area of `picture`; `work` is what it is drawn over.
 template <class P>
 void shashTwin(TwinPicture<P>& picture, TwinPicture<P> work, const SignalParameters& s,
-               float scaleY, int workers) {
+               float scaleY, int workers, const TwinArea& area) {
     const float mix = rampTwin(s.breakup, s.shashAmountMax, s.shashThreshold);
     if (!(mix > 0.0f)) return;
-    ShashTwin<P>(work, s, scaleY).draw(shashTypeTwin(s), workers);
+    ShashTwin<P>(work, s, scaleY, area).draw(shashTypeTwin(s), workers);
     const float rest = 1.0f - mix;
-    for (std::size_t i = 0; i < picture.pixels.size(); ++i) {
+    area.forEach([&](int x, int y) {
         for (int k = 0; k < 4; ++k) {
-            auto& c = picture.pixels[i].c[k];
+            auto& c = picture.at(x, y).c[k];
             const float sum =
-                static_cast<float>(c) * rest + static_cast<float>(work.pixels[i].c[k]) * mix;
+                static_cast<float>(c) * rest + static_cast<float>(work.at(x, y).c[k]) * mix;
             const bool held = rest < 0.0f || mix < 0.0f || rest + mix > 1.0f;
             c = held ? heldTwin<P>(sum) : static_cast<typename P::Component>(truncateToInt(sum));
         }
-    }
+    });
 }
 
 }  // namespace ruvex::test

@@ -192,16 +192,13 @@ struct SignalPassTwin {
     }
 };
 
-/// The signal, with its margins.
+/// An area of the signal with its margins; nothing elsewhere.
 template <class P>
-TwinPicture<P> signalTwin(TwinPicture<P>& padded, const SignalParameters& signal) {
-    TwinPicture<P> result(padded.left, padded.top, padded.width, padded.height);
+TwinPicture<P> signalTwin(TwinPicture<P>& padded, const SignalParameters& signal,
+                          const TwinArea& made) {
+    auto result = TwinPicture<P>::blankLike(padded);
     const SignalPassTwin<P> twin{signal, padded};
-    for (int y = result.top; y < result.top + result.height; ++y) {
-        for (int x = result.left; x < result.left + result.width; ++x) {
-            result.at(x, y) = twin.pixel(x, y);
-        }
-    }
+    made.forEach([&](int x, int y) { result.at(x, y) = twin.pixel(x, y); });
     return result;
 }
 

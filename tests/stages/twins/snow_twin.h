@@ -20,6 +20,8 @@ struct NoiseTwin {
     float low[4] = {};  // fractions of white
     float high[4] = {};
     float softX[4] = {};
+    float softY[4] = {};
+    float aspect = 1.0f;
 };
 
 /// What the dead band leaves of a noise value.
@@ -35,51 +37,60 @@ inline float bandTwin(float v, float sparseness, float reach) {
     return v > 0.0f ? v : 0.0f;
 }
 
-/// Adds noise to each pixel of a picture that begins at (0, 0).
+/// Adds noise to each pixel of an area of a picture.
 template <class P>
 class NoiseOver {
 public:
-    NoiseOver(const NoiseTwin& noise, TwinPicture<P>& picture) : n_(noise), picture_(picture) {
+    NoiseOver(const NoiseTwin& noise, TwinPicture<P>& picture, const TwinArea& area)
+        : n_(noise), picture_(picture), area_(area) {
         for (int k = 0; k < 4; ++k) {
-            if ((k < 3 || n_.alpha) && n_.softX[k] > 0.0f) soft_ = true;
+            if ((k < 3 || n_.alpha) && (n_.softX[k] > 0.0f || n_.softY[k] > 0.0f)) soft_ = true;
         }
+        if (area_.width() < 1 || area_.height() < 1) soft_ = false;
         if (soft_) makeSoftNoise();
     }
 
     void run() {
         if (n_.sparseness >= 1.0f) return;
-        for (int y = 0; y < picture_.height; ++y) {
-            for (int x = 0; x < picture_.width; ++x) {
-                P& pixel = picture_.at(x, y);
-                pixel = n_.colour ? colourPixel(pixel, x, y) : greyPixel(pixel, x, y);
-            }
-        }
+        area_.forEach([&](int x, int y) {
+            P& pixel = picture_.at(x, y);
+            pixel = n_.colour ? colourPixel(pixel, x, y) : greyPixel(pixel, x, y);
+        });
     }
 
 private:
     static constexpr float kStep = 4.656613e-10f;
 
     void makeSoftNoise() {
-        const int right = picture_.width - 1;
-        const int bottom = picture_.height - 1;
         if (n_.colour) {
-            colours_.allocateRegion(0, 0, right, bottom, Contents::Zero);
+            colours_.allocateRegion(area_.left, area_.top, area_.right - 1, area_.bottom - 1,
+                                    Contents::Zero);
             VxRGBANoiseGen generator;
             generator.seed = n_.seed;
             generator.alpha = n_.alpha;
             for (int k = 0; k < 4; ++k) {
                 generator.scale[k] = (n_.high[k] - n_.low[k]) * kTwinWhite<P>;
                 generator.blurX[k] = n_.softX[k];
+                generator.blurY[k] = n_.softY[k];
             }
+            giveAspect(generator);
             generator.process(colours_);
         } else {
-            greys_.allocateRegion(0, 0, right, bottom, Contents::Zero);
+            greys_.allocateRegion(area_.left, area_.top, area_.right - 1, area_.bottom - 1,
+                                  Contents::Zero);
             VxNoiseGen generator;
             generator.seed = n_.seed;
             generator.scale = n_.high[0] * kTwinWhite<P> - n_.low[0] * kTwinWhite<P>;
             generator.blurX = n_.softX[0];
+            generator.blurY = n_.softY[0];
+            giveAspect(generator);
             generator.process(greys_);
         }
+    }
+
+    void giveAspect(VxImgProc& generator) const {
+        generator.scaleX = n_.aspect < 0.001f ? 0.001f : n_.aspect;
+        generator.scaleY = 1.0f / generator.scaleX;
     }
 
     float hash(int x, int y, int component) const {
@@ -125,6 +136,7 @@ private:
 
     const NoiseTwin& n_;
     TwinPicture<P>& picture_;
+    TwinArea area_;
     bool soft_ = false;
     VxTexture<RgbaInt> colours_;
     VxTexture<ChannelInt> greys_;
@@ -132,7 +144,8 @@ private:
 
 /// The snow of a weak signal, in place.
 template <class P>
-void snowTwin(TwinPicture<P>& picture, const SignalParameters& s, float scaleY) {
+void snowTwin(TwinPicture<P>& picture, const SignalParameters& s, float scaleY,
+              const TwinArea& area) {
     if (!(s.breakup > s.snowThreshold) || s.snowMax == 0.0f) return;
     const float amount = rampTwin(s.breakup, s.snowMax, s.snowThreshold);
     NoiseTwin noise;
@@ -146,7 +159,7 @@ void snowTwin(TwinPicture<P>& picture, const SignalParameters& s, float scaleY) 
     }
     const float start = std::fabs(static_cast<float>(s.sourceFrame) * 12541.0f);
     noise.seed = static_cast<std::uint32_t>(static_cast<std::int64_t>(start)) + 1u;
-    NoiseOver<P>(noise, picture).run();
+    NoiseOver<P>(noise, picture, area).run();
 }
 
 }  // namespace ruvex::test

@@ -17,12 +17,12 @@ template <class P>
 class TransportTwin {
 public:
     TransportTwin(TwinPicture<P>& work, TwinPicture<P>& shown, const SignalParameters& signal,
-                  float scaleY)
-        : work_(work), shown_(shown), s_(signal), scaleY_(scaleY) {}
+                  float scaleY, const TwinArea& area)
+        : work_(work), shown_(shown), s_(signal), scaleY_(scaleY), area_(area) {}
 
     void run(int workers) {
         if (s_.dvdMode == 1) return;
-        for (const TwinShare& share : twinShares(0, work_.height, workers)) {
+        for (const TwinShare& share : twinShares(area_.top, area_.height(), workers)) {
             share_ = share;
             if (s_.playState == 0) fast();
             if (s_.playState == 1) slow();
@@ -42,16 +42,17 @@ private:
         }
     }
 
-    void tear(int c, int b, float shiftTop, float shiftBottom, float mix) {
-        for (int y = c - b; y < c + b; ++y) {
-            if (!mine(y)) continue;
+    // Far out of sight a band may lie anywhere.
+    void tear(std::int64_t c, int b, float shiftTop, float shiftBottom, float mix) {
+        for (int y = share_.first; y < share_.end; ++y) {
+            if (y < c - b || y >= c + b) continue;
             const bool upper = y <= c;
-            const int e = upper ? y - (c - b) : c + b - y;
+            const auto e = upper ? y - (c - b) : c + b - y;
             const float part = static_cast<float>(e) / static_cast<float>(b);
             const float shift = (upper ? shiftTop : shiftBottom) * (part * part);
             const float k =
                 upper ? mix * static_cast<float>(y - (c - b)) / static_cast<float>(b) : 0.0f;
-            for (int x = 0; x < work_.width; ++x) {
+            for (int x = area_.left; x < area_.right; ++x) {
                 const P from = work_.mirrored(truncateToInt(static_cast<float>(x) + shift), y);
                 P& to = shown_.at(x, y);
                 const int r = from.c[0], blue = from.c[2];
@@ -102,7 +103,7 @@ private:
             const float r = uniform(a) * 1000.0f;
             const double bow = maths::sin((static_cast<float>(y) - y49) * 3.1415927f / w49) * 1.5;
             const float envelope = bow > 0.0 ? static_cast<float>(bow) : 0.0f;
-            for (int x = 0; x < work_.width; ++x) {
+            for (int x = area_.left; x < area_.right; ++x) {
                 const float t = static_cast<float>(x) / (s_.width * scaleY_ / cells) + r;
                 const float n = noiseTable().fractalNoise(t, 2);
                 float f = broad ? std::fabs(n) * envelope : std::fabs(n * 3.0f);
@@ -116,7 +117,7 @@ private:
         auto a = static_cast<std::uint32_t>(s_.seed + s_.framesAtLowSpeed * 10);
         const float g = s_.framesAtLowSpeed % 2 != 0 ? 0.6f : 0.4f;
         for (int y = share_.first; y < share_.end; ++y) {
-            for (int x = 0; x < work_.width; ++x) twice(x, y, g);
+            for (int x = area_.left; x < area_.right; ++x) twice(x, y, g);
         }
         if (s_.framesAtLowSpeed < 10) {
             const float place = s_.height * (s_.framesAtLowSpeed < 5 ? 0.6f : 0.3f);
@@ -134,7 +135,7 @@ private:
             const float fade = static_cast<float>(maths::cos(static_cast<float>(y) * 1.5707964f /
                                                              static_cast<float>(end))) *
                                0.5f;
-            for (int x = 0; x < work_.width; ++x) {
+            for (int x = area_.left; x < area_.right; ++x) {
                 const float t = static_cast<float>(x) / (s_.width * scaleY_ / 10.0f) + r;
                 float f = noiseTable().fractalNoise(t, 2) * fade;
                 f = f > 0.0f ? (f > 1.0f ? 1.0f : f) : 0.0f;
@@ -158,6 +159,7 @@ private:
     TwinPicture<P>& shown_;
     const SignalParameters& s_;
     float scaleY_;
+    TwinArea area_;
     TwinShare share_{};
 };
 

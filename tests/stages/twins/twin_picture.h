@@ -12,12 +12,31 @@
 
 namespace ruvex::test {
 
+/// A part of image space; its ends are exclusive.
+struct TwinArea {
+    int left, top, right, bottom;
+
+    int width() const { return right - left; }
+    int height() const { return bottom - top; }
+    /// Calls visit(x, y) for each of its pixels, row by row.
+    void forEach(auto visit) const {
+        for (int y = top; y < bottom; ++y) {
+            for (int x = left; x < right; ++x) visit(x, y);
+        }
+    }
+};
+
 template <class P>
 struct TwinPicture {
     TwinPicture(int x, int y, int columns, int rows)
         : left(x), top(y), width(columns), height(rows) {
         pixels.resize(static_cast<std::size_t>(columns) * static_cast<std::size_t>(rows));
     }
+    /// All zero, where `other` lies.
+    static TwinPicture blankLike(const TwinPicture& other) {
+        return {other.left, other.top, other.width, other.height};
+    }
+    TwinArea area() const { return {left, top, left + width, top + height}; }
     P& at(int x, int y) {
         return pixels[static_cast<std::size_t>(y - top) * static_cast<std::size_t>(width) +
                       static_cast<std::size_t>(x - left)];
