@@ -18,11 +18,15 @@ constexpr Ending kEndings[] = {
     {".png", FileKind::Png},   {".tif", FileKind::Tiff},       {".tiff", FileKind::Tiff},
     {".exr", FileKind::Exr},   {".dpx", FileKind::Dpx},        {".jpg", FileKind::Jpeg},
     {".jpeg", FileKind::Jpeg}, {".rgba8", FileKind::RawRgba8}, {".s214", FileKind::RawS214},
+    {".y4m", FileKind::Y4m},
 };
 
 }  // namespace
 
 FileKind fileKind(const std::filesystem::path& path) {
+    if (path == "-") {
+        return FileKind::Stream;
+    }
     const std::string ending = lowerCase(path.extension().string());
     const auto* found = std::find_if(std::begin(kEndings), std::end(kEndings),
                                      [&](const Ending& known) { return known.text == ending; });

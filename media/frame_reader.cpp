@@ -1,9 +1,12 @@
 #include "media/frame_reader.h"
 
+#include <unistd.h>
+
 #include "media/file_kind.h"
 #include "media/media_error.h"
 #include "media/sample_convert.h"
 #include "media/still_reader.h"
+#include "media/stream_reader.h"
 #include "media/video_reader.h"
 
 namespace ruvex::media {
@@ -12,17 +15,23 @@ bool FrameReader::read(std::int64_t number, Frame& frame) {
     if (number < info().first || number > info().last) {
         return false;
     }
-    frame = convertDepth(readOwn(number), depth_.value_or(info().depth));
-    return true;
+    auto found = readOwn(number);
+    if (found) {
+        frame = convertDepth(std::move(*found), depth_.value_or(info().depth));
+    }
+    return found.has_value();
 }
 
 std::unique_ptr<FrameReader> openReader(const std::filesystem::path& path,
                                         const ReadOptions& options) {
     const FileKind kind = fileKind(path);
+    if (kind == FileKind::Stream) {
+        return std::make_unique<StreamReader>(STDIN_FILENO, "standard input", options);
+    }
     if (!rawDepth(kind) && options.size) {
         throw MediaError(path.string() + " knows its own size. Give a size for raw frames only.");
     }
-    if (kind == FileKind::Video) {
+    if (!isStill(kind)) {
         return std::make_unique<VideoReader>(path, options);
     }
     return std::make_unique<StillReader>(path, options);

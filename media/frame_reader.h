@@ -8,6 +8,7 @@
 
 #include "media/alpha.h"
 #include "media/clip_info.h"
+#include "media/file_kind.h"
 
 namespace ruvex::media {
 
@@ -18,6 +19,9 @@ struct ReadOptions {
     /// How colour is stored beside alpha; the usual form of the input's kind without it. Frames
     /// are delivered straight.
     std::optional<AlphaForm> alpha{};
+    /// What standard input holds: Y4m, RawRgba8 or RawS214. Without it raw frames of 8 bits if
+    /// there is a size, else Y4M.
+    std::optional<FileKind> format{};
 };
 
 /// Reads a clip: a video, a still, numbered stills, raw frames. One thread at a time.
@@ -38,13 +42,15 @@ protected:
     explicit FrameReader(std::optional<Depth> depth) : depth_(depth) {}
 
 private:
-    /// A frame between info().first and info().last, at the input's own depth.
-    virtual Frame readOwn(std::int64_t number) = 0;
+    /// A frame between info().first and info().last, at the input's own depth; nothing if a stream
+    /// has ended before it.
+    virtual std::optional<Frame> readOwn(std::int64_t number) = 0;
 
     std::optional<Depth> depth_;
 };
 
-/// Opens `path`, by the ending of its name. Throws MediaError.
+/// Opens `path`, by the ending of its name; "-" is standard input, which can be opened but once.
+/// Throws MediaError.
 std::unique_ptr<FrameReader> openReader(const std::filesystem::path& path,
                                         const ReadOptions& options = {});
 

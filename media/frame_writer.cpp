@@ -1,14 +1,18 @@
 #include "media/frame_writer.h"
 
+#include <unistd.h>
+
 #include "media/file_kind.h"
 #include "media/media_error.h"
 #include "media/still_writer.h"
+#include "media/stream_writer.h"
 #include "media/video_writer.h"
 
 namespace ruvex::media {
 
 bool canWrite(const std::filesystem::path& path) {
-    return isStill(fileKind(path)) || VideoWriter::canWrite(path);
+    const FileKind kind = fileKind(path);
+    return kind != FileKind::Video || VideoWriter::canWrite(path);
 }
 
 std::string codecName(const std::filesystem::path& path) {
@@ -19,13 +23,26 @@ std::string codecName(const std::filesystem::path& path) {
             return "raw frames of 8 bits";
         case FileKind::RawS214:
             return "raw frames of S2.14";
+        case FileKind::Tiff:
+            return "TIFF";
+        case FileKind::Exr:
+            return "EXR";
+        case FileKind::Dpx:
+            return "DPX";
+        case FileKind::Jpeg:
+            return "JPEG";
+        case FileKind::Y4m:
+            return "Y4M";
+        case FileKind::Stream:
+            return "a stream";
         default:
             return VideoWriter::codecName(path);
     }
 }
 
 std::string writableEndings() {
-    return ".mp4, .m4v, .mov, .mkv, .png, .tif, .tiff, .exr, .dpx, .jpg, .jpeg, .rgba8, .s214";
+    return ".mp4, .m4v, .mov, .mkv, .y4m, .png, .tif, .tiff, .exr, .dpx, .jpg, .jpeg, .rgba8, "
+           ".s214";
 }
 
 std::unique_ptr<FrameWriter> openWriter(const std::filesystem::path& path,
@@ -36,10 +53,16 @@ std::unique_ptr<FrameWriter> openWriter(const std::filesystem::path& path,
                          "one of " +
                          writableEndings() + ".");
     }
-    if (isStill(fileKind(path))) {
-        return std::make_unique<StillWriter>(path, options);
+    switch (fileKind(path)) {
+        case FileKind::Video:
+            return std::make_unique<VideoWriter>(path, options);
+        case FileKind::Y4m:
+            return std::make_unique<StreamWriter>(path, options);
+        case FileKind::Stream:
+            return std::make_unique<StreamWriter>(STDOUT_FILENO, "standard output", options);
+        default:
+            return std::make_unique<StillWriter>(path, options);
     }
-    return std::make_unique<VideoWriter>(path, options);
 }
 
 }  // namespace ruvex::media

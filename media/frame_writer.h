@@ -8,6 +8,7 @@
 
 #include "media/alpha.h"
 #include "media/clip_info.h"
+#include "media/file_kind.h"
 
 namespace ruvex::media {
 
@@ -22,6 +23,11 @@ struct WriteOptions {
     std::optional<AlphaForm> alpha{};
     /// Of lossy kinds, from 1 to 100, the finest; each has its usual one. Refused for others.
     std::optional<int> quality{};
+    /// What goes to standard output: Y4m, RawRgba8 or RawS214; Y4M without it.
+    std::optional<FileKind> format{};
+    int bits = 8;                         ///< Of a component of deep Y4M; 16 where it says 8.
+    Chroma chroma = Chroma::Unspecified;  ///< Of Y4M; 4:2:0 where unspecified.
+    FieldOrder fields = FieldOrder::Progressive;  ///< For video and Y4M, to be marked so.
 };
 
 /// Takes frames in the order of their numbers. Nothing appears under a final name before it is
@@ -45,7 +51,7 @@ protected:
 /// Throws MediaError, without leaving anything behind, if the ending names no kind that can be
 /// written. Video: .mp4, .m4v, .mov (H.264), .mkv (FFV1, exact, with alpha). Stills: .png, .tif,
 /// .tiff, .exr, .dpx, .jpg, .jpeg, .rgba8, .s214, numbered by a pattern or a single one. A raw
-/// file's depth is its ending's, whatever the frames'.
+/// file's depth is its ending's, whatever the frames'. Streams: .y4m, and "-" for standard output.
 std::unique_ptr<FrameWriter> openWriter(const std::filesystem::path& path,
                                         const WriteOptions& options);
 

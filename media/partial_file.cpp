@@ -54,18 +54,6 @@ private:
     int fd_;
 };
 
-/// 0 or an errno.
-int writeAll(int fd, std::span<const std::byte> bytes) {
-    while (!bytes.empty()) {
-        const ssize_t written = ::write(fd, bytes.data(), bytes.size());
-        if (written < 0 && errno != EINTR) {
-            return errno;
-        }
-        bytes = bytes.subspan(static_cast<std::size_t>(std::max<ssize_t>(written, 0)));
-    }
-    return 0;
-}
-
 /// The name that a temporary file was to get; empty for other files.
 std::string finalNameOf(const std::string& name) {
     const auto end = name.rfind(kPartial);
@@ -85,6 +73,17 @@ bool isAbandoned(const fs::path& file) {
 }
 
 }  // namespace
+
+int writeAll(int fd, std::span<const std::byte> bytes) {
+    while (!bytes.empty()) {
+        const ssize_t written = ::write(fd, bytes.data(), bytes.size());
+        if (written < 0 && errno != EINTR) {
+            return errno;
+        }
+        bytes = bytes.subspan(static_cast<std::size_t>(std::max<ssize_t>(written, 0)));
+    }
+    return 0;
+}
 
 std::string writeFailure(const fs::path& file, int code) {
     const std::string start = "Cannot write " + file.string() + ": ";

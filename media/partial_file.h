@@ -23,6 +23,9 @@ public:
     /// Where to write meanwhile. The file exists and is empty.
     const std::filesystem::path& path() const { return partial_; }
 
+    /// The temporary file, open for writing from its beginning; it stays this object's.
+    int descriptor() const { return lock_; }
+
     /// Writes all of it to the temporary file. Throws MediaError, a full disk included.
     void write(std::span<const std::byte> bytes);
 
@@ -41,6 +44,9 @@ void removeAbandoned(const std::filesystem::path& final);
 
 /// The sentence for a failed write: `code` is an errno. A full disk gets words of its own.
 std::string writeFailure(const std::filesystem::path& file, int code);
+
+/// All of it to a file descriptor; 0, or the errno of what failed.
+int writeAll(int descriptor, std::span<const std::byte> bytes);
 
 /// The whole of it into a file, complete or not at all.
 void writeWhole(const std::filesystem::path& file, std::span<const std::byte> bytes);

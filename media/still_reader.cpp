@@ -50,7 +50,7 @@ void StillReader::openStill() {
     info_.pixelAspect = first.pixelAspect;
 }
 
-Frame StillReader::readOwn(std::int64_t number) {
+std::optional<Frame> StillReader::readOwn(std::int64_t number) {
     const std::filesystem::path file = files_.file(number);
     if (rawDepth(kind_)) {
         Frame raw = readRawFrame(file, info_.size, info_.depth);

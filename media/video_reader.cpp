@@ -16,6 +16,13 @@ Rational pixelAspectOf(const AVFrame& picture, const AVStream& stream) {
     return {1, 1};
 }
 
+FieldOrder fieldsOf(const AVFrame& picture) {
+    if (picture.interlaced_frame == 0) {
+        return FieldOrder::Progressive;
+    }
+    return picture.top_field_first != 0 ? FieldOrder::TopFirst : FieldOrder::BottomFirst;
+}
+
 }  // namespace
 
 VideoReader::VideoReader(const std::filesystem::path& path, const ReadOptions& options)
@@ -42,7 +49,11 @@ void VideoReader::describe(const AVFrame& first) {
     info_.last = index_.count() - 1;
     info_.hasAlpha = convert_->hasAlpha();
     info_.pixelAspect = pixelAspectOf(first, decoder_.stream());
-    info_.colour = {first.color_primaries, first.color_trc, first.colorspace};
+    info_.colour = {first.color_primaries, first.color_trc, first.colorspace,
+                    first.color_range == AVCOL_RANGE_JPEG};
+    info_.bits = convert_->bits();
+    info_.chroma = convert_->chroma();
+    info_.fields = fieldsOf(first);
 }
 
 Frame VideoReader::toFrame() {
@@ -96,7 +107,7 @@ const Frame* VideoReader::reach(std::int64_t number) {
     return cache_.find(number);
 }
 
-Frame VideoReader::readOwn(std::int64_t number) {
+std::optional<Frame> VideoReader::readOwn(std::int64_t number) {
     if (const Frame* kept = cache_.find(number)) {
         return *kept;
     }

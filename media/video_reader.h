@@ -22,7 +22,7 @@ public:
     const ClipInfo& info() const override { return info_; }
 
 private:
-    Frame readOwn(std::int64_t number) override;
+    std::optional<Frame> readOwn(std::int64_t number) override;
     void describe(const AVFrame& first);
     /// Decodes one more picture and keeps it if it has a number from `from` on. False at the end.
     bool advance(std::int64_t from);

@@ -1,6 +1,7 @@
 #include "media/yuv_convert.h"
 
 extern "C" {
+#include <libavutil/opt.h>
 #include <libavutil/pixdesc.h>
 }
 
@@ -30,10 +31,63 @@ bool isKnownMatrix(int matrix) {
     }
 }
 
-Scaler makeScaler(FrameSize size, AVPixelFormat from, AVPixelFormat to) {
-    Scaler scaler(sws_getContext(size.width, size.height, from, size.width, size.height, to,
-                                 kScalerFlags, nullptr, nullptr, nullptr));
+/// In 1/256 of a pixel from the first of those that share a colour difference.
+struct Place {
+    int across;
+    int up;
+};
+
+Place placeOf(AVChromaLocation siting) {
+    switch (siting) {
+        case AVCHROMA_LOC_LEFT:
+            return {0, 128};
+        case AVCHROMA_LOC_TOPLEFT:
+            return {0, 0};
+        case AVCHROMA_LOC_TOP:
+            return {128, 0};
+        case AVCHROMA_LOC_BOTTOMLEFT:
+            return {0, 256};
+        case AVCHROMA_LOC_BOTTOM:
+            return {128, 256};
+        default:
+            return {128, 128};
+    }
+}
+
+/// Only pictures that are halved both ways have a choice.
+bool isSited(AVPixelFormat format) {
+    const AVPixFmtDescriptor& description = *av_pix_fmt_desc_get(format);
+    return description.log2_chroma_w == 1 && description.log2_chroma_h == 1;
+}
+
+/// Which of the two pictures is sited so.
+void setSiting(SwsContext& scaler, bool source, AVPixelFormat format, AVChromaLocation siting) {
+    if (siting == AVCHROMA_LOC_UNSPECIFIED || !isSited(format)) {
+        return;
+    }
+    const Place place = placeOf(siting);
+    av_opt_set_int(&scaler, source ? "src_h_chr_pos" : "dst_h_chr_pos", place.across, 0);
+    av_opt_set_int(&scaler, source ? "src_v_chr_pos" : "dst_v_chr_pos", place.up, 0);
+}
+
+/// `siting` is that of whichever of the two has colour differences.
+Scaler makeScaler(FrameSize size, AVPixelFormat from, AVPixelFormat to, AVChromaLocation siting) {
+    Scaler scaler(sws_alloc_context());
     if (!scaler) {
+        throw std::bad_alloc();
+    }
+    for (const auto& [name, value] : {std::pair<const char*, int>{"srcw", size.width},
+                                      {"srch", size.height},
+                                      {"src_format", from},
+                                      {"dstw", size.width},
+                                      {"dsth", size.height},
+                                      {"dst_format", to},
+                                      {"sws_flags", kScalerFlags}}) {
+        av_opt_set_int(scaler.get(), name, value, 0);
+    }
+    setSiting(*scaler, true, from, siting);
+    setSiting(*scaler, false, to, siting);
+    if (sws_init_context(scaler.get(), nullptr, nullptr) < 0) {
         throw MediaError("The FFmpeg libraries cannot convert this picture's colours (" +
                          std::string(av_get_pix_fmt_name(from)) + ").");
     }
@@ -111,12 +165,23 @@ void PictureToFrame::prepareScaler(const AVFrame& like) {
     const AVPixelFormat between = coding_.alpha ? AV_PIX_FMT_YUVA444P16LE : AV_PIX_FMT_YUV444P16LE;
     const AVPixelFormat to = deep ? between : AV_PIX_FMT_RGBA;
     scaled_ = newPicture(size_.width, size_.height, to);
-    scaler_ = makeScaler(size_, format_, to);
+    scaler_ = makeScaler(size_, format_, to, like.chroma_location);
     setColours(*scaler_, coding_.matrix, coding_.full, deep ? coding_.full : true);
 }
 
 bool PictureToFrame::hasAlpha() const {
     return media::hasAlpha(format_);
+}
+
+Chroma PictureToFrame::chroma() const {
+    if (isRgbOrGrey(format_)) {
+        return Chroma::Unspecified;
+    }
+    const AVPixFmtDescriptor& description = *av_pix_fmt_desc_get(format_);
+    if (description.log2_chroma_w == 0) {
+        return Chroma::C444;
+    }
+    return description.log2_chroma_h == 0 ? Chroma::C422 : Chroma::C420;
 }
 
 Frame PictureToFrame::convert(const AVFrame& picture) {
@@ -142,7 +207,7 @@ Frame PictureToFrame::convert(const AVFrame& picture) {
 FrameToYuv::FrameToYuv(FrameSize size, Depth depth, const YuvForm& form)
     : format_(form.format),
       packed_(newPicture(size.width, size.height, packedFormat(depth))),
-      scaler_(makeScaler(size, packedFormat(depth), form.format)) {
+      scaler_(makeScaler(size, packedFormat(depth), form.format, form.siting)) {
     setColours(*scaler_, form.matrix, true, form.full);
 }
 

@@ -7,6 +7,7 @@
 #include "media/av_handles.h"
 #include "media/clip_info.h"
 #include "media/deep_yuv.h"
+#include "media/rgb_lines.h"
 
 namespace ruvex::media {
 
@@ -21,6 +22,8 @@ public:
 
     Depth depth() const { return depth_; }
     bool hasAlpha() const;
+    int bits() const { return bitsPerComponent(format_); }
+    Chroma chroma() const;
     /// Throws MediaError if the picture is not of the format and size of the first one.
     Frame convert(const AVFrame& picture);
 
@@ -41,6 +44,8 @@ struct YuvForm {
     AVPixelFormat format;
     int matrix;         ///< One that matrixInUse gives.
     bool full = false;  ///< Black and white at the ends of the scale.
+    /// Where a colour difference lies among the pixels that share it.
+    AVChromaLocation siting = AVCHROMA_LOC_UNSPECIFIED;
 };
 
 /// Converts frames into pictures of a YUV format.

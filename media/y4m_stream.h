@@ -1,0 +1,31 @@
+// The pictures of a Y4M stream as frames.
+
+#pragma once
+
+#include "media/stream_reader.h"
+#include "media/y4m_header.h"
+#include "media/yuv_convert.h"
+
+namespace ruvex::media {
+
+class Y4mStream : public StreamSource {
+public:
+    /// Reads the first line. Throws MediaError.
+    explicit Y4mStream(InputStream stream);
+
+    const ClipInfo& info() const override { return info_; }
+    std::optional<Frame> next() override;
+
+private:
+    /// Up to the line end, which is taken too; nothing at the end of the stream.
+    std::optional<std::string> readLine();
+
+    InputStream stream_;
+    Y4mHeader header_;
+    std::vector<std::byte> bytes_;
+    AvFrame picture_;
+    std::optional<PictureToFrame> convert_;
+    ClipInfo info_;
+};
+
+}  // namespace ruvex::media
