@@ -11,11 +11,21 @@ std::string rangeText(std::int64_t first, std::int64_t last) {
     return std::to_string(first) + "-" + std::to_string(last);
 }
 
+/// A size says that a stream is raw, if nothing else does.
+media::FileKind kindOf(const std::filesystem::path& input, std::optional<media::FrameSize> size,
+                       std::optional<media::FileKind> format) {
+    const media::FileKind kind = media::fileKind(input);
+    if (kind != media::FileKind::Stream) {
+        return kind;
+    }
+    return format.value_or(size ? media::FileKind::RawRgba8 : media::FileKind::Y4m);
+}
+
 }  // namespace
 
 void checkRawSize(const std::filesystem::path& input, std::optional<media::FrameSize> size,
-                  std::optional<media::Depth> depth) {
-    const auto stored = media::rawDepth(media::fileKind(input));
+                  std::optional<media::Depth> depth, std::optional<media::FileKind> format) {
+    const auto stored = media::rawDepth(kindOf(input, size, format));
     if (stored && !size) {
         throw UsageError(input.string() + " holds bare pixels: say their size (--size WxH).");
     }

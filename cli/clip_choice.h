@@ -9,6 +9,7 @@
 
 #include "cli/option_text.h"
 #include "media/clip_info.h"
+#include "media/file_kind.h"
 
 namespace ruvex::cli {
 
@@ -16,9 +17,10 @@ namespace ruvex::cli {
 inline constexpr media::Rational kUsualRate{25, 1};
 
 /// Raw frames cannot do without a size, and nothing else takes one; `depth` is the one that the
-/// frames are rendered at, if it was named. Throws UsageError.
+/// frames are rendered at, if it was named. `format` is what a stream holds, if that
+/// was named; a size alone makes it raw. Throws UsageError.
 void checkRawSize(const std::filesystem::path& input, std::optional<media::FrameSize> size,
-                  std::optional<media::Depth> depth);
+                  std::optional<media::Depth> depth, std::optional<media::FileKind> format = {});
 
 /// The clip's own rate before the one that was named. A named one that differs is warned of.
 media::Rational chooseRate(const std::filesystem::path& input, const media::ClipInfo& clip,

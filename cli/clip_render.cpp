@@ -57,7 +57,10 @@ int renderClip(RenderJob job) {
     if (job.talk == Talk::Verbose) {
         std::cerr << jobReport(job, plan, reader->info(), frames);
     }
-    const auto openAgain = [&] { return media::openReader(job.input, reading); };
+    SharedClip::Open openAgain;
+    if (media::fileKind(job.input) != media::FileKind::Stream) {
+        openAgain = [&] { return media::openReader(job.input, reading); };
+    }
     return renderPlanned(job, plan, frames,
                          std::make_shared<SharedClip>(std::move(reader), openAgain));
 }

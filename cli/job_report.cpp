@@ -19,7 +19,8 @@ std::string rangeText(const FrameRange& range) {
 std::string inputText(const RenderJob& job, const RenderPlan& plan, const media::ClipInfo& clip) {
     std::string text = job.input.string() + ": " + toText(clip.size) + ", " + bitsText(clip.depth);
     text.append(", ").append(toText(plan.rate)).append(" frames a second, frames ");
-    text.append(rangeText({clip.first, clip.last}));
+    text.append(clip.lastKnown ? rangeText({clip.first, clip.last})
+                               : "from " + std::to_string(clip.first) + " on");
     return text + (clip.hasAlpha ? ", with alpha" : "");
 }
 
@@ -29,6 +30,9 @@ std::string outputText(const RenderJob& job, const RenderPlan& plan) {
 }
 
 std::string framesText(const RenderPlan& plan, const FramesToMake& frames) {
+    if (plan.endless) {
+        return "to the end of the stream";
+    }
     const std::int64_t all = plan.frames.last - plan.frames.first + 1;
     std::string text = rangeText(plan.frames);
     text.append(": ").append(std::to_string(all)).append(", ");

@@ -11,4 +11,16 @@ media::AlphaForm parseAlpha(const std::string& option, const std::string& text) 
                      "' is no form of alpha; write straight or premultiplied.");
 }
 
+media::FileKind parseStreamFormat(const std::string& option, const std::string& text,
+                                  const std::filesystem::path& path) {
+    if (media::fileKind(path) != media::FileKind::Stream) {
+        throw UsageError(option + " is for streams (-); " + path.string() +
+                         " says by its ending what it is.");
+    }
+    if (text == "y4m") return media::FileKind::Y4m;
+    if (text == "rgba8") return media::FileKind::RawRgba8;
+    if (text == "s214") return media::FileKind::RawS214;
+    throw UsageError(option + ": '" + text + "' is no kind of stream; write y4m, rgba8 or s214.");
+}
+
 }  // namespace ruvex::cli

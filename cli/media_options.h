@@ -2,13 +2,19 @@
 
 #pragma once
 
+#include <filesystem>
 #include <string>
 
 #include "media/alpha.h"
+#include "media/file_kind.h"
 
 namespace ruvex::cli {
 
 /// "straight" or "premultiplied".
 media::AlphaForm parseAlpha(const std::string& option, const std::string& text);
+
+/// "y4m", "rgba8" or "s214", for `path`, which has to be a stream.
+media::FileKind parseStreamFormat(const std::string& option, const std::string& text,
+                                  const std::filesystem::path& path);
 
 }  // namespace ruvex::cli

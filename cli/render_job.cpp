@@ -54,6 +54,9 @@ void checkOutput(const RenderJob& job) {
     }
     for (const auto& [file, what] : {std::pair(job.input, "input"), {job.mask, "mask"}}) {
         std::error_code ignored;
+        if (media::fileKind(file) == media::FileKind::Stream) {
+            continue;
+        }
         if (file == job.output || fs::equivalent(file, job.output, ignored)) {
             throw UsageError("The output would replace the " + std::string(what) + ", " +
                              file.string() + ". Choose another name.");
@@ -64,7 +67,7 @@ void checkOutput(const RenderJob& job) {
 }  // namespace
 
 media::ReadOptions readingOf(const RenderJob& job) {
-    return {.size = job.size, .depth = job.depth, .alpha = job.alpha};
+    return {.size = job.size, .depth = job.depth, .alpha = job.alpha, .format = job.inputFormat};
 }
 
 RenderJob makeRenderJob(const RenderOptions& options) {
@@ -76,6 +79,12 @@ RenderJob makeRenderJob(const RenderOptions& options) {
     job.frames = ifGiven(options.frames, [](auto& text) { return parseFrames("--frames", text); });
     job.depth = ifGiven(options.depth, parseDepth);
     job.alpha = ifGiven(options.alpha, [](auto& text) { return parseAlpha("--alpha", text); });
+    job.inputFormat = ifGiven(options.inputFormat, [&](auto& text) {
+        return parseStreamFormat("--input-format", text, job.input);
+    });
+    job.outputFormat = ifGiven(options.outputFormat, [&](auto& text) {
+        return parseStreamFormat("--output-format", text, job.output);
+    });
     job.workers = ifGiven(options.workers, [](auto& text) {
         return parseWhole("--workers", text, 1, std::numeric_limits<int>::max());
     });
@@ -95,7 +104,7 @@ RenderJob makeRenderJob(const RenderOptions& options) {
     job.talk = talkOf(options);
     job.resume = options.resume;
     job.dryRun = options.dryRun;
-    checkRawSize(job.input, job.size, job.depth);
+    checkRawSize(job.input, job.size, job.depth, job.inputFormat);
     checkOutput(job);
     checkResume(job);
     return job;

@@ -26,7 +26,9 @@ struct RenderJob {
     ParameterChoice parameters;
     std::optional<FrameRange> frames;
     std::optional<media::Depth> depth;
-    std::optional<media::AlphaForm> alpha;  ///< Nothing: each file as its kind does.
+    std::optional<media::AlphaForm> alpha;        ///< Nothing: each file as its kind does.
+    std::optional<media::FileKind> inputFormat;   ///< Of standard input.
+    std::optional<media::FileKind> outputFormat;  ///< Of standard output.
     std::optional<int> workers;
     std::optional<media::FrameSize> projectSize;
     double pixelAspect = 1.0;

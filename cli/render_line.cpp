@@ -85,7 +85,9 @@ void RenderLine::read(const FramesToMake& frames, FrameRing& ring) {
         }
         std::exception_ptr failure;
         try {
-            clip_->read(k, frame);
+            if (!readNext(frames, k, frame)) {
+                break;
+            }
         } catch (...) {
             failure = std::current_exception();
         }
@@ -102,6 +104,14 @@ void RenderLine::read(const FramesToMake& frames, FrameRing& ring) {
         }
     }
     ring.end();
+}
+
+bool RenderLine::readNext(const FramesToMake& frames, std::int64_t number, media::Frame& frame) {
+    const bool there = clip_->read(number, frame);
+    if (!there && !frames.endless) {
+        throw media::MediaError("The input has ended before frame " + std::to_string(number) + ".");
+    }
+    return there;
 }
 
 void RenderLine::render(FrameRenderer& renderer, FrameRing& ring) {

@@ -5,6 +5,7 @@
 #include <functional>
 #include <list>
 #include <memory>
+#include <optional>
 #include <set>
 
 #include "cli/frame_renderer.h"
@@ -16,8 +17,11 @@ namespace ruvex::cli {
 struct FramesToMake {
     FrameRange range;
     std::set<std::int64_t> made{};
+    bool endless = false;  ///< The input may end before the range does, and the render with it.
 
-    std::int64_t count() const {
+    /// How many; nothing if that shows at the end.
+    std::optional<std::int64_t> count() const {
+        if (endless) return std::nullopt;
         return range.last - range.first + 1 - static_cast<std::int64_t>(made.size());
     }
 };
@@ -39,6 +43,8 @@ public:
 
 private:
     void read(const FramesToMake& frames, FrameRing& ring);
+    /// False at the end of a stream.
+    bool readNext(const FramesToMake& frames, std::int64_t number, media::Frame& frame);
     void render(FrameRenderer& renderer, FrameRing& ring);
     bool makeResult(FrameRenderer& renderer, FrameSlot& slot, media::Frame& rendered);
 

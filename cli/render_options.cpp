@@ -10,6 +10,8 @@ const char* const kRenderNotes = R"(Files, by the ending of their names:
   .s214                   raw frames, four little-endian signed 16-bit words a pixel, white 16384
   .mp4 .m4v .mov          video out: H.264, without alpha
   .mkv                    video out: FFV1, without loss, with alpha
+  .y4m                    video out without compression, and without alpha
+  -                       standard input or output: Y4M or raw frames, one after the other
   anything else           video in: whatever the FFmpeg libraries read
 A number in a name stands for a sequence: shot.%05d.png is shot.00000.png, shot.00001.png, ...
 Raw frames have no header; their first row is row 0 of the chain, the picture's bottom line.
@@ -35,6 +37,12 @@ OptionTable renderOptions(RenderOptions& options) {
          "How input and output store colour beside alpha; without it, EXR premultiplied and "
          "everything else straight. The effect works on straight colour",
          &options.alpha},
+        {"--input-format", "y4m|rgba8|s214",
+         "What standard input (-) holds; without it raw frames of 8 bits if --size is given, else "
+         "Y4M",
+         &options.inputFormat},
+        {"--output-format", "y4m|rgba8|s214", "What goes to standard output (-); Y4M without it",
+         &options.outputFormat},
         {"--workers", "N",
          "Shares that each picture is cut into; by the machine without it. The same number gives "
          "the same picture on every machine",

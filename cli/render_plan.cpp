@@ -15,12 +15,13 @@ void checkRegion(const RenderJob& job, media::FrameSize size) {
     }
 }
 
-void checkRoomForFrames(const RenderJob& job, const FrameRange& frames) {
+void checkRoomForFrames(const RenderJob& job, const RenderPlan& plan) {
     const bool one =
         media::isStill(media::fileKind(job.output)) && !media::NumberedPath(job.output).isPattern();
-    if (one && frames.first != frames.last) {
+    const std::int64_t count = plan.frames.last - plan.frames.first + 1;
+    if (one && count > 1) {
         throw UsageError(job.output.string() + " holds one frame, but " +
-                         std::to_string(frames.last - frames.first + 1) +
+                         (plan.endless ? "more" : std::to_string(count)) +
                          " are to be rendered. Put a number into its name, as in out.%05d.png, or "
                          "choose one frame with --frames.");
     }
@@ -35,12 +36,17 @@ RenderPlan makeRenderPlan(RenderJob& job, const media::ClipInfo& clip) {
     plan.rate = chooseRate(job.input, clip, job.rate, job.warnings);
     plan.clip = {clip.first, clip.last};
     plan.frames = chooseFrames(job.input, clip, job.frames);
+    plan.endless = !clip.lastKnown && !job.frames;
     checkFrameSize(plan.size, plan.depth, job.input.string());
     checkRegion(job, plan.size);
-    checkRoomForFrames(job, plan.frames);
+    checkRoomForFrames(job, plan);
     const media::FrameSize project = job.projectSize.value_or(plan.size);
     plan.project = {project.width, project.height, job.pixelAspect, plan.rate.value()};
     plan.output = {plan.size, plan.depth, plan.rate, clip.pixelAspect, clip.colour, job.alpha};
+    plan.output.format = job.outputFormat;
+    plan.output.bits = clip.bits;
+    plan.output.chroma = clip.chroma;
+    plan.output.fields = clip.fields;
     if (job.comparison) {
         plan.output.size = comparedSize(*job.comparison, plan.size);
         checkFrameSize(plan.output.size, plan.depth, job.output.string());

@@ -15,6 +15,9 @@ struct RenderPlan {
     media::Rational rate{25, 1};
     FrameRange clip;    ///< The frames that there are.
     FrameRange frames;  ///< Those of them that are rendered.
+    /// Whether the render goes on to the end of a stream, which shows when it comes; the frames
+    /// then end at a number beyond it.
+    bool endless = false;
     runtime::Project project;
     media::WriteOptions output;
 };

@@ -31,7 +31,7 @@ bool isComplete(const fs::path& file, media::FrameSize size) {
 }  // namespace
 
 FramesToMake framesToMake(const RenderJob& job, const RenderPlan& plan) {
-    FramesToMake frames{plan.frames};
+    FramesToMake frames{.range = plan.frames, .endless = plan.endless};
     if (!job.resume) {
         return frames;
     }

@@ -72,6 +72,7 @@ void describe(AVCodecContext& coder, const WriteOptions& options, bool exact) {
     coder.color_primaries = static_cast<AVColorPrimaries>(options.colour.primaries);
     coder.color_trc = static_cast<AVColorTransferCharacteristic>(options.colour.transfer);
     coder.pix_fmt = exact ? exactFormat(options.depth) : yuvFormat(options.size);
+    coder.chroma_sample_location = exact ? AVCHROMA_LOC_UNSPECIFIED : AVCHROMA_LOC_LEFT;
     coder.colorspace = exact ? AVCOL_SPC_RGB : yuvMatrix(options);
     coder.color_range = exact ? AVCOL_RANGE_JPEG : AVCOL_RANGE_MPEG;
 }

@@ -39,8 +39,6 @@ struct Place {
 
 Place placeOf(AVChromaLocation siting) {
     switch (siting) {
-        case AVCHROMA_LOC_LEFT:
-            return {0, 128};
         case AVCHROMA_LOC_TOPLEFT:
             return {0, 0};
         case AVCHROMA_LOC_TOP:
@@ -49,8 +47,10 @@ Place placeOf(AVChromaLocation siting) {
             return {0, 256};
         case AVCHROMA_LOC_BOTTOM:
             return {128, 256};
-        default:
+        case AVCHROMA_LOC_CENTER:
             return {128, 128};
+        default:  // left, as MPEG-2 and its successors have it where nothing is said
+            return {0, 128};
     }
 }
 
@@ -62,7 +62,7 @@ bool isSited(AVPixelFormat format) {
 
 /// Which of the two pictures is sited so.
 void setSiting(SwsContext& scaler, bool source, AVPixelFormat format, AVChromaLocation siting) {
-    if (siting == AVCHROMA_LOC_UNSPECIFIED || !isSited(format)) {
+    if (!isSited(format)) {
         return;
     }
     const Place place = placeOf(siting);

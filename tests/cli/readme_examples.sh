@@ -10,10 +10,10 @@ trap 'rm -rf "$folder"' EXIT
 PATH=$(dirname "$command"):$PATH
 
 examples() {
-    # Lines of sh blocks that begin with the command, continued lines joined.
+    # Lines of sh blocks that begin with the command or feed it, continued lines joined.
     awk '/^```sh/ { inside = 1; next } /^```/ { inside = 0 }
          inside { line = line $0; if (sub(/\\$/, "", line)) next
-                  if (line ~ /^ruvex /) print line; line = "" }' "$@"
+                  if (line ~ /^(ruvex|ffmpeg) /) print line; line = "" }' "$@"
     for name in render compare level presets module; do
         "$command" "$name" --help | sed -n "s/^  \\(ruvex $name .*\\)/\\1/p"
     done
@@ -43,6 +43,6 @@ for file in shown.*.json; do
 done
 [ "$shown" -ge 1 ] || { echo "no parameter file found"; exit 1; }
 for result in poor.mp4 going.mkv cropped.00003.png out.7.s214 part.png rewound.mp4 spot.mp4 level.svg \
-    sheet.png my-look.json again.mp4 both.mp4 split.mp4 still.png; do
+    sheet.png my-look.json again.mp4 both.mp4 split.mp4 still.png piped.mp4; do
     [ -s "$result" ] || { echo "no $result"; exit 1; }
 done
