@@ -3,6 +3,7 @@
 
 #include "stages/ruvex_sampler.h"
 
+#include <atomic>
 #include <gtest/gtest.h>
 
 #include "tests/imaging/support/workers.h"
@@ -16,29 +17,9 @@ class Sampler : public testing::Test {};
 using FramePixels = testing::Types<Rgba8, RgbaS214>;
 TYPED_TEST_SUITE(Sampler, FramePixels);
 
-template <class P>
-void makeFaulty(SignalParameters& signal) {
-    signal.breakup = 0.9f;
-    signal.colourThreshold = signal.ghostThreshold = signal.edgeThreshold = 0.0f;
-    signal.snowThreshold = signal.lineThreshold = signal.shashThreshold = 0.0f;
-    signal.colourDegradeMax = 0.3f;
-    signal.numGhosts = 3;
-    signal.ghostDistance = 40.0f;
-    signal.ghostStrength = 0.5f;
-    signal.edgeDistortionMax = 30.0f;
-    signal.edgeJaggedness = 3.0f;
-    signal.snowMax = 0.5f;
-    signal.snowSoftness = 2.0f;
-    signal.lineSpacing = 10.0f;
-    signal.playState = 0;
-    signal.playSpeedAtStart = 2.0f;
-    signal.shashAmountMax = 0.5f;
-    signal.shashType = 4;
-}
-
 TYPED_TEST(Sampler, AStoppedFrameWritesNothing) {
     Television<TypeParam> set(30, 20);
-    makeFaulty<TypeParam>(set.signal);
+    makeFaulty(set.signal);
     set.record.interrupted = 1;
     const auto before = set.target.memory;
     set.run();
@@ -46,20 +27,69 @@ TYPED_TEST(Sampler, AStoppedFrameWritesNothing) {
 }
 
 TYPED_TEST(Sampler, AFrameMayBeStoppedAtAnyPoll) {
-    Workers one(1);
-    static int left;
-    for (int polls = 0; polls < 700; polls += 7) {
+    static std::atomic<int> left;
+    for (const int workers : {1, 4}) {
+        Workers fixed(workers);
+        for (int polls = 0; polls < 700; polls += 7) {
+            Television<TypeParam> set(30, 20);
+            makeFaulty(set.signal);
+            set.signal.whiteDot = polls % 2 ? 0.3f : 0.0f;
+            left = polls;
+            set.record.callback = [](void*, std::atomic<std::uint32_t>*) -> std::uint32_t {
+                return left-- <= 0;
+            };
+            const auto before = set.target.memory;
+            set.run();
+            EXPECT_EQ(set.record.interrupted != 0, left < 0) << polls;
+            EXPECT_EQ(differenceAround(set.target, before), "") << polls;
+        }
+    }
+}
+
+// What its own passes begin afresh with a worker's rows. The border's noise and the patterns of a
+// set without a signal are made by processors that have threads of their own.
+TYPED_TEST(Sampler, WithoutThreadsItIsOneWorker) {
+    for (const int playState : {0, 1, 2}) {
+        for (const float dot : {0.0f, 0.02f}) {
+            Television<TypeParam> set(50, 60);
+            makeFaulty(set.signal);
+            set.signal.playState = playState;
+            set.signal.whiteDot = dot;
+            const auto before = set.target.memory;
+            const auto picture = [&](int workers, bool useThreads) {
+                Workers fixed(workers);
+                set.target.memory = before;
+                set.useThreads = useThreads;
+                set.run();
+                return set.target.memory;
+            };
+            const auto wanted = picture(1, true);
+            EXPECT_EQ(firstDifference(picture(5, false), wanted), "") << playState << ' ' << dot;
+            EXPECT_NE(firstDifference(picture(5, true), wanted), "") << "workers must show";
+        }
+    }
+}
+
+TYPED_TEST(Sampler, WhetherItUsesThreadsIsAsItWas) {
+    for (const bool useThreads : {false, true}) {
         Television<TypeParam> set(30, 20);
-        makeFaulty<TypeParam>(set.signal);
-        set.signal.whiteDot = polls % 2 ? 0.3f : 0.0f;
-        left = polls;
+        makeFaulty(set.signal);
+        set.useThreads = useThreads;
+        EXPECT_EQ(set.run().sampler->useThreads, useThreads) << "after a frame";
+
+        static std::atomic<int> left;
         set.record.callback = [](void*, std::atomic<std::uint32_t>*) -> std::uint32_t {
             return left-- <= 0;
         };
-        const auto before = set.target.memory;
-        set.run();
-        EXPECT_EQ(set.record.interrupted != 0, left < 0) << polls;
-        for (std::size_t i = 0; i < 32; ++i) EXPECT_EQ(set.target.memory[i], before[i]);
+        for (int polls = 0; polls < 300; polls += 10) {
+            left = polls;
+            set.record.interrupted = 0;
+            EXPECT_EQ(set.run().sampler->useThreads, useThreads) << "stopped at poll " << polls;
+        }
+        set.record.reset(nullptr, nullptr);
+        set.signal.width = set.signal.height = 1e9f;
+        EXPECT_EQ(set.run().sampler->useThreads, useThreads) << "for want of memory";
+        EXPECT_EQ(set.record.interrupted, 1);
     }
 }
 
@@ -77,7 +107,7 @@ TYPED_TEST(Sampler, WithoutMemoryForItsMarginsTheFrameStops) {
 
 TYPED_TEST(Sampler, NothingOfItsBuffersOutlivesTheFrame) {
     Television<TypeParam> set(30, 20);
-    makeFaulty<TypeParam>(set.signal);
+    makeFaulty(set.signal);
     set.run();
     EXPECT_EQ(set.sampler->paddedSource.data, nullptr);
     EXPECT_EQ(set.sampler->workTexture.data, nullptr);
@@ -90,7 +120,7 @@ TYPED_TEST(Sampler, PicturesOfDifferentSizesAreDefined) {
             for (const bool dot : {false, true}) {
                 Television<TypeParam> set(width, height);
                 Canvas<TypeParam> source(sourceWidth, sourceHeight);
-                makeFaulty<TypeParam>(set.signal);
+                makeFaulty(set.signal);
                 set.signal.whiteDot = dot ? 0.2f : 0.0f;
                 const auto render = [&] {
                     RuvexSampler<TypeParam> sampler;
@@ -111,7 +141,7 @@ TYPED_TEST(Sampler, AnOutputThatLiesElsewhereShowsTheSamePicture) {
         Workers fixed(workers);
         Television<TypeParam> here(30, 20);
         Television<TypeParam> there(30, 20);
-        makeFaulty<TypeParam>(here.signal);
+        makeFaulty(here.signal);
         there.signal = here.signal;
         there.target.texture.setOrigin(7, -5);
         EXPECT_EQ(firstDifference(there.run().target.memory, here.run().target.memory), "");

@@ -1,4 +1,5 @@
-// Allocations that are counted, and memory that runs out when a test says so.
+// Allocations that are counted, memory that runs out when a test says so, and memory that is not
+// empty when it is new.
 
 #pragma once
 
@@ -20,6 +21,28 @@ public:
     std::size_t allocations() const;
     /// Whether the failing one was reached.
     bool failed() const;
+};
+
+/// The same for all threads but this one, together: the workers that it starts. One at a time, and
+/// not together with a FailingNew.
+class FailingElsewhere {
+public:
+    explicit FailingElsewhere(std::size_t failing);
+    ~FailingElsewhere();
+    FailingElsewhere(const FailingElsewhere&) = delete;
+    FailingElsewhere& operator=(const FailingElsewhere&) = delete;
+
+    std::size_t allocations() const;
+};
+
+/// As long as this lives, all memory of `new` is full of `byte`, in all threads and all libraries
+/// of the process. One at a time.
+class FilledNew {
+public:
+    explicit FilledNew(unsigned char byte);
+    ~FilledNew();
+    FilledNew(const FilledNew&) = delete;
+    FilledNew& operator=(const FilledNew&) = delete;
 };
 
 /// Bytes asked of `new` so far, in all threads and all libraries of the process.

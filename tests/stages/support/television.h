@@ -4,6 +4,8 @@
 
 #include <cstdint>
 #include <optional>
+#include <string>
+#include <vector>
 
 #include "imaging/gradient_noise.h"
 #include "stages/ruvex_sampler.h"
@@ -74,7 +76,7 @@ struct Television {
         sampler->keepWindow = keepWindow;
         sampler->useThreads = useThreads;
         if (window) sampler->setWindow(window->left, window->top, window->right, window->bottom);
-        sampler->process(source.texture, target.texture);
+        sampler->process(inPlace ? target.texture : source.texture, target.texture);
         return *this;
     }
     /// Places the target elsewhere in image space.
@@ -101,10 +103,43 @@ struct Television {
     Canvas<P> source;
     Canvas<P> target;
     std::optional<Window> window;  ///< inclusive corners; without it the whole picture is made
+    bool inPlace = false;          ///< the target is its own source
     bool keepWindow = false;
     bool useThreads = true;
     InterruptionRecord record;
     std::optional<RuvexSampler<P>> sampler;
 };
+
+/// What differs around the picture of a canvas from how its memory was before; empty if nothing.
+template <class P>
+std::string differenceAround(Canvas<P>& canvas, std::vector<P> before) {
+    for (std::int32_t y = 0; y < canvas.height(); ++y) {
+        for (std::int32_t x = 0; x < canvas.width(); ++x) {
+            before[canvas.indexOf(x, y)] = canvas.at(x, y);
+        }
+    }
+    return firstDifference(canvas.memory, before);
+}
+
+/// Every fault at once, none of which hides another: edges, colours, ghosts, soft snow, lines, a
+/// recorder that winds, and streaks of a set without a signal.
+inline void makeFaulty(SignalParameters& signal) {
+    signal.breakup = 0.9f;
+    signal.colourThreshold = signal.ghostThreshold = signal.edgeThreshold = 0.0f;
+    signal.snowThreshold = signal.lineThreshold = signal.shashThreshold = 0.0f;
+    signal.colourDegradeMax = 0.3f;
+    signal.numGhosts = 3;
+    signal.ghostDistance = 40.0f;
+    signal.ghostStrength = 0.5f;
+    signal.edgeDistortionMax = 30.0f;
+    signal.edgeJaggedness = 3.0f;
+    signal.snowMax = 0.5f;
+    signal.snowSoftness = 2.0f;
+    signal.lineSpacing = 10.0f;
+    signal.playState = 0;
+    signal.playSpeedAtStart = 2.0f;
+    signal.shashAmountMax = 0.5f;
+    signal.shashType = 4;
+}
 
 }  // namespace ruvex::test
