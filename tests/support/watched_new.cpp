@@ -100,29 +100,42 @@ std::uint64_t allocatedBytes() {
 
 }  // namespace ruvex::test
 
-// All forms, since a library may use any of them; those of arrays come down to these.
+// All forms, since a library may use any of them, and a sanitizer's own take the place of those
+// that are left out.
 
-void* operator new(std::size_t size) {
-    return ruvex::test::orThrow(ruvex::test::allocate(size));
-}
-void* operator new(std::size_t size, std::align_val_t alignment) {
-    return ruvex::test::orThrow(ruvex::test::allocate(size, alignment));
-}
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
-    return ruvex::test::allocate(size);
-}
-void* operator new(std::size_t size, std::align_val_t alignment, const std::nothrow_t&) noexcept {
-    return ruvex::test::allocate(size, alignment);
-}
-void operator delete(void* memory) noexcept {
-    std::free(memory);
-}
-void operator delete(void* memory, std::size_t) noexcept {
-    std::free(memory);
-}
-void operator delete(void* memory, std::align_val_t) noexcept {
-    std::free(memory);
-}
-void operator delete(void* memory, std::size_t, std::align_val_t) noexcept {
-    std::free(memory);
-}
+#define RUVEX_WATCH(NEW, DELETE)                                                              \
+    void* NEW(std::size_t size) {                                                             \
+        return ruvex::test::orThrow(ruvex::test::allocate(size));                             \
+    }                                                                                         \
+    void* NEW(std::size_t size, std::align_val_t alignment) {                                 \
+        return ruvex::test::orThrow(ruvex::test::allocate(size, alignment));                  \
+    }                                                                                         \
+    void* NEW(std::size_t size, const std::nothrow_t&) noexcept {                             \
+        return ruvex::test::allocate(size);                                                   \
+    }                                                                                         \
+    void* NEW(std::size_t size, std::align_val_t alignment, const std::nothrow_t&) noexcept { \
+        return ruvex::test::allocate(size, alignment);                                        \
+    }                                                                                         \
+    void DELETE(void* memory) noexcept {                                                      \
+        std::free(memory);                                                                    \
+    }                                                                                         \
+    void DELETE(void* memory, std::size_t) noexcept {                                         \
+        std::free(memory);                                                                    \
+    }                                                                                         \
+    void DELETE(void* memory, std::align_val_t) noexcept {                                    \
+        std::free(memory);                                                                    \
+    }                                                                                         \
+    void DELETE(void* memory, std::size_t, std::align_val_t) noexcept {                       \
+        std::free(memory);                                                                    \
+    }                                                                                         \
+    void DELETE(void* memory, const std::nothrow_t&) noexcept {                               \
+        std::free(memory);                                                                    \
+    }                                                                                         \
+    void DELETE(void* memory, std::align_val_t, const std::nothrow_t&) noexcept {             \
+        std::free(memory);                                                                    \
+    }
+
+RUVEX_WATCH(operator new, operator delete)
+RUVEX_WATCH(operator new[], operator delete[])
+
+#undef RUVEX_WATCH
