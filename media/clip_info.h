@@ -41,7 +41,8 @@ struct ClipInfo {
     bool hasAlpha = false;
     Rational pixelAspect{1, 1};  ///< Width of a pixel over its height.
     ColourTags colour;
-    int bits = 8;  ///< Of a component of the input.
+    std::int64_t start = 0;  ///< Time of the first frame on the file's own clock, in microseconds.
+    int bits = 8;            ///< Of a component of the input.
     Chroma chroma = Chroma::Unspecified;
     FieldOrder fields = FieldOrder::Progressive;
 };

@@ -6,6 +6,7 @@
 #include "media/media_error.h"
 #include "media/still_writer.h"
 #include "media/stream_writer.h"
+#include "media/video_codec.h"
 #include "media/video_writer.h"
 
 namespace ruvex::media {
@@ -15,7 +16,7 @@ bool canWrite(const std::filesystem::path& path) {
     return kind != FileKind::Video || VideoWriter::canWrite(path);
 }
 
-std::string codecName(const std::filesystem::path& path) {
+std::string codecName(const std::filesystem::path& path, const std::optional<std::string>& codec) {
     switch (fileKind(path)) {
         case FileKind::Png:
             return "PNG";
@@ -36,7 +37,7 @@ std::string codecName(const std::filesystem::path& path) {
         case FileKind::Stream:
             return "a stream";
         default:
-            return VideoWriter::codecName(path);
+            return findVideoCodec(path, codec)->title;
     }
 }
 
@@ -52,6 +53,10 @@ std::unique_ptr<FrameWriter> openWriter(const std::filesystem::path& path,
                          ": the ending of its name says no kind of file that can be written. Use "
                          "one of " +
                          writableEndings() + ".");
+    }
+    const std::string fault = storageFault(path, options.codec, options.quality);
+    if (!fault.empty()) {
+        throw MediaError("Cannot write " + path.string() + " so. " + fault);
     }
     switch (fileKind(path)) {
         case FileKind::Video:

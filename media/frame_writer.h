@@ -5,8 +5,11 @@
 #include <filesystem>
 #include <memory>
 #include <optional>
+#include <string>
+#include <vector>
 
 #include "media/alpha.h"
+#include "media/audio_copy.h"
 #include "media/clip_info.h"
 #include "media/file_kind.h"
 
@@ -23,6 +26,8 @@ struct WriteOptions {
     std::optional<AlphaForm> alpha{};
     /// Of lossy kinds, from 1 to 100, the finest; each has its usual one. Refused for others.
     std::optional<int> quality{};
+    std::optional<std::string> codec{};  ///< Of video, by its name in the table of codings.
+    AudioSource audio{};                 ///< Sound to be copied into video.
     /// What goes to standard output: Y4m, RawRgba8 or RawS214; Y4M without it.
     std::optional<FileKind> format{};
     int bits = 8;                         ///< Of a component of deep Y4M; 16 where it says 8.
@@ -44,12 +49,16 @@ public:
     /// Completes the result. Throws MediaError. Call it once, after the last frame.
     virtual void finish() = 0;
 
+    /// What the person should know of the result: sentences; mostly none.
+    virtual std::vector<std::string> remarks() const { return {}; }
+
 protected:
     FrameWriter() = default;
 };
 
 /// Throws MediaError, without leaving anything behind, if the ending names no kind that can be
-/// written. Video: .mp4, .m4v, .mov (H.264), .mkv (FFV1, exact, with alpha). Stills: .png, .tif,
+/// written. Video: .mp4, .m4v (H.264), .mov (ProRes 4444,
+/// with alpha), .mkv (FFV1, exact, with alpha). Stills: .png, .tif,
 /// .tiff, .exr, .dpx, .jpg, .jpeg, .rgba8, .s214, numbered by a pattern or a single one. A raw
 /// file's depth is its ending's, whatever the frames'. Streams: .y4m, and "-" for standard output.
 std::unique_ptr<FrameWriter> openWriter(const std::filesystem::path& path,
@@ -59,7 +68,8 @@ std::unique_ptr<FrameWriter> openWriter(const std::filesystem::path& path,
 bool canWrite(const std::filesystem::path& path);
 
 /// What the frames are coded as in a file of this ending, for messages: "H.264".
-std::string codecName(const std::filesystem::path& path);
+std::string codecName(const std::filesystem::path& path,
+                      const std::optional<std::string>& codec = {});
 
 /// The endings that can be written, for messages.
 std::string writableEndings();

@@ -51,6 +51,9 @@ void VideoReader::describe(const AVFrame& first) {
     info_.pixelAspect = pixelAspectOf(first, decoder_.stream());
     info_.colour = {first.color_primaries, first.color_trc, first.colorspace,
                     first.color_range == AVCOL_RANGE_JPEG};
+    info_.start = first.pts == AV_NOPTS_VALUE
+                      ? 0
+                      : av_rescale_q(first.pts, decoder_.stream().time_base, {1, AV_TIME_BASE});
     info_.bits = convert_->bits();
     info_.chroma = convert_->chroma();
     info_.fields = fieldsOf(first);

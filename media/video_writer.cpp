@@ -6,6 +6,7 @@ extern "C" {
 
 #include <algorithm>
 #include <cerrno>
+#include <string_view>
 
 #include "media/library_log.h"
 #include "media/media_error.h"
@@ -15,9 +16,6 @@ extern "C" {
 namespace ruvex::media {
 namespace {
 
-/// Finer than the eye tells apart on moving pictures; snow and shash cost bits, but keep their
-/// edge.
-constexpr const char* kQuality = "14";
 constexpr int kPalLines = 576;
 constexpr int kShortestSlicedSide = 64;
 
@@ -36,14 +34,32 @@ AVRational fraction(const Rational& value) {
     return {static_cast<int>(value.num), static_cast<int>(value.den)};
 }
 
-AVPixelFormat exactFormat(Depth depth) {
-    return depth == Depth::Bits8 ? AV_PIX_FMT_BGRA : AV_PIX_FMT_RGBA64LE;
+/// Colour differences at half the size need whole halves.
+bool isEven(FrameSize size) {
+    return size.width % 2 == 0 && size.height % 2 == 0;
 }
 
-/// Colour differences at half the size need whole halves.
-AVPixelFormat yuvFormat(FrameSize size) {
-    const bool even = size.width % 2 == 0 && size.height % 2 == 0;
-    return even ? AV_PIX_FMT_YUV420P : AV_PIX_FMT_YUV444P;
+AVPixelFormat formatFor(const VideoCodec& codec, const WriteOptions& options) {
+    const bool deep = options.depth == Depth::S214;
+    if (codec.exact) {
+        return deep ? AV_PIX_FMT_RGBA64LE : AV_PIX_FMT_BGRA;
+    }
+    if (codec.alpha) {
+        return AV_PIX_FMT_YUVA444P10LE;
+    }
+    if (deep && codec.name == std::string_view("h265")) {
+        return isEven(options.size) ? AV_PIX_FMT_YUV420P10LE : AV_PIX_FMT_YUV444P10LE;
+    }
+    return isEven(options.size) ? AV_PIX_FMT_YUV420P : AV_PIX_FMT_YUV444P;
+}
+
+const VideoCodec& codecOf(const std::filesystem::path& path, const WriteOptions& options) {
+    const VideoCodec* codec = findVideoCodec(path, options.codec);
+    const std::string fault = storageFault(path, options.codec, options.quality);
+    if (codec == nullptr || !fault.empty()) {
+        throw MediaError("Cannot write " + path.string() + ". " + fault);
+    }
+    return *codec;
 }
 
 AVColorSpace yuvMatrix(const WriteOptions& options) {
@@ -53,17 +69,17 @@ AVColorSpace yuvMatrix(const WriteOptions& options) {
     return pal ? AVCOL_SPC_BT470BG : static_cast<AVColorSpace>(matrix);
 }
 
-const AVCodec* coderFor(bool exact, const std::filesystem::path& path) {
-    const AVCodec* codec =
-        exact ? avcodec_find_encoder(AV_CODEC_ID_FFV1) : avcodec_find_encoder_by_name("libx264");
-    if (codec == nullptr) {
+const AVCodec& encoderFor(const VideoCodec& codec, const std::filesystem::path& path) {
+    const AVCodec* encoder = avcodec_find_encoder_by_name(codec.encoder);
+    if (encoder == nullptr) {
         throw MediaError("Cannot write " + path.string() + ": the FFmpeg libraries here lack " +
-                         (exact ? "FFV1" : "libx264") + ". Install a build with it.");
+                         codec.encoder + ". Install a build with it, or choose another --codec.");
     }
-    return codec;
+    return *encoder;
 }
 
-void describe(AVCodecContext& coder, const WriteOptions& options, bool exact) {
+void describe(AVCodecContext& coder, const WriteOptions& options, const VideoCodec& codec) {
+    const bool exact = codec.exact;
     coder.width = options.size.width;
     coder.height = options.size.height;
     coder.framerate = fraction(options.rate);
@@ -71,10 +87,10 @@ void describe(AVCodecContext& coder, const WriteOptions& options, bool exact) {
     coder.sample_aspect_ratio = fraction(options.pixelAspect);
     coder.color_primaries = static_cast<AVColorPrimaries>(options.colour.primaries);
     coder.color_trc = static_cast<AVColorTransferCharacteristic>(options.colour.transfer);
-    coder.pix_fmt = exact ? exactFormat(options.depth) : yuvFormat(options.size);
+    coder.pix_fmt = formatFor(codec, options);
     coder.chroma_sample_location = exact ? AVCHROMA_LOC_UNSPECIFIED : AVCHROMA_LOC_LEFT;
     coder.colorspace = exact ? AVCOL_SPC_RGB : yuvMatrix(options);
-    coder.color_range = exact ? AVCOL_RANGE_JPEG : AVCOL_RANGE_MPEG;
+    coder.color_range = exact || options.colour.full ? AVCOL_RANGE_JPEG : AVCOL_RANGE_MPEG;
 }
 
 /// Each frame by itself, so that any frame is quickly found again. Large ones in slices with check
@@ -86,20 +102,30 @@ void setExact(AVCodecContext& coder) {
     av_opt_set_int(coder.priv_data, "slicecrc", slices ? 1 : 0, 0);
 }
 
+/// From 1, coarse, to 100, without a loss that could be seen.
+void setQuality(AVCodecContext& coder, const VideoCodec& codec, std::optional<int> quality) {
+    const int rest = 100 - quality.value_or(codec.quality);
+    if (!codec.alpha) {
+        const int factor = std::max((rest + 1) / 2, 1);
+        av_opt_set(coder.priv_data, "crf", std::to_string(factor).c_str(), 0);
+        // The message that every file would begin with goes to the terminal otherwise.
+        av_opt_set(coder.priv_data, "x265-params", "log-level=none", 0);
+        return;
+    }
+    av_opt_set(coder.priv_data, "profile", "4444", 0);
+    coder.flags |= AV_CODEC_FLAG_QSCALE;
+    coder.global_quality = FF_QP2LAMBDA * std::max(rest / 3, 1);
+}
+
 }  // namespace
 
 bool VideoWriter::canWrite(const std::filesystem::path& path) {
-    const std::string name = ending(path);
-    return name == ".mp4" || name == ".m4v" || name == ".mov" || name == ".mkv";
-}
-
-std::string VideoWriter::codecName(const std::filesystem::path& path) {
-    return ending(path) == ".mkv" ? "FFV1, without loss" : "H.264";
+    return findVideoCodec(path) != nullptr;
 }
 
 VideoWriter::VideoWriter(const std::filesystem::path& path, const WriteOptions& options)
     : path_(path),
-      exact_(ending(path) == ".mkv"),
+      codec_(codecOf(path, options)),
       alpha_(options.alpha),
       file_(path),
       packet_(newAvPacket()) {
@@ -115,6 +141,15 @@ VideoWriter::VideoWriter(const std::filesystem::path& path, const WriteOptions& 
     openContainer(options);
 }
 
+std::vector<std::string> VideoWriter::remarks() const {
+    std::vector<std::string> remarks;
+    for (const std::string& coding : audio_->leftOut()) {
+        remarks.push_back("Sound coded as " + coding + " is left out: " + path_.string() +
+                          " cannot hold it.");
+    }
+    return remarks;
+}
+
 VideoWriter::~VideoWriter() {
     if (format_) {
         avio_closep(&format_->pb);
@@ -122,20 +157,22 @@ VideoWriter::~VideoWriter() {
 }
 
 void VideoWriter::openCoder(const WriteOptions& options) {
-    const AVCodec* codec = coderFor(exact_, path_);
-    coder_ = newAvCodec(codec);
-    describe(*coder_, options, exact_);
+    const AVCodec& encoder = encoderFor(codec_, path_);
+    coder_ = newAvCodec(&encoder);
+    describe(*coder_, options, codec_);
     coder_->thread_count = 0;
     if (format_->oformat->flags & AVFMT_GLOBALHEADER) {
         coder_->flags |= AV_CODEC_FLAG_GLOBAL_HEADER;
     }
-    if (exact_) {
+    if (codec_.exact) {
         setExact(*coder_);
     } else {
-        av_opt_set(coder_->priv_data, "crf", kQuality, 0);
-        convert_.emplace(options.size, options.depth, YuvForm{coder_->pix_fmt, coder_->colorspace});
+        setQuality(*coder_, codec_, options.quality);
+        convert_.emplace(options.size, options.depth,
+                         YuvForm{coder_->pix_fmt, coder_->colorspace,
+                                 coder_->color_range == AVCOL_RANGE_JPEG, AVCHROMA_LOC_LEFT});
     }
-    check(avcodec_open2(coder_.get(), codec, nullptr));
+    check(avcodec_open2(coder_.get(), &encoder, nullptr));
 }
 
 void VideoWriter::openContainer(const WriteOptions& options) {
@@ -147,6 +184,7 @@ void VideoWriter::openContainer(const WriteOptions& options) {
     stream->time_base = coder_->time_base;
     stream->avg_frame_rate = fraction(options.rate);
     stream->sample_aspect_ratio = fraction(options.pixelAspect);
+    audio_.emplace(options.audio, *format_);
     check(avio_open(&format_->pb, ("file:" + file_.path().string()).c_str(), AVIO_FLAG_WRITE));
     check(avformat_write_header(format_.get(), nullptr));
 }
@@ -173,6 +211,7 @@ void VideoWriter::write(std::int64_t, const Frame& frame) {
     const AvFrame picture = toPicture(frame);
     picture->pts = written_++;
     encode(picture.get());
+    check(audio_->writeUntil(av_rescale_q(written_, coder_->time_base, {1, AV_TIME_BASE})));
 }
 
 void VideoWriter::encode(const AVFrame* picture) {
@@ -193,6 +232,7 @@ void VideoWriter::encode(const AVFrame* picture) {
 
 void VideoWriter::finish() {
     encode(nullptr);
+    check(audio_->writeUntil(INT64_MAX));
     check(av_write_trailer(format_.get()));
     avio_flush(format_->pb);
     check(format_->pb->error);

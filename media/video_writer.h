@@ -4,15 +4,19 @@
 
 #include <optional>
 
+#include "media/audio_copy.h"
 #include "media/av_handles.h"
 #include "media/frame_writer.h"
 #include "media/partial_file.h"
+#include "media/video_codec.h"
 #include "media/yuv_convert.h"
 
 namespace ruvex::media {
 
-/// H.264 in .mp4, .m4v and .mov: limited-range YUV, no alpha; 4:2:0, or 4:4:4 where a side is odd.
-/// FFV1 in .mkv: RGB with alpha, 8 or 16 bits a component, without loss. The time of frame k is
+/// By the file's ending and the coding that the options name; see findVideoCodec. H.264 and H.265:
+/// YUV without alpha, 4:2:0, or 4:4:4 where a side is odd, 8 bits, or 10 of H.265 for deep frames.
+/// ProRes 4444: YUV 4:4:4 of 10 bits with alpha. FFV1: RGB with alpha, 8 or 16 bits a component,
+/// without loss. The sound that the options name is copied. The time of frame k is
 /// exactly k / rate in the coder; a container may round it to its own steps.
 class VideoWriter : public FrameWriter {
 public:
@@ -22,12 +26,10 @@ public:
 
     void write(std::int64_t number, const Frame& frame) override;
     void finish() override;
+    std::vector<std::string> remarks() const override;
 
     /// Whether the ending is one of these.
     static bool canWrite(const std::filesystem::path& path);
-
-    /// What a file of this ending is coded with.
-    static std::string codecName(const std::filesystem::path& path);
 
 private:
     void openCoder(const WriteOptions& options);
@@ -43,12 +45,13 @@ private:
     };
 
     std::filesystem::path path_;
-    bool exact_;
+    const VideoCodec& codec_;
     std::optional<AlphaForm> alpha_;
     PartialFile file_;
     std::unique_ptr<AVFormatContext, Free> format_;
     AvCodec coder_;
     AvPacket packet_;
+    std::optional<AudioCopy> audio_;
     std::optional<FrameToYuv> convert_;
     std::int64_t written_ = 0;
 };

@@ -1,0 +1,100 @@
+#include "media/audio_copy.h"
+
+#include <algorithm>
+
+namespace ruvex::media {
+namespace {
+
+constexpr AVRational kMicroseconds = {1, AV_TIME_BASE};
+constexpr int kNone = -1;
+
+}  // namespace
+
+AudioCopy::AudioCopy(const AudioSource& source, AVFormatContext& output)
+    : source_(source), output_(output), packet_(newAvPacket()) {
+    if (source.path.empty()) {
+        return;
+    }
+    AVFormatContext* input = nullptr;
+    if (avformat_open_input(&input, ("file:" + source.path.string()).c_str(), nullptr, nullptr) <
+        0) {
+        return;
+    }
+    input_.reset(input);
+    if (avformat_find_stream_info(input, nullptr) >= 0) {
+        addStreams();
+    }
+}
+
+void AudioCopy::addStreams() {
+    for (unsigned i = 0; i < input_->nb_streams; ++i) {
+        AVStream& from = *input_->streams[i];
+        const AVCodecParameters& coding = *from.codecpar;
+        streams_.push_back(kNone);
+        from.discard = AVDISCARD_ALL;
+        if (coding.codec_type != AVMEDIA_TYPE_AUDIO) {
+            continue;
+        }
+        if (avformat_query_codec(output_.oformat, coding.codec_id, FF_COMPLIANCE_NORMAL) != 1) {
+            leftOut_.emplace_back(avcodec_get_name(coding.codec_id));
+            continue;
+        }
+        AVStream* to = avformat_new_stream(&output_, nullptr);
+        if (to == nullptr || avcodec_parameters_copy(to->codecpar, &coding) < 0) {
+            throw std::bad_alloc();
+        }
+        to->codecpar->codec_tag = 0;
+        to->time_base = from.time_base;
+        to->disposition = from.disposition;
+        av_dict_copy(&to->metadata, from.metadata, 0);
+        from.discard = AVDISCARD_DEFAULT;
+        streams_.back() = to->index;
+    }
+}
+
+bool AudioCopy::fetch() {
+    while (!waiting_ && input_) {
+        av_packet_unref(packet_.get());
+        if (av_read_frame(input_.get(), packet_.get()) < 0) {
+            input_.reset();
+            return false;
+        }
+        waiting_ = isWanted();
+    }
+    return waiting_;
+}
+
+bool AudioCopy::isWanted() const {
+    const auto index = static_cast<std::size_t>(packet_->stream_index);
+    if (index >= streams_.size() || streams_[index] == kNone || packet_->pts == AV_NOPTS_VALUE) {
+        return false;
+    }
+    const AVRational unit = input_->streams[index]->time_base;
+    const std::int64_t begin = av_rescale_q(packet_->pts, unit, kMicroseconds);
+    const std::int64_t end = av_rescale_q(packet_->pts + packet_->duration, unit, kMicroseconds);
+    return begin < source_.to && std::max(end, begin + 1) > source_.from;
+}
+
+int AudioCopy::writeUntil(std::int64_t time) {
+    while (fetch()) {
+        const auto index = static_cast<std::size_t>(packet_->stream_index);
+        const AVRational unit = input_->streams[index]->time_base;
+        const std::int64_t shift = av_rescale_q(source_.zero, kMicroseconds, unit);
+        if (av_rescale_q(packet_->pts - shift, unit, kMicroseconds) >= time) {
+            return 0;
+        }
+        packet_->pts -= shift;
+        packet_->dts = packet_->dts == AV_NOPTS_VALUE ? packet_->pts : packet_->dts - shift;
+        packet_->pos = -1;
+        packet_->stream_index = streams_[index];
+        av_packet_rescale_ts(packet_.get(), unit, output_.streams[streams_[index]]->time_base);
+        waiting_ = false;
+        const int code = av_interleaved_write_frame(&output_, packet_.get());
+        if (code < 0) {
+            return code;
+        }
+    }
+    return 0;
+}
+
+}  // namespace ruvex::media
