@@ -36,6 +36,9 @@ int renderPlanned(const RenderJob& job, const RenderPlan& plan, const FramesToMa
     RenderLine line(job, plan, std::move(clip));
     media::removeAbandoned(job.output);
     const auto writer = media::openWriter(job.output, plan.output);
+    if (job.talk != Talk::Quiet) {
+        printWarnings(writer->remarks());
+    }
     return renderInto(*writer, line, frames, job.talk) ? 0 : reportStop(job.output);
 }
 

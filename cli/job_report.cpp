@@ -26,7 +26,7 @@ std::string inputText(const RenderJob& job, const RenderPlan& plan, const media:
 
 std::string outputText(const RenderJob& job, const RenderPlan& plan) {
     return job.output.string() + ": " + toText(plan.output.size) + ", " +
-           media::codecName(job.output);
+           media::codecName(job.output, job.codec);
 }
 
 std::string framesText(const RenderPlan& plan, const FramesToMake& frames) {

@@ -9,6 +9,7 @@
 #include "cli/usage_error.h"
 #include "media/frame_writer.h"
 #include "media/numbered_path.h"
+#include "media/video_codec.h"
 
 namespace ruvex::cli {
 namespace {
@@ -52,6 +53,10 @@ void checkOutput(const RenderJob& job) {
                          "written. Use one of " +
                          media::writableEndings() + ".");
     }
+    const std::string fault = media::storageFault(job.output, job.codec, job.quality);
+    if (!fault.empty()) {
+        throw UsageError(job.output.string() + ": " + fault);
+    }
     for (const auto& [file, what] : {std::pair(job.input, "input"), {job.mask, "mask"}}) {
         std::error_code ignored;
         if (media::fileKind(file) == media::FileKind::Stream) {
@@ -79,6 +84,9 @@ RenderJob makeRenderJob(const RenderOptions& options) {
     job.frames = ifGiven(options.frames, [](auto& text) { return parseFrames("--frames", text); });
     job.depth = ifGiven(options.depth, parseDepth);
     job.alpha = ifGiven(options.alpha, [](auto& text) { return parseAlpha("--alpha", text); });
+    job.codec = ifGiven(options.codec, [](auto& text) { return text; });
+    job.quality =
+        ifGiven(options.quality, [](auto& text) { return parseWhole("--quality", text, 1, 100); });
     job.inputFormat = ifGiven(options.inputFormat, [&](auto& text) {
         return parseStreamFormat("--input-format", text, job.input);
     });

@@ -29,6 +29,8 @@ struct RenderJob {
     std::optional<media::AlphaForm> alpha;        ///< Nothing: each file as its kind does.
     std::optional<media::FileKind> inputFormat;   ///< Of standard input.
     std::optional<media::FileKind> outputFormat;  ///< Of standard output.
+    std::optional<std::string> codec;
+    std::optional<int> quality;
     std::optional<int> workers;
     std::optional<media::FrameSize> projectSize;
     double pixelAspect = 1.0;

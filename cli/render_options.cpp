@@ -8,14 +8,15 @@ const char* const kRenderNotes = R"(Files, by the ending of their names:
   .jpg .jpeg              stills of 8 bits, without alpha
   .rgba8                  raw frames, 4 bytes a pixel: red, green, blue, alpha
   .s214                   raw frames, four little-endian signed 16-bit words a pixel, white 16384
-  .mp4 .m4v .mov          video out: H.264, without alpha
+  .mp4 .m4v               video out: H.264, without alpha
+  .mov                    video out: ProRes 4444, with alpha
   .mkv                    video out: FFV1, without loss, with alpha
   .y4m                    video out without compression, and without alpha
   -                       standard input or output: Y4M or raw frames, one after the other
   anything else           video in: whatever the FFmpeg libraries read
 A number in a name stands for a sequence: shot.%05d.png is shot.00000.png, shot.00001.png, ...
 Raw frames have no header; their first row is row 0 of the chain, the picture's bottom line.
-Sound is not carried over.)";
+The sound of a video is copied into a video, cut to --frames.)";
 
 OptionTable renderOptions(RenderOptions& options) {
     OptionTable table = {
@@ -37,6 +38,13 @@ OptionTable renderOptions(RenderOptions& options) {
          "How input and output store colour beside alpha; without it, EXR premultiplied and "
          "everything else straight. The effect works on straight colour",
          &options.alpha},
+        {"--codec", "ffv1|h264|h265|prores",
+         "How video is coded; without it .mp4 and .m4v are H.264, .mov is ProRes 4444, .mkv is "
+         "FFV1",
+         &options.codec},
+        {"--quality", "1-100",
+         "Of H.264 and H.265 (72 without it), of ProRes and JPEG (95); 100 is the finest",
+         &options.quality},
         {"--input-format", "y4m|rgba8|s214",
          "What standard input (-) holds; without it raw frames of 8 bits if --size is given, else "
          "Y4M",

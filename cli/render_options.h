@@ -19,6 +19,8 @@ struct RenderOptions {
     std::string frames;
     std::string depth;
     std::string alpha;
+    std::string codec;
+    std::string quality;
     std::string inputFormat;
     std::string outputFormat;
     std::string workers;

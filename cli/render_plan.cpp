@@ -1,5 +1,7 @@
 #include "cli/render_plan.h"
 
+#include <cmath>
+
 #include "cli/clip_choice.h"
 #include "cli/usage_error.h"
 #include "media/file_kind.h"
@@ -27,6 +29,41 @@ void checkRoomForFrames(const RenderJob& job, const RenderPlan& plan) {
     }
 }
 
+std::int64_t microseconds(std::int64_t frames, const media::Rational& rate) {
+    constexpr double kMicro = 1e6;
+    return std::llround(static_cast<double>(frames) * kMicro / rate.value());
+}
+
+/// The sound of the frames; all of it where all frames are rendered, as it may be longer.
+media::AudioSource soundOf(const RenderJob& job, const media::ClipInfo& clip,
+                           const RenderPlan& plan) {
+    if (media::fileKind(job.input) != media::FileKind::Video) {
+        return {};
+    }
+    media::AudioSource sound{job.input};
+    sound.zero = clip.start + microseconds(plan.frames.first, plan.rate);
+    if (plan.frames.first > clip.first) {
+        sound.from = sound.zero;
+    }
+    if (plan.frames.last < clip.last) {
+        sound.to = clip.start + microseconds(plan.frames.last + 1, plan.rate);
+    }
+    return sound;
+}
+
+void warnOf(const media::ClipInfo& clip, RenderJob& job, const media::Rational& rate) {
+    if (clip.uneven) {
+        job.warnings.push_back("The frames of " + job.input.string() +
+                               " are of uneven length: they are rendered at a constant " +
+                               toText(rate) + " frames a second.");
+    }
+    if (clip.fields != media::FieldOrder::Progressive) {
+        const bool top = clip.fields == media::FieldOrder::TopFirst;
+        job.warnings.push_back(job.input.string() + " is interlaced, " + (top ? "top" : "bottom") +
+                               " field first.");
+    }
+}
+
 }  // namespace
 
 RenderPlan makeRenderPlan(RenderJob& job, const media::ClipInfo& clip) {
@@ -34,6 +71,7 @@ RenderPlan makeRenderPlan(RenderJob& job, const media::ClipInfo& clip) {
     plan.size = clip.size;
     plan.depth = job.depth.value_or(clip.depth);
     plan.rate = chooseRate(job.input, clip, job.rate, job.warnings);
+    warnOf(clip, job, plan.rate);
     plan.clip = {clip.first, clip.last};
     plan.frames = chooseFrames(job.input, clip, job.frames);
     plan.endless = !clip.lastKnown && !job.frames;
@@ -43,6 +81,9 @@ RenderPlan makeRenderPlan(RenderJob& job, const media::ClipInfo& clip) {
     const media::FrameSize project = job.projectSize.value_or(plan.size);
     plan.project = {project.width, project.height, job.pixelAspect, plan.rate.value()};
     plan.output = {plan.size, plan.depth, plan.rate, clip.pixelAspect, clip.colour, job.alpha};
+    plan.output.quality = job.quality;
+    plan.output.codec = job.codec;
+    plan.output.audio = soundOf(job, clip, plan);
     plan.output.format = job.outputFormat;
     plan.output.bits = clip.bits;
     plan.output.chroma = clip.chroma;

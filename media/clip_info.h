@@ -34,6 +34,7 @@ struct ClipInfo {
     FrameSize size;
     Depth depth = Depth::Bits8;    ///< S2.14 for over 8 bits a component.
     std::optional<Rational> rate;  ///< Frames a second; nothing if the files do not say.
+    bool uneven = false;           ///< Whether frames were doubled or left out to keep to the rate.
     std::int64_t first = 0;        ///< Number of the first frame.
     std::int64_t last = 0;         ///< Number of the last one, inclusive.
     bool lastKnown = true;  ///< False for a stream, whose end shows when it comes; `last` is then

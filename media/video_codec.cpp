@@ -13,7 +13,7 @@ namespace {
 /// tells apart on moving pictures; snow and shash cost bits, but keep their edge.
 constexpr VideoCodec kCodecs[] = {
     {"ffv1", "FFV1, without loss", "ffv1", ".mkv ", true, true, 0},
-    {"prores", "ProRes 4444", "prores_ks", ".mov .mkv ", false, true, 90},
+    {"prores", "ProRes 4444", "prores_ks", ".mov .mkv ", false, true, 95},
     {"h264", "H.264", "libx264", ".mp4 .m4v .mov .mkv ", false, false, 72},
     {"h265", "H.265", "libx265", ".mp4 .m4v .mov .mkv ", false, false, 72},
 };

@@ -12,6 +12,8 @@ namespace {
 
 /// Containers that count time in coarse steps store 30000/1001 as a near-by fraction.
 constexpr double kSameRate = 2e-7;
+/// More than a day at any usual rate.
+constexpr std::int64_t kMostSamples = std::int64_t{1} << 24;
 
 Rational standardRate(const Rational& rate) {
     const auto near = [&rate](std::int64_t num, std::int64_t den) {
@@ -30,6 +32,19 @@ std::optional<Rational> rateFrom(const AVRational& rate) {
         return std::nullopt;
     }
     return standardRate(makeRational(rate.num, rate.den));
+}
+
+/// The slowest of the rates in use that leaves out next to none of the frames.
+Rational usualRate(const Rational& average) {
+    constexpr double kNearlyAll = 0.99;
+    constexpr Rational kRates[] = {{24000, 1001}, {24, 1}, {25, 1},       {30000, 1001}, {30, 1},
+                                   {48, 1},       {50, 1}, {60000, 1001}, {60, 1}};
+    for (const Rational& rate : kRates) {
+        if (rate.value() >= average.value() * kNearlyAll) {
+            return rate;
+        }
+    }
+    return {static_cast<std::int64_t>(std::ceil(average.value())), 1};
 }
 
 /// Broadcast streams mark a packet as damaged for a lost continuity count that harms no picture.
@@ -77,7 +92,8 @@ void VideoIndex::collect(VideoFile& file, const std::filesystem::path& path) {
         damaged = damaged || marksDamage(file.format(), *packet);
         if ((packet->flags & AV_PKT_FLAG_DISCARD) == 0) {
             timed_ = timed_ && packet->pts != AV_NOPTS_VALUE;
-            frames_.push_back({packet->pts, (packet->flags & AV_PKT_FLAG_KEY) != 0});
+            frames_.push_back(
+                {packet->pts, packet->duration, (packet->flags & AV_PKT_FLAG_KEY) != 0});
         }
     }
     // One container lists more frames than there are; another only complains of an early end.
@@ -90,6 +106,30 @@ void VideoIndex::collect(VideoFile& file, const std::filesystem::path& path) {
 void VideoIndex::startAt(std::int64_t time) {
     if (timed_) {
         std::erase_if(frames_, [time](const Shown& frame) { return frame.time < time; });
+    }
+    if (uneven_) {
+        sample();
+    }
+}
+
+void VideoIndex::sample() {
+    const auto placeOf = [this](std::int64_t time) {
+        const auto units = static_cast<double>(time - frames_.front().time);
+        return std::llround(units * framesPerUnit_);
+    };
+    const Shown& last = frames_.back();
+    const std::int64_t end =
+        std::max<std::int64_t>(placeOf(last.time + last.duration), placeOf(last.time) + 1);
+    if (end > kMostSamples) {
+        throw MediaError("The frames of this video lie too far apart in time. Convert it first.");
+    }
+    samples_.assign(static_cast<std::size_t>(end), 0);
+    for (std::size_t i = 0; i < frames_.size(); ++i) {
+        const std::int64_t from = placeOf(frames_[i].time);
+        const std::int64_t to = i + 1 < frames_.size() ? placeOf(frames_[i + 1].time) : end;
+        for (std::int64_t place = from; place < to; ++place) {
+            samples_[static_cast<std::size_t>(place)] = static_cast<std::int64_t>(i);
+        }
     }
 }
 
@@ -105,6 +145,12 @@ void VideoIndex::chooseRate(const AVStream& stream) {
         }
     }
     rate_ = average.value_or(base.value_or(rate_));
+    if (timed_ && average) {
+        uneven_ = true;
+        rate_ = usualRate(*average);
+        framesPerUnit_ = rate_.value() * stream.time_base.num / stream.time_base.den;
+        sample();
+    }
 }
 
 bool VideoIndex::liesOnGrid(const Rational& rate, const AVRational& unit) const {

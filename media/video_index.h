@@ -19,8 +19,21 @@ public:
     /// Throws MediaError if the file breaks off or holds no frame.
     explicit VideoIndex(const std::filesystem::path& path);
 
-    std::int64_t count() const { return static_cast<std::int64_t>(frames_.size()); }
+    /// Frames at the constant rate: those that there are, or, where these are uneven, as many as
+    /// their time takes.
+    std::int64_t count() const {
+        return static_cast<std::int64_t>(uneven_ ? samples_.size() : frames_.size());
+    }
     const Rational& rate() const { return rate_; }
+
+    /// Whether the frames do not keep to one rate.
+    bool uneven() const { return uneven_; }
+
+    /// The number, among those that there are, of the frame that is shown as frame `sample` at the
+    /// constant rate.
+    std::int64_t shownAs(std::int64_t sample) const {
+        return uneven_ ? samples_[static_cast<std::size_t>(sample)] : sample;
+    }
 
     /// Whether each frame has a time of its own. Without, frames are told apart by counting alone,
     /// and the way to an earlier one is from the start.
@@ -39,16 +52,22 @@ public:
 private:
     struct Shown {
         std::int64_t time;
+        std::int64_t duration;
         bool key;
     };
 
     void collect(VideoFile& file, const std::filesystem::path& path);
     void chooseRate(const AVStream& stream);
+    /// Finds for each time of the constant rate the frame that is nearest or before.
+    void sample();
     bool liesOnGrid(const Rational& rate, const AVRational& unit) const;
 
     std::vector<Shown> frames_;
     Rational rate_{25, 1};
     bool timed_ = true;
+    bool uneven_ = false;
+    double framesPerUnit_ = 0;  ///< At the rate, for a unit of the stream's time.
+    std::vector<std::int64_t> samples_;
 };
 
 }  // namespace ruvex::media

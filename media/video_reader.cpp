@@ -46,6 +46,7 @@ void VideoReader::describe(const AVFrame& first) {
     info_.size = {first.width, first.height};
     info_.depth = convert_->depth();
     info_.rate = index_.rate();
+    info_.uneven = index_.uneven();
     info_.last = index_.count() - 1;
     info_.hasAlpha = convert_->hasAlpha();
     info_.pixelAspect = pixelAspectOf(first, decoder_.stream());
@@ -110,7 +111,8 @@ const Frame* VideoReader::reach(std::int64_t number) {
     return cache_.find(number);
 }
 
-std::optional<Frame> VideoReader::readOwn(std::int64_t number) {
+std::optional<Frame> VideoReader::readOwn(std::int64_t wanted) {
+    const std::int64_t number = index_.shownAs(wanted);
     if (const Frame* kept = cache_.find(number)) {
         return *kept;
     }
@@ -124,7 +126,7 @@ std::optional<Frame> VideoReader::readOwn(std::int64_t number) {
     if (const Frame* found = reach(number)) {
         return *found;
     }
-    throw MediaError(path_.string() + " is damaged: frame " + std::to_string(number) +
+    throw MediaError(path_.string() + " is damaged: frame " + std::to_string(wanted) +
                      " cannot be decoded.");
 }
 

@@ -210,6 +210,11 @@ AvFrame VideoWriter::pack(const Frame& frame) {
 void VideoWriter::write(std::int64_t, const Frame& frame) {
     const AvFrame picture = toPicture(frame);
     picture->pts = written_++;
+    // One of the encoders marks its frames by these.
+    picture->color_primaries = coder_->color_primaries;
+    picture->color_trc = coder_->color_trc;
+    picture->colorspace = coder_->colorspace;
+    picture->color_range = coder_->color_range;
     encode(picture.get());
     check(audio_->writeUntil(av_rescale_q(written_, coder_->time_base, {1, AV_TIME_BASE})));
 }

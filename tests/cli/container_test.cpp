@@ -1,0 +1,131 @@
+#include <algorithm>
+#include <cstdlib>
+#include <fstream>
+#include <gtest/gtest.h>
+
+#include "tests/cli/run_command.h"
+#include "tests/media/temp_folder.h"
+#include "tests/media/test_clips.h"
+
+namespace ruvex::cli {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// One line a packet of sound: a check sum of what it holds.
+std::vector<std::string> soundOf(const media::TempFolder& folder, const fs::path& file) {
+    const fs::path list = folder.file("packets");
+    const std::string command =
+        "ffprobe -v error -select_streams a -show_packets -show_data_hash MD5 -show_entries "
+        "packet=data_hash -of default=nw=1 " +
+        media::quoted(file) + " > " + media::quoted(list);
+    EXPECT_EQ(std::system(command.c_str()), 0) << command;
+    std::vector<std::string> packets;
+    std::ifstream lines(list);
+    for (std::string line; std::getline(lines, line);) {
+        if (line.starts_with("data_hash=")) {
+            packets.push_back(line);
+        }
+    }
+    EXPECT_GT(packets.size(), 10u);
+    return packets;
+}
+
+double durationOf(const fs::path& file) {
+    const std::string said = media::probe(file, "format=duration");
+    return std::stod(said.substr(said.find('=') + 1));
+}
+
+class Containers : public testing::TestWithParam<const char*> {};
+
+TEST_P(Containers, KeepCountRateDurationTagsAndSound) {
+    media::TempFolder folder;
+    const fs::path in = folder.file("in.mp4");
+    media::runFfmpeg(media::movingPicture("96x64", GetParam(), 2) +
+                         " -f lavfi -i sine=frequency=440 -t 2 -pix_fmt yuv420p -c:v libx264 "
+                         "-vf setsar=16/11 -colorspace bt709 -color_primaries bt709 -color_trc "
+                         "bt709 -c:a aac -shortest",
+                     in);
+    const std::string entries =
+        "stream=width,height,sample_aspect_ratio,r_frame_rate,nb_read_frames,color_space,"
+        "color_primaries,color_transfer,color_range";
+    for (const char* name : {"out.mp4", "out.mkv", "out.mov"}) {
+        const fs::path out = folder.file(name);
+        const Outcome outcome = ruvex({"render", in.string(), "-o", out.string(), "--set",
+                                       "Resolution=50", "--codec", "h264"});
+        ASSERT_EQ(outcome.status, 0) << outcome.err;
+        EXPECT_EQ(media::probe(out, entries), media::probe(in, entries)) << name;
+        EXPECT_EQ(soundOf(folder, out), soundOf(folder, in)) << name;
+        EXPECT_NEAR(durationOf(out), durationOf(in), 0.03) << name;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Rates, Containers, testing::Values("25", "30000/1001", "24000/1001"));
+
+TEST(Sound, IsCutToTheFrames) {
+    media::TempFolder folder;
+    const fs::path in = folder.file("in.mkv");
+    const fs::path out = folder.file("out.mp4");
+    media::runFfmpeg(media::movingPicture("96x64", "25", 4) +
+                         " -f lavfi -i sine=frequency=440 -t 4 -c:v libx264 -c:a aac",
+                     in);
+    const Outcome outcome = ruvex({"render", in.string(), "-o", out.string(), "--frames", "25-74"});
+    ASSERT_EQ(outcome.status, 0) << outcome.err;
+    const auto all = soundOf(folder, in);
+    const auto cut = soundOf(folder, out);
+    // Two of four seconds, in packets of 1024 of 44100 samples a second.
+    EXPECT_NEAR(static_cast<double>(cut.size()), 2 * 44100 / 1024.0, 2);
+    const auto first = std::find(all.begin(), all.end(), cut.at(0));
+    ASSERT_NE(first, all.end());
+    EXPECT_NEAR(static_cast<double>(first - all.begin()), 44100 / 1024.0, 2);
+    EXPECT_TRUE(std::equal(cut.begin(), cut.end(), first));
+}
+
+TEST(Sound, ThatAContainerCannotHoldIsNamed) {
+    media::TempFolder folder;
+    const fs::path in = folder.file("in.mkv");
+    media::runFfmpeg(media::movingPicture("96x64", "25", 0.4) +
+                         " -f lavfi -i sine=frequency=440 -t 0.4 -c:v libx264 -c:a pcm_s16le",
+                     in);
+    const Outcome outcome = ruvex({"render", in.string(), "-o", folder.file("out.mp4").string()});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_NE(outcome.err.find("pcm_s16le"), std::string::npos) << outcome.err;
+}
+
+TEST(UnevenVideo, IsSaidAndKeepsItsDuration) {
+    media::TempFolder folder;
+    const fs::path in = folder.file("in.mkv");
+    const fs::path out = folder.file("out.mp4");
+    media::runFfmpeg(
+        media::movingPicture("96x64", "30", 3) +
+            " -f lavfi -i sine=frequency=440 -t 3 -vf \"select='lt(n,30)+not(mod(n,3))'\" "
+            "-vsync vfr -c:v libx264 -c:a aac",
+        in);
+    const Outcome outcome = ruvex({"render", in.string(), "-o", out.string()});
+    ASSERT_EQ(outcome.status, 0) << outcome.err;
+    EXPECT_NE(outcome.err.find("uneven"), std::string::npos) << outcome.err;
+    EXPECT_NEAR(durationOf(out), durationOf(in), 0.1);
+    EXPECT_EQ(soundOf(folder, out), soundOf(folder, in));
+}
+
+TEST(Storage, ChoicesThatDoNotFitAreWrongCommandLines) {
+    media::TempFolder folder;
+    const std::string in = folder.file("in.png").string();
+    media::runFfmpeg(media::movingPicture("16x16", "25", 0.04) + " -frames:v 1", in);
+    const auto status = [&](const std::string& out, const Arguments& more) {
+        Arguments all = {"render", in, "-o", folder.file(out).string()};
+        all.insert(all.end(), more.begin(), more.end());
+        return ruvex(all).status;
+    };
+    EXPECT_EQ(status("o.mp4", {"--codec", "prores"}), 2);
+    EXPECT_EQ(status("o.mp4", {"--codec", "theora"}), 2);
+    EXPECT_EQ(status("o.mkv", {"--quality", "50"}), 2);
+    EXPECT_EQ(status("o.mp4", {"--quality", "0"}), 2);
+    EXPECT_EQ(status("o.png", {"--codec", "h264"}), 2);
+    EXPECT_EQ(status("o.mov", {"--quality", "50"}), 0);
+    EXPECT_EQ(status("o.jpg", {"--quality", "50"}), 0);
+    EXPECT_EQ(status("o.mkv", {"--codec", "prores"}), 0);
+}
+
+}  // namespace
+}  // namespace ruvex::cli
