@@ -7,12 +7,27 @@ namespace {
 
 const HKEY kRoot = HKEY_LOCAL_MACHINE;
 
+/// Asked before anything is removed, for not every system looks at the rights to a key when it
+/// removes it.
+bool isRemovable(const std::wstring& path) {
+    HKEY key = nullptr;
+    if (RegOpenKeyExW(kRoot, path.c_str(), 0, KEY_READ | KEY_SET_VALUE | DELETE, &key) !=
+        ERROR_SUCCESS) {
+        return false;
+    }
+    RegCloseKey(key);
+    return true;
+}
+
 }  // namespace
 
 RegistryKey RegistryKey::open(const std::wstring& path) {
     HKEY key = nullptr;
     const LSTATUS status = RegOpenKeyExW(kRoot, path.c_str(), 0, KEY_READ, &key);
-    return RegistryKey(status == ERROR_SUCCESS ? key : nullptr);
+    if (status == ERROR_FILE_NOT_FOUND || status == ERROR_PATH_NOT_FOUND)
+        return RegistryKey(nullptr);
+    if (status != ERROR_SUCCESS) throw RegistryUnreadable();
+    return RegistryKey(key);
 }
 
 RegistryKey RegistryKey::create(const std::wstring& path) {
@@ -39,6 +54,15 @@ bool RegistryKey::set(const wchar_t* name, DWORD number) const {
                           sizeof number) == ERROR_SUCCESS;
 }
 
+bool RegistryKey::set(const RegistryValue& value) const {
+    return RegSetValueExW(key_, value.name.c_str(), 0, value.type, value.data.data(),
+                          static_cast<DWORD>(value.data.size())) == ERROR_SUCCESS;
+}
+
+bool RegistryKey::remove(const std::wstring& name) const {
+    return RegDeleteValueW(key_, name.c_str()) == ERROR_SUCCESS;
+}
+
 std::optional<std::wstring> RegistryKey::text(const wchar_t* name) const {
     DWORD bytes = 0;
     if (RegGetValueW(key_, nullptr, name, RRF_RT_REG_SZ, nullptr, nullptr, &bytes) !=
@@ -63,6 +87,29 @@ std::optional<DWORD> RegistryKey::number(const wchar_t* name) const {
     return number;
 }
 
+std::vector<RegistryValue> RegistryKey::values() const {
+    DWORD longestName = 0;
+    DWORD longestData = 0;
+    if (RegQueryInfoKeyW(key_, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
+                         &longestName, &longestData, nullptr, nullptr) != ERROR_SUCCESS) {
+        throw RegistryUnreadable();
+    }
+    std::vector<RegistryValue> values;
+    for (DWORD index = 0;; ++index) {
+        // The system's lengths leave out the zero behind a name.
+        DWORD length = longestName + 1;
+        DWORD bytes = longestData;
+        RegistryValue value{std::wstring(length, L'\0'), 0, std::vector<BYTE>(bytes + 1)};
+        const LSTATUS status = RegEnumValueW(key_, index, value.name.data(), &length, nullptr,
+                                             &value.type, value.data.data(), &bytes);
+        if (status == ERROR_NO_MORE_ITEMS) return values;
+        if (status != ERROR_SUCCESS) throw RegistryUnreadable();
+        value.name.resize(length);
+        value.data.resize(bytes);
+        values.push_back(std::move(value));
+    }
+}
+
 std::vector<std::wstring> RegistryKey::names() const {
     constexpr DWORD kLongest = 256;
     std::vector<std::wstring> names;
@@ -71,7 +118,8 @@ std::vector<std::wstring> RegistryKey::names() const {
         DWORD length = kLongest;
         const LSTATUS status =
             RegEnumKeyExW(key_, index, name, &length, nullptr, nullptr, nullptr, nullptr);
-        if (status != ERROR_SUCCESS) return names;
+        if (status == ERROR_NO_MORE_ITEMS) return names;
+        if (status != ERROR_SUCCESS) throw RegistryUnreadable();
         names.emplace_back(name, length);
     }
 }
@@ -82,6 +130,7 @@ bool registryKeyExists(const std::wstring& path) {
 
 bool removeRegistryTree(const std::wstring& path) {
     if (!registryKeyExists(path)) return true;
+    if (!isRemovable(path)) return false;
     if (RegDeleteTreeW(kRoot, path.c_str()) != ERROR_SUCCESS) return false;
     // The key itself goes with the tree on some systems and stays, empty, on others.
     RegDeleteKeyW(kRoot, path.c_str());

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "sdk/registry_key.h"
+#include "sdk/registry_change.h"
 #include "sdk/registry_store.h"
 #include "sdk/utf8.h"
 
@@ -122,60 +122,94 @@ bool writeFamily(const DSRegisteredFamily& entry, DWORD order) {
            key.set(L"Order", order);
 }
 
+void removeIfEmpty(const std::wstring& path) {
+    const RegistryKey key = RegistryKey::open(path);
+    if (key && key.names().empty()) ruvex::removeRegistryKeyIfEmpty(path);
+}
+
 /// Nothing is left behind of a host without effects.
 void removeEmptyKeys() {
-    for (const std::wstring& path : {kClasses, kFamilies, kHost}) {
-        const RegistryKey key = RegistryKey::open(path);
-        if (key && key.names().empty()) ruvex::removeRegistryKeyIfEmpty(path);
+    for (const std::wstring& path : {kClasses, kFamilies, kHost}) removeIfEmpty(path);
+}
+
+template <class Operation>
+HRESULT reading(Operation operation) {
+    try {
+        return operation();
+    } catch (const ruvex::RegistryUnreadable&) {
+        return REGDB_E_READREGDB;
     }
+}
+
+/// One change of what lies at these places. It is kept if it succeeds.
+template <class Operation>
+HRESULT changing(std::initializer_list<std::wstring> places, Operation operation) {
+    return reading([&] {
+        HRESULT status = S_OK;
+        {
+            ruvex::RegistryChange change(places);
+            status = operation();
+            if (SUCCEEDED(status)) change.keep();
+        }
+        removeEmptyKeys();
+        return status;
+    });
+}
+
+HRESULT written(bool done) {
+    return done ? S_OK : REGDB_E_WRITEREGDB;
+}
+
+bool writeFamilies(std::span<const DSRegisteredFamily> entries) {
+    DWORD order = nextPlace(readFamilies());
+    return std::ranges::all_of(
+        entries, [&](const DSRegisteredFamily& entry) { return writeFamily(entry, order++); });
+}
+
+HRESULT removeFamily(const std::wstring& path) {
+    if (!ruvex::registryKeyExists(path)) return REGDB_E_CLASSNOTREG;
+    return written(ruvex::removeRegistryTree(path));
 }
 
 class WindowsRegistry final : public DSRegistryStore {
 public:
     HRESULT addClass(const DSRegisteredClass& entry) override {
-        if (writeSystemClass(entry) && writeHostClass(entry)) return S_OK;
-        removeClass(entry.classId);
-        return REGDB_E_WRITEREGDB;
+        return changing({systemClass(entry.classId), hostClass(entry.classId)},
+                        [&] { return written(writeSystemClass(entry) && writeHostClass(entry)); });
     }
 
     HRESULT removeClass(const GUID& classId) override {
-        if (!ruvex::registryKeyExists(hostClass(classId))) return REGDB_E_CLASSNOTREG;
-        const bool system = ruvex::removeRegistryTree(systemClass(classId));
-        const bool host = ruvex::removeRegistryTree(hostClass(classId));
-        removeEmptyKeys();
-        return system && host ? S_OK : REGDB_E_WRITEREGDB;
+        return changing({systemClass(classId), hostClass(classId)}, [&] {
+            if (!ruvex::registryKeyExists(hostClass(classId))) return REGDB_E_CLASSNOTREG;
+            return written(ruvex::removeRegistryTree(systemClass(classId)) &&
+                           ruvex::removeRegistryTree(hostClass(classId)));
+        });
     }
 
     HRESULT addFamilies(std::span<const DSRegisteredFamily> entries) override {
-        DWORD order = nextPlace(readFamilies());
-        for (const DSRegisteredFamily& entry : entries) {
-            if (!writeFamily(entry, order++)) return REGDB_E_WRITEREGDB;
-        }
-        return S_OK;
+        if (entries.empty()) return S_OK;
+        return changing({familiesOf(entries.front().classId)},
+                        [&] { return written(writeFamilies(entries)); });
     }
 
     HRESULT removeFamilies(const GUID& classId, std::span<const GUID> families) override {
-        HRESULT status = REGDB_E_CLASSNOTREG;
-        for (const GUID& family : families) {
-            const std::wstring path = familiesOf(classId) + L"\\" + braced(family);
-            if (!ruvex::registryKeyExists(path)) continue;
-            if (status == REGDB_E_CLASSNOTREG) status = S_OK;
-            if (!ruvex::removeRegistryTree(path)) status = REGDB_E_WRITEREGDB;
-        }
-        removeClassWithoutFamilies(classId);
-        removeEmptyKeys();
-        return status;
+        return changing({familiesOf(classId)}, [&] {
+            HRESULT status = REGDB_E_CLASSNOTREG;
+            for (const GUID& family : families) {
+                const HRESULT one = removeFamily(familiesOf(classId) + L"\\" + braced(family));
+                if (one == REGDB_E_WRITEREGDB) return one;
+                if (one == S_OK) status = S_OK;
+            }
+            removeIfEmpty(familiesOf(classId));
+            return status;
+        });
     }
 
     HRESULT read(DSRegistryContents& contents) override {
-        contents = {inOrder(readClasses()), inOrder(readFamilies())};
-        return S_OK;
-    }
-
-private:
-    static void removeClassWithoutFamilies(const GUID& classId) {
-        const RegistryKey key = RegistryKey::open(familiesOf(classId));
-        if (key && key.names().empty()) ruvex::removeRegistryKeyIfEmpty(familiesOf(classId));
+        return reading([&] {
+            contents = {inOrder(readClasses()), inOrder(readFamilies())};
+            return S_OK;
+        });
     }
 };
 

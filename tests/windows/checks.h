@@ -22,6 +22,9 @@ struct Checks {
 /// The registry's store on this system, with entries of the check's own.
 void checkRegistry(Checks& checks);
 
+/// The same where a key is not to be written or read: it stays as it was.
+void checkRegistryFailures(Checks& checks);
+
 /// The module after it was registered, and after it was taken out again.
 void checkRegistered(Checks& checks);
 void checkUnregistered(Checks& checks);

@@ -12,7 +12,10 @@ int main(int argc, char** argv) {
     Checks checks;
     checks.expect(SUCCEEDED(CoInitializeEx(nullptr, COINIT_MULTITHREADED)), "COM starts");
     try {
-        if (part == "registry") checkRegistry(checks);
+        if (part == "registry") {
+            checkRegistry(checks);
+            checkRegistryFailures(checks);
+        }
         if (part == "registered") checkRegistered(checks);
         if (part == "unregistered") checkUnregistered(checks);
     } catch (const std::exception& error) {
