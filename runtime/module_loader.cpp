@@ -26,7 +26,7 @@ std::string registryFailure(HRESULT status) {
         case REGDB_E_INVALIDVALUE:
             return "; what lies in the registry's place is no registry, or a damaged one";
         case REGDB_E_CLASSNOTREG:
-            return "; it is not registered";
+            return "; it was not registered, or not as a whole; what there was is taken out";
         default:
             return "";
     }
@@ -76,8 +76,9 @@ struct Module::Table {
 
     /// One user less; the last one takes the library out of memory if the module lets it.
     void leave(Library& library) {
-        if (--library.users > 0 || library.canUnloadNow() != S_OK) return;
-        DSRemoveModule(library.getClassObject);
+        if (--library.users > 0) return;
+        // One step with the module's own answer, for another thread may be making an object.
+        if (DSRemoveModule(library.getClassObject, library.canUnloadNow) != S_OK) return;
         libraries.erase(library.file);
     }
 
@@ -105,7 +106,8 @@ private:
         resolve(*library, "DllCanUnloadNow", library->canUnloadNow);
         resolve(*library, "DllRegisterServer", library->registerServer);
         resolve(*library, "DllUnregisterServer", library->unregisterServer);
-        DSAddModule(library->getClassObject);
+        require(DSAddModule(library->getClassObject),
+                "cannot enter the module '" + file.string() + "' among the loaded ones");
         return library;
     }
 };

@@ -1,17 +1,23 @@
 #include "sdk/module_table.h"
 
 #include <algorithm>
+#include <list>
 #include <mutex>
-#include <new>
-#include <vector>
 
 #include "sdk/com_ptr.h"
+#include "sdk/guarded.h"
 
 namespace {
 
+struct Entry {
+    DSGetClassObject* getClassObject;
+    /// Calls of CoCreateInstance that are in the module. An entry with any stays in the list.
+    int users = 0;
+};
+
 struct ModuleTable {
     std::mutex mutex;
-    std::vector<DSGetClassObject*> modules;
+    std::list<Entry> modules;
 };
 
 ModuleTable& moduleTable() {
@@ -24,20 +30,21 @@ ModuleTable& moduleTable() {
 HRESULT DSAddModule(DSGetClassObject* getClassObject) {
     if (!getClassObject) return E_POINTER;
     ModuleTable& table = moduleTable();
-    const std::lock_guard lock(table.mutex);
-    try {
-        table.modules.push_back(getClassObject);
-    } catch (const std::bad_alloc&) {
-        return E_OUTOFMEMORY;
-    }
-    return S_OK;
+    return ruvex::guarded([&] {
+        const std::lock_guard lock(table.mutex);
+        table.modules.push_back({getClassObject});
+        return S_OK;
+    });
 }
 
-HRESULT DSRemoveModule(DSGetClassObject* getClassObject) {
+HRESULT DSRemoveModule(DSGetClassObject* getClassObject, DSCanUnloadNow* canUnloadNow) {
     ModuleTable& table = moduleTable();
     const std::lock_guard lock(table.mutex);
-    const auto found = std::find(table.modules.begin(), table.modules.end(), getClassObject);
+    const auto found = std::ranges::find_if(table.modules, [&](const Entry& entry) {
+        return entry.getClassObject == getClassObject && entry.users == 0;
+    });
     if (found == table.modules.end()) return S_FALSE;
+    if (canUnloadNow && canUnloadNow() != S_OK) return S_FALSE;
     table.modules.erase(found);
     return S_OK;
 }
@@ -46,29 +53,51 @@ HRESULT DSRemoveModule(DSGetClassObject* getClassObject) {
 
 namespace {
 
-/// False when memory ran out.
-bool copyModules(std::vector<DSGetClassObject*>& modules) {
-    ModuleTable& table = moduleTable();
-    const std::lock_guard lock(table.mutex);
-    try {
-        modules = table.modules;
-    } catch (const std::bad_alloc&) {
-        return false;
+/// Goes through the modules without the lock, since a class may create objects of other classes
+/// while it is made. The module that it stands at is in use.
+class ModuleWalk {
+public:
+    ModuleWalk() : lock_(table_.mutex), at_(table_.modules.begin()) { enter(); }
+    ~ModuleWalk() { leave(); }
+    ModuleWalk(const ModuleWalk&) = delete;
+    ModuleWalk& operator=(const ModuleWalk&) = delete;
+
+    bool done() const { return done_; }
+    DSGetClassObject* getClassObject() const { return at_->getClassObject; }
+    /// Not when it is done.
+    void next() {
+        leave();
+        ++at_;
+        enter();
     }
-    return true;
-}
+
+private:
+    /// With the lock, which it lets go.
+    void enter() {
+        done_ = at_ == table_.modules.end();
+        if (!done_) ++at_->users;
+        lock_.unlock();
+    }
+    /// Takes the lock.
+    void leave() {
+        lock_.lock();
+        if (!done_) --at_->users;
+    }
+
+    ModuleTable& table_ = moduleTable();
+    std::unique_lock<std::mutex> lock_;
+    std::list<Entry>::iterator at_;
+    bool done_ = false;
+};
 
 }  // namespace
 
 HRESULT CoCreateInstance(const GUID& classId, IUnknown* outer, DWORD, const GUID& id, void** out) {
     if (!out) return E_POINTER;
     *out = nullptr;
-    // Without the lock: a class may create objects of other classes while it is made.
-    std::vector<DSGetClassObject*> modules;
-    if (!copyModules(modules)) return E_OUTOFMEMORY;
-    for (DSGetClassObject* getClassObject : modules) {
+    for (ModuleWalk walk; !walk.done(); walk.next()) {
         ComPtr<IClassFactory> factory;
-        const HRESULT status = getClassObject(classId, IID_IClassFactory, factory.putVoid());
+        const HRESULT status = walk.getClassObject()(classId, IID_IClassFactory, factory.putVoid());
         if (status == CLASS_E_CLASSNOTAVAILABLE) continue;
         return FAILED(status) ? status : factory->CreateInstance(outer, id, out);
     }

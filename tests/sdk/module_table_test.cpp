@@ -1,6 +1,8 @@
 #include "sdk/module_table.h"
 
+#include <atomic>
 #include <gtest/gtest.h>
+#include <thread>
 
 #include "sdk/com_ptr.h"
 #include "tests/support/copy_effect.h"
@@ -70,6 +72,55 @@ TEST(ModuleTable, ModulesAreRemovedAsOftenAsTheyWereAdded) {
     EXPECT_EQ(DSRemoveModule(serve), S_OK);
     EXPECT_EQ(create(kServed, IID_IUnknown, object.putVoid()), REGDB_E_CLASSNOTREG);
     EXPECT_EQ(DSAddModule(nullptr), E_POINTER);
+}
+
+/// Serves nothing, and looks whether it can be taken out of the table meanwhile.
+HRESULT removedWhileAsked = E_UNEXPECTED;
+HRESULT serveItsOwnEnd(const GUID&, const GUID&, void** out) {
+    *out = nullptr;
+    removedWhileAsked = DSRemoveModule(serveItsOwnEnd);
+    return CLASS_E_CLASSNOTAVAILABLE;
+}
+
+TEST(ModuleTable, AModuleThatIsBeingAskedStays) {
+    DSAddModule(serveItsOwnEnd);
+    DSAddModule(serve);
+    ComPtr<IUnknown> object;
+    EXPECT_EQ(create(kServed, IID_IUnknown, object.putVoid()), S_OK) << "the walk goes on";
+    EXPECT_EQ(removedWhileAsked, S_FALSE);
+    EXPECT_EQ(DSRemoveModule(serveItsOwnEnd), S_OK);
+    EXPECT_EQ(DSRemoveModule(serve), S_OK);
+}
+
+TEST(ModuleTable, AModuleInUseStays) {
+    DSAddModule(serve);
+    EXPECT_EQ(DSRemoveModule(serve, [] { return S_FALSE; }), S_FALSE);
+    ComPtr<IUnknown> object;
+    EXPECT_EQ(create(kServed, IID_IUnknown, object.putVoid()), S_OK);
+    EXPECT_EQ(DSRemoveModule(serve, [] { return S_OK; }), S_OK);
+}
+
+std::atomic<int> inside{0};
+HRESULT countThreads(const GUID&, const GUID&, void** out) {
+    *out = nullptr;
+    ++inside;
+    std::this_thread::yield();
+    --inside;
+    return CLASS_E_CLASSNOTAVAILABLE;
+}
+
+TEST(ModuleTable, NoThreadIsInAModuleThatWasRemoved) {
+    std::atomic<bool> stop{false};
+    std::jthread asking([&] {
+        void* out = nullptr;
+        while (!stop) create(kServed, IID_IUnknown, &out);
+    });
+    for (int i = 0; i < 2000; ++i) {
+        DSAddModule(countThreads);
+        while (DSRemoveModule(countThreads) != S_OK) std::this_thread::yield();
+        EXPECT_EQ(inside, 0);
+    }
+    stop = true;
 }
 
 }  // namespace
