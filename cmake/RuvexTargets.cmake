@@ -25,6 +25,9 @@ if(WIN32)
 else()
   # The system's own interfaces have no destructor there.
   target_compile_options(ruvex_options INTERFACE -Wnon-virtual-dtor)
+  # A file with one such symbol never leaves memory, and a module must, when its host lets it go.
+  target_compile_options(ruvex_options INTERFACE
+    $<$<CXX_COMPILER_ID:GNU>:-fno-gnu-unique>)
 endif()
 target_include_directories(ruvex_options INTERFACE "${PROJECT_SOURCE_DIR}")
 if(RUVEX_SANITIZE)
