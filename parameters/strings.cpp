@@ -8,7 +8,7 @@
 namespace ruvex::strings {
 namespace {
 
-/// The strings that belong to no parameter. An even number up to 14 describes a class to the host;
+/// The strings that belong to no parameter. An even number up to 16 describes a class to the host;
 /// the odd number before it is the page's title. The spelling is the released one.
 constexpr Entry kModuleStrings[] = {
     {1, "V_Ruvex"},
@@ -26,6 +26,7 @@ constexpr Entry kModuleStrings[] = {
     {13, "Effects"},
     {14, "V_Ruvex's effects PPG"},
     {15, "Help"},
+    {16, "V_Ruvex's help PPG"},
     {1161,
      "V_Ruvex simulates faulty television reception and video winding effects. Noise, picture "
      "breakup, roll, colour breakup and much more can be introduced.\n"

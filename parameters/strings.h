@@ -16,8 +16,8 @@ struct Entry {
 /// The whole table, in rising order of identifiers, each of them once.
 std::span<const Entry> table();
 
-/// The text of a string; empty where the table has none. Some identifiers that the pages and the
-/// registration name have no text, and never had.
+/// The text of a string; empty where the table has none. The identifier that the tool is
+/// registered with has no text, and never had one.
 std::string_view text(int id);
 
 }  // namespace ruvex::strings

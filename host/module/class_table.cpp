@@ -14,7 +14,7 @@ IClassFactory* makeFactory() {
     return new (std::nothrow) CDsClassFactory<T, Face>();
 }
 
-// The tool and the help page name strings that the table of strings does not have.
+// The tool names a string that the table of strings does not have.
 constexpr ServedClass kClasses[] = {
     {kRuvexClassId, 2, makeFactory<Ruvex, IDSImageEffect>},
     {kRuvexPageId, 4, nullptr},

@@ -28,7 +28,7 @@ constexpr ReleasedClass kReleased[] = {
     {"A58AD5AB-4CD7-4929-8E39-3212821AABA6", 12, L"V_Ruvex's shash PPG"},
     {"D69C227D-225A-48B8-998B-9AC1F8E2154E", 14, L"V_Ruvex's effects PPG"},
     {"6EBC28D8-0306-446E-9285-F5BF7111D075", 1178, L""},
-    {"633BF221-759B-4B4A-B863-64706872769D", 16, L""},
+    {"633BF221-759B-4B4A-B863-64706872769D", 16, L"V_Ruvex's help PPG"},
     {"D9885DBA-EAB5-4D09-ADFE-A35A1E0693C3", 4997, L"V_Quaver's main PPG (with edge methods)"},
 };
 constexpr std::size_t kRows = std::size(kReleased);

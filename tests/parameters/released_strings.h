@@ -27,6 +27,7 @@ inline constexpr ReleasedString kReleasedStrings[] = {
     {13, "Effects"},
     {14, "V_Ruvex's effects PPG"},
     {15, "Help"},
+    {16, "V_Ruvex's help PPG"},
     {1000, "TV Type"},
     {1001, "The type of TV."},
     {1002, "Colour"},
