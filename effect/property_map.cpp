@@ -1,5 +1,8 @@
 #include "effect/property_map.h"
 
+#include <algorithm>
+#include <array>
+
 #include "effect/ruvex.h"
 
 namespace ruvex {
@@ -40,12 +43,16 @@ CDSPropertiesMapEntry entryOf(const ParameterRow& row) {
             .index = static_cast<std::uint32_t>(row.id)};
 }
 
+std::array<CDSPropertiesMapEntry, kParameterCount> makeEntries() {
+    std::array<CDSPropertiesMapEntry, kParameterCount> entries{};
+    std::ranges::transform(parameterTable(), entries.begin(), entryOf);
+    return entries;
+}
+
 }  // namespace
 
-std::vector<CDSPropertiesMapEntry> propertyMapEntries() {
-    std::vector<CDSPropertiesMapEntry> entries;
-    entries.reserve(kParameterCount);
-    for (const ParameterRow& row : parameterTable()) entries.push_back(entryOf(row));
+std::span<const CDSPropertiesMapEntry> propertyMapEntries() {
+    static const auto entries = makeEntries();
     return entries;
 }
 

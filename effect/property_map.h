@@ -2,14 +2,14 @@
 
 #pragma once
 
-#include <vector>
+#include <span>
 
 #include "sdk/property_def.h"
 
 namespace ruvex {
 
 /// One entry for each row, in the table's order, tied to the members of a Ruvex. The module handle
-/// must be known.
-std::vector<CDSPropertiesMapEntry> propertyMapEntries();
+/// must be known at the first call, which makes them; they live as long as the module.
+std::span<const CDSPropertiesMapEntry> propertyMapEntries();
 
 }  // namespace ruvex

@@ -1,12 +1,12 @@
 #include "effect/ruvex.h"
 
 #include <cmath>
-#include <new>
 
 #include "effect/frame_values.h"
 #include "effect/property_map.h"
 #include "imaging/threads.h"
 #include "sdk/content.h"
+#include "sdk/guarded.h"
 #include "sdk/resources.h"
 
 namespace ruvex {
@@ -75,21 +75,18 @@ HRESULT Ruvex::GetToolInfo(DSTOOLINFO* info) {
     if (FAILED(status)) return status;
     LoadStringW(moduleInstance, kNameString, info->name, DSTOOLINFO::kTextLength);
     LoadStringW(moduleInstance, kDescriptionString, info->description, DSTOOLINFO::kTextLength);
-    try {
-        name = info->name;
-    } catch (const std::bad_alloc&) {
-        return E_OUTOFMEMORY;
-    }
     info->module = moduleInstance;
     info->bitmapId = kToolBitmap;
     info->classId = kRuvexClassId;
-    return S_OK;
+    return guarded([&] {
+        name = info->name;
+        return S_OK;
+    });
 }
 
 const CDSPropertiesMap* Ruvex::GetPropertyMap() {
     static DSStaticPropertiesMap storage;
-    static const std::vector<CDSPropertiesMapEntry> entries = propertyMapEntries();
-    return InitStaticPropertyMap(storage, entries.data(), entries.size());
+    return InitStaticPropertyMap(storage, propertyMapEntries());
 }
 
 HRESULT Ruvex::TestFormat(const GUID& format) {
@@ -99,15 +96,12 @@ HRESULT Ruvex::TestFormat(const GUID& format) {
 HRESULT Ruvex::Clone(const GUID& id, void** out) {
     if (!out) return E_POINTER;
     *out = nullptr;
-    Ruvex* copy = nullptr;
-    try {
-        copy = new Ruvex(*this);
-    } catch (const std::bad_alloc&) {
-        return E_OUTOFMEMORY;
-    }
-    const HRESULT status = copy->QueryInterface(id, out);
-    copy->Release();
-    return status;
+    return guarded([&] {
+        Ruvex* const copy = new Ruvex(*this);
+        const HRESULT status = copy->QueryInterface(id, out);
+        copy->Release();
+        return status;
+    });
 }
 
 std::int32_t Ruvex::setWorkerCount(std::int32_t count) {
@@ -123,12 +117,10 @@ std::int32_t Ruvex::setWorkerCount(std::int32_t count) {
 std::int32_t Ruvex::frameValues(double seconds, double framesPerSecond, FrameValues* values) const {
     if (!values) return E_POINTER;
     if (!(framesPerSecond > 0.0) || !std::isfinite(framesPerSecond)) return E_INVALIDARG;
-    try {
+    return guarded([&] {
         *values = valuesOfFrame(reader(), seconds, framesPerSecond);
-    } catch (const std::bad_alloc&) {
-        return E_OUTOFMEMORY;
-    }
-    return S_OK;
+        return S_OK;
+    });
 }
 
 std::int32_t Ruvex::workerCount() const {

@@ -6,6 +6,7 @@
 #include "effect/frame_driver.h"
 #include "effect/ruvex.h"
 #include "imaging/wrap.h"
+#include "sdk/guarded.h"
 
 namespace ruvex {
 namespace {
@@ -38,13 +39,15 @@ HRESULT Ruvex::Execute(double seconds) {
     geometry.input2 = pictureGeometry(input2.get(), coordMan.get());
     reportToSource();
 
-    try {
-        return renderByFormat(seconds);
-    } catch (const std::bad_alloc&) {
-        // Inside a frame a failure is no status: the picture stays as far as it got.
-        raiseOutOfMemory(&interruption);
-        return S_OK;
-    }
+    return guarded([&] {
+        try {
+            return renderByFormat(seconds);
+        } catch (const std::bad_alloc&) {
+            // Inside a frame want of memory is no status: the picture stays as far as it got.
+            raiseOutOfMemory(&interruption);
+            return S_OK;
+        }
+    });
 }
 
 HRESULT Ruvex::renderByFormat(double seconds) {

@@ -1,8 +1,7 @@
 // How the effect describes itself to the host, and what it asks of a render.
 
-#include <new>
-
 #include "effect/ruvex.h"
+#include "sdk/guarded.h"
 
 namespace ruvex {
 namespace {
@@ -60,7 +59,7 @@ HRESULT Ruvex::GetImageEffectInfo(DSIMAGEEFFECTINFO* info) {
     const bool paint = effectKind == kKindPaint;
     const bool transition = effectKind == kKindTransition;
     const bool paintLike =
-        !transition && effectKind != kKindKey && (paint || bit(capabilityFlags, 2));
+        !transition && effectKind != kKindWithoutInput && (paint || bit(capabilityFlags, 2));
     info->reserved = 0;
     info->field2 = paint ? 96 : 0;
     info->field3 = paintLike ? 8 : 2;
@@ -84,14 +83,14 @@ HRESULT Ruvex::GetImageEffectInfo(DSIMAGEEFFECTINFO* info) {
 HRESULT Ruvex::linkPages() {
     if (bit(infoFlags, 0)) return S_OK;
     if (effectKind == kKindFilter || effectKind == kKindPaint) {
-        try {
+        const HRESULT status = guarded([&] {
             for (const GUID& page : kPages) {
                 RemovePropertyPage(page);
                 AddPropertyPage(page);
             }
-        } catch (const std::bad_alloc&) {
-            return E_OUTOFMEMORY;
-        }
+            return S_OK;
+        });
+        if (FAILED(status)) return status;
     }
     infoFlags |= 1u;
     return S_OK;

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "sdk/guarded.h"
+
 namespace {
 
 /// The plain value of a property, from its member and into it.
@@ -71,8 +73,8 @@ ULONG CDSBasePropertyContainer::Release() {
 }
 
 const CDSPropertiesMap* CDSBasePropertyContainer::InitStaticPropertyMap(
-    DSStaticPropertiesMap& storage, const CDSPropertiesMapEntry* entries, std::size_t count) {
-    std::call_once(storage.once, [&] { storage.map.emplace(entries, count); });
+    DSStaticPropertiesMap& storage, std::span<const CDSPropertiesMapEntry> entries) {
+    std::call_once(storage.once, [&] { storage.map.emplace(entries); });
     return &*storage.map;
 }
 
@@ -115,9 +117,12 @@ HRESULT CDSBasePropertyContainer::SetValue(const GUID& id, double, const VARIANT
 
 HRESULT CDSBasePropertyContainer::Advise(IDSPropertyObserver* observer, ULONG* cookie) {
     if (!observer || !cookie) return E_POINTER;
-    observers_.push_back({++lastCookie_, observer});
-    *cookie = lastCookie_;
-    return S_OK;
+    *cookie = 0;
+    return ruvex::guarded([&] {
+        observers_.push_back({lastCookie_ + 1, observer});
+        *cookie = ++lastCookie_;
+        return S_OK;
+    });
 }
 
 HRESULT CDSBasePropertyContainer::Unadvise(ULONG cookie) {
@@ -127,8 +132,15 @@ HRESULT CDSBasePropertyContainer::Unadvise(ULONG cookie) {
 }
 
 HRESULT CDSBasePropertyContainer::OnPropertyChanged(const GUID& id, ULONG classification) {
-    // Over a copy: an observer may come or go while it is told.
-    const std::vector<Observer> told = observers_;
-    for (const Observer& observer : told) observer.target->PropertyChanged(id, classification);
-    return S_OK;
+    // Observers may come and go while one is told, hence from cookie to cookie, which rise. What
+    // came since has seen the change.
+    const ULONG last = lastCookie_;
+    ULONG told = 0;
+    for (;;) {
+        const auto next = std::ranges::upper_bound(observers_, told, {}, &Observer::cookie);
+        if (next == observers_.end() || next->cookie > last) return S_OK;
+        told = next->cookie;
+        const ComPtr<IDSPropertyObserver> target = next->target;
+        target->PropertyChanged(id, classification);
+    }
 }

@@ -3,7 +3,7 @@
 #pragma once
 
 #include <atomic>
-#include <cstddef>
+#include <span>
 #include <vector>
 
 #include "sdk/com_ptr.h"
@@ -26,8 +26,8 @@ public:
     HRESULT Advise(IDSPropertyObserver* observer, ULONG* cookie) override;
     HRESULT Unadvise(ULONG cookie) override;
 
-    /// Called after every change of a value or of keys; tells the observers. An object calls it
-    /// itself when it has changed its members.
+    /// Called after every change of a value or of keys; tells the observers that there are now. An
+    /// object calls it itself when it has changed its members.
     virtual HRESULT OnPropertyChanged(const GUID& id, ULONG classification);
 
 protected:
@@ -42,9 +42,8 @@ protected:
     virtual const CDSPropertiesMap* GetPropertyMap() { return nullptr; }
 
     /// For that override: builds the map at the first query and gives the same one ever after.
-    static const CDSPropertiesMap* InitStaticPropertyMap(DSStaticPropertiesMap& storage,
-                                                         const CDSPropertiesMapEntry* entries,
-                                                         std::size_t count);
+    static const CDSPropertiesMap* InitStaticPropertyMap(
+        DSStaticPropertiesMap& storage, std::span<const CDSPropertiesMapEntry> entries);
 
     /// The map's entry; null for an unknown identifier.
     const CDSPropertiesMapEntry* FindProperty(const GUID& id);
@@ -58,6 +57,7 @@ private:
     };
 
     std::atomic<ULONG> references_{1};
+    /// In the order of their cookies.
     std::vector<Observer> observers_;
     ULONG lastCookie_ = 0;
 };

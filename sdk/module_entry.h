@@ -11,7 +11,7 @@
 
 #else
 
-/// Before the definition of each of the module's entry points. On Windows the module's definition
+/// Stands before the declaration of each of the module's entry points. On Windows the module's definition
 /// file names them instead.
 #define DS_MODULE_ENTRY extern "C" __attribute__((visibility("default")))
 

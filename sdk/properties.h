@@ -20,7 +20,8 @@ protected:
 };
 
 /// An unknown identifier, a value of another type than the property's, and a real that is not
-/// finite give E_INVALIDARG and change nothing; a missing pointer gives E_POINTER.
+/// finite give E_INVALIDARG and change nothing; a missing pointer gives E_POINTER. Keys and
+/// observers may find no memory: E_OUTOFMEMORY, and nothing is changed.
 struct IDSProperties : IUnknown {
     virtual HRESULT GetPropertyCount(ULONG* count) = 0;
     /// Definition `index`, in the order of declaration; it lives as long as the module is loaded.

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "sdk/guarded.h"
+
 HRESULT CDSPropertyContainer::GetValue(const GUID& id, double seconds, VARIANT* value) {
     const DSAnimation* animation = FindAnimation(id);
     if (!animation) return CDSBasePropertyContainer::GetValue(id, seconds, value);
@@ -16,9 +18,11 @@ HRESULT CDSPropertyContainer::SetValue(const GUID& id, double seconds, const VAR
     if (!animation) return CDSBasePropertyContainer::SetValue(id, seconds, value);
     if (!value) return E_POINTER;
     if (value->vt != VT_R8) return E_INVALIDARG;
-    std::vector<DSKey> keys = animation->keys();
-    keys.push_back({seconds, value->dblVal});
-    return SetKeys(id, keys.data(), static_cast<ULONG>(keys.size()));
+    return ruvex::guarded([&] {
+        std::vector<DSKey> keys = animation->keys();
+        keys.push_back({seconds, value->dblVal});
+        return SetKeys(id, keys.data(), static_cast<ULONG>(keys.size()));
+    });
 }
 
 HRESULT CDSPropertyContainer::SetKeys(const GUID& id, const DSKey* keys, ULONG count) {
@@ -26,10 +30,13 @@ HRESULT CDSPropertyContainer::SetKeys(const GUID& id, const DSKey* keys, ULONG c
     if (!entry || !entry->definition.animatable()) return E_INVALIDARG;
     if (count == 0) return ClearKeys(id);
     if (!keys) return E_POINTER;
-    auto animation = DSAnimation::fromKeys({keys, keys + count});
-    if (!animation) return E_INVALIDARG;
-    store(id, *std::move(animation));
-    return OnPropertyChanged(id, entry->definition.classification);
+    const HRESULT status = ruvex::guarded([&] {
+        auto animation = DSAnimation::fromKeys({keys, keys + count});
+        if (!animation) return E_INVALIDARG;
+        store(id, *std::move(animation));
+        return S_OK;
+    });
+    return FAILED(status) ? status : OnPropertyChanged(id, entry->definition.classification);
 }
 
 HRESULT CDSPropertyContainer::ClearKeys(const GUID& id) {

@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <mutex>
 #include <optional>
-#include <vector>
+#include <span>
 
 #include "sdk/module_instance.h"
 #include "sdk/variant.h"
@@ -55,21 +55,22 @@ void* DSMemberOf(CDSBasePropertyContainer& container, std::uint32_t) {
     return &(static_cast<Class&>(container).*Member);
 }
 
-/// The static map of one class, built once and read by all its objects on any thread.
+/// The static map of one class, read by all its objects on any thread. A view: the entries live as
+/// long as the class's module. It needs no memory, so that no query of a property can run out of
+/// it.
 class DSSDK_API CDSPropertiesMap {
 public:
-    CDSPropertiesMap(const CDSPropertiesMapEntry* entries, std::size_t count);
+    explicit CDSPropertiesMap(std::span<const CDSPropertiesMapEntry> entries) noexcept
+        : entries_(entries) {}
 
     /// In the order of declaration.
-    const std::vector<CDSPropertiesMapEntry>& entries() const { return entries_; }
+    std::span<const CDSPropertiesMapEntry> entries() const { return entries_; }
 
-    /// Null when the class has no such property.
+    /// Null when the class has no such property. A walk over the entries.
     const CDSPropertiesMapEntry* find(const GUID& id) const;
 
 private:
-    std::vector<CDSPropertiesMapEntry> entries_;
-    /// Positions in entries_, ordered by identifier.
-    std::vector<std::uint32_t> byId_;
+    std::span<const CDSPropertiesMapEntry> entries_;
 };
 
 /// Where a class keeps its map: a static object of the class, filled at the first query.

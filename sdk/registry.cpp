@@ -2,10 +2,10 @@
 
 #include <iterator>
 #include <mutex>
-#include <new>
 #include <utility>
 
 #include "sdk/dynamic_library.h"
+#include "sdk/guarded.h"
 #include "sdk/resources.h"
 
 namespace {
@@ -24,15 +24,11 @@ struct Registry {
 template <class Operation>
 HRESULT onStore(Operation operation) {
     Registry& registry = Registry::get();
-    try {
+    return ruvex::guarded([&] {
         const std::lock_guard lock(registry.mutex);
         if (!registry.store) registry.store = DSSystemRegistry();
         return operation(*registry.store);
-    } catch (const std::bad_alloc&) {
-        return E_OUTOFMEMORY;
-    } catch (const std::exception&) {
-        return E_FAIL;
-    }
+    });
 }
 
 /// The module's string; empty when it has none of that number.

@@ -13,13 +13,12 @@ constexpr std::size_t kHeaderTail = 16;
 constexpr std::uint16_t kStringsPerBlock = 16;
 
 ResourceName readName(ByteReader& reader) {
-    const std::uint16_t first = reader.u16();
-    if (first == kNumberMark) return {reader.u16(), {}};
-    ResourceName name;
-    for (std::uint16_t unit = first; unit != 0; unit = reader.u16()) {
-        name.text += static_cast<char16_t>(unit);
-    }
-    return name;
+    ByteReader start = reader;
+    std::size_t length = 0;
+    std::uint16_t unit = reader.u16();
+    if (unit == kNumberMark) return {reader.u16(), ResourceText()};
+    for (; unit != 0; unit = reader.u16()) ++length;
+    return {std::nullopt, ResourceText(start.take(2 * length))};
 }
 
 /// The record at the reader's position, with the reader moved behind it; none at the end of the
@@ -43,12 +42,9 @@ std::optional<ResourceRecord> readRecord(ByteReader& reader) {
     return record;
 }
 
-std::u16string readString(ByteReader& reader) {
+ResourceText readString(ByteReader& reader) {
     const std::size_t length = reader.u16();
-    ByteReader units(reader.take(2 * length));
-    std::u16string text;
-    while (units.remaining() >= 2) text += static_cast<char16_t>(units.u16());
-    return text;
+    return ResourceText(reader.take(2 * length));
 }
 
 }  // namespace
@@ -63,13 +59,13 @@ std::optional<ResourceRecord> ResourceFile::find(ResourceType type, std::uint16_
     return std::nullopt;
 }
 
-std::optional<std::u16string> ResourceFile::string(std::uint16_t id) const {
+std::optional<ResourceText> ResourceFile::string(std::uint16_t id) const {
     const auto number = static_cast<std::uint16_t>(id / kStringsPerBlock + 1);
     const auto block = find(ResourceType::String, number);
     if (!block) return std::nullopt;
     ByteReader reader(block->data);
     for (std::uint16_t i = 0; i < id % kStringsPerBlock; ++i) readString(reader);
-    std::u16string text = readString(reader);
+    const ResourceText text = readString(reader);
     if (reader.failed() || text.empty()) return std::nullopt;
     return text;
 }

@@ -2,9 +2,7 @@
 
 #ifndef _WIN32
 
-#include <algorithm>
-#include <new>
-#include <string>
+#include <cstddef>
 
 #include "sdk/resource_file.h"
 
@@ -19,20 +17,15 @@ constexpr bool isTrailing(char16_t unit) {
     return unit >= 0xDC00 && unit <= 0xDFFF;
 }
 
-/// UTF-16 as code points; half a pair becomes the replacement character.
-std::wstring widen(const std::u16string& text) {
-    std::wstring wide;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const char16_t unit = text[i];
-        const bool pair = isLeading(unit) && i + 1 < text.size() && isTrailing(text[i + 1]);
-        if (pair) {
-            const unsigned low = text[++i] - 0xDC00u;
-            wide += static_cast<wchar_t>(0x10000u + ((unit - 0xD800u) << 10) + low);
-        } else {
-            wide += isLeading(unit) || isTrailing(unit) ? kReplacement : static_cast<wchar_t>(unit);
-        }
+/// The code point at unit `i`, which moves on behind it; half a pair becomes the replacement
+/// character.
+wchar_t takeCodePoint(const ruvex::ResourceText& text, std::size_t& i) {
+    const char16_t unit = text[i++];
+    if (isLeading(unit) && i < text.size() && isTrailing(text[i])) {
+        const unsigned low = text[i++] - 0xDC00u;
+        return static_cast<wchar_t>(0x10000u + ((unit - 0xD800u) << 10) + low);
     }
-    return wide;
+    return isLeading(unit) || isTrailing(unit) ? kReplacement : static_cast<wchar_t>(unit);
 }
 
 ruvex::ResourceFile resourcesOf(HINSTANCE module) {
@@ -44,18 +37,13 @@ ruvex::ResourceFile resourcesOf(HINSTANCE module) {
 
 int LoadStringW(HINSTANCE module, unsigned int id, wchar_t* buffer, int size) {
     if (buffer == nullptr || size <= 0) return 0;
-    buffer[0] = L'\0';
-    std::wstring text;
-    try {
-        const auto stored = resourcesOf(module).string(static_cast<std::uint16_t>(id));
-        if (stored) text = widen(*stored);
-    } catch (const std::bad_alloc&) {
-        return 0;
+    const auto text = resourcesOf(module).string(static_cast<std::uint16_t>(id));
+    int count = 0;
+    for (std::size_t i = 0; text && i < text->size() && count < size - 1;) {
+        buffer[count++] = takeCodePoint(*text, i);
     }
-    const std::size_t count = std::min(text.size(), static_cast<std::size_t>(size) - 1);
-    std::copy_n(text.data(), count, buffer);
     buffer[count] = L'\0';
-    return static_cast<int>(count);
+    return count;
 }
 
 #endif

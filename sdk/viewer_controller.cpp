@@ -2,7 +2,8 @@
 
 #include <algorithm>
 #include <mutex>
-#include <new>
+
+#include "sdk/guarded.h"
 
 namespace {
 
@@ -24,13 +25,11 @@ HRESULT VWControllerPushContext(ULONG type, IUnknown* tool, IUnknown* object, IU
     if (!tool || !object || !id) return E_POINTER;
     Controller& all = controller();
     const std::lock_guard lock(all.mutex);
-    try {
+    return ruvex::guarded([&] {
         all.contexts.push_back({all.lastId + 1, type, tool, object, first, second, number});
-    } catch (const std::bad_alloc&) {
-        return E_OUTOFMEMORY;
-    }
-    *id = ++all.lastId;
-    return S_OK;
+        *id = ++all.lastId;
+        return S_OK;
+    });
 }
 
 HRESULT VWControllerRemoveContext(ULONG id) {

@@ -8,8 +8,10 @@
 #include "host/base/module_use.h"
 #include "host/module/entry_points.h"
 #include "pages/resources/resources.h"
+#include "parameters/parameter_table.h"
 #include "sdk/com_ptr.h"
 #include "sdk/effect.h"
+#include "sdk/resources.h"
 #include "tests/support/scripted_registry.h"
 #include "tests/support/watched_new.h"
 
@@ -36,7 +38,8 @@ using Make = std::function<HRESULT(void** out)>;
 std::size_t failEach(const Make& make) {
     for (std::size_t failing = 1;; ++failing) {
         const std::int32_t before = objectCount;
-        void* out = nullptr;
+        // Not null: null is to be written.
+        void* out = &out;
         HRESULT status = S_OK;
         bool failed = false;
         {
@@ -84,6 +87,30 @@ TEST_F(Memory, RunsOutAtEachAllocationOfAFactorysMarshaler) {
     EXPECT_EQ(failEach(make), 2u) << "the factory and its marshaler";
 }
 
+/// Runs an operation with each of its allocations failing in turn. It says E_OUTOFMEMORY and leaves
+/// `state` alone, or makes do with less, as a sort does. Gives the number of failures.
+std::size_t failEach(const std::function<HRESULT()>& operation,
+                     const std::function<ULONG()>& state) {
+    std::size_t failures = 0;
+    for (std::size_t failing = 1;; ++failing) {
+        const ULONG before = state();
+        HRESULT status = S_OK;
+        bool failed = false;
+        {
+            const FailingNew memory(failing);
+            status = operation();
+            failed = memory.failed();
+        }
+        if (status != S_OK) {
+            EXPECT_TRUE(failed);
+            EXPECT_EQ(status, E_OUTOFMEMORY) << "allocation " << failing;
+            EXPECT_EQ(state(), before) << "allocation " << failing;
+            ++failures;
+        }
+        if (!failed) return failures;
+    }
+}
+
 /// Keys for the first few reals.
 void animate(IDSProperties& properties, int wanted) {
     const DSKey keys[] = {{0.0, 1.0}, {1.0, 2.0}};
@@ -128,6 +155,7 @@ TEST_F(Memory, RunsOutAtEachAllocationOfACloneAtATime) {
 
 TEST_F(Memory, RunsOutAtEachAllocationOfARegistration) {
     std::size_t failing = 0;
+    std::size_t entered = 0;
     for (bool failed = true; failed;) {
         const UsedRegistry used(DSMemoryRegistry());
         HRESULT status = S_OK;
@@ -136,17 +164,120 @@ TEST_F(Memory, RunsOutAtEachAllocationOfARegistration) {
             status = DllRegisterServer();
             failed = memory.failed();
         }
+        EXPECT_EQ(status, failed ? E_OUTOFMEMORY : S_OK) << failing;
+        // What was entered before stays, and nothing is entered without its texts.
         const DSRegistryContents left = used.contents();
-        // A string that cannot be read for want of memory is as one that is missing.
-        if (status == S_OK)
-            EXPECT_EQ(left.families.size(), 4u) << failing;
-        else
-            EXPECT_EQ(status, E_OUTOFMEMORY) << failing;
+        ASSERT_GE(left.classes.size(), entered) << failing;
+        entered = left.classes.size();
+        for (const DSRegisteredClass& entry : left.classes) {
+            EXPECT_EQ(entry.description.empty(), entry.classId == kToolClassId) << failing;
+        }
+        EXPECT_EQ(left.families.size(), failed ? 0u : 4u) << failing;
         const HRESULT undone = DllUnregisterServer();
         EXPECT_TRUE(undone == S_OK || undone == REGDB_E_CLASSNOTREG);
         EXPECT_TRUE(used.contents().empty()) << failing;
     }
     EXPECT_GT(failing, 20u);
+    EXPECT_EQ(entered, 10u);
+}
+
+/// Told on the stack; counts how often.
+class Observer final : public IDSPropertyObserver {
+public:
+    HRESULT QueryInterface(const GUID&, void**) override { return E_NOINTERFACE; }
+    ULONG AddRef() override { return ++references; }
+    ULONG Release() override { return --references; }
+    HRESULT PropertyChanged(const GUID&, ULONG) override {
+        ++told;
+        return S_OK;
+    }
+
+    ULONG references = 0;
+    int told = 0;
+};
+
+/// The properties of an effect, in memory that runs out.
+class MemoryOfProperties : public Memory {
+protected:
+    MemoryOfProperties() { renew(); }
+
+    void renew() {
+        makeFactory()->CreateInstance(nullptr, IID_IDSProperties, properties.putVoid());
+    }
+
+    void TearDown() override {
+        properties.reset();
+        Memory::TearDown();
+    }
+
+    ULONG keyCount() const {
+        ULONG count = 0;
+        EXPECT_EQ(properties->GetKeys(id, nullptr, 0, &count), S_OK);
+        return count;
+    }
+
+    ComPtr<IDSProperties> properties;
+    const GUID id = row(ParameterId::MasterBreakup).identifier;
+};
+
+TEST_F(MemoryOfProperties, QueriesAndPlainValuesNeedNone) {
+    ULONG count = 0;
+    const CDSParamDef* definition = nullptr;
+    VARIANT value = DSVariantFromReal(12.5);
+    Observer observer;
+    ULONG cookie = 0;
+    ASSERT_EQ(properties->Advise(&observer, &cookie), S_OK);
+    const FailingNew memory(1);
+    EXPECT_EQ(properties->GetPropertyCount(&count), S_OK);
+    EXPECT_EQ(properties->GetPropertyDef(0, &definition), S_OK);
+    EXPECT_EQ(properties->SetValue(id, 0.0, &value), S_OK);
+    EXPECT_EQ(properties->GetValue(id, 0.0, &value), S_OK);
+    EXPECT_FALSE(memory.failed()) << "neither does it to tell the observers";
+    EXPECT_EQ(observer.told, 1);
+    EXPECT_EQ(properties->Unadvise(cookie), S_OK);
+}
+
+TEST_F(MemoryOfProperties, RunsOutAtEachAllocationOfANewObserver) {
+    Observer observer;
+    ULONG cookie = 7;
+    const auto advise = [&] { return properties->Advise(&observer, &cookie); };
+    EXPECT_EQ(failEach(advise, [&] { return observer.references; }), 1u);
+    EXPECT_EQ(observer.references, 1u);
+    EXPECT_EQ(properties->Unadvise(cookie), S_OK);
+}
+
+TEST_F(MemoryOfProperties, RunsOutAtEachAllocationOfKeys) {
+    const DSKey keys[] = {{0.0, 1.0}, {1.0, 2.0}};
+    const auto animate = [&] { return properties->SetKeys(id, keys, 2); };
+    // A new object each time, since one that was animated keeps the room for it.
+    const auto renewed = [&] {
+        if (keyCount() > 0) renew();
+        return keyCount();
+    };
+    EXPECT_EQ(failEach(animate, renewed), 2u) << "the keys, and the place for their animation";
+    EXPECT_EQ(keyCount(), 2u);
+    const VARIANT value = DSVariantFromReal(3.0);
+    const auto addKey = [&] { return properties->SetValue(id, 2.0, &value); };
+    EXPECT_GE(failEach(addKey, [&] { return keyCount(); }), 2u);
+    EXPECT_EQ(keyCount(), 3u);
+}
+
+TEST_F(Memory, RunsOutAtEachAllocationOfATool) {
+    const auto factory = makeFactory();
+    ComPtr<IDSPlugIn> plugIn;
+    ASSERT_EQ(factory->CreateInstance(nullptr, IID_IDSPlugIn, plugIn.putVoid()), S_OK);
+    DSTOOLINFO tool;
+    const auto describe = [&] { return plugIn->GetToolInfo(&tool); };
+    EXPECT_EQ(failEach(describe, [] { return 0u; }), 1u) << "the name";
+    EXPECT_STREQ(tool.name, L"V_Ruvex");
+    EXPECT_STREQ(tool.description, L"Osterlin's Ruvex Effect");
+}
+
+TEST_F(Memory, StringsNeedNone) {
+    wchar_t text[1024];
+    const FailingNew memory(1);
+    EXPECT_GT(LoadStringW(moduleInstance, 1161, text, 1024), 100);
+    EXPECT_FALSE(memory.failed());
 }
 
 TEST_F(Memory, RunsOutAtEachAllocationOfADescription) {
@@ -155,6 +286,7 @@ TEST_F(Memory, RunsOutAtEachAllocationOfADescription) {
     const auto factory = makeFactory();
     const auto describe = [&](void** out) {
         // A new object each time, since an effect lists its pages once.
+        *out = nullptr;
         ComPtr<IDSImageEffect> effect;
         HRESULT status = factory->CreateInstance(nullptr, IID_IDSImageEffect, effect.putVoid());
         if (SUCCEEDED(status)) status = effect->GetImageEffectInfo(&info);

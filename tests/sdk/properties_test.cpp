@@ -207,6 +207,49 @@ TEST_F(Properties, ObserversAreToldOfEveryChange) {
     EXPECT_EQ(effect->Unadvise(cookie), E_INVALIDARG);
 }
 
+/// Takes another observer away, and brings one, when it is told for the first time.
+class Meddler final : public IDSPropertyObserver {
+public:
+    explicit Meddler(CopyEffect& effect) : effect_(effect) {}
+    HRESULT QueryInterface(const GUID&, void**) override { return E_NOINTERFACE; }
+    ULONG AddRef() override { return 1; }
+    ULONG Release() override { return 1; }
+    HRESULT PropertyChanged(const GUID&, ULONG) override {
+        ++told;
+        if (told > 1) return S_OK;
+        effect_.Unadvise(own);
+        effect_.Unadvise(leaving);
+        return effect_.Advise(&coming, &cookieOfComing);
+    }
+
+    int told = 0;
+    ULONG own = 0;
+    ULONG leaving = 0;
+    ULONG cookieOfComing = 0;
+    Recorder coming;
+
+private:
+    CopyEffect& effect_;
+};
+
+TEST_F(Properties, ObserversMayComeAndGoWhileOneIsTold) {
+    Meddler meddler(*effect);
+    Recorder leaving, staying;
+    ULONG cookie = 0;
+    effect->Advise(&meddler, &meddler.own);
+    effect->Advise(&leaving, &meddler.leaving);
+    effect->Advise(&staying, &cookie);
+    set(kLiftId, DSVariantFromLong(1));
+    EXPECT_EQ(meddler.told, 1);
+    EXPECT_TRUE(leaving.told.empty()) << "who has gone is not told";
+    EXPECT_EQ(staying.told.size(), 1u) << "who stays is told once";
+    EXPECT_TRUE(meddler.coming.told.empty()) << "who comes has seen the change";
+    set(kLiftId, DSVariantFromLong(2));
+    EXPECT_EQ(meddler.told, 1);
+    EXPECT_EQ(meddler.coming.told.size(), 1u);
+    effect->Term();
+}
+
 TEST_F(Properties, RefusedChangesAreNotTold) {
     Recorder recorder;
     ULONG cookie = 0;

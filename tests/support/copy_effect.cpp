@@ -132,7 +132,7 @@ const CDSPropertiesMap* CopyEffect::staticMap() {
         {{kInvertId, nullptr, DSCLASS_EFFECT_PARAMETER, DSCAPS_PLAIN, VT_BOOL, 5, 5, 6},
          &DSMemberOf<CopyEffect, &CopyEffect::invert_>},
     };
-    return InitStaticPropertyMap(storage, entries, std::size(entries));
+    return InitStaticPropertyMap(storage, entries);
 }
 
 }  // namespace ruvex::test

@@ -40,7 +40,7 @@ private:
     const CDSPropertiesMap* GetPropertyMap() override {
         static DSStaticPropertiesMap storage;
         static const std::vector<CDSPropertiesMapEntry> entries = makeEntries();
-        return InitStaticPropertyMap(storage, entries.data(), entries.size());
+        return InitStaticPropertyMap(storage, entries);
     }
 
     static std::vector<CDSPropertiesMapEntry> makeEntries() {
