@@ -4,10 +4,10 @@
 
 #include <atomic>
 #include <mutex>
-#include <new>
 
 #include "host/base/module_use.h"
 #include "sdk/com.h"
+#include "sdk/guarded.h"
 
 namespace ruvex {
 
@@ -31,10 +31,12 @@ protected:
 private:
     HRESULT queryMarshaler(const GUID& id, void** out);
 
-    std::atomic<ULONG> references_{1};
-    std::mutex creating_;
-    IUnknown* marshaler_ = nullptr;
+    /// First, so that it ends last: the module may go at once when its count falls to 0.
     ModuleUse use_;
+    std::atomic<ULONG> references_{1};
+    /// An object may ask for another of its class while it is made.
+    std::recursive_mutex creating_;
+    IUnknown* marshaler_ = nullptr;
 };
 
 template <class T, class Face>
@@ -80,7 +82,7 @@ HRESULT CDsClassFactory<T, Face>::CreateInstance(IUnknown* outer, const GUID& id
     if (const HRESULT status = CreateObject(&made); FAILED(status)) return status;
     if (!made) return E_OUTOFMEMORY;
     Face* object = made;
-    const HRESULT status = outer ? made->aggregationResult() : object->QueryInterface(id, out);
+    const HRESULT status = outer ? CLASS_E_NOAGGREGATION : object->QueryInterface(id, out);
     object->Release();
     return status;
 }
@@ -93,12 +95,12 @@ HRESULT CDsClassFactory<T, Face>::LockServer(BOOL lock) {
 
 template <class T, class Face>
 HRESULT CDsClassFactory<T, Face>::CreateObject(T** object) {
-    try {
+    *object = nullptr;
+    const HRESULT status = guarded([&] {
         *object = new T();
-    } catch (const std::bad_alloc&) {
-        *object = nullptr;
-    }
-    return S_OK;
+        return S_OK;
+    });
+    return status == E_OUTOFMEMORY ? S_OK : status;
 }
 
 }  // namespace ruvex

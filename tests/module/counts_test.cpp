@@ -1,10 +1,14 @@
 // The module's entry points called directly, and what they count.
 
+#include <functional>
 #include <gtest/gtest.h>
+#include <new>
+#include <stdexcept>
 #include <thread>
 
 #include "host/base/class_ids.h"
 #include "host/base/module_use.h"
+#include "host/module/class_factory.h"
 #include "host/module/entry_points.h"
 #include "sdk/com_ptr.h"
 #include "sdk/effect.h"
@@ -90,6 +94,116 @@ TEST(ObjectCount, WhatIsRefusedDoesNotCount) {
     EXPECT_EQ(effect->Clone(kUnknown, &out), E_NOINTERFACE);
     EXPECT_EQ(effect->Clone(IID_IUnknown, nullptr), E_POINTER);
     EXPECT_EQ(objectCount, 2) << "the factory and the effect";
+}
+
+/// No more than any class is: an IUnknown with a count. What its constructor does, a test says.
+class Plain : public IUnknown {
+public:
+    static inline std::function<void()> constructing;
+    static inline int alive = 0;
+
+    Plain() {
+        if (constructing) constructing();
+        ++alive;
+    }
+    virtual ~Plain() { --alive; }
+
+    HRESULT QueryInterface(const GUID& id, void** out) override {
+        *out = nullptr;
+        if (id != IID_IUnknown) return E_NOINTERFACE;
+        *out = this;
+        AddRef();
+        return S_OK;
+    }
+    ULONG AddRef() override { return ++references_; }
+    ULONG Release() override {
+        const ULONG left = --references_;
+        if (left == 0) delete this;
+        return left;
+    }
+
+private:
+    ULONG references_ = 1;
+};
+
+class PlainFactory : public testing::Test {
+protected:
+    ~PlainFactory() override {
+        Plain::constructing = nullptr;
+        EXPECT_EQ(Plain::alive, 0);
+    }
+
+    HRESULT make(IUnknown* outer = nullptr) {
+        void* out = &out;
+        const HRESULT status = factory->CreateInstance(outer, IID_IUnknown, &out);
+        const auto made = ComPtr<IUnknown>::attach(static_cast<IUnknown*>(out));
+        EXPECT_EQ(static_cast<bool>(made), status == S_OK);
+        return status;
+    }
+
+    using Factory = CDsClassFactory<Plain, IUnknown>;
+    ComPtr<Factory> factory = ComPtr<Factory>::attach(new Factory);
+};
+
+TEST_F(PlainFactory, RefusesAggregationForEveryClass) {
+    EXPECT_EQ(make(), S_OK);
+    EXPECT_EQ(make(factory.get()), CLASS_E_NOAGGREGATION);
+}
+
+TEST_F(PlainFactory, AnObjectMayAskForAnotherOfItsClassWhileItIsMade) {
+    HRESULT inner = E_UNEXPECTED;
+    Plain::constructing = [&] {
+        Plain::constructing = nullptr;
+        inner = make();
+    };
+    EXPECT_EQ(make(), S_OK);
+    EXPECT_EQ(inner, S_OK);
+}
+
+TEST_F(PlainFactory, NothingIsThrownAcrossIt) {
+    Plain::constructing = [] { throw std::bad_alloc(); };
+    EXPECT_EQ(make(), E_OUTOFMEMORY);
+    Plain::constructing = [] { throw std::runtime_error("another failure"); };
+    EXPECT_EQ(make(), E_FAIL);
+}
+
+TEST(Marshaler, IsMadeOnceAndBelongsToItsFactory) {
+    const auto factory = makeFactory();
+    const auto marshaler = factory.query<IMarshal>(IID_IMarshal);
+    ASSERT_TRUE(marshaler);
+    EXPECT_EQ(factory.query<IMarshal>(IID_IMarshal), marshaler);
+    EXPECT_EQ(marshaler.query<IUnknown>(IID_IUnknown), factory.query<IUnknown>(IID_IUnknown));
+    const ULONG before = factory->AddRef();
+    const auto another = factory.query<IMarshal>(IID_IMarshal);
+    EXPECT_EQ(factory->AddRef(), before + 2) << "a marshaler counts as one reference";
+    factory->Release();
+    factory->Release();
+    EXPECT_EQ(objectCount, 1);
+}
+
+/// Keeps how many things of the module lived when it was let go.
+class LastObserver final : public IDSPropertyObserver {
+public:
+    HRESULT QueryInterface(const GUID&, void**) override { return E_NOINTERFACE; }
+    ULONG AddRef() override { return 1; }
+    ULONG Release() override {
+        countAtRelease = objectCount;
+        return 1;
+    }
+    HRESULT PropertyChanged(const GUID&, ULONG) override { return S_OK; }
+
+    std::int32_t countAtRelease = 0;
+};
+
+TEST(ObjectCount, HoldsUntilTheEffectHasLetItsObserversGo) {
+    LastObserver observer;
+    ComPtr<IDSProperties> effect;
+    makeFactory()->CreateInstance(nullptr, IID_IDSProperties, effect.putVoid());
+    ULONG cookie = 0;
+    ASSERT_EQ(effect->Advise(&observer, &cookie), S_OK);
+    effect.reset();
+    EXPECT_EQ(observer.countAtRelease, 1) << "the module must not go while an observer is told";
+    EXPECT_EQ(objectCount, 0);
 }
 
 TEST(ObjectCount, HoldsWhenManyThreadsMakeAndReleaseAtOnce) {
