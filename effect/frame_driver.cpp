@@ -120,7 +120,8 @@ void FrameDriver<P>::finish() {
 
 template <class P>
 void FrameDriver<P>::restoreMaskedChannels() {
-    const bool maskable = effect_.effectKind != kKindTransition && effect_.effectKind != kKindKey;
+    const bool maskable =
+        effect_.effectKind != kKindTransition && effect_.effectKind != kKindWithoutInput;
     if (!maskable || (effect_.capabilityFlags & kChannelMaskCapability) == 0) return;
     fixChannelMask(effect_, outputTexture_, inputTexture_,
                    {.red = reader_.integer(ParameterId::MaskRed),

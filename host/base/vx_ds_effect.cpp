@@ -16,7 +16,8 @@ VxDsEffect::VxDsEffect(const VxDsEffect& source)
       crop(source.crop),
       region(source.region),
       frameOffsetValue(source.frameOffsetValue),
-      geometry(source.geometry),
+      // What the source shows, which a clone of it may have written since its own last frame.
+      geometry(source.link->geometry()),
       maskFlagA(source.maskFlagA),
       alphaMaskable(source.alphaMaskable),
       link(std::make_shared<EffectLink>()),

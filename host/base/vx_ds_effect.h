@@ -16,7 +16,7 @@ namespace ruvex {
 /// The object family that an effect runs in, as far as it changes what is done.
 enum EffectKind : std::int32_t {
     kKindFilter = 1,
-    kKindKey = 3,
+    kKindWithoutInput = 3,
     kKindPaint = 4,
     kKindTransition = 5,
 };
@@ -41,11 +41,10 @@ struct CropState {
 };
 
 /// The program's own base for image effects: the render state that an Execute sets up and its
-/// processors read. A copy takes over everything but what belongs to the user interface.
+/// processors read. A copy takes over everything but what belongs to the user interface and to a
+/// frame that is under way.
 class VxDsEffect {
 public:
-    virtual ~VxDsEffect() = default;
-
     /// An offset for the frame at `time`, in pixels.
     virtual PixelOffset frameOffset(double time);
     /// What to answer to a host that wants to aggregate the effect.
@@ -87,6 +86,9 @@ protected:
     /// A clone: the same render state, a link of its own, and `source` as its source.
     VxDsEffect(const VxDsEffect& source);
     VxDsEffect& operator=(const VxDsEffect&) = delete;
+    /// Not virtual: an effect ends through its reference count, and pages that see no more than
+    /// this class find `frameOffset` in the first slot.
+    ~VxDsEffect() = default;
 };
 
 }  // namespace ruvex

@@ -1,0 +1,73 @@
+// A new effect, before its host has told it anything.
+
+#include <gtest/gtest.h>
+#include <type_traits>
+
+#include "sdk/content.h"
+#include "tests/module/made_effect.h"
+
+namespace ruvex::test {
+namespace {
+
+// A host finds the operations of an effect's base by their places, the first of them in slot 0,
+// which a virtual destructor would take.
+static_assert(std::is_polymorphic_v<VxDsEffect> && !std::has_virtual_destructor_v<VxDsEffect>);
+
+constexpr const wchar_t* kSizes[] = {kDSProjectUserSizeX, kDSProjectUserSizeY, kDSProjectWorldSizeX,
+                                     kDSProjectWorldSizeY};
+
+/// Without a project at first and in the end.
+class NewEffect : public testing::Test {
+protected:
+    NewEffect() { close(); }
+    ~NewEffect() override { close(); }
+
+    static void close() {
+        for (const wchar_t* name : kSizes) DSContentClearProperty(name);
+    }
+
+    void open(double userX, double userY, double worldX, double worldY) {
+        const double values[] = {userX, userY, worldX, worldY};
+        for (int i = 0; i < 4; ++i) DSContentSetProperty(kSizes[i], values[i]);
+    }
+
+    void expectSize(DSFloatPair size) {
+        const auto effect = makeEffect();
+        const PictureGeometry expected{.size = size};
+        const FrameGeometry all{expected, expected, expected};
+        EXPECT_EQ(stateOf(effect).geometry, all);
+        EXPECT_EQ(stateOf(effect).link->geometry(), all) << "and the user sees it";
+    }
+};
+
+TEST_F(NewEffect, HasItsReleasedState) {
+    const auto effect = makeEffect();
+    const VxDsEffect& state = stateOf(effect);
+    EXPECT_EQ(&stateOf(effect, kRuvexClassId), &state) << "both identifiers give it";
+    EXPECT_EQ(state.effectKind, 0);
+    EXPECT_EQ(state.fieldSelector, 0);
+    EXPECT_EQ(state.fieldHandling, 0);
+    EXPECT_EQ(state.fieldScaleY, 1.0f);
+    EXPECT_EQ(state.cropMode, 2);
+    EXPECT_EQ(state.capabilityFlags, 95u);
+    EXPECT_EQ(state.infoFlags, 0u);
+    EXPECT_FALSE(state.sourceEffect);
+}
+
+TEST_F(NewEffect, ShowsThePlaceOfTheProjectsFrame) {
+    open(720, 576, 720, 288);
+    expectSize({1440.0f, 576.0f});
+}
+
+TEST_F(NewEffect, TakesSquarePixelsWhereTheProjectDoesNotSay) {
+    open(720, 576, 720, 288);
+    DSContentClearProperty(kDSProjectWorldSizeY);
+    expectSize({720.0f, 576.0f});
+}
+
+TEST_F(NewEffect, ShowsNothingWithoutAProject) {
+    expectSize({0.0f, 0.0f});
+}
+
+}  // namespace
+}  // namespace ruvex::test
