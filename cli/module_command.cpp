@@ -24,8 +24,9 @@ struct ModuleOptions {
 
 constexpr const char* kNotes =
     R"(A host finds the effect by its class and by the families that it is registered under. Without an
-option nothing on the machine changes. Registered is the module beside this command, in the file that
-RUVEX_REGISTRY names, or in ruvex/registry in the user's data folder (~/.local/share).)";
+option nothing on the machine changes. The module is the one beside this command, or in ../lib/ruvex, or
+else the one that is registered already. The registry is the file that RUVEX_REGISTRY names, or
+ruvex/registry in the user's data folder (~/.local/share).)";
 
 const char* yesOrNo(bool value) {
     return value ? "yes" : "no";

@@ -45,8 +45,9 @@ struct ModuleReport {
 };
 
 /// Has the module register itself in a registry that is thrown away, and asks its effect the rest.
-/// What is registered on the machine stays as it is. Throws StatusError. Not beside other uses of
-/// the registry in this process.
+/// What is registered on the machine stays as it is. Throws StatusError for what the module or the
+/// registry refuses, and Error for an effect that lacks an interface. Not beside other uses of the
+/// registry in this process.
 ModuleReport describeModule(const Module& module);
 
 }  // namespace ruvex::runtime

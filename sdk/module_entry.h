@@ -11,8 +11,8 @@
 
 #else
 
-/// Stands before the declaration of each of the module's entry points. On Windows the module's definition
-/// file names them instead.
+/// Stands before the declaration of each of the module's entry points. On Windows the module's
+/// definition file names them instead.
 #define DS_MODULE_ENTRY extern "C" __attribute__((visibility("default")))
 
 inline constexpr DWORD DLL_PROCESS_DETACH = 0;

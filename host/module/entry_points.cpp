@@ -10,6 +10,7 @@ namespace {
 
 constexpr UINT kNameString = 1;
 constexpr int kMaxName = 260;
+/// The host keeps it beside each family. No other value was ever released.
 constexpr ULONG kFamilyVersion = 1;
 
 const GUID& effectClassId() {
@@ -71,15 +72,15 @@ HRESULT DllRegisterServer() {
 }
 
 HRESULT DllUnregisterServer() {
-    HRESULT first = S_OK;
+    HRESULT failure = S_OK;
     // The failure that counts comes last here, so that it is the one that stays.
     for (const ruvex::ServedClass& served : ruvex::servedClasses()) {
         const HRESULT status = DSUnregisterCOMEffect(served.classId);
-        if (FAILED(status)) first = status;
+        if (FAILED(status)) failure = status;
     }
     const auto families = ruvex::servedFamilies();
     const HRESULT status =
         DSUnregisterObjectFamilies(ruvex::effectClassId(), static_cast<ULONG>(families.size()),
                                    families.data(), ruvex::moduleInstance);
-    return FAILED(status) ? status : first;
+    return FAILED(status) ? status : failure;
 }
