@@ -1,13 +1,10 @@
 // The module's entry points and class factory.
 
-#include <dlfcn.h>
-#include <filesystem>
 #include <gtest/gtest.h>
 
 #include "host/base/class_ids.h"
 #include "runtime/effect_session.h"
 #include "runtime/error.h"
-#include "runtime/module_report.h"
 #include "tests/effect/render_fixture.h"
 
 namespace ruvex::test {
@@ -48,38 +45,6 @@ TEST(Module, ACloneKeepsItLoadedAfterItsSource) {
     EXPECT_FALSE(module->canUnload());
     clone.reset();
     EXPECT_TRUE(module->canUnload());
-}
-
-/// A file of its own with the module in it, so that no other test keeps it loaded.
-class ModuleCopy {
-public:
-    ModuleCopy() { std::filesystem::copy_file(builtModule()->file(), file, kReplace); }
-    ~ModuleCopy() { std::filesystem::remove(file); }
-
-    bool inMemory() const {
-        void* const handle = dlopen(file.c_str(), RTLD_LAZY | RTLD_NOLOAD);
-        if (handle) dlclose(handle);
-        return handle != nullptr;
-    }
-
-    const std::filesystem::path file =
-        std::filesystem::path(testing::TempDir()) / "V_Ruvex_copy.so";
-
-private:
-    static constexpr auto kReplace = std::filesystem::copy_options::overwrite_existing;
-};
-
-TEST(Module, LeavesMemoryAndCanBeLoadedAgain) {
-    const ModuleCopy copy;
-    for (int i = 0; i < 2; ++i) {
-        const auto module = runtime::Module::load(copy.file);
-        // Reads the strings of the parameters through the handle of this load.
-        EXPECT_EQ(runtime::describeModule(*module).parameters.front().name,
-                  parameterTable().front().name);
-        EXPECT_TRUE(copy.inMemory());
-        module->unload();
-        EXPECT_FALSE(copy.inMemory()) << "load " << i;
-    }
 }
 
 TEST(Module, AnUnknownClassIsNotAvailable) {
