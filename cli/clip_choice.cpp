@@ -41,6 +41,14 @@ void checkRawSize(const std::filesystem::path& input, std::optional<media::Frame
     }
 }
 
+void checkNoStream(const std::filesystem::path& input) {
+    if (media::fileKind(input) == media::FileKind::Stream) {
+        throw UsageError(
+            "This has to know the whole clip beforehand, which standard input does not "
+            "tell. Use a file.");
+    }
+}
+
 media::Rational chooseRate(const std::filesystem::path& input, const media::ClipInfo& clip,
                            std::optional<media::Rational> named,
                            std::vector<std::string>& warnings) {

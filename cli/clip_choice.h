@@ -22,6 +22,9 @@ inline constexpr media::Rational kUsualRate{25, 1};
 void checkRawSize(const std::filesystem::path& input, std::optional<media::FrameSize> size,
                   std::optional<media::Depth> depth, std::optional<media::FileKind> format = {});
 
+/// For commands that have to know the whole clip before they begin. Throws UsageError for streams.
+void checkNoStream(const std::filesystem::path& input);
+
 /// The clip's own rate before the one that was named. A named one that differs is warned of.
 media::Rational chooseRate(const std::filesystem::path& input, const media::ClipInfo& clip,
                            std::optional<media::Rational> named,

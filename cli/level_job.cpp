@@ -44,6 +44,7 @@ void chooseWithoutClip(const Wishes& wishes, LevelJob& job) {
 }
 
 void chooseFromClip(const std::filesystem::path& input, const Wishes& wishes, LevelJob& job) {
+    checkNoStream(input);
     checkRawSize(input, wishes.size, std::nullopt);
     const auto reader = media::openReader(input, {.size = wishes.size});
     job.rate = chooseRate(input, reader->info(), wishes.rate, job.warnings);

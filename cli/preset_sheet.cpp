@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "cli/clip_choice.h"
 #include "cli/frame_renderer.h"
 #include "cli/interruption.h"
 #include "cli/messages.h"
@@ -31,6 +32,7 @@ RenderJob makeSheetJob(const SheetOptions& options) {
         throw UsageError(options.output +
                          " is not the name of one PNG picture. Use one that ends in .png.");
     }
+    checkNoStream(options.input);
     RenderOptions render;
     render.input = options.input;
     render.output = options.output;

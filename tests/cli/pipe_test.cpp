@@ -62,6 +62,8 @@ TEST(Pipes, WhatIsWrongIsSaidWithTheStatus) {
     EXPECT_EQ(shell("RUVEX render - -o " + out + " --size 4x4 --frames 0-9 < /dev/null"), 1);
     EXPECT_EQ(
         shell("head -c 128 /dev/zero | RUVEX render - -o " + out + " --size 4x4 --frames 0-9"), 1);
+    EXPECT_EQ(shell("RUVEX level - </dev/null"), 2);
+    EXPECT_EQ(shell("RUVEX presets --sheet - -o " + folder.file("s.png").string()), 2);
     EXPECT_TRUE(folder.names().empty());
     EXPECT_EQ(
         shell("head -c 128 /dev/zero | RUVEX render - -o " + out + " --size 4x4 --frames 1-1"), 0);
