@@ -46,26 +46,29 @@ TYPED_TEST(Sampler, AFrameMayBeStoppedAtAnyPoll) {
     }
 }
 
-// What its own passes begin afresh with a worker's rows. The border's noise and the patterns of a
-// set without a signal are made by processors that have threads of their own.
 TYPED_TEST(Sampler, WithoutThreadsItIsOneWorker) {
     for (const int playState : {0, 1, 2}) {
         for (const float dot : {0.0f, 0.02f}) {
-            Television<TypeParam> set(50, 60);
-            makeFaulty(set.signal);
-            set.signal.playState = playState;
-            set.signal.whiteDot = dot;
-            const auto before = set.target.memory;
-            const auto picture = [&](int workers, bool useThreads) {
-                Workers fixed(workers);
-                set.target.memory = before;
-                set.useThreads = useThreads;
-                set.run();
-                return set.target.memory;
-            };
-            const auto wanted = picture(1, true);
-            EXPECT_EQ(firstDifference(picture(5, false), wanted), "") << playState << ' ' << dot;
-            EXPECT_NE(firstDifference(picture(5, true), wanted), "") << "workers must show";
+            for (const int shash : {0, 1, 2, 3, 4}) {
+                Television<TypeParam> set(50, 60);
+                makeFaulty(set.signal);
+                set.signal.verticalOffset = 10;  // the border's noise shows
+                set.signal.playState = playState;
+                set.signal.whiteDot = dot;
+                set.signal.shashType = shash;
+                const auto before = set.target.memory;
+                const auto picture = [&](int workers, bool useThreads) {
+                    Workers fixed(workers);
+                    set.target.memory = before;
+                    set.useThreads = useThreads;
+                    set.run();
+                    return set.target.memory;
+                };
+                const auto wanted = picture(1, true);
+                EXPECT_EQ(firstDifference(picture(5, false), wanted), "")
+                    << playState << ' ' << dot << ' ' << shash;
+                EXPECT_NE(firstDifference(picture(5, true), wanted), "") << "workers must show";
+            }
         }
     }
 }
