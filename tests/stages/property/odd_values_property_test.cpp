@@ -46,7 +46,7 @@ TYPED_TEST(OddValues, OfTheTube) {
     constexpr Parameter kParameters[] = {
         &Signal::brightness, &Signal::colour,           &Signal::gunRed,         &Signal::gunGreen,
         &Signal::gunBlue,    &Signal::colourDegradeMax, &Signal::colourThreshold};
-    compareOdd<TypeParam>(cases(60), kParameters);
+    compareOdd<TypeParam>(cases(40), kParameters);
 }
 
 TYPED_TEST(OddValues, OfTheLevelAndTheThresholds) {
@@ -54,26 +54,26 @@ TYPED_TEST(OddValues, OfTheLevelAndTheThresholds) {
                                          &Signal::edgeThreshold,  &Signal::snowThreshold,
                                          &Signal::lineThreshold,  &Signal::shashThreshold,
                                          &Signal::colourThreshold};
-    compareOdd<TypeParam>(cases(80), kParameters);
+    compareOdd<TypeParam>(cases(50), kParameters);
 }
 
 TYPED_TEST(OddValues, OfTheSignal) {
     constexpr Parameter kParameters[] = {&Signal::edgeJaggedness, &Signal::edgePhase,
                                          &Signal::ghostDistance,  &Signal::ghostStrength,
                                          &Signal::ghostPhase,     &Signal::emInterference};
-    compareOdd<TypeParam>(cases(80), kParameters);
+    compareOdd<TypeParam>(cases(50), kParameters);
 }
 
 TYPED_TEST(OddValues, OfTheStagesAfterIt) {
     constexpr Parameter kParameters[] = {&Signal::snowMax,        &Signal::snowSoftness,
                                          &Signal::snowSparseness, &Signal::playSpeedAtStart,
                                          &Signal::shashAmountMax, &Signal::whiteDot};
-    compareOdd<TypeParam>(cases(100), kParameters);
+    compareOdd<TypeParam>(cases(60), kParameters);
 }
 
 TYPED_TEST(OddValues, OfTheScale) {
     constexpr Parameter kParameters[] = {&Signal::scale};
-    compareOdd<TypeParam>(cases(50), kParameters);
+    compareOdd<TypeParam>(cases(30), kParameters);
 }
 
 // Where the guns are infinitely far off, what they read is a matter of 32 bits, and the same
@@ -82,7 +82,7 @@ TYPED_TEST(OddValues, OfWhatIsPulledSideways) {
     constexpr Parameter kParameters[] = {
         &Signal::edgeDistortionMax, &Signal::gunRedX,   &Signal::gunGreenX, &Signal::gunBlueX,
         &Signal::gunRedY,           &Signal::gunGreenY, &Signal::gunBlueY};
-    compareSets(cases(60), [&](Random& random) {
+    compareSets(cases(40), [&](Random& random) {
         auto set = randomTelevision<TypeParam>(random);
         chooseGuns(random, set->signal);
         if (random.chance(30)) chooseGhosts(random, set->signal);

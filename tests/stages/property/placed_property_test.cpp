@@ -14,7 +14,7 @@ using FramePixels = testing::Types<Rgba8, RgbaS214>;
 TYPED_TEST_SUITE(PlacedProperty, FramePixels);
 
 TYPED_TEST(PlacedProperty, AWindowOfAPerfectPicture) {
-    compareSets(cases(60), [](Random& random) {
+    compareSets(cases(40), [](Random& random) {
         auto set = randomTelevision<TypeParam>(random);
         chooseWindow(random, *set);
         return set;
@@ -22,7 +22,7 @@ TYPED_TEST(PlacedProperty, AWindowOfAPerfectPicture) {
 }
 
 TYPED_TEST(PlacedProperty, AWindowWithGhostsSoftSnowLinesTransportShashAndDot) {
-    compareSets(cases(200), [](Random& random) {
+    compareSets(cases(150), [](Random& random) {
         auto set = randomTelevision<TypeParam>(random);
         chooseFaults<TypeParam>(random, set->signal);
         chooseWindow(random, *set);
@@ -31,7 +31,7 @@ TYPED_TEST(PlacedProperty, AWindowWithGhostsSoftSnowLinesTransportShashAndDot) {
 }
 
 TYPED_TEST(PlacedProperty, ATargetThatLiesElsewhere) {
-    compareSets(cases(120), [](Random& random) {
+    compareSets(cases(80), [](Random& random) {
         auto set = randomTelevision<TypeParam>(random);
         chooseFaults<TypeParam>(random, set->signal);
         const int x = random.whole(-70, 70);
@@ -43,7 +43,7 @@ TYPED_TEST(PlacedProperty, ATargetThatLiesElsewhere) {
 }
 
 TYPED_TEST(PlacedProperty, ASizeThatIsNoWholeNumberOfPixels) {
-    compareSets(cases(60), [](Random& random) {
+    compareSets(cases(40), [](Random& random) {
         auto set = randomTelevision<TypeParam>(random);
         chooseFaults<TypeParam>(random, set->signal);
         chooseFraction(random, *set);
@@ -52,7 +52,7 @@ TYPED_TEST(PlacedProperty, ASizeThatIsNoWholeNumberOfPixels) {
 }
 
 TYPED_TEST(PlacedProperty, APerfectPictureOfAnotherSize) {
-    compareSets(cases(150), [](Random& random) {
+    compareSets(cases(100), [](Random& random) {
         auto set = unequalTelevision<TypeParam>(random);
         if (random.chance(30)) chooseGhosts(random, set->signal);
         if (random.chance(30)) chooseRoll(random, set->signal);
@@ -61,7 +61,7 @@ TYPED_TEST(PlacedProperty, APerfectPictureOfAnotherSize) {
 }
 
 TYPED_TEST(PlacedProperty, AFaultyPictureOfAnotherSize) {
-    compareSets(cases(200), [](Random& random) {
+    compareSets(cases(150), [](Random& random) {
         auto set = unequalTelevision<TypeParam>(random);
         chooseFaults<TypeParam>(random, set->signal);
         if (random.chance(30)) chooseWindow(random, *set);
