@@ -1,5 +1,6 @@
 #include "stages/tone_tables.h"
 
+#include <algorithm>
 #include <new>
 
 #include "stages/contrast_curve.h"
@@ -40,6 +41,19 @@ bool buildTable(std::unique_ptr<std::int32_t[]>& table, float brightness, float 
             truncateToInt(tone<P>(i, brightness, contrast) * StagePixel<P>::kWhite));
     }
     return true;
+}
+
+// The table of a gun, copied from another's where they are as bright.
+template <class P>
+bool gunLike(std::unique_ptr<std::int32_t[]>& table, float brightness,
+             const std::unique_ptr<std::int32_t[]>& other, float otherBrightness,
+             const SignalParameters& signal) {
+    if (brightness != otherBrightness) {
+        return buildTable<P>(table, brightness + signal.brightness, signal.contrast);
+    }
+    table.reset(new (std::nothrow) std::int32_t[ToneTables<P>::kEntries]);
+    if (table) std::copy_n(other.get(), ToneTables<P>::kEntries, table.get());
+    return table != nullptr;
 }
 
 template <class P>
@@ -96,8 +110,8 @@ bool ToneTables<P>::build(const SignalParameters& signal) {
             break;
     }
     const bool built = gun(lutRed, signal.gunRed + signal.brightness) &&
-                       gun(lutGreen, signal.gunGreen + signal.brightness) &&
-                       gun(lutBlue, signal.gunBlue + signal.brightness);
+                       gunLike<P>(lutGreen, signal.gunGreen, lutRed, signal.gunRed, signal) &&
+                       gunLike<P>(lutBlue, signal.gunBlue, lutRed, signal.gunRed, signal);
     identity = built && changesNothing<P>(lutRed) && changesNothing<P>(lutGreen) &&
                changesNothing<P>(lutBlue);
     return built;
