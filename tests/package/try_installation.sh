@@ -16,7 +16,8 @@ LD_TRACE_LOADED_OBJECTS=1 "$ruvex" | grep -E 'libdssdk|libdsvwr|libil\.so' | gre
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 head -c $((64 * 48 * 4)) /dev/zero | tr '\0' '\200' >"$work/in.0.rgba8"
-"$ruvex" module | grep -q V_Ruvex
+"$ruvex" module >"$work/module"
+grep -q V_Ruvex "$work/module"
 "$ruvex" render "$work/in.%d.rgba8" -o "$work/out.%d.rgba8" --size 64x48 --frames 0-0 \
     --preset "$prefix/share/ruvex/presets/Cable Out.json" >/dev/null
 [ "$(stat -c %s "$work/out.0.rgba8")" -eq $((64 * 48 * 4)) ]
