@@ -22,6 +22,8 @@ void catchStopSignals() {
     std::signal(SIGTERM, rememberStop);
 #ifdef SIGHUP
     std::signal(SIGHUP, rememberStop);
+    // A file that grows too large for the system's limit is to fail in words, as a full disk does.
+    std::signal(SIGXFSZ, SIG_IGN);
 #endif
 }
 

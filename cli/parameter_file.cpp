@@ -13,6 +13,10 @@ namespace {
 // Keeps the order of the file.
 using Json = nlohmann::ordered_json;
 
+/// Every parameter with thousands of keys has room in it; a video that was named by mistake has
+/// not.
+constexpr std::size_t kMostBytes = std::size_t{16} << 20;
+
 constexpr const char* kSeconds = "seconds";
 constexpr const char* kValue = "value";
 constexpr const char* kKeysForm = "[{\"seconds\": 0, \"value\": 100}, ...]";
@@ -177,7 +181,7 @@ std::vector<ParameterChange> parseParameterFile(const std::string& name, const s
 
 std::vector<ParameterChange> readParameterFile(const std::filesystem::path& file,
                                                std::vector<std::string>& warnings) {
-    const std::vector<std::byte> bytes = media::readWhole(file);
+    const std::vector<std::byte> bytes = media::readWhole(file, kMostBytes);
     return parseParameterFile(
         file.string(), {reinterpret_cast<const char*>(bytes.data()), bytes.size()}, warnings);
 }

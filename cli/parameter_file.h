@@ -25,7 +25,8 @@ public:
 std::vector<ParameterChange> parseParameterFile(const std::string& name, const std::string& text,
                                                 std::vector<std::string>& warnings);
 
-/// The same of a file. Throws media::MediaError where it cannot be read.
+/// The same of a file, or of a pipe up to its end. Throws media::MediaError where it cannot be read
+/// and where it has more than 16 MB.
 std::vector<ParameterChange> readParameterFile(const std::filesystem::path& file,
                                                std::vector<std::string>& warnings);
 

@@ -19,6 +19,8 @@ namespace fs = std::filesystem;
 
 constexpr const char* kPartial = ".partial-";
 
+constexpr std::size_t kPartOfPipe = 65536;
+
 /// A younger file may not be locked yet by who makes it.
 constexpr std::chrono::seconds kAgeOfAbandoned{1};
 
@@ -162,20 +164,32 @@ void writeWhole(const fs::path& file, std::span<const std::byte> bytes) {
     partial.commit();
 }
 
-std::vector<std::byte> readWhole(const fs::path& file) {
+std::vector<std::byte> readWhole(const fs::path& file, std::size_t most) {
     std::error_code error;
-    const auto size = fs::is_directory(file, error) ? 0 : fs::file_size(file, error);
     std::ifstream stream(file, std::ios::binary);
-    if (error || !stream || fs::is_directory(file, error)) {
+    if (!stream || fs::is_directory(file, error)) {
         throw MediaError("Cannot read " + file.string() + ": " +
                          (fs::exists(file, error) ? "it is not a readable file."
                                                   : "there is no such file. Check the name."));
     }
-    std::vector<std::byte> bytes(size);
-    stream.read(reinterpret_cast<char*>(bytes.data()), static_cast<std::streamsize>(size));
-    if (static_cast<std::uintmax_t>(stream.gcount()) != size) {
+    // A pipe has no size that is known beforehand.
+    const auto size = fs::is_regular_file(file, error) ? fs::file_size(file, error) : 0;
+    std::vector<std::byte> bytes(size < most ? size + 1 : 0);
+    std::size_t held = 0;
+    while (stream && held <= most) {
+        bytes.resize(std::max(bytes.size(), held + kPartOfPipe));
+        stream.read(reinterpret_cast<char*>(bytes.data() + held),
+                    static_cast<std::streamsize>(bytes.size() - held));
+        held += static_cast<std::size_t>(stream.gcount());
+    }
+    if (held > most) {
+        throw MediaError("Cannot read " + file.string() + ": it is larger than " +
+                         std::to_string(most >> 20) + " MB, which is too much for its kind.");
+    }
+    if (stream.bad() || held < size) {
         throw MediaError("Cannot read " + file.string() + ": it ends before its size says.");
     }
+    bytes.resize(held);
     return bytes;
 }
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <filesystem>
 #include <span>
 #include <string>
@@ -51,7 +52,9 @@ int writeAll(int descriptor, std::span<const std::byte> bytes);
 /// The whole of it into a file, complete or not at all.
 void writeWhole(const std::filesystem::path& file, std::span<const std::byte> bytes);
 
-/// The whole of a file. Throws MediaError if it cannot be read.
-std::vector<std::byte> readWhole(const std::filesystem::path& file);
+/// The whole of a file, or what a pipe holds up to its end. Throws MediaError if it cannot be read,
+/// and for more than `most` bytes, of which it then has read no more.
+std::vector<std::byte> readWhole(const std::filesystem::path& file,
+                                 std::size_t most = SIZE_MAX / 2);
 
 }  // namespace ruvex::media
