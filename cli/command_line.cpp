@@ -9,13 +9,12 @@
 #include <vector>
 
 #include "cli/commands.h"
+#include "cli/exit_status.h"
+#include "cli/messages.h"
 #include "cli/usage_error.h"
 
 namespace ruvex::cli {
 namespace {
-
-constexpr int kFailed = 1;
-constexpr int kWrongCommandLine = 2;
 
 int complain(const char* sentence, int status) {
     std::fprintf(stderr, "ruvex: %s\n", sentence);
@@ -32,25 +31,45 @@ int endParsing(const CLI::App& app, const CLI::ParseError& error) {
                     kWrongCommandLine);
 }
 
-int parseAndRun(int argc, const char* const* argv) {
-    CLI::App app("Faulty television: runs clips through the V_Ruvex effect.", "ruvex");
-    app.set_version_flag("--version", "ruvex " RUVEX_VERSION);
-    app.require_subcommand(1);
+/// The parser, and where in it each command stands.
+struct Parser {
+    CLI::App app{"Faulty television: runs clips through the V_Ruvex effect.", "ruvex"};
     std::vector<std::pair<const CLI::App*, const Command*>> declared;
-    for (const Command& command : commands()) {
-        declared.emplace_back(&declareCommand(app, command), &command);
+
+    Parser() {
+        app.set_version_flag("--version", "ruvex " RUVEX_VERSION);
+        app.require_subcommand(1);
+        app.footer(exitStatusText());
+        for (const Command& command : commands()) {
+            declared.emplace_back(&declareCommand(app, command), &command);
+        }
     }
+};
+
+int parseAndRun(int argc, const char* const* argv) {
+    Parser parser;
     try {
-        app.parse(argc, argv);
+        parser.app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
-        return endParsing(app, error);
+        return endParsing(parser.app, error);
     }
     const auto meant =
-        std::ranges::find_if(declared, [](auto& one) { return one.first->parsed(); });
+        std::ranges::find_if(parser.declared, [](auto& one) { return one.first->parsed(); });
     return meant->second->run();
 }
 
 }  // namespace
+
+std::string helpText(const std::string& name) {
+    const Parser parser;
+    if (name.empty()) {
+        return parser.app.help();
+    }
+    for (const auto& [app, command] : parser.declared) {
+        if (name == command->name) return app->help("ruvex");
+    }
+    throw UsageError("There is no command " + inQuotes(name) + ". 'ruvex --help' lists them.");
+}
 
 int runCommandLine(int argc, const char* const* argv) {
     try {

@@ -2,11 +2,10 @@
 
 #include <CLI/CLI.hpp>
 
+#include "cli/exit_status.h"
+
 namespace ruvex::cli {
 namespace {
-
-constexpr const char* kExitStatus =
-    "Exit status: 0 done, 1 the job failed, 2 the command line is wrong, 130 stopped by Ctrl-C.";
 
 CLI::Option* declareValue(CLI::App& parser, const Option& option, bool* target) {
     return parser.add_flag(option.name, *target, option.help);
@@ -54,7 +53,7 @@ std::string footerOf(const Command& command) {
         }
         text += '\n';
     }
-    return text + kExitStatus;
+    return text + exitStatusText();
 }
 
 }  // namespace

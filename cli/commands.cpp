@@ -1,6 +1,7 @@
 #include "cli/commands.h"
 
 #include "cli/compare_command.h"
+#include "cli/help_command.h"
 #include "cli/level_command.h"
 #include "cli/module_command.h"
 #include "cli/params_command.h"
@@ -11,7 +12,8 @@ namespace ruvex::cli {
 
 const std::vector<Command>& commands() {
     static const std::vector<Command> all = {renderCommand(), compareCommand(), levelCommand(),
-                                             paramsCommand(), presetsCommand(), moduleCommand()};
+                                             paramsCommand(), presetsCommand(), moduleCommand(),
+                                             helpCommand()};
     return all;
 }
 

@@ -11,7 +11,4 @@ void catchStopSignals();
 /// Whether one has come. Any thread; cheap enough to ask once a row.
 bool stopWished();
 
-/// The exit status of a program that was stopped.
-inline constexpr int kStoppedStatus = 130;
-
 }  // namespace ruvex::cli

@@ -6,6 +6,7 @@
 #include <optional>
 #include <span>
 
+#include "cli/exit_status.h"
 #include "cli/interruption.h"
 #include "cli/level_job.h"
 #include "cli/level_plot.h"
@@ -70,7 +71,7 @@ int runLevel(const LevelOptions& options) {
     const auto series = valuesOf(session, job);
     if (!series) {
         std::fputs("ruvex: stopped; nothing was written.\n", stderr);
-        return kStoppedStatus;
+        return kStopped;
     }
     if (!job.plot.empty()) {
         writePlot(session, job, *series);

@@ -3,7 +3,7 @@
 #include <cstdio>
 #include <iostream>
 
-#include "cli/interruption.h"
+#include "cli/exit_status.h"
 
 namespace ruvex::cli {
 
@@ -21,14 +21,14 @@ void printWarnings(const std::vector<std::string>& warnings) {
 
 int reportStop(const std::filesystem::path& result) {
     std::fprintf(stderr, "ruvex: stopped; %s was not written.\n", result.string().c_str());
-    return kStoppedStatus;
+    return kStopped;
 }
 
 int finishOutput() {
     std::cout.flush();
     if (!std::cout) {
         std::fputs("ruvex: the list could not be written. The disk may be full.\n", stderr);
-        return 1;
+        return kFailed;
     }
     return 0;
 }

@@ -1,16 +1,12 @@
 #include "cli/shell_text.h"
 
-#include <algorithm>
+#include "cli/value_kind.h"
 
 namespace ruvex::cli {
 namespace {
 
 constexpr std::string_view kPlain =
     "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789%+,-./:=@_";
-
-bool isPlace(const Option& option) {
-    return option.name[0] != '-';
-}
 
 /// The form of the name that takes a value after an equals sign.
 std::string longName(const Option& option) {

@@ -24,6 +24,20 @@ add_custom_target(preset_files ALL DEPENDS "${preset_files}/stamp")
 install(DIRECTORY "${preset_files}/" DESTINATION ${CMAKE_INSTALL_DATADIR}/ruvex/presets
   FILES_MATCHING PATTERN "*.json")
 
+# The manual page and the shells' completions, from the command's own tables.
+set(told "${PROJECT_BINARY_DIR}/told")
+add_custom_command(OUTPUT "${told}/ruvex.1" "${told}/ruvex" "${told}/ruvex.fish"
+  COMMAND ${CMAKE_COMMAND} -E make_directory "${told}"
+  COMMAND ruvex help --man > "${told}/ruvex.1"
+  COMMAND ruvex help --completion bash > "${told}/ruvex"
+  COMMAND ruvex help --completion fish > "${told}/ruvex.fish"
+  DEPENDS ruvex
+  VERBATIM)
+add_custom_target(told ALL DEPENDS "${told}/ruvex.1")
+install(FILES "${told}/ruvex.1" DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+install(FILES "${told}/ruvex" DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
+install(FILES "${told}/ruvex.fish" DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)
+
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME ruvex)
 set(CPACK_PACKAGE_VENDOR "The V_Ruvex authors")

@@ -14,7 +14,7 @@ examples() {
     awk '/^```sh/ { inside = 1; next } /^```/ { inside = 0 }
          inside { line = line $0; if (sub(/\\$/, "", line)) next
                   if (line ~ /^(ruvex|ffmpeg) /) print line; line = "" }' "$@"
-    for name in render compare level presets module; do
+    for name in render compare level presets module help; do
         "$command" "$name" --help | sed -n "s/^  \\(ruvex $name .*\\)/\\1/p"
     done
 }

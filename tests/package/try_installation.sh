@@ -5,7 +5,8 @@ set -euo pipefail
 prefix=$1
 ruvex=$prefix/bin/ruvex
 for file in bin/ruvex lib/ruvex/V_Ruvex.so lib/ruvex/libdssdk.so lib/ruvex/libdsvwr.so lib/ruvex/libil.so \
-        share/doc/ruvex/copyright "share/ruvex/presets/Bad Colour TV.json"; do
+        share/doc/ruvex/copyright share/man/man1/ruvex.1 share/bash-completion/completions/ruvex \
+        share/fish/vendor_completions.d/ruvex.fish "share/ruvex/presets/Bad Colour TV.json"; do
     [ -s "$prefix/$file" ] || { echo "$file is missing" >&2; exit 1; }
 done
 

@@ -1,0 +1,190 @@
+// What the command tells of itself, held to the table of commands.
+
+#include <algorithm>
+#include <cstdio>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <memory>
+#include <sstream>
+
+#include "cli/commands.h"
+#include "cli/completion.h"
+#include "cli/exit_status.h"
+#include "cli/man_page.h"
+#include "cli/value_kind.h"
+#include "parameters/parameter_table.h"
+#include "parameters/presets.h"
+#include "tests/cli/run_command.h"
+#include "tests/media/temp_folder.h"
+
+namespace ruvex::cli {
+namespace {
+
+bool holds(const std::string& text, const std::string& part) {
+    return text.find(part) != std::string::npos;
+}
+
+/// The text without line ends and runs of spaces, which a typesetter chooses.
+std::string inOneLine(const std::string& text) {
+    std::istringstream words(text);
+    std::string line;
+    for (std::string word; words >> word;) line.append(line.empty() ? "" : " ").append(word);
+    return line;
+}
+
+std::string outputOf(const std::string& command, int& status) {
+    FILE* pipe = popen(command.c_str(), "r");
+    std::string text;
+    for (int letter = 0; (letter = fgetc(pipe)) != EOF;) text += static_cast<char>(letter);
+    status = WEXITSTATUS(pclose(pipe));
+    return text;
+}
+
+TEST(ExitStatuses, AreInEveryHelpAndInTheReadme) {
+    const std::string text = exitStatusText();
+    EXPECT_EQ(text,
+              "Exit status: 0 done, 1 the job failed, 2 the command line is wrong, 130 stopped by "
+              "Ctrl-C.");
+    EXPECT_TRUE(holds(ruvex({"--help"}).out, text));
+    for (const Command& command : commands()) {
+        EXPECT_TRUE(holds(ruvex({command.name, "--help"}).out, text)) << command.name;
+    }
+    std::ifstream file(RUVEX_README);
+    const std::string readme(std::istreambuf_iterator<char>(file), {});
+    EXPECT_TRUE(holds(inOneLine(readme), text));
+}
+
+TEST(Help, TellsOfEachCommandWhatItsOwnHelpTells) {
+    EXPECT_EQ(ruvex({"help"}).out, ruvex({"--help"}).out);
+    for (const Command& command : commands()) {
+        const Outcome help = ruvex({"help", command.name});
+        EXPECT_EQ(help.status, 0);
+        EXPECT_EQ(help.out, ruvex({command.name, "--help"}).out) << command.name;
+    }
+    EXPECT_EQ(ruvex({"help", "rendre"}).status, 2);
+    EXPECT_EQ(ruvex({"help", "render", "--man"}).status, 2);
+    EXPECT_EQ(ruvex({"help", "--completion", "tcsh"}).status, 2);
+}
+
+// As a reader sees it, so that nothing is lost in the typesetter's language.
+TEST(ManPage, HoldsAllThatTheTableSays) {
+    int status = 0;
+    const std::string typeset = outputOf(
+        RUVEX_COMMAND " help --man | groff -man -ww -Tascii -P-cbou -rLL=4000m 2>&1", status);
+    if (status == 127) GTEST_SKIP() << "no typesetter here";
+    ASSERT_EQ(status, 0);
+    EXPECT_FALSE(holds(typeset, "warning")) << typeset;
+    const std::string page = inOneLine(typeset);
+    for (const Command& command : commands()) {
+        EXPECT_TRUE(holds(page, inOneLine(command.summary))) << command.name;
+        EXPECT_TRUE(holds(page, inOneLine(command.notes))) << command.name;
+        for (const char* example : command.examples) {
+            EXPECT_TRUE(holds(page, inOneLine(example))) << example;
+        }
+        for (const Option& option : command.options) {
+            std::string head(option.name);
+            if (const auto comma = head.find(','); comma != std::string::npos) {
+                head.insert(comma + 1, 1, ' ');
+            }
+            if (*option.argument != '\0') head.append(" ").append(option.argument);
+            EXPECT_TRUE(holds(page, inOneLine(head.append(" ").append(option.help)))) << head;
+        }
+    }
+    for (const ExitStatus& known : kExitStatuses) {
+        EXPECT_TRUE(holds(page, std::to_string(known.code).append(" ").append(known.meaning)));
+    }
+}
+
+TEST(ManPage, LinesThatBeginAsCommandsOfTheTypesetterDoAreText) {
+    const Command odd{.name = "odd",
+                      .summary = "Odd",
+                      .options = {},
+                      .notes = ".png\n'quoted'\nback\\slash",
+                      .examples = {},
+                      .run = {}};
+    const std::string page = manPage({odd});
+    EXPECT_TRUE(holds(page, "\n\\&.png\n\\&'quoted'\nback\\eslash\n")) << page;
+}
+
+TEST(ValueKind, IsThatOfTheArgument) {
+    std::string text;
+    bool on = false;
+    const auto kind = [&](const char* argument) { return valueKind({"--x", argument, "", &text}); };
+    EXPECT_EQ(kind("8|16"), ValueKind::Choice);
+    EXPECT_EQ(kind("blank|hold|loop"), ValueKind::Choice);
+    EXPECT_EQ(kind("FILE"), ValueKind::File);
+    EXPECT_EQ(kind("NAME|FILE"), ValueKind::PresetOrFile);
+    EXPECT_EQ(kind("\"NAME=VALUE\""), ValueKind::Parameter);
+    EXPECT_EQ(kind("WxH"), ValueKind::Text);
+    EXPECT_EQ(kind("A-B"), ValueKind::Text);
+    EXPECT_EQ(valueKind({"--x", "", "", &on}), ValueKind::None);
+    EXPECT_EQ(valueKind({"INPUT", "", "", &text}), ValueKind::File);
+}
+
+/// What bash would offer after these words; the last one is being typed.
+std::vector<std::string> offered(const std::vector<std::string>& words) {
+    static const media::TempFolder folder;
+    std::ofstream(folder.file("ruvex.bash")) << bashCompletion(commands());
+    std::ofstream script(folder.file("ask.bash"));
+    script << "source " << folder.file("ruvex.bash") << "\nCOMP_WORDS=('ruvex'";
+    for (const std::string& word : words) script << " '" << word << "'";
+    script << ")\nCOMP_CWORD=" << words.size() << "\n_ruvex\nprintf '%s\\n' \"${COMPREPLY[@]}\"\n";
+    script.close();
+    int status = 0;
+    const std::string ask =
+        std::string("cd ").append(folder.path()).append(" && bash ask.bash 2>&1");
+    std::istringstream lines(outputOf(ask, status));
+    std::vector<std::string> all;
+    for (std::string line; std::getline(lines, line);) {
+        if (!line.empty()) all.push_back(line);
+    }
+    return all;
+}
+
+using Words = std::vector<std::string>;
+
+TEST(Completion, OffersEveryCommandAndOption) {
+    const Words first = offered({""});
+    for (const Command& command : commands()) {
+        EXPECT_EQ(std::ranges::count(first, command.name), 1) << command.name;
+        const Words options = offered({command.name, "-"});
+        std::size_t expected = 1;
+        for (const Option& option : command.options) {
+            for (const std::string& name : namesOf(option)) {
+                EXPECT_EQ(std::ranges::count(options, name), 1) << command.name << ' ' << name;
+                ++expected;
+            }
+        }
+        EXPECT_EQ(options.size(), expected) << command.name;
+    }
+}
+
+TEST(Completion, OffersWhatAnOptionTakes) {
+    EXPECT_EQ(offered({"render", "--depth", ""}), (Words{"8", "16"}));
+    EXPECT_EQ(offered({"render", "a.mp4", "--ends", "l"}), Words{"loop"});
+    EXPECT_EQ(offered({"render", "--preset", "Bad C"}), Words{"Bad Colour TV"});
+    EXPECT_EQ(offered({"render", "--preset", "Bad\\ C"}), Words{"Bad Colour TV"});
+    EXPECT_EQ(offered({"render", "--preset", "\"Bad C"}), Words{"Bad Colour TV"});
+    EXPECT_EQ(offered({"compare", "--set", "Snow M"}), Words{"Snow Max="});
+    EXPECT_EQ(offered({"help", "le"}), Words{"level"});
+    EXPECT_EQ(offered({"render", "ruvex.b"}), Words{"ruvex.bash"});
+    EXPECT_EQ(offered({"render", "--rate", ""}), Words{});
+    EXPECT_EQ(offered({"level", "--set", ""}).size(), parameterTable().size());
+}
+
+TEST(Completion, FishKnowsTheSameOptions) {
+    const std::string script = fishCompletion(commands());
+    for (const Command& command : commands()) {
+        for (const Option& option : command.options) {
+            for (const std::string& name : namesOf(option)) {
+                if (!name.starts_with("--")) continue;
+                const std::string start = std::string("from ") + command.name + "'";
+                EXPECT_TRUE(holds(script, start)) << command.name;
+                EXPECT_TRUE(holds(script, std::string(" -l ").append(name, 2).append(" "))) << name;
+            }
+        }
+    }
+}
+
+}  // namespace
+}  // namespace ruvex::cli
