@@ -4,9 +4,11 @@ extern "C" {
 #include <libavutil/pixdesc.h>
 }
 
-#include <bit>
+#include <algorithm>
+#include <cstring>
 #include <vector>
 
+#include "media/placed_numbers.h"
 #include "media/row_order.h"
 #include "media/sample_convert.h"
 
@@ -33,6 +35,7 @@ int sourceOf(const AVPixFmtDescriptor& format, int channel) {
     return grey ? 0 : channel;
 }
 
+/// Any component, by the library.
 void readComponent(const AVFrame& picture, const AVPixFmtDescriptor& format, int component, int y,
                    Line& line) {
     const auto* const* data = const_cast<const std::uint8_t**>(picture.data);
@@ -40,23 +43,47 @@ void readComponent(const AVFrame& picture, const AVPixFmtDescriptor& format, int
                         &format, 0, y, component, picture.width, 0, sizeof(std::uint16_t));
 }
 
-/// The picture's components, on a scale that ends at `white`, into one channel of a chain row.
-template <typename T, class Convert>
-void storeChannel(const Line& line, T* row, int channel, Convert convert) {
-    for (std::size_t x = 0; x < line.size(); ++x) {
-        row[x * kChannels + static_cast<std::size_t>(channel)] = convert(line[x]);
+/// For an alpha that is not there.
+struct OneNumber {
+    int value;
+    int operator[](std::ptrdiff_t) const { return value; }
+};
+
+/// Where one channel of a chain row goes.
+struct Channel {
+    Frame& frame;
+    int row;
+    int channel;
+};
+
+template <typename T, class Numbers, class Convert>
+void storeNumbers(const Numbers& numbers, T* row, int width, int channel, Convert convert) {
+    for (std::ptrdiff_t x = 0; x < width; ++x) {
+        row[x * kChannels + channel] = convert(static_cast<int>(numbers[x]));
     }
 }
 
-void storeLine(const Line& line, int white, int channel, int row, Frame& frame) {
-    if (frame.depth() == Depth::S214) {
-        storeChannel(line, frame.row16(row), channel,
-                     [white](int value) { return s214FromScale(value, white); });
-    } else if (white == 255) {
-        storeChannel(line, frame.row8(row), channel,
-                     [](int value) { return static_cast<std::uint8_t>(value); });
+/// Numbers on a scale that ends at `white`, whose usual values are constants to the compiler: it
+/// divides by them without a division.
+template <class Numbers>
+void store(const Numbers& numbers, int white, Channel to) {
+    const auto write = [&](auto* row, auto convert) {
+        storeNumbers(numbers, row, to.frame.width(), to.channel, convert);
+    };
+    if (to.frame.depth() == Depth::S214) {
+        std::int16_t* row = to.frame.row16(to.row);
+        if (white == 65535) {
+            write(row, [](int value) { return s214FromScale(value, 65535); });
+        } else {
+            write(row, [white](int value) { return s214FromScale(value, white); });
+        }
+        return;
+    }
+    std::uint8_t* row = to.frame.row8(to.row);
+    if (white == 255) {
+        write(row, [](int value) { return static_cast<std::uint8_t>(value); });
     } else {
-        storeChannel(line, frame.row8(row), channel, [white](int value) {
+        write(row, [white](int value) {
             return static_cast<std::uint8_t>((value * 255 + white / 2) / white);
         });
     }
@@ -71,20 +98,37 @@ void unpackPaletteLine(const AVFrame& picture, int y, int row, Line& line, Frame
         for (std::size_t x = 0; x < line.size(); ++x) {
             line[x] = static_cast<std::uint16_t>(palette[index[x]] >> kShift[channel] & 0xFF);
         }
-        storeLine(line, 255, channel, row, frame);
+        store(line, 255, {frame, row, channel});
+    }
+}
+
+void unpackChannel(const AVFrame& picture, const AVPixFmtDescriptor& format, int component, int y,
+                   Line& line, Channel to) {
+    const AVComponentDescriptor& place = format.comp[component];
+    const int white = (1 << place.depth) - 1;
+    if (isByte(format, place)) {
+        store(PlacedNumbers<std::uint8_t>(picture, place, y), white, to);
+    } else if (isInWord(format, place)) {
+        store(PlacedNumbers<std::uint16_t>(picture, place, y), white, to);
+    } else {
+        readComponent(picture, format, component, y, line);
+        store(line, white, to);
     }
 }
 
 void unpackLine(const AVFrame& picture, const AVPixFmtDescriptor& format, int y, int row,
                 Line& line, Frame& frame) {
+    if (picture.format == AV_PIX_FMT_RGBA && frame.depth() == Depth::Bits8) {
+        std::memcpy(frame.row(row), picture.data[0] + std::ptrdiff_t{y} * picture.linesize[0],
+                    frame.rowBytes());
+        return;
+    }
     for (int channel = 0; channel < kChannels; ++channel) {
         const int component = sourceOf(format, channel);
         if (component < 0) {
-            std::fill(line.begin(), line.end(), std::uint16_t{1});
-            storeLine(line, 1, channel, row, frame);
+            store(OneNumber{1}, 1, {frame, row, channel});
         } else {
-            readComponent(picture, format, component, y, line);
-            storeLine(line, (1 << format.comp[component].depth) - 1, channel, row, frame);
+            unpackChannel(picture, format, component, y, line, {frame, row, channel});
         }
     }
 }
