@@ -95,7 +95,7 @@ long expectedAt(const AVFrame& picture, int channel, int x, int y, Depth depth) 
         component = 0;
     }
     const long top = palette ? 255 : (1L << format.comp[component].depth) - 1;
-    // To the nearest, halves up: a scale's ends are odd, so that there are none.
+    // To the nearest; `top` is odd, so that there are no halves.
     return (numberAt(picture, component, x, y) * white * 2 + top) / (top * 2);
 }
 
