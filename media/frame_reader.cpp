@@ -15,11 +15,14 @@ bool FrameReader::read(std::int64_t number, Frame& frame) {
     if (number < info().first || number > info().last) {
         return false;
     }
-    auto found = readOwn(number);
-    if (found) {
-        frame = convertDepth(std::move(*found), depth_.value_or(info().depth));
+    if (!readOwn(number, frame)) {
+        return false;
     }
-    return found.has_value();
+    const Depth depth = depth_.value_or(info().depth);
+    if (frame.depth() != depth) {
+        frame = convertDepth(std::move(frame), depth);
+    }
+    return true;
 }
 
 std::unique_ptr<FrameReader> openReader(const std::filesystem::path& path,

@@ -36,15 +36,16 @@ public:
 
     /// Fills `frame` with frame `number`, in any order: the picture does not depend on what was
     /// read before. False outside the clip; MediaError where a frame of the clip cannot be had.
+    /// Memory that `frame` has already is used again.
     bool read(std::int64_t number, Frame& frame);
 
 protected:
     explicit FrameReader(std::optional<Depth> depth) : depth_(depth) {}
 
 private:
-    /// A frame between info().first and info().last, at the input's own depth; nothing if a stream
-    /// has ended before it.
-    virtual std::optional<Frame> readOwn(std::int64_t number) = 0;
+    /// Fills `frame` with one between info().first and info().last, at the input's own depth. False
+    /// if a stream has ended before it.
+    virtual bool readOwn(std::int64_t number, Frame& frame) = 0;
 
     std::optional<Depth> depth_;
 };

@@ -50,22 +50,23 @@ void StillReader::openStill() {
     info_.pixelAspect = first.pixelAspect;
 }
 
-std::optional<Frame> StillReader::readOwn(std::int64_t number) {
+bool StillReader::readOwn(std::int64_t number, Frame& frame) {
     const std::filesystem::path file = files_.file(number);
     if (rawDepth(kind_)) {
-        Frame raw = readRawFrame(file, info_.size, info_.depth);
+        frame = readRawFrame(file, info_.size, info_.depth);
         if (alpha_ == AlphaForm::Premultiplied) {
-            unpremultiply(raw);
+            unpremultiply(frame);
         }
-        return raw;
+        return true;
     }
-    Frame frame = readStill(file, alpha_).frame;
+    frame = readStill(file, alpha_).frame;
     if (frame.size() != info_.size) {
         throw MediaError(file.string() + " is " + toText(frame.size()) +
                          ", but the first picture, " + files_.file(info_.first).string() + ", is " +
                          toText(info_.size) + ". All pictures of a sequence need the same size.");
     }
-    return convertDepth(std::move(frame), info_.depth);
+    frame = convertDepth(std::move(frame), info_.depth);
+    return true;
 }
 
 }  // namespace ruvex::media

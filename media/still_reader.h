@@ -17,7 +17,7 @@ public:
     const ClipInfo& info() const override { return info_; }
 
 private:
-    std::optional<Frame> readOwn(std::int64_t number) override;
+    bool readOwn(std::int64_t number, Frame& frame) override;
     void openRaw(std::optional<FrameSize> size, Depth depth);
     void openStill();
 

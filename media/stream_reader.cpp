@@ -59,10 +59,10 @@ bool StreamReader::advance() {
     return true;
 }
 
-std::optional<Frame> StreamReader::readOwn(std::int64_t number) {
+bool StreamReader::readOwn(std::int64_t number, Frame& frame) {
     while (came_ <= number) {
         if (!advance()) {
-            return std::nullopt;
+            return false;
         }
     }
     const std::int64_t first = came_ - static_cast<std::int64_t>(kept_.size());
@@ -71,7 +71,8 @@ std::optional<Frame> StreamReader::readOwn(std::int64_t number) {
                          ": only the frames from " + std::to_string(first) +
                          " on are still at hand. Render from a file.");
     }
-    return kept_[static_cast<std::size_t>(number - first)];
+    frame = kept_[static_cast<std::size_t>(number - first)];
+    return true;
 }
 
 }  // namespace ruvex::media

@@ -35,7 +35,7 @@ public:
     const ClipInfo& info() const override { return source_->info(); }
 
 private:
-    std::optional<Frame> readOwn(std::int64_t number) override;
+    bool readOwn(std::int64_t number, Frame& frame) override;
     /// Takes the next frame from the stream. False at its end.
     bool advance();
 

@@ -64,14 +64,23 @@ void StreamWriter::begin() {
 }
 
 void StreamWriter::write(std::int64_t, const Frame& frame) {
-    Frame stored = frame;
     if (options_.alpha == AlphaForm::Premultiplied) {
-        premultiply(stored);
-    }
-    if (const auto depth = rawDepth(options_.format.value_or(FileKind::Y4m))) {
-        stream_.write(convertDepth(std::move(stored), *depth).bytes());
+        Frame multiplied = frame;
+        premultiply(multiplied);
+        writeStored(multiplied);
     } else {
-        writeY4m(stored);
+        writeStored(frame);
+    }
+}
+
+void StreamWriter::writeStored(const Frame& frame) {
+    const auto depth = rawDepth(options_.format.value_or(FileKind::Y4m));
+    if (!depth) {
+        writeY4m(frame);
+    } else if (*depth == frame.depth()) {
+        stream_.write(frame.bytes());
+    } else {
+        stream_.write(convertDepth(frame, *depth).bytes());
     }
 }
 

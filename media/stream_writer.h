@@ -25,6 +25,7 @@ public:
 
 private:
     void begin();
+    void writeStored(const Frame& frame);
     void writeY4m(const Frame& frame);
 
     WriteOptions options_;

@@ -111,7 +111,7 @@ const Frame* VideoReader::reach(std::int64_t number) {
     return cache_.find(number);
 }
 
-std::optional<Frame> VideoReader::readOwn(std::int64_t wanted) {
+const Frame& VideoReader::find(std::int64_t wanted) {
     const std::int64_t number = index_.shownAs(wanted);
     if (const Frame* kept = cache_.find(number)) {
         return *kept;
@@ -128,6 +128,11 @@ std::optional<Frame> VideoReader::readOwn(std::int64_t wanted) {
     }
     throw MediaError(path_.string() + " is damaged: frame " + std::to_string(wanted) +
                      " cannot be decoded.");
+}
+
+bool VideoReader::readOwn(std::int64_t number, Frame& frame) {
+    frame = find(number);
+    return true;
 }
 
 }  // namespace ruvex::media

@@ -22,7 +22,7 @@ public:
     const ClipInfo& info() const override { return info_; }
 
 private:
-    std::optional<Frame> readOwn(std::int64_t number) override;
+    bool readOwn(std::int64_t number, Frame& frame) override;
     void describe(const AVFrame& first);
     /// Decodes one more picture and keeps it if it has a number from `from` on. False at the end.
     bool advance(std::int64_t from);
@@ -30,6 +30,8 @@ private:
     void goToStart();
     /// Decodes on to a frame ahead. Null if it does not come.
     const Frame* reach(std::int64_t number);
+    /// A frame of the clip, wherever the decoder stands. It lives until the next one is decoded.
+    const Frame& find(std::int64_t number);
     std::int64_t numberOfPicture() const;
 
     Frame toFrame();
