@@ -1,13 +1,10 @@
 #include "cli/command_line.h"
 
-#include <CLI/CLI.hpp>
-#include <algorithm>
 #include <cstdio>
 #include <iostream>
 #include <new>
-#include <utility>
-#include <vector>
 
+#include "cli/command_parser.h"
 #include "cli/commands.h"
 #include "cli/exit_status.h"
 #include "cli/messages.h"
@@ -21,55 +18,24 @@ int complain(const char* sentence, int status) {
     return status;
 }
 
-/// Help and version are no failures; everything else is one of the command line.
-int endParsing(const CLI::App& app, const CLI::ParseError& error) {
-    if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::Success)) {
-        return app.exit(error);
-    }
-    complain(error.what(), kWrongCommandLine);
-    return complain("'ruvex --help' says more, and so does --help after a command.",
-                    kWrongCommandLine);
+int print(const std::string& text) {
+    std::cout << text;
+    return finishOutput();
 }
 
-/// The parser, and where in it each command stands.
-struct Parser {
-    CLI::App app{"Faulty television: runs clips through the V_Ruvex effect.", "ruvex"};
-    std::vector<std::pair<const CLI::App*, const Command*>> declared;
-
-    Parser() {
-        app.set_version_flag("--version", "ruvex " RUVEX_VERSION);
-        app.require_subcommand(1);
-        app.footer(exitStatusText());
-        for (const Command& command : commands()) {
-            declared.emplace_back(&declareCommand(app, command), &command);
-        }
-    }
-};
-
 int parseAndRun(int argc, const char* const* argv) {
-    Parser parser;
+    ParsedLine line;
     try {
-        parser.app.parse(argc, argv);
-    } catch (const CLI::ParseError& error) {
-        return endParsing(parser.app, error);
+        line = parseCommandLine(commands(), argc, argv);
+    } catch (const UsageError& error) {
+        complain(error.what(), kWrongCommandLine);
+        return complain("'ruvex --help' says more, and so does --help after a command.",
+                        kWrongCommandLine);
     }
-    const auto meant =
-        std::ranges::find_if(parser.declared, [](auto& one) { return one.first->parsed(); });
-    return meant->second->run();
+    return line.command ? line.command->run() : print(line.text);
 }
 
 }  // namespace
-
-std::string helpText(const std::string& name) {
-    const Parser parser;
-    if (name.empty()) {
-        return parser.app.help();
-    }
-    for (const auto& [app, command] : parser.declared) {
-        if (name == command->name) return app->help("ruvex");
-    }
-    throw UsageError("There is no command " + inQuotes(name) + ". 'ruvex --help' lists them.");
-}
 
 int runCommandLine(int argc, const char* const* argv) {
     try {

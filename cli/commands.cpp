@@ -10,10 +10,13 @@
 
 namespace ruvex::cli {
 
+std::vector<Command> newCommands() {
+    return {renderCommand(),  compareCommand(), levelCommand(), paramsCommand(),
+            presetsCommand(), moduleCommand(),  helpCommand()};
+}
+
 const std::vector<Command>& commands() {
-    static const std::vector<Command> all = {renderCommand(), compareCommand(), levelCommand(),
-                                             paramsCommand(), presetsCommand(), moduleCommand(),
-                                             helpCommand()};
+    static const std::vector<Command> all = newCommands();
     return all;
 }
 

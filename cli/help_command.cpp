@@ -3,7 +3,7 @@
 #include <iostream>
 #include <memory>
 
-#include "cli/command_line.h"
+#include "cli/command_parser.h"
 #include "cli/commands.h"
 #include "cli/completion.h"
 #include "cli/man_page.h"
@@ -33,7 +33,7 @@ std::string textOf(const HelpOptions& options) {
         throw UsageError("A command, --man and --completion do not go together. Choose one.");
     }
     if (options.man) return manPage(commands());
-    return options.completion.empty() ? helpText(options.command)
+    return options.completion.empty() ? helpText(commands(), options.command)
                                       : completionFor(options.completion);
 }
 

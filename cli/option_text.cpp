@@ -17,13 +17,13 @@ constexpr int kMostInt = std::numeric_limits<int>::max();
     throw UsageError(option + ": '" + std::string(text) + "' is not " + wanted + ".");
 }
 
-/// A plain number from 0 up, nothing around it.
+/// A plain number from 0 up, nothing around it; not -0 either.
 template <typename T>
 std::optional<T> number(std::string_view text) {
     T value{};
     const char* end = text.data() + text.size();
     const auto [stop, error] = std::from_chars(text.data(), end, value);
-    if (error != std::errc() || stop != end || value < 0) {
+    if (error != std::errc() || stop != end || text.starts_with('-')) {
         return std::nullopt;
     }
     return value;

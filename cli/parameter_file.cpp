@@ -5,6 +5,7 @@
 
 #include "cli/messages.h"
 #include "media/partial_file.h"
+#include "media/printable.h"
 #include "parameters/parameter_text.h"
 
 namespace ruvex::cli {
@@ -17,9 +18,19 @@ using Json = nlohmann::ordered_json;
 /// not.
 constexpr std::size_t kMostBytes = std::size_t{16} << 20;
 
+/// How deep brackets may stand within each other: deeper than parameters and keys do, and not so
+/// deep that writing them into a message would use up the stack.
+constexpr int kDeepest = 16;
+
 constexpr const char* kSeconds = "seconds";
 constexpr const char* kValue = "value";
 constexpr const char* kKeysForm = "[{\"seconds\": 0, \"value\": 100}, ...]";
+
+/// The file may hold anything, so its texts are not shown as they stand.
+[[noreturn]] void fail(const std::string& sentence) {
+    constexpr std::size_t kMost = 1000;
+    throw ParameterFileError(media::printable(sentence, kMost));
+}
 
 /// Text to JSON. The library takes the last of two members of one name, and with it a mistake in
 /// the file, so the names are watched while it reads.
@@ -27,7 +38,8 @@ class Document {
 public:
     static Json parse(const std::string& text) {
         Document document;
-        return Json::parse(text, [&](int, Json::parse_event_t event, Json& parsed) {
+        return Json::parse(text, [&](int depth, Event event, Json& parsed) {
+            if (depth > kDeepest) fail("its brackets stand too deep within each other.");
             document.watch(event, parsed);
             return true;
         });
@@ -44,7 +56,7 @@ private:
         } else if (event == Event::key) {
             const auto name = parsed.get<std::string>();
             if (!names_.back().insert(name).second) {
-                throw ParameterFileError(inQuotes(name) + " stands there twice.");
+                fail(inQuotes(name) + " stands there twice.");
             }
         }
     }
@@ -56,13 +68,13 @@ private:
 std::string detailOf(const Json::exception& error) {
     const std::string text = error.what();
     const auto end = text.find("] ");
-    return end == std::string::npos ? text : text.substr(end + 2);
+    constexpr std::size_t kMost = 400;
+    return media::printable(end == std::string::npos ? text : text.substr(end + 2), kMost);
 }
 
 [[noreturn]] void refuse(const ParameterRow& row, const Json& value) {
     const std::string takes = isCheckBox(row.kind) ? "true or false" : allowedValues(row);
-    throw ParameterFileError(std::string(row.label) + " takes " + takes + ", not " + value.dump() +
-                             ".");
+    fail(std::string(row.label) + " takes " + takes + ", not " + value.dump() + ".");
 }
 
 /// The value as --set would be given it.
@@ -75,7 +87,7 @@ std::string textOf(const ParameterRow& row, const Json& value) {
 
 double valueOf(const ParameterRow& row, const Json& value, std::vector<std::string>& warnings) {
     const ParsedValue parsed = parseValue(row, textOf(row, value));
-    if (!parsed.usable()) throw ParameterFileError(parsed.message);
+    if (!parsed.usable()) fail(parsed.message);
     if (parsed.severity == ParsedValue::Severity::Warning) warnings.push_back(parsed.message);
     return parsed.value;
 }
@@ -84,8 +96,8 @@ Key keyOf(const ParameterRow& row, const Json& key, std::vector<std::string>& wa
     const bool good = key.is_object() && key.size() == 2 && key.contains(kSeconds) &&
                       key.contains(kValue) && key[kSeconds].is_number();
     if (!good) {
-        throw ParameterFileError(key.dump() + " is not a key of " + std::string(row.label) +
-                                 ". Write keys as in " + kKeysForm + ".");
+        fail(key.dump() + " is not a key of " + std::string(row.label) + ". Write keys as in " +
+             kKeysForm + ".");
     }
     return {key[kSeconds].get<double>(), valueOf(row, key[kValue], warnings)};
 }
@@ -94,18 +106,17 @@ Animation animationOf(const ParameterRow& row, const Json& keys,
                       std::vector<std::string>& warnings) {
     const std::string label(row.label);
     if (!isReal(row.kind)) {
-        throw ParameterFileError(label + " cannot be animated; only real parameters can.");
+        fail(label + " cannot be animated; only real parameters can.");
     }
     if (keys.empty()) {
-        throw ParameterFileError(label + " has no keys. Write them as in " + kKeysForm + ".");
+        fail(label + " has no keys. Write them as in " + kKeysForm + ".");
     }
     Animation animation{&row, {}};
     for (const Json& key : keys) {
         animation.keys.push_back(keyOf(row, key, warnings));
     }
     if (const Key* twice = sortKeys(animation)) {
-        throw ParameterFileError(label + " has two keys at " + formatNumber(twice->seconds) +
-                                 " s.");
+        fail(label + " has two keys at " + formatNumber(twice->seconds) + " s.");
     }
     return animation;
 }
@@ -122,16 +133,15 @@ ParameterChange changeOf(const ParameterRow& row, const Json& value,
 
 std::vector<ParameterChange> changesOf(const Json& document, std::vector<std::string>& warnings) {
     if (!document.is_object()) {
-        throw ParameterFileError(
-            "a parameter file is one object of labels and values, as in {\"Resolution\": 50}.");
+        fail("a parameter file is one object of labels and values, as in {\"Resolution\": 50}.");
     }
     std::vector<ParameterChange> changes;
     std::set<const ParameterRow*> seen;
     for (const auto& [name, value] : document.items()) {
         const ParameterRow* row = findParameter(name);
-        if (row == nullptr) throw ParameterFileError(noSuchParameter(name));
+        if (row == nullptr) fail(noSuchParameter(name));
         if (!seen.insert(row).second) {
-            throw ParameterFileError(inQuotes(row->label) + " stands there twice.");
+            fail(inQuotes(row->label) + " stands there twice.");
         }
         changes.push_back(changeOf(*row, value, warnings));
     }

@@ -14,19 +14,22 @@ std::string longName(const Option& option) {
     return names.substr(names.find(',') + 1);
 }
 
-void append(std::string& text, const Option& option, const std::string& value) {
-    if (value.empty()) return;
+void appendValue(std::string& text, const Option& option, const std::string& value) {
     text += ' ';
     if (isPlace(option)) {
         // A name that begins as options do is a file all the same.
         text += shellQuoted(value.size() > 1 && value[0] == '-' ? std::string("./").append(value)
                                                                 : value);
-    } else if (value[0] == '-') {
+    } else if (value.starts_with('-')) {
         text.append(longName(option)).append("=").append(shellQuoted(value));
     } else {
         const std::string names = option.name;
         text.append(names, 0, names.find(',')).append(" ").append(shellQuoted(value));
     }
+}
+
+void append(std::string& text, const Option& option, const std::string& value) {
+    if (!value.empty()) appendValue(text, option, value);
 }
 
 void append(std::string& text, const Option& option, bool on) {
@@ -35,7 +38,7 @@ void append(std::string& text, const Option& option, bool on) {
 
 void append(std::string& text, const Option& option, const std::vector<std::string>& values) {
     for (const std::string& value : values) {
-        append(text, option, value);
+        appendValue(text, option, value);
     }
 }
 

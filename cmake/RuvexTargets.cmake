@@ -36,6 +36,10 @@ if(RUVEX_SANITIZE)
   target_link_options(ruvex_options INTERFACE -fsanitize=${RUVEX_SANITIZE})
   target_compile_definitions(ruvex_options INTERFACE RUVEX_SANITIZED)
 endif()
+if(RUVEX_FUZZ)
+  # Counts which branches are taken; the fuzzer itself is linked into its targets alone.
+  target_compile_options(ruvex_options INTERFACE -fsanitize=fuzzer-no-link)
+endif()
 
 # ruvex_library(NAME SOURCES... LIBS...): a static library of one folder.
 function(ruvex_library name)

@@ -4,6 +4,7 @@
 #include <bit>
 #include <cstdint>
 #include <cstring>
+#include <limits>
 #include <optional>
 #include <string_view>
 
@@ -87,6 +88,12 @@ std::int64_t parts(std::int64_t whole, std::int64_t part) {
     return part > 0 ? (whole + part - 1) / part : 0;
 }
 
+/// The product, held to what the type holds: no file has as many blocks. Both from 0 up.
+std::int64_t heldProduct(std::int64_t a, std::int64_t b) {
+    constexpr std::int64_t kMost = std::numeric_limits<std::int64_t>::max();
+    return b > 0 && a > kMost / b ? kMost : a * b;
+}
+
 /// How many blocks there are; 0 for a picture without pixels.
 std::int64_t blockCount(const Head& head) {
     const std::int64_t width = std::int64_t{head.window[2]} - head.window[0] + 1;
@@ -97,7 +104,7 @@ std::int64_t blockCount(const Head& head) {
     if (!head.tileWidth) {
         return parts(height, linesOfBlock(head.compression));
     }
-    return parts(width, *head.tileWidth) * parts(height, head.tileHeight);
+    return heldProduct(parts(width, *head.tileWidth), parts(height, head.tileHeight));
 }
 
 /// A block's place, then its size, then as many bytes.

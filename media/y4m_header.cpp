@@ -4,6 +4,7 @@
 #include <charconv>
 
 #include "media/media_error.h"
+#include "media/printable.h"
 
 namespace ruvex::media {
 namespace {
@@ -45,6 +46,12 @@ constexpr Kind kKinds[] = {
     {"422p16", AV_PIX_FMT_YUV422P16LE},
     {"444p16", AV_PIX_FMT_YUV444P16LE},
 };
+
+/// The value of a tag in a message: what is no value can be anything.
+std::string quoted(std::string_view text) {
+    constexpr std::size_t kMost = 60;
+    return "'" + printable(text, kMost) + "'";
+}
 
 class Parser {
 public:
@@ -105,7 +112,7 @@ private:
         int value = 0;
         const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), value);
         if (error != std::errc() || stop != text.data() + text.size() || value < 1) {
-            fail("'" + std::string(text) + "' is no width or height");
+            fail(quoted(text) + " is no width or height");
         }
         return value;
     }
@@ -119,7 +126,7 @@ private:
         std::replace(fraction.begin(), fraction.end(), ':', '/');
         const auto value = parsePositiveRational(fraction);
         if (!value) {
-            fail("'" + std::string(text) + "' is no ratio");
+            fail(quoted(text) + " is no ratio");
         }
         return value;
     }
@@ -138,7 +145,7 @@ private:
         const auto* kind = std::find_if(std::begin(kKinds), std::end(kKinds),
                                         [text](const Kind& known) { return known.name == text; });
         if (kind == std::end(kKinds)) {
-            fail("its kind of pixels, '" + std::string(text) + "', is not known");
+            fail("its kind of pixels, " + quoted(text) + ", is not known");
         }
         header_.format = kind->format;
         header_.siting = kind->siting;

@@ -22,6 +22,8 @@ struct Y4mHeader {
     AVPixelFormat format = AV_PIX_FMT_YUV420P;
     AVChromaLocation siting = AVCHROMA_LOC_CENTER;
     bool full = false;  ///< Black and white at the ends of the scale.
+
+    friend bool operator==(const Y4mHeader&, const Y4mHeader&) = default;
 };
 
 /// What every stream begins with.

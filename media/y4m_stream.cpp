@@ -22,9 +22,15 @@ AvFrame blankPicture(const Y4mHeader& header) {
     return picture;
 }
 
-std::size_t bytesOf(const Y4mHeader& header) {
-    return static_cast<std::size_t>(
-        av_image_get_buffer_size(header.format, header.size.width, header.size.height, 1));
+/// Frames of 8 bits may have more pixels than the libraries hold in a picture.
+std::size_t bytesOf(const Y4mHeader& header, const std::string& name) {
+    const int bytes =
+        av_image_get_buffer_size(header.format, header.size.width, header.size.height, 1);
+    if (bytes < 0) {
+        throw MediaError("Cannot read " + name + ": its size is " + toText(header.size) +
+                         ", more than the FFmpeg libraries hold in a picture. Use a smaller one.");
+    }
+    return static_cast<std::size_t>(bytes);
 }
 
 }  // namespace
@@ -35,7 +41,7 @@ Y4mStream::Y4mStream(InputStream stream) : stream_(std::move(stream)) {
         throw MediaError("Cannot read " + stream_.name() + ": it is empty.");
     }
     header_ = parseY4mHeader(*line, stream_.name());
-    bytes_.resize(bytesOf(header_));
+    bytes_.resize(bytesOf(header_, stream_.name()));
     picture_ = blankPicture(header_);
     convert_.emplace(*picture_, stream_.name());
     info_.size = header_.size;

@@ -124,15 +124,17 @@ std::string registryText(const DSRegistryContents& contents) {
 
 std::optional<DSRegistryContents> parseRegistry(std::string_view text) {
     if (!text.starts_with(kHead)) return std::nullopt;
-    text.remove_prefix(kHead.size());
+    std::string_view rest = text.substr(kHead.size());
     DSRegistryContents contents;
-    while (!text.empty()) {
-        const std::size_t end = text.find('\n');
+    while (!rest.empty()) {
+        const std::size_t end = rest.find('\n');
         if (end == std::string_view::npos) return std::nullopt;
-        if (!readLine(text.substr(0, end), contents)) return std::nullopt;
-        text.remove_prefix(end + 1);
+        if (!readLine(rest.substr(0, end), contents)) return std::nullopt;
+        rest.remove_prefix(end + 1);
     }
-    return contents;
+    // Numbers, identifiers and letters have several forms, of which one is written. Whatever has
+    // another one, or lines in another order, was not written here.
+    return registryText(contents) == text ? std::optional(contents) : std::nullopt;
 }
 
 }  // namespace ruvex

@@ -11,7 +11,7 @@ TEST(OptionText, Sizes) {
     EXPECT_EQ(parseSize("--size", "720x576"), (media::FrameSize{720, 576}));
     EXPECT_EQ(parseSize("--size", "1x1"), (media::FrameSize{1, 1}));
     for (const char* text : {"", "0x5", "5x0", "-1x5", "5", "5x", "x5", "5x5x5", "5X5", " 5x5",
-                             "5x5 ", "2147483648x1", "5.0x5", "axb"}) {
+                             "5x5 ", "2147483648x1", "-0x5", "5.0x5", "axb"}) {
         EXPECT_THROW(parseSize("--size", text), UsageError) << text;
     }
 }
@@ -34,7 +34,7 @@ TEST(OptionText, Regions) {
     EXPECT_EQ(region.width, 3);
     EXPECT_EQ(region.height, 4);
     for (const char* text : {"", "1,2,3", "1,2,3,4,5", "1,2,0,4", "1,2,3,0", "-1,2,3,4", "a,b,c,d",
-                             "1, 2,3,4", "1,2,3,4,"}) {
+                             "1, 2,3,4", "-0,2,3,4", "1,2,3,4,"}) {
         EXPECT_THROW(parseRegion("--region", text), UsageError) << text;
     }
 }

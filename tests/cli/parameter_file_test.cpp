@@ -205,6 +205,41 @@ TEST(ParameterFile, EveryRefusalNamesTheFileAndWhatIsWrong) {
     }
 }
 
+TEST(ParameterFile, BracketsWithoutEndAreRefused) {
+    for (const std::string open : {"[", "{\"a\":"}) {
+        std::string text = "{\"Resolution\": ";
+        for (int i = 0; i < 200000; ++i) text += open;
+        EXPECT_NE(refusal(text).find("too deep"), std::string::npos);
+        for (int i = 0; i < 200000; ++i) text += open == "[" ? "]" : "}";
+        EXPECT_NE(refusal(text + "}").find("too deep"), std::string::npos);
+    }
+}
+
+TEST(ParameterFile, RefusalsHoldNothingThatATerminalObeys) {
+    const std::string said = refusal(R"({"\u001b[2J\u0000Resolution": 1})");
+    EXPECT_NE(said.find("'\\x1B[2J\\x00Resolution'"), std::string::npos) << said;
+    EXPECT_NE(said.find("Did you mean"), std::string::npos) << said;
+    for (const char* text : {R"({"X Edge Method": "\u009b2J"})", "{\"Resolution\": \x1B}",
+                             R"({"\u0007": 1, "\u0007": 2})", "{\"Resolution\xFF\": 1}"}) {
+        const std::string refused = refusal(text);
+        EXPECT_NE(refused, "") << text;
+        for (const char* bad : {"\x1B", "\x07", "\xC2", "\xFF"}) {
+            EXPECT_EQ(refused.find(bad), std::string::npos) << refused;
+        }
+    }
+}
+
+TEST(ParameterFile, RefusalsAreShortWhateverTheFileHolds) {
+    const std::string longText(4000000, 'a');
+    for (const std::string& text :
+         {"{\"" + longText + "\": 1}", "{\"Resolution\": \"" + longText + "\"}",
+          "{\"X Edge Method\": \"" + longText + "\"}", "{\"" + longText}) {
+        const std::string said = refusal(text);
+        EXPECT_TRUE(said.starts_with("look.json: ")) << said.substr(0, 100);
+        EXPECT_LT(said.size(), 1200u);
+    }
+}
+
 TEST(ParameterFile, NoBeginningOfAFileIsAFile) {
     const std::string text = parameterFileText(RandomParameters(1).all());
     const std::size_t end = text.find_last_of('}');

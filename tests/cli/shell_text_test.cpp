@@ -52,6 +52,11 @@ TEST(CommandText, HoldsWhatWasGivenAndNothingElse) {
               "ruvex render 'in put.mp4' -o o.mkv --odd=-5 --set A=1 --set 'B C=2' --loud");
     input = "-in.mp4";
     EXPECT_EQ(commandText("x", {{"INPUT", "", "", &input}}), "ruvex x ./-in.mp4");
+    // An empty text is none; one of several is one, and keeps its place.
+    sets = {"", "A=1"};
+    rate.clear();
+    EXPECT_EQ(commandText("x", {{"--rate", "R", "", &rate}, {"--set", "S", "", &sets}}),
+              "ruvex x --set '' --set A=1");
     input.assign(1, '-');
     EXPECT_EQ(commandText("x", {{"INPUT", "", "", &input}}), "ruvex x -");
 }

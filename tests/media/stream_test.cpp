@@ -79,6 +79,15 @@ TEST(Y4mHeader, NonsenseIsRefusedByName) {
     }
 }
 
+TEST(Y4mHeader, WhatIsRefusedIsShownAsATerminalCanTakeIt) {
+    const std::string said =
+        complaintOf([] { parseY4mHeader("YUV4MPEG2 W4 H4 C\x1B[2J\xFF", "a.y4m"); });
+    EXPECT_NE(said.find("'\\x1B[2J\\xFF'"), std::string::npos) << said;
+    const std::string longKind(900, 'x');
+    EXPECT_LT(complaintOf([&] { parseY4mHeader("YUV4MPEG2 W4 H4 C" + longKind, "a"); }).size(),
+              200u);
+}
+
 class Y4mKinds : public testing::TestWithParam<const char*> {};
 
 // The FFmpeg libraries' own reader of the same bytes is the yardstick.
@@ -195,6 +204,17 @@ TEST(Y4mStream, DamageIsNamed) {
     EXPECT_NE(complaintOfText(file, header + frame + "FRAME\n"), "");
     EXPECT_NE(complaintOfText(file, header + frame + frame.substr(0, 13)), "");
     EXPECT_NE(complaintOfText(file, std::string(100000, 'x')), "");
+}
+
+// Of 8 bits, the chain could take them.
+TEST(Y4mStream, PicturesThatTheLibrariesDoNotHoldAreRefusedByName) {
+    TempFolder folder;
+    for (const char* kind : {"420", "444p16", "mono"}) {
+        const std::string said = complaintOfText(
+            folder.file("a.y4m"), std::string("YUV4MPEG2 W20000 H20000 C") + kind + "\nFRAME\n");
+        EXPECT_NE(said.find("the stream"), std::string::npos) << said;
+        EXPECT_NE(said.find("20000x20000"), std::string::npos) << said;
+    }
 }
 
 TEST(RawStream, FramesComeBackByteForByte) {

@@ -79,7 +79,11 @@ TEST_F(RegistryFile, OneThatIsDamagedIsRefusedAndKept) {
           "V_Ruvex registry 1\nfamily\t77A1C004-0000-4000-8000-000000000001\n",
           "V_Ruvex registry 1\nclass\t77A1C004-0000-4000-8000-000000000001\t2x\ta\tb\n",
           "V_Ruvex registry 1\nclass\t77A1C004-0000-4000-8000-000000000001\t2\t\\a\tb\n",
-          "V_Ruvex registry 1\nclass\t77A1C004-0000-4000-8000-000000000001\t2\ta\tb"}) {
+          "V_Ruvex registry 1\nclass\t77A1C004-0000-4000-8000-000000000001\t2\ta\tb",
+          // Each with another form of what is written.
+          "V_Ruvex registry 1\nclass\t77a1c004-0000-4000-8000-000000000001\t2\ta\tb\n",
+          "V_Ruvex registry 1\nclass\t77A1C004-0000-4000-8000-000000000001\t02\ta\tb\n",
+          "V_Ruvex registry 1\nclass\t77A1C004-0000-4000-8000-000000000001\t2\t\xFF\tb\n"}) {
         write(text);
         DSRegistryContents all{{entry(3)}, {}};
         EXPECT_EQ(open()->read(all), REGDB_E_INVALIDVALUE) << text;

@@ -1,0 +1,43 @@
+// File names with a frame number in them.
+
+#include "media/numbered_path.h"
+#include "tests/fuzz/fuzz.h"
+
+namespace {
+
+using ruvex::fuzz::demand;
+using ruvex::media::NumberedPath;
+
+constexpr std::int64_t kNumbers[] = {0, 1, 7, 10, 99999, 16777215, 1234567890123456789};
+
+void demandSequence(const NumberedPath& path) {
+    std::filesystem::path before;
+    for (const std::int64_t number : kNumbers) {
+        const std::filesystem::path file = path.file(number);
+        demand(path.fits(file.filename().string()), "the name of a frame is one of the sequence");
+        demand(file != before, "no two frames have one name");
+        demand(file.string().find(std::to_string(number)) != std::string::npos,
+               "the number stands in the name");
+        demand(!path.fits(file.filename().string() + "x") || path.text().ends_with('x'),
+               "a longer name is another one");
+        before = file;
+    }
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    // The first line is the path, the second some file's name.
+    auto words = ruvex::fuzz::wordsOf(ruvex::fuzz::textOf(data, size));
+    words.resize(2);
+    const NumberedPath path(words[0]);
+    demand(path.text() == words[0], "messages show the path as it was given");
+    if (path.isPattern()) {
+        demand(words[0].find('%') != std::string::npos, "a number has a place");
+        demandSequence(path);
+    } else {
+        demand(path.file(7) == words[0], "a plain path is the file of every number");
+    }
+    path.fits(words[1]);
+    return 0;
+}

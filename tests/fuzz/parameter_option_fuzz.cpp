@@ -1,0 +1,88 @@
+// --set and --key.
+
+#include <cmath>
+
+#include "cli/parameter_option.h"
+#include "cli/usage_error.h"
+#include "parameters/parameter_text.h"
+#include "tests/fuzz/fuzz.h"
+
+namespace {
+
+using namespace ruvex;
+using namespace ruvex::cli;
+using fuzz::demand;
+
+struct Warned {
+    std::vector<std::string> sentences;
+};
+
+void demandUsable(const ParameterRow& row, double value, bool warned) {
+    demand(std::isfinite(value), "a value is finite");
+    demand(isReal(row.kind) || value == std::trunc(value), "only real parameters have fractions");
+    const auto range = row.enteredRange();
+    const bool inside = !range || range->contains(value);
+    demand(inside || (row.clamp && warned), "what lies outside is held to a range, and is told of");
+    const double used = renderClamp(row.id, value);
+    demand(!row.clamp || row.clamp->contains(used), "what is used lies in the range");
+}
+
+template <class Parse>
+auto accepted(const char* option, Parse parse) {
+    return fuzz::unlessRefused<UsageError>(
+        parse, [&](std::string_view sentence) { fuzz::demandNamed(sentence, option); });
+}
+
+void trySetting(const std::string& text) {
+    Warned first;
+    const auto setting = accepted("--set: ", [&] { return parseSetting(text, first.sentences); });
+    if (!setting) return;
+    demandUsable(*setting->row, setting->value, !first.sentences.empty());
+    for (const std::string& sentence : first.sentences) fuzz::demandNamed(sentence, "--set: ");
+    Warned second;
+    const std::string written =
+        std::string(setting->row->label) + "=" + formatValue(*setting->row, setting->value);
+    const Setting again = parseSetting(written, second.sentences);
+    demand(again.row == setting->row && fuzz::sameBits(again.value, setting->value),
+           "a setting reads back");
+    demand(first.sentences.size() == second.sentences.size(), "and warns of the same");
+}
+
+std::string textOf(const Animation& animation) {
+    std::string text = std::string(animation.row->label) + "=";
+    for (const Key& key : animation.keys) {
+        text += formatNumber(key.seconds) + ":" + formatNumber(key.value) + " ";
+    }
+    return text;
+}
+
+void tryAnimation(const std::string& text) {
+    Warned first;
+    const auto found = accepted("--key: ", [&] { return parseAnimation(text, first.sentences); });
+    if (!found) return;
+    demand(isReal(found->row->kind) && !found->keys.empty(), "a real parameter with keys");
+    for (std::size_t i = 0; i < found->keys.size(); ++i) {
+        const Key& key = found->keys[i];
+        demandUsable(*found->row, key.value, !first.sentences.empty());
+        demand(std::isfinite(key.seconds), "a time is finite");
+        demand(i == 0 || found->keys[i - 1].seconds < key.seconds, "keys stand in order");
+    }
+    Warned second;
+    const Animation again = parseAnimation(textOf(*found), second.sentences);
+    demand(again.row == found->row && again.keys.size() == found->keys.size(), "keys read back");
+    for (std::size_t i = 0; i < again.keys.size(); ++i) {
+        demand(fuzz::sameBits(again.keys[i].seconds, found->keys[i].seconds) &&
+                   fuzz::sameBits(again.keys[i].value, found->keys[i].value),
+               "to the bit");
+    }
+    demand(first.sentences.size() == second.sentences.size(), "and warn of the same");
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const std::string text(fuzz::textOf(data, size));
+    trySetting(text);
+    tryAnimation(text);
+    return 0;
+}
