@@ -50,7 +50,7 @@ constexpr Kind kKinds[] = {
 /// The value of a tag in a message: what is no value can be anything.
 std::string quoted(std::string_view text) {
     constexpr std::size_t kMost = 60;
-    return "'" + printable(text, kMost) + "'";
+    return std::string("'").append(printable(text, kMost)).append("'");
 }
 
 class Parser {

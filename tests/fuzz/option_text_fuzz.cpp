@@ -59,7 +59,7 @@ void tryRegion(std::string_view text) {
            "a region has pixels");
     std::string written;
     for (const int value : {region->x, region->y, region->width, region->height}) {
-        written += (written.empty() ? "" : ",") + std::to_string(value);
+        written.append(written.empty() ? "" : ",").append(std::to_string(value));
     }
     const Region again = parseRegion(kOption, written);
     demand(again.x == region->x && again.y == region->y && again.width == region->width &&
