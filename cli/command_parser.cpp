@@ -37,6 +37,16 @@ std::string textAskedFor(const CLI::App& app, const CLI::ParseError& error) {
     return text.str();
 }
 
+/// An empty text stands for none, which is not enough here.
+void checkRequired(const Command& command) {
+    for (const Option& option : command.options) {
+        const auto* text = std::get_if<std::string*>(&option.value);
+        if (option.required && text != nullptr && (*text)->empty()) {
+            throw UsageError(std::string(option.name) + " is required, but empty.");
+        }
+    }
+}
+
 }  // namespace
 
 ParsedLine parseCommandLine(const std::vector<Command>& commands, int argc,
@@ -49,6 +59,7 @@ ParsedLine parseCommandLine(const std::vector<Command>& commands, int argc,
     }
     const auto meant =
         std::ranges::find_if(parser.declared, [](auto& one) { return one.first->parsed(); });
+    checkRequired(*meant->second);
     return {meant->second, {}};
 }
 

@@ -44,6 +44,8 @@ TEST(Command, AWrongCommandLineEndsWithTwo) {
                                 {"render", "a.mp4"},
                                 {"render", "-o", "b.mp4"},
                                 {"render", "a.mp4", "-o", "b.mp4", "--nonsense"},
+                                {"render", "", "-o", "b.mp4"},
+                                {"render", "a.mp4", "-o", ""},
                                 {"params", "--xml"},
                                 {"--set"}}) {
         const Outcome outcome = ruvex(arguments);
