@@ -33,15 +33,19 @@ bool sameBits(double a, double b) {
     return std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b);
 }
 
+std::string wordOf(std::string_view text) {
+    std::string word(text);
+    std::erase(word, '\0');
+    return word;
+}
+
 std::vector<std::string> wordsOf(std::string_view text) {
-    std::vector<std::string> words(1);
-    for (const char letter : text) {
-        if (letter == '\n') {
-            words.emplace_back();
-        } else if (letter != '\0') {
-            words.back() += letter;
-        }
+    std::vector<std::string> words;
+    for (auto end = text.find('\n'); end != std::string_view::npos; end = text.find('\n')) {
+        words.push_back(wordOf(text.substr(0, end)));
+        text.remove_prefix(end + 1);
     }
+    words.push_back(wordOf(text));
     return words;
 }
 

@@ -45,7 +45,10 @@ inline std::string_view textOf(const std::uint8_t* data, std::size_t size) {
     return {reinterpret_cast<const char*>(data), size};
 }
 
-/// The input as words of a command line: one a line, without the zero bytes that no word can hold.
+/// The input as one word of a command line: without the zero bytes that no word can hold.
+std::string wordOf(std::string_view text);
+
+/// The input as words of a command line: one a line.
 std::vector<std::string> wordsOf(std::string_view text);
 
 /// A file that is in memory alone.

@@ -12,10 +12,7 @@ namespace {
 using namespace ruvex;
 using namespace ruvex::cli;
 using fuzz::demand;
-
-struct Warned {
-    std::vector<std::string> sentences;
-};
+using Sentences = std::vector<std::string>;
 
 void demandUsable(const ParameterRow& row, double value, bool warned) {
     demand(std::isfinite(value), "a value is finite");
@@ -34,18 +31,18 @@ auto accepted(const char* option, Parse parse) {
 }
 
 void trySetting(const std::string& text) {
-    Warned first;
-    const auto setting = accepted("--set: ", [&] { return parseSetting(text, first.sentences); });
+    Sentences first;
+    const auto setting = accepted("--set: ", [&] { return parseSetting(text, first); });
     if (!setting) return;
-    demandUsable(*setting->row, setting->value, !first.sentences.empty());
-    for (const std::string& sentence : first.sentences) fuzz::demandNamed(sentence, "--set: ");
-    Warned second;
+    demandUsable(*setting->row, setting->value, !first.empty());
+    for (const std::string& sentence : first) fuzz::demandNamed(sentence, "--set: ");
+    Sentences second;
     const std::string written =
         std::string(setting->row->label) + "=" + formatValue(*setting->row, setting->value);
-    const Setting again = parseSetting(written, second.sentences);
+    const Setting again = parseSetting(written, second);
     demand(again.row == setting->row && fuzz::sameBits(again.value, setting->value),
            "a setting reads back");
-    demand(first.sentences.size() == second.sentences.size(), "and warns of the same");
+    demand(first.size() == second.size(), "and warns of the same");
 }
 
 std::string textOf(const Animation& animation) {
@@ -57,31 +54,31 @@ std::string textOf(const Animation& animation) {
 }
 
 void tryAnimation(const std::string& text) {
-    Warned first;
-    const auto found = accepted("--key: ", [&] { return parseAnimation(text, first.sentences); });
+    Sentences first;
+    const auto found = accepted("--key: ", [&] { return parseAnimation(text, first); });
     if (!found) return;
     demand(isReal(found->row->kind) && !found->keys.empty(), "a real parameter with keys");
     for (std::size_t i = 0; i < found->keys.size(); ++i) {
         const Key& key = found->keys[i];
-        demandUsable(*found->row, key.value, !first.sentences.empty());
+        demandUsable(*found->row, key.value, !first.empty());
         demand(std::isfinite(key.seconds), "a time is finite");
         demand(i == 0 || found->keys[i - 1].seconds < key.seconds, "keys stand in order");
     }
-    Warned second;
-    const Animation again = parseAnimation(textOf(*found), second.sentences);
+    Sentences second;
+    const Animation again = parseAnimation(textOf(*found), second);
     demand(again.row == found->row && again.keys.size() == found->keys.size(), "keys read back");
     for (std::size_t i = 0; i < again.keys.size(); ++i) {
         demand(fuzz::sameBits(again.keys[i].seconds, found->keys[i].seconds) &&
                    fuzz::sameBits(again.keys[i].value, found->keys[i].value),
                "to the bit");
     }
-    demand(first.sentences.size() == second.sentences.size(), "and warn of the same");
+    demand(first.size() == second.size(), "and warn of the same");
 }
 
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const std::string text(fuzz::textOf(data, size));
+    const std::string text = fuzz::wordOf(fuzz::textOf(data, size));
     trySetting(text);
     tryAnimation(text);
     return 0;
