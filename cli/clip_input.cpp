@@ -21,10 +21,22 @@ ComPtr<IDSImage> toImage(const runtime::Project& project, const media::Frame& fr
 }
 
 ComPtr<IDSImage> ClipInput::frame(std::int64_t number) {
-    if (!clip_->readOther(number, frame_)) {
+    const media::Frame* found = find(number);
+    if (found == nullptr) {
         return {};
     }
-    return toImage(project_, frame_);
+    if (held_.field) {
+        media::takeField(*found, *held_.field, field_);
+        found = &field_;
+    }
+    return toImage(project_, *found);
+}
+
+const media::Frame* ClipInput::find(std::int64_t number) {
+    if (held_.frame != nullptr && held_.number == number) {
+        return held_.frame;
+    }
+    return clip_->readOther(number, frame_) ? &frame_ : nullptr;
 }
 
 ComPtr<IDSImage> ClipInput::imageAt(double seconds) {

@@ -1,29 +1,12 @@
 #include "cli/frame_renderer.h"
 
-#include <cstring>
+#include <algorithm>
 #include <utility>
 
-#include "cli/interruption.h"
+#include "cli/field_region.h"
 #include "cli/mask_image.h"
-#include "cli/ruvex_control.h"
-#include "cli/usage_error.h"
-#include "runtime/error.h"
-#include "runtime/images.h"
 
 namespace ruvex::cli {
-namespace {
-
-void setWorkers(runtime::EffectSession& session, const RenderJob& job) {
-    if (!job.workers) {
-        return;
-    }
-    if (ruvexControl(session).setWorkerCount(*job.workers) != 0) {
-        throw UsageError("--workers: the effect does not take " + std::to_string(*job.workers) +
-                         " workers. Use fewer.");
-    }
-}
-
-}  // namespace
 
 FrameRenderer::FrameRenderer(const RenderJob& job, const RenderPlan& plan,
                              std::shared_ptr<SharedClip> clip, const ParameterChoice& parameters)
@@ -31,16 +14,10 @@ FrameRenderer::FrameRenderer(const RenderJob& job, const RenderPlan& plan,
       plan_(plan),
       clip_(std::move(clip)),
       input_(std::make_shared<ClipInput>(clip_, plan.project, job.ends)),
-      session_({.module = runtime::Module::loadDefault(),
-                .project = plan.project,
-                .provider = input_,
-                .interruption = stopWished,
-                .family = job.mask.empty() ? runtime::kEffectFamily : runtime::kPaintFamily}) {
+      renderer_(job, plan.project, input_, parameters) {
     if (!job.mask.empty()) {
-        mask_ = loadMask(job.mask, plan.size, plan.project);
+        prepareMasks(readMask(job.mask, plan.size));
     }
-    setWorkers(session_, job);
-    setParameters(session_, parameters);
 }
 
 FrameRenderer::FrameRenderer(const FrameRenderer& other, std::shared_ptr<ClipInput> input)
@@ -48,46 +25,55 @@ FrameRenderer::FrameRenderer(const FrameRenderer& other, std::shared_ptr<ClipInp
       plan_(other.plan_),
       clip_(other.clip_),
       input_(std::move(input)),
-      session_(other.session_.clone(input_)),
-      mask_(other.mask_) {}
+      renderer_(other.renderer_.clone(input_)),
+      masks_(other.masks_) {}
 
 FrameRenderer FrameRenderer::clone() const {
     return {*this, std::make_shared<ClipInput>(clip_, plan_.project, job_.ends)};
 }
 
+void FrameRenderer::prepareMasks(const media::Frame& mask) {
+    if (plan_.fields == media::FieldOrder::Progressive) {
+        masks_ = {toMask(mask, plan_.project)};
+        return;
+    }
+    for (const media::Field field : {media::Field::Top, media::Field::Bottom}) {
+        media::Frame lines;
+        media::takeField(mask, field, lines);
+        masks_.push_back(toMask(lines, plan_.project));
+    }
+}
+
+ComPtr<IDSImage> FrameRenderer::mask(media::Field field) const {
+    return masks_.empty() ? ComPtr<IDSImage>() : masks_[field == media::Field::Top ? 0 : 1];
+}
+
 bool FrameRenderer::render(std::int64_t number, const media::Frame& source, media::Frame& result) {
-    if (stopWished()) {
-        return false;
+    const double time = runtime::frameTime(number, plan_.project.frameRate);
+    if (plan_.fields == media::FieldOrder::Progressive) {
+        const ComPtr<IDSImage> mask = masks_.empty() ? ComPtr<IDSImage>() : masks_.front();
+        return renderer_.render({number, time, source, mask, job_.region}, result);
     }
-    const auto output = runtime::makeProjectImage(plan_.project, plan_.size.width,
-                                                  plan_.size.height, formatOf(plan_.depth));
-    runtime::RenderRequest request = requestFor(number, source);
-    request.output = output;
-    execute(number, request);
-    input_->rethrowFailure();
-    std::memcpy(result.bytes().data(), output->bytes(), result.bytes().size());
-    return !session_.interrupted();
+    const double later = (static_cast<double>(number) + 0.5) / plan_.project.frameRate;
+    return renderField(media::firstField(plan_.fields), time, number, source, result) &&
+           renderField(media::secondField(plan_.fields), later, number, source, result);
 }
 
-runtime::RenderRequest FrameRenderer::requestFor(std::int64_t number,
-                                                 const media::Frame& source) const {
-    runtime::RenderRequest request;
-    request.seconds = runtime::frameTime(number, plan_.project.frameRate);
-    request.input = toImage(plan_.project, source);
-    request.pixelMask = mask_;
-    if (job_.region) {
-        request.region =
-            DSRECT{job_.region->x, job_.region->y, job_.region->width, job_.region->height};
+bool FrameRenderer::renderField(media::Field field, double time, std::int64_t number,
+                                const media::Frame& source, media::Frame& result) {
+    const media::FrameSize size{result.width(), media::fieldHeight(result.height(), field)};
+    media::makeRoom(fieldResult_, size, result.depth());
+    const auto region = fieldRegion(job_.region, result.height(), field);
+    bool done = true;
+    if (region && region->height == 0) {
+        std::ranges::fill(fieldResult_.bytes(), std::byte{});
+    } else {
+        media::takeField(source, field, fieldSource_);
+        const ClipInput::Hold hold(*input_, number, source, field);
+        done = renderer_.render({number, time, fieldSource_, mask(field), region}, fieldResult_);
     }
-    return request;
-}
-
-void FrameRenderer::execute(std::int64_t number, const runtime::RenderRequest& request) {
-    try {
-        session_.render(request);
-    } catch (const runtime::Error& error) {
-        throw runtime::Error("frame " + std::to_string(number) + ": " + error.what());
-    }
+    media::putField(fieldResult_, field, result);
+    return done;
 }
 
 }  // namespace ruvex::cli

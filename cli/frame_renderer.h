@@ -5,13 +5,19 @@
 #include <memory>
 
 #include "cli/clip_input.h"
+#include "cli/picture_renderer.h"
 #include "cli/render_plan.h"
-#include "runtime/effect_session.h"
+#include "media/fields.h"
 
 namespace ruvex::cli {
 
 /// Renders with one choice of parameters. The project is to be open as long as this lives. One
 /// thread uses a renderer at a time; several may share one clip.
+///
+/// Where the plan says so, each field of a frame is rendered as a picture of its own, at its own
+/// time: the first at the frame's, the second half a frame later. It stands for the whole project
+/// frame, so that lengths are those of the frame. What the effect then fetches from the clip is the
+/// same field of another frame.
 class FrameRenderer {
 public:
     /// `job` and `plan` are to outlive this. Throws UsageError for what the effect does not take,
@@ -30,15 +36,19 @@ public:
 private:
     FrameRenderer(const FrameRenderer& other, std::shared_ptr<ClipInput> input);
 
-    runtime::RenderRequest requestFor(std::int64_t number, const media::Frame& source) const;
-    void execute(std::int64_t number, const runtime::RenderRequest& request);
+    void prepareMasks(const media::Frame& mask);
+    bool renderField(media::Field field, double time, std::int64_t number,
+                     const media::Frame& source, media::Frame& result);
+    ComPtr<IDSImage> mask(media::Field field) const;
 
     const RenderJob& job_;
     const RenderPlan& plan_;
     std::shared_ptr<SharedClip> clip_;
     std::shared_ptr<ClipInput> input_;
-    runtime::EffectSession session_;
-    ComPtr<IDSImage> mask_;
+    PictureRenderer renderer_;
+    std::vector<ComPtr<IDSImage>> masks_;  ///< None, that of frames, or those of top and bottom.
+    media::Frame fieldSource_;
+    media::Frame fieldResult_;
 };
 
 }  // namespace ruvex::cli

@@ -16,12 +16,20 @@ std::string rangeText(const FrameRange& range) {
     return std::to_string(range.first) + "-" + std::to_string(range.last);
 }
 
+/// Nothing for frames that are not interlaced.
+std::string fieldsText(media::FieldOrder fields, const std::string& before) {
+    if (fields == media::FieldOrder::Progressive) {
+        return "";
+    }
+    return before + (fields == media::FieldOrder::TopFirst ? "top" : "bottom") + " field first";
+}
+
 std::string inputText(const RenderJob& job, const RenderPlan& plan, const media::ClipInfo& clip) {
     std::string text = job.input.string() + ": " + toText(clip.size) + ", " + bitsText(clip.depth);
     text.append(", ").append(toText(plan.rate)).append(" frames a second, frames ");
     text.append(clip.lastKnown ? rangeText({clip.first, clip.last})
                                : "from " + std::to_string(clip.first) + " on");
-    return text + (clip.hasAlpha ? ", with alpha" : "");
+    return text + fieldsText(plan.output.fields, ", ") + (clip.hasAlpha ? ", with alpha" : "");
 }
 
 std::string outputText(const RenderJob& job, const RenderPlan& plan) {
@@ -45,7 +53,8 @@ std::string framesText(const RenderPlan& plan, const FramesToMake& frames) {
 
 std::string chainText(const RenderJob& job, const RenderPlan& plan) {
     const std::string workers = job.workers ? std::to_string(*job.workers) : "the machine's";
-    return bitsText(plan.depth) + ", workers: " + workers + ", jobs: " + std::to_string(job.jobs);
+    return bitsText(plan.depth) + ", workers: " + workers + ", jobs: " + std::to_string(job.jobs) +
+           fieldsText(plan.fields, ", each field by itself, ");
 }
 
 bool isDefault(const Setting& setting) {

@@ -10,17 +10,6 @@ namespace {
 
 constexpr int kWhite = 255;
 
-media::Frame readMask(const std::filesystem::path& file, media::FrameSize size) {
-    media::ReadOptions options{.depth = media::Depth::Bits8};
-    if (media::rawDepth(media::fileKind(file))) {
-        options.size = size;
-    }
-    const auto reader = media::openReader(file, options);
-    media::Frame frame;
-    reader->read(reader->info().first, frame);
-    return frame;
-}
-
 }  // namespace
 
 void checkMaskName(const std::filesystem::path& file) {
@@ -35,18 +24,27 @@ int maskValue(const std::uint8_t* pixel) {
     return (luma * pixel[3] + kWhite / 2) / kWhite;
 }
 
-ComPtr<IDSImage> loadMask(const std::filesystem::path& file, media::FrameSize size,
-                          const runtime::Project& project) {
-    const media::Frame picture = readMask(file, size);
+media::Frame readMask(const std::filesystem::path& file, media::FrameSize size) {
+    media::ReadOptions options{.depth = media::Depth::Bits8};
+    if (media::rawDepth(media::fileKind(file))) {
+        options.size = size;
+    }
+    const auto reader = media::openReader(file, options);
+    media::Frame picture;
+    reader->read(reader->info().first, picture);
     if (picture.size() != size) {
         throw UsageError("--mask: " + file.string() + " is " + toText(picture.size()) +
                          ", but the input is " + toText(size) +
                          ". The mask needs the size of the input.");
     }
-    auto mask = runtime::makeProjectImage(project, size.width, size.height, MFIF_A_RAW_8);
+    return picture;
+}
+
+ComPtr<IDSImage> toMask(const media::Frame& picture, const runtime::Project& project) {
+    auto mask = runtime::makeProjectImage(project, picture.width(), picture.height(), MFIF_A_RAW_8);
     std::byte* to = mask->bytes();
-    for (int y = 0; y < size.height; ++y) {
-        for (int x = 0; x < size.width; ++x) {
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
             *to++ = static_cast<std::byte>(maskValue(picture.row8(y) + x * media::kChannels));
         }
     }

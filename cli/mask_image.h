@@ -17,10 +17,11 @@ void checkMaskName(const std::filesystem::path& file);
 /// pixel is its own grey value.
 int maskValue(const std::uint8_t* pixel);
 
-/// The picture in `file` as a mask of 8 bits, row 0 the bottom line. Deeper pictures are rounded.
-/// Raw files are taken to be of `size`. Throws media::MediaError, and UsageError where the picture
-/// is not of `size`.
-ComPtr<IDSImage> loadMask(const std::filesystem::path& file, media::FrameSize size,
-                          const runtime::Project& project);
+/// The picture in `file`, of 8 bits: deeper ones are rounded. Raw files are taken to be of `size`.
+/// Throws media::MediaError, and UsageError where the picture is not of `size`.
+media::Frame readMask(const std::filesystem::path& file, media::FrameSize size);
+
+/// A picture of 8 bits as a mask over the project's frame, row 0 the bottom line.
+ComPtr<IDSImage> toMask(const media::Frame& picture, const runtime::Project& project);
 
 }  // namespace ruvex::cli

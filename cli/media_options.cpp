@@ -23,4 +23,11 @@ media::FileKind parseStreamFormat(const std::string& option, const std::string& 
     throw UsageError(option + ": '" + text + "' is no kind of stream; write y4m, rgba8 or s214.");
 }
 
+media::FieldOrder parseFieldOrder(const std::string& option, const std::string& text) {
+    if (text == "top") return media::FieldOrder::TopFirst;
+    if (text == "bottom") return media::FieldOrder::BottomFirst;
+    if (text == "none") return media::FieldOrder::Progressive;
+    throw UsageError(option + ": '" + text + "' is no order of fields; write top, bottom or none.");
+}
+
 }  // namespace ruvex::cli

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "media/alpha.h"
+#include "media/clip_info.h"
 #include "media/file_kind.h"
 
 namespace ruvex::cli {
@@ -16,5 +17,8 @@ media::AlphaForm parseAlpha(const std::string& option, const std::string& text);
 /// "y4m", "rgba8" or "s214", for `path`, which has to be a stream.
 media::FileKind parseStreamFormat(const std::string& option, const std::string& text,
                                   const std::filesystem::path& path);
+
+/// "top", "bottom" or "none".
+media::FieldOrder parseFieldOrder(const std::string& option, const std::string& text);
 
 }  // namespace ruvex::cli

@@ -72,7 +72,11 @@ void checkOutput(const RenderJob& job) {
 }  // namespace
 
 media::ReadOptions readingOf(const RenderJob& job) {
-    return {.size = job.size, .depth = job.depth, .alpha = job.alpha, .format = job.inputFormat};
+    return {.size = job.size,
+            .depth = job.depth,
+            .alpha = job.alpha,
+            .format = job.inputFormat,
+            .fields = job.fieldOrder};
 }
 
 RenderJob makeRenderJob(const RenderOptions& options) {
@@ -102,6 +106,9 @@ RenderJob makeRenderJob(const RenderOptions& options) {
     if (!options.pixelAspect.empty()) {
         job.pixelAspect = parseFraction("--pixel-aspect", options.pixelAspect).value();
     }
+    job.fields = options.fields;
+    job.fieldOrder = ifGiven(options.fieldOrder,
+                             [](auto& text) { return parseFieldOrder("--field-order", text); });
     job.ends = options.ends.empty() ? ClipEnds::Blank : parseEnds("--ends", options.ends);
     job.mask = options.mask;
     if (!job.mask.empty()) {

@@ -35,6 +35,8 @@ struct RenderJob {
     std::optional<media::FrameSize> projectSize;
     double pixelAspect = 1.0;
     std::optional<Region> region;
+    bool fields = false;  ///< Each field is rendered as a picture of its own.
+    std::optional<media::FieldOrder> fieldOrder;  ///< Nothing: as the input says.
     std::filesystem::path mask;  ///< Empty: the effect is not painted but fills the picture.
     ClipEnds ends = ClipEnds::Blank;
     std::optional<Comparison> comparison;  ///< Nothing: the result is the render alone.

@@ -42,12 +42,6 @@ std::string withRepeat(const RenderJob& job, std::int64_t number, const std::str
     }
 }
 
-void makeRoom(media::Frame& frame, media::FrameSize size, media::Depth depth) {
-    if (frame.size() != size || frame.depth() != depth) {
-        frame = media::Frame(size, depth);
-    }
-}
-
 }  // namespace
 
 RenderLine::RenderLine(const RenderJob& job, const RenderPlan& plan,
@@ -132,11 +126,11 @@ void RenderLine::render(FrameRenderer& renderer, FrameRing& ring) {
 }
 
 bool RenderLine::makeResult(FrameRenderer& renderer, FrameSlot& slot, media::Frame& rendered) {
-    makeRoom(slot.result, plan_.output.size, plan_.depth);
+    media::makeRoom(slot.result, plan_.output.size, plan_.depth);
     if (!job_.comparison) {
         return renderer.render(slot.number, slot.source, slot.result);
     }
-    makeRoom(rendered, plan_.size, plan_.depth);
+    media::makeRoom(rendered, plan_.size, plan_.depth);
     const bool done = renderer.render(slot.number, slot.source, rendered);
     if (done) {
         compareFrames(*job_.comparison, slot.source, rendered, slot.result);

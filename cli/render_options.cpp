@@ -63,6 +63,14 @@ OptionTable renderOptions(RenderOptions& options) {
         {"--region", "X,Y,W,H",
          "Render this part only, rows counted from the bottom; the rest is left at zero",
          &options.region},
+        {"--fields", "",
+         "Render each field of interlaced video as a picture of its own, at its own time, and "
+         "weave "
+         "them again",
+         &options.fields},
+        {"--field-order", "top|bottom|none",
+         "Which field of a frame comes first, or that there are none; as the input says without it",
+         &options.fieldOrder},
         {"--mask", "FILE",
          "Paint the effect through a still of the input's size: none of it where the still is "
          "black or transparent, all where it is white, a blend where it is grey",

@@ -27,6 +27,8 @@ struct RenderOptions {
     std::string projectSize;
     std::string pixelAspect;
     std::string region;
+    bool fields = false;
+    std::string fieldOrder;
     std::string mask;
     std::string ends;
     std::string jobs;

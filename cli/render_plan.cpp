@@ -51,16 +51,37 @@ media::AudioSource soundOf(const RenderJob& job, const media::ClipInfo& clip,
     return sound;
 }
 
+/// In what order the fields are rendered; Progressive for whole frames.
+media::FieldOrder fieldsToRender(const RenderJob& job, const media::ClipInfo& clip,
+                                 media::FieldOrder order) {
+    if (!job.fields) {
+        return media::FieldOrder::Progressive;
+    }
+    if (order == media::FieldOrder::Progressive) {
+        throw UsageError("--fields: " + job.input.string() +
+                         (job.fieldOrder
+                              ? " is said to have none (--field-order none)."
+                              : " does not say that it is interlaced. If it is, say which field "
+                                "comes first (--field-order top or bottom)."));
+    }
+    if (clip.size.height < 2) {
+        throw UsageError("--fields: " + job.input.string() +
+                         " has one line, and so no two fields.");
+    }
+    return order;
+}
+
 void warnOf(const media::ClipInfo& clip, RenderJob& job, const media::Rational& rate) {
     if (clip.uneven) {
         job.warnings.push_back("The frames of " + job.input.string() +
                                " are of uneven length: they are rendered at a constant " +
                                toText(rate) + " frames a second.");
     }
-    if (clip.fields != media::FieldOrder::Progressive) {
+    if (clip.fields != media::FieldOrder::Progressive && !job.fields && !job.fieldOrder) {
         const bool top = clip.fields == media::FieldOrder::TopFirst;
         job.warnings.push_back(job.input.string() + " is interlaced, " + (top ? "top" : "bottom") +
-                               " field first.");
+                               " field first. Its frames are rendered whole; --fields renders each "
+                               "field by itself.");
     }
 }
 
@@ -87,7 +108,8 @@ RenderPlan makeRenderPlan(RenderJob& job, const media::ClipInfo& clip) {
     plan.output.format = job.outputFormat;
     plan.output.bits = clip.bits;
     plan.output.chroma = clip.chroma;
-    plan.output.fields = clip.fields;
+    plan.output.fields = job.fieldOrder.value_or(clip.fields);
+    plan.fields = fieldsToRender(job, clip, plan.output.fields);
     if (job.comparison) {
         plan.output.size = comparedSize(*job.comparison, plan.size);
         checkFrameSize(plan.output.size, plan.depth, job.output.string());

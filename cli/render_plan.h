@@ -19,6 +19,8 @@ struct RenderPlan {
     /// then end at a number beyond it.
     bool endless = false;
     runtime::Project project;
+    /// Not Progressive where each field is rendered by itself: then which comes first.
+    media::FieldOrder fields = media::FieldOrder::Progressive;
     media::WriteOptions output;
 };
 

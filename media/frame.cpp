@@ -33,4 +33,10 @@ Frame::Frame(FrameSize size, Depth depth) : size_(size), depth_(depth) {
     bytes_.resize(rowBytes() * static_cast<std::size_t>(size.height));
 }
 
+void makeRoom(Frame& frame, FrameSize size, Depth depth) {
+    if (frame.size() != size || frame.depth() != depth) {
+        frame = Frame(size, depth);
+    }
+}
+
 }  // namespace ruvex::media

@@ -73,4 +73,8 @@ private:
     std::vector<std::byte> bytes_;
 };
 
+/// Gives a frame this size and depth, unless it has them already; the components are then as they
+/// were. Throws as the constructor does.
+void makeRoom(Frame& frame, FrameSize size, Depth depth);
+
 }  // namespace ruvex::media

@@ -22,6 +22,9 @@ struct ReadOptions {
     /// What standard input holds: Y4m, RawRgba8 or RawS214. Without it raw frames of 8 bits if
     /// there is a size, else Y4M.
     std::optional<FileKind> format{};
+    /// Whether each frame is two fields, and which comes first, where the input does not say or
+    /// says it wrongly.
+    std::optional<FieldOrder> fields{};
 };
 
 /// Reads a clip: a video, a still, numbered stills, raw frames. One thread at a time.

@@ -21,7 +21,7 @@ std::size_t mostFrames(const Frame& frame) {
 std::unique_ptr<StreamSource> openSource(InputStream stream, const ReadOptions& options) {
     const bool raw = options.format ? *options.format != FileKind::Y4m : options.size.has_value();
     if (!raw) {
-        return std::make_unique<Y4mStream>(std::move(stream));
+        return std::make_unique<Y4mStream>(std::move(stream), options.fields);
     }
     if (!options.size) {
         throw MediaError(stream.name() + " holds bare pixels: say their size (--size WxH).");

@@ -57,7 +57,8 @@ void StreamWriter::begin() {
     header_ = headerFor(options_);
     const int matrix = matrixInUse(options_.colour.matrix, options_.size.height);
     convert_.emplace(options_.size, options_.depth,
-                     YuvForm{header_.format, matrix, header_.full, header_.siting});
+                     YuvForm{header_.format, matrix, header_.full, header_.siting,
+                             options_.fields != FieldOrder::Progressive});
     bytes_.resize(static_cast<std::size_t>(
         av_image_get_buffer_size(header_.format, options_.size.width, options_.size.height, 1)));
     stream_.write(formatY4mHeader(header_));

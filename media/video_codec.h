@@ -17,6 +17,9 @@ struct VideoCodec {
     bool exact;           ///< RGB without loss, 8 or 16 bits a component.
     bool alpha;
     int quality;  ///< The usual one, from 1 to 100; 0 where there is none to choose.
+    /// Frames of two fields need a height that is a multiple of this; 0 where they cannot be told
+    /// from others.
+    int fieldLines;
 };
 
 /// The coding named, or without a name the ending's own: H.264 for .mp4 and .m4v, ProRes 4444 for

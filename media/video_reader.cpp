@@ -16,11 +16,18 @@ Rational pixelAspectOf(const AVFrame& picture, const AVStream& stream) {
     return {1, 1};
 }
 
-FieldOrder fieldsOf(const AVFrame& picture) {
-    if (picture.interlaced_frame == 0) {
-        return FieldOrder::Progressive;
+/// The order in which fields are shown; that in which they are coded is no matter here.
+FieldOrder fieldsOf(const AVStream& stream) {
+    switch (stream.codecpar->field_order) {
+        case AV_FIELD_TT:
+        case AV_FIELD_BT:
+            return FieldOrder::TopFirst;
+        case AV_FIELD_BB:
+        case AV_FIELD_TB:
+            return FieldOrder::BottomFirst;
+        default:
+            return FieldOrder::Progressive;
     }
-    return picture.top_field_first != 0 ? FieldOrder::TopFirst : FieldOrder::BottomFirst;
 }
 
 }  // namespace
@@ -29,6 +36,7 @@ VideoReader::VideoReader(const std::filesystem::path& path, const ReadOptions& o
     : FrameReader(options.depth),
       path_(path),
       alpha_(options.alpha),
+      fields_(options.fields),
       index_(path),
       decoder_(path),
       picture_(newAvFrame()) {
@@ -60,7 +68,16 @@ void VideoReader::describe(const AVFrame& first) {
     info_.fields = fieldsOf(first);
 }
 
+/// Pictures that are not marked may lie in a container that is.
+FieldOrder VideoReader::fieldsOf(const AVFrame& picture) const {
+    if (!fields_ && picture.interlaced_frame != 0) {
+        return picture.top_field_first != 0 ? FieldOrder::TopFirst : FieldOrder::BottomFirst;
+    }
+    return fields_.value_or(media::fieldsOf(decoder_.stream()));
+}
+
 Frame VideoReader::toFrame() {
+    picture_->interlaced_frame = fieldsOf(*picture_) != FieldOrder::Progressive ? 1 : 0;
     Frame frame = convert_->convert(*picture_);
     if (alpha_ == AlphaForm::Premultiplied && convert_->hasAlpha()) {
         unpremultiply(frame);

@@ -34,10 +34,12 @@ private:
     const Frame& find(std::int64_t number);
     std::int64_t numberOfPicture() const;
 
+    FieldOrder fieldsOf(const AVFrame& picture) const;
     Frame toFrame();
 
     std::filesystem::path path_;
     std::optional<AlphaForm> alpha_;
+    std::optional<FieldOrder> fields_;
     VideoIndex index_;
     VideoDecoder decoder_;
     AvFrame picture_;

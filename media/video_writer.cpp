@@ -1,10 +1,5 @@
 #include "media/video_writer.h"
 
-extern "C" {
-#include <libavutil/opt.h>
-}
-
-#include <algorithm>
 #include <cerrno>
 #include <string_view>
 
@@ -12,12 +7,14 @@ extern "C" {
 #include "media/media_error.h"
 #include "media/rgb_lines.h"
 #include "media/text.h"
+#include "media/video_encoder.h"
 
 namespace ruvex::media {
 namespace {
 
-constexpr int kPalLines = 576;
-constexpr int kShortestSlicedSide = 64;
+/// No coding reorders over more frames. One encoder leaves the decoding times of clips that are too
+/// short for reordering to chance: those frames are decoded in turn.
+constexpr int kMostReordered = 16;
 
 std::string ending(const std::filesystem::path& path) {
     return lowerCase(path.extension().string());
@@ -30,29 +27,6 @@ const char* containerOf(const std::string& ending) {
     return ending == ".mov" ? "mov" : "mp4";
 }
 
-AVRational fraction(const Rational& value) {
-    return {static_cast<int>(value.num), static_cast<int>(value.den)};
-}
-
-/// Colour differences at half the size need whole halves.
-bool isEven(FrameSize size) {
-    return size.width % 2 == 0 && size.height % 2 == 0;
-}
-
-AVPixelFormat formatFor(const VideoCodec& codec, const WriteOptions& options) {
-    const bool deep = options.depth == Depth::S214;
-    if (codec.exact) {
-        return deep ? AV_PIX_FMT_RGBA64LE : AV_PIX_FMT_BGRA;
-    }
-    if (codec.alpha) {
-        return AV_PIX_FMT_YUVA444P10LE;
-    }
-    if (deep && codec.name == std::string_view("h265")) {
-        return isEven(options.size) ? AV_PIX_FMT_YUV420P10LE : AV_PIX_FMT_YUV444P10LE;
-    }
-    return isEven(options.size) ? AV_PIX_FMT_YUV420P : AV_PIX_FMT_YUV444P;
-}
-
 const VideoCodec& codecOf(const std::filesystem::path& path, const WriteOptions& options) {
     const VideoCodec* codec = findVideoCodec(path, options.codec);
     const std::string fault = storageFault(path, options.codec, options.quality);
@@ -60,61 +34,6 @@ const VideoCodec& codecOf(const std::filesystem::path& path, const WriteOptions&
         throw MediaError("Cannot write " + path.string() + ". " + fault);
     }
     return *codec;
-}
-
-AVColorSpace yuvMatrix(const WriteOptions& options) {
-    const int matrix = matrixInUse(options.colour.matrix, options.size.height);
-    const bool chosen = matrix != options.colour.matrix;
-    const bool pal = chosen && options.size.height == kPalLines && matrix == AVCOL_SPC_SMPTE170M;
-    return pal ? AVCOL_SPC_BT470BG : static_cast<AVColorSpace>(matrix);
-}
-
-const AVCodec& encoderFor(const VideoCodec& codec, const std::filesystem::path& path) {
-    const AVCodec* encoder = avcodec_find_encoder_by_name(codec.encoder);
-    if (encoder == nullptr) {
-        throw MediaError("Cannot write " + path.string() + ": the FFmpeg libraries here lack " +
-                         codec.encoder + ". Install a build with it, or choose another --codec.");
-    }
-    return *encoder;
-}
-
-void describe(AVCodecContext& coder, const WriteOptions& options, const VideoCodec& codec) {
-    const bool exact = codec.exact;
-    coder.width = options.size.width;
-    coder.height = options.size.height;
-    coder.framerate = fraction(options.rate);
-    coder.time_base = av_inv_q(coder.framerate);
-    coder.sample_aspect_ratio = fraction(options.pixelAspect);
-    coder.color_primaries = static_cast<AVColorPrimaries>(options.colour.primaries);
-    coder.color_trc = static_cast<AVColorTransferCharacteristic>(options.colour.transfer);
-    coder.pix_fmt = formatFor(codec, options);
-    coder.chroma_sample_location = exact ? AVCHROMA_LOC_UNSPECIFIED : AVCHROMA_LOC_LEFT;
-    coder.colorspace = exact ? AVCOL_SPC_RGB : yuvMatrix(options);
-    coder.color_range = exact || options.colour.full ? AVCOL_RANGE_JPEG : AVCOL_RANGE_MPEG;
-}
-
-/// Each frame by itself, so that any frame is quickly found again. Large ones in slices with check
-/// sums, which threads share; the coder's slices lose pixels where a side is only a few long.
-void setExact(AVCodecContext& coder) {
-    const bool slices = std::min(coder.width, coder.height) >= kShortestSlicedSide;
-    coder.level = slices ? 3 : 1;
-    coder.gop_size = 1;
-    av_opt_set_int(coder.priv_data, "slicecrc", slices ? 1 : 0, 0);
-}
-
-/// From 1, coarse, to 100, without a loss that could be seen.
-void setQuality(AVCodecContext& coder, const VideoCodec& codec, std::optional<int> quality) {
-    const int rest = 100 - quality.value_or(codec.quality);
-    if (!codec.alpha) {
-        const int factor = std::max((rest + 1) / 2, 1);
-        av_opt_set(coder.priv_data, "crf", std::to_string(factor).c_str(), 0);
-        // The message that every file would begin with goes to the terminal otherwise.
-        av_opt_set(coder.priv_data, "x265-params", "log-level=none", 0);
-        return;
-    }
-    av_opt_set(coder.priv_data, "profile", "4444", 0);
-    coder.flags |= AV_CODEC_FLAG_QSCALE;
-    coder.global_quality = FF_QP2LAMBDA * std::max(rest / 3, 1);
 }
 
 }  // namespace
@@ -127,6 +46,7 @@ VideoWriter::VideoWriter(const std::filesystem::path& path, const WriteOptions& 
     : path_(path),
       codec_(codecOf(path, options)),
       alpha_(options.alpha),
+      fields_(options.fields),
       file_(path),
       packet_(newAvPacket()) {
     quietLibraries();
@@ -147,6 +67,10 @@ std::vector<std::string> VideoWriter::remarks() const {
         remarks.push_back("Sound coded as " + coding + " is left out: " + path_.string() +
                           " cannot hold it.");
     }
+    if (fields_ != FieldOrder::Progressive && !isInterlaced(*coder_)) {
+        remarks.push_back(path_.string() + " is not marked as interlaced: its coding, " +
+                          codec_.title + ", cannot keep the fields of such pictures apart here.");
+    }
     return remarks;
 }
 
@@ -157,22 +81,14 @@ VideoWriter::~VideoWriter() {
 }
 
 void VideoWriter::openCoder(const WriteOptions& options) {
-    const AVCodec& encoder = encoderFor(codec_, path_);
-    coder_ = newAvCodec(&encoder);
-    describe(*coder_, options, codec_);
-    coder_->thread_count = 0;
-    if (format_->oformat->flags & AVFMT_GLOBALHEADER) {
-        coder_->flags |= AV_CODEC_FLAG_GLOBAL_HEADER;
+    const bool globalHeader = (format_->oformat->flags & AVFMT_GLOBALHEADER) != 0;
+    coder_ = openEncoder(codec_, path_, options, globalHeader);
+    if (!codec_.exact) {
+        convert_.emplace(
+            options.size, options.depth,
+            YuvForm{coder_->pix_fmt, coder_->colorspace, coder_->color_range == AVCOL_RANGE_JPEG,
+                    AVCHROMA_LOC_LEFT, isInterlaced(*coder_)});
     }
-    if (codec_.exact) {
-        setExact(*coder_);
-    } else {
-        setQuality(*coder_, codec_, options.quality);
-        convert_.emplace(options.size, options.depth,
-                         YuvForm{coder_->pix_fmt, coder_->colorspace,
-                                 coder_->color_range == AVCOL_RANGE_JPEG, AVCHROMA_LOC_LEFT});
-    }
-    check(avcodec_open2(coder_.get(), &encoder, nullptr));
 }
 
 void VideoWriter::openContainer(const WriteOptions& options) {
@@ -182,8 +98,8 @@ void VideoWriter::openContainer(const WriteOptions& options) {
     }
     check(avcodec_parameters_from_context(stream->codecpar, coder_.get()));
     stream->time_base = coder_->time_base;
-    stream->avg_frame_rate = fraction(options.rate);
-    stream->sample_aspect_ratio = fraction(options.pixelAspect);
+    stream->avg_frame_rate = coder_->framerate;
+    stream->sample_aspect_ratio = coder_->sample_aspect_ratio;
     audio_.emplace(options.audio, *format_);
     check(avio_open(&format_->pb, ("file:" + file_.path().string()).c_str(), AVIO_FLAG_WRITE));
     check(avformat_write_header(format_.get(), nullptr));
@@ -215,6 +131,8 @@ void VideoWriter::write(std::int64_t, const Frame& frame) {
     picture->color_trc = coder_->color_trc;
     picture->colorspace = coder_->colorspace;
     picture->color_range = coder_->color_range;
+    picture->interlaced_frame = isInterlaced(*coder_) ? 1 : 0;
+    picture->top_field_first = coder_->field_order == AV_FIELD_TT ? 1 : 0;
     encode(picture.get());
     check(audio_->writeUntil(av_rescale_q(written_, coder_->time_base, {1, AV_TIME_BASE})));
 }
@@ -229,6 +147,9 @@ void VideoWriter::encode(const AVFrame* picture) {
         check(code);
         packet_->stream_index = 0;
         packet_->duration = 1;
+        if (packet_->dts > packet_->pts || packet_->dts < packet_->pts - kMostReordered) {
+            packet_->dts = packet_->pts;
+        }
         av_packet_rescale_ts(packet_.get(), coder_->time_base, format_->streams[0]->time_base);
         check(av_interleaved_write_frame(format_.get(), packet_.get()));
         check(format_->pb->error);

@@ -16,8 +16,9 @@ namespace ruvex::media {
 /// By the file's ending and the coding that the options name; see findVideoCodec. H.264 and H.265:
 /// YUV without alpha, 4:2:0, or 4:4:4 where a side is odd, 8 bits, or 10 of H.265 for deep frames.
 /// ProRes 4444: YUV 4:4:4 of 10 bits with alpha. FFV1: RGB with alpha, 8 or 16 bits a component,
-/// without loss. The sound that the options name is copied. The time of frame k is
-/// exactly k / rate in the coder; a container may round it to its own steps.
+/// without loss. What is interlaced is coded so where the coding can say it. The sound that the
+/// options name is copied. The time of frame k is exactly k / rate in the coder; a container may
+/// round it to its own steps.
 class VideoWriter : public FrameWriter {
 public:
     /// Throws MediaError.
@@ -47,6 +48,7 @@ private:
     std::filesystem::path path_;
     const VideoCodec& codec_;
     std::optional<AlphaForm> alpha_;
+    FieldOrder fields_;  ///< As it is wished for.
     PartialFile file_;
     std::unique_ptr<AVFormatContext, Free> format_;
     AvCodec coder_;

@@ -19,6 +19,7 @@ AvFrame blankPicture(const Y4mHeader& header) {
     AvFrame picture = newPicture(header.size.width, header.size.height, header.format);
     picture->color_range = header.full ? AVCOL_RANGE_JPEG : AVCOL_RANGE_MPEG;
     picture->chroma_location = header.siting;
+    picture->interlaced_frame = header.fields != FieldOrder::Progressive ? 1 : 0;
     return picture;
 }
 
@@ -35,12 +36,14 @@ std::size_t bytesOf(const Y4mHeader& header, const std::string& name) {
 
 }  // namespace
 
-Y4mStream::Y4mStream(InputStream stream) : stream_(std::move(stream)) {
+Y4mStream::Y4mStream(InputStream stream, std::optional<FieldOrder> fields)
+    : stream_(std::move(stream)) {
     const auto line = readLine();
     if (!line) {
         throw MediaError("Cannot read " + stream_.name() + ": it is empty.");
     }
     header_ = parseY4mHeader(*line, stream_.name());
+    header_.fields = fields.value_or(header_.fields);
     bytes_.resize(bytesOf(header_, stream_.name()));
     picture_ = blankPicture(header_);
     convert_.emplace(*picture_, stream_.name());

@@ -11,7 +11,7 @@ namespace ruvex::media {
 class Y4mStream : public StreamSource {
 public:
     /// Reads the first line. Throws MediaError.
-    explicit Y4mStream(InputStream stream);
+    Y4mStream(InputStream stream, std::optional<FieldOrder> fields);
 
     const ClipInfo& info() const override { return info_; }
     std::optional<Frame> next() override;

@@ -1,7 +1,6 @@
 #include "media/yuv_convert.h"
 
 extern "C" {
-#include <libavutil/opt.h>
 #include <libavutil/pixdesc.h>
 }
 
@@ -12,10 +11,6 @@ namespace ruvex::media {
 namespace {
 
 constexpr int kFirstHdLine = 720;
-/// The same picture on every machine, and colour differences at full resolution in between.
-constexpr int kScalerFlags =
-    SWS_BICUBIC | SWS_ACCURATE_RND | SWS_BITEXACT | SWS_FULL_CHR_H_INT | SWS_FULL_CHR_H_INP;
-constexpr int kUnity = 1 << 16;
 
 bool isKnownMatrix(int matrix) {
     switch (matrix) {
@@ -29,79 +24,6 @@ bool isKnownMatrix(int matrix) {
         default:
             return false;
     }
-}
-
-/// In 1/256 of a pixel from the first of those that share a colour difference.
-struct Place {
-    int across;
-    int up;
-};
-
-Place placeOf(AVChromaLocation siting) {
-    switch (siting) {
-        case AVCHROMA_LOC_TOPLEFT:
-            return {0, 0};
-        case AVCHROMA_LOC_TOP:
-            return {128, 0};
-        case AVCHROMA_LOC_BOTTOMLEFT:
-            return {0, 256};
-        case AVCHROMA_LOC_BOTTOM:
-            return {128, 256};
-        case AVCHROMA_LOC_CENTER:
-            return {128, 128};
-        default:  // left, as MPEG-2 and its successors have it where nothing is said
-            return {0, 128};
-    }
-}
-
-/// Only pictures that are halved both ways have a choice.
-bool isSited(AVPixelFormat format) {
-    const AVPixFmtDescriptor& description = *av_pix_fmt_desc_get(format);
-    return description.log2_chroma_w == 1 && description.log2_chroma_h == 1;
-}
-
-/// Which of the two pictures is sited so.
-void setSiting(SwsContext& scaler, bool source, AVPixelFormat format, AVChromaLocation siting) {
-    if (!isSited(format)) {
-        return;
-    }
-    const Place place = placeOf(siting);
-    av_opt_set_int(&scaler, source ? "src_h_chr_pos" : "dst_h_chr_pos", place.across, 0);
-    av_opt_set_int(&scaler, source ? "src_v_chr_pos" : "dst_v_chr_pos", place.up, 0);
-}
-
-/// `siting` is that of whichever of the two has colour differences.
-Scaler makeScaler(FrameSize size, AVPixelFormat from, AVPixelFormat to, AVChromaLocation siting) {
-    Scaler scaler(sws_alloc_context());
-    if (!scaler) {
-        throw std::bad_alloc();
-    }
-    for (const auto& [name, value] : {std::pair<const char*, int>{"srcw", size.width},
-                                      {"srch", size.height},
-                                      {"src_format", from},
-                                      {"dstw", size.width},
-                                      {"dsth", size.height},
-                                      {"dst_format", to},
-                                      {"sws_flags", kScalerFlags}}) {
-        av_opt_set_int(scaler.get(), name, value, 0);
-    }
-    setSiting(*scaler, true, from, siting);
-    setSiting(*scaler, false, to, siting);
-    if (sws_init_context(scaler.get(), nullptr, nullptr) < 0) {
-        throw MediaError("The FFmpeg libraries cannot convert this picture's colours (" +
-                         std::string(av_get_pix_fmt_name(from)) + ").");
-    }
-    return scaler;
-}
-
-void setColours(SwsContext& scaler, int matrix, bool fullIn, bool fullOut) {
-    const int* coefficients = sws_getCoefficients(matrix);
-    sws_setColorspaceDetails(&scaler, coefficients, fullIn, coefficients, fullOut, 0, kUnity,
-                             kUnity);
-}
-
-void scale(SwsContext& scaler, const AVFrame& from, AVFrame& to) {
-    sws_scale(&scaler, from.data, from.linesize, 0, from.height, to.data, to.linesize);
 }
 
 bool isFullRange(const AVFrame& picture) {
@@ -165,8 +87,8 @@ void PictureToFrame::prepareScaler(const AVFrame& like) {
     const AVPixelFormat between = coding_.alpha ? AV_PIX_FMT_YUVA444P16LE : AV_PIX_FMT_YUV444P16LE;
     const AVPixelFormat to = deep ? between : AV_PIX_FMT_RGBA;
     scaled_ = newPicture(size_.width, size_.height, to);
-    scaler_ = makeScaler(size_, format_, to, like.chroma_location);
-    setColours(*scaler_, coding_.matrix, coding_.full, deep ? coding_.full : true);
+    scaler_.emplace(ScalerForm{size_, format_, to, like.chroma_location, coding_.matrix,
+                               coding_.full, deep ? coding_.full : true});
 }
 
 bool PictureToFrame::hasAlpha() const {
@@ -195,7 +117,7 @@ Frame PictureToFrame::convert(const AVFrame& picture) {
         unpackRgb(picture, frame);
         return frame;
     }
-    scale(*scaler_, picture, *scaled_);
+    scaler_->scale(picture, *scaled_, picture.interlaced_frame != 0);
     if (depth_ == Depth::S214) {
         unpackDeepYuv(*scaled_, coding_, frame);
     } else {
@@ -205,16 +127,15 @@ Frame PictureToFrame::convert(const AVFrame& picture) {
 }
 
 FrameToYuv::FrameToYuv(FrameSize size, Depth depth, const YuvForm& form)
-    : format_(form.format),
+    : form_(form),
       packed_(newPicture(size.width, size.height, packedFormat(depth))),
-      scaler_(makeScaler(size, packedFormat(depth), form.format, form.siting)) {
-    setColours(*scaler_, form.matrix, true, form.full);
+      scaler_({size, packedFormat(depth), form.format, form.siting, form.matrix, true, form.full}) {
 }
 
 AvFrame FrameToYuv::convert(const Frame& frame) {
     packRgb(frame, *packed_);
-    AvFrame picture = newPicture(frame.width(), frame.height(), format_);
-    scale(*scaler_, *packed_, *picture);
+    AvFrame picture = newPicture(frame.width(), frame.height(), form_.format);
+    scaler_.scale(*packed_, *picture, form_.interlaced);
     return picture;
 }
 

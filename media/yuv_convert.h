@@ -3,10 +3,12 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 
 #include "media/av_handles.h"
 #include "media/clip_info.h"
 #include "media/deep_yuv.h"
+#include "media/picture_scaler.h"
 #include "media/rgb_lines.h"
 
 namespace ruvex::media {
@@ -24,7 +26,8 @@ public:
     bool hasAlpha() const;
     int bits() const { return bitsPerComponent(format_); }
     Chroma chroma() const;
-    /// Throws MediaError if the picture is not of the format and size of the first one.
+    /// Marked as interlaced, its fields have colour differences of their own. Throws MediaError if
+    /// the picture is not of the format and size of the first one.
     Frame convert(const AVFrame& picture);
 
 private:
@@ -34,7 +37,7 @@ private:
     AVPixelFormat format_;
     FrameSize size_;
     Depth depth_;
-    Scaler scaler_;   ///< Empty for pictures that are RGB or grey already.
+    std::optional<PictureScaler> scaler_;  ///< None for pictures that are RGB or grey already.
     AvFrame scaled_;  ///< RGBA, or for a deep picture YUV with all colour differences filled in.
     YuvCoding coding_;
 };
@@ -46,6 +49,7 @@ struct YuvForm {
     bool full = false;  ///< Black and white at the ends of the scale.
     /// Where a colour difference lies among the pixels that share it.
     AVChromaLocation siting = AVCHROMA_LOC_UNSPECIFIED;
+    bool interlaced = false;  ///< Each field has colour differences of its own.
 };
 
 /// Converts frames into pictures of a YUV format.
@@ -57,9 +61,9 @@ public:
     AvFrame convert(const Frame& frame);
 
 private:
-    AVPixelFormat format_;
+    YuvForm form_;
     AvFrame packed_;
-    Scaler scaler_;
+    PictureScaler scaler_;
 };
 
 }  // namespace ruvex::media

@@ -105,6 +105,25 @@ TEST(H265, KeepsDeepColours) {
     EXPECT_NEAR(back[0].row16(9)[41], 4010, 60);
 }
 
+// The encoder reorders over two frames, and says nothing of shorter clips.
+TEST(H265, ShortClipsAreWrittenToo) {
+    TempFolder folder;
+    const auto file = folder.file("a.mp4");
+    for (int turn = 0; turn < 5; ++turn) {
+        for (const std::size_t count : {2, 1}) {
+            std::vector<Frame> frames;
+            for (unsigned k = 0; k < count; ++k) {
+                frames.push_back(noiseFrame({96, 64}, Depth::Bits8, k));
+            }
+            writeAll(file, {.size = {96, 64}, .codec = "h265"}, frames);
+            EXPECT_EQ(readAll(file).size(), count);
+            EXPECT_EQ(probe(file, "stream=nb_read_frames,duration_ts"),
+                      "duration_ts=" + std::to_string(512 * count) +
+                          "\nnb_read_frames=" + std::to_string(count) + "\n");
+        }
+    }
+}
+
 TEST(Quality, MakesFilesLarger) {
     TempFolder folder;
     for (const std::string name : {"a.mp4", "a.mov"}) {
