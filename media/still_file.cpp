@@ -2,6 +2,7 @@
 
 #include "media/float_lines.h"
 #include "media/media_error.h"
+#include "media/orientation.h"
 #include "media/partial_file.h"
 #include "media/rgb_lines.h"
 #include "media/sample_convert.h"
@@ -93,9 +94,11 @@ Still readStill(const std::filesystem::path& file, std::optional<AlphaForm> alph
         markJpeg(*picture);
     }
     const AlphaForm form = alpha.value_or(usualAlpha(kind));
-    return {isFloat(formatOf(*picture)) ? fromFloat(file, *picture, form)
-                                        : fromWhole(file, *picture, form),
-            hasAlpha(formatOf(*picture)), pixelAspectOf(*picture)};
+    const Orientation orientation = orientationOf(*picture);
+    Frame frame = isFloat(formatOf(*picture)) ? fromFloat(file, *picture, form)
+                                              : fromWhole(file, *picture, form);
+    return {setUpright(std::move(frame), orientation), hasAlpha(formatOf(*picture)),
+            setUpright(pixelAspectOf(*picture), orientation)};
 }
 
 void writeStill(const std::filesystem::path& file, const Frame& frame,

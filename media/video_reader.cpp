@@ -51,13 +51,17 @@ VideoReader::VideoReader(const std::filesystem::path& path, const ReadOptions& o
 
 void VideoReader::describe(const AVFrame& first) {
     convert_.emplace(first, path_);
-    info_.size = {first.width, first.height};
+    orientation_ = orientationOf(decoder_.stream());
+    if (orientation_.upright()) {
+        orientation_ = orientationOf(first);
+    }
+    info_.size = setUpright(FrameSize{first.width, first.height}, orientation_);
     info_.depth = convert_->depth();
     info_.rate = index_.rate();
     info_.uneven = index_.uneven();
     info_.last = index_.count() - 1;
     info_.hasAlpha = convert_->hasAlpha();
-    info_.pixelAspect = pixelAspectOf(first, decoder_.stream());
+    info_.pixelAspect = setUpright(pixelAspectOf(first, decoder_.stream()), orientation_);
     info_.colour = {first.color_primaries, first.color_trc, first.colorspace,
                     first.color_range == AVCOL_RANGE_JPEG};
     info_.start = first.pts == AV_NOPTS_VALUE
@@ -65,7 +69,7 @@ void VideoReader::describe(const AVFrame& first) {
                       : av_rescale_q(first.pts, decoder_.stream().time_base, {1, AV_TIME_BASE});
     info_.bits = convert_->bits();
     info_.chroma = convert_->chroma();
-    info_.fields = fieldsOf(first);
+    info_.fields = setUpright(fieldsOf(first), first.height, orientation_);
 }
 
 /// Pictures that are not marked may lie in a container that is.
@@ -82,7 +86,7 @@ Frame VideoReader::toFrame() {
     if (alpha_ == AlphaForm::Premultiplied && convert_->hasAlpha()) {
         unpremultiply(frame);
     }
-    return frame;
+    return setUpright(std::move(frame), orientation_);
 }
 
 std::int64_t VideoReader::numberOfPicture() const {

@@ -6,6 +6,7 @@
 
 #include "media/frame_cache.h"
 #include "media/frame_reader.h"
+#include "media/orientation.h"
 #include "media/video_decoder.h"
 #include "media/video_index.h"
 #include "media/yuv_convert.h"
@@ -44,6 +45,7 @@ private:
     VideoDecoder decoder_;
     AvFrame picture_;
     std::optional<PictureToFrame> convert_;
+    Orientation orientation_;
     FrameCache cache_;
     ClipInfo info_;
     std::int64_t at_ = -1;  ///< The picture that was decoded last; -1 at the beginning.

@@ -245,8 +245,7 @@ TEST(FieldsOfVideo, AreFoundByItsMarks) {
     EXPECT_EQ(media::probe(folder.file("out.mkv"), "stream=field_order,nb_read_frames"),
               "field_order=bb\nnb_read_frames=10\n");
     ASSERT_EQ(ruvex(job + Arguments{"--field-order", "none"}).status, 0);
-    EXPECT_EQ(media::probe(folder.file("out.mkv"), "stream=field_order"),
-              "field_order=unknown\n");
+    EXPECT_EQ(media::probe(folder.file("out.mkv"), "stream=field_order"), "field_order=unknown\n");
 }
 
 /// The rows of a region one by one.
