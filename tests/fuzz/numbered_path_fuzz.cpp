@@ -1,6 +1,7 @@
 // File names with a frame number in them.
 
 #include <algorithm>
+#include <limits>
 
 #include "media/numbered_path.h"
 #include "tests/fuzz/fuzz.h"
@@ -26,14 +27,18 @@ void demandSequence(const NumberedPath& path) {
     }
 }
 
+/// Digits of the largest number.
+constexpr std::size_t kMostDigits = 19;
+
 /// Whether the name is that of the number which some of its digits are.
 bool isNameOfANumber(const NumberedPath& path, const std::string& name) {
     for (std::size_t first = 0; first < name.size(); ++first) {
-        std::int64_t number = 0;
-        for (std::size_t at = first; at < std::min(name.size(), first + 18); ++at) {
+        std::uint64_t number = 0;
+        for (std::size_t at = first; at < std::min(name.size(), first + kMostDigits); ++at) {
             if (name[at] < '0' || name[at] > '9') break;
-            number = number * 10 + (name[at] - '0');
-            if (path.file(number).filename() == name) return true;
+            number = number * 10 + static_cast<std::uint64_t>(name[at] - '0');
+            if (number > std::numeric_limits<std::int64_t>::max()) break;
+            if (path.file(static_cast<std::int64_t>(number)).filename() == name) return true;
         }
     }
     return false;
