@@ -71,6 +71,13 @@ media::FieldOrder fieldsToRender(const RenderJob& job, const media::ClipInfo& cl
     return order;
 }
 
+/// The clip's own, as they are for its part that is rendered.
+media::ClipTags tagsOf(const media::ClipInfo& clip, const RenderPlan& plan) {
+    media::ClipTags tags = clip.tags;
+    tags.timecode = media::timecodeAfter(tags.timecode, plan.rate, plan.frames.first - clip.first);
+    return tags;
+}
+
 void warnOf(const media::ClipInfo& clip, RenderJob& job, const media::Rational& rate) {
     if (clip.uneven) {
         job.warnings.push_back("The frames of " + job.input.string() +
@@ -104,6 +111,7 @@ RenderPlan makeRenderPlan(RenderJob& job, const media::ClipInfo& clip) {
     plan.output = {plan.size, plan.depth, plan.rate, clip.pixelAspect, clip.colour, job.alpha};
     plan.output.quality = job.quality;
     plan.output.codec = job.codec;
+    plan.output.tags = tagsOf(clip, plan);
     plan.output.audio = soundOf(job, clip, plan);
     plan.output.format = job.outputFormat;
     plan.output.bits = clip.bits;

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <optional>
 
+#include "media/clip_tags.h"
 #include "media/frame.h"
 #include "media/rational.h"
 
@@ -46,6 +47,7 @@ struct ClipInfo {
     int bits = 8;            ///< Of a component of the input.
     Chroma chroma = Chroma::Unspecified;
     FieldOrder fields = FieldOrder::Progressive;
+    ClipTags tags;
 };
 
 }  // namespace ruvex::media

@@ -33,6 +33,7 @@ struct WriteOptions {
     int bits = 8;                         ///< Of a component of deep Y4M; 16 where it says 8.
     Chroma chroma = Chroma::Unspecified;  ///< Of Y4M; 4:2:0 where unspecified.
     FieldOrder fields = FieldOrder::Progressive;  ///< For video and Y4M, to be marked so.
+    ClipTags tags{};                              ///< For video.
 };
 
 /// Takes frames in the order of their numbers. Nothing appears under a final name before it is

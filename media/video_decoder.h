@@ -16,6 +16,7 @@ public:
     explicit VideoDecoder(const std::filesystem::path& path);
 
     const AVStream& stream() const { return file_->stream(); }
+    const AVFormatContext& file() const { return file_->format(); }
 
     /// The next picture; its `pts` is its time in the stream's units. False at the end.
     bool next(AVFrame& picture);

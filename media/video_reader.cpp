@@ -45,6 +45,7 @@ VideoReader::VideoReader(const std::filesystem::path& path, const ReadOptions& o
     }
     index_.startAt(picture_->pts);
     describe(*picture_);
+    info_.tags = readTags(decoder_.file(), decoder_.stream());
     at_ = 0;
     cache_.keep(0, toFrame());
 }

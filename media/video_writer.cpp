@@ -100,6 +100,7 @@ void VideoWriter::openContainer(const WriteOptions& options) {
     stream->time_base = coder_->time_base;
     stream->avg_frame_rate = coder_->framerate;
     stream->sample_aspect_ratio = coder_->sample_aspect_ratio;
+    writeTags(options.tags, *format_, *stream);
     audio_.emplace(options.audio, *format_);
     check(avio_open(&format_->pb, ("file:" + file_.path().string()).c_str(), AVIO_FLAG_WRITE));
     check(avformat_write_header(format_.get(), nullptr));

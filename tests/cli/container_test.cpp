@@ -3,6 +3,7 @@
 #include <fstream>
 #include <gtest/gtest.h>
 
+#include "media/frame_reader.h"
 #include "tests/cli/run_command.h"
 #include "tests/media/temp_folder.h"
 #include "tests/media/test_clips.h"
@@ -125,6 +126,22 @@ TEST(Storage, ChoicesThatDoNotFitAreWrongCommandLines) {
     EXPECT_EQ(status("o.mov", {"--quality", "50"}), 0);
     EXPECT_EQ(status("o.jpg", {"--quality", "50"}), 0);
     EXPECT_EQ(status("o.mkv", {"--codec", "prores"}), 0);
+}
+
+TEST(Containers, KeepTheTimecodeOfTheFramesRendered) {
+    media::TempFolder folder;
+    media::runFfmpeg(media::movingPicture("64x64", "30000/1001", 2.2) +
+                         " -c:v libx264 -timecode '00:00:58;15' -metadata title=Test",
+                     folder.file("in.mov"));
+    for (const std::string name : {"out.mov", "out.mp4", "out.mkv"}) {
+        const Outcome outcome = ruvex({"render", folder.file("in.mov"), "-o", folder.file(name),
+                                       "--frames", "45-60", "--set", "Master Breakup=0"});
+        ASSERT_EQ(outcome.status, 0) << outcome.err;
+        const auto tags = media::openReader(folder.file(name))->info().tags;
+        EXPECT_EQ(tags.timecode, "00:01:00;02") << name;
+        ASSERT_EQ(tags.words.size(), 1u) << name;
+        EXPECT_EQ(tags.words[0].second, "Test");
+    }
 }
 
 }  // namespace
