@@ -47,8 +47,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::int64_t pixels = pixelsOf(bytes);
     if (pixels > kSmall && pixels <= kTooLarge) return 0;
     const ruvex::fuzz::MemoryFile file(bytes);
-    auto stream = accepted(
-        [&] { return std::make_unique<Y4mStream>(InputStream(file.descriptor(), "clip.y4m")); });
+    auto stream = accepted([&] {
+        return std::make_unique<Y4mStream>(InputStream(file.descriptor(), "clip.y4m"),
+                                           std::nullopt);
+    });
     demand(!stream || pixels <= kSmall, "what no library holds is refused");
     if (!stream) return 0;
     const std::size_t frames = readAll(**stream);
