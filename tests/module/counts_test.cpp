@@ -1,6 +1,5 @@
 // The module's entry points called directly, and what they count.
 
-#include <functional>
 #include <gtest/gtest.h>
 #include <new>
 #include <stdexcept>
@@ -12,6 +11,7 @@
 #include "host/module/entry_points.h"
 #include "sdk/com_ptr.h"
 #include "sdk/effect.h"
+#include "tests/support/plain_object.h"
 
 namespace ruvex::test {
 namespace {
@@ -96,41 +96,11 @@ TEST(ObjectCount, WhatIsRefusedDoesNotCount) {
     EXPECT_EQ(objectCount, 2) << "the factory and the effect";
 }
 
-/// No more than any class is: an IUnknown with a count. What its constructor does, a test says.
-class Plain : public IUnknown {
-public:
-    static inline std::function<void()> constructing;
-    static inline int alive = 0;
-
-    Plain() {
-        if (constructing) constructing();
-        ++alive;
-    }
-    virtual ~Plain() { --alive; }
-
-    HRESULT QueryInterface(const GUID& id, void** out) override {
-        *out = nullptr;
-        if (id != IID_IUnknown) return E_NOINTERFACE;
-        *out = this;
-        AddRef();
-        return S_OK;
-    }
-    ULONG AddRef() override { return ++references_; }
-    ULONG Release() override {
-        const ULONG left = --references_;
-        if (left == 0) delete this;
-        return left;
-    }
-
-private:
-    ULONG references_ = 1;
-};
-
 class PlainFactory : public testing::Test {
 protected:
     ~PlainFactory() override {
-        Plain::constructing = nullptr;
-        EXPECT_EQ(Plain::alive, 0);
+        PlainObject::constructing = nullptr;
+        EXPECT_EQ(PlainObject::alive, 0);
     }
 
     HRESULT make(IUnknown* outer = nullptr) {
@@ -141,7 +111,7 @@ protected:
         return status;
     }
 
-    using Factory = CDsClassFactory<Plain, IUnknown>;
+    using Factory = CDsClassFactory<PlainObject, IUnknown>;
     ComPtr<Factory> factory = ComPtr<Factory>::attach(new Factory);
 };
 
@@ -152,8 +122,8 @@ TEST_F(PlainFactory, RefusesAggregationForEveryClass) {
 
 TEST_F(PlainFactory, AnObjectMayAskForAnotherOfItsClassWhileItIsMade) {
     HRESULT inner = E_UNEXPECTED;
-    Plain::constructing = [&] {
-        Plain::constructing = nullptr;
+    PlainObject::constructing = [&] {
+        PlainObject::constructing = nullptr;
         inner = make();
     };
     EXPECT_EQ(make(), S_OK);
@@ -161,9 +131,9 @@ TEST_F(PlainFactory, AnObjectMayAskForAnotherOfItsClassWhileItIsMade) {
 }
 
 TEST_F(PlainFactory, NothingIsThrownAcrossIt) {
-    Plain::constructing = [] { throw std::bad_alloc(); };
+    PlainObject::constructing = [] { throw std::bad_alloc(); };
     EXPECT_EQ(make(), E_OUTOFMEMORY);
-    Plain::constructing = [] { throw std::runtime_error("another failure"); };
+    PlainObject::constructing = [] { throw std::runtime_error("another failure"); };
     EXPECT_EQ(make(), E_FAIL);
 }
 

@@ -7,6 +7,7 @@
 #include "sdk/module_table.h"
 #include "sdk/viewer_controller.h"
 #include "tests/effect/render_fixture.h"
+#include "tests/support/plain_object.h"
 
 namespace ruvex::test {
 namespace {
@@ -14,32 +15,6 @@ namespace {
 constexpr GUID kFilterFamily = guidFromText("AE0D7C31-95AA-11D0-B685-00A024191AE0");
 constexpr GUID kKeyFamily = guidFromText("61054A81-9662-11D0-B685-00A024191AE0");
 constexpr GUID kPaintFamily = guidFromText("AE0D7C40-95AA-11D0-B685-00A024191AE0");
-
-class PlainTool final : public IUnknown {
-public:
-    static inline int made = 0;
-    static inline int alive = 0;
-
-    PlainTool() { ++made, ++alive; }
-    virtual ~PlainTool() { --alive; }
-
-    HRESULT QueryInterface(const GUID& id, void** out) override {
-        *out = nullptr;
-        if (id != IID_IUnknown) return E_NOINTERFACE;
-        *out = this;
-        AddRef();
-        return S_OK;
-    }
-    ULONG AddRef() override { return ++references_; }
-    ULONG Release() override {
-        const ULONG left = --references_;
-        if (left == 0) delete this;
-        return left;
-    }
-
-private:
-    ULONG references_ = 1;
-};
 
 /// Lives as long as the program.
 class ToolFactory final : public IClassFactory {
@@ -51,7 +26,7 @@ public:
     ULONG AddRef() override { return 1; }
     ULONG Release() override { return 1; }
     HRESULT CreateInstance(IUnknown*, const GUID& id, void** out) override {
-        return ComPtr<PlainTool>::attach(new PlainTool)->QueryInterface(id, out);
+        return ComPtr<PlainObject>::attach(new PlainObject)->QueryInterface(id, out);
     }
     HRESULT LockServer(BOOL) override { return S_OK; }
 };
@@ -64,12 +39,12 @@ HRESULT serveTool(const GUID& classId, const GUID& id, void** out) {
 class Overlay : public testing::Test {
 protected:
     Overlay() {
-        PlainTool::made = 0;
+        PlainObject::made = 0;
         DSAddModule(serveTool);
     }
     ~Overlay() override {
         DSRemoveModule(serveTool);
-        EXPECT_EQ(PlainTool::alive, 0);
+        EXPECT_EQ(PlainObject::alive, 0);
         EXPECT_TRUE(VWControllerContexts().empty());
     }
 
@@ -113,7 +88,7 @@ TEST_F(Overlay, ComesUpInTheViewerOfTheObject) {
 TEST_F(Overlay, ThePaintKindHasNone) {
     const auto effect = makeEffect(kPaintFamily);
     EXPECT_EQ(baseOf(effect).beginOverlay(object.get()), S_OK);
-    EXPECT_EQ(PlainTool::made, 0);
+    EXPECT_EQ(PlainObject::made, 0);
     EXPECT_EQ(contexts(), 0u);
     EXPECT_FALSE(baseOf(effect).overlay.tool());
     baseOf(effect).endOverlay();
@@ -122,7 +97,7 @@ TEST_F(Overlay, ThePaintKindHasNone) {
 TEST_F(Overlay, EveryOtherKindHasOne) {
     const auto effect = makeEffect(kKeyFamily);
     EXPECT_EQ(baseOf(effect).beginOverlay(object.get()), S_OK);
-    EXPECT_EQ(PlainTool::made, 1);
+    EXPECT_EQ(PlainObject::made, 1);
     baseOf(effect).endOverlay();
 }
 
@@ -130,7 +105,7 @@ TEST_F(Overlay, AMissingObjectIsRefusedForEveryKind) {
     for (const GUID& family : {kFilterFamily, kPaintFamily}) {
         EXPECT_EQ(baseOf(makeEffect(family)).beginOverlay(nullptr), E_POINTER);
     }
-    EXPECT_EQ(PlainTool::made, 0);
+    EXPECT_EQ(PlainObject::made, 0);
 }
 
 TEST_F(Overlay, IsSharedAndGoesWithTheLastPage) {
@@ -138,13 +113,13 @@ TEST_F(Overlay, IsSharedAndGoesWithTheLastPage) {
     VxDsEffect& base = baseOf(effect);
     base.beginOverlay(object.get());
     EXPECT_EQ(base.beginOverlay(object.get()), S_OK);
-    EXPECT_EQ(PlainTool::made, 1);
+    EXPECT_EQ(PlainObject::made, 1);
     EXPECT_EQ(contexts(), 1u);
     base.endOverlay();
     EXPECT_EQ(contexts(), 1u);
     base.endOverlay();
     EXPECT_EQ(contexts(), 0u);
-    EXPECT_EQ(PlainTool::alive, 0);
+    EXPECT_EQ(PlainObject::alive, 0);
     base.endOverlay();
     EXPECT_EQ(base.beginOverlay(object.get()), S_OK) << "one end too many counts for nothing";
     EXPECT_EQ(contexts(), 1u);
