@@ -94,6 +94,8 @@ void tryWords(const std::string& text) {
     demand(alpha == (text == "straight" || text == "premultiplied"), "two forms are known");
     const bool format = accepted([&] { return parseStreamFormat(kOption, text, "-"); }).has_value();
     demand(format == (text == "y4m" || text == "rgba8" || text == "s214"), "three are known");
+    const bool order = accepted([&] { return parseFieldOrder(kOption, text); }).has_value();
+    demand(order == (text == "top" || text == "bottom" || text == "none"), "three are known");
     const auto preset = findPreset(text);
     demand(!preset || labelsMatch(presetNames()[static_cast<std::size_t>(*preset)], text),
            "a preset has the name that was asked for");
