@@ -12,10 +12,10 @@ namespace {
 /// The first whose endings fit is an ending's own coding. The usual quality is finer than the eye
 /// tells apart on moving pictures; snow and shash cost bits, but keep their edge.
 constexpr VideoCodec kCodecs[] = {
-    {"ffv1", "FFV1, without loss", "ffv1", ".mkv ", true, true, 0, 1},
-    {"prores", "ProRes 4444", "prores_ks", ".mov .mkv ", false, true, 95, 2},
-    {"h264", "H.264", "libx264", ".mp4 .m4v .mov .mkv ", false, false, 72, 4},
-    {"h265", "H.265", "libx265", ".mp4 .m4v .mov .mkv ", false, false, 72, 0},
+    {"ffv1", "FFV1, without loss", "ffv1", ".mkv ", true, true, 0, 1, true},
+    {"prores", "ProRes 4444", "prores_ks", ".mov .mkv ", false, true, 95, 2, false},
+    {"h264", "H.264", "libx264", ".mp4 .m4v .mov .mkv ", false, false, 72, 4, true},
+    {"h265", "H.265", "libx265", ".mp4 .m4v .mov .mkv ", false, false, 72, 0, true},
 };
 
 bool holds(const VideoCodec& codec, const std::filesystem::path& path) {

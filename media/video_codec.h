@@ -20,6 +20,8 @@ struct VideoCodec {
     /// Frames of two fields need a height that is a multiple of this; 0 where they cannot be told
     /// from others.
     int fieldLines;
+    /// Whether readers can be told that black and white are at the ends of the scale.
+    bool fullRange;
 };
 
 /// The coding named, or without a name the ending's own: H.264 for .mp4 and .m4v, ProRes 4444 for

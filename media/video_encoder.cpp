@@ -69,7 +69,8 @@ void describe(AVCodecContext& coder, const WriteOptions& options, const VideoCod
     coder.pix_fmt = formatFor(codec, options);
     coder.chroma_sample_location = exact ? AVCHROMA_LOC_UNSPECIFIED : AVCHROMA_LOC_LEFT;
     coder.colorspace = exact ? AVCOL_SPC_RGB : yuvMatrix(options);
-    coder.color_range = exact || options.colour.full ? AVCOL_RANGE_JPEG : AVCOL_RANGE_MPEG;
+    const bool full = exact || (options.colour.full && codec.fullRange);
+    coder.color_range = full ? AVCOL_RANGE_JPEG : AVCOL_RANGE_MPEG;
 }
 
 /// Where the coding can say so; its fields are then coded apart.

@@ -94,6 +94,23 @@ TEST(ProRes, KeepsAlphaAndColours) {
               "codec_name=prores\nprofile=4444\ncolor_space=smpte170m\n");
 }
 
+// Its pictures cannot say that black and white are at the ends of the scale: readers take them for
+// limited, whatever the clip was.
+TEST(ProRes, KeepsTheColoursOfClipsOfFullRange) {
+    TempFolder folder;
+    for (const std::string name : {"a.mov", "a.mkv"}) {
+        const Frame frame = plainFrame({64, 48}, {2000, 8000, 15000, 16384});
+        WriteOptions options{.size = {64, 48}, .depth = Depth::S214, .codec = "prores"};
+        options.colour.full = true;
+        writeAll(folder.file(name), options, {frame});
+        const auto back = readAll(folder.file(name));
+        ASSERT_EQ(back.size(), 1u);
+        for (std::size_t i = 0; i < 3; ++i) {
+            EXPECT_NEAR(back[0].row16(20)[80 + i], frame.row16(20)[80 + i], 80) << name << i;
+        }
+    }
+}
+
 TEST(H265, KeepsDeepColours) {
     TempFolder folder;
     const Frame frame = plainFrame({64, 64}, {4000, 4010, 4020, 16384});
