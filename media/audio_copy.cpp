@@ -2,11 +2,56 @@
 
 #include <algorithm>
 
+#include "media/library_log.h"
+
 namespace ruvex::media {
 namespace {
 
 constexpr AVRational kMicroseconds = {1, AV_TIME_BASE};
 constexpr int kNone = -1;
+
+struct FreeTrial {
+    void operator()(AVFormatContext* format) const {
+        std::uint8_t* written = nullptr;
+        if (format->pb != nullptr) {
+            avio_close_dyn_buf(format->pb, &written);
+            av_free(written);
+        }
+        avformat_free_context(format);
+    }
+};
+
+/// Adds a stream that holds what `from` does.
+AVStream& addLike(const AVStream& from, AVFormatContext& output) {
+    AVStream* to = avformat_new_stream(&output, nullptr);
+    if (to == nullptr || avcodec_parameters_copy(to->codecpar, from.codecpar) < 0) {
+        throw std::bad_alloc();
+    }
+    to->codecpar->codec_tag = 0;
+    to->time_base = from.time_base;
+    return *to;
+}
+
+/// Whether a file of this kind can hold such a stream. The libraries' list of codings names some
+/// that a file then cannot begin with, and a file may begin with some that fail later.
+bool canHold(const AVOutputFormat& container, const AVStream& stream) {
+    const AVCodecID coding = stream.codecpar->codec_id;
+    if (avformat_query_codec(&container, coding, FF_COMPLIANCE_NORMAL) != 1) {
+        return false;
+    }
+    AVFormatContext* made = nullptr;
+    if (avformat_alloc_output_context2(&made, &container, nullptr, nullptr) < 0) {
+        throw std::bad_alloc();
+    }
+    const std::unique_ptr<AVFormatContext, FreeTrial> trial(made);
+    if (avio_open_dyn_buf(&trial->pb) < 0) {
+        throw std::bad_alloc();
+    }
+    addLike(stream, *trial);
+    const bool begun = avformat_write_header(trial.get(), nullptr) >= 0;
+    takeLibraryError();  // A refusal is an answer here.
+    return begun;
+}
 
 }  // namespace
 
@@ -35,20 +80,15 @@ void AudioCopy::addStreams() {
         if (coding.codec_type != AVMEDIA_TYPE_AUDIO) {
             continue;
         }
-        if (avformat_query_codec(output_.oformat, coding.codec_id, FF_COMPLIANCE_NORMAL) != 1) {
+        if (!canHold(*output_.oformat, from)) {
             leftOut_.emplace_back(avcodec_get_name(coding.codec_id));
             continue;
         }
-        AVStream* to = avformat_new_stream(&output_, nullptr);
-        if (to == nullptr || avcodec_parameters_copy(to->codecpar, &coding) < 0) {
-            throw std::bad_alloc();
-        }
-        to->codecpar->codec_tag = 0;
-        to->time_base = from.time_base;
-        to->disposition = from.disposition;
-        av_dict_copy(&to->metadata, from.metadata, 0);
+        AVStream& to = addLike(from, output_);
+        to.disposition = from.disposition;
+        av_dict_copy(&to.metadata, from.metadata, 0);
         from.discard = AVDISCARD_DEFAULT;
-        streams_.back() = to->index;
+        streams_.back() = to.index;
     }
 }
 

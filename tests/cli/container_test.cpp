@@ -93,6 +93,23 @@ TEST(Sound, ThatAContainerCannotHoldIsNamed) {
     EXPECT_NE(outcome.err.find("pcm_s16le"), std::string::npos) << outcome.err;
 }
 
+// The libraries list these among what such files hold, and then refuse to begin one.
+TEST(Sound, ThatAContainerRefusesDoesNotEndTheRender) {
+    media::TempFolder folder;
+    const auto in = folder.file("in.mkv");
+    for (const auto& [coding, name] :
+         {std::pair<std::string, std::string>{"libopus", "opus"}, {"flac", "flac"}}) {
+        media::runFfmpeg("-f lavfi -i sine=d=0.2:r=48000 " +
+                             media::movingPicture("64x48", "25", 0.2) + " -c:v ffv1 -c:a " + coding,
+                         in);
+        const auto out = folder.file("out.mov");
+        const Outcome outcome = ruvex({"render", in, "-o", out});
+        EXPECT_EQ(outcome.status, 0) << outcome.err;
+        EXPECT_NE(outcome.err.find(name + " is left out"), std::string::npos) << outcome.err;
+        EXPECT_EQ(media::probe(out, "stream=codec_name"), "codec_name=prores\n");
+    }
+}
+
 TEST(UnevenVideo, IsSaidAndKeepsItsDuration) {
     media::TempFolder folder;
     const fs::path in = folder.file("in.mkv");
