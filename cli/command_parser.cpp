@@ -27,9 +27,22 @@ struct Parser {
     }
 };
 
+std::string unknownCommand(const std::string& name) {
+    return "There is no command " + inQuotes(name) + ". 'ruvex --help' lists them.";
+}
+
+/// The first word, where it is the name of none of the commands. To the parser there is just none.
+void checkCommand(const CLI::App& app) {
+    const std::vector<std::string> words = app.remaining();
+    if (app.get_subcommands().empty() && !words.empty() && !words.front().starts_with('-')) {
+        throw UsageError(unknownCommand(words.front()));
+    }
+}
+
 /// Help and version are no failures; everything else is one of the command line.
 std::string textAskedFor(const CLI::App& app, const CLI::ParseError& error) {
     if (error.get_exit_code() != static_cast<int>(CLI::ExitCodes::Success)) {
+        checkCommand(app);
         throw UsageError(error.what());
     }
     std::ostringstream text;
@@ -71,7 +84,7 @@ std::string helpText(const std::vector<Command>& commands, const std::string& na
     for (const auto& [app, command] : parser.declared) {
         if (name == command->name) return app->help("ruvex");
     }
-    throw UsageError("There is no command " + inQuotes(name) + ". 'ruvex --help' lists them.");
+    throw UsageError(unknownCommand(name));
 }
 
 }  // namespace ruvex::cli

@@ -1,6 +1,7 @@
 #include "cli/job_report.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "cli/text_table.h"
 #include "parameters/parameter_text.h"
@@ -44,7 +45,8 @@ std::string framesText(const RenderPlan& plan, const FramesToMake& frames) {
     const std::int64_t all = plan.frames.last - plan.frames.first + 1;
     std::string text = rangeText(plan.frames);
     text.append(": ").append(std::to_string(all)).append(", ");
-    text.append(formatNumber(static_cast<double>(all) / plan.rate.value())).append(" s");
+    const double milliseconds = 1e3 * static_cast<double>(all) / plan.rate.value();
+    text.append(formatNumber(std::round(milliseconds) / 1e3)).append(" s");
     if (!frames.made.empty()) {
         text.append("; ").append(std::to_string(frames.made.size())).append(" are there already");
     }

@@ -55,6 +55,11 @@ TEST(Command, AWrongCommandLineEndsWithTwo) {
     }
 }
 
+TEST(Command, SaysWhichWordIsNoCommand) {
+    EXPECT_TRUE(holds(ruvex({"rendr"}).err, "There is no command 'rendr'"));
+    EXPECT_TRUE(holds(ruvex({}).err, "required"));
+}
+
 TEST(Command, ListsEveryParameter) {
     const Outcome text = ruvex({"params"});
     const Outcome json = ruvex({"params", "--json"});
