@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include <array>
 #include <memory>
 
 #include "cli/clip_input.h"
@@ -36,17 +37,16 @@ public:
 private:
     FrameRenderer(const FrameRenderer& other, std::shared_ptr<ClipInput> input);
 
-    void prepareMasks(const media::Frame& mask);
     bool renderField(media::Field field, double time, std::int64_t number,
                      const media::Frame& source, media::Frame& result);
-    ComPtr<IDSImage> mask(media::Field field) const;
 
     const RenderJob& job_;
     const RenderPlan& plan_;
     std::shared_ptr<SharedClip> clip_;
     std::shared_ptr<ClipInput> input_;
     PictureRenderer renderer_;
-    std::vector<ComPtr<IDSImage>> masks_;  ///< None, that of frames, or those of top and bottom.
+    ComPtr<IDSImage> mask_;                       ///< Of frames; may be null.
+    std::array<ComPtr<IDSImage>, 2> fieldMasks_;  ///< Of top and bottom fields; may be null.
     media::Frame fieldSource_;
     media::Frame fieldResult_;
 };

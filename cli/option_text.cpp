@@ -81,7 +81,7 @@ Region parseRegion(const std::string& option, std::string_view text) {
 media::Rational parseFraction(const std::string& option, std::string_view text) {
     const auto value = media::parsePositiveRational(text);
     if (!value) {
-        refuse(option, text, "a number above 0; write 25, 29.97 or 30000/1001");
+        refuse(option, text, "a number above 0; write it as in 25, 1.4587 or 30000/1001");
     }
     return *value;
 }

@@ -86,9 +86,10 @@ void warnOf(const media::ClipInfo& clip, RenderJob& job, const media::Rational& 
     }
     if (clip.fields != media::FieldOrder::Progressive && !job.fields && !job.fieldOrder) {
         const bool top = clip.fields == media::FieldOrder::TopFirst;
-        job.warnings.push_back(job.input.string() + " is interlaced, " + (top ? "top" : "bottom") +
-                               " field first. Its frames are rendered whole; --fields renders each "
-                               "field by itself.");
+        job.warnings.push_back(
+            job.input.string() + " is interlaced, " + (top ? "top" : "bottom") +
+            " field first. Its frames are rendered whole; 'ruvex render --fields' "
+            "renders each field by itself.");
     }
 }
 

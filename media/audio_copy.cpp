@@ -1,6 +1,7 @@
 #include "media/audio_copy.h"
 
 #include <algorithm>
+#include <string_view>
 
 #include "media/library_log.h"
 
@@ -32,11 +33,16 @@ AVStream& addLike(const AVStream& from, AVFormatContext& output) {
     return *to;
 }
 
+/// Matroska takes codings by the names of other containers that its list leaves out.
+bool isListed(const AVOutputFormat& container, AVCodecID coding) {
+    return container.name == std::string_view("matroska") ||
+           avformat_query_codec(&container, coding, FF_COMPLIANCE_EXPERIMENTAL) == 1;
+}
+
 /// Whether a file of this kind can hold such a stream. The libraries' list of codings names some
 /// that a file then cannot begin with, and a file may begin with some that fail later.
 bool canHold(const AVOutputFormat& container, const AVStream& stream) {
-    const AVCodecID coding = stream.codecpar->codec_id;
-    if (avformat_query_codec(&container, coding, FF_COMPLIANCE_NORMAL) != 1) {
+    if (!isListed(container, stream.codecpar->codec_id)) {
         return false;
     }
     AVFormatContext* made = nullptr;
@@ -47,6 +53,7 @@ bool canHold(const AVOutputFormat& container, const AVStream& stream) {
     if (avio_open_dyn_buf(&trial->pb) < 0) {
         throw std::bad_alloc();
     }
+    trial->strict_std_compliance = FF_COMPLIANCE_EXPERIMENTAL;
     addLike(stream, *trial);
     const bool begun = avformat_write_header(trial.get(), nullptr) >= 0;
     takeLibraryError();  // A refusal is an answer here.
@@ -66,6 +73,8 @@ AudioCopy::AudioCopy(const AudioSource& source, AVFormatContext& output)
         return;
     }
     input_.reset(input);
+    // Sound is copied as it is, where the libraries call that new and untried too.
+    output_.strict_std_compliance = FF_COMPLIANCE_EXPERIMENTAL;
     if (avformat_find_stream_info(input, nullptr) >= 0) {
         addStreams();
     }

@@ -163,6 +163,27 @@ TEST_P(Fields, OfFramesThatAreHeldAreBothHeld) {
     }
 }
 
+// A frame at half the speed, so that both fields of two frames come from one.
+TEST_P(Fields, OfClipsThatArePlayedSlowlyStayOnTheirLines) {
+    render("out", kNoBreakup + kBottom + Arguments{"--set", "Play Speed=50"});
+    for (int k = 0; k < kFrames; ++k) {
+        EXPECT_EQ(result("out", k), input(k / 2)) << k;
+    }
+}
+
+TEST_P(Fields, AreComparedAsFrames) {
+    const Outcome outcome =
+        ruvex(Arguments{"compare", folder.file("in.%d" + ending()), "-o",
+                        folder.file("both.%d" + ending()), "--size", "24x17", "--frames", "2-2"} +
+              kNoBreakup + kTop);
+    ASSERT_EQ(outcome.status, 0) << outcome.err;
+    const Frame both = media::readRawFrame(file("both", 2), {48, 17}, GetParam());
+    for (int row = 0; row < kSize.height; ++row) {
+        const std::byte* after = both.row(row) + both.rowBytes() / 2;
+        EXPECT_TRUE(std::equal(after, after + both.rowBytes() / 2, input(2).row(row))) << row;
+    }
+}
+
 TEST_P(Fields, AreTheSameWithSeveralJobs) {
     const Arguments look = {"--preset", "Bad Colour TV", "--fields", "--field-order",
                             "top",      "--workers",     "1"};
