@@ -119,8 +119,8 @@ TEST(Sound, IsCopiedWhereverItsContainerTakesIt) {
           {"adpcm_ms", "adpcm_ms", "in.mkv", "out.mkv"},
           {"pcm_mulaw", "pcm_mulaw", "in.mkv", "out.mkv"},
           {"flac", "flac", "in.mkv", "out.mp4"}}) {
-        media::runFfmpeg("-f lavfi -i sine=d=2:r=44100 " +
-                             media::movingPicture("64x48", "25", 2) + " -c:v ffv1 -c:a " + coding,
+        media::runFfmpeg("-f lavfi -i sine=d=2:r=44100 " + media::movingPicture("64x48", "25", 2) +
+                             " -c:v ffv1 -c:a " + coding,
                          folder.file(from));
         const Outcome outcome = ruvex({"render", folder.file(from), "-o", folder.file(to)});
         EXPECT_EQ(outcome.status, 0) << outcome.err;
