@@ -10,7 +10,8 @@ OptionTable levelOptions(LevelOptions& options) {
     table.insert(table.end(), parameters.begin(), parameters.end());
     const OptionTable list = {
         {"--frames", "A-B",
-         "First and last frame, inclusive; all of the clip without it. Needed without INPUT",
+         "First and last frame, inclusive, or one; all of the clip without it. Needed without "
+         "INPUT",
          &options.frames},
         {"--rate", "R", "Frames a second where no input says: 25, 29.97, 30000/1001. 25 without it",
          &options.rate},

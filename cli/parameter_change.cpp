@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "cli/messages.h"
+#include "parameters/label_match.h"
 
 namespace ruvex::cli {
 
@@ -13,8 +14,12 @@ std::string noSuchParameter(std::string_view name) {
         return "there is no parameter of a name as long as '" + std::string(name.substr(0, 20)) +
                "...'. 'ruvex params' lists them all.";
     }
-    return "there is no parameter " + inQuotes(name) + ". Did you mean " +
-           inQuotes(nearestParameter(name).label) + "? 'ruvex params' lists them all.";
+    // With more than every second letter wrong it is another word.
+    const std::string_view nearest = nearestParameter(name).label;
+    const bool likely = labelDistance(nearest, name) * 2 <= name.size();
+    return "there is no parameter " + inQuotes(name) + "." +
+           (likely ? " Did you mean " + inQuotes(nearest) + "?" : "") +
+           " 'ruvex params' lists them all.";
 }
 
 std::string doesNotRender(const ParameterRow& row) {

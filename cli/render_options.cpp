@@ -27,7 +27,7 @@ OptionTable renderOptions(RenderOptions& options) {
     table.insert(table.end(), parameters.begin(), parameters.end());
     const OptionTable picture = {
         {"--frames", "A-B",
-         "First and last frame, inclusive; all without it. Frame k is at time k / rate",
+         "First and last frame, inclusive, or one; all without it. Frame k is at time k / rate",
          &options.frames},
         {"--rate", "R",
          "Frames a second where the input does not say: 25, 29.97, 30000/1001. 25 without it",

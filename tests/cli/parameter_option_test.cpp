@@ -43,6 +43,14 @@ TEST(Setting, AnUnknownNameIsAnsweredWithTheNearest) {
     EXPECT_NE(refusal("Master Brekup=50", false).find("'Master Breakup'"), std::string::npos);
 }
 
+TEST(Setting, AnotherWordIsNoSlipOfTheNearest) {
+    for (const char* text : {"Foo=1", "Sharpness=50"}) {
+        const std::string said = refusal(text, false);
+        EXPECT_NE(said.find("ruvex params"), std::string::npos) << said;
+        EXPECT_EQ(said.find("Did you mean"), std::string::npos) << said;
+    }
+}
+
 TEST(Setting, ValuesOutOfRangeAreRefusedUnlessTheRenderHoldsThem) {
     EXPECT_NE(refusal("Seed=10001", false).find("0..10000"), std::string::npos);
     EXPECT_NE(refusal("Snow Max=300", false).find("-200..200"), std::string::npos);
