@@ -30,6 +30,12 @@ else()
     $<$<CXX_COMPILER_ID:GNU>:-fno-gnu-unique>)
 endif()
 target_include_directories(ruvex_options INTERFACE "${PROJECT_SOURCE_DIR}")
+if(CMAKE_UNITY_BUILD)
+  # Where several files are compiled as one, a local name may shadow another file's, and a source
+  # file counts as a header. A build of each file by itself finds what these warnings look for.
+  target_compile_options(ruvex_options INTERFACE
+    -Wno-shadow $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
+endif()
 if(RUVEX_SANITIZE)
   target_compile_options(ruvex_options INTERFACE
     -fsanitize=${RUVEX_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)

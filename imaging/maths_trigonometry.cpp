@@ -70,24 +70,24 @@ bool finite(double x) {
     return std::fabs(x) <= std::numeric_limits<double>::max();
 }
 
-constexpr double kNotANumber = std::numeric_limits<double>::quiet_NaN();
+constexpr double kUndefined = std::numeric_limits<double>::quiet_NaN();
 
 }  // namespace
 
 double sin(double x) {
-    if (!finite(x)) return kNotANumber;
+    if (!finite(x)) return kUndefined;
     const Reduced angle = reduceAny(x);
     return detail::sine(angle, angle.quarters);
 }
 
 double cos(double x) {
-    if (!finite(x)) return kNotANumber;
+    if (!finite(x)) return kUndefined;
     const Reduced angle = reduceAny(x);
     return detail::sine(angle, angle.quarters + 1.0);
 }
 
 double tan(double x) {
-    if (!finite(x)) return kNotANumber;
+    if (!finite(x)) return kUndefined;
     const Reduced angle = reduceAny(x);
     return tanKernel(angle.high, angle.low, detail::isOdd(angle.quarters));
 }

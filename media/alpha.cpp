@@ -7,8 +7,6 @@
 namespace ruvex::media {
 namespace {
 
-constexpr int kAlpha = 3;
-
 /// Calls change(colour, alpha) for every colour beside an alpha other than 0.
 template <typename T, class Change>
 void changeColours(Frame& frame, Change change) {

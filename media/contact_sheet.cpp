@@ -36,7 +36,6 @@ Frame ground(FrameSize size) {
 }
 
 void makeOpaque(Frame& sheet) {
-    constexpr std::size_t kAlpha = 3;
     for (std::size_t i = kAlpha; i < sheet.bytes().size(); i += kChannels) {
         sheet.bytes()[i] = std::byte{255};
     }

@@ -7,6 +7,7 @@ extern "C" {
 #include <algorithm>
 #include <cmath>
 
+#include "media/plane_line.h"
 #include "media/row_order.h"
 
 namespace ruvex::media {
@@ -74,21 +75,17 @@ private:
     double black_, luma_, rv_, gu_, gv_, bu_, alpha_;
 };
 
-const std::uint16_t* lineOf(const AVFrame& picture, int plane, int y) {
-    return reinterpret_cast<const std::uint16_t*>(picture.data[plane] +
-                                                  std::ptrdiff_t{y} * picture.linesize[plane]);
-}
-
 }  // namespace
 
 void unpackDeepYuv(const AVFrame& picture, const YuvCoding& coding, Frame& frame) {
     const Decoder decoder(coding);
     for (int y = 0; y < picture.height; ++y) {
         std::int16_t* pixel = frame.row16(chainRowOfLine(y, picture.height));
-        const std::uint16_t* luma = lineOf(picture, 0, y);
-        const std::uint16_t* blue = lineOf(picture, 1, y);
-        const std::uint16_t* red = lineOf(picture, 2, y);
-        const std::uint16_t* alpha = coding.alpha ? lineOf(picture, 3, y) : nullptr;
+        const std::uint16_t* luma = planeLine<const std::uint16_t>(picture, 0, y);
+        const std::uint16_t* blue = planeLine<const std::uint16_t>(picture, 1, y);
+        const std::uint16_t* red = planeLine<const std::uint16_t>(picture, 2, y);
+        const std::uint16_t* alpha =
+            coding.alpha ? planeLine<const std::uint16_t>(picture, 3, y) : nullptr;
         for (int x = 0; x < picture.width; ++x, pixel += kChannels) {
             decoder.decode(luma[x], blue[x], red[x], pixel);
             pixel[3] = coding.alpha ? decoder.decodeAlpha(alpha[x]) : std::int16_t{kWhiteS214};

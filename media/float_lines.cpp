@@ -4,19 +4,14 @@
 #include <array>
 #include <cmath>
 
+#include "media/plane_line.h"
 #include "media/row_order.h"
 
 namespace ruvex::media {
 namespace {
 
-constexpr int kAlpha = 3;
 /// The library keeps green, blue, red, alpha in planes of that order.
 constexpr std::array<int, kChannels> kPlane = {2, 0, 1, 3};
-
-float* lineOf(const AVFrame& picture, int plane, int y) {
-    return reinterpret_cast<float*>(picture.data[plane] +
-                                    std::ptrdiff_t{y} * picture.linesize[plane]);
-}
 
 std::int16_t s214FromUnit(double value) {
     if (std::isnan(value)) {
@@ -68,9 +63,9 @@ void unpackFloat(const AVFrame& picture, AlphaForm alpha, Frame& frame) {
     for (int y = 0; y < picture.height; ++y) {
         std::array<const float*, kChannels> line{};
         for (std::size_t channel = 0; channel < kAlpha; ++channel) {
-            line[channel] = lineOf(picture, grey ? 0 : kPlane[channel], y);
+            line[channel] = planeLine<float>(picture, grey ? 0 : kPlane[channel], y);
         }
-        line[kAlpha] = alphaThere ? lineOf(picture, kAlpha, y) : nullptr;
+        line[kAlpha] = alphaThere ? planeLine<float>(picture, kAlpha, y) : nullptr;
         unpackLine(line, alpha, picture.width, frame.row16(chainRowOfLine(y, picture.height)));
     }
 }
@@ -79,7 +74,7 @@ void packFloat(const Frame& frame, AlphaForm alpha, AVFrame& picture) {
     for (int y = 0; y < frame.height(); ++y) {
         std::array<float*, kChannels> line{};
         for (std::size_t channel = 0; channel < kChannels; ++channel) {
-            line[channel] = lineOf(picture, kPlane[channel], y);
+            line[channel] = planeLine<float>(picture, kPlane[channel], y);
         }
         packLine(frame.row16(chainRowOfLine(y, frame.height())), alpha, frame.width(), line);
     }

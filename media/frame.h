@@ -13,6 +13,8 @@ namespace ruvex::media {
 enum class Depth { Bits8, S214 };
 
 inline constexpr int kChannels = 4;
+/// The last of them; the colours come before it.
+inline constexpr int kAlpha = 3;
 inline constexpr int kWhiteS214 = 16384;
 
 constexpr std::size_t bytesPerPixel(Depth depth) {

@@ -14,13 +14,13 @@ fs::path folderOf(const fs::path& path) {
 
 constexpr int kMostDigits = 18;
 
-struct Place {
+struct NumberField {
     std::size_t length;
     int digits;
 };
 
 /// The "%d" or "%05d" that begins at `at`; nothing if there is none.
-std::optional<Place> placeAt(const std::string& name, std::size_t at) {
+std::optional<NumberField> placeAt(const std::string& name, std::size_t at) {
     std::size_t end = at + 1;
     int digits = 1;
     if (end < name.size() && name[end] == '0') {
@@ -34,7 +34,7 @@ std::optional<Place> placeAt(const std::string& name, std::size_t at) {
     if (end >= name.size() || name[end] != 'd') {
         return std::nullopt;
     }
-    return Place{end + 1 - at, digits};
+    return NumberField{end + 1 - at, digits};
 }
 
 void widen(std::optional<NumberedPath::Range>& range, std::int64_t number) {

@@ -24,16 +24,16 @@ Orientation fromBytes(const std::uint8_t* matrix) {
 }
 
 /// The stored line and column that column x of line y shows.
-struct Place {
+struct StoredPlace {
     int line;
     int column;
 };
 
 /// `size` is that of the picture that is shown.
-Place placeOf(int x, int y, FrameSize size, const Orientation& orientation) {
+StoredPlace placeOf(int x, int y, FrameSize size, const Orientation& orientation) {
     const int across = orientation.mirrored ? size.width - 1 - x : x;
     const int down = orientation.flipped ? size.height - 1 - y : y;
-    return orientation.transposed ? Place{across, down} : Place{down, across};
+    return orientation.transposed ? StoredPlace{across, down} : StoredPlace{down, across};
 }
 
 template <std::size_t kBytes>
@@ -41,7 +41,7 @@ void turn(const Frame& frame, const Orientation& orientation, Frame& shown) {
     for (int y = 0; y < shown.height(); ++y) {
         std::byte* pixel = shown.row(chainRowOfLine(y, shown.height()));
         for (int x = 0; x < shown.width(); ++x, pixel += kBytes) {
-            const Place place = placeOf(x, y, shown.size(), orientation);
+            const StoredPlace place = placeOf(x, y, shown.size(), orientation);
             const std::byte* line = frame.row(chainRowOfLine(place.line, frame.height()));
             std::memcpy(pixel, line + static_cast<std::size_t>(place.column) * kBytes, kBytes);
         }

@@ -12,6 +12,8 @@ extern "C" {
 #include <cstdint>
 #include <cstring>
 
+#include "media/plane_line.h"
+
 namespace ruvex::media {
 
 /// Whether each number of the component is a byte of its own.
@@ -33,8 +35,7 @@ template <typename Word>
 class PlacedNumbers {
 public:
     PlacedNumbers(const AVFrame& picture, const AVComponentDescriptor& place, int y)
-        : first_(picture.data[place.plane] + std::ptrdiff_t{y} * picture.linesize[place.plane] +
-                 place.offset),
+        : first_(planeLine(picture, place.plane, y) + place.offset),
           step_(place.step),
           shift_(place.shift),
           mask_((1 << place.depth) - 1) {}

@@ -9,6 +9,7 @@ extern "C" {
 #include <vector>
 
 #include "media/placed_numbers.h"
+#include "media/plane_line.h"
 #include "media/row_order.h"
 #include "media/sample_convert.h"
 
@@ -92,7 +93,7 @@ void store(const Numbers& numbers, int white, Channel to) {
 /// Palette entries are words of alpha, red, green, blue from the top byte down.
 void unpackPaletteLine(const AVFrame& picture, int y, int row, Line& line, Frame& frame) {
     constexpr int kShift[kChannels] = {16, 8, 0, 24};
-    const std::uint8_t* index = picture.data[0] + std::ptrdiff_t{y} * picture.linesize[0];
+    const std::uint8_t* index = planeLine(picture, 0, y);
     const auto* palette = reinterpret_cast<const std::uint32_t*>(picture.data[1]);
     for (int channel = 0; channel < kChannels; ++channel) {
         for (std::size_t x = 0; x < line.size(); ++x) {
@@ -119,8 +120,7 @@ void unpackChannel(const AVFrame& picture, const AVPixFmtDescriptor& format, int
 void unpackLine(const AVFrame& picture, const AVPixFmtDescriptor& format, int y, int row,
                 Line& line, Frame& frame) {
     if (picture.format == AV_PIX_FMT_RGBA && frame.depth() == Depth::Bits8) {
-        std::memcpy(frame.row(row), picture.data[0] + std::ptrdiff_t{y} * picture.linesize[0],
-                    frame.rowBytes());
+        std::memcpy(frame.row(row), planeLine(picture, 0, y), frame.rowBytes());
         return;
     }
     for (int channel = 0; channel < kChannels; ++channel) {
@@ -192,7 +192,7 @@ void unpackRgb(const AVFrame& picture, Frame& frame) {
 void packRgb(const Frame& frame, AVFrame& picture) {
     for (int y = 0; y < frame.height(); ++y) {
         const int row = chainRowOfLine(y, frame.height());
-        std::uint8_t* line = picture.data[0] + std::ptrdiff_t{y} * picture.linesize[0];
+        std::uint8_t* line = planeLine(picture, 0, y);
         if (frame.depth() == Depth::Bits8) {
             packLine8(frame.row8(row), frame.width(), picture.format == AV_PIX_FMT_BGRA, line);
         } else {

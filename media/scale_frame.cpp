@@ -5,6 +5,7 @@
 #include <new>
 
 #include "media/av_handles.h"
+#include "media/plane_line.h"
 
 namespace ruvex::media {
 
@@ -35,8 +36,7 @@ Frame scaleDown(Frame frame, FrameSize size) {
     sws_scale(scaler.get(), &from, &stride, 0, frame.height(), scaled->data, scaled->linesize);
     Frame result(size, Depth::Bits8);
     for (int y = 0; y < size.height; ++y) {
-        std::memcpy(result.row(y), scaled->data[0] + std::ptrdiff_t{y} * scaled->linesize[0],
-                    result.rowBytes());
+        std::memcpy(result.row(y), planeLine(*scaled, 0, y), result.rowBytes());
     }
     return result;
 }

@@ -13,10 +13,6 @@ namespace {
 
 using media::TempFolder;
 
-bool holds(const std::string& text, const std::string& part) {
-    return text.find(part) != std::string::npos;
-}
-
 TEST(Command, SaysItsVersionAndHelp) {
     EXPECT_EQ(ruvex({"--version"}).status, 0);
     EXPECT_TRUE(holds(ruvex({"--version"}).out, "ruvex "));

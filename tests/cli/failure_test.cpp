@@ -18,10 +18,6 @@ namespace {
 
 using Bytes = std::vector<std::byte>;
 
-bool holds(const std::string& text, const std::string& part) {
-    return text.find(part) != std::string::npos;
-}
-
 struct Failure : testing::Test {
     static constexpr int kFrames = 8;
 

@@ -20,10 +20,6 @@
 namespace ruvex::cli {
 namespace {
 
-bool holds(const std::string& text, const std::string& part) {
-    return text.find(part) != std::string::npos;
-}
-
 /// The text without line ends and runs of spaces, which a typesetter chooses.
 std::string inOneLine(const std::string& text) {
     std::istringstream words(text);

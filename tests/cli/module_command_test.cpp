@@ -14,10 +14,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-bool holds(const std::string& text, const std::string& part) {
-    return text.find(part) != std::string::npos;
-}
-
 /// A registry of its own, for the commands that the test runs.
 class ModuleCommand : public ::testing::Test {
 protected:

@@ -16,6 +16,11 @@ struct Outcome {
 
 using Arguments = std::vector<std::string>;
 
+/// Whether what a command printed contains `part`.
+inline bool holds(const std::string& printed, const std::string& part) {
+    return printed.find(part) != std::string::npos;
+}
+
 /// Runs `ruvex` with these arguments and waits for its end.
 Outcome ruvex(const Arguments& arguments);
 

@@ -8,7 +8,6 @@
 namespace ruvex::test {
 namespace {
 
-constexpr runtime::Project kSmall{.width = 24, .height = 18};
 constexpr GUID kPaintFamily = guidFromText("AE0D7C40-95AA-11D0-B685-00A024191AE0");
 constexpr GUID kKeyFamily = guidFromText("61054A81-9662-11D0-B685-00A024191AE0");
 constexpr GUID kTransitionFamily = guidFromText("61054A80-9662-11D0-B685-00A024191AE0");

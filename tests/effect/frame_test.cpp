@@ -9,8 +9,6 @@
 namespace ruvex::test {
 namespace {
 
-constexpr runtime::Project kSmall{.width = 24, .height = 18};
-
 template <class P>
 class Frame : public testing::Test {};
 using FramePixels = testing::Types<Rgba8, RgbaS214>;

@@ -9,7 +9,7 @@
 namespace ruvex::test {
 namespace {
 
-constexpr runtime::Project kSmall{.width = 64, .height = 48};
+constexpr runtime::Project kPresetSize{.width = 64, .height = 48};
 
 template <class P>
 class PresetFrame : public testing::Test {};
@@ -24,13 +24,13 @@ void choosePreset(Renderer& renderer, int preset) {
 
 template <class P>
 Picture<P> presetPicture(int preset, const Picture<P>& input) {
-    Renderer renderer(kSmall);
+    Renderer renderer(kPresetSize);
     choosePreset(renderer, preset);
     return renderer.render(input);
 }
 
 TYPED_TEST(PresetFrame, EveryPresetRendersTheSamePictureTwice) {
-    const auto input = randomPicture<TypeParam>(kSmall.width, kSmall.height, 11);
+    const auto input = randomPicture<TypeParam>(kPresetSize.width, kPresetSize.height, 11);
     for (int preset = 0; preset < kPresetCount; ++preset) {
         SCOPED_TRACE(presetNames()[preset]);
         const auto picture = presetPicture(preset, input);
@@ -42,7 +42,7 @@ TYPED_TEST(PresetFrame, EveryPresetRendersTheSamePictureTwice) {
 }
 
 TYPED_TEST(PresetFrame, NoTwoPresetsLookAlike) {
-    const auto input = randomPicture<TypeParam>(kSmall.width, kSmall.height, 12);
+    const auto input = randomPicture<TypeParam>(kPresetSize.width, kPresetSize.height, 12);
     std::vector<Picture<TypeParam>> pictures;
     for (int preset = 0; preset < kPresetCount; ++preset) {
         pictures.push_back(presetPicture(preset, input));
@@ -54,8 +54,8 @@ TYPED_TEST(PresetFrame, NoTwoPresetsLookAlike) {
 }
 
 TYPED_TEST(PresetFrame, CableOutShowsNothingOfThePicture) {
-    const auto one = randomPicture<TypeParam>(kSmall.width, kSmall.height, 13);
-    const auto two = randomPicture<TypeParam>(kSmall.width, kSmall.height, 14);
+    const auto one = randomPicture<TypeParam>(kPresetSize.width, kPresetSize.height, 13);
+    const auto two = randomPicture<TypeParam>(kPresetSize.width, kPresetSize.height, 14);
     const int cableOut = *findPreset("Cable Out");
     EXPECT_EQ(presetPicture(cableOut, one), presetPicture(cableOut, two));
 }

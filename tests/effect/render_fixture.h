@@ -61,6 +61,9 @@ Picture<P> pictureOf(CDSMemoryImage& image) {
     return picture;
 }
 
+/// Large enough for most artefacts, small enough to look at.
+inline constexpr runtime::Project kSmall{.width = 24, .height = 18};
+
 /// A session over the module of this build, for a project of a size, and one frame at a time. The
 /// signal is perfect, so that a test sees what it turns on and nothing else; all other parameters
 /// have their defaults.

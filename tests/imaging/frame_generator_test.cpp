@@ -10,7 +10,7 @@ namespace {
 
 using test::Canvas;
 
-constexpr RgbaS214 kColour{{-1, 2, 16384, 32767}};
+constexpr RgbaS214 kDeepColour{{-1, 2, 16384, 32767}};
 
 template <class P>
 std::size_t countOf(const Canvas<P>& canvas, const P& pixel) {
@@ -22,10 +22,10 @@ TEST(ColouredFrameGenerator, FillsTheWholeMapAndNothingElse) {
         const test::Workers workers(count);
         Canvas<RgbaS214> map(7, 5, {2, count % 2 == 0});
         ColouredFrameGenerator<RgbaS214> generator;
-        generator.colour = kColour;
+        generator.colour = kDeepColour;
         generator.process(&map.texture);
-        EXPECT_EQ(countOf(map, kColour), 35u);
-        EXPECT_EQ(map.at(6, 4), kColour);
+        EXPECT_EQ(countOf(map, kDeepColour), 35u);
+        EXPECT_EQ(map.at(6, 4), kDeepColour);
     }
 }
 
@@ -33,19 +33,19 @@ TEST(ColouredFrameGenerator, FillsItsWindow) {
     Canvas<RgbaS214> map(7, 5);
     map.texture.x.offset = 10;
     ColouredFrameGenerator<RgbaS214> generator;
-    generator.colour = kColour;
+    generator.colour = kDeepColour;
     generator.setWindow(12, 1, 13, 3);
     generator.process(&map.texture);
-    EXPECT_EQ(countOf(map, kColour), 6u);
-    EXPECT_EQ(map.at(2, 1), kColour);
-    EXPECT_EQ(map.at(3, 3), kColour);
+    EXPECT_EQ(countOf(map, kDeepColour), 6u);
+    EXPECT_EQ(map.at(2, 1), kDeepColour);
+    EXPECT_EQ(map.at(3, 3), kDeepColour);
 }
 
 TEST(ColouredFrameGenerator, ZeroClearsWhateverTheColour) {
     Canvas<RgbaS214> map(7, 5, {0, false});
-    map.memory.assign(map.memory.size(), kColour);
+    map.memory.assign(map.memory.size(), kDeepColour);
     ColouredFrameGenerator<RgbaS214> generator;
-    generator.colour = kColour;
+    generator.colour = kDeepColour;
     generator.zero = true;
     generator.process(&map.texture);
     EXPECT_EQ(countOf(map, RgbaS214{}), 35u);
@@ -54,12 +54,12 @@ TEST(ColouredFrameGenerator, ZeroClearsWhateverTheColour) {
 TEST(ColouredFrameGenerator, FillsOneField) {
     Canvas<RgbaS214> map(7, 5);
     ColouredFrameGenerator<RgbaS214> generator;
-    generator.colour = kColour;
+    generator.colour = kDeepColour;
     generator.setFieldMode(1);
     generator.process(&map.texture);
-    EXPECT_EQ(countOf(map, kColour), 21u);
+    EXPECT_EQ(countOf(map, kDeepColour), 21u);
     EXPECT_EQ(map.at(0, 1), RgbaS214{});
-    EXPECT_EQ(map.at(0, 4), kColour);
+    EXPECT_EQ(map.at(0, 4), kDeepColour);
 }
 
 TEST(ColouredFrameGenerator, NamesAMapThatItCannotFill) {

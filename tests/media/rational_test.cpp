@@ -23,8 +23,8 @@ TEST(Rational, RefusesEverythingElse) {
 }
 
 TEST(Rational, TextsReadBack) {
-    EXPECT_EQ(toText({25, 1}), "25");
-    EXPECT_EQ(toText({30000, 1001}), "30000/1001");
+    EXPECT_EQ(toText(Rational{25, 1}), "25");
+    EXPECT_EQ(toText(Rational{30000, 1001}), "30000/1001");
     EXPECT_EQ(makeRational(50, -4), (Rational{-25, 2}));
 }
 

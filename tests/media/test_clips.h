@@ -9,6 +9,10 @@
 
 namespace ruvex::media {
 
+/// The sizes that a still is tried with.
+inline constexpr FrameSize kStillSizes[] = {{1, 1},  {1, 7},   {7, 1},    {3, 5},
+                                            {16, 9}, {33, 17}, {360, 288}};
+
 /// Every component random; S2.14 over the whole 16-bit range, or from black to white only.
 Frame noiseFrame(FrameSize size, Depth depth, unsigned seed, bool blackToWhite = false);
 

@@ -5,24 +5,16 @@
 #include <stdexcept>
 #include <thread>
 
-#include "host/base/class_ids.h"
 #include "host/base/module_use.h"
 #include "host/module/class_factory.h"
-#include "host/module/entry_points.h"
-#include "sdk/com_ptr.h"
 #include "sdk/effect.h"
+#include "tests/module/linked_module.h"
 #include "tests/support/plain_object.h"
 
 namespace ruvex::test {
 namespace {
 
 constexpr GUID kUnknown = guidFromText("01234567-89AB-CDEF-0123-456789ABCDEF");
-
-ComPtr<IClassFactory> makeFactory() {
-    ComPtr<IClassFactory> factory;
-    EXPECT_EQ(DllGetClassObject(kRuvexClassId, IID_IClassFactory, factory.putVoid()), S_OK);
-    return factory;
-}
 
 TEST(EntryPoints, AMissingPointerIsRefusedWhateverTheClass) {
     EXPECT_EQ(DllGetClassObject(kRuvexClassId, IID_IClassFactory, nullptr), E_POINTER);

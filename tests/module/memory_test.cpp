@@ -4,14 +4,12 @@
 #include <functional>
 #include <gtest/gtest.h>
 
-#include "host/base/class_ids.h"
 #include "host/base/module_use.h"
-#include "host/module/entry_points.h"
 #include "pages/resources/resources.h"
 #include "parameters/parameter_table.h"
-#include "sdk/com_ptr.h"
 #include "sdk/effect.h"
 #include "sdk/resources.h"
+#include "tests/module/linked_module.h"
 #include "tests/support/scripted_registry.h"
 #include "tests/support/watched_new.h"
 
@@ -57,12 +55,6 @@ std::size_t failEach(const Make& make) {
         EXPECT_FALSE(made) << "allocation " << failing;
         EXPECT_EQ(objectCount, before) << "allocation " << failing;
     }
-}
-
-ComPtr<IClassFactory> makeFactory() {
-    ComPtr<IClassFactory> factory;
-    EXPECT_EQ(DllGetClassObject(kRuvexClassId, IID_IClassFactory, factory.putVoid()), S_OK);
-    return factory;
 }
 
 TEST_F(Memory, RunsOutAtEachAllocationOfAnObject) {

@@ -14,6 +14,8 @@
 namespace ruvex::runtime::test {
 
 inline constexpr Project kSmallProject{8, 6, 1.0, 25.0};
+/// Of one of its pictures.
+inline constexpr std::size_t kAllBytes = 8 * 6 * 4;
 
 /// A module beside the test program.
 inline std::filesystem::path moduleFile(const std::string& name) {

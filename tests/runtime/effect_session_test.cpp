@@ -18,7 +18,6 @@ using ruvex::test::kInvertId;
 using ruvex::test::kLiftId;
 using ::testing::HasSubstr;
 
-constexpr std::size_t kAllBytes = 8 * 6 * 4;
 constexpr GUID kUnknownId = guidFromText("77A1C001-0000-4000-8000-0000000000FF");
 
 RenderRequest frame(int index, const ComPtr<CDSMemoryImage>& output) {

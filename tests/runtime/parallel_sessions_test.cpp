@@ -10,7 +10,6 @@
 namespace ruvex::runtime::test {
 namespace {
 
-constexpr std::size_t kAllBytes = 8 * 6 * 4;
 constexpr int kSessions = 8;
 constexpr int kFrames = 40;
 

@@ -14,16 +14,16 @@ namespace {
 
 using Id = ParameterId;
 
-constexpr int kWidth = 300;
-constexpr int kHeight = 500;
+constexpr int kTapeWidth = 300;
+constexpr int kTapeHeight = 500;
 constexpr int kRed = 2000;
 constexpr int kBlue = 10000;
 
 /// Green says the column.
 Picture<RgbaS214> columnPicture() {
-    Picture<RgbaS214> picture{kWidth, kHeight, {}};
-    for (int i = 0; i < kWidth * kHeight; ++i) {
-        picture.pixels.push_back(colourOf<RgbaS214>(kRed, i % kWidth, kBlue, 500));
+    Picture<RgbaS214> picture{kTapeWidth, kTapeHeight, {}};
+    for (int i = 0; i < kTapeWidth * kTapeHeight; ++i) {
+        picture.pixels.push_back(colourOf<RgbaS214>(kRed, i % kTapeWidth, kBlue, 500));
     }
     return picture;
 }
@@ -60,7 +60,7 @@ struct Row {
 Row rowOf(const Picture<RgbaS214>& picture, int y) {
     std::map<std::pair<int, int>, int> counts;
     constexpr int kEdge = 40;
-    for (int x = kEdge; x < kWidth - kEdge; ++x) {
+    for (int x = kEdge; x < kTapeWidth - kEdge; ++x) {
         const RgbaS214& pixel = picture.at(x, y);
         ++counts[{pixel.c[0], pixel.c[1] - x}];
     }
@@ -69,7 +69,7 @@ Row rowOf(const Picture<RgbaS214>& picture, int y) {
     return {most->first.first, most->first.second, counts.size() == 1};
 }
 
-constexpr int kHalf = kHeight / 20;
+constexpr int kHalf = kTapeHeight / 20;
 constexpr int kStreak = kHalf / 3 + 1;
 
 /// The centre of the band near a row, from how far red has gone over to blue below it.
@@ -94,9 +94,9 @@ void expectBand(const Picture<RgbaS214>& picture, int centre) {
     EXPECT_GE(furthest, kHalf / 3);
     int white = 0;
     for (int y = centre - kStreak; y <= centre + kStreak; ++y) {
-        for (int x = 0; x < kWidth; ++x) white += picture.at(x, y).c[1] > 5000;
+        for (int x = 0; x < kTapeWidth; ++x) white += picture.at(x, y).c[1] > 5000;
     }
-    EXPECT_GT(white, kWidth / 2) << "a bright streak";
+    EXPECT_GT(white, kTapeWidth / 2) << "a bright streak";
 }
 
 // Six bands a fifth of the picture apart, a tenth of it lower for each time the normal speed; what
@@ -106,12 +106,13 @@ TEST(WindingArtefact, BandsTearThePictureWhereTheSpeedPutsThem) {
         const auto picture = played(columnPicture(), speed, 4);
         std::vector<int> centres;
         for (int band = 0; band < 6; ++band) {
-            double wanted = band * kHeight / 5.0 - kHeight * speed / 1000.0;
-            if (wanted < -kHalf - 2) wanted += kHeight * 6 / 5;
+            double wanted = band * kTapeHeight / 5.0 - kTapeHeight * speed / 1000.0;
+            if (wanted < -kHalf - 2) wanted += kTapeHeight * 6 / 5;
             // A band on the edge of its coming back may lie on either side.
-            if (wanted < kHalf + 3 || wanted >= kHeight - kHalf - 3) continue;
+            if (wanted < kHalf + 3 || wanted >= kTapeHeight - kHalf - 3) continue;
             const int centre = centreNear(picture, static_cast<int>(wanted));
-            EXPECT_NEAR(centre, wanted, kHeight / 250 + 1.0) << "band " << band << " at " << speed;
+            EXPECT_NEAR(centre, wanted, kTapeHeight / 250 + 1.0)
+                << "band " << band << " at " << speed;
             expectBand(picture, centre);
             centres.push_back(centre);
         }
@@ -137,16 +138,16 @@ TEST(WindingArtefact, ADvdWindsWithoutATrace) {
 // frame.
 TEST(SlowArtefact, ThePictureIsDouble) {
     constexpr int kBar = 150, kDark = 3000, kBright = 9000;
-    auto still = plain(kWidth, 40, colourOf<RgbaS214>(kDark, kDark, kDark));
+    auto still = plain(kTapeWidth, 40, colourOf<RgbaS214>(kDark, kDark, kDark));
     for (int y = 0; y < 40; ++y) {
-        still.pixels[static_cast<std::size_t>(y * kWidth + kBar)] =
+        still.pixels[static_cast<std::size_t>(y * kTapeWidth + kBar)] =
             colourOf<RgbaS214>(kBright, kBright, kBright);
     }
     for (int frame = 10; frame < 14; ++frame) {
         const double second = frame % 2 == 1 ? 0.6 : 0.4;
         const auto picture = played(still, 20.0, frame);
         for (int y = 9; y < 40; ++y) {
-            for (int x = 20; x < kWidth; ++x) {
+            for (int x = 20; x < kTapeWidth; ++x) {
                 const double part = x == kBar ? 1.0 - second : x == kBar + 2 ? second : 0.0;
                 ASSERT_NEAR(picture.at(x, y).c[1], kDark + (kBright - kDark) * part, 1.0)
                     << frame << ": " << x;
@@ -157,11 +158,11 @@ TEST(SlowArtefact, ThePictureIsDouble) {
 
 // From six tenths of the height, and after five frames from three, a hundredth lower each frame.
 TEST(SlowArtefact, ATearMovesByAHundredthAFrame) {
-    constexpr int kTear = kHeight / 15;
+    constexpr int kTear = kTapeHeight / 15;
     for (int frame = 1; frame < 12; ++frame) {
         const auto picture = played(columnPicture(), 50.0, frame);
         int centre = -1, reddest = kRed;
-        for (int y = kHeight / 5; y < kHeight; ++y) {
+        for (int y = kTapeHeight / 5; y < kTapeHeight; ++y) {
             const Row row = rowOf(picture, y);
             if (row.red > reddest) {
                 reddest = row.red;
@@ -172,13 +173,13 @@ TEST(SlowArtefact, ATearMovesByAHundredthAFrame) {
             EXPECT_EQ(centre, -1) << "torn at " << frame;
             continue;
         }
-        const int wanted = kHeight * (frame < 5 ? 6 : 3) / 10 - frame * kHeight / 100;
+        const int wanted = kTapeHeight * (frame < 5 ? 6 : 3) / 10 - frame * kTapeHeight / 100;
         EXPECT_EQ(centre, wanted) << frame;
         EXPECT_EQ(reddest, kRed + (kBlue - kRed) / 4);
         for (const int away : {0, 5, 15, 25}) {
             const double part = (kTear - away) / double{kTear};
             EXPECT_NEAR(rowOf(picture, wanted + away).shift, kTear * 0.5 * part * part, 1.0);
-            if (wanted - away < kHeight / 5) continue;
+            if (wanted - away < kTapeHeight / 5) continue;
             EXPECT_NEAR(rowOf(picture, wanted - away).shift, kTear * 0.5 * part * part, 1.0);
         }
     }
@@ -196,13 +197,13 @@ double meanOfPositiveNoise() {
 
 TEST(SlowArtefact, NoiseFadesOutAlongTheLowestFifth) {
     constexpr int kHigh = 200, kFifth = kHigh / 5, kFrames = 12;
-    const auto still = plain(kWidth, kHigh, RgbaS214{});
+    const auto still = plain(kTapeWidth, kHigh, RgbaS214{});
     std::vector<double> light(kHigh);
     for (int frame = 20; frame < 20 + kFrames; ++frame) {
         const auto picture = played(still, 50.0, frame);
-        for (int i = 0; i < kWidth * kHigh; ++i) {
-            light[static_cast<std::size_t>(i / kWidth)] +=
-                picture.pixels[static_cast<std::size_t>(i)].c[0] / 16384.0 / kWidth / kFrames;
+        for (int i = 0; i < kTapeWidth * kHigh; ++i) {
+            light[static_cast<std::size_t>(i / kTapeWidth)] +=
+                picture.pixels[static_cast<std::size_t>(i)].c[0] / 16384.0 / kTapeWidth / kFrames;
         }
     }
     for (int first = 0; first < kFifth; first += 10) {

@@ -8,12 +8,12 @@
 namespace ruvex::test {
 namespace {
 
-constexpr std::array<float, 14> kRadii{1e-9f, 1e-4f, 0.3f,   0.5f,   1.0f,   1.5f,   2.7f,
-                                       10.0f, 99.9f, 126.5f, 127.0f, 127.5f, 128.0f, 400.0f};
+constexpr std::array<float, 14> kBoxRadii{1e-9f, 1e-4f, 0.3f,   0.5f,   1.0f,   1.5f,   2.7f,
+                                          10.0f, 99.9f, 126.5f, 127.0f, 127.5f, 128.0f, 400.0f};
 
 template <class T>
 void checkFilter(Random& random, BoxFilter<T> plain, BoxFilter<T> best) {
-    const BoxWeights weights(random.oneOf(kRadii));
+    const BoxWeights weights(random.oneOf(kBoxRadii));
     const std::int64_t count = random.whole(0, 300);
     std::vector<T> wanted(static_cast<std::size_t>((count + weights.span) * kLanes<T>));
     const bool extreme = random.chance(30);
