@@ -55,8 +55,7 @@ void checkRequired(const Command& command) {
     for (const Option& option : command.options) {
         const auto* text = std::get_if<std::string*>(&option.value);
         if (option.required && text != nullptr && (*text)->empty()) {
-            const std::string names = option.name;
-            throw UsageError(names.substr(names.find(',') + 1) + " is required, but empty.");
+            throw UsageError(longName(option) + " is required, but empty.");
         }
     }
 }

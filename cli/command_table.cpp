@@ -36,9 +36,7 @@ void declareOption(CLI::App& parser, const Option& option) {
 void declareNeeds(CLI::App& parser, const OptionTable& options) {
     for (const Option& option : options) {
         if (option.needs != nullptr) {
-            const std::string name = option.name;
-            parser.get_option(name.substr(name.find(',') + 1))
-                ->needs(parser.get_option(option.needs));
+            parser.get_option(longName(option))->needs(parser.get_option(option.needs));
         }
     }
 }
@@ -57,6 +55,11 @@ std::string footerOf(const Command& command) {
 }
 
 }  // namespace
+
+std::string longName(const Option& option) {
+    const std::string names = option.name;
+    return names.substr(names.find(',') + 1);
+}
 
 CLI::App& declareCommand(CLI::App& parser, const Command& command) {
     CLI::App& declared = *parser.add_subcommand(command.name, command.summary);

@@ -31,6 +31,9 @@ struct Option {
 
 using OptionTable = std::vector<Option>;
 
+/// The longer form of its name, "--output" of "-o,--output", or what it is called by its place.
+std::string longName(const Option& option);
+
 struct Command {
     const char* name;
     const char* summary;

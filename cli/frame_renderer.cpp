@@ -7,14 +7,6 @@
 #include "cli/mask_image.h"
 
 namespace ruvex::cli {
-namespace {
-
-constexpr std::size_t indexOf(media::Field field) {
-    return field == media::Field::Top ? 0 : 1;
-}
-
-}  // namespace
-
 FrameRenderer::FrameRenderer(const RenderJob& job, const RenderPlan& plan,
                              std::shared_ptr<SharedClip> clip, const ParameterChoice& parameters)
     : job_(job),
@@ -32,7 +24,7 @@ FrameRenderer::FrameRenderer(const RenderJob& job, const RenderPlan& plan,
     }
     for (const media::Field field : {media::Field::Top, media::Field::Bottom}) {
         media::takeField(picture, field, fieldSource_);
-        fieldMasks_[indexOf(field)] = toMask(fieldSource_, plan.project);
+        fieldMasks_.at(media::fieldIndex(field)) = toMask(fieldSource_, plan.project);
     }
 }
 
@@ -70,8 +62,9 @@ bool FrameRenderer::renderField(media::Field field, double time, std::int64_t nu
     } else {
         media::takeField(source, field, fieldSource_);
         const ClipInput::Hold hold(*input_, number, source, field);
-        done = renderer_.render({number, time, fieldSource_, fieldMasks_[indexOf(field)], region},
-                                fieldResult_);
+        done = renderer_.render(
+            {number, time, fieldSource_, fieldMasks_.at(media::fieldIndex(field)), region},
+            fieldResult_);
     }
     media::putField(fieldResult_, field, result);
     return done;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "cli/media_options.h"
 #include "cli/text_table.h"
 #include "parameters/parameter_text.h"
 
@@ -19,10 +20,7 @@ std::string rangeText(const FrameRange& range) {
 
 /// Nothing for frames that are not interlaced.
 std::string fieldsText(media::FieldOrder fields, const std::string& before) {
-    if (fields == media::FieldOrder::Progressive) {
-        return "";
-    }
-    return before + (fields == media::FieldOrder::TopFirst ? "top" : "bottom") + " field first";
+    return fields == media::FieldOrder::Progressive ? "" : before + toText(fields);
 }
 
 std::string inputText(const RenderJob& job, const RenderPlan& plan, const media::ClipInfo& clip) {

@@ -30,4 +30,8 @@ media::FieldOrder parseFieldOrder(const std::string& option, const std::string& 
     throw UsageError(option + ": '" + text + "' is no order of fields; write top, bottom or none.");
 }
 
+std::string toText(media::FieldOrder order) {
+    return order == media::FieldOrder::TopFirst ? "top field first" : "bottom field first";
+}
+
 }  // namespace ruvex::cli

@@ -21,4 +21,7 @@ media::FileKind parseStreamFormat(const std::string& option, const std::string& 
 /// "top", "bottom" or "none".
 media::FieldOrder parseFieldOrder(const std::string& option, const std::string& text);
 
+/// "top field first" or "bottom field first"; `order` is not Progressive.
+std::string toText(media::FieldOrder order);
+
 }  // namespace ruvex::cli

@@ -65,8 +65,7 @@ OptionTable renderOptions(RenderOptions& options) {
          &options.region},
         {"--fields", "",
          "Render each field of interlaced video as a picture of its own, at its own time, and "
-         "weave "
-         "them again",
+         "weave them again",
          &options.fields},
         {"--field-order", "top|bottom|none",
          "Which field of a frame comes first, or that there are none; as the input says without it",

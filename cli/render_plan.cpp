@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "cli/clip_choice.h"
+#include "cli/media_options.h"
 #include "cli/usage_error.h"
 #include "media/file_kind.h"
 #include "media/numbered_path.h"
@@ -85,11 +86,9 @@ void warnOf(const media::ClipInfo& clip, RenderJob& job, const media::Rational& 
                                toText(rate) + " frames a second.");
     }
     if (clip.fields != media::FieldOrder::Progressive && !job.fields && !job.fieldOrder) {
-        const bool top = clip.fields == media::FieldOrder::TopFirst;
-        job.warnings.push_back(
-            job.input.string() + " is interlaced, " + (top ? "top" : "bottom") +
-            " field first. Its frames are rendered whole; 'ruvex render --fields' "
-            "renders each field by itself.");
+        job.warnings.push_back(job.input.string() + " is interlaced, " + toText(clip.fields) +
+                               ". Its frames are rendered whole; 'ruvex render --fields' renders "
+                               "each field by itself.");
     }
 }
 

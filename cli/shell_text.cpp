@@ -8,12 +8,6 @@ namespace {
 constexpr std::string_view kPlain =
     "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789%+,-./:=@_";
 
-/// The form of the name that takes a value after an equals sign.
-std::string longName(const Option& option) {
-    const std::string names = option.name;
-    return names.substr(names.find(',') + 1);
-}
-
 void appendValue(std::string& text, const Option& option, const std::string& value) {
     text += ' ';
     if (isPlace(option)) {
@@ -21,10 +15,10 @@ void appendValue(std::string& text, const Option& option, const std::string& val
         text += shellQuoted(value.size() > 1 && value[0] == '-' ? std::string("./").append(value)
                                                                 : value);
     } else if (value.starts_with('-')) {
+        // Only the longer form takes a value after an equals sign.
         text.append(longName(option)).append("=").append(shellQuoted(value));
     } else {
-        const std::string names = option.name;
-        text.append(names, 0, names.find(',')).append(" ").append(shellQuoted(value));
+        text.append(namesOf(option).front()).append(" ").append(shellQuoted(value));
     }
 }
 

@@ -27,6 +27,10 @@ AvCodec newAvCodec(const AVCodec* codec) {
     return own<AvCodec>(avcodec_alloc_context3(codec));
 }
 
+AVRational toAvRational(const Rational& value) {
+    return {static_cast<int>(value.num), static_cast<int>(value.den)};
+}
+
 AvFrame newPicture(int width, int height, AVPixelFormat format) {
     AvFrame picture = newAvFrame();
     picture->width = width;

@@ -1,4 +1,4 @@
-// Owners for the objects of the FFmpeg libraries.
+// Owners for the objects of the FFmpeg libraries, and their fractions.
 
 #pragma once
 
@@ -10,6 +10,8 @@ extern "C" {
 }
 
 #include <memory>
+
+#include "media/rational.h"
 
 namespace ruvex::media {
 
@@ -29,6 +31,9 @@ using Scaler = std::unique_ptr<SwsContext, AvDelete>;
 AvFrame newAvFrame();
 AvPacket newAvPacket();
 AvCodec newAvCodec(const AVCodec* codec);
+
+/// A fraction of no more than 31 bits, as the libraries take it.
+AVRational toAvRational(const Rational& value);
 
 /// A picture buffer with padded rows: the library's fast paths write past the width.
 AvFrame newPicture(int width, int height, AVPixelFormat format);

@@ -1,13 +1,13 @@
 #include "media/clip_tags.h"
 
 extern "C" {
-#include <libavformat/avformat.h>
 #include <libavutil/timecode.h>
 }
 
 #include <algorithm>
 #include <string_view>
 
+#include "media/av_handles.h"
 #include "media/library_log.h"
 #include "media/text.h"
 
@@ -59,9 +59,8 @@ void writeTags(const ClipTags& tags, AVFormatContext& file, AVStream& video) {
 std::string timecodeAfter(const std::string& timecode, const Rational& rate, std::int64_t frames) {
     quietLibraries();
     AVTimecode counter;
-    const AVRational fraction{static_cast<int>(rate.num), static_cast<int>(rate.den)};
     if (timecode.empty() ||
-        av_timecode_init_from_string(&counter, fraction, timecode.c_str(), nullptr) < 0) {
+        av_timecode_init_from_string(&counter, toAvRational(rate), timecode.c_str(), nullptr) < 0) {
         return "";
     }
     char text[AV_TIMECODE_STR_SIZE];

@@ -5,13 +5,6 @@
 #include "media/row_order.h"
 
 namespace ruvex::media {
-namespace {
-
-constexpr int indexOf(Field field) {
-    return field == Field::Top ? 0 : 1;
-}
-
-}  // namespace
 
 Field firstField(FieldOrder order) {
     return order == FieldOrder::BottomFirst ? Field::Bottom : Field::Top;
@@ -22,12 +15,12 @@ Field secondField(FieldOrder order) {
 }
 
 int fieldHeight(int frameHeight, Field field) {
-    return (frameHeight + 1 - indexOf(field)) / 2;
+    return (frameHeight + 1 - fieldIndex(field)) / 2;
 }
 
 int frameRowOf(int row, int frameHeight, Field field) {
     const int line = chainRowOfLine(row, fieldHeight(frameHeight, field));
-    return chainRowOfLine(2 * line + indexOf(field), frameHeight);
+    return chainRowOfLine(2 * line + fieldIndex(field), frameHeight);
 }
 
 void takeField(const Frame& frame, Field field, Frame& picture) {

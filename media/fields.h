@@ -9,6 +9,11 @@ namespace ruvex::media {
 /// The top field has a frame's first line and every second one after it, the bottom field the rest.
 enum class Field { Top, Bottom };
 
+/// The field's place among the two, and the line of the frame that it begins with.
+constexpr int fieldIndex(Field field) {
+    return field == Field::Top ? 0 : 1;
+}
+
 /// The field that was taken first, or half a frame later; `order` is not Progressive.
 Field firstField(FieldOrder order);
 Field secondField(FieldOrder order);

@@ -8,6 +8,7 @@ extern "C" {
 #include <string>
 
 #include "media/media_error.h"
+#include "media/plane_line.h"
 
 namespace ruvex::media {
 namespace {
@@ -98,7 +99,7 @@ struct FieldView {
     FieldView(const AVFrame& picture, int field) {
         for (std::size_t plane = 0; plane < data.size() && picture.data[plane] != nullptr;
              ++plane) {
-            data[plane] = picture.data[plane] + std::ptrdiff_t{field} * picture.linesize[plane];
+            data[plane] = planeLine(picture, static_cast<int>(plane), field);
             pitch[plane] = 2 * picture.linesize[plane];
         }
     }

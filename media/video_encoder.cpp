@@ -18,10 +18,6 @@ namespace {
 constexpr int kPalLines = 576;
 constexpr int kShortestSlicedSide = 64;
 
-AVRational fraction(const Rational& value) {
-    return {static_cast<int>(value.num), static_cast<int>(value.den)};
-}
-
 /// Colour differences at half the size need whole halves.
 bool isEven(FrameSize size) {
     return size.width % 2 == 0 && size.height % 2 == 0;
@@ -61,9 +57,9 @@ void describe(AVCodecContext& coder, const WriteOptions& options, const VideoCod
     const bool exact = codec.exact;
     coder.width = options.size.width;
     coder.height = options.size.height;
-    coder.framerate = fraction(options.rate);
+    coder.framerate = toAvRational(options.rate);
     coder.time_base = av_inv_q(coder.framerate);
-    coder.sample_aspect_ratio = fraction(options.pixelAspect);
+    coder.sample_aspect_ratio = toAvRational(options.pixelAspect);
     coder.color_primaries = static_cast<AVColorPrimaries>(options.colour.primaries);
     coder.color_trc = static_cast<AVColorTransferCharacteristic>(options.colour.transfer);
     coder.pix_fmt = formatFor(codec, options);
