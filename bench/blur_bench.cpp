@@ -8,7 +8,7 @@
 #include <type_traits>
 
 #include "bench/frames.h"
-#include "imaging/blur_gauss.h"
+#include "imaging/blur/blur_gauss.h"
 #include "imaging/threads.h"
 
 namespace ruvex::bench {

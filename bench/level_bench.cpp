@@ -6,7 +6,7 @@
 
 #include "effect/player.h"
 #include "effect/signal_walks.h"
-#include "imaging/gradient_noise.h"
+#include "imaging/noise/gradient_noise.h"
 #include "tests/effect/support/noise_count.h"
 #include "tests/effect/support/parameter_set.h"
 

@@ -5,12 +5,12 @@
 #include <cstring>
 
 #include "bench/frames.h"
-#include "imaging/gradient_noise.h"
-#include "imaging/lens_warper.h"
-#include "imaging/noise_gen.h"
-#include "imaging/rgba_noise_gen.h"
+#include "imaging/noise/gradient_noise.h"
+#include "imaging/noise/noise_gen.h"
+#include "imaging/noise/rgba_noise_gen.h"
 #include "imaging/threads.h"
-#include "imaging/warp_render.h"
+#include "imaging/warp/lens_warper.h"
+#include "imaging/warp/warp_render.h"
 
 namespace ruvex {
 namespace {

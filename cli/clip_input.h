@@ -8,7 +8,7 @@
 
 #include "cli/clip_ends.h"
 #include "cli/shared_clip.h"
-#include "media/fields.h"
+#include "media/pixels/fields.h"
 #include "runtime/frame_server.h"
 #include "runtime/project.h"
 

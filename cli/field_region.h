@@ -5,7 +5,7 @@
 #include <optional>
 
 #include "cli/option_text.h"
-#include "media/fields.h"
+#include "media/pixels/fields.h"
 
 namespace ruvex::cli {
 

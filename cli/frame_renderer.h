@@ -8,7 +8,7 @@
 #include "cli/clip_input.h"
 #include "cli/picture_renderer.h"
 #include "cli/render_plan.h"
-#include "media/fields.h"
+#include "media/pixels/fields.h"
 
 namespace ruvex::cli {
 

@@ -5,9 +5,9 @@
 #include <filesystem>
 #include <string>
 
-#include "media/alpha.h"
 #include "media/clip_info.h"
 #include "media/file_kind.h"
+#include "media/pixels/alpha.h"
 
 namespace ruvex::cli {
 

@@ -9,11 +9,11 @@
 #include "cli/open_project.h"
 #include "cli/progress.h"
 #include "cli/usage_error.h"
-#include "media/contact_sheet.h"
 #include "media/file_kind.h"
 #include "media/numbered_path.h"
-#include "media/sample_convert.h"
-#include "media/scale_frame.h"
+#include "media/pixels/sample_convert.h"
+#include "media/pixels/scale_frame.h"
+#include "media/stills/contact_sheet.h"
 #include "parameters/presets.h"
 
 namespace ruvex::cli {

@@ -9,7 +9,7 @@
 #include "cli/usage_error.h"
 #include "media/frame_writer.h"
 #include "media/numbered_path.h"
-#include "media/video_codec.h"
+#include "media/video/video_codec.h"
 
 namespace ruvex::cli {
 namespace {

@@ -13,7 +13,7 @@
 #include "host/base/parameter_reader.h"
 #include "host/base/vx_ds_effect.h"
 #include "imaging/texture.h"
-#include "sdk/com_ptr.h"
+#include "sdk/com/com_ptr.h"
 #include "stages/signal_parameters.h"
 
 namespace ruvex {

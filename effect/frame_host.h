@@ -2,9 +2,9 @@
 
 #pragma once
 
-#include "sdk/coord_man.h"
-#include "sdk/effect_host.h"
-#include "sdk/image.h"
+#include "sdk/effect/coord_man.h"
+#include "sdk/effect/effect_host.h"
+#include "sdk/images/image.h"
 
 namespace ruvex {
 

@@ -2,7 +2,7 @@
 
 #include "host/base/picture_geometry.h"
 #include "imaging/pixel_convert.h"
-#include "sdk/content.h"
+#include "sdk/effect/content.h"
 
 namespace ruvex {
 namespace {

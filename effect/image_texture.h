@@ -7,7 +7,7 @@
 #include "effect/frame_host.h"
 #include "host/base/vx_ds_effect.h"
 #include "imaging/texture.h"
-#include "sdk/com_ptr.h"
+#include "sdk/com/com_ptr.h"
 
 namespace ruvex {
 

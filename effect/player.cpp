@@ -4,8 +4,8 @@
 
 #include "effect/frame_walk.h"
 #include "effect/percent.h"
+#include "imaging/maths/wrap.h"
 #include "imaging/pixel_convert.h"
-#include "imaging/wrap.h"
 
 namespace ruvex {
 namespace {

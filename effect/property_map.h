@@ -4,7 +4,7 @@
 
 #include <span>
 
-#include "sdk/property_def.h"
+#include "sdk/properties/property_def.h"
 
 namespace ruvex {
 

@@ -1,9 +1,9 @@
 #include "effect/resolution.h"
 
 #include "effect/frame_region.h"
+#include "imaging/maths/wrap.h"
 #include "imaging/move_sampler.h"
 #include "imaging/pixel_convert.h"
-#include "imaging/wrap.h"
 
 namespace ruvex {
 namespace {

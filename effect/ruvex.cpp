@@ -5,9 +5,9 @@
 #include "effect/frame_values.h"
 #include "effect/property_map.h"
 #include "imaging/threads.h"
-#include "sdk/content.h"
-#include "sdk/guarded.h"
-#include "sdk/resources.h"
+#include "sdk/com/guarded.h"
+#include "sdk/effect/content.h"
+#include "sdk/resources/resources.h"
 
 namespace ruvex {
 namespace {

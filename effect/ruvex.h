@@ -8,7 +8,7 @@
 #include "host/base/parameter_reader.h"
 #include "host/base/vx_ds_effect.h"
 #include "parameters/ruvex_interface.h"
-#include "sdk/effect.h"
+#include "sdk/effect/effect.h"
 
 namespace ruvex {
 

@@ -5,8 +5,8 @@
 
 #include "effect/frame_driver.h"
 #include "effect/ruvex.h"
-#include "imaging/wrap.h"
-#include "sdk/guarded.h"
+#include "imaging/maths/wrap.h"
+#include "sdk/com/guarded.h"
 
 namespace ruvex {
 namespace {

@@ -1,7 +1,7 @@
 // How the effect describes itself to the host, and what it asks of a render.
 
 #include "effect/ruvex.h"
-#include "sdk/guarded.h"
+#include "sdk/com/guarded.h"
 
 namespace ruvex {
 namespace {

@@ -1,7 +1,7 @@
 #include "effect/signal_fill.h"
 
 #include "effect/frame_integral.h"
-#include "imaging/gradient_noise.h"
+#include "imaging/noise/gradient_noise.h"
 #include "imaging/pixel_convert.h"
 
 namespace ruvex {

@@ -4,8 +4,8 @@
 
 #include "effect/frame_integral.h"
 #include "effect/percent.h"
-#include "imaging/gradient_noise.h"
-#include "imaging/random.h"
+#include "imaging/maths/random.h"
+#include "imaging/noise/gradient_noise.h"
 
 namespace ruvex {
 namespace {

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cstdio>
 
+#include "imaging/maths/wrap.h"
 #include "imaging/threads.h"
-#include "imaging/wrap.h"
 
 namespace ruvex {
 namespace {

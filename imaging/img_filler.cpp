@@ -4,7 +4,7 @@
 #include <cstring>
 
 #include "imaging/imager.h"
-#include "imaging/wrap.h"
+#include "imaging/maths/wrap.h"
 
 namespace ruvex {
 namespace {

@@ -4,7 +4,7 @@
 #include <cstring>
 #include <new>
 
-#include "imaging/wrap.h"
+#include "imaging/maths/wrap.h"
 
 namespace ruvex {
 namespace {

@@ -6,8 +6,8 @@
 #include <cstdint>
 #include <memory>
 
-#include "imaging/box_kernels.h"
-#include "imaging/box_plan.h"
+#include "imaging/blur/box_plan.h"
+#include "imaging/kernels/box_kernels.h"
 #include "imaging/texture.h"
 
 namespace ruvex {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
-#include "imaging/wrap.h"
+#include "imaging/maths/wrap.h"
 
 namespace ruvex {
 namespace {

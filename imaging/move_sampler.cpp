@@ -5,8 +5,8 @@
 #include <new>
 
 #include "imaging/interpolate.h"
-#include "imaging/sinc.h"
-#include "imaging/wrap.h"
+#include "imaging/maths/sinc.h"
+#include "imaging/maths/wrap.h"
 
 namespace ruvex {
 namespace {

@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-#include "imaging/matrix3.h"
+#include "imaging/maths/matrix3.h"
 #include "imaging/sampler.h"
 #include "imaging/texture.h"
 

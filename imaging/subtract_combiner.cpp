@@ -1,8 +1,8 @@
 #include "imaging/subtract_combiner.h"
 
+#include "imaging/maths/wrap.h"
 #include "imaging/pixel_convert.h"
 #include "imaging/pixel_pairs.h"
-#include "imaging/wrap.h"
 
 namespace ruvex {
 namespace {

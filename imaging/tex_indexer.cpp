@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "imaging/wrap.h"
+#include "imaging/maths/wrap.h"
 
 namespace ruvex {
 namespace {

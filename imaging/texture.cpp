@@ -1,7 +1,7 @@
 #include "imaging/texture.h"
 
 #include "imaging/interpolate.h"
-#include "imaging/wrap.h"
+#include "imaging/maths/wrap.h"
 
 namespace ruvex {
 

@@ -4,10 +4,10 @@
 
 #include "media/file_kind.h"
 #include "media/media_error.h"
-#include "media/sample_convert.h"
-#include "media/still_reader.h"
-#include "media/stream_reader.h"
-#include "media/video_reader.h"
+#include "media/pixels/sample_convert.h"
+#include "media/stills/still_reader.h"
+#include "media/streams/stream_reader.h"
+#include "media/video/video_reader.h"
 
 namespace ruvex::media {
 

@@ -6,9 +6,9 @@
 #include <memory>
 #include <optional>
 
-#include "media/alpha.h"
 #include "media/clip_info.h"
 #include "media/file_kind.h"
+#include "media/pixels/alpha.h"
 
 namespace ruvex::media {
 

@@ -4,10 +4,10 @@
 
 #include "media/file_kind.h"
 #include "media/media_error.h"
-#include "media/still_writer.h"
-#include "media/stream_writer.h"
-#include "media/video_codec.h"
-#include "media/video_writer.h"
+#include "media/stills/still_writer.h"
+#include "media/streams/stream_writer.h"
+#include "media/video/video_codec.h"
+#include "media/video/video_writer.h"
 
 namespace ruvex::media {
 

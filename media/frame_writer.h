@@ -8,10 +8,10 @@
 #include <string>
 #include <vector>
 
-#include "media/alpha.h"
-#include "media/audio_copy.h"
 #include "media/clip_info.h"
 #include "media/file_kind.h"
+#include "media/pixels/alpha.h"
+#include "media/video/audio_copy.h"
 
 namespace ruvex::media {
 

@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "parameters/parameter_id.h"
-#include "sdk/guid.h"
+#include "sdk/com/guid.h"
 
 namespace ruvex {
 

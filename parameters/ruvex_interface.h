@@ -5,7 +5,7 @@
 
 #include <cstdint>
 
-#include "sdk/guid.h"
+#include "sdk/com/guid.h"
 
 namespace ruvex {
 

@@ -3,8 +3,8 @@
 #pragma once
 
 #include "runtime/project.h"
-#include "sdk/com_ptr.h"
-#include "sdk/coord_man.h"
+#include "sdk/com/com_ptr.h"
+#include "sdk/effect/coord_man.h"
 
 namespace ruvex::runtime {
 

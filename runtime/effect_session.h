@@ -11,7 +11,7 @@
 #include "runtime/frame_server.h"
 #include "runtime/module_loader.h"
 #include "runtime/project.h"
-#include "sdk/effect.h"
+#include "sdk/effect/effect.h"
 
 namespace ruvex::runtime {
 

@@ -5,7 +5,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "sdk/com.h"
+#include "sdk/com/com.h"
 
 namespace ruvex::runtime {
 

@@ -6,9 +6,9 @@
 #include <functional>
 #include <memory>
 
-#include "sdk/com_ptr.h"
-#include "sdk/effect_host.h"
-#include "sdk/image.h"
+#include "sdk/com/com_ptr.h"
+#include "sdk/effect/effect_host.h"
+#include "sdk/images/image.h"
 
 namespace ruvex::runtime {
 

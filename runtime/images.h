@@ -3,8 +3,8 @@
 #pragma once
 
 #include "runtime/project.h"
-#include "sdk/com_ptr.h"
-#include "sdk/memory_image.h"
+#include "sdk/com/com_ptr.h"
+#include "sdk/images/memory_image.h"
 
 namespace ruvex::runtime {
 

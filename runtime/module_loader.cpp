@@ -7,8 +7,8 @@
 
 #include "runtime/effect_session.h"
 #include "runtime/error.h"
-#include "sdk/dynamic_library.h"
-#include "sdk/registry.h"
+#include "sdk/com/dynamic_library.h"
+#include "sdk/registry/registry.h"
 
 namespace ruvex::runtime {
 

@@ -5,9 +5,9 @@
 #include <filesystem>
 #include <memory>
 
-#include "sdk/com_ptr.h"
-#include "sdk/module_instance.h"
-#include "sdk/module_table.h"
+#include "sdk/com/com_ptr.h"
+#include "sdk/com/module_instance.h"
+#include "sdk/com/module_table.h"
 
 namespace ruvex::runtime {
 

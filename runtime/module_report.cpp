@@ -4,9 +4,9 @@
 
 #include "runtime/effect_session.h"
 #include "runtime/error.h"
-#include "sdk/registry.h"
-#include "sdk/resources.h"
-#include "sdk/utf8.h"
+#include "sdk/com/utf8.h"
+#include "sdk/registry/registry.h"
+#include "sdk/resources/resources.h"
 
 namespace ruvex::runtime {
 namespace {

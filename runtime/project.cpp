@@ -4,7 +4,7 @@
 #include <string>
 
 #include "runtime/error.h"
-#include "sdk/content.h"
+#include "sdk/effect/content.h"
 
 namespace ruvex::runtime {
 

@@ -1,6 +1,6 @@
 #include "stages/contrast_curve.h"
 
-#include "imaging/maths.h"
+#include "imaging/maths/maths.h"
 
 namespace ruvex {
 namespace {

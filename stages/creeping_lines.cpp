@@ -4,9 +4,9 @@
 #include <cmath>
 #include <limits>
 
-#include "imaging/maths.h"
-#include "imaging/random.h"
-#include "imaging/wrap.h"
+#include "imaging/maths/maths.h"
+#include "imaging/maths/random.h"
+#include "imaging/maths/wrap.h"
 #include "stages/stage_pixel.h"
 
 namespace ruvex {

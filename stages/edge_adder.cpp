@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include "imaging/random.h"
-#include "imaging/wrap.h"
+#include "imaging/maths/random.h"
+#include "imaging/maths/wrap.h"
 #include "stages/noise_row.h"
 #include "stages/stage_pixel.h"
 

@@ -4,8 +4,8 @@
 
 #include <cstdint>
 
-#include "imaging/gradient_noise.h"
 #include "imaging/img_proc.h"
+#include "imaging/noise/gradient_noise.h"
 #include "imaging/texture.h"
 #include "stages/rows_read.h"
 

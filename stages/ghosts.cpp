@@ -4,10 +4,10 @@
 #include <new>
 
 #include "imaging/buffer.h"
-#include "imaging/gradient_noise.h"
+#include "imaging/maths/random.h"
+#include "imaging/noise/gradient_noise.h"
 #include "imaging/pixel_convert.h"
-#include "imaging/random.h"
-#include "stages/row_kernels.h"
+#include "stages/kernels/row_kernels.h"
 
 namespace ruvex {
 namespace {

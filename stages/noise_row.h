@@ -6,8 +6,8 @@
 #include <memory>
 #include <new>
 
-#include "imaging/gradient_noise.h"
 #include "imaging/img_proc.h"
+#include "imaging/noise/gradient_noise.h"
 
 namespace ruvex {
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <limits>
 
+#include "imaging/maths/wrap.h"
 #include "imaging/pixel_convert.h"
-#include "imaging/wrap.h"
 #include "stages/edge_adder.h"
 #include "stages/padder.h"
 #include "stages/signal_rows.h"

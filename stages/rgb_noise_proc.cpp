@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <cmath>
 
-#include "imaging/noise_gen.h"
-#include "imaging/rgba_noise_gen.h"
-#include "imaging/soft_noise_rows.h"
-#include "stages/row_kernels.h"
+#include "imaging/noise/noise_gen.h"
+#include "imaging/noise/rgba_noise_gen.h"
+#include "imaging/noise/soft_noise_rows.h"
+#include "stages/kernels/row_kernels.h"
 #include "stages/source_runs.h"
 #include "stages/stage_pixel.h"
 

@@ -5,7 +5,7 @@
 #include <cstdint>
 
 #include "imaging/img_proc.h"
-#include "imaging/noise_rows.h"
+#include "imaging/noise/noise_rows.h"
 #include "imaging/texture.h"
 #include "stages/grain_shape.h"
 

@@ -9,10 +9,10 @@
 
 #include "imaging/copy_samplers.h"
 #include "imaging/frame_generator.h"
+#include "imaging/maths/random.h"
+#include "imaging/maths/wrap.h"
 #include "imaging/mix_combiner.h"
-#include "imaging/random.h"
 #include "imaging/threads.h"
-#include "imaging/wrap.h"
 #include "stages/creeping_lines.h"
 #include "stages/ghosts.h"
 #include "stages/padded_source.h"

@@ -1,6 +1,6 @@
 #include "stages/scan_line_adder.h"
 
-#include "stages/row_kernels.h"
+#include "stages/kernels/row_kernels.h"
 #include "stages/source_runs.h"
 
 namespace ruvex {

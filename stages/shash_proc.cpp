@@ -6,12 +6,12 @@
 #include <new>
 
 #include "imaging/frame_generator.h"
-#include "imaging/maths.h"
-#include "imaging/random.h"
-#include "imaging/wrap.h"
+#include "imaging/maths/maths.h"
+#include "imaging/maths/random.h"
+#include "imaging/maths/wrap.h"
+#include "stages/kernels/row_kernels.h"
 #include "stages/noise_row.h"
 #include "stages/rgb_noise_proc.h"
-#include "stages/row_kernels.h"
 #include "stages/stage_pixel.h"
 
 namespace ruvex {

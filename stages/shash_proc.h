@@ -5,8 +5,8 @@
 #include <array>
 #include <cstdint>
 
-#include "imaging/gradient_noise.h"
 #include "imaging/img_proc.h"
+#include "imaging/noise/gradient_noise.h"
 #include "imaging/texture.h"
 
 namespace ruvex {

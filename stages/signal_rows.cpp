@@ -4,11 +4,11 @@
 #include <cmath>
 #include <new>
 
-#include "imaging/gradient_noise.h"
-#include "imaging/maths.h"
-#include "imaging/random.h"
-#include "imaging/wrap.h"
-#include "stages/row_kernels.h"
+#include "imaging/maths/maths.h"
+#include "imaging/maths/random.h"
+#include "imaging/maths/wrap.h"
+#include "imaging/noise/gradient_noise.h"
+#include "stages/kernels/row_kernels.h"
 #include "stages/source_runs.h"
 #include "stages/stage_pixel.h"
 

@@ -5,7 +5,7 @@
 #include <cstdint>
 
 #include "imaging/line_copier.h"
-#include "imaging/wrap.h"
+#include "imaging/maths/wrap.h"
 
 namespace ruvex {
 

@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <cmath>
 
-#include "imaging/gradient_noise.h"
-#include "imaging/maths.h"
-#include "imaging/random.h"
-#include "imaging/wrap.h"
+#include "imaging/maths/maths.h"
+#include "imaging/maths/random.h"
+#include "imaging/maths/wrap.h"
+#include "imaging/noise/gradient_noise.h"
 #include "stages/noise_row.h"
 #include "stages/stage_pixel.h"
 

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "imaging/blur_gauss.h"
-#include "imaging/maths.h"
-#include "imaging/wrap.h"
+#include "imaging/blur/blur_gauss.h"
+#include "imaging/maths/maths.h"
+#include "imaging/maths/wrap.h"
 #include "stages/stage_pixel.h"
 
 namespace ruvex {

@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "imaging/copy_samplers.h"
+#include "imaging/maths/wrap.h"
 #include "imaging/pixel_convert.h"
-#include "imaging/wrap.h"
 
 namespace ruvex {
 namespace {

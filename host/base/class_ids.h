@@ -2,7 +2,7 @@
 
 #pragma once
 
-#include "sdk/guid.h"
+#include "sdk/com/guid.h"
 
 namespace ruvex {
 

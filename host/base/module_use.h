@@ -5,7 +5,7 @@
 #include <atomic>
 #include <cstdint>
 
-#include "sdk/module_instance.h"
+#include "sdk/com/module_instance.h"
 
 namespace ruvex {
 

@@ -1,7 +1,7 @@
 #include "host/base/overlay_use.h"
 
 #include "host/base/class_ids.h"
-#include "sdk/viewer_controller.h"
+#include "sdk/viewer/viewer_controller.h"
 
 namespace ruvex {
 

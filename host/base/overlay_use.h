@@ -2,7 +2,7 @@
 
 #pragma once
 
-#include "sdk/com_ptr.h"
+#include "sdk/com/com_ptr.h"
 
 namespace ruvex {
 

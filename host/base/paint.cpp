@@ -3,7 +3,7 @@
 #include <limits>
 
 #include "host/base/channel_mask.h"
-#include "imaging/wrap.h"
+#include "imaging/maths/wrap.h"
 
 namespace ruvex {
 namespace {

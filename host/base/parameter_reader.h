@@ -3,7 +3,7 @@
 #pragma once
 
 #include "host/base/parameter_values.h"
-#include "sdk/property_container.h"
+#include "sdk/properties/property_container.h"
 
 namespace ruvex {
 

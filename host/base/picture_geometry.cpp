@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "sdk/content.h"
+#include "sdk/effect/content.h"
 
 namespace ruvex {
 namespace {

@@ -4,8 +4,8 @@
 
 #include <cstdint>
 
-#include "sdk/coord_man.h"
-#include "sdk/image.h"
+#include "sdk/effect/coord_man.h"
+#include "sdk/images/image.h"
 
 namespace ruvex {
 

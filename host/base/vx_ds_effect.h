@@ -9,7 +9,7 @@
 #include "host/base/overlay_use.h"
 #include "host/base/parameter_values.h"
 #include "imaging/interruption.h"
-#include "sdk/com.h"
+#include "sdk/com/com.h"
 
 namespace ruvex {
 

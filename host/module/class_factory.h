@@ -6,8 +6,8 @@
 #include <mutex>
 
 #include "host/base/module_use.h"
-#include "sdk/com.h"
-#include "sdk/guarded.h"
+#include "sdk/com/com.h"
+#include "sdk/com/guarded.h"
 
 namespace ruvex {
 

@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <span>
 
-#include "sdk/com.h"
+#include "sdk/com/com.h"
 
 namespace ruvex {
 

@@ -2,8 +2,8 @@
 
 #include "host/base/module_use.h"
 #include "host/module/class_table.h"
-#include "sdk/registry.h"
-#include "sdk/resources.h"
+#include "sdk/registry/registry.h"
+#include "sdk/resources/resources.h"
 
 namespace ruvex {
 namespace {

@@ -2,8 +2,8 @@
 
 #pragma once
 
-#include "sdk/com.h"
-#include "sdk/module_entry.h"
+#include "sdk/com/com.h"
+#include "sdk/com/module_entry.h"
 
 /// 0 when nothing of the module is in use, else 1.
 DS_MODULE_ENTRY HRESULT DllCanUnloadNow();

@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
-#include "media/raw_frame.h"
+#include "media/stills/raw_frame.h"
 #include "parameters/parameter_table.h"
 #include "tests/cli/run_command.h"
 #include "tests/media/temp_folder.h"

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "cli/comparison.h"
-#include "media/raw_frame.h"
+#include "media/stills/raw_frame.h"
 #include "tests/cli/run_command.h"
 #include "tests/media/temp_folder.h"
 #include "tests/media/test_clips.h"

@@ -1,14 +1,14 @@
 // Each field rendered as a picture of its own.
 
-#include "media/fields.h"
+#include "media/pixels/fields.h"
 
 #include <gtest/gtest.h>
 
 #include "cli/field_region.h"
 #include "cli/parameter_choice.h"
 #include "cli/ruvex_control.h"
-#include "media/raw_frame.h"
-#include "media/still_file.h"
+#include "media/stills/raw_frame.h"
+#include "media/stills/still_file.h"
 #include "parameters/presets.h"
 #include "runtime/images.h"
 #include "tests/cli/run_command.h"

@@ -4,7 +4,7 @@
 #include <signal.h>
 #include <thread>
 
-#include "media/raw_frame.h"
+#include "media/stills/raw_frame.h"
 #include "tests/cli/run_command.h"
 #include "tests/media/temp_folder.h"
 #include "tests/media/test_clips.h"

@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "media/partial_file.h"
-#include "media/raw_frame.h"
+#include "media/stills/raw_frame.h"
 #include "tests/cli/run_command.h"
 #include "tests/media/temp_folder.h"
 #include "tests/media/test_clips.h"

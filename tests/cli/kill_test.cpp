@@ -8,7 +8,7 @@
 
 #include "media/frame_reader.h"
 #include "media/partial_file.h"
-#include "media/raw_frame.h"
+#include "media/stills/raw_frame.h"
 #include "tests/cli/run_command.h"
 #include "tests/media/temp_folder.h"
 #include "tests/media/test_clips.h"

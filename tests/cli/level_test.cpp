@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 #include <iterator>
 
-#include "media/raw_frame.h"
+#include "media/stills/raw_frame.h"
 #include "tests/cli/csv_table.h"
 #include "tests/cli/xml_check.h"
 #include "tests/media/temp_folder.h"

@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "cli/mask_image.h"
-#include "media/raw_frame.h"
-#include "media/still_file.h"
+#include "media/stills/raw_frame.h"
+#include "media/stills/still_file.h"
 #include "tests/cli/run_command.h"
 #include "tests/media/temp_folder.h"
 #include "tests/media/test_clips.h"

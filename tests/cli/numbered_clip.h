@@ -6,7 +6,7 @@
 #include <optional>
 #include <vector>
 
-#include "media/raw_frame.h"
+#include "media/stills/raw_frame.h"
 #include "tests/cli/run_command.h"
 #include "tests/media/temp_folder.h"
 

@@ -7,8 +7,8 @@
 #include <iterator>
 #include <sstream>
 
-#include "media/raw_frame.h"
-#include "media/still_file.h"
+#include "media/stills/raw_frame.h"
+#include "media/stills/still_file.h"
 #include "tests/cli/run_command.h"
 #include "tests/cli/xml_check.h"
 #include "tests/media/temp_folder.h"

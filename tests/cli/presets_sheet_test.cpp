@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
-#include "media/contact_sheet.h"
-#include "media/raw_frame.h"
-#include "media/row_order.h"
-#include "media/still_file.h"
+#include "media/pixels/row_order.h"
+#include "media/stills/contact_sheet.h"
+#include "media/stills/raw_frame.h"
+#include "media/stills/still_file.h"
 #include "parameters/presets.h"
 #include "tests/cli/run_command.h"
 #include "tests/media/temp_folder.h"

@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
 #include "media/frame_reader.h"
-#include "media/raw_frame.h"
-#include "media/sample_convert.h"
+#include "media/pixels/sample_convert.h"
+#include "media/stills/raw_frame.h"
 #include "tests/cli/run_command.h"
 #include "tests/media/temp_folder.h"
 #include "tests/media/test_clips.h"

@@ -3,7 +3,7 @@
 #include <nlohmann/json.hpp>
 #include <sstream>
 
-#include "media/raw_frame.h"
+#include "media/stills/raw_frame.h"
 #include "parameters/parameter_table.h"
 #include "parameters/presets.h"
 #include "tests/cli/run_command.h"

@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "parameters/ruvex_interface.h"
-#include "sdk/content.h"
+#include "sdk/effect/content.h"
 #include "tests/effect/render_fixture.h"
 
 namespace ruvex::test {

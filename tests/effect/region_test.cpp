@@ -4,8 +4,8 @@
 #include <cmath>
 #include <gtest/gtest.h>
 
-#include "imaging/gradient_noise.h"
-#include "imaging/random.h"
+#include "imaging/maths/random.h"
+#include "imaging/noise/gradient_noise.h"
 #include "tests/effect/support/broken_signal.h"
 #include "tests/effect/support/module_workers.h"
 #include "tests/imaging/support/random.h"

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <gtest/gtest.h>
 
-#include "imaging/gradient_noise.h"
+#include "imaging/noise/gradient_noise.h"
 #include "tests/effect/support/noise_count.h"
 #include "tests/effect/support/parameter_set.h"
 

@@ -5,8 +5,8 @@
 #include <cstring>
 
 #include "media/media_error.h"
-#include "media/raw_frame.h"
-#include "media/raw_stream.h"
+#include "media/stills/raw_frame.h"
+#include "media/streams/raw_stream.h"
 #include "tests/fuzz/fuzz.h"
 
 namespace {

@@ -1,6 +1,6 @@
 // The registry's file.
 
-#include "sdk/registry_contents.h"
+#include "sdk/registry/registry_contents.h"
 #include "tests/fuzz/fuzz.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

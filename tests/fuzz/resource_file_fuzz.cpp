@@ -1,6 +1,6 @@
 // Compiled resources.
 
-#include "sdk/resource_file.h"
+#include "sdk/resources/resource_file.h"
 #include "tests/fuzz/fuzz.h"
 
 namespace {

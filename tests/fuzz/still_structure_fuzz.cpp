@@ -2,7 +2,7 @@
 
 #include <span>
 
-#include "media/still_structure.h"
+#include "media/stills/still_structure.h"
 #include "tests/fuzz/fuzz.h"
 
 namespace {

@@ -1,7 +1,7 @@
 // The first line of a Y4M stream.
 
 #include "media/media_error.h"
-#include "media/y4m_header.h"
+#include "media/streams/y4m_header.h"
 #include "tests/fuzz/fuzz.h"
 
 namespace {

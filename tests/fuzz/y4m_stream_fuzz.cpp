@@ -1,7 +1,7 @@
 // Whole Y4M streams.
 
 #include "media/media_error.h"
-#include "media/y4m_stream.h"
+#include "media/streams/y4m_stream.h"
 #include "tests/fuzz/fuzz.h"
 
 namespace {

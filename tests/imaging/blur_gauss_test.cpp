@@ -1,4 +1,4 @@
-#include "imaging/blur_gauss.h"
+#include "imaging/blur/blur_gauss.h"
 
 #include <gtest/gtest.h>
 

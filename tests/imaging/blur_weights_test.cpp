@@ -1,4 +1,4 @@
-#include "imaging/blur_weights.h"
+#include "imaging/blur/blur_weights.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "imaging/blur_gauss.h"
-#include "imaging/channel_blur_sampler.h"
+#include "imaging/blur/blur_gauss.h"
+#include "imaging/blur/channel_blur_sampler.h"
 #include "imaging/mix_combiner.h"
 #include "imaging/subtract_combiner.h"
 #include "tests/imaging/support/canvas.h"

@@ -1,4 +1,4 @@
-#include "imaging/lens_warper.h"
+#include "imaging/warp/lens_warper.h"
 
 #include <cmath>
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "imaging/matrix3.h"
+#include "imaging/maths/matrix3.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

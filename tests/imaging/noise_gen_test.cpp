@@ -1,6 +1,6 @@
 // The noise pictures: values, windows, threads and softness.
 
-#include "imaging/noise_gen.h"
+#include "imaging/noise/noise_gen.h"
 
 #include <algorithm>
 #include <cmath>
@@ -8,10 +8,10 @@
 #include <gtest/gtest.h>
 #include <random>
 
-#include "imaging/blur_gauss.h"
-#include "imaging/channel_blur_sampler.h"
-#include "imaging/noise_kernels.h"
-#include "imaging/rgba_noise_gen.h"
+#include "imaging/blur/blur_gauss.h"
+#include "imaging/blur/channel_blur_sampler.h"
+#include "imaging/kernels/noise_kernels.h"
+#include "imaging/noise/rgba_noise_gen.h"
 #include "imaging/threads.h"
 
 namespace ruvex {

@@ -6,8 +6,8 @@
 #include <gtest/gtest.h>
 #include <random>
 
-#include "imaging/gradient_noise.h"
-#include "imaging/random.h"
+#include "imaging/maths/random.h"
+#include "imaging/noise/gradient_noise.h"
 
 namespace ruvex {
 namespace {

@@ -1,9 +1,9 @@
-#include "imaging/warp_render.h"
+#include "imaging/warp/warp_render.h"
 
 #include <atomic>
 #include <gtest/gtest.h>
 
-#include "imaging/lens_warper.h"
+#include "imaging/warp/lens_warper.h"
 #include "tests/imaging/support/canvas.h"
 
 namespace ruvex::test {

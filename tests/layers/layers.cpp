@@ -57,7 +57,7 @@ std::string angledComplaint(const Layer& layer, std::string_view name) {
 const std::vector<Layer>& layers() {
     static const std::vector<Layer> all = {
         {"imaging", {}, true},
-        {"parameters", {"sdk/guid.h"}, true},
+        {"parameters", {"sdk/com/guid.h"}, true},
         {"stages", {"imaging"}, true},
         {"sdk", {}},
         {"host/base", {"stages", "imaging", "sdk", "parameters"}},

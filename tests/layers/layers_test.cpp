@@ -77,10 +77,10 @@ TEST(Layers, NoTwoLayersMayIncludeEachOther) {
 }
 
 TEST(Layers, ArrowsThatPointUpAreRefused) {
-    EXPECT_NE(complaint("imaging/texture.h", "#include \"sdk/image.h\""), "");
+    EXPECT_NE(complaint("imaging/texture.h", "#include \"sdk/images/image.h\""), "");
     EXPECT_NE(complaint("imaging/texture.h", "#include \"parameters/strings.h\""), "");
-    EXPECT_NE(complaint("parameters/strings.cpp", "#include \"sdk/com.h\""), "");
-    EXPECT_NE(complaint("sdk/effect.h", "#include \"parameters/strings.h\""), "");
+    EXPECT_NE(complaint("parameters/strings.cpp", "#include \"sdk/com/com.h\""), "");
+    EXPECT_NE(complaint("sdk/effect/effect.h", "#include \"parameters/strings.h\""), "");
     EXPECT_NE(complaint("stages/snow.cpp", "  #  include \"effect/ruvex.h\""), "");
     EXPECT_NE(complaint("stages/snow.cpp", "#include \"parameters/parameter_table.h\""), "");
     EXPECT_NE(complaint("host/base/vx_ds_effect.h", "#include \"host/module/factory.h\""), "");
@@ -97,12 +97,12 @@ TEST(Layers, ArrowsThatPointUpAreRefused) {
 
 TEST(Layers, ArrowsThatPointDownAreAllowed) {
     EXPECT_EQ(complaint("imaging/texture.cpp", "#include \"imaging/texture.h\""), "");
-    EXPECT_EQ(complaint("parameters/strings.cpp", "#include \"sdk/guid.h\""), "");
+    EXPECT_EQ(complaint("parameters/strings.cpp", "#include \"sdk/com/guid.h\""), "");
     EXPECT_EQ(complaint("host/module/factory.cpp", "#include \"host/base/module.h\""), "");
     EXPECT_EQ(complaint("pages/resources/dialogs.h", "#include \"pages/page.h\""), "");
     EXPECT_EQ(complaint("effect/ruvex.cpp", "#include \"stages/snow.h\""), "");
     EXPECT_EQ(complaint("cli/main.cpp", "#include \"runtime/host.h\""), "");
-    EXPECT_EQ(complaint("imaging/texture.cpp", "// #include \"sdk/com.h\""), "");
+    EXPECT_EQ(complaint("imaging/texture.cpp", "// #include \"sdk/com/com.h\""), "");
     EXPECT_EQ(complaint("imaging/texture.cpp", "#define X"), "");
 }
 
@@ -113,7 +113,7 @@ TEST(Layers, OutsideLibrariesStayWithTheirUsers) {
     EXPECT_NE(complaint("pages/page.cpp", "#include <GL/gl.h>"), "");
     EXPECT_EQ(complaint("imaging/threads.cpp", "#include <thread>"), "");
     EXPECT_EQ(complaint("media/reader.cpp", "#include <libavutil/frame.h>"), "");
-    EXPECT_EQ(complaint("sdk/com.h", "#include <objbase.h>"), "");
+    EXPECT_EQ(complaint("sdk/com/com.h", "#include <objbase.h>"), "");
     EXPECT_EQ(complaint("overlay/draw.cpp", "#include <GL/gl.h>"), "");
 }
 

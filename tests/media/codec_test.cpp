@@ -3,7 +3,7 @@
 
 #include "media/frame_reader.h"
 #include "media/frame_writer.h"
-#include "media/video_codec.h"
+#include "media/video/video_codec.h"
 #include "tests/media/temp_folder.h"
 #include "tests/media/test_clips.h"
 

@@ -1,12 +1,12 @@
-#include "media/contact_sheet.h"
+#include "media/stills/contact_sheet.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <set>
 
-#include "media/row_order.h"
-#include "media/scale_frame.h"
-#include "media/text_label.h"
+#include "media/pixels/row_order.h"
+#include "media/pixels/scale_frame.h"
+#include "media/stills/text_label.h"
 #include "tests/media/test_clips.h"
 
 namespace ruvex::media {

@@ -1,12 +1,12 @@
-#include "media/fields.h"
+#include "media/pixels/fields.h"
 
 #include <fstream>
 #include <gtest/gtest.h>
 
 #include "media/frame_reader.h"
 #include "media/frame_writer.h"
-#include "media/raw_frame.h"
-#include "media/row_order.h"
+#include "media/pixels/row_order.h"
+#include "media/stills/raw_frame.h"
 #include "tests/media/temp_folder.h"
 #include "tests/media/test_clips.h"
 

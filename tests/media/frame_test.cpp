@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "media/row_order.h"
-#include "media/sample_convert.h"
+#include "media/pixels/row_order.h"
+#include "media/pixels/sample_convert.h"
 #include "tests/media/test_clips.h"
 
 namespace ruvex::media {

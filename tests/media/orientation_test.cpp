@@ -1,10 +1,10 @@
-#include "media/orientation.h"
+#include "media/pixels/orientation.h"
 
 #include <fstream>
 #include <gtest/gtest.h>
 
 #include "media/frame_reader.h"
-#include "media/row_order.h"
+#include "media/pixels/row_order.h"
 #include "tests/media/temp_folder.h"
 #include "tests/media/test_clips.h"
 

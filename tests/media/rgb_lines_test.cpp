@@ -1,4 +1,4 @@
-#include "media/rgb_lines.h"
+#include "media/pixels/rgb_lines.h"
 
 extern "C" {
 #include <libavutil/imgutils.h>
@@ -11,7 +11,7 @@ extern "C" {
 #include <random>
 #include <vector>
 
-#include "media/placed_numbers.h"
+#include "media/pixels/placed_numbers.h"
 
 namespace ruvex::media {
 namespace {

@@ -6,9 +6,9 @@
 #include "media/frame_reader.h"
 #include "media/frame_writer.h"
 #include "media/media_error.h"
-#include "media/raw_frame.h"
-#include "media/sample_convert.h"
-#include "media/still_file.h"
+#include "media/pixels/sample_convert.h"
+#include "media/stills/raw_frame.h"
+#include "media/stills/still_file.h"
 #include "tests/media/temp_folder.h"
 #include "tests/media/test_clips.h"
 

@@ -1,4 +1,4 @@
-#include "media/still_structure.h"
+#include "media/stills/still_structure.h"
 
 #include <gtest/gtest.h>
 

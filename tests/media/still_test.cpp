@@ -3,8 +3,8 @@
 
 #include "media/frame_reader.h"
 #include "media/frame_writer.h"
-#include "media/raw_frame.h"
-#include "media/still_file.h"
+#include "media/stills/raw_frame.h"
+#include "media/stills/still_file.h"
 #include "tests/media/temp_folder.h"
 #include "tests/media/test_clips.h"
 

@@ -4,8 +4,8 @@
 #include <thread>
 #include <unistd.h>
 
-#include "media/stream_reader.h"
-#include "media/stream_writer.h"
+#include "media/streams/stream_reader.h"
+#include "media/streams/stream_writer.h"
 #include "tests/media/temp_folder.h"
 #include "tests/media/test_clips.h"
 

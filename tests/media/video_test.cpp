@@ -4,7 +4,7 @@
 
 #include "media/frame_reader.h"
 #include "media/frame_writer.h"
-#include "media/sample_convert.h"
+#include "media/pixels/sample_convert.h"
 #include "tests/media/temp_folder.h"
 #include "tests/media/test_clips.h"
 

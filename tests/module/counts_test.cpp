@@ -7,7 +7,7 @@
 
 #include "host/base/module_use.h"
 #include "host/module/class_factory.h"
-#include "sdk/effect.h"
+#include "sdk/effect/effect.h"
 #include "tests/module/linked_module.h"
 #include "tests/support/plain_object.h"
 

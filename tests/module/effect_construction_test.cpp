@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 #include <type_traits>
 
-#include "sdk/content.h"
+#include "sdk/effect/content.h"
 #include "tests/module/made_effect.h"
 
 namespace ruvex::test {

@@ -6,7 +6,7 @@
 
 #include "host/base/class_ids.h"
 #include "host/module/entry_points.h"
-#include "sdk/com_ptr.h"
+#include "sdk/com/com_ptr.h"
 
 namespace ruvex::test {
 

@@ -4,8 +4,8 @@
 #include <gtest/gtest.h>
 
 #include "effect/ruvex.h"
-#include "sdk/module_table.h"
-#include "sdk/viewer_controller.h"
+#include "sdk/com/module_table.h"
+#include "sdk/viewer/viewer_controller.h"
 #include "tests/effect/render_fixture.h"
 #include "tests/support/plain_object.h"
 

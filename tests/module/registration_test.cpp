@@ -4,7 +4,7 @@
 
 #include "host/base/class_ids.h"
 #include "runtime/error.h"
-#include "sdk/dynamic_library.h"
+#include "sdk/com/dynamic_library.h"
 #include "tests/effect/render_fixture.h"
 #include "tests/support/scripted_registry.h"
 

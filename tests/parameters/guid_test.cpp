@@ -1,4 +1,4 @@
-#include "sdk/guid.h"
+#include "sdk/com/guid.h"
 
 #include <gtest/gtest.h>
 #include <map>

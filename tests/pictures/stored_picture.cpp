@@ -4,7 +4,7 @@
 #include <cstdlib>
 
 #include "media/media_error.h"
-#include "media/still_file.h"
+#include "media/stills/still_file.h"
 
 namespace ruvex::test {
 namespace {

@@ -1,4 +1,4 @@
-#include "sdk/resources.h"
+#include "sdk/resources/resources.h"
 
 #include <algorithm>
 #include <fstream>
@@ -10,7 +10,7 @@
 
 #include "pages/resources/resources.h"
 #include "parameters/strings.h"
-#include "sdk/resource_file.h"
+#include "sdk/resources/resource_file.h"
 
 namespace ruvex {
 namespace {

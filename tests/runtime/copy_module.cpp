@@ -5,8 +5,8 @@
 #include <new>
 
 #include "runtime/effect_session.h"
-#include "sdk/module_entry.h"
-#include "sdk/registry.h"
+#include "sdk/com/module_entry.h"
+#include "sdk/registry/registry.h"
 #include "tests/support/copy_effect.h"
 
 namespace {

@@ -9,7 +9,7 @@
 
 #include "runtime/effect_session.h"
 #include "runtime/images.h"
-#include "sdk/dynamic_library.h"
+#include "sdk/com/dynamic_library.h"
 
 namespace ruvex::runtime::test {
 

@@ -5,7 +5,7 @@
 #include <limits>
 
 #include "runtime/error.h"
-#include "sdk/content.h"
+#include "sdk/effect/content.h"
 
 namespace ruvex::runtime {
 namespace {

@@ -1,4 +1,4 @@
-#include "sdk/animation.h"
+#include "sdk/properties/animation.h"
 
 #include <gtest/gtest.h>
 #include <limits>

@@ -1,8 +1,8 @@
-#include "sdk/com.h"
+#include "sdk/com/com.h"
 
 #include <gtest/gtest.h>
 
-#include "sdk/com_ptr.h"
+#include "sdk/com/com_ptr.h"
 #include "tests/support/copy_effect.h"
 
 namespace ruvex::test {

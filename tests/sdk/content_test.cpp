@@ -1,4 +1,4 @@
-#include "sdk/content.h"
+#include "sdk/effect/content.h"
 
 #include <gtest/gtest.h>
 #include <thread>

@@ -1,10 +1,10 @@
-#include "sdk/image_effect.h"
+#include "sdk/effect/image_effect.h"
 
 #include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
 
-#include "sdk/memory_image.h"
+#include "sdk/images/memory_image.h"
 #include "tests/support/copy_effect.h"
 
 namespace ruvex::test {

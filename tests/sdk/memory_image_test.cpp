@@ -1,4 +1,4 @@
-#include "sdk/memory_image.h"
+#include "sdk/images/memory_image.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>

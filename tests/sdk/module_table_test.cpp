@@ -1,10 +1,10 @@
-#include "sdk/module_table.h"
+#include "sdk/com/module_table.h"
 
 #include <atomic>
 #include <gtest/gtest.h>
 #include <thread>
 
-#include "sdk/com_ptr.h"
+#include "sdk/com/com_ptr.h"
 #include "tests/support/copy_effect.h"
 
 namespace ruvex::test {

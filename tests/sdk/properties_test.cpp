@@ -1,4 +1,4 @@
-#include "sdk/properties.h"
+#include "sdk/properties/properties.h"
 
 #include <gtest/gtest.h>
 #include <limits>

@@ -6,8 +6,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include "sdk/registry.h"
-#include "sdk/registry_contents.h"
+#include "sdk/registry/registry.h"
+#include "sdk/registry/registry_contents.h"
 
 namespace ruvex::test {
 namespace {

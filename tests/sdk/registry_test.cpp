@@ -1,4 +1,4 @@
-#include "sdk/registry.h"
+#include "sdk/registry/registry.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "sdk/utf8.h"
+#include "sdk/com/utf8.h"
 
 #include <gtest/gtest.h>
 

@@ -1,9 +1,9 @@
-#include "sdk/viewer_controller.h"
+#include "sdk/viewer/viewer_controller.h"
 
 #include <gtest/gtest.h>
 
-#include "sdk/image.h"
-#include "sdk/memory_image.h"
+#include "sdk/images/image.h"
+#include "sdk/images/memory_image.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include <cmath>
 #include <gtest/gtest.h>
 
-#include "imaging/random.h"
+#include "imaging/maths/random.h"
 #include "tests/imaging/support/canvas.h"
 #include "tests/imaging/support/workers.h"
 

@@ -6,7 +6,7 @@
 #include <cstdint>
 
 #include "parameters/ruvex_interface.h"
-#include "sdk/effect.h"
+#include "sdk/effect/effect.h"
 
 namespace ruvex::test {
 

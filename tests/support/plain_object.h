@@ -4,7 +4,7 @@
 
 #include <functional>
 
-#include "sdk/com.h"
+#include "sdk/com/com.h"
 
 namespace ruvex::test {
 

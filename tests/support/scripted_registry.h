@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "sdk/registry.h"
+#include "sdk/registry/registry.h"
 
 namespace ruvex::test {
 

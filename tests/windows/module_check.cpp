@@ -1,7 +1,7 @@
 #include "runtime/effect_session.h"
 #include "runtime/module_report.h"
-#include "sdk/registry.h"
-#include "sdk/registry_key.h"
+#include "sdk/registry/registry.h"
+#include "sdk/registry/registry_key.h"
 #include "tests/windows/checks.h"
 
 namespace ruvex::test {

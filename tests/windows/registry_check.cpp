@@ -1,6 +1,6 @@
-#include "sdk/registry.h"
-#include "sdk/registry_key.h"
-#include "sdk/utf8.h"
+#include "sdk/com/utf8.h"
+#include "sdk/registry/registry.h"
+#include "sdk/registry/registry_key.h"
 #include "tests/windows/checks.h"
 
 namespace ruvex::test {

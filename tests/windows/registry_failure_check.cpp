@@ -3,9 +3,9 @@
 // Needs the one before.
 #include <sddl.h>
 
-#include "sdk/registry_key.h"
-#include "sdk/registry_store.h"
-#include "sdk/utf8.h"
+#include "sdk/com/utf8.h"
+#include "sdk/registry/registry_key.h"
+#include "sdk/registry/registry_store.h"
 #include "tests/windows/checks.h"
 
 namespace ruvex::test {

@@ -6,7 +6,7 @@
 #include <numbers>
 #include <set>
 
-#include "imaging/gradient_noise.h"
+#include "imaging/noise/gradient_noise.h"
 #include "tests/effect/support/broken_signal.h"
 #include "tests/effect/support/module_workers.h"
 #include "tests/imaging/support/random.h"

@@ -5,7 +5,7 @@
 #include <map>
 #include <numbers>
 
-#include "imaging/gradient_noise.h"
+#include "imaging/noise/gradient_noise.h"
 #include "tests/effect/support/broken_signal.h"
 #include "tests/effect/support/module_workers.h"
 

@@ -3,8 +3,8 @@
 #include <array>
 #include <gtest/gtest.h>
 
-#include "imaging/gradient_noise.h"
-#include "imaging/random.h"
+#include "imaging/maths/random.h"
+#include "imaging/noise/gradient_noise.h"
 #include "tests/effect/support/broken_signal.h"
 
 namespace ruvex::test {

@@ -1,6 +1,6 @@
 #include "tests/effect/support/noise_count.h"
 
-#include "imaging/gradient_noise.h"
+#include "imaging/noise/gradient_noise.h"
 
 namespace {
 thread_local std::uint64_t calls = 0;

@@ -8,7 +8,7 @@
 #include <cstdint>
 
 #include "host/base/parameter_reader.h"
-#include "imaging/gradient_noise.h"
+#include "imaging/noise/gradient_noise.h"
 
 namespace ruvex::twin {
 

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "imaging/blur_gauss.h"
+#include "imaging/blur/blur_gauss.h"
 #include "tests/imaging/property/imager_case.h"
 #include "tests/imaging/twins/blur_twin.h"
 

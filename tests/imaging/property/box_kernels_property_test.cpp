@@ -2,7 +2,7 @@
 #include <new>
 #include <vector>
 
-#include "imaging/box_kernels.h"
+#include "imaging/kernels/box_kernels.h"
 #include "tests/imaging/property/imager_case.h"
 
 namespace ruvex::test {

@@ -4,7 +4,7 @@
 #include <cmath>
 #include <gtest/gtest.h>
 
-#include "imaging/lens_warper.h"
+#include "imaging/warp/lens_warper.h"
 #include "tests/imaging/property/imager_case.h"
 #include "tests/imaging/twins/lens_twin.h"
 

@@ -9,7 +9,7 @@
 #include <limits>
 #include <random>
 
-#include "imaging/maths.h"
+#include "imaging/maths/maths.h"
 
 namespace ruvex {
 namespace {

@@ -5,11 +5,11 @@
 #include <gtest/gtest.h>
 #include <vector>
 
-#include "imaging/maths.h"
-#include "imaging/noise_gen.h"
-#include "imaging/noise_kernels.h"
-#include "imaging/rgba_noise_gen.h"
-#include "imaging/soft_noise_rows.h"
+#include "imaging/kernels/noise_kernels.h"
+#include "imaging/maths/maths.h"
+#include "imaging/noise/noise_gen.h"
+#include "imaging/noise/rgba_noise_gen.h"
+#include "imaging/noise/soft_noise_rows.h"
 #include "tests/imaging/support/random.h"
 
 namespace ruvex::test {

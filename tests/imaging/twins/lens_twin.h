@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include "imaging/maths.h"
-#include "imaging/warp_render.h"
+#include "imaging/maths/maths.h"
+#include "imaging/warp/warp_render.h"
 #include "tests/imaging/twins/sample_twin.h"
 
 namespace ruvex::twin {

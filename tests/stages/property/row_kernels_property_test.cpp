@@ -6,7 +6,7 @@
 #include <limits>
 #include <vector>
 
-#include "stages/row_kernels.h"
+#include "stages/kernels/row_kernels.h"
 #include "tests/imaging/support/random.h"
 
 namespace ruvex::test {

@@ -4,7 +4,7 @@
 
 #include <memory>
 
-#include "imaging/random.h"
+#include "imaging/maths/random.h"
 #include "tests/imaging/support/random.h"
 #include "tests/stages/support/television.h"
 #include "tests/stages/twins/twin_picture.h"

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "imaging/gradient_noise.h"
+#include "imaging/noise/gradient_noise.h"
 #include "stages/ruvex_sampler.h"
 #include "tests/imaging/support/canvas.h"
 #include "tests/imaging/support/white.h"

@@ -4,8 +4,8 @@
 
 #include <cmath>
 
-#include "imaging/gradient_noise.h"
-#include "imaging/random.h"
+#include "imaging/maths/random.h"
+#include "imaging/noise/gradient_noise.h"
 #include "stages/signal_parameters.h"
 #include "tests/stages/twins/twin_picture.h"
 

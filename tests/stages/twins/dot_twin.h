@@ -4,8 +4,8 @@
 
 #include <algorithm>
 
-#include "imaging/blur_gauss.h"
-#include "imaging/maths.h"
+#include "imaging/blur/blur_gauss.h"
+#include "imaging/maths/maths.h"
 #include "stages/signal_parameters.h"
 #include "tests/stages/twins/twin_picture.h"
 

@@ -2,8 +2,8 @@
 
 #pragma once
 
-#include "imaging/gradient_noise.h"
-#include "imaging/random.h"
+#include "imaging/maths/random.h"
+#include "imaging/noise/gradient_noise.h"
 #include "stages/signal_parameters.h"
 #include "tests/stages/twins/twin_picture.h"
 

@@ -4,8 +4,8 @@
 
 #include <cmath>
 
-#include "imaging/maths.h"
-#include "imaging/random.h"
+#include "imaging/maths/maths.h"
+#include "imaging/maths/random.h"
 #include "stages/signal_parameters.h"
 #include "tests/stages/twins/twin_picture.h"
 

@@ -5,9 +5,9 @@
 #include <algorithm>
 #include <cmath>
 
-#include "imaging/noise_gen.h"
-#include "imaging/random.h"
-#include "imaging/rgba_noise_gen.h"
+#include "imaging/maths/random.h"
+#include "imaging/noise/noise_gen.h"
+#include "imaging/noise/rgba_noise_gen.h"
 #include "tests/stages/twins/twin_picture.h"
 
 namespace ruvex::test {

@@ -1,0 +1,83 @@
+#include "media/pixels/float_lines.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+#include "media/pixels/plane_line.h"
+#include "media/pixels/row_order.h"
+
+namespace ruvex::media {
+namespace {
+
+/// The library keeps green, blue, red, alpha in planes of that order.
+constexpr std::array<int, kChannels> kPlane = {2, 0, 1, 3};
+
+std::int16_t s214FromUnit(double value) {
+    if (std::isnan(value)) {
+        return 0;
+    }
+    return static_cast<std::int16_t>(std::lrint(std::clamp(value * kWhiteS214, -32768.0, 32767.0)));
+}
+
+/// What the colours of a pixel are divided by.
+double divisorOf(float alpha, AlphaForm form) {
+    const bool divides = form == AlphaForm::Premultiplied && alpha != 0 && std::isfinite(alpha);
+    return divides ? alpha : 1.0;
+}
+
+void unpackLine(const std::array<const float*, kChannels>& line, AlphaForm form, int width,
+                std::int16_t* pixel) {
+    for (int x = 0; x < width; ++x, pixel += kChannels) {
+        const float alpha = line[kAlpha] == nullptr ? 1.0F : line[kAlpha][x];
+        const double divisor = divisorOf(alpha, form);
+        for (std::size_t channel = 0; channel < kAlpha; ++channel) {
+            pixel[channel] = s214FromUnit(line[channel][x] / divisor);
+        }
+        pixel[kAlpha] = s214FromUnit(alpha);
+    }
+}
+
+void packLine(const std::int16_t* pixel, AlphaForm form, int width,
+              const std::array<float*, kChannels>& line) {
+    for (int x = 0; x < width; ++x, pixel += kChannels) {
+        const double alpha = static_cast<double>(pixel[kAlpha]) / kWhiteS214;
+        const double factor = form == AlphaForm::Straight || alpha == 0 ? 1.0 : alpha;
+        for (std::size_t channel = 0; channel < kAlpha; ++channel) {
+            line[channel][x] = static_cast<float>(factor * pixel[channel] / kWhiteS214);
+        }
+        line[kAlpha][x] = static_cast<float>(alpha);
+    }
+}
+
+}  // namespace
+
+bool isFloat(AVPixelFormat format) {
+    return format == AV_PIX_FMT_GBRPF32LE || format == AV_PIX_FMT_GBRAPF32LE ||
+           format == AV_PIX_FMT_GRAYF32LE;
+}
+
+void unpackFloat(const AVFrame& picture, AlphaForm alpha, Frame& frame) {
+    const bool grey = picture.format == AV_PIX_FMT_GRAYF32LE;
+    const bool alphaThere = picture.format == AV_PIX_FMT_GBRAPF32LE;
+    for (int y = 0; y < picture.height; ++y) {
+        std::array<const float*, kChannels> line{};
+        for (std::size_t channel = 0; channel < kAlpha; ++channel) {
+            line[channel] = planeLine<float>(picture, grey ? 0 : kPlane[channel], y);
+        }
+        line[kAlpha] = alphaThere ? planeLine<float>(picture, kAlpha, y) : nullptr;
+        unpackLine(line, alpha, picture.width, frame.row16(chainRowOfLine(y, picture.height)));
+    }
+}
+
+void packFloat(const Frame& frame, AlphaForm alpha, AVFrame& picture) {
+    for (int y = 0; y < frame.height(); ++y) {
+        std::array<float*, kChannels> line{};
+        for (std::size_t channel = 0; channel < kChannels; ++channel) {
+            line[channel] = planeLine<float>(picture, kPlane[channel], y);
+        }
+        packLine(frame.row16(chainRowOfLine(y, frame.height())), alpha, frame.width(), line);
+    }
+}
+
+}  // namespace ruvex::media

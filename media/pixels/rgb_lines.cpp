@@ -1,0 +1,205 @@
+#include "media/pixels/rgb_lines.h"
+
+extern "C" {
+#include <libavutil/pixdesc.h>
+}
+
+#include <algorithm>
+#include <cstring>
+#include <vector>
+
+#include "media/pixels/placed_numbers.h"
+#include "media/pixels/plane_line.h"
+#include "media/pixels/row_order.h"
+#include "media/pixels/sample_convert.h"
+
+namespace ruvex::media {
+namespace {
+
+using Line = std::vector<std::uint16_t>;
+
+const AVPixFmtDescriptor& descriptor(AVPixelFormat format) {
+    return *av_pix_fmt_desc_get(format);
+}
+
+bool isPalette(const AVPixFmtDescriptor& format) {
+    return (format.flags & AV_PIX_FMT_FLAG_PAL) != 0;
+}
+
+/// The library's component that holds channel `channel` (alpha is 3); -1 for an alpha not there.
+int sourceOf(const AVPixFmtDescriptor& format, int channel) {
+    const bool grey = format.nb_components <= 2;
+    const bool alpha = (format.flags & AV_PIX_FMT_FLAG_ALPHA) != 0;
+    if (channel == 3) {
+        return alpha ? format.nb_components - 1 : -1;
+    }
+    return grey ? 0 : channel;
+}
+
+/// Any component, by the library.
+void readComponent(const AVFrame& picture, const AVPixFmtDescriptor& format, int component, int y,
+                   Line& line) {
+    const auto* const* data = const_cast<const std::uint8_t**>(picture.data);
+    av_read_image_line2(line.data(), const_cast<const std::uint8_t**>(data), picture.linesize,
+                        &format, 0, y, component, picture.width, 0, sizeof(std::uint16_t));
+}
+
+/// For an alpha that is not there.
+struct OneNumber {
+    int value;
+    int operator[](std::ptrdiff_t) const { return value; }
+};
+
+/// Where one channel of a chain row goes.
+struct Channel {
+    Frame& frame;
+    int row;
+    int channel;
+};
+
+template <typename T, class Numbers, class Convert>
+void storeNumbers(const Numbers& numbers, T* row, int width, int channel, Convert convert) {
+    for (std::ptrdiff_t x = 0; x < width; ++x) {
+        row[x * kChannels + channel] = convert(static_cast<int>(numbers[x]));
+    }
+}
+
+/// Numbers on a scale that ends at `white`, whose usual values are constants to the compiler: it
+/// divides by them without a division.
+template <class Numbers>
+void store(const Numbers& numbers, int white, Channel to) {
+    const auto write = [&](auto* row, auto convert) {
+        storeNumbers(numbers, row, to.frame.width(), to.channel, convert);
+    };
+    if (to.frame.depth() == Depth::S214) {
+        std::int16_t* row = to.frame.row16(to.row);
+        if (white == 65535) {
+            write(row, [](int value) { return s214FromScale(value, 65535); });
+        } else {
+            write(row, [white](int value) { return s214FromScale(value, white); });
+        }
+        return;
+    }
+    std::uint8_t* row = to.frame.row8(to.row);
+    if (white == 255) {
+        write(row, [](int value) { return static_cast<std::uint8_t>(value); });
+    } else {
+        write(row, [white](int value) {
+            return static_cast<std::uint8_t>((value * 255 + white / 2) / white);
+        });
+    }
+}
+
+/// Palette entries are words of alpha, red, green, blue from the top byte down.
+void unpackPaletteLine(const AVFrame& picture, int y, int row, Line& line, Frame& frame) {
+    constexpr int kShift[kChannels] = {16, 8, 0, 24};
+    const std::uint8_t* index = planeLine(picture, 0, y);
+    const auto* palette = reinterpret_cast<const std::uint32_t*>(picture.data[1]);
+    for (int channel = 0; channel < kChannels; ++channel) {
+        for (std::size_t x = 0; x < line.size(); ++x) {
+            line[x] = static_cast<std::uint16_t>(palette[index[x]] >> kShift[channel] & 0xFF);
+        }
+        store(line, 255, {frame, row, channel});
+    }
+}
+
+void unpackChannel(const AVFrame& picture, const AVPixFmtDescriptor& format, int component, int y,
+                   Line& line, Channel to) {
+    const AVComponentDescriptor& place = format.comp[component];
+    const int white = (1 << place.depth) - 1;
+    if (isByte(format, place)) {
+        store(PlacedNumbers<std::uint8_t>(picture, place, y), white, to);
+    } else if (isInWord(format, place)) {
+        store(PlacedNumbers<std::uint16_t>(picture, place, y), white, to);
+    } else {
+        readComponent(picture, format, component, y, line);
+        store(line, white, to);
+    }
+}
+
+void unpackLine(const AVFrame& picture, const AVPixFmtDescriptor& format, int y, int row,
+                Line& line, Frame& frame) {
+    if (picture.format == AV_PIX_FMT_RGBA && frame.depth() == Depth::Bits8) {
+        std::memcpy(frame.row(row), planeLine(picture, 0, y), frame.rowBytes());
+        return;
+    }
+    for (int channel = 0; channel < kChannels; ++channel) {
+        const int component = sourceOf(format, channel);
+        if (component < 0) {
+            store(OneNumber{1}, 1, {frame, row, channel});
+        } else {
+            unpackChannel(picture, format, component, y, line, {frame, row, channel});
+        }
+    }
+}
+
+void packLine8(const std::uint8_t* row, int width, bool blueFirst, std::uint8_t* line) {
+    std::copy(row, row + std::ptrdiff_t{width} * kChannels, line);
+    for (std::ptrdiff_t x = 0; blueFirst && x < width; ++x) {
+        std::swap(line[x * kChannels], line[x * kChannels + 2]);
+    }
+}
+
+void packLine16(const std::int16_t* row, int width, bool bigEndian, std::uint8_t* bytes) {
+    auto* line = reinterpret_cast<std::uint16_t*>(bytes);
+    for (std::ptrdiff_t i = 0; i < std::ptrdiff_t{width} * kChannels; ++i) {
+        const std::uint16_t value = u16FromS214(row[i]);
+        line[i] = bigEndian ? static_cast<std::uint16_t>(value << 8 | value >> 8) : value;
+    }
+}
+
+}  // namespace
+
+bool isRgbOrGrey(AVPixelFormat format) {
+    const AVPixFmtDescriptor& description = descriptor(format);
+    constexpr std::uint64_t kOther =
+        AV_PIX_FMT_FLAG_HWACCEL | AV_PIX_FMT_FLAG_FLOAT | AV_PIX_FMT_FLAG_BAYER;
+    if ((description.flags & kOther) != 0 || format == AV_PIX_FMT_MONOWHITE ||
+        format == AV_PIX_FMT_XYZ12LE || format == AV_PIX_FMT_XYZ12BE) {
+        return false;
+    }
+    const bool rgb = (description.flags & AV_PIX_FMT_FLAG_RGB) != 0;
+    const bool grey = description.nb_components <= 2;
+    return (rgb || grey || isPalette(description)) && bitsPerComponent(format) <= 16;
+}
+
+int bitsPerComponent(AVPixelFormat format) {
+    const AVPixFmtDescriptor& description = descriptor(format);
+    int bits = 0;
+    for (int i = 0; i < description.nb_components; ++i) {
+        bits = std::max(bits, description.comp[i].depth);
+    }
+    return bits;
+}
+
+bool hasAlpha(AVPixelFormat format) {
+    return (descriptor(format).flags & AV_PIX_FMT_FLAG_ALPHA) != 0;
+}
+
+void unpackRgb(const AVFrame& picture, Frame& frame) {
+    const AVPixFmtDescriptor& format = descriptor(static_cast<AVPixelFormat>(picture.format));
+    Line line(static_cast<std::size_t>(picture.width));
+    for (int y = 0; y < picture.height; ++y) {
+        const int row = chainRowOfLine(y, picture.height);
+        if (isPalette(format)) {
+            unpackPaletteLine(picture, y, row, line, frame);
+        } else {
+            unpackLine(picture, format, y, row, line, frame);
+        }
+    }
+}
+
+void packRgb(const Frame& frame, AVFrame& picture) {
+    for (int y = 0; y < frame.height(); ++y) {
+        const int row = chainRowOfLine(y, frame.height());
+        std::uint8_t* line = planeLine(picture, 0, y);
+        if (frame.depth() == Depth::Bits8) {
+            packLine8(frame.row8(row), frame.width(), picture.format == AV_PIX_FMT_BGRA, line);
+        } else {
+            packLine16(frame.row16(row), frame.width(), picture.format == AV_PIX_FMT_RGBA64BE,
+                       line);
+        }
+    }
+}
+
+}  // namespace ruvex::media

@@ -1,0 +1,23 @@
+#include "media/pixels/sample_convert.h"
+
+namespace ruvex::media {
+
+Frame convertDepth(Frame frame, Depth depth) {
+    if (frame.depth() == depth) {
+        return frame;
+    }
+    Frame converted(frame.size(), depth);
+    const int components = frame.width() * kChannels;
+    for (int y = 0; y < frame.height(); ++y) {
+        if (depth == Depth::S214) {
+            std::transform(frame.row8(y), frame.row8(y) + components, converted.row16(y),
+                           s214From8);
+        } else {
+            std::transform(frame.row16(y), frame.row16(y) + components, converted.row8(y),
+                           u8FromS214);
+        }
+    }
+    return converted;
+}
+
+}  // namespace ruvex::media

@@ -1,0 +1,49 @@
+#include "media/stills/raw_frame.h"
+
+#include <algorithm>
+#include <bit>
+#include <utility>
+
+#include "media/media_error.h"
+#include "media/partial_file.h"
+
+namespace ruvex::media {
+
+static_assert(std::endian::native == std::endian::little, "raw words are stored as they lie");
+
+namespace {
+
+/// What is longer than its frame is read up to here, so that what has no end has one.
+constexpr std::size_t kLeastLimit = std::size_t{1} << 20;
+
+void checkBytes(const std::filesystem::path& file, std::uintmax_t found, const Frame& frame) {
+    if (found != frame.bytes().size()) {
+        throw MediaError(file.string() + " holds " + std::to_string(found) + " bytes, but a " +
+                         toText(frame.size()) + " frame of " +
+                         std::to_string(bytesPerPixel(frame.depth())) + " bytes a pixel takes " +
+                         std::to_string(frame.bytes().size()) +
+                         ". The file is cut off, or the size is another one.");
+    }
+}
+
+}  // namespace
+
+Frame readRawFrame(const std::filesystem::path& file, FrameSize size, Depth depth) {
+    Frame frame(size, depth);
+    std::error_code error;
+    const auto found = std::filesystem::file_size(file, error);
+    if (!error) {
+        checkBytes(file, found, frame);
+    }
+    // Somebody may be writing it.
+    std::vector<std::byte> bytes = readWhole(file, std::max(frame.bytes().size(), kLeastLimit));
+    checkBytes(file, bytes.size(), frame);
+    frame.bytes() = std::move(bytes);
+    return frame;
+}
+
+void writeRawFrame(const std::filesystem::path& file, const Frame& frame) {
+    writeWhole(file, frame.bytes());
+}
+
+}  // namespace ruvex::media

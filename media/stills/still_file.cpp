@@ -1,0 +1,114 @@
+#include "media/stills/still_file.h"
+
+#include "media/media_error.h"
+#include "media/partial_file.h"
+#include "media/pixels/float_lines.h"
+#include "media/pixels/orientation.h"
+#include "media/pixels/rgb_lines.h"
+#include "media/pixels/sample_convert.h"
+#include "media/pixels/yuv_convert.h"
+#include "media/stills/still_codec.h"
+#include "media/stills/still_structure.h"
+
+namespace ruvex::media {
+namespace {
+
+Rational pixelAspectOf(const AVFrame& picture) {
+    const AVRational aspect = picture.sample_aspect_ratio;
+    return aspect.num > 0 && aspect.den > 0 ? makeRational(aspect.num, aspect.den) : Rational{1, 1};
+}
+
+AVPixelFormat formatOf(const AVFrame& picture) {
+    return static_cast<AVPixelFormat>(picture.format);
+}
+
+Frame fromFloat(const std::filesystem::path& file, const AVFrame& picture, AlphaForm alpha) {
+    const FrameSize size{picture.width, picture.height};
+    checkFrameSize(size, Depth::S214, file.string());
+    Frame frame(size, Depth::S214);
+    unpackFloat(picture, alpha, frame);
+    return frame;
+}
+
+Frame fromWhole(const std::filesystem::path& file, const AVFrame& picture, AlphaForm alpha) {
+    Frame frame = PictureToFrame(picture, file).convert(picture);
+    if (alpha == AlphaForm::Premultiplied && hasAlpha(formatOf(picture))) {
+        unpremultiply(frame);
+    }
+    return frame;
+}
+
+/// The one matrix and range of JPEG files, whatever their size.
+void markJpeg(AVFrame& picture) {
+    picture.colorspace = AVCOL_SPC_SMPTE170M;
+    picture.color_range = AVCOL_RANGE_JPEG;
+}
+
+AvFrame toPicture(const Frame& frame, FileKind kind, AlphaForm alpha) {
+    AvFrame picture = newPicture(frame.width(), frame.height(), storedFormat(kind, frame.depth()));
+    if (alpha == AlphaForm::Straight) {
+        packRgb(frame, *picture);
+        return picture;
+    }
+    Frame multiplied = frame;
+    premultiply(multiplied);
+    packRgb(multiplied, *picture);
+    return picture;
+}
+
+AvFrame toFloat(const Frame& frame, AlphaForm alpha) {
+    AvFrame picture = newPicture(frame.width(), frame.height(), AV_PIX_FMT_GBRAPF32LE);
+    packFloat(convertDepth(frame, Depth::S214), alpha, *picture);
+    return picture;
+}
+
+AvFrame toJpeg(const Frame& frame) {
+    const AVPixelFormat format = storedFormat(FileKind::Jpeg, frame.depth());
+    AvFrame picture =
+        FrameToYuv(frame.size(), frame.depth(), {format, AVCOL_SPC_SMPTE170M, true}).convert(frame);
+    markJpeg(*picture);
+    return picture;
+}
+
+AvFrame pictureOf(FileKind kind, const Frame& frame, AlphaForm alpha) {
+    switch (kind) {
+        case FileKind::Exr:
+            return toFloat(frame, alpha);
+        case FileKind::Jpeg:
+            return toJpeg(frame);
+        default:
+            return toPicture(frame, kind, alpha);
+    }
+}
+
+}  // namespace
+
+Still readStill(const std::filesystem::path& file, std::optional<AlphaForm> alpha) {
+    const FileKind kind = fileKind(file);
+    const std::vector<std::byte> bytes = readWhole(file);
+    if (const std::string fault = stillFault(kind, bytes); !fault.empty()) {
+        throw MediaError(file.string() + " " + fault);
+    }
+    const AvFrame picture = decodeStill(kind, file, bytes);
+    if (kind == FileKind::Jpeg) {
+        markJpeg(*picture);
+    }
+    const AlphaForm form = alpha.value_or(usualAlpha(kind));
+    const Orientation orientation = orientationOf(*picture);
+    Frame frame = isFloat(formatOf(*picture)) ? fromFloat(file, *picture, form)
+                                              : fromWhole(file, *picture, form);
+    return {setUpright(std::move(frame), orientation), hasAlpha(formatOf(*picture)),
+            setUpright(pixelAspectOf(*picture), orientation)};
+}
+
+void writeStill(const std::filesystem::path& file, const Frame& frame,
+                const StillOptions& options) {
+    const FileKind kind = fileKind(file);
+    const AvFrame picture = pictureOf(kind, frame, options.alpha.value_or(usualAlpha(kind)));
+    const AvPacket packet = encodeStill(kind, file, *picture, options.pixelAspect,
+                                        options.quality.value_or(kUsualJpegQuality));
+    writeWhole(file, {reinterpret_cast<const std::byte*>(packet->data),
+                      static_cast<std::size_t>(packet->size)});
+}
+
+}  // namespace ruvex::media

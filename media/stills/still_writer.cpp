@@ -1,0 +1,34 @@
+#include "media/stills/still_writer.h"
+
+#include "media/media_error.h"
+#include "media/pixels/sample_convert.h"
+#include "media/stills/raw_frame.h"
+#include "media/stills/still_file.h"
+
+namespace ruvex::media {
+
+StillWriter::StillWriter(const std::filesystem::path& path, const WriteOptions& options)
+    : files_(path), kind_(fileKind(path)), options_(options) {
+    checkFrameSize(options.size, options.depth, path.string());
+}
+
+void StillWriter::write(std::int64_t number, const Frame& frame) {
+    if (!files_.isPattern() && written_ > 0) {
+        throw MediaError(files_.text() +
+                         " holds one frame only. For more, put a number into its "
+                         "name, as in shot.%05d.png.");
+    }
+    const std::filesystem::path file = files_.file(number);
+    if (const auto depth = rawDepth(kind_)) {
+        Frame raw = convertDepth(frame, *depth);
+        if (options_.alpha == AlphaForm::Premultiplied) {
+            premultiply(raw);
+        }
+        writeRawFrame(file, raw);
+    } else {
+        writeStill(file, frame, {options_.pixelAspect, options_.alpha, options_.quality});
+    }
+    ++written_;
+}
+
+}  // namespace ruvex::media

@@ -1,0 +1,37 @@
+#include "media/streams/byte_stream.h"
+
+#include <cerrno>
+#include <cstring>
+#include <unistd.h>
+
+#include "media/media_error.h"
+#include "media/partial_file.h"
+
+namespace ruvex::media {
+
+std::size_t InputStream::read(std::span<std::byte> bytes) {
+    std::size_t filled = 0;
+    while (filled < bytes.size()) {
+        const ssize_t got = ::read(fd_, bytes.data() + filled, bytes.size() - filled);
+        if (got == 0) {
+            break;
+        }
+        if (got < 0 && errno != EINTR) {
+            throw MediaError("Cannot read " + name_ + ": " + std::strerror(errno) + ".");
+        }
+        filled += got > 0 ? static_cast<std::size_t>(got) : 0;
+    }
+    return filled;
+}
+
+void OutputStream::write(std::span<const std::byte> bytes) {
+    const int failed = writeAll(fd_, bytes);
+    if (failed == EPIPE) {
+        throw MediaError("Cannot write " + name_ + ": the program that reads it has ended.");
+    }
+    if (failed != 0) {
+        throw MediaError(writeFailure(name_, failed));
+    }
+}
+
+}  // namespace ruvex::media

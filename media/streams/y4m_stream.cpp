@@ -1,0 +1,104 @@
+#include "media/streams/y4m_stream.h"
+
+extern "C" {
+#include <libavutil/imgutils.h>
+}
+
+#include <string_view>
+
+#include "media/media_error.h"
+#include "media/streams/raw_stream.h"
+
+namespace ruvex::media {
+namespace {
+
+constexpr std::string_view kFrameMark = "FRAME";
+
+/// The format has no tag for the matrix, so that it follows the height.
+AvFrame blankPicture(const Y4mHeader& header) {
+    AvFrame picture = newPicture(header.size.width, header.size.height, header.format);
+    picture->color_range = header.full ? AVCOL_RANGE_JPEG : AVCOL_RANGE_MPEG;
+    picture->chroma_location = header.siting;
+    picture->interlaced_frame = header.fields != FieldOrder::Progressive ? 1 : 0;
+    return picture;
+}
+
+/// Frames of 8 bits may have more pixels than the libraries hold in a picture.
+std::size_t bytesOf(const Y4mHeader& header, const std::string& name) {
+    const int bytes =
+        av_image_get_buffer_size(header.format, header.size.width, header.size.height, 1);
+    if (bytes < 0) {
+        throw MediaError("Cannot read " + name + ": its size is " + toText(header.size) +
+                         ", more than the FFmpeg libraries hold in a picture. Use a smaller one.");
+    }
+    return static_cast<std::size_t>(bytes);
+}
+
+}  // namespace
+
+Y4mStream::Y4mStream(InputStream stream, std::optional<FieldOrder> fields)
+    : stream_(std::move(stream)) {
+    const auto line = readLine();
+    if (!line) {
+        throw MediaError("Cannot read " + stream_.name() + ": it is empty.");
+    }
+    header_ = parseY4mHeader(*line, stream_.name());
+    header_.fields = fields.value_or(header_.fields);
+    bytes_.resize(bytesOf(header_, stream_.name()));
+    picture_ = blankPicture(header_);
+    convert_.emplace(*picture_, stream_.name());
+    info_.size = header_.size;
+    info_.depth = convert_->depth();
+    info_.rate = header_.rate;
+    info_.last = kEndless;
+    info_.lastKnown = false;
+    info_.hasAlpha = convert_->hasAlpha();
+    info_.pixelAspect = header_.pixelAspect;
+    info_.colour.full = header_.full;
+    info_.fields = header_.fields;
+    info_.bits = convert_->bits();
+    info_.chroma = convert_->chroma();
+}
+
+std::optional<std::string> Y4mStream::readLine() {
+    std::string line;
+    std::byte next{};
+    while (stream_.read({&next, 1}) == 1) {
+        if (next == std::byte{'\n'}) {
+            return line;
+        }
+        line += static_cast<char>(next);
+        if (line.size() > kLongestY4mLine) {
+            throw MediaError("Cannot read " + stream_.name() +
+                             " as Y4M: a line of it is too long. For raw frames say their size "
+                             "(--size WxH).");
+        }
+    }
+    if (!line.empty()) {
+        throw MediaError(stream_.name() + " is cut off or not Y4M: it ends within a line.");
+    }
+    return std::nullopt;
+}
+
+std::optional<Frame> Y4mStream::next() {
+    const auto line = readLine();
+    if (!line) {
+        return std::nullopt;
+    }
+    const bool tags = line->size() > kFrameMark.size() && (*line)[kFrameMark.size()] == ' ';
+    if (!line->starts_with(kFrameMark) || (line->size() > kFrameMark.size() && !tags)) {
+        throw MediaError(stream_.name() + " is damaged: a frame of it does not begin with FRAME.");
+    }
+    if (!readWholeFrame(stream_, bytes_)) {
+        throw MediaError(stream_.name() + " breaks off within a frame.");
+    }
+    std::uint8_t* planes[4] = {};
+    int pitches[4] = {};
+    av_image_fill_arrays(planes, pitches, reinterpret_cast<std::uint8_t*>(bytes_.data()),
+                         header_.format, header_.size.width, header_.size.height, 1);
+    av_image_copy(picture_->data, picture_->linesize, const_cast<const std::uint8_t**>(planes),
+                  pitches, header_.format, header_.size.width, header_.size.height);
+    return convert_->convert(*picture_);
+}
+
+}  // namespace ruvex::media

@@ -1,0 +1,87 @@
+#include "media/video/video_decoder.h"
+
+#include "media/library_log.h"
+#include "media/media_error.h"
+
+namespace ruvex::media {
+namespace {
+
+MediaError undecodable(const std::filesystem::path& path, int code) {
+    const std::string detail = takeLibraryError();
+    return MediaError(path.string() + " is damaged: a frame cannot be decoded (" +
+                      (detail.empty() ? libraryReason(code) : detail) + ").");
+}
+
+}  // namespace
+
+VideoDecoder::VideoDecoder(const std::filesystem::path& path)
+    : path_(path), packet_(newAvPacket()) {
+    rewind();
+}
+
+void VideoDecoder::openDecoder() {
+    const AVCodecParameters& parameters = *file_->stream().codecpar;
+    const AVCodec* codec = avcodec_find_decoder(parameters.codec_id);
+    if (codec == nullptr) {
+        throw MediaError("Cannot read " + path_.string() + ": there is no decoder for its video (" +
+                         avcodec_get_name(parameters.codec_id) + ").");
+    }
+    codec_ = newAvCodec(codec);
+    codec_->thread_count = 0;
+    codec_->err_recognition = AV_EF_CRCCHECK;
+    int code = avcodec_parameters_to_context(codec_.get(), &parameters);
+    codec_->pkt_timebase = file_->stream().time_base;
+    code = code < 0 ? code : avcodec_open2(codec_.get(), codec, nullptr);
+    if (code < 0) {
+        throw undecodable(path_, code);
+    }
+}
+
+void VideoDecoder::rewind() {
+    file_ = std::make_unique<VideoFile>(path_);
+    openDecoder();
+    drained_ = false;
+}
+
+bool VideoDecoder::seek(std::int64_t time) {
+    if (!file_->seek(time)) {
+        return false;
+    }
+    avcodec_flush_buffers(codec_.get());
+    drained_ = false;
+    return true;
+}
+
+void VideoDecoder::feed() {
+    if (drained_) {
+        return;
+    }
+    drained_ = !file_->next(*packet_);
+    const int code = avcodec_send_packet(codec_.get(), drained_ ? nullptr : packet_.get());
+    if (code < 0) {
+        throw undecodable(path_, code);
+    }
+}
+
+bool VideoDecoder::next(AVFrame& picture) {
+    for (;;) {
+        const int code = avcodec_receive_frame(codec_.get(), &picture);
+        if (code == 0) {
+            break;
+        }
+        if (code == AVERROR_EOF) {
+            return false;
+        }
+        if (code != AVERROR(EAGAIN)) {
+            throw undecodable(path_, code);
+        }
+        feed();
+    }
+    if (picture.decode_error_flags != 0 || (picture.flags & AV_FRAME_FLAG_CORRUPT) != 0) {
+        throw undecodable(path_, AVERROR_INVALIDDATA);
+    }
+    picture.pts = picture.pts == AV_NOPTS_VALUE ? picture.best_effort_timestamp : picture.pts;
+    return true;
+}
+
+}  // namespace ruvex::media

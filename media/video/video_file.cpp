@@ -1,0 +1,87 @@
+#include "media/video/video_file.h"
+
+#include "media/library_log.h"
+#include "media/media_error.h"
+
+namespace ruvex::media {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string whyNotOpened(const fs::path& path, int code) {
+    std::error_code ignored;
+    const std::string start = "Cannot read " + path.string() + ": ";
+    if (!fs::exists(path, ignored)) {
+        return start + "there is no such file. Check the name.";
+    }
+    if (!fs::is_regular_file(path, ignored)) {
+        return start + "it is not a file.";
+    }
+    if (fs::file_size(path, ignored) == 0) {
+        return start + "it is empty.";
+    }
+    const std::string detail = takeLibraryError();
+    return start + "it is cut off or not a video file (" +
+           (detail.empty() ? libraryReason(code) : detail) + ").";
+}
+
+AVFormatContext* open(const fs::path& path) {
+    std::error_code ignored;
+    if (!fs::is_regular_file(path, ignored)) {
+        throw MediaError(whyNotOpened(path, 0));
+    }
+    AVFormatContext* format = nullptr;
+    // The prefix keeps a colon in a name from being taken for a protocol.
+    const int code =
+        avformat_open_input(&format, ("file:" + path.string()).c_str(), nullptr, nullptr);
+    if (code < 0) {
+        throw MediaError(whyNotOpened(path, code));
+    }
+    return format;
+}
+
+}  // namespace
+
+std::string cutOff(const fs::path& path) {
+    const std::string detail = takeLibraryError();
+    return path.string() + " is cut off or damaged: it ends before its last frame" +
+           (detail.empty() ? "" : " (" + detail + ")") + ". Copy it again.";
+}
+
+VideoFile::VideoFile(const fs::path& path) : path_(path) {
+    quietLibraries();
+    takeLibraryError();
+    format_.reset(open(path));
+    format_->flags |= AVFMT_FLAG_GENPTS;
+    const int code = avformat_find_stream_info(format_.get(), nullptr);
+    stream_ = av_find_best_stream(format_.get(), AVMEDIA_TYPE_VIDEO, -1, -1, nullptr, 0);
+    if (code < 0 || stream_ < 0) {
+        throw MediaError("Cannot read " + path.string() + ": there is no video in it.");
+    }
+    for (unsigned i = 0; i < format_->nb_streams; ++i) {
+        const bool wanted = static_cast<int>(i) == stream_;
+        format_->streams[i]->discard = wanted ? AVDISCARD_DEFAULT : AVDISCARD_ALL;
+    }
+}
+
+bool VideoFile::next(AVPacket& packet) {
+    for (;;) {
+        av_packet_unref(&packet);
+        const int code = av_read_frame(format_.get(), &packet);
+        if (code == AVERROR_EOF) {
+            return false;
+        }
+        if (code < 0) {
+            throw MediaError(cutOff(path_));
+        }
+        if (packet.stream_index == stream_) {
+            return true;
+        }
+    }
+}
+
+bool VideoFile::seek(std::int64_t time) {
+    return av_seek_frame(format_.get(), stream_, time, AVSEEK_FLAG_BACKWARD) >= 0;
+}
+
+}  // namespace ruvex::media

@@ -1,0 +1,160 @@
+#include "media/video/video_reader.h"
+
+#include "media/media_error.h"
+
+namespace ruvex::media {
+namespace {
+
+constexpr std::int64_t kNotShown = -1;
+
+Rational pixelAspectOf(const AVFrame& picture, const AVStream& stream) {
+    for (const AVRational& aspect : {stream.sample_aspect_ratio, picture.sample_aspect_ratio}) {
+        if (aspect.num > 0 && aspect.den > 0) {
+            return makeRational(aspect.num, aspect.den);
+        }
+    }
+    return {1, 1};
+}
+
+/// The order in which fields are shown; that in which they are coded is no matter here.
+FieldOrder fieldsOf(const AVStream& stream) {
+    switch (stream.codecpar->field_order) {
+        case AV_FIELD_TT:
+        case AV_FIELD_BT:
+            return FieldOrder::TopFirst;
+        case AV_FIELD_BB:
+        case AV_FIELD_TB:
+            return FieldOrder::BottomFirst;
+        default:
+            return FieldOrder::Progressive;
+    }
+}
+
+}  // namespace
+
+VideoReader::VideoReader(const std::filesystem::path& path, const ReadOptions& options)
+    : FrameReader(options.depth),
+      path_(path),
+      alpha_(options.alpha),
+      fields_(options.fields),
+      index_(path),
+      decoder_(path),
+      picture_(newAvFrame()) {
+    if (!decoder_.next(*picture_)) {
+        throw MediaError("Cannot read " + path.string() + ": its video cannot be decoded.");
+    }
+    index_.startAt(picture_->pts);
+    describe(*picture_);
+    info_.tags = readTags(decoder_.file(), decoder_.stream());
+    at_ = 0;
+    cache_.keep(0, toFrame());
+}
+
+void VideoReader::describe(const AVFrame& first) {
+    convert_.emplace(first, path_);
+    orientation_ = orientationOf(decoder_.stream());
+    if (orientation_.upright()) {
+        orientation_ = orientationOf(first);
+    }
+    info_.size = setUpright(FrameSize{first.width, first.height}, orientation_);
+    info_.depth = convert_->depth();
+    info_.rate = index_.rate();
+    info_.uneven = index_.uneven();
+    info_.last = index_.count() - 1;
+    info_.hasAlpha = convert_->hasAlpha();
+    info_.pixelAspect = setUpright(pixelAspectOf(first, decoder_.stream()), orientation_);
+    info_.colour = {first.color_primaries, first.color_trc, first.colorspace,
+                    first.color_range == AVCOL_RANGE_JPEG};
+    info_.start = first.pts == AV_NOPTS_VALUE
+                      ? 0
+                      : av_rescale_q(first.pts, decoder_.stream().time_base, {1, AV_TIME_BASE});
+    info_.bits = convert_->bits();
+    info_.chroma = convert_->chroma();
+    info_.fields = setUpright(fieldsOf(first), first.height, orientation_);
+}
+
+/// Pictures that are not marked may lie in a container that is.
+FieldOrder VideoReader::fieldsOf(const AVFrame& picture) const {
+    if (!fields_ && picture.interlaced_frame != 0) {
+        return picture.top_field_first != 0 ? FieldOrder::TopFirst : FieldOrder::BottomFirst;
+    }
+    return fields_.value_or(media::fieldsOf(decoder_.stream()));
+}
+
+Frame VideoReader::toFrame() {
+    picture_->interlaced_frame = fieldsOf(*picture_) != FieldOrder::Progressive ? 1 : 0;
+    Frame frame = convert_->convert(*picture_);
+    if (alpha_ == AlphaForm::Premultiplied && convert_->hasAlpha()) {
+        unpremultiply(frame);
+    }
+    return setUpright(std::move(frame), orientation_);
+}
+
+std::int64_t VideoReader::numberOfPicture() const {
+    return index_.timed() ? index_.numberAt(picture_->pts).value_or(kNotShown) : at_ + 1;
+}
+
+bool VideoReader::advance(std::int64_t from) {
+    if (!decoder_.next(*picture_)) {
+        return false;
+    }
+    const std::int64_t number = numberOfPicture();
+    if (number != kNotShown) {
+        at_ = number;
+    }
+    if (number >= from) {
+        cache_.keep(number, toFrame());
+    }
+    return true;
+}
+
+void VideoReader::goToStart() {
+    at_ = -1;
+    decoder_.rewind();
+}
+
+void VideoReader::goBefore(std::int64_t number) {
+    const std::int64_t key = index_.keyBefore(number);
+    const bool ahead = at_ < number;
+    // Going on is as good as a search when no key frame lies between.
+    if (ahead && (!index_.timed() || key <= at_ + 1)) {
+        return;
+    }
+    if (!index_.timed() || key == 0 || !decoder_.seek(index_.timeOf(key))) {
+        goToStart();
+        return;
+    }
+    at_ = -1;
+}
+
+const Frame* VideoReader::reach(std::int64_t number) {
+    while (at_ < number && advance(number)) {
+    }
+    return cache_.find(number);
+}
+
+const Frame& VideoReader::find(std::int64_t wanted) {
+    const std::int64_t number = index_.shownAs(wanted);
+    if (const Frame* kept = cache_.find(number)) {
+        return *kept;
+    }
+    goBefore(number);
+    if (const Frame* found = reach(number)) {
+        return *found;
+    }
+    // A table of key frames may point too late, and a decoder may not trust the frames after one.
+    // From the beginning every frame can be had.
+    goToStart();
+    if (const Frame* found = reach(number)) {
+        return *found;
+    }
+    throw MediaError(path_.string() + " is damaged: frame " + std::to_string(wanted) +
+                     " cannot be decoded.");
+}
+
+bool VideoReader::readOwn(std::int64_t number, Frame& frame) {
+    frame = find(number);
+    return true;
+}
+
+}  // namespace ruvex::media

@@ -1,0 +1,181 @@
+#include "media/video/video_writer.h"
+
+#include <cerrno>
+#include <string_view>
+
+#include "media/library_log.h"
+#include "media/media_error.h"
+#include "media/pixels/rgb_lines.h"
+#include "media/text.h"
+#include "media/video/video_encoder.h"
+
+namespace ruvex::media {
+namespace {
+
+/// No coding reorders over more frames. One encoder leaves the decoding times of clips that are too
+/// short for reordering to chance: those frames are decoded in turn.
+constexpr int kMostReordered = 16;
+
+std::string ending(const std::filesystem::path& path) {
+    return lowerCase(path.extension().string());
+}
+
+const char* containerOf(const std::string& ending) {
+    if (ending == ".mkv") {
+        return "matroska";
+    }
+    return ending == ".mov" ? "mov" : "mp4";
+}
+
+const VideoCodec& codecOf(const std::filesystem::path& path, const WriteOptions& options) {
+    const VideoCodec* codec = findVideoCodec(path, options.codec);
+    const std::string fault = storageFault(path, options.codec, options.quality);
+    if (codec == nullptr || !fault.empty()) {
+        throw MediaError("Cannot write " + path.string() + ". " + fault);
+    }
+    return *codec;
+}
+
+}  // namespace
+
+bool VideoWriter::canWrite(const std::filesystem::path& path) {
+    return findVideoCodec(path) != nullptr;
+}
+
+VideoWriter::VideoWriter(const std::filesystem::path& path, const WriteOptions& options)
+    : path_(path),
+      codec_(codecOf(path, options)),
+      alpha_(options.alpha),
+      fields_(options.fields),
+      file_(path),
+      packet_(newAvPacket()) {
+    quietLibraries();
+    takeLibraryError();
+    checkFrameSize(options.size, options.depth, path.string());
+    AVFormatContext* format = nullptr;
+    check(avformat_alloc_output_context2(&format, nullptr, containerOf(ending(path)), nullptr));
+    format_.reset(format);
+    // No random identifier: the same frames give the same file.
+    format_->flags |= AVFMT_FLAG_BITEXACT;
+    openCoder(options);
+    openContainer(options);
+}
+
+std::vector<std::string> VideoWriter::remarks() const {
+    std::vector<std::string> remarks;
+    for (const std::string& coding : audio_->leftOut()) {
+        remarks.push_back("Sound coded as " + coding + " is left out: " + path_.string() +
+                          " cannot hold it.");
+    }
+    if (fields_ != FieldOrder::Progressive && !isInterlaced(*coder_)) {
+        remarks.push_back(path_.string() + " is not marked as interlaced: its coding, " +
+                          codec_.title + ", cannot keep the fields of such pictures apart here.");
+    }
+    return remarks;
+}
+
+VideoWriter::~VideoWriter() {
+    if (format_) {
+        avio_closep(&format_->pb);
+    }
+}
+
+void VideoWriter::openCoder(const WriteOptions& options) {
+    const bool globalHeader = (format_->oformat->flags & AVFMT_GLOBALHEADER) != 0;
+    coder_ = openEncoder(codec_, path_, options, globalHeader);
+    if (!codec_.exact) {
+        convert_.emplace(
+            options.size, options.depth,
+            YuvForm{coder_->pix_fmt, coder_->colorspace, coder_->color_range == AVCOL_RANGE_JPEG,
+                    AVCHROMA_LOC_LEFT, isInterlaced(*coder_)});
+    }
+}
+
+void VideoWriter::openContainer(const WriteOptions& options) {
+    AVStream* stream = avformat_new_stream(format_.get(), nullptr);
+    if (stream == nullptr) {
+        throw std::bad_alloc();
+    }
+    check(avcodec_parameters_from_context(stream->codecpar, coder_.get()));
+    stream->time_base = coder_->time_base;
+    stream->avg_frame_rate = coder_->framerate;
+    stream->sample_aspect_ratio = coder_->sample_aspect_ratio;
+    writeTags(options.tags, *format_, *stream);
+    audio_.emplace(options.audio, *format_);
+    check(avio_open(&format_->pb, ("file:" + file_.path().string()).c_str(), AVIO_FLAG_WRITE));
+    check(avformat_write_header(format_.get(), nullptr));
+}
+
+AvFrame VideoWriter::toPicture(const Frame& frame) {
+    if (alpha_ != AlphaForm::Premultiplied) {
+        return pack(frame);
+    }
+    Frame multiplied = frame;
+    premultiply(multiplied);
+    return pack(multiplied);
+}
+
+AvFrame VideoWriter::pack(const Frame& frame) {
+    if (convert_) {
+        return convert_->convert(frame);
+    }
+    AvFrame picture = newPicture(frame.width(), frame.height(), coder_->pix_fmt);
+    packRgb(frame, *picture);
+    return picture;
+}
+
+void VideoWriter::write(std::int64_t, const Frame& frame) {
+    const AvFrame picture = toPicture(frame);
+    picture->pts = written_++;
+    // One of the encoders marks its frames by these.
+    picture->color_primaries = coder_->color_primaries;
+    picture->color_trc = coder_->color_trc;
+    picture->colorspace = coder_->colorspace;
+    picture->color_range = coder_->color_range;
+    picture->interlaced_frame = isInterlaced(*coder_) ? 1 : 0;
+    picture->top_field_first = coder_->field_order == AV_FIELD_TT ? 1 : 0;
+    encode(picture.get());
+    check(audio_->writeUntil(av_rescale_q(written_, coder_->time_base, {1, AV_TIME_BASE})));
+}
+
+void VideoWriter::encode(const AVFrame* picture) {
+    check(avcodec_send_frame(coder_.get(), picture));
+    for (;;) {
+        const int code = avcodec_receive_packet(coder_.get(), packet_.get());
+        if (code == AVERROR(EAGAIN) || code == AVERROR_EOF) {
+            return;
+        }
+        check(code);
+        packet_->stream_index = 0;
+        packet_->duration = 1;
+        if (packet_->dts > packet_->pts || packet_->dts < packet_->pts - kMostReordered) {
+            packet_->dts = packet_->pts;
+        }
+        av_packet_rescale_ts(packet_.get(), coder_->time_base, format_->streams[0]->time_base);
+        check(av_interleaved_write_frame(format_.get(), packet_.get()));
+        check(format_->pb->error);
+    }
+}
+
+void VideoWriter::finish() {
+    encode(nullptr);
+    check(audio_->writeUntil(INT64_MAX));
+    check(av_write_trailer(format_.get()));
+    avio_flush(format_->pb);
+    check(format_->pb->error);
+    check(avio_closep(&format_->pb));
+    file_.commit();
+}
+
+void VideoWriter::check(int code) const {
+    if (code >= 0) {
+        return;
+    }
+    const bool system = code > -4096;  // the libraries' own codes are four letters each
+    const std::string detail = takeLibraryError();
+    throw MediaError(system ? writeFailure(path_, AVUNERROR(code))
+                            : "Cannot write " + path_.string() + ": " +
+                                  (detail.empty() ? libraryReason(code) : detail) + ".");
+}
+
+}  // namespace ruvex::media

@@ -1,0 +1,122 @@
+#include "sdk/com/dynamic_library.h"
+
+#include "sdk/com/module_entry.h"
+
+#ifdef _WIN32
+
+struct DSDynamicLibrary::State {
+    HMODULE handle = nullptr;
+};
+
+std::unique_ptr<DSDynamicLibrary> DSDynamicLibrary::load(const std::filesystem::path& file,
+                                                         std::string& problem) {
+    HMODULE handle = LoadLibraryW(file.c_str());
+    if (!handle) {
+        problem = "system error " + std::to_string(GetLastError());
+        return nullptr;
+    }
+    auto state = std::make_unique<State>();
+    state->handle = handle;
+    return std::unique_ptr<DSDynamicLibrary>(new DSDynamicLibrary(std::move(state)));
+}
+
+DSDynamicLibrary::~DSDynamicLibrary() {
+    FreeLibrary(state_->handle);
+}
+
+void* DSDynamicLibrary::find(const char* name) const {
+    return reinterpret_cast<void*>(GetProcAddress(state_->handle, name));
+}
+
+HINSTANCE DSDynamicLibrary::instance() const {
+    return state_->handle;
+}
+
+std::filesystem::path DSDynamicLibrary::fileOf(HINSTANCE instance) {
+    wchar_t buffer[32768];
+    const DWORD length = GetModuleFileNameW(instance, buffer, std::size(buffer));
+    if (length == 0 || length == std::size(buffer)) return {};
+    return std::filesystem::path(buffer, buffer + length);
+}
+
+std::filesystem::path DSDynamicLibrary::programFolder() {
+    return fileOf(nullptr).parent_path();
+}
+
+std::string DSDynamicLibrary::fileName(const std::string& module) {
+    return module + ".dll";
+}
+
+#else
+
+#include <dlfcn.h>
+
+struct DSDynamicLibrary::State {
+    using EntryPoint = BOOL(HINSTANCE, DWORD, void*);
+
+    void* handle = nullptr;
+    EntryPoint* entryPoint = nullptr;
+    std::string file;
+    DSModuleInstance instance{};
+
+    /// A module without an entry point has nothing to say against it.
+    bool tell(DWORD reason) {
+        return !entryPoint || entryPoint(&instance, reason, nullptr) != FALSE;
+    }
+
+    const unsigned char* bytes(const char* name) const {
+        return static_cast<const unsigned char*>(dlsym(handle, name));
+    }
+};
+
+std::unique_ptr<DSDynamicLibrary> DSDynamicLibrary::load(const std::filesystem::path& file,
+                                                         std::string& problem) {
+    auto state = std::make_unique<State>();
+    // An absolute path, for a bare name would be looked for in the system's folders.
+    state->file = std::filesystem::absolute(file);
+    state->handle = dlopen(state->file.c_str(), RTLD_NOW | RTLD_LOCAL);
+    if (!state->handle) {
+        problem = dlerror();
+        return nullptr;
+    }
+    state->entryPoint = reinterpret_cast<State::EntryPoint*>(dlsym(state->handle, "DllMain"));
+    state->instance = {state->bytes("ruvexResourcesBegin"), state->bytes("ruvexResourcesEnd"),
+                       state->file.c_str()};
+    if (!state->tell(DLL_PROCESS_ATTACH)) {
+        problem = "the module refuses to be attached";
+        dlclose(state->handle);
+        return nullptr;
+    }
+    return std::unique_ptr<DSDynamicLibrary>(new DSDynamicLibrary(std::move(state)));
+}
+
+DSDynamicLibrary::~DSDynamicLibrary() {
+    state_->tell(DLL_PROCESS_DETACH);
+    dlclose(state_->handle);
+}
+
+void* DSDynamicLibrary::find(const char* name) const {
+    return dlsym(state_->handle, name);
+}
+
+HINSTANCE DSDynamicLibrary::instance() const {
+    return &state_->instance;
+}
+
+std::filesystem::path DSDynamicLibrary::fileOf(HINSTANCE instance) {
+    return instance && instance->file ? instance->file : "";
+}
+
+std::filesystem::path DSDynamicLibrary::programFolder() {
+    std::error_code error;
+    const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
+    return error ? std::filesystem::path() : program.parent_path();
+}
+
+std::string DSDynamicLibrary::fileName(const std::string& module) {
+    return module + ".so";
+}
+
+#endif
+
+DSDynamicLibrary::DSDynamicLibrary(std::unique_ptr<State> state) : state_(std::move(state)) {}

@@ -1,0 +1,92 @@
+// The host's base class for effects on pictures.
+
+#pragma once
+
+#include "sdk/com/com_ptr.h"
+#include "sdk/effect/image_effect_interface.h"
+#include "sdk/effect/plug_in.h"
+
+/// Keeps what the host hands in and answers the questions that need no more than that. A concrete
+/// effect adds at least Execute and Clone.
+class DSSDK_API CDSImageEffect : public CDSPlugInEffect, public IDSImageEffect {
+public:
+    /// Adds IDSImageEffect.
+    HRESULT QueryInterface(const GUID& id, void** out) override;
+    ULONG AddRef() override { return CDSPlugInEffect::AddRef(); }
+    ULONG Release() override { return CDSPlugInEffect::Release(); }
+
+    /// Refuses a null pointer and leaves the record alone.
+    HRESULT GetImageEffectInfo(DSIMAGEEFFECTINFO* info) override;
+    /// E_INVALIDARG for a rate that is not above 0 and finite.
+    HRESULT SetSampleRate(double framesPerSecond) override;
+    /// Asks the image for its format and hands it to TestFormat.
+    HRESULT IsFormatSupported(IDSImage* image) override;
+    /// S_FALSE for every format.
+    HRESULT TestFormat(const GUID& format) override;
+    HRESULT Setup() override { return S_OK; }
+    /// Lets go of all images and of the host's interfaces.
+    HRESULT Cleanup() override;
+    /// The region of interest, or the whole input; empty without an input.
+    HRESULT GetInputBbox(DSRECT* box) override;
+    /// Both are 0 on every edge.
+    HRESULT GetInputOverscan(DSOVERSCAN* overscan) override;
+    HRESULT GetOutputOverscan(DSOVERSCAN* overscan) override;
+    HRESULT SetInput(IDSImage* image) override;
+    HRESULT SetOutput(IDSImage* image) override;
+    HRESULT SetChannelMask(ULONG mask) override;
+    HRESULT SetPixelMask(IDSImage* mask, LONG offsetX, LONG offsetY) override;
+    /// E_INVALIDARG for a region without pixels.
+    HRESULT SetROI(const DSRECT* region) override;
+    HRESULT SetQuality(LONG level) override;
+    HRESULT SetInput2(IDSImage* image) override;
+    HRESULT SetInput2Offset(LONG offsetX, LONG offsetY) override;
+    /// Finds nothing to object to.
+    HRESULT Verify() override { return S_OK; }
+    HRESULT CloneAtTime(double seconds, const GUID& id, void** out) override;
+    HRESULT SetDirection(double value) override;
+    HRESULT SetPressure(double value) override;
+    HRESULT SetOriginalImage(IDSImage* image) override;
+    HRESULT SetTransfo4(const double* matrix) override;
+    HRESULT SetProcessingMode(LONG mode) override;
+    HRESULT GetProcessingMode(LONG* mode) override;
+    HRESULT SetExecuteContext(IUnknown* context) override;
+    HRESULT SetEffectHost(IDSEffectHost* host) override;
+    HRESULT SetCoordMan(IDSCoordMan* manager) override;
+    HRESULT GetCoordMan(IDSCoordMan** manager) override;
+    HRESULT BeginFrameRange(double, double) override { return S_OK; }
+    HRESULT EndFrameRange() override { return S_OK; }
+    HRESULT BeginFrame(double) override { return S_OK; }
+    HRESULT EndFrame() override { return S_OK; }
+
+protected:
+    CDSImageEffect() = default;
+    /// Copies everything that the host has handed in; the host replaces it for each clone.
+    CDSImageEffect(const CDSImageEffect&) = default;
+    ~CDSImageEffect() override = default;
+
+    /// Called at the start of Execute; a result other than 0 ends it. The base has nothing to
+    /// prepare.
+    virtual HRESULT PrepareData() { return S_OK; }
+
+    ComPtr<IDSImage> input;
+    ComPtr<IDSImage> input2;
+    ComPtr<IDSImage> output;
+    ComPtr<IDSImage> pixelMask;
+    ComPtr<IDSImage> originalImage;
+    ComPtr<IDSCoordMan> coordMan;
+    ComPtr<IDSEffectHost> effectHost;
+    ComPtr<IUnknown> executeContext;
+    LONG maskOffsetX = 0;
+    LONG maskOffsetY = 0;
+    LONG input2OffsetX = 0;
+    LONG input2OffsetY = 0;
+    double sampleRate = 25.0;
+    bool roiSet = false;
+    DSRECT roi{};
+    LONG fieldMode = 0;
+    ULONG channelMask = 15;
+    LONG quality = 0;
+    double direction = 0.0;
+    double pressure = 1.0;
+    double transfo4[16] = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
+};

@@ -1,0 +1,45 @@
+// An image effect that tells of its time dependency and of the aliases of its properties.
+
+#pragma once
+
+#include "sdk/effect/image_effect.h"
+
+struct IDSGraphDataAliases : IUnknown {
+    /// The property that an identifier means: itself, unless it is an alias.
+    virtual HRESULT GetAliasedProperty(const GUID& alias, GUID* id) = 0;
+
+protected:
+    ~IDSGraphDataAliases() = default;
+};
+
+struct IDSTimeDependency : IUnknown {
+    /// The input times that the frame at `seconds` may ask for.
+    virtual HRESULT GetTimeDependency(double seconds, DSTIMERANGE* range) = 0;
+
+protected:
+    ~IDSTimeDependency() = default;
+};
+
+inline constexpr GUID IID_IDSGraphDataAliases =
+    ruvex::guidFromText("3C0B7A51-6D2E-4F0B-9A77-52D1C4E08A17");
+inline constexpr GUID IID_IDSTimeDependency =
+    ruvex::guidFromText("3C0B7A51-6D2E-4F0B-9A77-52D1C4E08A18");
+
+class DSSDK_API CDSImageEffectEx : public CDSImageEffect,
+                                   public IDSGraphDataAliases,
+                                   public IDSTimeDependency {
+public:
+    /// Adds IDSGraphDataAliases and IDSTimeDependency.
+    HRESULT QueryInterface(const GUID& id, void** out) override;
+    ULONG AddRef() override { return CDSImageEffect::AddRef(); }
+    ULONG Release() override { return CDSImageEffect::Release(); }
+
+    HRESULT GetAliasedProperty(const GUID& alias, GUID* id) override;
+    /// All of time: an effect may ask for its input at any other time.
+    HRESULT GetTimeDependency(double seconds, DSTIMERANGE* range) override;
+
+protected:
+    CDSImageEffectEx() = default;
+    CDSImageEffectEx(const CDSImageEffectEx&) = default;
+    ~CDSImageEffectEx() override = default;
+};

@@ -1,0 +1,60 @@
+// What every plug-in answers to, and the host's base class for it.
+
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "sdk/effect/effect_info.h"
+#include "sdk/properties/aliased_property_container.h"
+
+struct IDSPlugIn : IUnknown {
+    /// Makes the object ready: called once, before anything else but GetInfo.
+    virtual HRESULT Init() = 0;
+    virtual HRESULT Term() = 0;
+    virtual HRESULT GetInfo(DSPLUGININFO* info) = 0;
+    virtual HRESULT GetToolInfo(DSTOOLINFO* info) = 0;
+    /// Gives every property its default; animations end.
+    virtual HRESULT SetDefaults() = 0;
+    /// The class identifiers of the plug-in's property pages, in the order in which they are shown.
+    virtual HRESULT GetPropertyPageCount(ULONG* count) = 0;
+    virtual HRESULT GetPropertyPage(ULONG index, GUID* classId) = 0;
+
+protected:
+    ~IDSPlugIn() = default;
+};
+
+inline constexpr GUID IID_IDSPlugIn = ruvex::guidFromText("3C0B7A51-6D2E-4F0B-9A77-52D1C4E08A15");
+
+/// A plug-in with properties, a name and a list of property pages.
+class DSSDK_API CDSPlugInEffect : public CDSAliasedPropertyContainer, public IDSPlugIn {
+public:
+    /// Adds IDSPlugIn.
+    HRESULT QueryInterface(const GUID& id, void** out) override;
+    ULONG AddRef() override { return CDSAliasedPropertyContainer::AddRef(); }
+    ULONG Release() override { return CDSAliasedPropertyContainer::Release(); }
+
+    HRESULT Init() override { return S_OK; }
+    /// Lets go of the observers. May be called more than once.
+    HRESULT Term() override;
+    /// Both refuse a null pointer with E_POINTER and leave the record alone.
+    HRESULT GetInfo(DSPLUGININFO* info) override;
+    HRESULT GetToolInfo(DSTOOLINFO* info) override;
+    HRESULT SetDefaults() override;
+    HRESULT GetPropertyPageCount(ULONG* count) override;
+    HRESULT GetPropertyPage(ULONG index, GUID* classId) override;
+
+protected:
+    CDSPlugInEffect() = default;
+    /// Copies the aliases, the name and the page list.
+    CDSPlugInEffect(const CDSPlugInEffect&) = default;
+    ~CDSPlugInEffect() override = default;
+
+    /// Appends a page to the host's list.
+    void AddPropertyPage(const GUID& classId) { propertyPages.push_back(classId); }
+    /// Takes every entry of a page out of the list; false when there was none.
+    bool RemovePropertyPage(const GUID& classId);
+
+    std::wstring name;
+    std::vector<GUID> propertyPages;
+};

@@ -1,0 +1,42 @@
+#include "sdk/properties/animation.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+bool isFinite(const DSKey& key) {
+    return std::isfinite(key.time) && std::isfinite(key.value);
+}
+
+/// Keeps the last of every run of keys with one time.
+void dropRepeatedTimes(std::vector<DSKey>& keys) {
+    std::size_t kept = 0;
+    for (const DSKey& key : keys) {
+        if (kept > 0 && keys[kept - 1].time == key.time) --kept;
+        keys[kept++] = key;
+    }
+    keys.resize(kept);
+}
+
+}  // namespace
+
+std::optional<DSAnimation> DSAnimation::fromKeys(std::vector<DSKey> keys) {
+    if (keys.empty() || !std::all_of(keys.begin(), keys.end(), isFinite)) return std::nullopt;
+    // Stable, so that of equal times the last given is still the last.
+    std::stable_sort(keys.begin(), keys.end(),
+                     [](const DSKey& a, const DSKey& b) { return a.time < b.time; });
+    dropRepeatedTimes(keys);
+    return DSAnimation(std::move(keys));
+}
+
+double DSAnimation::valueAt(double time) const {
+    const auto after =
+        std::upper_bound(keys_.begin(), keys_.end(), time,
+                         [](double seconds, const DSKey& key) { return seconds < key.time; });
+    if (after == keys_.begin()) return keys_.front().value;
+    if (after == keys_.end()) return keys_.back().value;
+    const DSKey& from = *(after - 1);
+    const double fraction = (time - from.time) / (after->time - from.time);
+    return from.value + (after->value - from.value) * fraction;
+}

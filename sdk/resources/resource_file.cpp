@@ -1,0 +1,73 @@
+#include "sdk/resources/resource_file.h"
+
+#include "sdk/resources/byte_reader.h"
+
+namespace ruvex {
+namespace {
+
+/// Stands before a type or name that is a number.
+constexpr std::uint16_t kNumberMark = 0xFFFF;
+/// Version of the data, memory flags, language, version, characteristics: behind type and name.
+constexpr std::size_t kHeaderTail = 16;
+/// Strings come in blocks of 16; block n holds the identifiers from (n - 1) * 16 on.
+constexpr std::uint16_t kStringsPerBlock = 16;
+
+ResourceName readName(ByteReader& reader) {
+    ByteReader start = reader;
+    std::size_t length = 0;
+    std::uint16_t unit = reader.u16();
+    if (unit == kNumberMark) return {reader.u16(), ResourceText()};
+    for (; unit != 0; unit = reader.u16()) ++length;
+    return {std::nullopt, ResourceText(start.take(2 * length))};
+}
+
+/// The record at the reader's position, with the reader moved behind it; none at the end of the
+/// file and where the sizes that the record gives cannot be true.
+std::optional<ResourceRecord> readRecord(ByteReader& reader) {
+    const std::size_t start = reader.position();
+    const std::uint32_t dataSize = reader.u32();
+    const std::uint32_t headerSize = reader.u32();
+    const std::size_t read = reader.position() - start;
+    if (reader.failed() || headerSize < read) return std::nullopt;
+
+    ByteReader header(reader.take(headerSize - read));
+    ResourceRecord record;
+    record.type = readName(header);
+    record.name = readName(header);
+    header.alignTo4();
+    header.take(kHeaderTail);
+    record.data = reader.take(dataSize);
+    if (header.failed() || reader.failed()) return std::nullopt;
+    reader.alignTo4();
+    return record;
+}
+
+ResourceText readString(ByteReader& reader) {
+    const std::size_t length = reader.u16();
+    return ResourceText(reader.take(2 * length));
+}
+
+}  // namespace
+
+std::optional<ResourceRecord> ResourceFile::find(ResourceType type, std::uint16_t number) const {
+    ByteReader reader(bytes_);
+    while (const auto record = readRecord(reader)) {
+        const bool wanted = record->type.number == static_cast<std::uint16_t>(type) &&
+                            record->name.number == number;
+        if (wanted) return record;
+    }
+    return std::nullopt;
+}
+
+std::optional<ResourceText> ResourceFile::string(std::uint16_t id) const {
+    const auto number = static_cast<std::uint16_t>(id / kStringsPerBlock + 1);
+    const auto block = find(ResourceType::String, number);
+    if (!block) return std::nullopt;
+    ByteReader reader(block->data);
+    for (std::uint16_t i = 0; i < id % kStringsPerBlock; ++i) readString(reader);
+    const ResourceText text = readString(reader);
+    if (reader.failed() || text.empty()) return std::nullopt;
+    return text;
+}
+
+}  // namespace ruvex

@@ -1,0 +1,27 @@
+// The table of loops, to be filled by one processor's source after another.
+
+#pragma once
+
+#include "stages/kernels/ghost_loops.h"
+#include "stages/kernels/grain_loops.h"
+#include "stages/kernels/row_kernels.h"
+#include "stages/kernels/shash_loops.h"
+#include "stages/kernels/signal_loops.h"
+
+namespace ruvex::detail {
+
+template <class P, class Processor>
+inline constexpr RowKernels<P> kRowKernels{.hold = SignalLoops<P, Processor>::hold,
+                                           .lose = SignalLoops<P, Processor>::lose,
+                                           .loseApart = SignalLoops<P, Processor>::loseApart,
+                                           .finish = SignalLoops<P, Processor>::finish,
+                                           .haunt = GhostLoops<P, Processor>::haunt,
+                                           .hashColour = GrainLoops<P, Processor>::hashColour,
+                                           .hashGrey = GrainLoops<P, Processor>::hashGrey,
+                                           .addGrain = GrainLoops<P, Processor>::addGrain,
+                                           .points = ShashLoops<P, Processor>::points,
+                                           .bars = ShashLoops<P, Processor>::bars,
+                                           .dim = SignalLoops<P, Processor>::dim,
+                                           .dashes = ShashLoops<P, Processor>::dashes};
+
+}  // namespace ruvex::detail

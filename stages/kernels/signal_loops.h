@@ -1,0 +1,173 @@
+// The loops of the signal pass, to be compiled for one processor after another: each source names a
+// type of its own, so that no version is taken for another.
+
+#pragma once
+
+#include "imaging/pixel_convert.h"
+#include "stages/colour_loss.h"
+#include "stages/kernels/loop_maths.h"
+#include "stages/pixel_words.h"
+
+namespace ruvex::detail {
+
+template <class P, class Processor>
+struct SignalLoops {
+    using Words = PixelWords<P, Processor>;
+    // A part k of the way from `from` to `to`, truncated. The weights are 0 to 1, so that it fits.
+    [[gnu::always_inline]] static std::int32_t towards(std::int32_t from, std::int32_t to,
+                                                       float k) {
+        return static_cast<std::int32_t>(static_cast<float>(to - from) * k +
+                                         static_cast<float>(from));
+    }
+
+    // Calls colour(words, i) for each pixel, which stores it.
+    template <class Colour>
+    [[gnu::always_inline]] static void forEach(const P* from, std::int32_t count, Colour colour) {
+#pragma GCC ivdep
+        for (std::int32_t i = 0; i < count; ++i) colour(Words(from + i), i);
+    }
+
+    static void hold(const P* from, std::int32_t count, P* to) {
+        forEach(
+            from, count, [=](const Words& w, std::int32_t i) __attribute__((always_inline)) {
+                w.store(held<P>(w.template component<0>()), held<P>(w.template component<1>()),
+                        held<P>(w.template component<2>()), to + i);
+            });
+    }
+
+    static void grey(const P* from, std::int32_t count, P* to) {
+        forEach(
+            from, count, [=](const Words& w, std::int32_t i) __attribute__((always_inline)) {
+                const std::int32_t mean = (w.template component<0>() + w.template component<1>() +
+                                           w.template component<2>()) /
+                                          3;
+                w.store(mean, mean, mean, to + i);
+            });
+    }
+
+    // Blue is worked out from the new red, so that just before the swap ends both channels carry
+    // what was blue.
+    static void drain(const P* from, std::int32_t count, float k, P* to) {
+        forEach(
+            from, count, [=](const Words& w, std::int32_t i) __attribute__((always_inline)) {
+                const std::int32_t g = w.template component<1>();
+                const std::int32_t b = w.template component<2>();
+                const std::int32_t mean = (w.template component<0>() + g + b) / 3;
+                const std::int32_t r = towards(b, mean, k);
+                w.store(r, towards(g, mean, k), towards(r, mean, k), to + i);
+            });
+    }
+
+    static void swap(const P* from, std::int32_t count, float k, P* to) {
+        forEach(
+            from, count, [=](const Words& w, std::int32_t i) __attribute__((always_inline)) {
+                const std::int32_t b = w.template component<2>();
+                const std::int32_t r = towards(w.template component<0>(), b, k);
+                w.store(r, w.template component<1>(), towards(b, r, k), to + i);
+            });
+    }
+
+    static void lose(const P* from, std::int32_t count, const ColourLoss& loss, P* to) {
+        switch (loss.stage) {
+            case ColourLoss::Stage::Grey:
+                return grey(from, count, to);
+            case ColourLoss::Stage::Drain:
+                return drain(from, count, loss.weight, to);
+            case ColourLoss::Stage::Swap:
+                return swap(from, count, loss.weight, to);
+            default:
+                if (from != to && count > 0) {
+                    std::memcpy(static_cast<void*>(to), from,
+                                static_cast<std::size_t>(count) * sizeof(P));
+                }
+        }
+    }
+
+    // The same where each gun reads a pixel of its own; every channel is swapped with the other one
+    // of its own pixel.
+    template <class Colour>
+    [[gnu::always_inline]] static void forEachApart(const P* __restrict red,
+                                                    const P* __restrict green,
+                                                    const P* __restrict blue, std::int32_t count,
+                                                    Colour colour) {
+#pragma GCC ivdep
+        for (std::int32_t i = 0; i < count; ++i) {
+            colour(Words(red + i), Words(green + i), Words(blue + i), i);
+        }
+    }
+
+    static void loseApart(const P* red, const P* green, const P* blue, std::int32_t count,
+                          const ColourLoss& loss, P* to) {
+        const float k = loss.weight;
+        switch (loss.stage) {
+            case ColourLoss::Stage::Grey:
+                return forEachApart(
+                    red, green, blue, count,
+                    [=](const Words& r, const Words& g, const Words& b, std::int32_t i)
+                        __attribute__((always_inline)) {
+                            const std::int32_t mean =
+                                (r.template component<0>() + g.template component<1>() +
+                                 b.template component<2>()) /
+                                3;
+                            r.store(mean, mean, mean, to + i);
+                        });
+            case ColourLoss::Stage::Drain:
+                return forEachApart(
+                    red, green, blue, count,
+                    [=](const Words& r, const Words& g, const Words& b,
+                        std::int32_t i) __attribute__((always_inline)) {
+                        const std::int32_t middle = g.template component<1>();
+                        const std::int32_t mean =
+                            (r.template component<0>() + middle + b.template component<2>()) / 3;
+                        r.store(towards(r.template component<2>(), mean, k),
+                                towards(middle, mean, k),
+                                towards(b.template component<0>(), mean, k), to + i);
+                    });
+            case ColourLoss::Stage::Swap:
+                return forEachApart(
+                    red, green, blue, count,
+                    [=](const Words& r, const Words& g, const Words& b,
+                        std::int32_t i) __attribute__((always_inline)) {
+                        r.store(towards(r.template component<0>(), r.template component<2>(), k),
+                                g.template component<1>(),
+                                towards(b.template component<2>(), b.template component<0>(), k),
+                                to + i);
+                    });
+            default:
+                return forEachApart(
+                    red, green, blue, count,
+                    [=](const Words& r, const Words& g, const Words& b, std::int32_t i)
+                        __attribute__((always_inline)) {
+                            r.store(r.template component<0>(), g.template component<1>(),
+                                    b.template component<2>(), to + i);
+                        });
+        }
+    }
+
+    static void finish(P* pixels, std::int32_t count, float saturation, float gain) {
+        forEach(
+            pixels, count, [=](const Words& w, std::int32_t i) __attribute__((always_inline)) {
+                const std::int32_t r = w.template component<0>();
+                const std::int32_t g = w.template component<1>();
+                const std::int32_t b = w.template component<2>();
+                const std::int32_t l = (r + g + b) / 3;
+                const auto tone = [=](std::int32_t t) __attribute__((always_inline)) {
+                    const float v = static_cast<float>(t - l) * saturation + static_cast<float>(l);
+                    return held<P>(static_cast<float>(truncateToInt(v)) * gain);
+                };
+                w.store(tone(r), tone(g), tone(b), pixels + i);
+            });
+    }
+
+    static void dim(const P* from, std::int32_t count, float factor, P* to) {
+        using Component = typename P::Component;
+        const Component* const in = components(from);
+        Component* const out = components(to);
+#pragma GCC ivdep
+        for (std::int32_t i = 0; i < 4 * count; ++i) {
+            out[i] = static_cast<Component>(truncateToInt(static_cast<float>(in[i]) * factor));
+        }
+    }
+};
+
+}  // namespace ruvex::detail
