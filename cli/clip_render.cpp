@@ -1,71 +1,84 @@
 #include "cli/clip_render.h"
 
 #include <iostream>
+#include <optional>
+#include <stdexcept>
 #include <utility>
 
-#include "cli/interruption.h"
 #include "cli/job_report.h"
 #include "cli/messages.h"
-#include "cli/open_project.h"
-#include "cli/progress.h"
-#include "cli/resume.h"
-#include "media/partial_file.h"
+#include "cli/stop_signals.h"
+#include "jobs/open_project.h"
+#include "jobs/resume.h"
+#include "jobs/run_render.h"
+#include "looks/session_look.h"
 
 namespace ruvex::cli {
 namespace {
 
-/// False if it was told to stop; the result is then not there.
-bool renderInto(media::FrameWriter& writer, RenderLine& line, const FramesToMake& frames,
-                Talk talk) {
-    Progress progress(frames.count(), talk);
-    const bool all = line.run(frames, [&](std::int64_t number, const media::Frame& result) {
-        writer.write(number, result);
-        progress.step();
-    });
-    if (all) {
-        writer.finish();
-        progress.finish();
+/// Reports a render on the standard error stream.
+class ReportedRender final : public jobs::RenderEvents {
+public:
+    ReportedRender(const jobs::RenderPlan& plan, const media::ClipInfo& clip, Talk talk)
+        : plan_(plan), clip_(clip), talk_(talk) {}
+
+    void begun(const jobs::FramesToMake& frames) override {
+        if (talk_ == Talk::Verbose) std::cerr << jobReport(plan_, clip_, frames);
+        progress_.emplace(frames.count(), talk_);
     }
-    return all;
+    void remark(const std::string& sentence) override {
+        if (talk_ != Talk::Quiet) printWarnings({sentence});
+    }
+    void frameWritten(std::int64_t) override { progress_->step(); }
+    void finished() override { progress_->finish(); }
+
+private:
+    const jobs::RenderPlan& plan_;
+    const media::ClipInfo clip_;
+    Talk talk_;
+    std::optional<Progress> progress_;
+};
+
+/// The parameters as the effect has them after the plan's changes.
+void saveParams(const jobs::RenderPlan& plan, const std::filesystem::path& file) {
+    const jobs::OpenProject project(plan.project);
+    runtime::EffectSession session({.module = runtime::Module::loadDefault(),
+                                    .project = plan.project,
+                                    .provider = {},
+                                    .interruption = {}});
+    looks::applyChanges(session, plan.parameters);
+    looks::saveLook(session, file);
 }
 
-/// Everything after a look at the input.
-int renderPlanned(const RenderJob& job, const RenderPlan& plan, const FramesToMake& frames,
-                  std::shared_ptr<SharedClip> clip) {
-    const OpenProject project(plan.project);
-    RenderLine line(job, plan, std::move(clip));
-    media::removeAbandoned(job.output);
-    const auto writer = media::openWriter(job.output, plan.output);
-    if (job.talk != Talk::Quiet) {
-        printWarnings(writer->remarks());
+int runPlan(const jobs::RenderPlan& plan, const RenderManner& manner,
+            std::unique_ptr<media::FrameReader> reader) {
+    const StopSignals signals;
+    if (manner.dryRun) {
+        std::cout << jobReport(plan, reader->info(), framesToMake(plan, signals.token()));
+        return finishOutput();
     }
-    return renderInto(*writer, line, frames, job.talk) ? 0 : reportStop(job.output);
+    if (!manner.saveParams.empty()) saveParams(plan, manner.saveParams);
+    ReportedRender report(plan, reader->info(), manner.talk);
+    const jobs::RenderEnd end = jobs::runRender(plan, std::move(reader), report, signals.token());
+    return end == jobs::RenderEnd::Finished ? 0 : reportStop(plan.output);
 }
 
 }  // namespace
 
-int renderClip(RenderJob job) {
-    const media::ReadOptions reading = readingOf(job);
-    auto reader = media::openReader(job.input, reading);
-    const RenderPlan plan = makeRenderPlan(job, reader->info());
-    if (job.talk != Talk::Quiet) {
-        printWarnings(job.warnings);
+int renderClip(const jobs::RenderJob& job, const RenderManner& manner) {
+    try {
+        auto reader = media::openReader(job.input, jobs::readingOf(job));
+        std::vector<jobs::Note> notes;
+        const jobs::RenderPlan plan = planRender(job, reader->info(), notes);
+        if (manner.talk != Talk::Quiet) printNotes(notes, manner.fieldText);
+        return runPlan(plan, manner, std::move(reader));
+    } catch (const jobs::JobError& error) {
+        throw UsageError(sentenceOf(error, manner.fieldText));
+    } catch (const jobs::FrameFailure& failure) {
+        throw std::runtime_error(
+            failure.what() +
+            (manner.repeat ? " To repeat it: " + manner.repeat(failure.frame()) : ""));
     }
-    catchStopSignals();
-    const FramesToMake frames = framesToMake(job, plan);
-    if (job.dryRun) {
-        std::cout << jobReport(job, plan, reader->info(), frames);
-        return finishOutput();
-    }
-    if (job.talk == Talk::Verbose) {
-        std::cerr << jobReport(job, plan, reader->info(), frames);
-    }
-    SharedClip::Open openAgain;
-    if (media::fileKind(job.input) != media::FileKind::Stream) {
-        openAgain = [&] { return media::openReader(job.input, reading); };
-    }
-    return renderPlanned(job, plan, frames,
-                         std::make_shared<SharedClip>(std::move(reader), openAgain));
 }
 
 }  // namespace ruvex::cli

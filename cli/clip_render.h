@@ -1,13 +1,30 @@
-// A clip through the effect, from its first frame to its last, into a file.
+// A job, run for a person at a terminal.
 
 #pragma once
 
-#include "cli/render_job.h"
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <string>
+
+#include "cli/job_words.h"
+#include "cli/progress.h"
+#include "jobs/render_job.h"
 
 namespace ruvex::cli {
 
-/// Looks at the input, renders and writes; the exit status. Throws UsageError, media::MediaError
-/// and runtime::Error.
-int renderClip(RenderJob job);
+/// How a render is run and reported; none of it is part of the job.
+struct RenderManner {
+    Talk talk = Talk::Usual;
+    bool dryRun = false;                 ///< Only report what would be done.
+    std::filesystem::path saveParams{};  ///< Write the parameters in use there; empty: do not.
+    FieldText fieldText = optionText;    ///< What the user calls the fields of the job.
+    /// The command that renders one frame alone, for the message about a frame that failed.
+    std::function<std::string(std::int64_t frame)> repeat{};
+};
+
+/// Renders and reports; returns the exit status. Throws UsageError, media::MediaError,
+/// runtime::Error and std::runtime_error for a frame that failed.
+int renderClip(const jobs::RenderJob& job, const RenderManner& manner);
 
 }  // namespace ruvex::cli

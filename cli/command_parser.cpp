@@ -8,6 +8,7 @@
 #include "cli/exit_status.h"
 #include "cli/messages.h"
 #include "cli/usage_error.h"
+#include "files/words.h"
 
 namespace ruvex::cli {
 namespace {
@@ -28,7 +29,7 @@ struct Parser {
 };
 
 std::string unknownCommand(const std::string& name) {
-    return "There is no command " + inQuotes(name) + ". 'ruvex --help' lists them.";
+    return "There is no command " + files::inQuotes(name) + ". 'ruvex --help' lists them.";
 }
 
 /// The first word, where it is the name of none of the commands. To the parser there is just none.

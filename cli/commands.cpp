@@ -7,12 +7,13 @@
 #include "cli/params_command.h"
 #include "cli/presets_command.h"
 #include "cli/render_command.h"
+#include "cli/run_command.h"
 
 namespace ruvex::cli {
 
 std::vector<Command> newCommands() {
-    return {renderCommand(),  compareCommand(), levelCommand(), paramsCommand(),
-            presetsCommand(), moduleCommand(),  helpCommand()};
+    return {renderCommand(), compareCommand(), runCommand(),    levelCommand(),
+            paramsCommand(), presetsCommand(), moduleCommand(), helpCommand()};
 }
 
 const std::vector<Command>& commands() {

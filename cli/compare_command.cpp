@@ -2,8 +2,11 @@
 
 #include <memory>
 
-#include "cli/clip_render.h"
+#include "cli/messages.h"
+#include "cli/option_text.h"
+#include "cli/render_command.h"
 #include "cli/shell_text.h"
+#include "cli/typed_job.h"
 #include "cli/usage_error.h"
 
 namespace ruvex::cli {
@@ -24,21 +27,20 @@ OptionTable compareOptions(CompareOptions& options) {
         {"--split", "", "One picture: before to the left of a thin white line, after to its right",
          &options.split},
         {"--split-at", "F",
-         "Where that line stands, from 0 at the left to 1 at the right; means --split. 0.5 without "
-         "it",
+         "Where that line is, from 0 at the left to 1 at the right; implies --split; default: 0.5",
          &options.splitAt},
     };
     table.insert(table.end(), own.begin(), own.end());
     return table;
 }
 
-Comparison comparisonOf(const CompareOptions& options) {
-    Comparison comparison;
+jobs::Comparison comparisonOf(const CompareOptions& options) {
+    jobs::Comparison comparison;
     if (options.split || !options.splitAt.empty()) {
         if (options.sideBySide) {
             throw UsageError("--side-by-side and --split are two ways to compare. Choose one.");
         }
-        comparison.kind = Comparison::Kind::Split;
+        comparison.kind = jobs::Comparison::Kind::Split;
     }
     if (!options.splitAt.empty()) {
         comparison.splitAt = parsePart("--split-at", options.splitAt);
@@ -47,15 +49,16 @@ Comparison comparisonOf(const CompareOptions& options) {
 }
 
 int runCompare(const CompareOptions& options) {
-    const Comparison comparison = comparisonOf(options);
-    RenderJob job = makeRenderJob(options.render);
+    std::vector<std::string> warnings;
+    const jobs::Comparison comparison = comparisonOf(options);
+    jobs::RenderJob job = typedJob(options.render, warnings);
     job.comparison = comparison;
-    job.repeat = [&](std::int64_t frame) {
+    if (talkOf(options.render.talk) != Talk::Quiet) printWarnings(warnings);
+    return runTypedJob(job, options.render, [&](std::int64_t frame) {
         CompareOptions one = options;
         one.render = oneFrame(options.render, frame);
         return commandText("compare", compareOptions(one));
-    };
-    return renderClip(std::move(job));
+    });
 }
 
 }  // namespace

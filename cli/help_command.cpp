@@ -9,6 +9,7 @@
 #include "cli/man_page.h"
 #include "cli/messages.h"
 #include "cli/usage_error.h"
+#include "files/words.h"
 
 namespace ruvex::cli {
 namespace {
@@ -22,7 +23,7 @@ struct HelpOptions {
 std::string completionFor(const std::string& shell) {
     if (shell == "bash" || shell == "zsh") return bashCompletion(commands());
     if (shell == "fish") return fishCompletion(commands());
-    throw UsageError("--completion: " + inQuotes(shell) +
+    throw UsageError("--completion: " + files::inQuotes(shell) +
                      " is no shell that it is made for; write bash, zsh or fish.");
 }
 
@@ -44,7 +45,7 @@ Command helpCommand() {
     return {
         .name = "help",
         .summary = "Tell of a command, or print the manual page or a shell's completion",
-        .options = {{"COMMAND", "", "Which; all of them without it", &options->command},
+        .options = {{"COMMAND", "", "Which one; default: all of them", &options->command},
                     {"--man", "", "Print the manual page, for 'man -l'", &options->man},
                     {"--completion", "bash|zsh|fish",
                      "Print the script that lets this shell complete commands, options, presets "

@@ -1,17 +1,17 @@
-// What a render is going to do, in words.
+// A planned render as text.
 
 #pragma once
 
 #include <string>
 
-#include "cli/render_line.h"
+#include "jobs/pipeline.h"
 #include "media/clip_info.h"
 
 namespace ruvex::cli {
 
-/// Lines of two columns, with a line end each: the input as it was found, the result, the frames,
-/// and every parameter that does not keep its default.
-std::string jobReport(const RenderJob& job, const RenderPlan& plan, const media::ClipInfo& clip,
-                      const FramesToMake& frames);
+/// Lines of two columns: the input as it was found, the result, the frames, and every parameter
+/// that does not have its default.
+std::string jobReport(const jobs::RenderPlan& plan, const media::ClipInfo& clip,
+                      const jobs::FramesToMake& frames);
 
 }  // namespace ruvex::cli

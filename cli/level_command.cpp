@@ -3,53 +3,32 @@
 #include <cstdio>
 #include <iostream>
 #include <memory>
-#include <optional>
 #include <span>
 
 #include "cli/exit_status.h"
-#include "cli/interruption.h"
 #include "cli/level_job.h"
 #include "cli/level_plot.h"
 #include "cli/messages.h"
-#include "cli/open_project.h"
-#include "cli/ruvex_control.h"
+#include "cli/stop_signals.h"
 #include "cli/value_column.h"
-#include "media/partial_file.h"
-#include "runtime/error.h"
+#include "files/whole_file.h"
+#include "jobs/open_project.h"
+#include "looks/level_series.h"
+#include "looks/session_look.h"
 
 namespace ruvex::cli {
 namespace {
 
-/// The values are lengths of the project frame and do not depend on its size: any will do.
+/// The values are lengths of the project frame and do not depend on its size.
 runtime::Project projectOf(const LevelJob& job) {
     return {.width = 720, .height = 576, .frameRate = job.rate.value()};
 }
 
-FrameValues valuesOf(const IRuvexControl& control, std::int64_t frame, double rate) {
-    FrameValues values{};
-    runtime::require(control.frameValues(runtime::frameTime(frame, rate), rate, &values),
-                     "the effect has no values for frame " + std::to_string(frame));
-    return values;
-}
-
-/// Nothing if it was told to stop.
-std::optional<std::vector<FrameValues>> valuesOf(const runtime::EffectSession& session,
-                                                 const LevelJob& job) {
-    const IRuvexControl& control = ruvexControl(session);
-    std::vector<FrameValues> series;
-    for (std::int64_t k = job.frames.first; k <= job.frames.last; ++k) {
-        if (stopWished()) {
-            return std::nullopt;
-        }
-        series.push_back(valuesOf(control, k, job.rate.value()));
-    }
-    return series;
-}
-
 void writePlot(const runtime::EffectSession& session, const LevelJob& job,
                const std::vector<FrameValues>& series) {
-    const std::string svg = levelPlot(series, thresholdCurves(session, series), job.rate.value());
-    media::writeWhole(job.plot, std::as_bytes(std::span(svg)));
+    const auto curves = looks::thresholdCurves(session, series, plottedThresholds());
+    const std::string svg = levelPlot(series, curves, job.rate.value());
+    files::writeWhole(job.plot, std::as_bytes(std::span(svg)));
 }
 
 constexpr const char* kNotes =
@@ -60,15 +39,17 @@ and what has built up by then. Lengths are pixels of the project frame.)";
 int runLevel(const LevelOptions& options) {
     const LevelJob job = makeLevelJob(options);
     printWarnings(job.warnings);
-    catchStopSignals();
+    const StopSignals signals;
     const runtime::Project project = projectOf(job);
-    const OpenProject open(project);
+    const jobs::OpenProject open(project);
     runtime::EffectSession session({.module = runtime::Module::loadDefault(),
                                     .project = project,
                                     .provider = {},
                                     .interruption = {}});
-    setParameters(session, job.parameters);
-    const auto series = valuesOf(session, job);
+    looks::applyChanges(session, job.parameters);
+    if (!job.saveParams.empty()) looks::saveLook(session, job.saveParams);
+    const auto series = looks::levelSeries(session, job.frames.first, job.frames.last,
+                                           job.rate.value(), signals.token());
     if (!series) {
         std::fputs("ruvex: stopped; nothing was written.\n", stderr);
         return kStopped;

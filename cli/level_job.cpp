@@ -2,67 +2,78 @@
 
 #include <optional>
 
-#include "cli/clip_choice.h"
+#include "cli/job_words.h"
+#include "cli/option_text.h"
+#include "cli/parameter_choice.h"
 #include "cli/usage_error.h"
+#include "files/words.h"
+#include "jobs/clip_choice.h"
+#include "jobs/render_job.h"
 #include "media/frame_reader.h"
-#include "media/text.h"
 
 namespace ruvex::cli {
 namespace {
 
-struct Wishes {
+struct Choices {
     std::optional<media::Rational> rate;
-    std::optional<FrameRange> frames;
+    std::optional<jobs::FrameRange> frames;
     std::optional<media::FrameSize> size;
 };
 
-Wishes wishesOf(const LevelOptions& options) {
-    Wishes wishes;
-    if (!options.rate.empty()) wishes.rate = parseFraction("--rate", options.rate);
-    if (!options.frames.empty()) wishes.frames = parseFrames("--frames", options.frames);
-    if (!options.size.empty()) wishes.size = parseSize("--size", options.size);
-    return wishes;
+Choices choicesOf(const LevelOptions& options) {
+    Choices choices;
+    if (!options.rate.empty()) choices.rate = parseFraction("--rate", options.rate);
+    if (!options.frames.empty()) choices.frames = parseFrames("--frames", options.frames);
+    if (!options.size.empty()) choices.size = parseSize("--size", options.size);
+    return choices;
 }
 
 void checkPlotName(const LevelOptions& options) {
     const std::filesystem::path plot = options.plot;
-    if (!plot.empty() && media::lowerCase(plot.extension().string()) != ".svg") {
+    if (!plot.empty() && files::lowerCase(plot.extension().string()) != ".svg") {
         throw UsageError("--plot: " + options.plot +
                          " is not the name of an SVG picture. Use one that ends in .svg.");
     }
 }
 
-void chooseWithoutClip(const Wishes& wishes, LevelJob& job) {
-    if (!wishes.frames) {
+void chooseWithoutClip(const Choices& choices, LevelJob& job) {
+    if (!choices.frames) {
         throw UsageError("Without an input, say which frames (--frames A-B).");
     }
-    if (wishes.size) {
+    if (choices.size) {
         throw UsageError("--size is for raw input frames, and there is no input.");
     }
-    job.rate = wishes.rate.value_or(kUsualRate);
-    job.frames = *wishes.frames;
+    job.rate = choices.rate.value_or(jobs::kUsualRate);
+    job.frames = *choices.frames;
 }
 
-void chooseFromClip(const std::filesystem::path& input, const Wishes& wishes, LevelJob& job) {
-    checkNoStream(input);
-    checkRawSize(input, wishes.size, std::nullopt);
-    const auto reader = media::openReader(input, {.size = wishes.size});
-    job.rate = chooseRate(input, reader->info(), wishes.rate, job.warnings);
-    job.frames = chooseFrames(input, reader->info(), wishes.frames);
+void chooseFromClip(const std::filesystem::path& input, const Choices& choices, LevelJob& job) {
+    std::vector<jobs::Note> notes;
+    inOptionWords([&] {
+        jobs::checkNoStream(input);
+        jobs::checkRawSize({.input = input, .size = choices.size});
+        const auto reader = media::openReader(input, {.size = choices.size});
+        job.rate = chooseRate(input, reader->info(), choices.rate, notes);
+        job.frames = chooseFrames(input, reader->info(), choices.frames);
+    });
+    for (const jobs::Note& note : notes) {
+        job.warnings.push_back(sentenceOf(note));
+    }
 }
 
 }  // namespace
 
 LevelJob makeLevelJob(const LevelOptions& options) {
     LevelJob job;
-    const Wishes wishes = wishesOf(options);
+    const Choices choices = choicesOf(options);
     checkPlotName(options);
     job.plot = options.plot;
+    job.saveParams = options.parameters.saveParams;
     job.parameters = readParameters(options.parameters, job.warnings);
     if (options.input.empty()) {
-        chooseWithoutClip(wishes, job);
+        chooseWithoutClip(choices, job);
     } else {
-        chooseFromClip(options.input, wishes, job);
+        chooseFromClip(options.input, choices, job);
     }
     return job;
 }

@@ -1,4 +1,4 @@
-// What `ruvex level` is to work out; nothing is left to choose.
+// What `ruvex level` computes; nothing is left to choose.
 
 #pragma once
 
@@ -7,17 +7,19 @@
 #include <vector>
 
 #include "cli/level_options.h"
-#include "cli/option_text.h"
-#include "cli/parameter_choice.h"
+#include "jobs/frame_range.h"
+#include "looks/parameter_change.h"
+#include "media/rational.h"
 
 namespace ruvex::cli {
 
 struct LevelJob {
     media::Rational rate{25, 1};
-    FrameRange frames;
-    ParameterChoice parameters;
+    jobs::FrameRange frames;
+    std::vector<looks::ParameterChange> parameters;
+    std::filesystem::path saveParams;   ///< Empty: they are not saved.
     std::filesystem::path plot;         ///< Empty: none is drawn.
-    std::vector<std::string> warnings;  ///< For the person; the job goes on.
+    std::vector<std::string> warnings;  ///< For the user; the job goes on.
 };
 
 /// Looks at the input, if there is one. Throws UsageError and media::MediaError.

@@ -10,10 +10,11 @@ OptionTable levelOptions(LevelOptions& options) {
     table.insert(table.end(), parameters.begin(), parameters.end());
     const OptionTable list = {
         {"--frames", "A-B",
-         "First and last frame, inclusive, or one; all of the clip without it. Needed without "
+         "First and last frame, inclusive, or one frame; default: all of the clip. Required "
+         "without "
          "INPUT",
          &options.frames},
-        {"--rate", "R", "Frames a second where no input says: 25, 29.97, 30000/1001. 25 without it",
+        {"--rate", "R", "Frames a second where no input says: 25, 29.97, 30000/1001; default: 25",
          &options.rate},
         {"--size", "WxH", "Size of raw input frames", &options.size},
         {"--csv", "", "Comma-separated values with all their digits, instead of a table",

@@ -57,15 +57,15 @@ std::string idText(ParameterId id) {
     return text;
 }
 
-std::string labelText(const ThresholdCurve& curve) {
+std::string labelText(const looks::ThresholdCurve& curve) {
     const std::string label(row(curve.id).label);
     return curve.constant() ? label + " " + hundredths(curve.percent[0]) + " %" : label + ", keyed";
 }
 
 class Plot {
 public:
-    Plot(const std::vector<FrameValues>& series, const std::vector<ThresholdCurve>& thresholds,
-         double framesPerSecond)
+    Plot(const std::vector<FrameValues>& series,
+         const std::vector<looks::ThresholdCurve>& thresholds, double framesPerSecond)
         : series_(series),
           thresholds_(thresholds),
           rate_(framesPerSecond),
@@ -132,7 +132,7 @@ private:
         words({(kLeft + kRight) / 2.0, kTop - 25.0}, "seconds", "middle");
     }
 
-    std::vector<SvgPoint> pointsOf(const ThresholdCurve& curve) const {
+    std::vector<SvgPoint> pointsOf(const looks::ThresholdCurve& curve) const {
         if (curve.constant()) {
             return {{kLeft, yOf(curve.percent[0])}, {kRight, yOf(curve.percent[0])}};
         }
@@ -146,7 +146,7 @@ private:
     /// Dashes; curves that lie on one another take turns, so that each is seen.
     Svg::Attributes dashesOf(std::size_t index) const {
         constexpr int kDash = 8;
-        const auto same = [&](const ThresholdCurve& other) {
+        const auto same = [&](const looks::ThresholdCurve& other) {
             return other.percent == thresholds_[index].percent;
         };
         const auto begin = thresholds_.begin();
@@ -160,12 +160,12 @@ private:
 
     void drawThresholds() {
         std::vector<double> ends;
-        for (const ThresholdCurve& curve : thresholds_) {
+        for (const looks::ThresholdCurve& curve : thresholds_) {
             ends.push_back(yOf(curve.percent.back()));
         }
         const std::vector<double> places = spread(ends, kLineOfText, kTop, kBottom);
         for (std::size_t i = 0; i < thresholds_.size(); ++i) {
-            const ThresholdCurve& curve = thresholds_[i];
+            const looks::ThresholdCurve& curve = thresholds_[i];
             const std::string colour = colourOf(curve.id);
             Svg::Attributes look = dashesOf(i);
             look.insert(look.end(),
@@ -191,7 +191,7 @@ private:
     }
 
     const std::vector<FrameValues>& series_;
-    const std::vector<ThresholdCurve>& thresholds_;
+    const std::vector<looks::ThresholdCurve>& thresholds_;
     double rate_;
     double first_;
     double last_;
@@ -200,27 +200,17 @@ private:
 
 }  // namespace
 
-bool ThresholdCurve::constant() const {
-    return std::all_of(percent.begin(), percent.end(),
-                       [&](double value) { return value == percent[0]; });
-}
-
-std::vector<ThresholdCurve> thresholdCurves(const runtime::EffectSession& session,
-                                            const std::vector<FrameValues>& series) {
-    std::vector<ThresholdCurve> curves;
+std::vector<ParameterId> plottedThresholds() {
+    std::vector<ParameterId> ids;
     for (const Stage& stage : kStages) {
-        ThresholdCurve& curve = curves.emplace_back(ThresholdCurve{stage.threshold, {}});
-        const GUID& id = row(stage.threshold).identifier;
-        for (const FrameValues& values : series) {
-            curve.percent.push_back(
-                renderClamp(stage.threshold, session.value(id, values.seconds)));
-        }
+        ids.push_back(stage.threshold);
     }
-    return curves;
+    return ids;
 }
 
 std::string levelPlot(const std::vector<FrameValues>& series,
-                      const std::vector<ThresholdCurve>& thresholds, double framesPerSecond) {
+                      const std::vector<looks::ThresholdCurve>& thresholds,
+                      double framesPerSecond) {
     return Plot(series, thresholds, framesPerSecond).draw();
 }
 

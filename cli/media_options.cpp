@@ -1,37 +1,53 @@
 #include "cli/media_options.h"
 
 #include "cli/usage_error.h"
+#include "files/words.h"
+#include "jobs/job_names.h"
 
 namespace ruvex::cli {
+namespace {
 
-media::AlphaForm parseAlpha(const std::string& option, const std::string& text) {
-    if (text == "straight") return media::AlphaForm::Straight;
-    if (text == "premultiplied") return media::AlphaForm::Premultiplied;
-    throw UsageError(option + ": '" + text +
-                     "' is no form of alpha; write straight or premultiplied.");
+/// "blank, hold or loop".
+template <class Choice>
+std::string allNames() {
+    const auto all = jobs::namedChoices<Choice>();
+    std::string text;
+    for (std::size_t i = 0; i < all.size(); ++i) {
+        text += i == 0 ? "" : i + 1 == all.size() ? " or " : ", ";
+        text += all[i].name;
+    }
+    return text;
 }
 
-media::FileKind parseStreamFormat(const std::string& option, const std::string& text,
-                                  const std::filesystem::path& path) {
-    if (media::fileKind(path) != media::FileKind::Stream) {
-        throw UsageError(option + " is for streams (-); " + path.string() +
-                         " says by its ending what it is.");
-    }
-    if (text == "y4m") return media::FileKind::Y4m;
-    if (text == "rgba8") return media::FileKind::RawRgba8;
-    if (text == "s214") return media::FileKind::RawS214;
-    throw UsageError(option + ": '" + text + "' is no kind of stream; write y4m, rgba8 or s214.");
+template <class Choice>
+Choice parseChoice(const std::string& option, const std::string& text, const char* what) {
+    if (const auto choice = jobs::choiceNamed<Choice>(text)) return *choice;
+    throw UsageError(option + ": " + files::inQuotes(text) + " is not " + what + "; write " +
+                     allNames<Choice>() + ".");
+}
+
+}  // namespace
+
+media::AlphaForm parseAlpha(const std::string& option, const std::string& text) {
+    return parseChoice<media::AlphaForm>(option, text, "a form of alpha");
+}
+
+media::FileKind parseStreamFormat(const std::string& option, const std::string& text) {
+    return parseChoice<media::FileKind>(option, text, "a kind of stream");
 }
 
 media::FieldOrder parseFieldOrder(const std::string& option, const std::string& text) {
-    if (text == "top") return media::FieldOrder::TopFirst;
-    if (text == "bottom") return media::FieldOrder::BottomFirst;
-    if (text == "none") return media::FieldOrder::Progressive;
-    throw UsageError(option + ": '" + text + "' is no order of fields; write top, bottom or none.");
+    return parseChoice<media::FieldOrder>(option, text, "an order of fields");
 }
 
-std::string toText(media::FieldOrder order) {
-    return order == media::FieldOrder::TopFirst ? "top field first" : "bottom field first";
+jobs::ClipEnds parseEnds(const std::string& option, const std::string& text) {
+    return parseChoice<jobs::ClipEnds>(option, text, "a way to continue at the ends of a clip");
+}
+
+media::Depth parseDepth(const std::string& option, const std::string& text) {
+    if (text == "8") return media::Depth::Bits8;
+    if (text == "16") return media::Depth::S214;
+    throw UsageError(option + ": " + files::inQuotes(text) + " is not a depth; write 8 or 16.");
 }
 
 }  // namespace ruvex::cli

@@ -7,12 +7,6 @@
 
 namespace ruvex::cli {
 
-std::string inQuotes(std::string_view text) {
-    std::string result = "'";
-    result.append(text).append("'");
-    return result;
-}
-
 void printWarnings(const std::vector<std::string>& warnings) {
     for (const std::string& warning : warnings) {
         std::fprintf(stderr, "ruvex: warning: %s\n", warning.c_str());

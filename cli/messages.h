@@ -1,25 +1,20 @@
-// What a command says, beside what it writes into files.
+// Messages of a command, beside what it writes into files.
 
 #pragma once
 
 #include <filesystem>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace ruvex::cli {
 
-/// The text in quotation marks, for sentences.
-std::string inQuotes(std::string_view text);
-
-/// One line each, on the standard error stream; the command goes on.
+/// Prints one line each on the standard error stream.
 void printWarnings(const std::vector<std::string>& warnings);
 
-/// Says that a stop was wished and that `result` is not there; the exit status.
+/// Reports that the command was stopped and `result` was not written. Returns the exit status.
 int reportStop(const std::filesystem::path& result);
 
-/// Hands over what was printed on the standard output. The exit status: 1, with a sentence, if
-/// that failed.
+/// Flushes the standard output. Returns the exit status: 1, with a message, if that failed.
 int finishOutput();
 
 }  // namespace ruvex::cli

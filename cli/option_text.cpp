@@ -51,21 +51,21 @@ media::FrameSize parseSize(const std::string& option, std::string_view text) {
     return {*width, *height};
 }
 
-FrameRange parseFrames(const std::string& option, std::string_view text) {
+jobs::FrameRange parseFrames(const std::string& option, std::string_view text) {
     const auto parts = split(text, '-');
     const auto first = number<std::int64_t>(parts.front());
     const auto last = number<std::int64_t>(parts.back());
     if (parts.size() > 2 || !first || !last || *first > *last) {
         refuse(option, text, "a range of frames; write first and last, as in 0-99");
     }
-    if (*last >= kFrameNumberEnd) {
+    if (*last >= jobs::kFrameNumberEnd) {
         refuse(option, text,
-               "possible: frame numbers stay below " + std::to_string(kFrameNumberEnd));
+               "possible: frame numbers stay below " + std::to_string(jobs::kFrameNumberEnd));
     }
     return {*first, *last};
 }
 
-Region parseRegion(const std::string& option, std::string_view text) {
+jobs::Region parseRegion(const std::string& option, std::string_view text) {
     std::vector<int> values;
     for (const auto part : split(text, ',')) {
         values.push_back(number<int>(part).value_or(-1));

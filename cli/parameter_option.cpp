@@ -5,8 +5,8 @@
 #include <optional>
 #include <sstream>
 
-#include "cli/messages.h"
 #include "cli/usage_error.h"
+#include "files/words.h"
 #include "parameters/parameter_text.h"
 
 namespace ruvex::cli {
@@ -21,14 +21,14 @@ const ParameterRow& findOrSuggest(const std::string& option, std::string_view na
     if (const ParameterRow* row = findParameter(name)) {
         return *row;
     }
-    throw UsageError(option + ": " + noSuchParameter(name));
+    throw UsageError(option + ": " + looks::noSuchParameter(name));
 }
 
 NameAndRest splitName(const std::string& option, const std::string& text, const char* form) {
     const auto equals = text.find('=');
     if (equals == std::string::npos || equals == 0) {
-        throw UsageError(option + ": " + inQuotes(text) + " lacks a name or a value. Write " +
-                         form + ".");
+        throw UsageError(option + ": " + files::inQuotes(text) +
+                         " lacks a name or a value. Write " + form + ".");
     }
     return {&findOrSuggest(option, text.substr(0, equals)), text.substr(equals + 1)};
 }
@@ -55,11 +55,12 @@ std::optional<double> parseSeconds(std::string_view text) {
     return value;
 }
 
-Key parseKey(const ParameterRow& row, const std::string& text, std::vector<std::string>& warnings) {
+looks::Key parseKey(const ParameterRow& row, const std::string& text,
+                    std::vector<std::string>& warnings) {
     const auto colon = text.find(':');
     const auto seconds = parseSeconds(std::string_view(text).substr(0, colon));
     if (colon == std::string::npos || !seconds) {
-        throw UsageError("--key: " + inQuotes(text) +
+        throw UsageError("--key: " + files::inQuotes(text) +
                          " is not a key. Write seconds and value, as in 1.5:80.");
     }
     return {*seconds, parseUsable("--key", row, text.substr(colon + 1), warnings)};
@@ -67,32 +68,32 @@ Key parseKey(const ParameterRow& row, const std::string& text, std::vector<std::
 
 }  // namespace
 
-Setting parseSetting(const std::string& text, std::vector<std::string>& warnings) {
+looks::Setting parseSetting(const std::string& text, std::vector<std::string>& warnings) {
     const auto [row, rest] = splitName("--set", text, "NAME=VALUE, as in \"Resolution=50\"");
     if (!row->rendered) {
-        warnings.push_back("--set: " + doesNotRender(*row));
+        warnings.push_back("--set: " + looks::doesNotRender(*row));
     }
-    return {row, parseUsable("--set", *row, rest, warnings)};
+    return {row->id, parseUsable("--set", *row, rest, warnings)};
 }
 
-Animation parseAnimation(const std::string& text, std::vector<std::string>& warnings) {
+looks::Animation parseAnimation(const std::string& text, std::vector<std::string>& warnings) {
     const auto [row, rest] =
         splitName("--key", text, "NAME=T:V T:V ..., as in \"Resolution=0:100 2:30\"");
     if (!isReal(row->kind)) {
-        throw UsageError("--key: " + inQuotes(row->label) +
+        throw UsageError("--key: " + files::inQuotes(row->label) +
                          " cannot be animated; only real parameters can. Use --set.");
     }
-    Animation animation{row, {}};
+    looks::Animation animation{row->id, {}};
     std::istringstream words(rest);
     for (std::string word; words >> word;) {
         animation.keys.push_back(parseKey(*row, word, warnings));
     }
     if (animation.keys.empty()) {
-        throw UsageError("--key: " + inQuotes(row->label) +
+        throw UsageError("--key: " + files::inQuotes(row->label) +
                          " has no keys. Write T:V, as in 0:100.");
     }
-    if (const Key* twice = sortKeys(animation)) {
-        throw UsageError("--key: " + inQuotes(row->label) + " has two keys at " +
+    if (const looks::Key* twice = sortKeys(animation)) {
+        throw UsageError("--key: " + files::inQuotes(row->label) + " has two keys at " +
                          formatNumber(twice->seconds) + " s.");
     }
     return animation;

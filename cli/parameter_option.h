@@ -5,16 +5,16 @@
 #include <string>
 #include <vector>
 
-#include "cli/parameter_change.h"
+#include "looks/parameter_change.h"
 
 namespace ruvex::cli {
 
 /// "NAME=VALUE". Throws UsageError: an unknown name, with the nearest one, or a value that the
 /// parameter does not take. What the render will only hold to its range goes to `warnings`.
-Setting parseSetting(const std::string& text, std::vector<std::string>& warnings);
+looks::Setting parseSetting(const std::string& text, std::vector<std::string>& warnings);
 
 /// "NAME=T:V T:V ...", T in seconds. Throws UsageError, also for a parameter that is not real and
 /// for two keys at one time.
-Animation parseAnimation(const std::string& text, std::vector<std::string>& warnings);
+looks::Animation parseAnimation(const std::string& text, std::vector<std::string>& warnings);
 
 }  // namespace ruvex::cli

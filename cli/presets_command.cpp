@@ -5,8 +5,8 @@
 #include <string>
 
 #include "cli/messages.h"
-#include "cli/preset_files.h"
-#include "cli/preset_sheet.h"
+#include "cli/sheet_command.h"
+#include "looks/presets.h"
 #include "parameters/presets.h"
 
 namespace ruvex::cli {
@@ -25,7 +25,7 @@ struct PresetsOptions {
 };
 
 int run(const PresetsOptions& options) {
-    if (!options.saveFolder.empty()) writePresetFiles(options.saveFolder);
+    if (!options.saveFolder.empty()) looks::writePresetFiles(options.saveFolder);
     if (!options.sheet.input.empty()) return drawPresetSheet(options.sheet);
     return options.saveFolder.empty() ? listPresets() : 0;
 }
@@ -40,15 +40,16 @@ OptionTable presetsOptions(PresetsOptions& all) {
          &options.input},
         {"-o,--output", "SHEET.png", "The picture that shows them, with the clip's own frame",
          &options.output, false, kSheet},
-        {"--frame", "N", "Which frame; the one in the middle without it", &options.frame, false,
+        {"--frame", "N", "Which frame; default: the one in the middle", &options.frame, false,
          kSheet},
         {"--rate", "R",
-         "Frames a second where the input does not say: 25, 29.97, 30000/1001. 25 without it",
+         "Frames a second where the input does not say: 25, 29.97, 30000/1001; default: 25",
          &options.rate, false, kSheet},
         {"--size", "WxH", "Size of raw input frames", &options.size, false, kSheet},
-        {"--depth", "8|16", "Bits a channel in the chain; by the input without it", &options.depth,
+        {"--depth", "8|16", "Bits a channel in the chain; default: by the input", &options.depth,
          false, kSheet},
-        {"--workers", "N", "Shares that each picture is cut into; by the machine without it",
+        {"--workers", "N",
+         "Shares that each picture is cut into; default: the machine's processors",
          &options.workers, false, kSheet},
     };
 }

@@ -1,24 +1,49 @@
 #include "cli/render_command.h"
 
 #include <memory>
+#include <utility>
 
 #include "cli/clip_render.h"
+#include "cli/messages.h"
 #include "cli/shell_text.h"
+#include "cli/typed_job.h"
+#include "jobs/job_file.h"
 
 namespace ruvex::cli {
-
 namespace {
 
+void checkJobFileName(const std::string& file) {
+    if (!file.empty() && std::filesystem::path(file).extension() != ".json") {
+        throw UsageError("--save-job: " + file +
+                         " is not the name of a job file. Use one that ends in .json.");
+    }
+}
+
 int runRender(const RenderOptions& options) {
-    RenderJob job = makeRenderJob(options);
-    job.repeat = [&](std::int64_t frame) {
+    std::vector<std::string> warnings;
+    const jobs::RenderJob job = typedJob(options, warnings);
+    if (talkOf(options.talk) != Talk::Quiet) printWarnings(warnings);
+    return runTypedJob(job, options, [&](std::int64_t frame) {
         RenderOptions one = oneFrame(options, frame);
         return commandText("render", renderOptions(one));
-    };
-    return renderClip(std::move(job));
+    });
 }
 
 }  // namespace
+
+int runTypedJob(const jobs::RenderJob& job, const RenderOptions& options,
+                std::function<std::string(std::int64_t frame)> command) {
+    checkJobFileName(options.saveJob);
+    const Talk talk = talkOf(options.talk);
+    if (!options.saveJob.empty()) {
+        jobs::writeJob(job, options.saveJob);
+        return 0;
+    }
+    return renderClip(job, {.talk = talk,
+                            .dryRun = options.dryRun,
+                            .saveParams = options.parameters.saveParams,
+                            .repeat = std::move(command)});
+}
 
 Command renderCommand() {
     const auto options = std::make_shared<RenderOptions>();
@@ -34,7 +59,8 @@ Command renderCommand() {
              "ruvex render clip.mp4 -o going.mkv --key \"Resolution=0:100 2:25\" --frames 0-49",
              "ruvex render shot.%05d.png -o out.%05d.png --rate 24 --set \"X Edge Method=Wrap\"",
              "ruvex render clip.mp4 -o rewound.mp4 --key \"Play Speed=0:100 1:-100\" --ends hold",
-             "ruvex render in.%d.s214 -o out.%d.s214 --size 1920x1080 --workers 4"},
+             "ruvex render in.%d.s214 -o out.%d.s214 --size 1920x1080 --workers 4",
+             "ruvex render clip.mp4 -o bad.mp4 --preset \"Bad Colour TV\" --save-job bad.json"},
         .run = [options] { return runRender(*options); }};
 }
 

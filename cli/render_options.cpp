@@ -27,38 +27,38 @@ OptionTable renderOptions(RenderOptions& options) {
     table.insert(table.end(), parameters.begin(), parameters.end());
     const OptionTable picture = {
         {"--frames", "A-B",
-         "First and last frame, inclusive, or one; all without it. Frame k is at time k / rate",
+         "First and last frame, inclusive, or one frame; default: all. Frame k is at time k / rate",
          &options.frames},
         {"--rate", "R",
-         "Frames a second where the input does not say: 25, 29.97, 30000/1001. 25 without it",
+         "Frames a second where the input does not say: 25, 29.97, 30000/1001; default: 25",
          &options.rate},
         {"--size", "WxH", "Size of raw input frames", &options.size},
-        {"--depth", "8|16", "Bits a channel in the chain; by the input without it", &options.depth},
+        {"--depth", "8|16", "Bits a channel in the chain; default: by the input", &options.depth},
         {"--alpha", "straight|premultiplied",
-         "How input and output store colour beside alpha; without it, EXR premultiplied and "
-         "everything else straight. The effect works on straight colour",
+         "How input and output store colour beside alpha; default: EXR premultiplied, everything "
+         "else straight. The effect works on straight colour",
          &options.alpha},
         {"--codec", "ffv1|h264|h265|prores",
-         "How video is coded; without it .mp4 and .m4v are H.264, .mov is ProRes 4444, .mkv is "
-         "FFV1",
+         "How video is coded; default: H.264 in .mp4 and .m4v, ProRes 4444 in .mov, FFV1 in "
+         ".mkv",
          &options.codec},
         {"--quality", "1-100",
-         "Of H.264 and H.265 (72 without it), of ProRes and JPEG (95); 100 is the finest",
+         "Of H.264 and H.265 (default: 72), of ProRes and JPEG (default: 95); 100 is the finest",
          &options.quality},
         {"--input-format", "y4m|rgba8|s214",
-         "What standard input (-) holds; without it raw frames of 8 bits if --size is given, else "
+         "What standard input (-) holds; default: raw frames of 8 bits if --size is given, else "
          "Y4M",
          &options.inputFormat},
-        {"--output-format", "y4m|rgba8|s214", "What goes to standard output (-); Y4M without it",
+        {"--output-format", "y4m|rgba8|s214", "What goes to standard output (-); default: y4m",
          &options.outputFormat},
         {"--workers", "N",
-         "Shares that each picture is cut into; by the machine without it. The same number gives "
-         "the same picture on every machine",
+         "Shares that each picture is cut into; default: the machine's processors. The same number "
+         "gives the same picture on every machine",
          &options.workers},
         {"--project-size", "WxH",
-         "Project frame that lengths in parameters refer to; the input's size without it",
+         "Project frame that lengths in parameters refer to; default: the input's size",
          &options.projectSize},
-        {"--pixel-aspect", "A", "Width of a project pixel over its height; 1 without it",
+        {"--pixel-aspect", "A", "Width of a project pixel over its height; default: 1",
          &options.pixelAspect},
         {"--region", "X,Y,W,H",
          "Render this part only, rows counted from the bottom; the rest is left at zero",
@@ -68,7 +68,7 @@ OptionTable renderOptions(RenderOptions& options) {
          "weave them again",
          &options.fields},
         {"--field-order", "top|bottom|none",
-         "Which field of a frame comes first, or that there are none; as the input says without it",
+         "Which field of a frame comes first, or that there are none; default: as the input says",
          &options.fieldOrder},
         {"--mask", "FILE",
          "Paint the effect through a still of the input's size: none of it where the still is "
@@ -76,25 +76,26 @@ OptionTable renderOptions(RenderOptions& options) {
          &options.mask},
         {"--ends", "blank|hold|loop",
          "What Play Speed finds before the first frame and after the last: nothing, the nearest "
-         "frame, or the clip over again. blank without it",
+         "frame, or the clip repeated; default: blank",
          &options.ends},
     };
     table.insert(table.end(), picture.begin(), picture.end());
     const OptionTable work = {
         {"--jobs", "N",
-         "Frames that are rendered at once; 1 without it. Changes the time that it takes and never "
-         "a picture; helps small pictures, and with --workers 1 large ones",
+         "Frames that are rendered at once; default: 1. Changes the time that a render takes and "
+         "never a picture; helps small pictures, and with --workers 1 large ones",
          &options.jobs},
         {"--resume", "",
-         "Go on with a numbered sequence: pictures that are there, complete and of the right size, "
-         "are kept",
+         "Continue a numbered sequence: files that are complete pictures of the right size are "
+         "kept",
          &options.resume},
-        {"--dry-run", "", "Tell what would be done, and write nothing", &options.dryRun},
-        {"--quiet", "", "Say nothing but what went wrong", &options.quiet},
-        {"--verbose", "", "Say more: what is done, how it goes on, and what it took",
-         &options.verbose},
+        {"--dry-run", "", "Report what would be done, and write nothing", &options.dryRun},
+        {"--save-job", "FILE.json",
+         "Render nothing; write the render as a job, which 'ruvex run' does later or elsewhere",
+         &options.saveJob},
     };
     table.insert(table.end(), work.begin(), work.end());
+    addTalkOptions(table, options.talk);
     return table;
 }
 
@@ -102,7 +103,8 @@ RenderOptions oneFrame(RenderOptions options, std::int64_t number) {
     options.frames = std::to_string(number) + "-" + std::to_string(number);
     options.jobs.clear();
     options.resume = false;
-    options.verbose = false;
+    options.talk.verbose = false;
+    options.saveJob.clear();
     return options;
 }
 

@@ -1,4 +1,4 @@
-// The options of a render, as they are typed.
+// The options of a render, as typed.
 
 #pragma once
 
@@ -6,6 +6,7 @@
 
 #include "cli/command_table.h"
 #include "cli/parameter_options.h"
+#include "cli/talk_options.h"
 
 namespace ruvex::cli {
 
@@ -34,17 +35,17 @@ struct RenderOptions {
     std::string jobs;
     bool resume = false;
     bool dryRun = false;
-    bool quiet = false;
-    bool verbose = false;
+    std::string saveJob;
+    TalkOptions talk;
 };
 
 /// The options of every command that renders a clip.
 OptionTable renderOptions(RenderOptions& options);
 
-/// The same for one frame alone: what repeats it when it has failed.
+/// The options that render one frame alone, for the message about a frame that failed.
 RenderOptions oneFrame(RenderOptions options, std::int64_t number);
 
-/// What the help of those commands says of the kinds of file.
+/// The kinds of files, for the help of those commands.
 extern const char* const kRenderNotes;
 
 }  // namespace ruvex::cli

@@ -7,9 +7,9 @@ extern "C" {
 #include <algorithm>
 #include <string_view>
 
+#include "files/words.h"
 #include "media/av_handles.h"
 #include "media/library_log.h"
-#include "media/text.h"
 
 namespace ruvex::media {
 namespace {
@@ -22,7 +22,7 @@ constexpr std::string_view kOfTheFile[] = {"major_brand", "minor_version", "comp
                                            kTimecode};
 
 bool isOfTheFile(const std::string& name) {
-    return std::ranges::find(kOfTheFile, lowerCase(name)) != std::end(kOfTheFile);
+    return std::ranges::find(kOfTheFile, files::lowerCase(name)) != std::end(kOfTheFile);
 }
 
 std::string textOf(const AVDictionary* tags, const char* name) {

@@ -3,7 +3,7 @@
 #include <iterator>
 #include <string_view>
 
-#include "media/text.h"
+#include "files/words.h"
 
 namespace ruvex::media {
 
@@ -27,7 +27,7 @@ FileKind fileKind(const std::filesystem::path& path) {
     if (path == "-") {
         return FileKind::Stream;
     }
-    const std::string ending = lowerCase(path.extension().string());
+    const std::string ending = files::lowerCase(path.extension().string());
     const auto* found = std::find_if(std::begin(kEndings), std::end(kEndings),
                                      [&](const Ending& known) { return known.text == ending; });
     return found == std::end(kEndings) ? FileKind::Video : found->kind;

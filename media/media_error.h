@@ -1,16 +1,12 @@
-// The one way in which reading and writing pictures fails.
+// The error of reading and writing pictures.
 
 #pragma once
 
-#include <stdexcept>
-#include <string>
+#include "files/file_error.h"
 
 namespace ruvex::media {
 
-/// A sentence for the person at the keyboard: what was wrong, with which file, and what to do.
-class MediaError : public std::runtime_error {
-public:
-    explicit MediaError(const std::string& sentence) : std::runtime_error(sentence) {}
-};
+/// Pictures come from files and go into files: whatever fails here is an error of a file.
+using MediaError = files::FileError;
 
 }  // namespace ruvex::media

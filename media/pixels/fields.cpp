@@ -6,6 +6,10 @@
 
 namespace ruvex::media {
 
+std::string toText(FieldOrder order) {
+    return order == FieldOrder::TopFirst ? "top field first" : "bottom field first";
+}
+
 Field firstField(FieldOrder order) {
     return order == FieldOrder::BottomFirst ? Field::Bottom : Field::Top;
 }

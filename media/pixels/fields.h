@@ -2,6 +2,8 @@
 
 #pragma once
 
+#include <string>
+
 #include "media/clip_info.h"
 
 namespace ruvex::media {
@@ -13,6 +15,9 @@ enum class Field { Top, Bottom };
 constexpr int fieldIndex(Field field) {
     return field == Field::Top ? 0 : 1;
 }
+
+/// "top field first" or "bottom field first"; `order` is not Progressive.
+std::string toText(FieldOrder order);
 
 /// The field that was taken first, or half a frame later; `order` is not Progressive.
 Field firstField(FieldOrder order);

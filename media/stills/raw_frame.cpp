@@ -4,8 +4,8 @@
 #include <bit>
 #include <utility>
 
+#include "files/whole_file.h"
 #include "media/media_error.h"
-#include "media/partial_file.h"
 
 namespace ruvex::media {
 
@@ -36,14 +36,15 @@ Frame readRawFrame(const std::filesystem::path& file, FrameSize size, Depth dept
         checkBytes(file, found, frame);
     }
     // Somebody may be writing it.
-    std::vector<std::byte> bytes = readWhole(file, std::max(frame.bytes().size(), kLeastLimit));
+    std::vector<std::byte> bytes =
+        files::readWhole(file, std::max(frame.bytes().size(), kLeastLimit));
     checkBytes(file, bytes.size(), frame);
     frame.bytes() = std::move(bytes);
     return frame;
 }
 
 void writeRawFrame(const std::filesystem::path& file, const Frame& frame) {
-    writeWhole(file, frame.bytes());
+    files::writeWhole(file, frame.bytes());
 }
 
 }  // namespace ruvex::media

@@ -1,7 +1,7 @@
 #include "media/stills/still_file.h"
 
+#include "files/whole_file.h"
 #include "media/media_error.h"
-#include "media/partial_file.h"
 #include "media/pixels/float_lines.h"
 #include "media/pixels/orientation.h"
 #include "media/pixels/rgb_lines.h"
@@ -85,7 +85,7 @@ AvFrame pictureOf(FileKind kind, const Frame& frame, AlphaForm alpha) {
 
 Still readStill(const std::filesystem::path& file, std::optional<AlphaForm> alpha) {
     const FileKind kind = fileKind(file);
-    const std::vector<std::byte> bytes = readWhole(file);
+    const std::vector<std::byte> bytes = files::readWhole(file);
     if (const std::string fault = stillFault(kind, bytes); !fault.empty()) {
         throw MediaError(file.string() + " " + fault);
     }
@@ -107,8 +107,8 @@ void writeStill(const std::filesystem::path& file, const Frame& frame,
     const AvFrame picture = pictureOf(kind, frame, options.alpha.value_or(usualAlpha(kind)));
     const AvPacket packet = encodeStill(kind, file, *picture, options.pixelAspect,
                                         options.quality.value_or(kUsualJpegQuality));
-    writeWhole(file, {reinterpret_cast<const std::byte*>(packet->data),
-                      static_cast<std::size_t>(packet->size)});
+    files::writeWhole(file, {reinterpret_cast<const std::byte*>(packet->data),
+                             static_cast<std::size_t>(packet->size)});
 }
 
 }  // namespace ruvex::media

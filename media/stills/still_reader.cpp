@@ -8,7 +8,7 @@
 namespace ruvex::media {
 namespace {
 
-NumberedPath::Range rangeOf(const NumberedPath& files) {
+files::NumberedPath::Range rangeOf(const files::NumberedPath& files) {
     const auto range = files.existing();
     if (!range) {
         throw MediaError(
@@ -22,7 +22,7 @@ NumberedPath::Range rangeOf(const NumberedPath& files) {
 
 StillReader::StillReader(const std::filesystem::path& path, const ReadOptions& options)
     : FrameReader(options.depth), alpha_(options.alpha), files_(path), kind_(fileKind(path)) {
-    const NumberedPath::Range range = rangeOf(files_);
+    const files::NumberedPath::Range range = rangeOf(files_);
     info_.first = range.first;
     info_.last = range.last;
     if (const auto depth = rawDepth(kind_)) {

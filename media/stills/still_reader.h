@@ -2,9 +2,9 @@
 
 #pragma once
 
+#include "files/numbered_path.h"
 #include "media/file_kind.h"
 #include "media/frame_reader.h"
-#include "media/numbered_path.h"
 
 namespace ruvex::media {
 
@@ -22,7 +22,7 @@ private:
     void openStill();
 
     std::optional<AlphaForm> alpha_;
-    NumberedPath files_;
+    files::NumberedPath files_;
     FileKind kind_;
     ClipInfo info_;
 };

@@ -2,9 +2,9 @@
 
 #pragma once
 
+#include "files/numbered_path.h"
 #include "media/file_kind.h"
 #include "media/frame_writer.h"
-#include "media/numbered_path.h"
 
 namespace ruvex::media {
 
@@ -18,7 +18,7 @@ public:
     void finish() override {}
 
 private:
-    NumberedPath files_;
+    files::NumberedPath files_;
     FileKind kind_;
     WriteOptions options_;
     int written_ = 0;

@@ -4,8 +4,8 @@
 #include <cstring>
 #include <unistd.h>
 
+#include "files/whole_file.h"
 #include "media/media_error.h"
-#include "media/partial_file.h"
 
 namespace ruvex::media {
 
@@ -25,12 +25,12 @@ std::size_t InputStream::read(std::span<std::byte> bytes) {
 }
 
 void OutputStream::write(std::span<const std::byte> bytes) {
-    const int failed = writeAll(fd_, bytes);
+    const int failed = files::writeAll(fd_, bytes);
     if (failed == EPIPE) {
         throw MediaError("Cannot write " + name_ + ": the program that reads it has ended.");
     }
     if (failed != 0) {
-        throw MediaError(writeFailure(name_, failed));
+        throw MediaError(files::writeFailure(name_, failed));
     }
 }
 

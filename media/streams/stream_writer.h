@@ -2,8 +2,8 @@
 
 #pragma once
 
+#include "files/partial_file.h"
 #include "media/frame_writer.h"
-#include "media/partial_file.h"
 #include "media/pixels/yuv_convert.h"
 #include "media/streams/byte_stream.h"
 #include "media/streams/y4m_header.h"
@@ -29,7 +29,7 @@ private:
     void writeY4m(const Frame& frame);
 
     WriteOptions options_;
-    std::optional<PartialFile> file_;
+    std::optional<files::PartialFile> file_;
     OutputStream stream_;
     Y4mHeader header_;
     std::optional<FrameToYuv> convert_;

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <charconv>
 
+#include "files/words.h"
 #include "media/media_error.h"
-#include "media/printable.h"
 
 namespace ruvex::media {
 namespace {
@@ -50,7 +50,7 @@ constexpr Kind kKinds[] = {
 /// The value of a tag in a message: what is no value can be anything.
 std::string quoted(std::string_view text) {
     constexpr std::size_t kMost = 60;
-    return std::string("'").append(printable(text, kMost)).append("'");
+    return std::string("'").append(files::printable(text, kMost)).append("'");
 }
 
 class Parser {

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <string_view>
 
+#include "files/words.h"
 #include "media/file_kind.h"
-#include "media/text.h"
 
 namespace ruvex::media {
 namespace {
@@ -19,7 +19,7 @@ constexpr VideoCodec kCodecs[] = {
 };
 
 bool holds(const VideoCodec& codec, const std::filesystem::path& path) {
-    const std::string ending = lowerCase(path.extension().string()) + " ";
+    const std::string ending = files::lowerCase(path.extension().string()) + " ";
     return ending.size() > 1 && std::string_view(codec.endings).find(ending) != std::string::npos;
 }
 

@@ -3,10 +3,11 @@
 #include <cerrno>
 #include <string_view>
 
+#include "files/whole_file.h"
+#include "files/words.h"
 #include "media/library_log.h"
 #include "media/media_error.h"
 #include "media/pixels/rgb_lines.h"
-#include "media/text.h"
 #include "media/video/video_encoder.h"
 
 namespace ruvex::media {
@@ -17,7 +18,7 @@ namespace {
 constexpr int kMostReordered = 16;
 
 std::string ending(const std::filesystem::path& path) {
-    return lowerCase(path.extension().string());
+    return files::lowerCase(path.extension().string());
 }
 
 const char* containerOf(const std::string& ending) {
@@ -173,7 +174,7 @@ void VideoWriter::check(int code) const {
     }
     const bool system = code > -4096;  // the libraries' own codes are four letters each
     const std::string detail = takeLibraryError();
-    throw MediaError(system ? writeFailure(path_, AVUNERROR(code))
+    throw MediaError(system ? files::writeFailure(path_, AVUNERROR(code))
                             : "Cannot write " + path_.string() + ": " +
                                   (detail.empty() ? libraryReason(code) : detail) + ".");
 }

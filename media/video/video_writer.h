@@ -4,9 +4,9 @@
 
 #include <optional>
 
+#include "files/partial_file.h"
 #include "media/av_handles.h"
 #include "media/frame_writer.h"
-#include "media/partial_file.h"
 #include "media/pixels/yuv_convert.h"
 #include "media/video/audio_copy.h"
 #include "media/video/video_codec.h"
@@ -49,7 +49,7 @@ private:
     const VideoCodec& codec_;
     std::optional<AlphaForm> alpha_;
     FieldOrder fields_;  ///< As it is wished for.
-    PartialFile file_;
+    files::PartialFile file_;
     std::unique_ptr<AVFormatContext, Free> format_;
     AvCodec coder_;
     AvPacket packet_;

@@ -5,13 +5,13 @@
 #include "media/stills/raw_frame.h"
 #include "parameters/parameter_table.h"
 #include "tests/cli/run_command.h"
-#include "tests/media/temp_folder.h"
 #include "tests/media/test_clips.h"
+#include "tests/support/temp_folder.h"
 
 namespace ruvex::cli {
 namespace {
 
-using media::TempFolder;
+using files::TempFolder;
 
 TEST(Command, SaysItsVersionAndHelp) {
     EXPECT_EQ(ruvex({"--version"}).status, 0);

@@ -5,8 +5,8 @@
 
 #include "media/frame_reader.h"
 #include "tests/cli/run_command.h"
-#include "tests/media/temp_folder.h"
 #include "tests/media/test_clips.h"
+#include "tests/support/temp_folder.h"
 
 namespace ruvex::cli {
 namespace {
@@ -14,7 +14,7 @@ namespace {
 namespace fs = std::filesystem;
 
 /// One line a packet of sound: a check sum of what it holds.
-std::vector<std::string> soundOf(const media::TempFolder& folder, const fs::path& file) {
+std::vector<std::string> soundOf(const files::TempFolder& folder, const fs::path& file) {
     const fs::path list = folder.file("packets");
     const std::string command =
         "ffprobe -v error -select_streams a -show_packets -show_data_hash MD5 -show_entries "
@@ -40,7 +40,7 @@ double durationOf(const fs::path& file) {
 class Containers : public testing::TestWithParam<const char*> {};
 
 TEST_P(Containers, KeepCountRateDurationTagsAndSound) {
-    media::TempFolder folder;
+    files::TempFolder folder;
     const fs::path in = folder.file("in.mp4");
     media::runFfmpeg(media::movingPicture("96x64", GetParam(), 2) +
                          " -f lavfi -i sine=frequency=440 -t 2 -pix_fmt yuv420p -c:v libx264 "
@@ -64,7 +64,7 @@ TEST_P(Containers, KeepCountRateDurationTagsAndSound) {
 INSTANTIATE_TEST_SUITE_P(Rates, Containers, testing::Values("25", "30000/1001", "24000/1001"));
 
 TEST(Sound, IsCutToTheFrames) {
-    media::TempFolder folder;
+    files::TempFolder folder;
     const fs::path in = folder.file("in.mkv");
     const fs::path out = folder.file("out.mp4");
     media::runFfmpeg(media::movingPicture("96x64", "25", 4) +
@@ -83,7 +83,7 @@ TEST(Sound, IsCutToTheFrames) {
 }
 
 TEST(Sound, ThatAContainerCannotHoldIsNamed) {
-    media::TempFolder folder;
+    files::TempFolder folder;
     const fs::path in = folder.file("in.mkv");
     media::runFfmpeg(media::movingPicture("96x64", "25", 0.4) +
                          " -f lavfi -i sine=frequency=440 -t 0.4 -c:v libx264 -c:a pcm_s16le",
@@ -95,7 +95,7 @@ TEST(Sound, ThatAContainerCannotHoldIsNamed) {
 
 // The libraries list these among what such files hold, and then refuse to begin one.
 TEST(Sound, ThatAContainerRefusesDoesNotEndTheRender) {
-    media::TempFolder folder;
+    files::TempFolder folder;
     const auto in = folder.file("in.mkv");
     for (const auto& [coding, name] :
          {std::pair<std::string, std::string>{"libopus", "opus"}, {"flac", "flac"}}) {
@@ -112,7 +112,7 @@ TEST(Sound, ThatAContainerRefusesDoesNotEndTheRender) {
 
 // Codings that Matroska takes by other containers' names, and one that is new to .mp4.
 TEST(Sound, IsCopiedWhereverItsContainerTakesIt) {
-    media::TempFolder folder;
+    files::TempFolder folder;
     const auto in = folder.file("in.mkv");
     for (const auto& [coding, to] : {std::pair<std::string, std::string>{"wmav2", "out.mkv"},
                                      {"adpcm_ms", "out.mkv"},
@@ -129,7 +129,7 @@ TEST(Sound, IsCopiedWhereverItsContainerTakesIt) {
 }
 
 TEST(UnevenVideo, IsSaidAndKeepsItsDuration) {
-    media::TempFolder folder;
+    files::TempFolder folder;
     const fs::path in = folder.file("in.mkv");
     const fs::path out = folder.file("out.mp4");
     media::runFfmpeg(
@@ -145,7 +145,7 @@ TEST(UnevenVideo, IsSaidAndKeepsItsDuration) {
 }
 
 TEST(Storage, ChoicesThatDoNotFitAreWrongCommandLines) {
-    media::TempFolder folder;
+    files::TempFolder folder;
     const std::string in = folder.file("in.png").string();
     media::runFfmpeg(media::movingPicture("16x16", "25", 0.04) + " -frames:v 1", in);
     const auto status = [&](const std::string& out, const Arguments& more) {
@@ -164,7 +164,7 @@ TEST(Storage, ChoicesThatDoNotFitAreWrongCommandLines) {
 }
 
 TEST(Containers, KeepTheTimecodeOfTheFramesRendered) {
-    media::TempFolder folder;
+    files::TempFolder folder;
     media::runFfmpeg(media::movingPicture("64x64", "30000/1001", 2.2) +
                          " -c:v libx264 -timecode '00:00:58;15' -metadata title=Test",
                      folder.file("in.mov"));

@@ -7,11 +7,12 @@
 #include <unistd.h>
 
 #include "cli/shell_text.h"
-#include "media/partial_file.h"
+#include "files/partial_file.h"
+#include "files/whole_file.h"
 #include "media/stills/raw_frame.h"
 #include "tests/cli/run_command.h"
-#include "tests/media/temp_folder.h"
 #include "tests/media/test_clips.h"
+#include "tests/support/temp_folder.h"
 
 namespace ruvex::cli {
 namespace {
@@ -40,7 +41,7 @@ struct Failure : testing::Test {
         return static_cast<std::size_t>(std::distance(begin(all), end(all)));
     }
 
-    media::TempFolder folder;
+    files::TempFolder folder;
 };
 
 /// A disk of its own, as long as it lives, if the system lets us have one.
@@ -70,11 +71,11 @@ TEST_F(Failure, AFullDiskIsSaidAndTheEarlierVideoKept) {
     const SmallDisk disk(folder.file("disk"), "size=160k");
     if (!disk.mounted()) GTEST_SKIP() << "no file systems can be mounted here";
     const auto output = folder.file("disk") / "out.mkv";
-    media::writeWhole(output, Bytes(1000, std::byte{7}));
+    files::writeWhole(output, Bytes(1000, std::byte{7}));
     const Outcome outcome = ruvex(command(output));
     EXPECT_EQ(outcome.status, 1);
     EXPECT_TRUE(holds(outcome.err, "the disk is full")) << outcome.err;
-    EXPECT_EQ(media::readWhole(output), Bytes(1000, std::byte{7}));
+    EXPECT_EQ(files::readWhole(output), Bytes(1000, std::byte{7}));
     EXPECT_EQ(countIn(folder.file("disk")), 1u);
 }
 
@@ -140,7 +141,7 @@ TEST_F(Failure, AFrameThatChangedItsSizeIsNamed) {
 }
 
 TEST_F(Failure, WhatARunningProgramWritesIsNotTakenAway) {
-    media::PartialFile running(folder.file("out.mkv"));
+    files::PartialFile running(folder.file("out.mkv"));
     const auto longAgo = std::filesystem::file_time_type::clock::now() - std::chrono::hours(1);
     std::filesystem::last_write_time(running.path(), longAgo);
     const auto abandoned = folder.file(".out.mkv.partial-1-0");
@@ -168,7 +169,7 @@ TEST(ParameterInput, APipeIsReadToItsEnd) {
 }
 
 TEST(ParameterInput, MoreThanSixteenMegabytesAreRefused) {
-    media::TempFolder folder;
+    files::TempFolder folder;
     const auto file = folder.file("look.json");
     std::ofstream(file) << "{}";
     const auto level = [&] {

@@ -4,16 +4,16 @@
 
 #include <gtest/gtest.h>
 
-#include "cli/field_region.h"
-#include "cli/parameter_choice.h"
-#include "cli/ruvex_control.h"
+#include "looks/presets.h"
+#include "looks/ruvex_control.h"
+#include "looks/session_look.h"
 #include "media/stills/raw_frame.h"
 #include "media/stills/still_file.h"
 #include "parameters/presets.h"
 #include "runtime/images.h"
 #include "tests/cli/run_command.h"
-#include "tests/media/temp_folder.h"
 #include "tests/media/test_clips.h"
+#include "tests/support/temp_folder.h"
 
 namespace ruvex::cli {
 namespace {
@@ -73,7 +73,7 @@ protected:
         return media::readRawFrame(file(out, k), kSize, GetParam());
     }
 
-    media::TempFolder folder;
+    files::TempFolder folder;
 };
 
 INSTANTIATE_TEST_SUITE_P(Depths, Fields, testing::Values(Depth::Bits8, Depth::S214));
@@ -99,8 +99,8 @@ public:
                                           .project = project_,
                                           .provider = frames_,
                                           .interruption = {}});
-        ruvexControl(*session_).setWorkerCount(2);
-        setParameters(*session_, {presetChanges(*findPreset(parameters.at(1))), {}});
+        looks::ruvexControl(*session_).setWorkerCount(2);
+        looks::applyChanges(*session_, looks::presetChanges(*findPreset(parameters.at(1))));
     }
     ~Host() {
         session_.reset();
@@ -242,7 +242,7 @@ TEST_P(Fields, NeedAnOrder) {
 }
 
 TEST(FieldsOfOneLine, AreRefused) {
-    media::TempFolder folder;
+    files::TempFolder folder;
     media::writeRawFrame(folder.file("a.rgba8"), Frame({4, 1}, Depth::Bits8));
     EXPECT_EQ(ruvex({"render", folder.file("a.rgba8"), "-o", folder.file("b.rgba8"), "--size",
                      "4x1", "--fields", "--field-order", "top"})
@@ -251,7 +251,7 @@ TEST(FieldsOfOneLine, AreRefused) {
 }
 
 TEST(FieldsOfVideo, AreFoundByItsMarks) {
-    media::TempFolder folder;
+    files::TempFolder folder;
     media::runFfmpeg(
         media::movingPicture("96x64", "25", 0.4) + " -c:v mpeg2video -flags +ildct+ilme -top 0",
         folder.file("in.mkv"));
@@ -267,28 +267,6 @@ TEST(FieldsOfVideo, AreFoundByItsMarks) {
               "field_order=bb\nnb_read_frames=10\n");
     ASSERT_EQ(ruvex(job + Arguments{"--field-order", "none"}).status, 0);
     EXPECT_EQ(media::probe(folder.file("out.mkv"), "stream=field_order"), "field_order=unknown\n");
-}
-
-/// The rows of a region one by one.
-TEST(FieldRegion, HasTheRowsThatAreInBoth) {
-    for (int height = 2; height < 9; ++height) {
-        for (int y = 0; y < height; ++y) {
-            for (int end = y + 1; end <= height; ++end) {
-                for (const Field field : {Field::Top, Field::Bottom}) {
-                    const auto part = fieldRegion(Region{1, y, 2, end - y}, height, field);
-                    ASSERT_TRUE(part);
-                    for (int row = 0; row < media::fieldHeight(height, field); ++row) {
-                        const int whole = media::frameRowOf(row, height, field);
-                        EXPECT_EQ(row >= part->y && row < part->y + part->height,
-                                  whole >= y && whole < end);
-                    }
-                    EXPECT_EQ(part->x, 1);
-                    EXPECT_EQ(part->width, 2);
-                }
-            }
-        }
-    }
-    EXPECT_FALSE(fieldRegion(std::nullopt, 5, Field::Top));
 }
 
 }  // namespace

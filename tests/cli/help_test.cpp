@@ -15,7 +15,7 @@
 #include "parameters/parameter_table.h"
 #include "parameters/presets.h"
 #include "tests/cli/run_command.h"
-#include "tests/media/temp_folder.h"
+#include "tests/support/temp_folder.h"
 
 namespace ruvex::cli {
 namespace {
@@ -119,7 +119,7 @@ TEST(ValueKind, IsThatOfTheArgument) {
 
 /// What bash would offer after these words; the last one is being typed.
 std::vector<std::string> offered(const std::vector<std::string>& words) {
-    static const media::TempFolder folder;
+    static const files::TempFolder folder;
     std::ofstream(folder.file("ruvex.bash")) << bashCompletion(commands());
     std::ofstream script(folder.file("ask.bash"));
     script << "source " << folder.file("ruvex.bash") << "\nCOMP_WORDS=('ruvex'";

@@ -6,8 +6,8 @@
 
 #include "media/stills/raw_frame.h"
 #include "tests/cli/run_command.h"
-#include "tests/media/temp_folder.h"
 #include "tests/media/test_clips.h"
+#include "tests/support/temp_folder.h"
 
 namespace ruvex::cli {
 namespace {
@@ -15,7 +15,7 @@ namespace {
 using namespace std::chrono_literals;
 
 /// Until the result's temporary file is there: then the signals are caught and frames are rendered.
-bool waitForStart(const media::TempFolder& folder, std::size_t files) {
+bool waitForStart(const files::TempFolder& folder, std::size_t files) {
     for (int i = 0; i < 1000; ++i) {
         if (folder.names().size() > files) {
             return true;
@@ -28,7 +28,7 @@ bool waitForStart(const media::TempFolder& folder, std::size_t files) {
 class StopSignal : public testing::TestWithParam<int> {};
 
 TEST_P(StopSignal, EndsARenderAndLeavesNothing) {
-    media::TempFolder folder;
+    files::TempFolder folder;
     const media::FrameSize size{720, 576};
     const auto frame = media::noiseFrame(size, media::Depth::Bits8, 1);
     media::writeRawFrame(folder.file("in.0.rgba8"), frame);
@@ -50,7 +50,7 @@ TEST_P(StopSignal, EndsARenderAndLeavesNothing) {
 }
 
 TEST_P(StopSignal, EndsTheRenderOfASingleFrameToo) {
-    media::TempFolder folder;
+    files::TempFolder folder;
     media::writeRawFrame(folder.file("in.rgba8"), media::Frame({4000, 4000}, media::Depth::Bits8));
     RunningCommand command({"render", folder.file("in.rgba8"), "-o", folder.file("out.mkv"),
                             "--size", "4000x4000", "--set", "Resolution=99", "--workers", "1"});

@@ -1,18 +1,18 @@
 #include <fstream>
 #include <gtest/gtest.h>
 
-#include "media/partial_file.h"
+#include "files/whole_file.h"
 #include "media/stills/raw_frame.h"
 #include "tests/cli/run_command.h"
-#include "tests/media/temp_folder.h"
 #include "tests/media/test_clips.h"
+#include "tests/support/temp_folder.h"
 
 namespace ruvex::cli {
 namespace {
 
+using files::TempFolder;
 using media::Depth;
 using media::FrameSize;
-using media::TempFolder;
 
 /// A numbered clip of different pictures and looks that change from frame to frame.
 struct Jobs : testing::Test {
@@ -36,7 +36,7 @@ struct Jobs : testing::Test {
     }
 
     std::vector<std::byte> bytes(const std::string& name) const {
-        return media::readWhole(folder.file(name));
+        return files::readWhole(folder.file(name));
     }
 
     TempFolder folder;

@@ -6,12 +6,12 @@
 #include <signal.h>
 #include <thread>
 
+#include "files/whole_file.h"
 #include "media/frame_reader.h"
-#include "media/partial_file.h"
 #include "media/stills/raw_frame.h"
 #include "tests/cli/run_command.h"
-#include "tests/media/temp_folder.h"
 #include "tests/media/test_clips.h"
+#include "tests/support/temp_folder.h"
 
 namespace ruvex::cli {
 namespace {
@@ -71,7 +71,7 @@ struct Killed : testing::Test {
         int count = 0;
         for (int k = 0; k < kFrames; ++k) {
             if (!std::filesystem::exists(folder.file(outName(k)))) continue;
-            EXPECT_EQ(media::readWhole(folder.file(outName(k))), whole[static_cast<std::size_t>(k)])
+            EXPECT_EQ(files::readWhole(folder.file(outName(k))), whole[static_cast<std::size_t>(k)])
                 << k;
             ++count;
         }
@@ -84,7 +84,7 @@ struct Killed : testing::Test {
         }
     }
 
-    media::TempFolder folder;
+    files::TempFolder folder;
     std::mt19937 random{20240607};
 };
 
@@ -92,7 +92,7 @@ TEST_F(Killed, LeavesNoBrokenPictureAndIsGoneOnWith) {
     const auto within = timeOf(command("out.%d.png"));
     std::vector<Bytes> whole;
     for (int k = 0; k < kFrames; ++k) {
-        whole.push_back(media::readWhole(folder.file(outName(k))));
+        whole.push_back(files::readWhole(folder.file(outName(k))));
     }
     removeResults();
     int interrupted = 0;
@@ -116,14 +116,14 @@ TEST_F(Killed, LeavesNoBrokenPictureAndIsGoneOnWith) {
 
 TEST_F(Killed, KeepsTheEarlierVideoUntilTheNewOneIsComplete) {
     const auto within = timeOf(command("out.mkv"));
-    const Bytes whole = media::readWhole(folder.file("out.mkv"));
+    const Bytes whole = files::readWhole(folder.file("out.mkv"));
     ASSERT_EQ(ruvex(command("out.mkv", {"--set", "Resolution=20"})).status, 0);
-    const Bytes earlier = media::readWhole(folder.file("out.mkv"));
+    const Bytes earlier = files::readWhole(folder.file("out.mkv"));
     ASSERT_NE(earlier, whole);
     for (int i = 0; i < kKills / 10; ++i) {
-        media::writeWhole(folder.file("out.mkv"), earlier);
+        files::writeWhole(folder.file("out.mkv"), earlier);
         const bool done = runAndKill(command("out.mkv"), within);
-        const Bytes now = media::readWhole(folder.file("out.mkv"));
+        const Bytes now = files::readWhole(folder.file("out.mkv"));
         EXPECT_TRUE(now == whole || (!done && now == earlier));
     }
 }

@@ -28,8 +28,8 @@ std::vector<FrameValues> ramp(std::int32_t first, std::int32_t last, double rate
     return series;
 }
 
-std::vector<ThresholdCurve> allAt(double percent, std::size_t frames) {
-    std::vector<ThresholdCurve> curves;
+std::vector<looks::ThresholdCurve> allAt(double percent, std::size_t frames) {
+    std::vector<looks::ThresholdCurve> curves;
     for (const Id id : kThresholds) {
         curves.push_back({id, std::vector<double>(frames, percent)});
     }

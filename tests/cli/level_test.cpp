@@ -6,13 +6,13 @@
 #include "media/stills/raw_frame.h"
 #include "tests/cli/csv_table.h"
 #include "tests/cli/xml_check.h"
-#include "tests/media/temp_folder.h"
 #include "tests/media/test_clips.h"
+#include "tests/support/temp_folder.h"
 
 namespace ruvex::cli {
 namespace {
 
-using media::TempFolder;
+using files::TempFolder;
 
 Outcome level(Arguments arguments) {
     arguments.insert(arguments.begin(), "level");

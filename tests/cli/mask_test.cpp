@@ -2,12 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include "cli/mask_image.h"
 #include "media/stills/raw_frame.h"
 #include "media/stills/still_file.h"
 #include "tests/cli/run_command.h"
-#include "tests/media/temp_folder.h"
 #include "tests/media/test_clips.h"
+#include "tests/support/temp_folder.h"
 
 namespace ruvex::cli {
 namespace {
@@ -79,7 +78,7 @@ protected:
         return GetParam() == Depth::Bits8 ? frame.row8(y)[i] : frame.row16(y)[i];
     }
 
-    media::TempFolder folder;
+    files::TempFolder folder;
 };
 
 TEST_P(Mask, BlackKeepsTheInput) {
@@ -139,22 +138,6 @@ TEST_P(Mask, NeedsTheNameOfOneStill) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Depths, Mask, testing::Values(Depth::Bits8, Depth::S214));
-
-TEST(MaskValue, IsTheGreyOfTheColourAndNothingWhereItIsTransparent) {
-    const auto value = [](int r, int g, int b, int a) {
-        const std::uint8_t pixel[] = {static_cast<std::uint8_t>(r), static_cast<std::uint8_t>(g),
-                                      static_cast<std::uint8_t>(b), static_cast<std::uint8_t>(a)};
-        return maskValue(pixel);
-    };
-    for (int grey = 0; grey < 256; ++grey) {
-        EXPECT_EQ(value(grey, grey, grey, 255), grey);
-        EXPECT_EQ(value(grey, grey, grey, 0), 0);
-        EXPECT_EQ(value(255, 255, 255, grey), grey);
-    }
-    EXPECT_EQ(value(255, 0, 0, 255), 76);
-    EXPECT_EQ(value(0, 255, 0, 255), 150);
-    EXPECT_EQ(value(0, 0, 255, 255), 29);
-}
 
 }  // namespace
 }  // namespace ruvex::cli

@@ -7,7 +7,7 @@
 
 #include "parameters/parameter_table.h"
 #include "tests/cli/run_command.h"
-#include "tests/media/temp_folder.h"
+#include "tests/support/temp_folder.h"
 
 namespace ruvex::cli {
 namespace {
@@ -26,7 +26,7 @@ protected:
         return {std::istreambuf_iterator<char>(in), {}};
     }
 
-    media::TempFolder folder;
+    files::TempFolder folder;
 };
 
 TEST_F(ModuleCommand, ListsClassesFamiliesFormatsAndParameters) {

@@ -8,7 +8,7 @@
 
 #include "media/stills/raw_frame.h"
 #include "tests/cli/run_command.h"
-#include "tests/media/temp_folder.h"
+#include "tests/support/temp_folder.h"
 
 namespace ruvex::cli {
 
@@ -55,7 +55,7 @@ protected:
         return number;
     }
 
-    media::TempFolder folder;
+    files::TempFolder folder;
 };
 
 }  // namespace ruvex::cli

@@ -28,7 +28,7 @@ TEST(OptionText, FramesEndBelowWhatSinglePrecisionCounts) {
 }
 
 TEST(OptionText, Regions) {
-    const Region region = parseRegion("--region", "1,2,3,4");
+    const jobs::Region region = parseRegion("--region", "1,2,3,4");
     EXPECT_EQ(region.x, 1);
     EXPECT_EQ(region.y, 2);
     EXPECT_EQ(region.width, 3);

@@ -9,9 +9,9 @@ namespace {
 
 using Warnings = std::vector<std::string>;
 
-Setting setting(const std::string& text) {
+looks::Setting setting(const std::string& text) {
     Warnings warnings;
-    const Setting parsed = parseSetting(text, warnings);
+    const looks::Setting parsed = parseSetting(text, warnings);
     EXPECT_EQ(warnings, Warnings{}) << text;
     return parsed;
 }
@@ -35,7 +35,7 @@ TEST(Setting, TakesEachKindOfParameter) {
     EXPECT_EQ(setting("Fish Eye=on").value, 1.0);
     EXPECT_EQ(setting("Fish Eye=0").value, 0.0);
     EXPECT_EQ(setting("Seed=7").value, 7.0);
-    EXPECT_EQ(setting("Resolution=50").row->label, "Resolution");
+    EXPECT_EQ(row(setting("Resolution=50").id).label, "Resolution");
 }
 
 TEST(Setting, AnUnknownNameIsAnsweredWithTheNearest) {
@@ -76,7 +76,7 @@ TEST(Setting, AParameterThatNoRenderReadsIsOnlyWarnedOf) {
 
 TEST(Animation, KeysAreSortedByTime) {
     Warnings warnings;
-    const Animation animation = parseAnimation("Resolution=2:30  -1:100 0.5:75", warnings);
+    const looks::Animation animation = parseAnimation("Resolution=2:30  -1:100 0.5:75", warnings);
     ASSERT_EQ(animation.keys.size(), 3u);
     EXPECT_EQ(animation.keys[0].seconds, -1.0);
     EXPECT_EQ(animation.keys[1].seconds, 0.5);

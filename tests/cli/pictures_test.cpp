@@ -11,7 +11,7 @@
 #include "media/stills/still_file.h"
 #include "tests/cli/run_command.h"
 #include "tests/cli/xml_check.h"
-#include "tests/media/temp_folder.h"
+#include "tests/support/temp_folder.h"
 
 namespace ruvex::cli {
 namespace {
@@ -91,7 +91,7 @@ class FishEyeBorder : public testing::TestWithParam<const char*> {};
 
 // How far a pixel is read from its own place shrinks to nothing towards the border.
 TEST_P(FishEyeBorder, IsContinuous) {
-    media::TempFolder folder;
+    files::TempFolder folder;
     media::writeRawFrame(folder.file("in.s214"), rampFrame({320, 240}));
     const Outcome outcome =
         ruvex({"render", folder.file("in.s214"), "-o", folder.file("out.s214"), "--size", "320x240",

@@ -3,8 +3,8 @@
 
 #include "media/frame_writer.h"
 #include "tests/cli/run_command.h"
-#include "tests/media/temp_folder.h"
 #include "tests/media/test_clips.h"
+#include "tests/support/temp_folder.h"
 
 namespace ruvex::cli {
 namespace {
@@ -19,7 +19,7 @@ int shell(std::string line) {
 }
 
 TEST(Pipes, AProgramBeforeAndOneBehind) {
-    media::TempFolder folder;
+    files::TempFolder folder;
     const std::string out = media::quoted(folder.file("out.mkv"));
     ASSERT_EQ(shell("ffmpeg -v error " + media::movingPicture("96x64", "30000/1001", 0.5) +
                     " -f yuv4mpegpipe - | RUVEX render - -o - --set Resolution=40 | "
@@ -32,7 +32,7 @@ TEST(Pipes, AProgramBeforeAndOneBehind) {
 
 // The same bytes whether they come through a pipe or lie in files.
 TEST(Pipes, RawFramesAreRenderedAsInFiles) {
-    media::TempFolder folder;
+    files::TempFolder folder;
     const std::string in = folder.path().string() + "/in.";
     for (int k = 0; k < 3; ++k) {
         const auto frame = media::noiseFrame({32, 16}, media::Depth::S214, 7);
@@ -51,7 +51,7 @@ TEST(Pipes, RawFramesAreRenderedAsInFiles) {
 }
 
 TEST(Pipes, WhatIsWrongIsSaidWithTheStatus) {
-    media::TempFolder folder;
+    files::TempFolder folder;
     const std::string out = media::quoted(folder.file("out.mp4"));
     EXPECT_EQ(shell("echo hello | RUVEX render - -o " + out), 1);
     EXPECT_EQ(shell("RUVEX render - -o " + out + " </dev/null"), 1);

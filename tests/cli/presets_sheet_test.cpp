@@ -6,8 +6,8 @@
 #include "media/stills/still_file.h"
 #include "parameters/presets.h"
 #include "tests/cli/run_command.h"
-#include "tests/media/temp_folder.h"
 #include "tests/media/test_clips.h"
+#include "tests/support/temp_folder.h"
 
 namespace ruvex::cli {
 namespace {
@@ -77,7 +77,7 @@ struct PresetsSheet : testing::Test {
         }
     }
 
-    media::TempFolder folder;
+    files::TempFolder folder;
 };
 
 TEST_F(PresetsSheet, ShowsTheFrameInTheMiddleAsItIsAndWithEachPreset) {

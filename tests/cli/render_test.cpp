@@ -4,16 +4,16 @@
 #include "media/pixels/sample_convert.h"
 #include "media/stills/raw_frame.h"
 #include "tests/cli/run_command.h"
-#include "tests/media/temp_folder.h"
 #include "tests/media/test_clips.h"
+#include "tests/support/temp_folder.h"
 
 namespace ruvex::cli {
 namespace {
 
+using files::TempFolder;
 using media::Depth;
 using media::Frame;
 using media::FrameSize;
-using media::TempFolder;
 
 /// No breakup, no other change: what comes out is what went in.
 const Arguments kNeutral = {"--set", "Master Breakup=0", "--set", "Breakup Variation=0"};

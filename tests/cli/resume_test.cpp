@@ -1,16 +1,16 @@
 #include <gtest/gtest.h>
 
-#include "media/partial_file.h"
+#include "files/whole_file.h"
 #include "media/stills/raw_frame.h"
 #include "tests/cli/run_command.h"
-#include "tests/media/temp_folder.h"
 #include "tests/media/test_clips.h"
+#include "tests/support/temp_folder.h"
 
 namespace ruvex::cli {
 namespace {
 
+using files::TempFolder;
 using media::Depth;
-using media::TempFolder;
 using Bytes = std::vector<std::byte>;
 
 /// A numbered clip of six frames, and its render as PNG.
@@ -42,7 +42,7 @@ struct Resume : testing::Test {
     std::filesystem::path file(int k) const {
         return folder.file("out.00" + std::to_string(k) + ".png");
     }
-    Bytes bytes(int k) const { return media::readWhole(file(k)); }
+    Bytes bytes(int k) const { return files::readWhole(file(k)); }
     auto age(int k) const { return std::filesystem::last_write_time(file(k)); }
 
     TempFolder folder;
@@ -69,7 +69,7 @@ TEST_F(Resume, BrokenPicturesAreMadeAgain) {
     media::cutTo(file(2), 0.5);
     Bytes changed = whole[3];
     changed[changed.size() / 2] ^= std::byte{0x55};
-    media::writeWhole(file(3), changed);
+    files::writeWhole(file(3), changed);
     // A complete picture of another size.
     media::runFfmpeg("-f lavfi -i color=red:size=9x12 -frames:v 1", file(4));
     EXPECT_EQ(render({"--resume"}).status, 0);

@@ -7,8 +7,8 @@
 #include "parameters/parameter_table.h"
 #include "parameters/presets.h"
 #include "tests/cli/run_command.h"
-#include "tests/media/temp_folder.h"
 #include "tests/media/test_clips.h"
+#include "tests/support/temp_folder.h"
 
 namespace ruvex::cli {
 namespace {
@@ -40,7 +40,7 @@ struct ParameterFiles : testing::Test {
         return Json::parse(read("saved.json"));
     }
 
-    media::TempFolder folder;
+    files::TempFolder folder;
 };
 
 TEST_F(ParameterFiles, TheDefaultsAreThoseOfTheTable) {

@@ -4,8 +4,7 @@
 
 #include "cli/command_parser.h"
 #include "cli/level_job.h"
-#include "cli/parameter_file.h"
-#include "cli/render_job.h"
+#include "cli/typed_job.h"
 #include "cli/usage_error.h"
 #include "media/media_error.h"
 #include "parameters/presets.h"
@@ -35,9 +34,10 @@ auto accepted(Job job) {
 
 void tryRender(RenderOptions options) {
     forgetFiles(options.parameters);
-    const auto job = accepted([&] { return makeRenderJob(options); });
+    std::vector<std::string> warnings;
+    const auto job = accepted([&] { return typedJob(options, warnings); });
     if (!job) return;
-    demand(job->jobs >= 1 && job->jobs <= 256, "some frames are rendered at once");
+    demand(job->framesAtOnce >= 1 && job->framesAtOnce <= 256, "some frames are rendered at once");
     demand(!job->workers || *job->workers >= 1, "somebody works");
     demand(!job->quality || (*job->quality >= 1 && *job->quality <= 100), "quality is of 100");
     demand(std::isfinite(job->pixelAspect) && job->pixelAspect > 0.0, "pixels are seen");

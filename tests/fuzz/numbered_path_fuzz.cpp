@@ -3,13 +3,13 @@
 #include <algorithm>
 #include <limits>
 
-#include "media/numbered_path.h"
+#include "files/numbered_path.h"
 #include "tests/fuzz/fuzz.h"
 
 namespace {
 
+using ruvex::files::NumberedPath;
 using ruvex::fuzz::demand;
-using ruvex::media::NumberedPath;
 
 constexpr std::int64_t kNumbers[] = {0, 1, 7, 10, 99999, 16777215, 1234567890123456789};
 

@@ -4,10 +4,10 @@
 #include <limits>
 #include <numeric>
 
-#include "cli/clip_ends.h"
 #include "cli/media_options.h"
 #include "cli/option_text.h"
 #include "cli/usage_error.h"
+#include "jobs/clip_ends.h"
 #include "parameters/label_match.h"
 #include "parameters/presets.h"
 #include "tests/fuzz/fuzz.h"
@@ -44,9 +44,10 @@ void tryFrames(std::string_view text) {
     const auto frames = accepted([&] { return parseFrames(kOption, text); });
     if (!frames) return;
     demandOnly(text, "0123456789-");
-    demand(0 <= frames->first && frames->first <= frames->last && frames->last < kFrameNumberEnd,
-           "a range lies among the frame numbers");
-    const FrameRange again =
+    demand(
+        0 <= frames->first && frames->first <= frames->last && frames->last < jobs::kFrameNumberEnd,
+        "a range lies among the frame numbers");
+    const jobs::FrameRange again =
         parseFrames(kOption, std::to_string(frames->first) + "-" + std::to_string(frames->last));
     demand(again.first == frames->first && again.last == frames->last, "a range reads back");
 }
@@ -61,7 +62,7 @@ void tryRegion(std::string_view text) {
     for (const int value : {region->x, region->y, region->width, region->height}) {
         written.append(written.empty() ? "" : ",").append(std::to_string(value));
     }
-    const Region again = parseRegion(kOption, written);
+    const jobs::Region again = parseRegion(kOption, written);
     demand(again.x == region->x && again.y == region->y && again.width == region->width &&
                again.height == region->height,
            "a region reads back");
@@ -92,7 +93,7 @@ void tryWords(const std::string& text) {
     demand(ends == (text == "blank" || text == "hold" || text == "loop"), "three ends are known");
     const bool alpha = accepted([&] { return parseAlpha(kOption, text); }).has_value();
     demand(alpha == (text == "straight" || text == "premultiplied"), "two forms are known");
-    const bool format = accepted([&] { return parseStreamFormat(kOption, text, "-"); }).has_value();
+    const bool format = accepted([&] { return parseStreamFormat(kOption, text); }).has_value();
     demand(format == (text == "y4m" || text == "rgba8" || text == "s214"), "three are known");
     const bool order = accepted([&] { return parseFieldOrder(kOption, text); }).has_value();
     demand(order == (text == "top" || text == "bottom" || text == "none"), "three are known");

@@ -1,15 +1,15 @@
-// Parameter files: JSON.
+// Look files: JSON.
 
 #include <cmath>
 #include <set>
 
-#include "cli/parameter_file.h"
+#include "looks/look_file.h"
 #include "tests/fuzz/fuzz.h"
 
 namespace {
 
 using namespace ruvex;
-using namespace ruvex::cli;
+using namespace ruvex::looks;
 using fuzz::demand;
 
 const std::string kName = "look.json";
@@ -18,8 +18,8 @@ using Changes = std::vector<ParameterChange>;
 
 std::optional<Changes> accepted(const std::string& text) {
     std::vector<std::string> warnings;
-    auto changes = fuzz::unlessRefused<ParameterFileError>(
-        [&] { return parseParameterFile(kName, text, warnings); },
+    auto changes = fuzz::unlessRefused<LookFileError>(
+        [&] { return parseLookFile(kName, text, warnings); },
         [](std::string_view sentence) {
             fuzz::demandPrintable(sentence);
             fuzz::demandNamed(sentence, kName + ": ");
@@ -52,13 +52,13 @@ void demandSound(const Changes& changes) {
 
 void demandSame(const Setting& a, const ParameterChange& b) {
     const auto* setting = std::get_if<Setting>(&b);
-    demand(setting && setting->row == a.row && fuzz::sameBits(setting->value, a.value),
+    demand(setting && setting->id == a.id && fuzz::sameBits(setting->value, a.value),
            "a value is read as it was, to the bit");
 }
 
 void demandSame(const Animation& a, const ParameterChange& b) {
     const auto* animation = std::get_if<Animation>(&b);
-    demand(animation && animation->row == a.row && animation->keys.size() == a.keys.size(),
+    demand(animation && animation->id == a.id && animation->keys.size() == a.keys.size(),
            "keys are read as they were");
     for (std::size_t i = 0; i < a.keys.size(); ++i) {
         demand(fuzz::sameBits(animation->keys[i].seconds, a.keys[i].seconds) &&
@@ -73,7 +73,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const auto changes = accepted(std::string(fuzz::textOf(data, size)));
     if (!changes) return 0;
     demandSound(*changes);
-    const auto again = accepted(parameterFileText(*changes));
+    const auto again = accepted(lookFileText(*changes));
     demand(again && again->size() == changes->size(), "a file that was written is read");
     for (std::size_t i = 0; i < changes->size(); ++i) {
         std::visit([&](const auto& change) { demandSame(change, (*again)[i]); }, (*changes)[i]);

@@ -34,20 +34,20 @@ void trySetting(const std::string& text) {
     Sentences first;
     const auto setting = accepted("--set: ", [&] { return parseSetting(text, first); });
     if (!setting) return;
-    demandUsable(*setting->row, setting->value, !first.empty());
+    demandUsable(row(setting->id), setting->value, !first.empty());
     for (const std::string& sentence : first) fuzz::demandNamed(sentence, "--set: ");
     Sentences second;
     const std::string written =
-        std::string(setting->row->label) + "=" + formatValue(*setting->row, setting->value);
-    const Setting again = parseSetting(written, second);
-    demand(again.row == setting->row && fuzz::sameBits(again.value, setting->value),
+        std::string(row(setting->id).label) + "=" + formatValue(row(setting->id), setting->value);
+    const looks::Setting again = parseSetting(written, second);
+    demand(again.id == setting->id && fuzz::sameBits(again.value, setting->value),
            "a setting reads back");
     demand(first.size() == second.size(), "and warns of the same");
 }
 
-std::string textOf(const Animation& animation) {
-    std::string text = std::string(animation.row->label) + "=";
-    for (const Key& key : animation.keys) {
+std::string textOf(const looks::Animation& animation) {
+    std::string text = std::string(row(animation.id).label) + "=";
+    for (const looks::Key& key : animation.keys) {
         text += formatNumber(key.seconds) + ":" + formatNumber(key.value) + " ";
     }
     return text;
@@ -57,16 +57,16 @@ void tryAnimation(const std::string& text) {
     Sentences first;
     const auto found = accepted("--key: ", [&] { return parseAnimation(text, first); });
     if (!found) return;
-    demand(isReal(found->row->kind) && !found->keys.empty(), "a real parameter with keys");
+    demand(isReal(row(found->id).kind) && !found->keys.empty(), "a real parameter with keys");
     for (std::size_t i = 0; i < found->keys.size(); ++i) {
-        const Key& key = found->keys[i];
-        demandUsable(*found->row, key.value, !first.empty());
+        const looks::Key& key = found->keys[i];
+        demandUsable(row(found->id), key.value, !first.empty());
         demand(std::isfinite(key.seconds), "a time is finite");
         demand(i == 0 || found->keys[i - 1].seconds < key.seconds, "keys stand in order");
     }
     Sentences second;
-    const Animation again = parseAnimation(textOf(*found), second);
-    demand(again.row == found->row && again.keys.size() == found->keys.size(), "keys read back");
+    const looks::Animation again = parseAnimation(textOf(*found), second);
+    demand(again.id == found->id && again.keys.size() == found->keys.size(), "keys read back");
     for (std::size_t i = 0; i < again.keys.size(); ++i) {
         demand(fuzz::sameBits(again.keys[i].seconds, found->keys[i].seconds) &&
                    fuzz::sameBits(again.keys[i].value, found->keys[i].value),

@@ -5,8 +5,8 @@
 
 #include "media/frame_reader.h"
 #include "media/frame_writer.h"
-#include "tests/media/temp_folder.h"
 #include "tests/media/test_clips.h"
+#include "tests/support/temp_folder.h"
 
 namespace ruvex::media {
 namespace {
@@ -33,7 +33,7 @@ TEST(Timecode, WhatIsNoneStaysNone) {
 class Tags : public testing::TestWithParam<const char*> {};
 
 TEST_P(Tags, AreWrittenAndReadAgain) {
-    TempFolder folder;
+    files::TempFolder folder;
     const auto file = folder.file(std::string("a") + GetParam());
     const ClipTags tags{"10:20:30:04", {{"title", "Röhre & Söhne"}, {"comment", "one; two=2"}}};
     const auto writer = openWriter(file, {.size = {64, 64}, .tags = tags});
@@ -55,7 +55,7 @@ TEST_P(Tags, AreWrittenAndReadAgain) {
 INSTANTIATE_TEST_SUITE_P(Containers, Tags, testing::Values(".mp4", ".mov", ".mkv"));
 
 TEST(Tags, OfTheFileItselfAreLeftBehind) {
-    TempFolder folder;
+    files::TempFolder folder;
     runFfmpeg(movingPicture("64x64", "25", 0.2) +
                   " -c:v libx264 -metadata creation_time=2001-01-01 -metadata artist=X",
               folder.file("a.mp4"));

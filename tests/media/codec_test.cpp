@@ -4,8 +4,8 @@
 #include "media/frame_reader.h"
 #include "media/frame_writer.h"
 #include "media/video/video_codec.h"
-#include "tests/media/temp_folder.h"
 #include "tests/media/test_clips.h"
+#include "tests/support/temp_folder.h"
 
 namespace ruvex::media {
 namespace {
@@ -63,7 +63,7 @@ TEST(VideoCodec, WhatDoesNotGoTogetherIsRefused) {
     EXPECT_NE(storageFault("a.png", {}, 50), "");
     EXPECT_NE(storageFault("a.png", "h264", {}), "");
     EXPECT_NE(storageFault("-", "h264", {}), "");
-    TempFolder folder;
+    files::TempFolder folder;
     EXPECT_NE(complaintOf([&] {
                   openWriter(folder.file("a.mkv"), {.size = {4, 4}, .quality = 5});
               }),
@@ -72,7 +72,7 @@ TEST(VideoCodec, WhatDoesNotGoTogetherIsRefused) {
 }
 
 TEST(ProRes, KeepsAlphaAndColours) {
-    TempFolder folder;
+    files::TempFolder folder;
     const std::vector<std::vector<std::int16_t>> pixels = {{16384, 16384, 16384, 16384},
                                                            {0, 0, 0, 16384},
                                                            {8192, 8192, 8192, 0},
@@ -97,7 +97,7 @@ TEST(ProRes, KeepsAlphaAndColours) {
 // Its pictures cannot say that black and white are at the ends of the scale: readers take them for
 // limited, whatever the clip was.
 TEST(ProRes, KeepsTheColoursOfClipsOfFullRange) {
-    TempFolder folder;
+    files::TempFolder folder;
     for (const std::string name : {"a.mov", "a.mkv"}) {
         const Frame frame = plainFrame({64, 48}, {2000, 8000, 15000, 16384});
         WriteOptions options{.size = {64, 48}, .depth = Depth::S214, .codec = "prores"};
@@ -112,7 +112,7 @@ TEST(ProRes, KeepsTheColoursOfClipsOfFullRange) {
 }
 
 TEST(H265, KeepsDeepColours) {
-    TempFolder folder;
+    files::TempFolder folder;
     const Frame frame = plainFrame({64, 64}, {4000, 4010, 4020, 16384});
     writeAll(folder.file("a.mp4"), {.size = {64, 64}, .depth = Depth::S214, .codec = "h265"},
              {frame});
@@ -124,7 +124,7 @@ TEST(H265, KeepsDeepColours) {
 
 // The encoder reorders over two frames, and says nothing of shorter clips.
 TEST(H265, ShortClipsAreWrittenToo) {
-    TempFolder folder;
+    files::TempFolder folder;
     const auto file = folder.file("a.mp4");
     for (int turn = 0; turn < 5; ++turn) {
         for (const std::size_t count : {2, 1}) {
@@ -142,7 +142,7 @@ TEST(H265, ShortClipsAreWrittenToo) {
 }
 
 TEST(Quality, MakesFilesLarger) {
-    TempFolder folder;
+    files::TempFolder folder;
     for (const std::string name : {"a.mp4", "a.mov"}) {
         std::uintmax_t smaller = 0;
         for (const int quality : {1, 50, 100}) {
@@ -156,7 +156,7 @@ TEST(Quality, MakesFilesLarger) {
 }
 
 TEST(FullRange, IsKeptAndSaid) {
-    TempFolder folder;
+    files::TempFolder folder;
     const Frame white = plainFrame({64, 64}, {16384, 16384, 16384, 16384});
     for (const bool full : {false, true}) {
         writeAll(folder.file("a.mp4"),
@@ -170,7 +170,7 @@ TEST(FullRange, IsKeptAndSaid) {
 }
 
 TEST(Fields, AreTold) {
-    TempFolder folder;
+    files::TempFolder folder;
     const std::string clip = movingPicture("96x64", "25", 0.4) + " -c:v mpeg2video ";
     runFfmpeg(clip, folder.file("p.mkv"));
     runFfmpeg(clip + "-flags +ildct+ilme -top 1", folder.file("t.mkv"));
@@ -182,7 +182,7 @@ TEST(Fields, AreTold) {
 
 // 40 frames of which 15 to 24 are missing, and the last ten come at half the rate.
 TEST(UnevenVideo, IsShownAtAConstantRate) {
-    TempFolder folder;
+    files::TempFolder folder;
     const std::string picture = movingPicture("96x64", "25", 1.6);
     runFfmpeg(picture + " -c:v ffv1 -pix_fmt yuv420p", folder.file("even.mkv"));
     runFfmpeg(picture +

@@ -7,8 +7,8 @@
 #include "media/frame_writer.h"
 #include "media/pixels/row_order.h"
 #include "media/stills/raw_frame.h"
-#include "tests/media/temp_folder.h"
 #include "tests/media/test_clips.h"
+#include "tests/support/temp_folder.h"
 
 namespace ruvex::media {
 namespace {
@@ -104,7 +104,7 @@ bool isPlain(const Frame& picture) {
 
 // A red field and a blue one: only in pictures that are interlaced do they stay apart.
 TEST(FieldColours, DoNotRunIntoTheOtherField) {
-    TempFolder folder;
+    files::TempFolder folder;
     const std::vector<int> low{90, 170, 90, 170};
     const std::vector<int> high{170, 90, 170, 90};
     for (const auto& [tags, options, apart] :
@@ -126,7 +126,7 @@ TEST(FieldColours, DoNotRunIntoTheOtherField) {
 }
 
 TEST(FieldColours, AreWrittenApart) {
-    TempFolder folder;
+    files::TempFolder folder;
     std::ofstream(folder.file("a.y4m"))
         << y4mWithColours("It", {90, 170, 90, 170}, {170, 90, 170, 90});
     const Frame frame = firstFrame(folder.file("a.y4m"));
@@ -144,7 +144,7 @@ TEST(FieldColours, AreWrittenApart) {
 // The libraries' own filter for interlaced pictures is the yardstick: colour differences lie a
 // quarter and three quarters down between the lines of their field.
 TEST(FieldColours, LieWhereTheyDoInTheirField) {
-    TempFolder folder;
+    files::TempFolder folder;
     runFfmpeg(movingPicture("64x48", "25", 0.04) +
                   " -vf setfield=tff -pix_fmt yuv420p -strict -1 -f yuv4mpegpipe",
               folder.file("a.y4m"));
@@ -161,7 +161,7 @@ TEST(FieldColours, LieWhereTheyDoInTheirField) {
 
 // Six lines have three of colour differences, of which a field cannot have one and a half.
 TEST(FieldColours, OfHeightsThatCannotBeSharedOutAreThoseOfTheWholePicture) {
-    TempFolder folder;
+    files::TempFolder folder;
     for (const std::string size : {"8x6", "8x7", "9x5"}) {
         runFfmpeg(movingPicture("32x32", "25", 0.04) + " -s " + size +
                       " -pix_fmt yuv420p -strict -1 -f yuv4mpegpipe",
@@ -180,7 +180,7 @@ struct Coding {
 class FieldMarks : public testing::TestWithParam<Coding> {};
 
 TEST_P(FieldMarks, AreWrittenAndReadAgain) {
-    TempFolder folder;
+    files::TempFolder folder;
     const auto file = folder.file(GetParam().file);
     for (const FieldOrder order : kOrders) {
         const auto writer =
@@ -202,7 +202,7 @@ INSTANTIATE_TEST_SUITE_P(Codings, FieldMarks,
                                          Coding{"a.mov", "h264"}, Coding{"a.mkv", "h264"}));
 
 TEST(FieldMarks, ThatCannotBeWrittenAreSaid) {
-    TempFolder folder;
+    files::TempFolder folder;
     for (const auto& [codec, height] : {std::pair{"h265", 64}, {"h264", 66}, {"h264", 65}}) {
         const auto writer =
             openWriter(folder.file("a.mp4"),
@@ -217,7 +217,7 @@ TEST(FieldMarks, ThatCannotBeWrittenAreSaid) {
 
 // Codings that know nothing of fields, in a container that does.
 TEST(FieldMarks, OfTheContainerCount) {
-    TempFolder folder;
+    files::TempFolder folder;
     runFfmpeg(movingPicture("96x64", "25", 0.2) + " -vf setfield=bff -c:v png -field_order bb",
               folder.file("a.mov"));
     ASSERT_EQ(probe(folder.file("a.mov"), "stream=field_order"), "field_order=bb\n");

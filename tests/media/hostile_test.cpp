@@ -3,8 +3,8 @@
 #include <random>
 
 #include "media/frame_reader.h"
-#include "tests/media/temp_folder.h"
 #include "tests/media/test_clips.h"
+#include "tests/support/temp_folder.h"
 
 namespace ruvex::media {
 namespace {
@@ -31,7 +31,7 @@ class HostileVideo : public testing::TestWithParam<const char*> {};
 
 // Whatever the bytes are, reading ends, with pictures or with a sentence that names the file.
 TEST_P(HostileVideo, DamagedBytesDoNoHarm) {
-    TempFolder folder;
+    files::TempFolder folder;
     const auto file = folder.file(GetParam());
     runFfmpeg(movingPicture("96x64", "25", 0.4) + " -g 5", file);
     const std::string whole = bytesOf(file);
@@ -57,7 +57,7 @@ INSTANTIATE_TEST_SUITE_P(Containers, HostileVideo,
                          testing::Values("a.mp4", "a.mkv", "a.avi", "a.mov", "a.y4m"));
 
 TEST(ChangingVideo, AnotherSizeWithinTheClipIsNamed) {
-    TempFolder folder;
+    files::TempFolder folder;
     const std::string options = " -c:v mpeg2video -q:v 2 -g 5 -bf 0";
     runFfmpeg(movingPicture("96x64", "25", 0.4) + options, folder.file("a.ts"));
     runFfmpeg(movingPicture("128x96", "25", 0.4) + options, folder.file("b.ts"));
@@ -67,7 +67,7 @@ TEST(ChangingVideo, AnotherSizeWithinTheClipIsNamed) {
 }
 
 TEST(ChangingVideo, AFileThatIsCutWhileItIsReadIsNamed) {
-    TempFolder folder;
+    files::TempFolder folder;
     const auto file = folder.file("a.mkv");
     runFfmpeg(movingPicture("192x128", "25", 4) + " -c:v ffv1 -pix_fmt yuv420p", file);
     const auto reader = openReader(file);

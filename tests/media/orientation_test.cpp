@@ -5,8 +5,8 @@
 
 #include "media/frame_reader.h"
 #include "media/pixels/row_order.h"
-#include "tests/media/temp_folder.h"
 #include "tests/media/test_clips.h"
+#include "tests/support/temp_folder.h"
 
 namespace ruvex::media {
 namespace {
@@ -104,7 +104,7 @@ Frame firstOf(const std::filesystem::path& file) {
 }
 
 TEST(Orientation, OfVideoIsThatOfItsContainer) {
-    TempFolder folder;
+    files::TempFolder folder;
     runFfmpeg(movingPicture("64x48", "25", 0.2) + " -c:v libx264 -aspect 64:45",
               folder.file("a.mp4"));
     runFfmpeg("-i " + quoted(folder.file("a.mp4")) + " -c copy -metadata:s:v rotate=90",
@@ -133,7 +133,7 @@ void markJpeg(const std::filesystem::path& from, char mark, const std::filesyste
 }
 
 TEST(Orientation, OfJpegsIsThatOfTheirMark) {
-    TempFolder folder;
+    files::TempFolder folder;
     runFfmpeg(movingPicture("32x24", "25", 0.04) + " -frames:v 1 -update 1", folder.file("a.jpg"));
     const Frame plain = firstOf(folder.file("a.jpg"));
     const Orientation kMarks[] = {{false, false, false}, {false, true, false}, {false, true, true},

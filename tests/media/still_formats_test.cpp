@@ -9,8 +9,8 @@
 #include "media/pixels/sample_convert.h"
 #include "media/stills/raw_frame.h"
 #include "media/stills/still_file.h"
-#include "tests/media/temp_folder.h"
 #include "tests/media/test_clips.h"
+#include "tests/support/temp_folder.h"
 
 namespace ruvex::media {
 namespace {
@@ -27,7 +27,7 @@ std::vector<T> valuesOf(const std::filesystem::path& file) {
 class ExactStills : public testing::TestWithParam<const char*> {};
 
 TEST_P(ExactStills, EightBitsComeBackExactly) {
-    TempFolder folder;
+    files::TempFolder folder;
     for (const FrameSize size : kStillSizes) {
         const Frame frame = noiseFrame(size, Depth::Bits8, 3);
         writeStill(folder.file(GetParam()), frame);
@@ -38,7 +38,7 @@ TEST_P(ExactStills, EightBitsComeBackExactly) {
 }
 
 TEST_P(ExactStills, SixteenBitsComeBackExactlyFromBlackToWhite) {
-    TempFolder folder;
+    files::TempFolder folder;
     for (const FrameSize size : kStillSizes) {
         const Frame frame = noiseFrame(size, Depth::S214, 4, true);
         writeStill(folder.file(GetParam()), frame);
@@ -48,7 +48,7 @@ TEST_P(ExactStills, SixteenBitsComeBackExactlyFromBlackToWhite) {
 
 // Sixteen bits of another program's, each of which has a nearest S2.14 value.
 TEST_P(ExactStills, SixteenBitsAreRoundedToTheNearest) {
-    TempFolder folder;
+    files::TempFolder folder;
     runFfmpeg(
         "-f lavfi -i nullsrc=size=256x256,format=rgb48le,"
         "geq=r=Y*256+X:g=65535-Y*256-X:b=X*256+Y -frames:v 1",
@@ -70,14 +70,14 @@ TEST_P(ExactStills, SixteenBitsAreRoundedToTheNearest) {
 }
 
 TEST_P(ExactStills, KeepThePixelAspect) {
-    TempFolder folder;
+    files::TempFolder folder;
     writeStill(folder.file(GetParam()), noiseFrame({4, 4}, Depth::Bits8, 6),
                {.pixelAspect = {2, 1}});
     EXPECT_EQ(readStill(folder.file(GetParam())).pixelAspect, (Rational{2, 1}));
 }
 
 TEST_P(ExactStills, PremultipliedColoursAreDivided) {
-    TempFolder folder;
+    files::TempFolder folder;
     Frame frame({3, 1}, Depth::Bits8);
     const std::uint8_t stored[] = {50, 25, 100, 100, 7, 8, 9, 0, 255, 10, 0, 255};
     std::copy(std::begin(stored), std::end(stored), frame.row8(0));
@@ -93,7 +93,7 @@ TEST_P(ExactStills, PremultipliedColoursAreDivided) {
 INSTANTIATE_TEST_SUITE_P(Kinds, ExactStills, testing::Values("a.png", "a.tif", "a.tiff", "a.dpx"));
 
 TEST(Exr, HoldsEveryWordWithAlphaOfEitherForm) {
-    TempFolder folder;
+    files::TempFolder folder;
     for (const AlphaForm form : {AlphaForm::Straight, AlphaForm::Premultiplied}) {
         for (const FrameSize size : kStillSizes) {
             const Frame frame = noiseFrame(size, Depth::S214, 9);
@@ -105,7 +105,7 @@ TEST(Exr, HoldsEveryWordWithAlphaOfEitherForm) {
 
 // Colours at the ends beside every alpha: the rounding of the product must never reach a value.
 TEST(Exr, ThePremultipliedFormIsExactBesideEveryAlpha) {
-    TempFolder folder;
+    files::TempFolder folder;
     Frame frame({256, 256}, Depth::S214);
     std::int16_t* pixel = frame.row16(0);
     for (int alpha = -32768; alpha < 32768; ++alpha, pixel += kChannels) {
@@ -119,7 +119,8 @@ TEST(Exr, ThePremultipliedFormIsExactBesideEveryAlpha) {
 }
 
 /// The floats that another program finds in an EXR, in the chain's order.
-std::vector<float> floatsOf(const TempFolder& folder, const std::string& name, FrameSize size) {
+std::vector<float> floatsOf(const files::TempFolder& folder, const std::string& name,
+                            FrameSize size) {
     runFfmpeg("-i " + quoted(folder.file(name)) + " -vf vflip -pix_fmt gbrapf32le -f rawvideo",
               folder.file("floats"));
     const auto planes = valuesOf<float>(folder.file("floats"));
@@ -136,7 +137,7 @@ std::vector<float> floatsOf(const TempFolder& folder, const std::string& name, F
 }
 
 TEST(Exr, AComponentIsItsValueOver16384) {
-    TempFolder folder;
+    files::TempFolder folder;
     Frame frame = noiseFrame({33, 17}, Depth::S214, 10);
     for (std::size_t i = 3; i < 33 * 17 * 4; i += 4) {
         frame.row16(0)[i] = kWhiteS214;
@@ -149,7 +150,7 @@ TEST(Exr, AComponentIsItsValueOver16384) {
 }
 
 TEST(Exr, HalvesAndFloatsOfOthersAreRead) {
-    TempFolder folder;
+    files::TempFolder folder;
     const std::string source =
         "-f lavfi -i nullsrc=size=64x32,format=gbrapf32le,"
         "geq=r='X/32-1':g='Y/8':b='0.3':a='(X+1)/64' -frames:v 1 -c:v exr -format ";
@@ -171,14 +172,14 @@ TEST(Exr, HalvesAndFloatsOfOthersAreRead) {
 }
 
 TEST(Exr, EightBitFramesAreStoredAtTheirDepthInS214) {
-    TempFolder folder;
+    files::TempFolder folder;
     const Frame frame = noiseFrame({5, 4}, Depth::Bits8, 2);
     writeStill(folder.file("a.exr"), frame);
     EXPECT_EQ(readStill(folder.file("a.exr")).frame, convertDepth(frame, Depth::S214));
 }
 
 TEST(Jpeg, IsNearAndKeepsItsSizeAndWhite) {
-    TempFolder folder;
+    files::TempFolder folder;
     for (const FrameSize size : {FrameSize{1, 1}, {33, 17}, {64, 800}}) {
         for (const int grey : {0, 64, 128, 255}) {
             Frame frame(size, Depth::Bits8);
@@ -195,7 +196,7 @@ TEST(Jpeg, IsNearAndKeepsItsSizeAndWhite) {
 
 // The colours of a tall JPEG are BT.601's all the same, which other programs know too.
 TEST(Jpeg, ColoursAreTheSameForOthers) {
-    TempFolder folder;
+    files::TempFolder folder;
     runFfmpeg("-f lavfi -i color=0xC02040:size=64x800,format=rgb24 -frames:v 1",
               folder.file("a.png"));
     writeStill(folder.file("a.jpg"), readStill(folder.file("a.png")).frame);
@@ -212,7 +213,7 @@ TEST(Jpeg, ColoursAreTheSameForOthers) {
 }
 
 TEST(Jpeg, ABetterQualityIsNearerAndLarger) {
-    TempFolder folder;
+    files::TempFolder folder;
     const Frame frame = noiseFrame({64, 64}, Depth::Bits8, 3);
     std::uintmax_t smaller = 0;
     for (const int quality : {1, 50, 95, 100}) {
@@ -226,7 +227,7 @@ TEST(Jpeg, ABetterQualityIsNearerAndLarger) {
 class AnyStill : public testing::TestWithParam<const char*> {};
 
 TEST_P(AnyStill, CutOffAnywhereItIsRefused) {
-    TempFolder folder;
+    files::TempFolder folder;
     const auto file = folder.file(GetParam());
     writeStill(file, noiseFrame({40, 30}, Depth::Bits8, 6));
     const auto whole = std::filesystem::file_size(file);
@@ -238,7 +239,7 @@ TEST_P(AnyStill, CutOffAnywhereItIsRefused) {
 }
 
 TEST_P(AnyStill, OtherFilesAreRefused) {
-    TempFolder folder;
+    files::TempFolder folder;
     const auto file = folder.file(GetParam());
     std::ofstream(file) << "not a picture at all, only a line of text";
     EXPECT_NE(complaintOf([&] { readStill(file); }).find(GetParam()), std::string::npos);
@@ -248,7 +249,7 @@ TEST_P(AnyStill, OtherFilesAreRefused) {
 
 // Whatever the bytes are, reading ends, with a picture or with a sentence.
 TEST_P(AnyStill, DamagedBytesDoNoHarm) {
-    TempFolder folder;
+    files::TempFolder folder;
     const auto file = folder.file(GetParam());
     writeStill(file, noiseFrame({40, 30}, Depth::Bits8, 6));
     const auto whole = valuesOf<char>(file);
@@ -267,7 +268,7 @@ TEST_P(AnyStill, DamagedBytesDoNoHarm) {
 }
 
 TEST_P(AnyStill, ASequenceIsReadByNumber) {
-    TempFolder folder;
+    files::TempFolder folder;
     const auto pattern =
         folder.file("s.%03d" + std::filesystem::path(GetParam()).extension().string());
     const auto writer = openWriter(pattern, {.size = {16, 8}});

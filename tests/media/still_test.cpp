@@ -5,8 +5,8 @@
 #include "media/frame_writer.h"
 #include "media/stills/raw_frame.h"
 #include "media/stills/still_file.h"
-#include "tests/media/temp_folder.h"
 #include "tests/media/test_clips.h"
+#include "tests/support/temp_folder.h"
 
 namespace ruvex::media {
 namespace {
@@ -19,7 +19,7 @@ Frame readOne(const std::filesystem::path& file, const ReadOptions& options = {}
 }
 
 TEST(RawFrames, ComeBackByteForByte) {
-    TempFolder folder;
+    files::TempFolder folder;
     for (const FrameSize size : kStillSizes) {
         const Frame frame8 = noiseFrame(size, Depth::Bits8, 1);
         const Frame frame16 = noiseFrame(size, Depth::S214, 2);
@@ -31,7 +31,7 @@ TEST(RawFrames, ComeBackByteForByte) {
 }
 
 TEST(RawFrames, TheFirstRowOfTheFileIsChainRowZero) {
-    TempFolder folder;
+    files::TempFolder folder;
     std::ofstream(folder.file("a.rgba8"), std::ios::binary) << "RGBAxxxx";
     const Frame frame = readOne(folder.file("a.rgba8"), {.size = FrameSize{1, 2}});
     EXPECT_EQ(frame.row8(0)[0], 'R');
@@ -39,7 +39,7 @@ TEST(RawFrames, TheFirstRowOfTheFileIsChainRowZero) {
 }
 
 TEST(RawFrames, WordsAreLittleEndian) {
-    TempFolder folder;
+    files::TempFolder folder;
     std::ofstream(folder.file("a.s214"), std::ios::binary)
         << std::string("\0\x40\1\0\0\x80\xFF\xFF", 8);
     const Frame frame = readOne(folder.file("a.s214"), {.size = FrameSize{1, 1}});
@@ -50,7 +50,7 @@ TEST(RawFrames, WordsAreLittleEndian) {
 }
 
 TEST(RawFrames, AWrongLengthSaysBothLengths) {
-    TempFolder folder;
+    files::TempFolder folder;
     std::ofstream(folder.file("a.rgba8"), std::ios::binary) << std::string(63, 'x');
     const std::string said = complaintOf([&] {
         readOne(folder.file("a.rgba8"), {.size = FrameSize{4, 4}});
@@ -61,7 +61,7 @@ TEST(RawFrames, AWrongLengthSaysBothLengths) {
 }
 
 TEST(RawFrames, NeedASizeThatTheChainCanHold) {
-    TempFolder folder;
+    files::TempFolder folder;
     std::ofstream(folder.file("a.rgba8")) << "x";
     const auto open = [&](std::optional<FrameSize> size) {
         return complaintOf([&] { openReader(folder.file("a.rgba8"), {.size = size}); });
@@ -72,7 +72,7 @@ TEST(RawFrames, NeedASizeThatTheChainCanHold) {
 }
 
 TEST(RawFrames, TheEndingSaysTheDepth) {
-    TempFolder folder;
+    files::TempFolder folder;
     const Frame frame = noiseFrame({3, 2}, Depth::Bits8, 1);
     openWriter(folder.file("a.s214"), {.size = {3, 2}})->write(0, frame);
     EXPECT_EQ(readOne(folder.file("a.s214"), {.size = FrameSize{3, 2}, .depth = Depth::Bits8}),
@@ -80,7 +80,7 @@ TEST(RawFrames, TheEndingSaysTheDepth) {
 }
 
 TEST(Png, EightBitsComeBackExactly) {
-    TempFolder folder;
+    files::TempFolder folder;
     for (const FrameSize size : kStillSizes) {
         const Frame frame = noiseFrame(size, Depth::Bits8, 3);
         openWriter(folder.file("a.png"), {.size = size})->write(0, frame);
@@ -89,7 +89,7 @@ TEST(Png, EightBitsComeBackExactly) {
 }
 
 TEST(Png, SixteenBitsComeBackExactlyFromBlackToWhite) {
-    TempFolder folder;
+    files::TempFolder folder;
     for (const FrameSize size : kStillSizes) {
         const Frame frame = noiseFrame(size, Depth::S214, 4, true);
         openWriter(folder.file("a.png"), {.size = size, .depth = Depth::S214})->write(0, frame);
@@ -98,7 +98,7 @@ TEST(Png, SixteenBitsComeBackExactlyFromBlackToWhite) {
 }
 
 TEST(Png, OvershootIsHeldAtBlackAndWhite) {
-    TempFolder folder;
+    files::TempFolder folder;
     Frame frame({2, 1}, Depth::S214);
     frame.row16(0)[0] = 20000;
     frame.row16(0)[1] = -5;
@@ -110,7 +110,7 @@ TEST(Png, OvershootIsHeldAtBlackAndWhite) {
 
 // Red above, blue below, made by another program.
 TEST(Png, TheTopLineIsTheLastChainRow) {
-    TempFolder folder;
+    files::TempFolder folder;
     runFfmpeg(
         "-f lavfi -i color=red:size=4x2 -f lavfi -i color=blue:size=4x2 "
         "-filter_complex 'vstack,format=rgb24' -frames:v 1",
@@ -124,7 +124,7 @@ TEST(Png, TheTopLineIsTheLastChainRow) {
 }
 
 /// A ramp through another program in the given pixel format, and what comes of it here.
-Frame rampAs(const TempFolder& folder, const std::string& format) {
+Frame rampAs(const files::TempFolder& folder, const std::string& format) {
     const Frame ramp = noiseFrame({31, 9}, Depth::S214, 5, true);
     writeStill(folder.file("ramp.png"), ramp);
     runFfmpeg("-i '" + folder.file("ramp.png").string() + "' -pix_fmt " + format,
@@ -133,7 +133,7 @@ Frame rampAs(const TempFolder& folder, const std::string& format) {
 }
 
 TEST(Png, AlphaIsWhiteWhereTheFileHasNone) {
-    TempFolder folder;
+    files::TempFolder folder;
     for (const char* format : {"rgb24", "gray", "monob"}) {
         const Frame frame = rampAs(folder, format);
         ASSERT_EQ(frame.depth(), Depth::Bits8) << format;
@@ -149,7 +149,7 @@ TEST(Png, AlphaIsWhiteWhereTheFileHasNone) {
 }
 
 TEST(Png, EveryKindOfPngIsReadExactly) {
-    TempFolder folder;
+    files::TempFolder folder;
     for (const char* format : {"gray", "ya8", "rgb24", "rgba", "pal8", "monob"}) {
         rampAs(folder, format);
         runFfmpeg("-i '" + folder.file("b.png").string() + "' -vf vflip -pix_fmt rgba -f rawvideo",
@@ -160,7 +160,7 @@ TEST(Png, EveryKindOfPngIsReadExactly) {
 }
 
 TEST(Png, DeepPicturesAreReadExactly) {
-    TempFolder folder;
+    files::TempFolder folder;
     const Frame ramp = noiseFrame({31, 9}, Depth::S214, 5, true);
     for (const char* format : {"rgba64be", "rgb48be"}) {
         const Frame back = rampAs(folder, format);
@@ -172,7 +172,7 @@ TEST(Png, DeepPicturesAreReadExactly) {
 }
 
 TEST(Png, CutOffAnywhereItIsRefused) {
-    TempFolder folder;
+    files::TempFolder folder;
     writeStill(folder.file("a.png"), noiseFrame({40, 30}, Depth::Bits8, 6));
     const auto whole = std::filesystem::file_size(folder.file("a.png"));
     for (std::uintmax_t size = whole - 1; size > 0; size = size * 2 / 3) {
@@ -183,7 +183,7 @@ TEST(Png, CutOffAnywhereItIsRefused) {
 }
 
 TEST(Png, ADamagedByteIsNoticed) {
-    TempFolder folder;
+    files::TempFolder folder;
     writeStill(folder.file("a.png"), noiseFrame({40, 30}, Depth::Bits8, 6));
     std::fstream file(folder.file("a.png"), std::ios::in | std::ios::out | std::ios::binary);
     file.seekp(2000);
@@ -193,7 +193,7 @@ TEST(Png, ADamagedByteIsNoticed) {
 }
 
 TEST(Png, OtherFilesAndFoldersAreRefused) {
-    TempFolder folder;
+    files::TempFolder folder;
     std::ofstream(folder.file("a.png")) << "not a picture at all, only a line of text";
     std::filesystem::create_directory(folder.file("b.png"));
     for (const char* name : {"a.png", "b.png", "none.png"}) {
@@ -203,14 +203,14 @@ TEST(Png, OtherFilesAndFoldersAreRefused) {
 }
 
 TEST(Png, KeepsThePixelAspect) {
-    TempFolder folder;
+    files::TempFolder folder;
     writeStill(folder.file("a.png"), noiseFrame({4, 4}, Depth::Bits8, 6),
                {.pixelAspect = {16, 11}});
     EXPECT_EQ(readStill(folder.file("a.png")).pixelAspect, (Rational{16, 11}));
 }
 
 TEST(Sequence, FramesAreTheFilesWithTheirNumbers) {
-    TempFolder folder;
+    files::TempFolder folder;
     const auto pattern = folder.file("s.%03d.png");
     const auto writer = openWriter(pattern, {.size = {5, 4}});
     for (int k = 7; k <= 9; ++k) {
@@ -233,7 +233,7 @@ TEST(Sequence, FramesAreTheFilesWithTheirNumbers) {
 }
 
 TEST(Sequence, AMissingOrAnotherSizeFrameIsNamed) {
-    TempFolder folder;
+    files::TempFolder folder;
     const auto writer = openWriter(folder.file("s.%d.png"), {.size = {5, 4}});
     writer->write(1, noiseFrame({5, 4}, Depth::Bits8, 1));
     writer->write(4, noiseFrame({4, 5}, Depth::Bits8, 1));
@@ -244,14 +244,14 @@ TEST(Sequence, AMissingOrAnotherSizeFrameIsNamed) {
 }
 
 TEST(Sequence, ASingleNameHoldsOneFrameOnly) {
-    TempFolder folder;
+    files::TempFolder folder;
     const auto writer = openWriter(folder.file("a.png"), {.size = {5, 4}});
     writer->write(3, noiseFrame({5, 4}, Depth::Bits8, 1));
     EXPECT_NE(complaintOf([&] { writer->write(4, noiseFrame({5, 4}, Depth::Bits8, 1)); }), "");
 }
 
 TEST(Depth, IsDeliveredAsAsked) {
-    TempFolder folder;
+    files::TempFolder folder;
     writeStill(folder.file("a.png"), noiseFrame({5, 4}, Depth::Bits8, 1));
     EXPECT_EQ(readOne(folder.file("a.png"), {.depth = Depth::S214}).depth(), Depth::S214);
     EXPECT_EQ(openReader(folder.file("a.png"), {.depth = Depth::S214})->info().depth, Depth::Bits8);

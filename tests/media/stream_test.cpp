@@ -6,8 +6,8 @@
 
 #include "media/streams/stream_reader.h"
 #include "media/streams/stream_writer.h"
-#include "tests/media/temp_folder.h"
 #include "tests/media/test_clips.h"
+#include "tests/support/temp_folder.h"
 
 namespace ruvex::media {
 namespace {
@@ -92,7 +92,7 @@ class Y4mKinds : public testing::TestWithParam<const char*> {};
 
 // The FFmpeg libraries' own reader of the same bytes is the yardstick.
 TEST_P(Y4mKinds, AStreamHasTheFramesOfTheFile) {
-    TempFolder folder;
+    files::TempFolder folder;
     for (const char* size : {"96x64", "33x17"}) {
         runFfmpeg(
             movingPicture(size, "25", 0.2) + " -strict -1 -f yuv4mpegpipe -pix_fmt " + GetParam(),
@@ -113,7 +113,7 @@ TEST_P(Y4mKinds, AStreamHasTheFramesOfTheFile) {
 
 /// What is written, as another program sees it, and nearly the same picture read again.
 TEST_P(Y4mKinds, AreWrittenAsTheyCame) {
-    TempFolder folder;
+    files::TempFolder folder;
     const std::string kind = GetParam();
     if (kind.starts_with("gray") || kind == "yuv411p") {
         GTEST_SKIP() << "has no colour differences like those that are written";
@@ -155,7 +155,7 @@ INSTANTIATE_TEST_SUITE_P(Formats, Y4mKinds,
 
 // White, black and alpha, with full range said and unsaid.
 TEST(Y4mStream, RangeAndSitingAreHeeded) {
-    TempFolder folder;
+    files::TempFolder folder;
     const auto pixel = [&](const std::string& tags, int luma) {
         const char y = static_cast<char>(luma);
         std::ofstream(folder.file("a.y4m"), std::ios::binary)
@@ -171,7 +171,7 @@ TEST(Y4mStream, RangeAndSitingAreHeeded) {
 
 // One red column among grey ones: its weight lies where the tag says.
 TEST(Y4mStream, SitingMovesTheColours) {
-    TempFolder folder;
+    files::TempFolder folder;
     const auto lean = [&](const std::string& kind) {
         std::string luma(16 * 16, '\x80');
         std::string blue(8 * 8, '\x80');
@@ -190,7 +190,7 @@ TEST(Y4mStream, SitingMovesTheColours) {
 }
 
 TEST(Y4mStream, DamageIsNamed) {
-    TempFolder folder;
+    files::TempFolder folder;
     const auto file = folder.file("a.y4m");
     const std::string header = "YUV4MPEG2 W2 H2 C444\n";
     const std::string frame = "FRAME\n" + std::string(12, 'x');
@@ -208,7 +208,7 @@ TEST(Y4mStream, DamageIsNamed) {
 
 // Of 8 bits, the chain could take them.
 TEST(Y4mStream, PicturesThatTheLibrariesDoNotHoldAreRefusedByName) {
-    TempFolder folder;
+    files::TempFolder folder;
     for (const char* kind : {"420", "444p16", "mono"}) {
         const std::string said = complaintOfText(
             folder.file("a.y4m"), std::string("YUV4MPEG2 W20000 H20000 C") + kind + "\nFRAME\n");
@@ -218,7 +218,7 @@ TEST(Y4mStream, PicturesThatTheLibrariesDoNotHoldAreRefusedByName) {
 }
 
 TEST(RawStream, FramesComeBackByteForByte) {
-    TempFolder folder;
+    files::TempFolder folder;
     for (const Depth depth : {Depth::Bits8, Depth::S214}) {
         const FileKind kind = depth == Depth::Bits8 ? FileKind::RawRgba8 : FileKind::RawS214;
         std::vector<Frame> frames;
@@ -236,7 +236,7 @@ TEST(RawStream, FramesComeBackByteForByte) {
 }
 
 TEST(RawStream, NeedsASizeAndWholeFrames) {
-    TempFolder folder;
+    files::TempFolder folder;
     std::ofstream(folder.file("a.raw")) << std::string(63, 'x');
     const auto open = [&](const ReadOptions& options) {
         return complaintOf([&] { streamOf(folder.file("a.raw"), options); });
@@ -275,7 +275,7 @@ TEST(StreamWriter, AReaderThatEndsEarlyIsAnError) {
 }
 
 TEST(StreamWriter, AFileGetsItsNameAtTheEnd) {
-    TempFolder folder;
+    files::TempFolder folder;
     {
         const auto writer = openWriter(folder.file("a.y4m"), {.size = {4, 4}});
         writer->write(0, noiseFrame({4, 4}, Depth::Bits8, 1));

@@ -5,8 +5,8 @@
 #include "media/frame_reader.h"
 #include "media/frame_writer.h"
 #include "media/pixels/sample_convert.h"
-#include "tests/media/temp_folder.h"
 #include "tests/media/test_clips.h"
+#include "tests/support/temp_folder.h"
 
 namespace ruvex::media {
 namespace {
@@ -40,7 +40,7 @@ std::vector<Frame> noiseClip(FrameSize size, Depth depth, int count) {
 class VideoRates : public testing::TestWithParam<const char*> {};
 
 TEST_P(VideoRates, CountRateAndSizeAreTheClips) {
-    TempFolder folder;
+    files::TempFolder folder;
     const Rational rate = *parsePositiveRational(GetParam());
     for (const char* name : {"a.mp4", "a.mkv", "a.avi", "a.mov"}) {
         runFfmpeg(movingPicture("96x64", GetParam(), 37 / rate.value() - 0.01) +
@@ -57,7 +57,7 @@ TEST_P(VideoRates, CountRateAndSizeAreTheClips) {
 }
 
 TEST_P(VideoRates, ARenderHasTheSameCountRateAndDuration) {
-    TempFolder folder;
+    files::TempFolder folder;
     const Rational rate = *parsePositiveRational(GetParam());
     const std::string entries = "stream=width,height,avg_frame_rate,r_frame_rate,nb_read_frames";
     runFfmpeg(movingPicture("96x64", GetParam(), 37 / rate.value() - 0.01) +
@@ -81,7 +81,7 @@ INSTANTIATE_TEST_SUITE_P(Rates, VideoRates,
 class VideoCodecs : public testing::TestWithParam<const char*> {};
 
 TEST_P(VideoCodecs, AFrameIsTheSameWhicheverWayItIsReached) {
-    TempFolder folder;
+    files::TempFolder folder;
     runFfmpeg(movingPicture("96x64", "25", 2) + " " + GetParam(), folder.file("a.mkv"));
     const auto frames = readAll(*openReader(folder.file("a.mkv")));
     ASSERT_EQ(frames.size(), 50u);
@@ -111,7 +111,7 @@ INSTANTIATE_TEST_SUITE_P(
 // A raw stream has no times at all, an old container only those of decoding, a broadcast stream no
 // table of its key frames.
 TEST(VideoReader, PoorContainersAreReadByNumberToo) {
-    TempFolder folder;
+    files::TempFolder folder;
     for (const char* name : {"a.h264", "a.avi", "a.ts", "a.m2v"}) {
         const std::string codec = std::string(name) == "a.m2v" ? "mpeg2video" : "libx264 -bf 2";
         runFfmpeg(movingPicture("96x64", "25", 2) + " -g 12 -c:v " + codec, folder.file(name));
@@ -128,7 +128,7 @@ TEST(VideoReader, PoorContainersAreReadByNumberToo) {
 }
 
 TEST(VideoReader, RecordingsThatBeginWithinAGroupStartAtTheFirstWholeFrame) {
-    TempFolder folder;
+    files::TempFolder folder;
     runFfmpeg(movingPicture("96x64", "25", 2) + " -g 12 -bf 2 -c:v mpeg2video -q:v 2",
               folder.file("a.ts"));
     std::ifstream whole(folder.file("a.ts"), std::ios::binary);
@@ -143,7 +143,7 @@ TEST(VideoReader, RecordingsThatBeginWithinAGroupStartAtTheFirstWholeFrame) {
 }
 
 TEST(VideoReader, ColoursFollowTagsOrElseTheHeight) {
-    TempFolder folder;
+    files::TempFolder folder;
     // Saturated red: luma differs by matrix, so a wrong matrix shows as a wrong red or green.
     const auto redOf = [&](const std::string& size, const std::string& matrix,
                            const std::string& tags) {
@@ -167,7 +167,7 @@ TEST(VideoReader, ColoursFollowTagsOrElseTheHeight) {
 }
 
 TEST(VideoReader, WhiteAndBlackAreExactInBothRanges) {
-    TempFolder folder;
+    files::TempFolder folder;
     for (const char* range : {"tv", "pc"}) {
         for (const char* format : {"yuv420p", "yuv422p", "yuv444p"}) {
             runFfmpeg(
@@ -186,7 +186,7 @@ TEST(VideoReader, WhiteAndBlackAreExactInBothRanges) {
 }
 
 TEST(VideoReader, OverEightBitsIsDeep) {
-    TempFolder folder;
+    files::TempFolder folder;
     runFfmpeg(movingPicture("96x64", "25", 0.2) + " -pix_fmt yuv420p10le -c:v ffv1",
               folder.file("a.mkv"));
     Frame frame;
@@ -198,7 +198,7 @@ TEST(VideoReader, OverEightBitsIsDeep) {
 }
 
 TEST(VideoReader, TheTopLineIsTheLastChainRow) {
-    TempFolder folder;
+    files::TempFolder folder;
     runFfmpeg(
         "-f lavfi -i color=red:size=64x32 -f lavfi -i color=blue:size=64x32 "
         "-filter_complex vstack -frames:v 3 -pix_fmt yuv420p -c:v libx264",
@@ -221,7 +221,7 @@ TEST(VideoReader, TheTopLineIsTheLastChainRow) {
 class VideoCutOff : public testing::TestWithParam<const char*> {};
 
 TEST_P(VideoCutOff, IsRefusedWithASentence) {
-    TempFolder folder;
+    files::TempFolder folder;
     const std::string name = GetParam();
     const auto file = folder.file(name.substr(name.rfind(' ') + 1));
     runFfmpeg(movingPicture("96x64", "25", 2) + " " + name.substr(0, name.rfind(' ')), file);
@@ -238,7 +238,7 @@ INSTANTIATE_TEST_SUITE_P(Containers, VideoCutOff,
                                          "-c:v mpeg4 a.avi"));
 
 TEST(VideoReader, OtherFilesAreRefused) {
-    TempFolder folder;
+    files::TempFolder folder;
     std::ofstream(folder.file("text.mp4")) << "no video here, only words and words and words";
     std::ofstream(folder.file("empty.mp4"));
     std::filesystem::create_directory(folder.file("folder.mp4"));
@@ -250,14 +250,14 @@ TEST(VideoReader, OtherFilesAreRefused) {
 }
 
 TEST(VideoReader, NamesWithColonsAndPercentSignsAreOnlyNames) {
-    TempFolder folder;
+    files::TempFolder folder;
     const auto file = folder.file("take: 100% http.mkv");
     writeAll(file, {.size = {8, 8}}, noiseClip({8, 8}, Depth::Bits8, 2));
     EXPECT_EQ(readAll(*openReader(file)).size(), 2u);
 }
 
 TEST(Ffv1, ComesBackExactlyWithAlpha) {
-    TempFolder folder;
+    files::TempFolder folder;
     for (const FrameSize size :
          {FrameSize{1, 1}, {2, 2}, {500, 1}, {1, 500}, {5, 3}, {63, 64}, {65, 67}, {129, 96}}) {
         for (const Depth depth : {Depth::Bits8, Depth::S214}) {
@@ -272,7 +272,7 @@ TEST(Ffv1, ComesBackExactlyWithAlpha) {
 }
 
 TEST(VideoReader, DeepColoursAndOvershootAreExact) {
-    TempFolder folder;
+    files::TempFolder folder;
     const auto pixel = [&](const std::string& yuv, const std::string& format,
                            const std::string& range = "tv") {
         runFfmpeg("-f lavfi -i nullsrc=size=64x64,format=" + format + ",geq=" + yuv +
@@ -298,7 +298,7 @@ TEST(VideoReader, DeepColoursAndOvershootAreExact) {
 }
 
 TEST(Ffv1, PremultipliedColoursAreDividedAndMultiplied) {
-    TempFolder folder;
+    files::TempFolder folder;
     Frame stored({1, 2}, Depth::S214);
     const std::int16_t colours[] = {4096, 2048, 0, 8192, 5, 6, 7, 0};
     std::copy(std::begin(colours), std::end(colours), stored.row16(0));
@@ -313,7 +313,7 @@ TEST(Ffv1, PremultipliedColoursAreDividedAndMultiplied) {
 }
 
 TEST(H264, GreysComeBackWithinAStep) {
-    TempFolder folder;
+    files::TempFolder folder;
     for (const Depth depth : {Depth::Bits8, Depth::S214}) {
         for (const int grey : {0, 1, 64, 128, 200, 254, 255}) {
             Frame frame({64, 64}, Depth::Bits8);
@@ -327,7 +327,7 @@ TEST(H264, GreysComeBackWithinAStep) {
 }
 
 TEST(H264, OddSizesKeepTheirSize) {
-    TempFolder folder;
+    files::TempFolder folder;
     for (const FrameSize size : {FrameSize{1, 1}, {33, 17}, {64, 33}}) {
         writeAll(folder.file("a.mp4"), {.size = size}, noiseClip(size, Depth::Bits8, 3));
         const auto reader = openReader(folder.file("a.mp4"));
@@ -337,7 +337,7 @@ TEST(H264, OddSizesKeepTheirSize) {
 }
 
 TEST(H264, LooksLikeItsFrames) {
-    TempFolder folder;
+    files::TempFolder folder;
     runFfmpeg(movingPicture("320x240", "25", 0.4) + " -c:v ffv1 -pix_fmt yuv420p",
               folder.file("a.mkv"));
     const auto reader = openReader(folder.file("a.mkv"), {.depth = Depth::S214});
@@ -355,7 +355,7 @@ TEST(H264, LooksLikeItsFrames) {
 }
 
 TEST(H264, IsTaggedWithWhatItWasMadeWith) {
-    TempFolder folder;
+    files::TempFolder folder;
     const std::string entries = "stream=pix_fmt,color_range,color_space,sample_aspect_ratio";
     const auto tags = [&](const WriteOptions& options) {
         writeAll(folder.file("a.mp4"), options, noiseClip(options.size, Depth::Bits8, 2));

@@ -7,10 +7,11 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "files/partial_file.h"
+#include "files/whole_file.h"
 #include "media/frame_writer.h"
-#include "media/partial_file.h"
-#include "tests/media/temp_folder.h"
 #include "tests/media/test_clips.h"
+#include "tests/support/temp_folder.h"
 
 namespace ruvex::media {
 namespace {
@@ -25,7 +26,7 @@ std::string contentOf(const std::filesystem::path& file) {
 class AbandonedWriter : public testing::TestWithParam<const char*> {};
 
 TEST_P(AbandonedWriter, LeavesNothing) {
-    TempFolder folder;
+    files::TempFolder folder;
     {
         const auto writer = openWriter(folder.file(GetParam()), {.size = {64, 64}});
         for (int k = 0; k < 5; ++k) {
@@ -37,7 +38,7 @@ TEST_P(AbandonedWriter, LeavesNothing) {
 }
 
 TEST_P(AbandonedWriter, LeavesAnOlderFileAsItWas) {
-    TempFolder folder;
+    files::TempFolder folder;
     std::ofstream(folder.file(GetParam())) << "older";
     openWriter(folder.file(GetParam()), {.size = {64, 64}})
         ->write(0, noiseFrame({64, 64}, Depth::Bits8, 1));
@@ -46,7 +47,7 @@ TEST_P(AbandonedWriter, LeavesAnOlderFileAsItWas) {
 }
 
 TEST_P(AbandonedWriter, FinishedItIsThereAlone) {
-    TempFolder folder;
+    files::TempFolder folder;
     std::ofstream(folder.file(GetParam())) << "older";
     const auto writer = openWriter(folder.file(GetParam()), {.size = {64, 64}});
     writer->write(0, noiseFrame({64, 64}, Depth::Bits8, 1));
@@ -58,7 +59,7 @@ TEST_P(AbandonedWriter, FinishedItIsThereAlone) {
 INSTANTIATE_TEST_SUITE_P(Videos, AbandonedWriter, testing::Values("a.mp4", "a.mov", "a.mkv"));
 
 TEST(FrameWriter, AnUnknownEndingListsTheKnownOnes) {
-    TempFolder folder;
+    files::TempFolder folder;
     for (const char* name : {"a.avi", "a.gif", "a", "a.png.gz"}) {
         const std::string said = complaintOf([&] {
             openWriter(folder.file(name), {.size = {4, 4}});
@@ -72,7 +73,7 @@ TEST(FrameWriter, AnUnknownEndingListsTheKnownOnes) {
 }
 
 TEST(FrameWriter, AMissingFolderIsNamed) {
-    TempFolder folder;
+    files::TempFolder folder;
     for (const char* name : {"none/a.mp4", "none/a.mkv"}) {
         const std::string said = complaintOf([&] {
             openWriter(folder.file(name), {.size = {4, 4}});
@@ -87,19 +88,19 @@ TEST(FrameWriter, AMissingFolderIsNamed) {
 }
 
 TEST(FrameWriter, DevicesAndFoldersAreNotReplaced) {
-    TempFolder folder;
+    files::TempFolder folder;
     std::filesystem::create_directory(folder.file("a.png"));
     const auto writer = openWriter(folder.file("a.png"), {.size = {4, 4}});
     EXPECT_NE(complaintOf([&] { writer->write(0, noiseFrame({4, 4}, Depth::Bits8, 1)); }), "");
     EXPECT_TRUE(std::filesystem::is_directory(folder.file("a.png")));
-    EXPECT_NE(complaintOf([] { PartialFile partial("/dev/null"); }), "");
+    EXPECT_NE(complaintOf([] { files::PartialFile partial("/dev/null"); }), "");
     EXPECT_TRUE(std::filesystem::is_character_file("/dev/null"));
 }
 
 TEST(WriteFailure, AFullDiskHasItsOwnWords) {
-    EXPECT_NE(writeFailure("a.mp4", ENOSPC).find("disk is full"), std::string::npos);
-    EXPECT_NE(writeFailure("a.mp4", EDQUOT).find("disk is full"), std::string::npos);
-    EXPECT_NE(writeFailure("a.mp4", EACCES).find("a.mp4"), std::string::npos);
+    EXPECT_NE(files::writeFailure("a.mp4", ENOSPC).find("disk is full"), std::string::npos);
+    EXPECT_NE(files::writeFailure("a.mp4", EDQUOT).find("disk is full"), std::string::npos);
+    EXPECT_NE(files::writeFailure("a.mp4", EACCES).find("a.mp4"), std::string::npos);
 }
 
 std::string writeMuch(const std::filesystem::path& file) {
@@ -128,7 +129,7 @@ class NoRoom : public testing::TestWithParam<const char*> {};
 
 // The bound on file size stands in for a full disk: both are a write that fails midway.
 TEST_P(NoRoom, AFailedWriteIsSaidAndNothingIsLeft) {
-    TempFolder folder;
+    files::TempFolder folder;
     const int result = inChild([&] {
         const rlimit bound{100000, 100000};
         signal(SIGXFSZ, SIG_IGN);
@@ -141,7 +142,7 @@ TEST_P(NoRoom, AFailedWriteIsSaidAndNothingIsLeft) {
 }
 
 TEST_P(NoRoom, AFullDiskIsSaidAndNothingIsLeft) {
-    TempFolder folder;
+    files::TempFolder folder;
     if (mount("tmpfs", folder.path().c_str(), "tmpfs", 0, "size=100k") != 0) {
         GTEST_SKIP() << "mounting a small disk takes root";
     }

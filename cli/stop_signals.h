@@ -1,0 +1,29 @@
+// Ctrl-C and its like as a request to stop.
+
+#pragma once
+
+#include <stop_token>
+#include <thread>
+
+namespace ruvex::cli {
+
+/// As long as this lives, SIGINT, SIGTERM and SIGHUP request a stop instead of ending the program;
+/// a signal that was ignored before stays ignored. A file that exceeds the limit on sizes makes a
+/// write fail instead of ending the program. One object at a time.
+class StopSignals {
+public:
+    StopSignals();
+    ~StopSignals();
+    StopSignals(const StopSignals&) = delete;
+    StopSignals& operator=(const StopSignals&) = delete;
+
+    std::stop_token token() const { return source_.get_token(); }
+
+private:
+    void watch(const std::stop_token& ended);
+
+    std::stop_source source_;
+    std::jthread watcher_;
+};
+
+}  // namespace ruvex::cli

@@ -1,0 +1,71 @@
+#include "cli/typed_job.h"
+
+#include <limits>
+
+#include "cli/job_words.h"
+#include "cli/media_options.h"
+#include "cli/option_text.h"
+#include "cli/parameter_choice.h"
+
+namespace ruvex::cli {
+namespace {
+
+/// The value of an option: what `parse(name, text)` reads; empty where the option was not given.
+template <class Parse>
+auto ifGiven(const char* name, const std::string& text, Parse parse) {
+    return text.empty() ? std::nullopt : std::optional(parse(std::string(name), text));
+}
+
+auto wholeFrom(int low, int high) {
+    return [=](const std::string& name, const std::string& text) {
+        return parseWhole(name, text, low, high);
+    };
+}
+
+void readInput(const RenderOptions& options, jobs::RenderJob& job) {
+    job.input = options.input;
+    job.inputFormat = ifGiven("--input-format", options.inputFormat, parseStreamFormat);
+    job.size = ifGiven("--size", options.size, parseSize);
+    job.rate = ifGiven("--rate", options.rate, parseFraction);
+    job.alpha = ifGiven("--alpha", options.alpha, parseAlpha);
+    job.fieldOrder = ifGiven("--field-order", options.fieldOrder, parseFieldOrder);
+}
+
+void readOutput(const RenderOptions& options, jobs::RenderJob& job) {
+    job.output = options.output;
+    job.outputFormat = ifGiven("--output-format", options.outputFormat, parseStreamFormat);
+    if (!options.codec.empty()) job.codec = options.codec;
+    job.quality = ifGiven("--quality", options.quality, wholeFrom(1, 100));
+    job.resume = options.resume;
+}
+
+void readPicture(const RenderOptions& options, jobs::RenderJob& job) {
+    constexpr int kMostWorkers = std::numeric_limits<int>::max();
+    job.frames = ifGiven("--frames", options.frames, parseFrames);
+    job.depth = ifGiven("--depth", options.depth, parseDepth);
+    job.workers = ifGiven("--workers", options.workers, wholeFrom(1, kMostWorkers));
+    job.projectSize = ifGiven("--project-size", options.projectSize, parseSize);
+    if (const auto aspect = ifGiven("--pixel-aspect", options.pixelAspect, parseFraction)) {
+        job.pixelAspect = aspect->value();
+    }
+    job.region = ifGiven("--region", options.region, parseRegion);
+    job.fields = options.fields;
+    job.mask = options.mask;
+    job.ends = ifGiven("--ends", options.ends, parseEnds).value_or(jobs::ClipEnds::Blank);
+    job.framesAtOnce =
+        ifGiven("--jobs", options.jobs, wholeFrom(1, jobs::kMostFramesAtOnce)).value_or(1);
+}
+
+}  // namespace
+
+jobs::RenderJob typedJob(const RenderOptions& options, std::vector<std::string>& warnings) {
+    jobs::RenderJob job;
+    readInput(options, job);
+    readOutput(options, job);
+    readPicture(options, job);
+    job.parameters = looks::lastChanges(readParameters(options.parameters, warnings));
+    inOptionWords([&] { checkJob(job); });
+    return job;
+}
+
+}  // namespace ruvex::cli

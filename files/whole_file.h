@@ -1,0 +1,28 @@
+// Reading and writing files in one piece.
+
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace ruvex::files {
+
+/// The message for a failed write to `file`; `code` is an errno.
+std::string writeFailure(const std::filesystem::path& file, int code);
+
+/// Writes all of `bytes` to a file descriptor. Returns 0, or the errno of the failure.
+int writeAll(int descriptor, std::span<const std::byte> bytes);
+
+/// Writes a file that is either complete or not there. Throws FileError.
+void writeWhole(const std::filesystem::path& file, std::span<const std::byte> bytes);
+
+/// The contents of a file, or of a pipe up to its end. Throws FileError if it cannot be read or has
+/// more than `most` bytes; no more than those are read.
+std::vector<std::byte> readWhole(const std::filesystem::path& file,
+                                 std::size_t most = SIZE_MAX / 2);
+
+}  // namespace ruvex::files

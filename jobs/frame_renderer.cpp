@@ -1,0 +1,84 @@
+#include "jobs/frame_renderer.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "jobs/field_region.h"
+#include "jobs/mask.h"
+
+namespace ruvex::jobs {
+
+FrameRenderer::FrameRenderer(const RenderPlan& plan, std::shared_ptr<SharedClip> clip,
+                             std::stop_token stop)
+    : plan_(plan),
+      clip_(std::move(clip)),
+      input_(std::make_shared<ClipInput>(clip_, plan.project, plan.ends)),
+      renderer_(plan, input_, std::move(stop)) {
+    if (!plan.mask.empty()) readMasks();
+}
+
+void FrameRenderer::readMasks() {
+    const media::Frame picture = readMask(plan_.mask, plan_.size);
+    if (plan_.fields == media::FieldOrder::Progressive) {
+        mask_ = toMask(picture, plan_.project);
+        return;
+    }
+    for (const media::Field field : {media::Field::Top, media::Field::Bottom}) {
+        media::takeField(picture, field, fieldSource_);
+        fieldMasks_.at(media::fieldIndex(field)) = toMask(fieldSource_, plan_.project);
+    }
+}
+
+FrameRenderer::FrameRenderer(const FrameRenderer& other, std::shared_ptr<ClipInput> input)
+    : plan_(other.plan_),
+      clip_(other.clip_),
+      input_(std::move(input)),
+      renderer_(other.renderer_.clone(input_)),
+      mask_(other.mask_),
+      fieldMasks_(other.fieldMasks_) {}
+
+FrameRenderer FrameRenderer::clone() const {
+    return {*this, std::make_shared<ClipInput>(clip_, plan_.project, plan_.ends)};
+}
+
+bool FrameRenderer::render(std::int64_t number, const media::Frame& source, media::Frame& result) {
+    media::makeRoom(result, plan_.writing.size, plan_.depth);
+    if (!plan_.comparison) return renderEffect(number, source, result);
+    media::makeRoom(after_, plan_.size, plan_.depth);
+    if (!renderEffect(number, source, after_)) return false;
+    compareFrames(*plan_.comparison, source, after_, result);
+    return true;
+}
+
+bool FrameRenderer::renderEffect(std::int64_t number, const media::Frame& source,
+                                 media::Frame& result) {
+    const double time = runtime::frameTime(number, plan_.project.frameRate);
+    if (plan_.fields == media::FieldOrder::Progressive) {
+        return renderer_.render({number, time, source, mask_, plan_.region}, result);
+    }
+    constexpr double kHalfFrame = 0.5;
+    const double later = (static_cast<double>(number) + kHalfFrame) / plan_.project.frameRate;
+    return renderField(media::firstField(plan_.fields), time, number, source, result) &&
+           renderField(media::secondField(plan_.fields), later, number, source, result);
+}
+
+bool FrameRenderer::renderField(media::Field field, double time, std::int64_t number,
+                                const media::Frame& source, media::Frame& result) {
+    const media::FrameSize size{result.width(), media::fieldHeight(result.height(), field)};
+    media::makeRoom(fieldResult_, size, result.depth());
+    const auto region = fieldRegion(plan_.region, result.height(), field);
+    bool done = true;
+    if (region && region->height == 0) {
+        std::ranges::fill(fieldResult_.bytes(), std::byte{});
+    } else {
+        media::takeField(source, field, fieldSource_);
+        const ClipInput::Hold hold(*input_, number, source, field);
+        done = renderer_.render(
+            {number, time, fieldSource_, fieldMasks_.at(media::fieldIndex(field)), region},
+            fieldResult_);
+    }
+    media::putField(fieldResult_, field, result);
+    return done;
+}
+
+}  // namespace ruvex::jobs

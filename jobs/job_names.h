@@ -1,0 +1,48 @@
+// The words for the choices in a job, the same in job files and on the command line.
+
+#pragma once
+
+#include <optional>
+#include <span>
+#include <string_view>
+
+#include "jobs/clip_ends.h"
+#include "jobs/comparison.h"
+#include "media/clip_info.h"
+#include "media/file_kind.h"
+#include "media/pixels/alpha.h"
+
+namespace ruvex::jobs {
+
+template <class Choice>
+struct NamedChoice {
+    Choice value;
+    std::string_view name;
+};
+
+/// All choices of a kind, with their names. Choice is one of AlphaForm ("straight",
+/// "premultiplied"), FieldOrder ("top", "bottom", "none"), ClipEnds ("blank", "hold", "loop"),
+/// Comparison::Kind ("sideBySide", "split"), or FileKind, of which only the kinds that a stream may
+/// hold have names ("y4m", "rgba8", "s214").
+template <class Choice>
+std::span<const NamedChoice<Choice>> namedChoices();
+
+/// The choice with this name; empty if there is none.
+template <class Choice>
+std::optional<Choice> choiceNamed(std::string_view name) {
+    for (const auto& [value, known] : namedChoices<Choice>()) {
+        if (known == name) return value;
+    }
+    return std::nullopt;
+}
+
+/// The name of a choice; empty if it has none.
+template <class Choice>
+std::string_view nameOf(Choice choice) {
+    for (const auto& [value, known] : namedChoices<Choice>()) {
+        if (value == choice) return known;
+    }
+    return {};
+}
+
+}  // namespace ruvex::jobs

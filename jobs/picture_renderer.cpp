@@ -1,0 +1,84 @@
+#include "jobs/picture_renderer.h"
+
+#include <cstring>
+#include <utility>
+
+#include "looks/ruvex_control.h"
+#include "looks/session_look.h"
+#include "runtime/error.h"
+#include "runtime/images.h"
+
+namespace ruvex::jobs {
+namespace {
+
+runtime::EffectSession openSession(const RenderPlan& plan, const std::shared_ptr<ClipInput>& input,
+                                   const std::stop_token& stop) {
+    return runtime::EffectSession(
+        {.module = runtime::Module::loadDefault(),
+         .project = plan.project,
+         .provider = input,
+         .interruption = [stop] { return stop.stop_requested(); },
+         .family = plan.mask.empty() ? runtime::kEffectFamily : runtime::kPaintFamily});
+}
+
+void setWorkers(runtime::EffectSession& session, const RenderPlan& plan) {
+    if (!plan.workers) return;
+    if (looks::ruvexControl(session).setWorkerCount(*plan.workers) != 0) {
+        throw JobError(
+            JobField::Workers,
+            "the effect does not take " + std::to_string(*plan.workers) + " workers. Use fewer.");
+    }
+}
+
+}  // namespace
+
+PictureRenderer::PictureRenderer(const RenderPlan& plan, std::shared_ptr<ClipInput> input,
+                                 std::stop_token stop)
+    : project_(plan.project),
+      input_(std::move(input)),
+      stop_(std::move(stop)),
+      session_(openSession(plan, input_, stop_)) {
+    setWorkers(session_, plan);
+    looks::applyChanges(session_, plan.parameters);
+}
+
+PictureRenderer::PictureRenderer(runtime::Project project, std::shared_ptr<ClipInput> input,
+                                 std::stop_token stop, runtime::EffectSession session)
+    : project_(project),
+      input_(std::move(input)),
+      stop_(std::move(stop)),
+      session_(std::move(session)) {}
+
+PictureRenderer PictureRenderer::clone(std::shared_ptr<ClipInput> input) const {
+    return {project_, input, stop_, session_.clone(input)};
+}
+
+bool PictureRenderer::render(const PictureTask& task, media::Frame& result) {
+    if (stop_.stop_requested()) return false;
+    const auto output = runtime::makeProjectImage(project_, result.width(), result.height(),
+                                                  formatOf(result.depth()));
+    runtime::RenderRequest request = requestFor(task);
+    request.output = output;
+    try {
+        session_.render(request);
+    } catch (const runtime::Error& error) {
+        throw runtime::Error("frame " + std::to_string(task.frame) + ": " + error.what());
+    }
+    input_->rethrowFailure();
+    std::memcpy(result.bytes().data(), output->bytes(), result.bytes().size());
+    return !session_.interrupted();
+}
+
+runtime::RenderRequest PictureRenderer::requestFor(const PictureTask& task) const {
+    runtime::RenderRequest request;
+    request.seconds = task.seconds;
+    request.input = toImage(project_, task.source);
+    request.pixelMask = task.mask;
+    if (task.region) {
+        request.region =
+            DSRECT{task.region->x, task.region->y, task.region->width, task.region->height};
+    }
+    return request;
+}
+
+}  // namespace ruvex::jobs

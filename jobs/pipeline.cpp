@@ -1,0 +1,117 @@
+#include "jobs/pipeline.h"
+
+#include <thread>
+#include <utility>
+#include <vector>
+
+#include "media/media_error.h"
+#include "runtime/error.h"
+
+namespace ruvex::jobs {
+namespace {
+
+/// Slots beside the frames that are rendered: one that is read, one that is written, and one that
+/// waits on each side, so that none of the three threads waits for a frame that takes longer.
+constexpr int kSlotsBesideRendering = 4;
+
+/// Closes the ring when the caller leaves, by an exception too, so that the threads end.
+class Closing {
+public:
+    explicit Closing(FrameRing& ring) : ring_(ring) {}
+    ~Closing() { ring_.close(); }
+    Closing(const Closing&) = delete;
+    Closing& operator=(const Closing&) = delete;
+
+private:
+    FrameRing& ring_;
+};
+
+[[noreturn]] void rethrow(const FrameSlot& slot) {
+    try {
+        std::rethrow_exception(slot.failure);
+    } catch (const runtime::Error& error) {
+        throw FrameFailure(slot.number, std::string(error.what()) + ".");
+    } catch (const media::MediaError& error) {
+        throw FrameFailure(slot.number, error.what());
+    }
+}
+
+}  // namespace
+
+Pipeline::Pipeline(const RenderPlan& plan, std::shared_ptr<SharedClip> clip, std::stop_token stop)
+    : clip_(std::move(clip)), stop_(std::move(stop)) {
+    renderers_.emplace_back(plan, clip_, stop_);
+    while (renderers_.size() < static_cast<std::size_t>(plan.framesAtOnce)) {
+        renderers_.push_back(renderers_.front().clone());
+    }
+}
+
+bool Pipeline::run(const FramesToMake& frames, const Write& write) {
+    FrameRing ring(static_cast<int>(renderers_.size()) + kSlotsBesideRendering);
+    std::vector<std::jthread> threads;
+    const Closing closing(ring);
+    threads.emplace_back([&] { read(frames, ring); });
+    for (FrameRenderer& renderer : renderers_) {
+        threads.emplace_back([&] { render(renderer, ring); });
+    }
+    while (FrameSlot* slot = ring.take(Step::Write)) {
+        if (slot->failure) {
+            rethrow(*slot);
+        }
+        write(slot->number, slot->result);
+        ring.pass(*slot);
+    }
+    return !stop_.stop_requested();
+}
+
+void Pipeline::read(const FramesToMake& frames, FrameRing& ring) {
+    media::Frame frame;
+    for (std::int64_t k = frames.range.first; k <= frames.range.last; ++k) {
+        if (frames.made.contains(k)) {
+            continue;
+        }
+        std::exception_ptr failure;
+        try {
+            if (!readNext(frames, k, frame)) {
+                break;
+            }
+        } catch (...) {
+            failure = std::current_exception();
+        }
+        FrameSlot* slot = ring.take(Step::Read);
+        if (!slot) {
+            return;
+        }
+        slot->number = k;
+        slot->failure = failure;
+        std::swap(slot->source, frame);
+        ring.pass(*slot);
+        if (failure) {
+            break;
+        }
+    }
+    ring.end();
+}
+
+bool Pipeline::readNext(const FramesToMake& frames, std::int64_t number, media::Frame& frame) {
+    const bool there = clip_->read(number, frame);
+    if (!there && !frames.endless) {
+        throw media::MediaError("The input has ended before frame " + std::to_string(number) + ".");
+    }
+    return there;
+}
+
+void Pipeline::render(FrameRenderer& renderer, FrameRing& ring) {
+    while (FrameSlot* slot = ring.take(Step::Render)) {
+        try {
+            if (!slot->failure && !renderer.render(slot->number, slot->source, slot->result)) {
+                return ring.close();
+            }
+        } catch (...) {
+            slot->failure = std::current_exception();
+        }
+        ring.pass(*slot);
+    }
+}
+
+}  // namespace ruvex::jobs

@@ -1,0 +1,69 @@
+// A clip's frames through the effect: reading, rendering and writing at the same time.
+
+#pragma once
+
+#include <functional>
+#include <list>
+#include <memory>
+#include <optional>
+#include <set>
+#include <stdexcept>
+#include <stop_token>
+#include <string>
+
+#include "jobs/frame_renderer.h"
+#include "jobs/frame_ring.h"
+
+namespace ruvex::jobs {
+
+/// The frames to render: a range without those whose results exist already.
+struct FramesToMake {
+    FrameRange range;
+    std::set<std::int64_t> made{};
+    bool endless = false;  ///< The input may end before the range does, and the render with it.
+
+    /// How many; empty if that is not known beforehand.
+    std::optional<std::int64_t> count() const {
+        if (endless) return std::nullopt;
+        return range.count() - static_cast<std::int64_t>(made.size());
+    }
+};
+
+/// A frame that could not be read or rendered. The sentence says why.
+class FrameFailure : public std::runtime_error {
+public:
+    FrameFailure(std::int64_t frame, const std::string& sentence)
+        : std::runtime_error(sentence), frame_(frame) {}
+
+    std::int64_t frame() const { return frame_; }
+
+private:
+    std::int64_t frame_;
+};
+
+/// One thread reads, plan.framesAtOnce threads render, and the caller's thread writes. The results
+/// do not depend on the number of threads.
+class Pipeline {
+public:
+    /// Takes the result of frame `number`. An exception ends the render.
+    using Write = std::function<void(std::int64_t number, const media::Frame& result)>;
+
+    /// `plan` has to outlive this. Throws as FrameRenderer's constructor does.
+    Pipeline(const RenderPlan& plan, std::shared_ptr<SharedClip> clip, std::stop_token stop);
+
+    /// Calls `write` for each frame in the order of their numbers, up to a frame that fails. False
+    /// if a stop was requested before the last. Throws FrameFailure, and whatever `write` throws.
+    bool run(const FramesToMake& frames, const Write& write);
+
+private:
+    void read(const FramesToMake& frames, FrameRing& ring);
+    /// False at the end of a stream.
+    bool readNext(const FramesToMake& frames, std::int64_t number, media::Frame& frame);
+    void render(FrameRenderer& renderer, FrameRing& ring);
+
+    std::shared_ptr<SharedClip> clip_;
+    std::stop_token stop_;
+    std::list<FrameRenderer> renderers_;  ///< One for each frame that is rendered at once.
+};
+
+}  // namespace ruvex::jobs

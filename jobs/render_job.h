@@ -1,0 +1,62 @@
+// A render as a value: what is to be done, before any file is looked at.
+
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "jobs/clip_ends.h"
+#include "jobs/comparison.h"
+#include "jobs/frame_range.h"
+#include "jobs/job_error.h"
+#include "looks/parameter_change.h"
+#include "media/frame_reader.h"
+
+namespace ruvex::jobs {
+
+/// More would only hold more frames in memory.
+inline constexpr int kMostFramesAtOnce = 256;
+
+/// Plain values. An optional without a value leaves the choice to the input or to the usual value
+/// of the result's kind.
+struct RenderJob {
+    std::filesystem::path input{};                  ///< "-" is standard input.
+    std::optional<media::FileKind> inputFormat{};   ///< Of standard input.
+    std::optional<media::FrameSize> size{};         ///< Of raw frames.
+    std::optional<media::Rational> rate{};          ///< Frames a second.
+    std::optional<media::AlphaForm> alpha{};        ///< Of input and output.
+    std::optional<media::FieldOrder> fieldOrder{};  ///< Of the input.
+    std::filesystem::path output{};                 ///< "-" is standard output.
+    std::optional<media::FileKind> outputFormat{};  ///< Of standard output.
+    std::optional<std::string> codec{};             ///< Of video: "ffv1".
+    std::optional<int> quality{};                   ///< Of lossy kinds: 1 to 100.
+    std::optional<FrameRange> frames{};             ///< All of the clip without it.
+    std::optional<media::Depth> depth{};            ///< Of the chain.
+    std::optional<int> workers{};                   ///< Shares of a picture's rows.
+    std::optional<media::FrameSize> projectSize{};  ///< The input's size without it.
+    double pixelAspect = 1.0;                       ///< Width of a project pixel over its height.
+    std::optional<Region> region{};                 ///< The whole picture without it.
+    bool fields = false;                            ///< Render each field by itself.
+    std::filesystem::path mask{};                   ///< Empty: no mask.
+    ClipEnds ends = ClipEnds::Blank;
+    std::optional<Comparison> comparison{};  ///< Without it the result is the render alone.
+    int framesAtOnce = 1;                    ///< 1 to kMostFramesAtOnce; no picture depends on it.
+    bool resume = false;                     ///< Keep the files of a sequence that are complete.
+    std::vector<looks::ParameterChange> parameters{};
+
+    friend bool operator==(const RenderJob&, const RenderJob&) = default;
+};
+
+/// How the job's input is to be read.
+media::ReadOptions readingOf(const RenderJob& job);
+
+/// Throws JobError unless the job gives a size exactly where its input holds raw frames, and one
+/// that a frame can have.
+void checkRawSize(const RenderJob& job);
+
+/// Throws JobError for the first thing that is wrong whatever the input holds.
+void checkJob(const RenderJob& job);
+
+}  // namespace ruvex::jobs

@@ -1,0 +1,154 @@
+#include "jobs/render_plan.h"
+
+#include <cmath>
+
+#include "files/numbered_path.h"
+#include "jobs/clip_choice.h"
+#include "media/file_kind.h"
+#include "media/pixels/fields.h"
+
+namespace ruvex::jobs {
+namespace {
+
+void checkRegionInside(const RenderJob& job, media::FrameSize size) {
+    if (job.region && (std::int64_t{job.region->x} + job.region->width > size.width ||
+                       std::int64_t{job.region->y} + job.region->height > size.height)) {
+        throw JobError(JobField::Region,
+                       "it reaches beyond the picture, which is " + toText(size) + ".");
+    }
+}
+
+void checkRoomForFrames(const RenderPlan& plan) {
+    const bool one = media::isStill(media::fileKind(plan.output)) &&
+                     !files::NumberedPath(plan.output).isPattern();
+    if (one && plan.frames.count() > 1) {
+        const std::string count = plan.endless ? "more" : std::to_string(plan.frames.count());
+        throw JobError(JobField::Output,
+                       plan.output.string() + " holds one frame, but " + count +
+                           " are to be rendered. Put a number into its name, as in out.%05d.png, "
+                           "or choose one frame.",
+                       JobField::Frames);
+    }
+}
+
+/// Microseconds that a number of frames takes.
+std::int64_t duration(std::int64_t frames, const media::Rational& rate) {
+    constexpr double kMicrosecondsPerSecond = 1e6;
+    return std::llround(static_cast<double>(frames) * kMicrosecondsPerSecond / rate.value());
+}
+
+/// The sound that belongs to the frames; all of it where all frames are rendered, since it may be
+/// longer than they are.
+media::AudioSource soundOf(const media::ClipInfo& clip, const RenderPlan& plan) {
+    if (media::fileKind(plan.input) != media::FileKind::Video) return {};
+    media::AudioSource sound{plan.input};
+    sound.zero = clip.start + duration(plan.frames.first, plan.rate);
+    if (plan.frames.first > clip.first) sound.from = sound.zero;
+    if (plan.frames.last < clip.last) {
+        sound.to = clip.start + duration(plan.frames.last + 1, plan.rate);
+    }
+    return sound;
+}
+
+/// The order in which fields are rendered; Progressive for whole frames.
+media::FieldOrder fieldsToRender(const RenderJob& job, const media::ClipInfo& clip,
+                                 media::FieldOrder order) {
+    if (!job.fields) return media::FieldOrder::Progressive;
+    if (order == media::FieldOrder::Progressive) {
+        throw JobError(JobField::Fields,
+                       job.input.string() +
+                           (job.fieldOrder ? " is said to have no fields."
+                                           : " does not say that it is interlaced. If it is, say "
+                                             "which field comes first."),
+                       JobField::FieldOrder);
+    }
+    if (clip.size.height < 2) {
+        throw JobError(JobField::Fields,
+                       job.input.string() + " has one line, and so no two fields.");
+    }
+    return order;
+}
+
+/// The clip's tags, with the time code of the first frame that is rendered.
+media::ClipTags tagsOf(const media::ClipInfo& clip, const RenderPlan& plan) {
+    media::ClipTags tags = clip.tags;
+    tags.timecode = media::timecodeAfter(tags.timecode, plan.rate, plan.frames.first - clip.first);
+    return tags;
+}
+
+media::WriteOptions writingOf(const RenderJob& job, const media::ClipInfo& clip,
+                              const RenderPlan& plan) {
+    return {.size = job.comparison ? comparedSize(*job.comparison, plan.size) : plan.size,
+            .depth = plan.depth,
+            .rate = plan.rate,
+            .pixelAspect = clip.pixelAspect,
+            .colour = clip.colour,
+            .alpha = job.alpha,
+            .quality = job.quality,
+            .codec = job.codec,
+            .audio = soundOf(clip, plan),
+            .format = job.outputFormat,
+            .bits = clip.bits,
+            .chroma = clip.chroma,
+            .fields = job.fieldOrder.value_or(clip.fields),
+            .tags = tagsOf(clip, plan)};
+}
+
+void noteRemarks(const RenderJob& job, const media::ClipInfo& clip, const media::Rational& rate,
+                 std::vector<Note>& notes) {
+    const std::string name = job.input.string();
+    if (clip.uneven) {
+        notes.push_back({JobField::Input, "The frames of " + name +
+                                              " are of uneven length: they are rendered at a "
+                                              "constant " +
+                                              toText(rate) + " frames a second."});
+    }
+    if (clip.fields != media::FieldOrder::Progressive && !job.fields && !job.fieldOrder) {
+        notes.push_back({JobField::Input,
+                         name + " is interlaced, " + toText(clip.fields) +
+                             ". Its frames are rendered whole, not each field by itself.",
+                         JobField::Fields});
+    }
+}
+
+/// The fields of the plan that the job alone decides.
+RenderPlan planFromJob(const RenderJob& job) {
+    RenderPlan plan;
+    plan.input = job.input;
+    plan.reading = readingOf(job);
+    plan.parameters = looks::lastChanges(job.parameters);
+    plan.workers = job.workers;
+    plan.region = job.region;
+    plan.mask = job.mask;
+    plan.ends = job.ends;
+    plan.comparison = job.comparison;
+    plan.framesAtOnce = job.framesAtOnce;
+    plan.resume = job.resume;
+    plan.output = job.output;
+    return plan;
+}
+
+}  // namespace
+
+RenderPlan planRender(const RenderJob& job, const media::ClipInfo& clip, std::vector<Note>& notes) {
+    checkJob(job);
+    RenderPlan plan = planFromJob(job);
+    plan.size = clip.size;
+    plan.depth = job.depth.value_or(clip.depth);
+    plan.rate = chooseRate(job.input, clip, job.rate, notes);
+    noteRemarks(job, clip, plan.rate, notes);
+    plan.clip = {clip.first, clip.last};
+    plan.frames = chooseFrames(job.input, clip, job.frames);
+    plan.endless = !clip.lastKnown && !job.frames;
+    media::checkFrameSize(plan.size, plan.depth, job.input.string());
+    checkRegionInside(job, plan.size);
+    checkRoomForFrames(plan);
+    const media::FrameSize project = job.projectSize.value_or(plan.size);
+    plan.project = {project.width, project.height, job.pixelAspect, plan.rate.value()};
+    plan.writing = writingOf(job, clip, plan);
+    plan.fields = fieldsToRender(job, clip, plan.writing.fields);
+    media::checkFrameSize(plan.writing.size, plan.depth, job.output.string());
+    return plan;
+}
+
+}  // namespace ruvex::jobs

@@ -1,0 +1,47 @@
+// A render after a look at its input: nothing is left to choose.
+
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <vector>
+
+#include "jobs/render_job.h"
+#include "media/clip_info.h"
+#include "media/frame_writer.h"
+#include "runtime/project.h"
+
+namespace ruvex::jobs {
+
+/// All that a render needs; the job that it was made from does not have to be kept.
+struct RenderPlan {
+    std::filesystem::path input;
+    media::ReadOptions reading;
+    media::FrameSize size;  ///< Of the input's frames.
+    media::Depth depth = media::Depth::Bits8;
+    media::Rational rate{25, 1};
+    FrameRange clip;    ///< The frames of the input.
+    FrameRange frames;  ///< The frames to render.
+    /// Render to the end of a stream, which is not known beforehand; `frames` then ends beyond it.
+    bool endless = false;
+    runtime::Project project;
+    /// Not Progressive where each field is rendered by itself: which of them comes first.
+    media::FieldOrder fields = media::FieldOrder::Progressive;
+    std::vector<looks::ParameterChange> parameters;
+    std::optional<int> workers;  ///< Shares of a picture's rows; without it the machine's number.
+    std::optional<Region> region;
+    std::filesystem::path mask;  ///< Empty: no mask.
+    ClipEnds ends = ClipEnds::Blank;
+    std::optional<Comparison> comparison;
+    int framesAtOnce = 1;
+    bool resume = false;
+    std::filesystem::path output;
+    media::WriteOptions writing;
+};
+
+/// Checks the job and completes it from what is known of its input. Throws JobError for what the
+/// job asks of this clip in vain, such as frames or a region outside it, or several frames in one
+/// still. Adds what the user should know to `notes`.
+RenderPlan planRender(const RenderJob& job, const media::ClipInfo& clip, std::vector<Note>& notes);
+
+}  // namespace ruvex::jobs

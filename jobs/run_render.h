@@ -1,0 +1,43 @@
+// A planned render, from the first frame of its input to the complete result.
+
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <stop_token>
+#include <string>
+
+#include "jobs/pipeline.h"
+
+namespace ruvex::jobs {
+
+/// How a front end follows a render. Called on the thread of runRender.
+class RenderEvents {
+public:
+    virtual ~RenderEvents() = default;
+
+    /// The frames that are going to be rendered, before the first of them.
+    virtual void begun(const FramesToMake& frames) { static_cast<void>(frames); }
+    /// A sentence about the result that the user should know.
+    virtual void remark(const std::string& sentence) { static_cast<void>(sentence); }
+    /// A frame was handed to the writer.
+    virtual void frameWritten(std::int64_t number) { static_cast<void>(number); }
+    /// The result is complete.
+    virtual void finished() {}
+};
+
+enum class RenderEnd {
+    Finished,
+    Stopped,  ///< On request: there is no result, or of a sequence the files written so far.
+};
+
+/// Reads, renders and writes. Throws JobError, media::MediaError, runtime::Error and FrameFailure;
+/// nothing incomplete is left under a final name.
+RenderEnd runRender(const RenderPlan& plan, RenderEvents& events, std::stop_token stop = {});
+
+/// The same with a reader of the plan's input that is open already, which standard input needs:
+/// it cannot be opened twice.
+RenderEnd runRender(const RenderPlan& plan, std::unique_ptr<media::FrameReader> reader,
+                    RenderEvents& events, std::stop_token stop = {});
+
+}  // namespace ruvex::jobs

@@ -1,0 +1,46 @@
+// One clip that several threads read.
+
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <mutex>
+
+#include "media/frame_reader.h"
+
+namespace ruvex::jobs {
+
+/// A clip behind locks. Frames in order and frames out of order have a reader each, so that a
+/// request out of order does not cost the other its position in the file.
+class SharedClip {
+public:
+    using Open = std::function<std::unique_ptr<media::FrameReader>()>;
+
+    /// `openAgain` makes a second reader of the same clip, at the first request out of order. Empty
+    /// for a clip that can be opened only once.
+    SharedClip(std::unique_ptr<media::FrameReader> reader, Open openAgain)
+        : inOrder_{std::move(reader)}, openAgain_(std::move(openAgain)) {}
+
+    const media::ClipInfo& info() const { return inOrder_.reader->info(); }
+
+    /// Frame `number`; the next call should ask for the next. False outside the clip. Throws
+    /// MediaError. Any thread.
+    bool read(std::int64_t number, media::Frame& frame);
+
+    /// The same for a frame out of order.
+    bool readOther(std::int64_t number, media::Frame& frame);
+
+private:
+    struct Locked {
+        std::unique_ptr<media::FrameReader> reader;
+        std::mutex mutex{};
+    };
+    static bool readFrom(Locked& locked, std::int64_t number, media::Frame& frame);
+
+    Locked inOrder_;
+    Locked other_;
+    Open openAgain_;
+    std::once_flag opened_;
+};
+
+}  // namespace ruvex::jobs

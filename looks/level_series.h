@@ -1,0 +1,36 @@
+// The signal level over a range of frames, and the thresholds that it is compared with.
+
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <stop_token>
+#include <vector>
+
+#include "parameters/parameter_id.h"
+#include "parameters/ruvex_interface.h"
+#include "runtime/effect_session.h"
+
+namespace ruvex::looks {
+
+/// The values behind frames `first` to `last` (both inclusive) at a rate in frames per second.
+/// Empty if `stop` was requested before the last. Throws runtime::Error.
+std::optional<std::vector<FrameValues>> levelSeries(const runtime::EffectSession& session,
+                                                    std::int64_t first, std::int64_t last,
+                                                    double rate, std::stop_token stop = {});
+
+/// The threshold of one artefact at each frame of a series.
+struct ThresholdCurve {
+    ParameterId id;
+    std::vector<double> percent;  ///< 0 to 100, one value a frame
+
+    /// Whether all values are the same.
+    bool constant() const;
+};
+
+/// The thresholds of `ids` at the times of the series, clamped as the render clamps them.
+std::vector<ThresholdCurve> thresholdCurves(const runtime::EffectSession& session,
+                                            const std::vector<FrameValues>& series,
+                                            const std::vector<ParameterId>& ids);
+
+}  // namespace ruvex::looks

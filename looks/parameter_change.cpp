@@ -1,0 +1,49 @@
+#include "looks/parameter_change.h"
+
+#include <algorithm>
+#include <array>
+
+#include "files/words.h"
+#include "parameters/label_match.h"
+
+namespace ruvex::looks {
+
+std::vector<ParameterChange> lastChanges(std::span<const ParameterChange> changes) {
+    std::array<const ParameterChange*, kParameterCount> last{};
+    for (const ParameterChange& change : changes) {
+        last[static_cast<std::size_t>(rowOf(change).id)] = &change;
+    }
+    std::vector<ParameterChange> result;
+    for (const ParameterChange* change : last) {
+        if (change != nullptr) result.push_back(*change);
+    }
+    return result;
+}
+
+std::string noSuchParameter(std::string_view name) {
+    // Longer names are no typing errors, and finding the nearest label takes longer for them.
+    constexpr std::size_t kLongest = 100;
+    if (name.size() > kLongest) {
+        return "there is no parameter with a name as long as '" + std::string(name.substr(0, 20)) +
+               "...'. 'ruvex params' lists them all.";
+    }
+    // A name with more than every second letter wrong is a different word.
+    const std::string_view nearest = nearestParameter(name).label;
+    const bool likely = labelDistance(nearest, name) * 2 <= name.size();
+    return "there is no parameter " + files::inQuotes(name) + "." +
+           (likely ? " Did you mean " + files::inQuotes(nearest) + "?" : "") +
+           " 'ruvex params' lists them all.";
+}
+
+std::string doesNotRender(const ParameterRow& row) {
+    return files::inQuotes(row.label) + " does not change the picture.";
+}
+
+const Key* sortKeys(Animation& animation) {
+    auto& keys = animation.keys;
+    std::ranges::sort(keys, {}, &Key::seconds);
+    const auto found = std::ranges::adjacent_find(keys, {}, &Key::seconds);
+    return found == keys.end() ? nullptr : &*found;
+}
+
+}  // namespace ruvex::looks
