@@ -55,7 +55,7 @@ void blurOnce(Frames<P>& frames, float radius) {
 // The frame `Blur` reads is of pixel P. Its radius is the benchmark's argument.
 template <class Blur, class P>
 void blur(benchmark::State& state) {
-    setWorkerCount(1);
+    const WorkerCountScope one(1);
     cv::setNumThreads(0);
     const int radius = static_cast<int>(state.range(0));
     Frames<P> frames;
@@ -75,7 +75,7 @@ void blur(benchmark::State& state) {
 // Time by rows processed, with edges that make every row of the margin another one.
 template <class Blur, class P>
 void rows(benchmark::State& state) {
-    setWorkerCount(1);
+    const WorkerCountScope one(1);
     const int radius = static_cast<int>(state.range(0));
     Frames<P> frames;
     frames.source.setEdgeMethods(kEdgeWrap, kEdgeWrap);

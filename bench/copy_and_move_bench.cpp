@@ -7,6 +7,7 @@
 #include "bench/frames.h"
 #include "imaging/copy_samplers.h"
 #include "imaging/move_sampler.h"
+#include "imaging/threads.h"
 
 namespace ruvex::bench {
 namespace {
@@ -36,7 +37,7 @@ void compareWithMemcpy(benchmark::State& state, Frames<P>& frames, const auto& w
 
 template <class P>
 void copy(benchmark::State& state) {
-    setWorkerCount(static_cast<std::int32_t>(state.range(0)));
+    const WorkerCountScope workers(static_cast<std::int32_t>(state.range(0)));
     Frames<P> frames;
     SimpleCopySampler<P> sampler;
     compareWithMemcpy(state, frames, [&] { sampler.process(&frames.source, &frames.target); });
@@ -45,7 +46,7 @@ void copy(benchmark::State& state) {
 // Half the resolution up to the full one, or the full one turned a little.
 template <class P, MoveFilter Filter, bool Turned>
 void move(benchmark::State& state) {
-    setWorkerCount(static_cast<std::int32_t>(state.range(0)));
+    const WorkerCountScope workers(static_cast<std::int32_t>(state.range(0)));
     Frames<P> frames(Turned ? kWidth : kWidth / 2, Turned ? kHeight : kHeight / 2);
     VxMoveSampler<P> sampler;
     sampler.filter = Filter;

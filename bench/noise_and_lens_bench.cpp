@@ -70,7 +70,7 @@ void fractalNoiseInOneCall(benchmark::State& state) {
 }
 
 void channelNoise(benchmark::State& state) {
-    setWorkerCount(1);
+    const WorkerCountScope one(1);
     VxTexture<ChannelInt> picture;
     picture.allocateRegion(0, 0, kWidth - 1, kHeight - 1, Contents::Zero);
     InterruptionRecord record;
@@ -83,7 +83,7 @@ void channelNoise(benchmark::State& state) {
 }
 
 void colourNoise(benchmark::State& state) {
-    setWorkerCount(1);
+    const WorkerCountScope one(1);
     VxTexture<RgbaInt> picture;
     picture.allocateRegion(0, 0, kWidth - 1, kHeight - 1, Contents::Zero);
     InterruptionRecord record;
@@ -101,7 +101,7 @@ void colourNoise(benchmark::State& state) {
 // A fish eye as large as the picture is high.
 template <class P, WarpFilter Filter>
 void lens(benchmark::State& state) {
-    setWorkerCount(1);
+    const WorkerCountScope one(1);
     Frames<P> frames;
     VxLensWarper warper;
     warper.radiusX = warper.radiusY = 540.0f;

@@ -36,7 +36,8 @@ Ruvex::Ruvex() {
     link->setGeometry(geometry);
 }
 
-Ruvex::Ruvex(const Ruvex& source) : VxDsEffect(source), CDSImageMIEffect(source), IRuvexControl() {
+Ruvex::Ruvex(const Ruvex& source)
+    : VxDsEffect(source), CDSImageMIEffect(source), IRuvexControl(), workers_(source.workers_) {
     CopyAnimation(source);
 }
 
@@ -106,11 +107,7 @@ HRESULT Ruvex::Clone(const GUID& id, void** out) {
 
 std::int32_t Ruvex::setWorkerCount(std::int32_t count) {
     if (count < 0 || count > kMaxWorkers) return E_INVALIDARG;
-    if (count == 0) {
-        useAllProcessors();
-    } else {
-        ruvex::setWorkerCount(count);
-    }
+    workers_ = count;
     return S_OK;
 }
 
@@ -124,6 +121,7 @@ std::int32_t Ruvex::frameValues(double seconds, double framesPerSecond, FrameVal
 }
 
 std::int32_t Ruvex::workerCount() const {
+    const WorkerCountScope workers(workers_);
     return ruvex::workerCount();
 }
 

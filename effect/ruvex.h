@@ -57,6 +57,8 @@ private:
     ParameterReader reader() const { return {*this, parameters}; }
 
     ModuleUse use_;
+    /// As IRuvexControl::setWorkerCount was given it: 0 is the number of the machine's processors.
+    std::int32_t workers_ = 0;
 };
 
 }  // namespace ruvex

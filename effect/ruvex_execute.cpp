@@ -6,6 +6,7 @@
 #include "effect/frame_driver.h"
 #include "effect/ruvex.h"
 #include "imaging/maths/wrap.h"
+#include "imaging/threads.h"
 #include "sdk/com/guarded.h"
 
 namespace ruvex {
@@ -29,6 +30,7 @@ void shift(PixelRegion& region, const PictureGeometry& by) {
 }  // namespace
 
 HRESULT Ruvex::Execute(double seconds) {
+    const WorkerCountScope workers(workers_);
     if (const HRESULT status = PrepareData(); status != S_OK) return status;
     startFrame();
     if (!output) return E_POINTER;

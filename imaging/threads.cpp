@@ -6,22 +6,33 @@
 #include <new>
 #include <system_error>
 #include <thread>
+#include <utility>
 #include <vector>
 
 namespace ruvex {
 namespace {
 
-constexpr std::int32_t kNotAsked = -1;
+// Stands for the number of the machine's processors.
+constexpr std::int32_t kAllProcessors = 0;
 
-std::atomic<std::int32_t> processorCount{kNotAsked};
 std::atomic<bool> threadingEnabled{true};
 
 // Held for a whole fork, so that renders on different effect objects interleave pass by pass.
 std::mutex forkMutex;
 
+thread_local std::int32_t wantedCount = kAllProcessors;
 thread_local std::int32_t indexInFork = 0;
 
-void runAsWorker(std::int32_t index, void (*job)(void*), void* context) {
+// 1 where the system does not know.
+std::int32_t processorCount() {
+    static const std::int32_t count =
+        std::max(static_cast<std::int32_t>(std::thread::hardware_concurrency()), 1);
+    return count;
+}
+
+// `count` is the fork's: the worker's part of the rows depends on it.
+void runAsWorker(std::int32_t index, std::int32_t count, void (*job)(void*), void* context) {
+    const WorkerCountScope ofTheFork(count);
     indexInFork = index;
     job(context);
     indexInFork = 0;
@@ -34,7 +45,8 @@ std::int32_t startWorkers(std::vector<std::thread>& threads, std::int32_t count,
     std::int32_t index = 1;
     try {
         threads.reserve(static_cast<std::size_t>(count - 1));
-        for (; index < count; ++index) threads.emplace_back(runAsWorker, index, job, context);
+        for (; index < count; ++index)
+            threads.emplace_back(runAsWorker, index, count, job, context);
     } catch (const std::system_error&) {
     } catch (const std::bad_alloc&) {
     }
@@ -45,30 +57,18 @@ std::int32_t startWorkers(std::vector<std::thread>& threads, std::int32_t count,
 
 std::int32_t workerCount() {
     if (!threadingEnabled.load(std::memory_order_relaxed)) return 1;
-    std::int32_t count = processorCount.load(std::memory_order_relaxed);
-    if (count == kNotAsked) {
-        const auto asked = static_cast<std::int32_t>(std::thread::hardware_concurrency());
-        const std::int32_t known = std::max(asked, 1);
-        // Another thread may have answered first, or the host named a count: then that holds.
-        if (processorCount.compare_exchange_strong(count, known)) count = known;
-    }
-    return count;
+    return wantedCount == kAllProcessors ? processorCount() : wantedCount;
 }
 
 std::int32_t workerIndex() {
     return indexInFork;
 }
 
-bool setWorkerCount(std::int32_t count) {
-    if (count < 1) return false;
-    const std::lock_guard lock(forkMutex);
-    processorCount.store(count, std::memory_order_relaxed);
-    return true;
-}
+WorkerCountScope::WorkerCountScope(std::int32_t count)
+    : before_(std::exchange(wantedCount, std::max(count, kAllProcessors))) {}
 
-void useAllProcessors() {
-    const std::lock_guard lock(forkMutex);
-    processorCount.store(kNotAsked, std::memory_order_relaxed);
+WorkerCountScope::~WorkerCountScope() {
+    wantedCount = before_;
 }
 
 void setThreadingEnabled(bool enabled) {
@@ -87,7 +87,8 @@ void detail::fork(void (*job)(void* context), void* context) {
     const std::int32_t running = startWorkers(threads, count, job, context);
     job(context);
     // The shares of workers that could not be started are done here: the picture is the same.
-    for (std::int32_t index = running; index < count; ++index) runAsWorker(index, job, context);
+    for (std::int32_t index = running; index < count; ++index)
+        runAsWorker(index, count, job, context);
     for (std::thread& thread : threads) thread.join();
 }
 

@@ -1,4 +1,4 @@
-// The whole of the system's parallelism: one fork and join.
+// The whole of the system's parallelism: one fork-and-join operation.
 
 #pragma once
 
@@ -6,23 +6,31 @@
 
 namespace ruvex {
 
-/// How many workers a fork has, the caller included: the processors of the machine, asked for
-/// once, unless setWorkerCount came first. 1 while threading is disabled.
+/// How many workers a fork of the calling thread has, the caller included: the count of the
+/// innermost WorkerCountScope, or the number of the machine's processors, which is asked for once.
+/// Inside a fork, on each of its workers, the number of that fork's workers. 1 while threading is
+/// disabled.
 std::int32_t workerCount();
 
 /// The calling thread's index in the fork that started it; 0 on every other thread.
 std::int32_t workerIndex();
 
-/// Fixes the worker count, so that a job gives the same picture on every machine. `count` is at
-/// least 1 (false otherwise, and nothing changes). Waits for a running fork; call it before a
-/// frame and not during one, since the frame's passes would not agree on their shares.
-bool setWorkerCount(std::int32_t count);
+/// Sets the worker count of the calling thread's forks for as long as the object lives; then the
+/// count before holds again. Other threads keep theirs. Scopes of a thread end in reverse order.
+class WorkerCountScope {
+public:
+    /// `count` of 0 or below stands for the number of the machine's processors.
+    explicit WorkerCountScope(std::int32_t count);
+    ~WorkerCountScope();
+    WorkerCountScope(const WorkerCountScope&) = delete;
+    WorkerCountScope& operator=(const WorkerCountScope&) = delete;
 
-/// Undoes setWorkerCount: the count is that of the machine's processors again. Waits in the same
-/// way.
-void useAllProcessors();
+private:
+    std::int32_t before_;
+};
 
-/// With `enabled` false everything runs on the caller.
+/// With `enabled` false everything runs on the caller, on every thread of the process. Waits for a
+/// running fork.
 void setThreadingEnabled(bool enabled);
 
 namespace detail {

@@ -37,11 +37,12 @@ struct FrameValues {
 /// to the effect, which is released through one of the effect's own interfaces; the pointer is good
 /// as long as the effect lives.
 struct IRuvexControl {
-    /// How many shares the rows of a pass are cut into, in the whole module; 0 goes back to the
-    /// machine's number of processors. To be set between frames: the passes of one frame have to
-    /// agree. Returns 0, or 0x80070057, changing nothing, for a number that the module does not
-    /// allow.
+    /// Sets the number of workers, each of which renders one share of a pass's rows, for the frames
+    /// of this object; 0 stands for the machine's number of processors. A clone starts with the
+    /// count of its source; other objects keep theirs. Not while this object renders. Returns 0,
+    /// or 0x80070057, changing nothing, for a negative number and for one above 1024.
     virtual std::int32_t setWorkerCount(std::int32_t count) = 0;
+    /// The number of workers of this object's frames, at least 1.
     virtual std::int32_t workerCount() const = 0;
 
     /// The values behind the frame at `seconds`, at a rate in frames per second. 0, or 0x80004003

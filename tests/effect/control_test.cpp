@@ -15,7 +15,6 @@ using Id = ParameterId;
 class Control : public testing::Test {
 protected:
     Control() : renderer_({.width = 24, .height = 18}) {}
-    ~Control() override { control().setWorkerCount(0); }
 
     IRuvexControl& control() {
         return *static_cast<IRuvexControl*>(renderer_.session().ownInterface(kRuvexControlId));

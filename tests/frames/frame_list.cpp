@@ -88,12 +88,10 @@ Picture<P> renderChain(const ChainCase& look, int workers) {
     for (const Setting& setting : look.settings) renderer.set(setting.id, setting.value);
     auto* control = static_cast<IRuvexControl*>(renderer.session().ownInterface(kRuvexControlId));
     control->setWorkerCount(workers);
-    const auto picture =
-        renderer.render(testCard<P>(width, height), 0.0, {}, [&](runtime::RenderRequest& request) {
-            if (look.adjust) look.adjust(request, width, height);
-        });
-    control->setWorkerCount(0);
-    return picture;
+    return renderer.render(testCard<P>(width, height), 0.0, {},
+                           [&](runtime::RenderRequest& request) {
+                               if (look.adjust) look.adjust(request, width, height);
+                           });
 }
 
 template <class P>

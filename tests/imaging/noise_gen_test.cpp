@@ -65,8 +65,6 @@ void setUp(VxRGBANoiseGen& noise, InterruptionRecord& record) {
 
 class NoisePictures : public testing::Test {
 protected:
-    ~NoisePictures() override { setWorkerCount(2); }
-
     InterruptionRecord record;
 };
 
@@ -140,7 +138,7 @@ TEST_F(NoisePictures, AreTheSameForAnyNumberOfThreads) {
         Colour alone;
         Channel channelAlone;
         for (int workers = 1; workers <= 9; ++workers) {
-            setWorkerCount(workers);
+            const WorkerCountScope scope(workers);
             Colour colour;
             makeRegion(colour, 0, 0, 36, 22);
             VxRGBANoiseGen noise;

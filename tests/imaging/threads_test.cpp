@@ -1,6 +1,7 @@
 #include "imaging/threads.h"
 
 #include <atomic>
+#include <cstdint>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <mutex>
@@ -67,20 +68,64 @@ TEST(Threads, EveryCountGivesEachIndexOnce) {
     }
 }
 
-TEST(Threads, ACountBelowOneIsRefused) {
-    const Workers workers(3);
-    EXPECT_FALSE(setWorkerCount(0));
-    EXPECT_FALSE(setWorkerCount(-1));
-    EXPECT_EQ(workerCount(), 3);
-}
-
-TEST(Threads, ACountCanBeGivenBackToTheMachine) {
-    useAllProcessors();
+TEST(Threads, ACountBelowOneIsTheMachinesProcessors) {
     const std::int32_t processors = workerCount();
+    EXPECT_GE(processors, 1);
     const Workers workers(processors + 3);
     EXPECT_EQ(workerCount(), processors + 3);
-    useAllProcessors();
-    EXPECT_EQ(workerCount(), processors);
+    for (const std::int32_t count : {0, -1, INT32_MIN}) {
+        const Workers all(count);
+        EXPECT_EQ(workerCount(), processors) << count;
+    }
+}
+
+TEST(Threads, TheCountBeforeAScopeHoldsAgainAfterIt) {
+    const std::int32_t before = workerCount();
+    {
+        const Workers outer(3);
+        {
+            const Workers inner(5);
+            EXPECT_EQ(workerCount(), 5);
+        }
+        EXPECT_EQ(workerCount(), 3);
+    }
+    EXPECT_EQ(workerCount(), before);
+}
+
+TEST(Threads, OtherThreadsKeepTheirCount) {
+    const std::int32_t processors = workerCount();
+    const Workers workers(processors + 3);
+    std::int32_t seen = 0;
+    std::thread([&seen] { seen = workerCount(); }).join();
+    EXPECT_EQ(seen, processors);
+}
+
+TEST(Threads, EveryWorkerKnowsTheCountOfItsFork) {
+    const Workers workers(6);
+    std::atomic<int> agreeing{0};
+    runOnAllThreads([](std::atomic<int>* count) { *count += workerCount() == 6; }, &agreeing);
+    EXPECT_EQ(agreeing, 6);
+}
+
+// Two renders with counts of their own, pass by pass in turn.
+TEST(Threads, ForksOfDifferentCountsDoNotMix) {
+    const auto render = [](std::int32_t count) {
+        const Workers workers(count);
+        for (int pass = 0; pass < 100; ++pass) {
+            Log log;
+            noteOnAllThreads(log);
+            std::atomic<int> agreeing{0};
+            runOnAllThreads([](std::atomic<int>* sum,
+                               std::int32_t* wanted) { *sum += workerCount() == *wanted; },
+                            &agreeing, &count);
+            ASSERT_EQ(agreeing, count);
+            ASSERT_EQ(log.indices.size(), static_cast<std::size_t>(count));
+            ASSERT_EQ(*log.indices.rbegin(), count - 1);
+        }
+    };
+    std::thread other(render, 5);
+    render(3);
+    other.join();
 }
 
 TEST(Threads, DisabledThreadingRunsOnTheCallerAlone) {
@@ -145,9 +190,9 @@ void meet(Meeting* everyone, std::atomic<int>* ownFork) {
 }
 
 TEST(Threads, ForksOfDifferentCallersTakeTurns) {
-    const Workers workers(3);
     Meeting meeting;
     const auto render = [&meeting] {
+        const Workers workers(3);
         for (int i = 0; i < 50; ++i) {
             std::atomic<int> ownFork{0};
             runOnAllThreads(meet, &meeting, &ownFork);

@@ -30,6 +30,28 @@ TEST(CloneOfAnEffect, TakesOverParametersAndKeys) {
     EXPECT_EQ(clone.value(row(ParameterId::MasterBreakup).identifier, 0.5), 15.0);
 }
 
+IRuvexControl& controlOf(const ComPtr<IDSImageEffect>& effect) {
+    void* control = nullptr;
+    EXPECT_EQ(effect->QueryInterface(kRuvexControlId, &control), S_OK);
+    effect->Release();
+    return *static_cast<IRuvexControl*>(control);
+}
+
+TEST(CloneOfAnEffect, StartsWithTheWorkersOfItsSourceAndKeepsItsOwn) {
+    const auto source = makeEffect();
+    const auto stranger = makeEffect();
+    const std::int32_t processors = controlOf(stranger).workerCount();
+    controlOf(source).setWorkerCount(processors + 7);
+    const auto clone = cloneOf(source);
+    EXPECT_EQ(controlOf(clone).workerCount(), processors + 7);
+    controlOf(clone).setWorkerCount(processors + 3);
+    EXPECT_EQ(controlOf(clone).workerCount(), processors + 3);
+    EXPECT_EQ(controlOf(source).workerCount(), processors + 7);
+    EXPECT_EQ(controlOf(stranger).workerCount(), processors)
+        << "each object has a count of its own";
+    EXPECT_EQ(controlOf(makeEffect()).workerCount(), processors);
+}
+
 TEST(CloneOfAnEffect, TakesOverTheRenderState) {
     const auto effect = makeEffect();
     VxDsEffect& source = stateOf(effect);

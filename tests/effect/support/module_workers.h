@@ -1,4 +1,4 @@
-// Fixing the number of workers of the module under test.
+// A number of workers for the frames of one renderer.
 
 #pragma once
 
@@ -7,7 +7,7 @@
 
 namespace ruvex::test {
 
-/// For as long as it lives; then the number is the machine's again.
+/// Sets it for as long as the object lives; then the number is the machine's again.
 class ModuleWorkers {
 public:
     ModuleWorkers(Renderer& renderer, int count)

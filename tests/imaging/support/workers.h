@@ -1,4 +1,4 @@
-// Fixing the number of workers for the length of a test.
+// A number of workers for the length of a test.
 
 #pragma once
 
@@ -6,15 +6,6 @@
 
 namespace ruvex::test {
 
-class Workers {
-public:
-    explicit Workers(std::int32_t count) : before_(workerCount()) { setWorkerCount(count); }
-    ~Workers() { setWorkerCount(before_); }
-    Workers(const Workers&) = delete;
-    Workers& operator=(const Workers&) = delete;
-
-private:
-    std::int32_t before_;
-};
+using Workers = WorkerCountScope;
 
 }  // namespace ruvex::test
