@@ -22,11 +22,9 @@ struct HeldFrame : runtime::InputProvider {
 
 runtime::EffectSession openSession(const runtime::Project& project,
                                    const ComPtr<CDSMemoryImage>& held) {
-    runtime::openProject(project);
     return runtime::EffectSession({.module = runtime::Module::load(RUVEX_MODULE_FILE),
                                    .project = project,
-                                   .provider = std::make_shared<HeldFrame>(held),
-                                   .interruption = {}});
+                                   .provider = std::make_shared<HeldFrame>(held)});
 }
 
 }  // namespace
@@ -47,10 +45,6 @@ TelevisionFrame::TelevisionFrame(FrameSize size, const GUID& format, int workers
     for (std::size_t i = 0; i < master_->byteCount(); ++i) {
         bytes[i] = static_cast<std::byte>(i * 2654435761u >> 24 & 0x3F);
     }
-}
-
-TelevisionFrame::~TelevisionFrame() {
-    runtime::closeProject();
 }
 
 void TelevisionFrame::set(const Settings& settings) {

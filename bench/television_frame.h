@@ -25,7 +25,6 @@ using Settings = std::vector<std::pair<ParameterId, double>>;
 class TelevisionFrame {
 public:
     TelevisionFrame(FrameSize size, const GUID& format, int workers, int preset);
-    ~TelevisionFrame();
 
     void set(const Settings& settings);
 

@@ -8,7 +8,6 @@
 #include "cli/job_report.h"
 #include "cli/messages.h"
 #include "cli/stop_signals.h"
-#include "jobs/open_project.h"
 #include "jobs/resume.h"
 #include "jobs/run_render.h"
 #include "looks/session_look.h"
@@ -41,11 +40,8 @@ private:
 
 /// The parameters as the effect has them after the plan's changes.
 void saveParams(const jobs::RenderPlan& plan, const std::filesystem::path& file) {
-    const jobs::OpenProject project(plan.project);
-    runtime::EffectSession session({.module = runtime::Module::loadDefault(),
-                                    .project = plan.project,
-                                    .provider = {},
-                                    .interruption = {}});
+    runtime::EffectSession session(
+        {.module = runtime::Module::loadDefault(), .project = plan.project});
     looks::applyChanges(session, plan.parameters);
     looks::saveLook(session, file);
 }

@@ -12,7 +12,6 @@
 #include "cli/stop_signals.h"
 #include "cli/value_column.h"
 #include "files/whole_file.h"
-#include "jobs/open_project.h"
 #include "looks/level_series.h"
 #include "looks/session_look.h"
 
@@ -40,12 +39,8 @@ int runLevel(const LevelOptions& options) {
     const LevelJob job = makeLevelJob(options);
     printWarnings(job.warnings);
     const StopSignals signals;
-    const runtime::Project project = projectOf(job);
-    const jobs::OpenProject open(project);
-    runtime::EffectSession session({.module = runtime::Module::loadDefault(),
-                                    .project = project,
-                                    .provider = {},
-                                    .interruption = {}});
+    runtime::EffectSession session(
+        {.module = runtime::Module::loadDefault(), .project = projectOf(job)});
     looks::applyChanges(session, job.parameters);
     if (!job.saveParams.empty()) looks::saveLook(session, job.saveParams);
     const auto series = looks::levelSeries(session, job.frames.first, job.frames.last,

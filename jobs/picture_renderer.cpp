@@ -17,7 +17,7 @@ runtime::EffectSession openSession(const RenderPlan& plan, const std::shared_ptr
         {.module = runtime::Module::loadDefault(),
          .project = plan.project,
          .provider = input,
-         .interruption = [stop] { return stop.stop_requested(); },
+         .stop = stop,
          .family = plan.mask.empty() ? runtime::kEffectFamily : runtime::kPaintFamily});
 }
 

@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "jobs/frame_renderer.h"
-#include "jobs/open_project.h"
 #include "looks/presets.h"
 #include "media/pixels/sample_convert.h"
 #include "media/pixels/scale_frame.h"
@@ -29,7 +28,6 @@ media::Frame small(const media::Frame& frame) {
 std::optional<media::Frame> presetSheet(const RenderPlan& plan,
                                         std::unique_ptr<media::FrameReader> reader,
                                         const std::function<void()>& drawn, std::stop_token stop) {
-    const OpenProject project(plan.project);
     const auto clip = std::make_shared<SharedClip>(std::move(reader), SharedClip::Open());
     media::Frame source;
     clip->read(plan.frames.first, source);

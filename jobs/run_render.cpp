@@ -3,7 +3,6 @@
 #include <utility>
 
 #include "files/partial_file.h"
-#include "jobs/open_project.h"
 #include "jobs/resume.h"
 #include "media/file_kind.h"
 
@@ -31,7 +30,6 @@ RenderEnd runRender(const RenderPlan& plan, std::unique_ptr<media::FrameReader> 
                     RenderEvents& events, std::stop_token stop) {
     const FramesToMake frames = framesToMake(plan, stop);
     events.begun(frames);
-    const OpenProject project(plan.project);
     Pipeline pipeline(plan, clipOf(plan, std::move(reader)), stop);
     files::removeAbandoned(plan.output);
     const auto writer = media::openWriter(plan.output, plan.writing);

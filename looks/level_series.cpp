@@ -13,6 +13,7 @@ std::optional<std::vector<FrameValues>> levelSeries(const runtime::EffectSession
                                                     std::int64_t first, std::int64_t last,
                                                     double rate, std::stop_token stop) {
     const IRuvexControl& control = ruvexControl(session);
+    const auto scope = session.enter();
     std::vector<FrameValues> series;
     for (std::int64_t k = first; k <= last; ++k) {
         if (stop.stop_requested()) return std::nullopt;

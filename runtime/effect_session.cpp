@@ -1,6 +1,7 @@
 #include "runtime/effect_session.h"
 
 #include <cmath>
+#include <string>
 #include <utility>
 
 #include "runtime/coordinate_manager.h"
@@ -10,7 +11,7 @@ namespace ruvex::runtime {
 
 namespace {
 
-/// Throws for everything but 0: a positive status means that nothing was done.
+/// Throws for every status but 0: a positive one means that nothing was done.
 void requireDone(HRESULT status, const std::string& what) {
     if (status != S_OK) throw StatusError(what, status);
 }
@@ -70,16 +71,32 @@ ComPtr<IDSCoordMan> coordinateManagerFor(const Project& project, const RenderReq
 
 struct EffectSession::State {
     Setup setup;
+    DSContent content;
     ComPtr<FrameServer> server;
     ComPtr<IDSImageEffect> effect;
     ComPtr<IDSProperties> properties;
     DSIMAGEEFFECTINFO info;
 
-    State(Setup given, ComPtr<IDSImageEffect> made)
+    explicit State(Setup given)
         : setup(std::move(given)),
-          server(FrameServer::create(setup.provider, setup.interruption)),
-          effect(std::move(made)),
-          properties(queryOrThrow<IDSProperties>(*effect, IID_IDSProperties, "properties")) {}
+          content(contentOf(setup.project)),
+          server(FrameServer::create(setup.provider,
+                                     [stop = setup.stop] { return stop.stop_requested(); })) {}
+
+    /// The effect's end is a call into it too.
+    ~State() {
+        const DSContentScope scope(content);
+        properties.reset();
+        effect.reset();
+    }
+
+    State(const State&) = delete;
+    State& operator=(const State&) = delete;
+
+    void take(ComPtr<IDSImageEffect> made) {
+        effect = std::move(made);
+        properties = queryOrThrow<IDSProperties>(*effect, IID_IDSProperties, "properties");
+    }
 
     void readInfo() {
         info.family = setup.family;
@@ -138,10 +155,9 @@ void EffectSession::State::execute(const RenderRequest& request) {
     requireDone(status, "cannot render " + frame);
 }
 
-EffectSession::EffectSession(Setup setup) {
-    checkProject(setup.project);
-    ComPtr<IDSImageEffect> effect = makeEffect(setup.module.get(), setup.classId);
-    state_ = std::make_unique<State>(std::move(setup), std::move(effect));
+EffectSession::EffectSession(Setup setup) : state_(std::make_unique<State>(std::move(setup))) {
+    const auto scope = enter();
+    state_->take(makeEffect(state_->setup.module.get(), state_->setup.classId));
     const auto plugIn = queryOrThrow<IDSPlugIn>(*state_->effect, IID_IDSPlugIn, "its plug-in");
     require(plugIn->Init(), "the effect cannot be initialised");
     state_->readInfo();
@@ -157,28 +173,33 @@ EffectSession EffectSession::clone() const {
 }
 
 EffectSession EffectSession::clone(std::shared_ptr<InputProvider> provider) const {
+    const auto scope = enter();
     ComPtr<IDSImageEffect> effect;
     require(state_->effect->Clone(IID_IDSImageEffect, effect.putVoid()), "cannot clone the effect");
     Setup setup = state_->setup;
     setup.provider = std::move(provider);
-    auto state = std::make_unique<State>(std::move(setup), std::move(effect));
+    auto state = std::make_unique<State>(std::move(setup));
+    state->take(std::move(effect));
     state->info = state_->info;
     return EffectSession(std::move(state));
 }
 
 void EffectSession::setValue(const GUID& id, double value) {
+    const auto scope = enter();
     const VARIANT variant = toVariant(state_->findOrThrow(id), value);
     require(state_->properties->ClearKeys(id), "cannot end the animation of " + toText(id));
     require(state_->properties->SetValue(id, 0.0, &variant), "cannot set " + toText(id));
 }
 
 void EffectSession::setKeys(const GUID& id, const std::vector<DSKey>& keys) {
+    const auto scope = enter();
     state_->findOrThrow(id);
     require(state_->properties->SetKeys(id, keys.data(), static_cast<ULONG>(keys.size())),
             "cannot animate " + toText(id));
 }
 
 double EffectSession::value(const GUID& id, double seconds) const {
+    const auto scope = enter();
     state_->findOrThrow(id);
     VARIANT value{};
     require(state_->properties->GetValue(id, seconds, &value), "cannot read " + toText(id));
@@ -186,6 +207,7 @@ double EffectSession::value(const GUID& id, double seconds) const {
 }
 
 std::vector<DSKey> EffectSession::keys(const GUID& id) const {
+    const auto scope = enter();
     ULONG count = 0;
     require(state_->properties->GetKeys(id, nullptr, 0, &count),
             "cannot read the keys of " + toText(id));
@@ -196,20 +218,27 @@ std::vector<DSKey> EffectSession::keys(const GUID& id) const {
 }
 
 const CDSParamDef* EffectSession::definition(const GUID& id) const {
+    const auto scope = enter();
     return state_->find(id);
 }
 
 void* EffectSession::ownInterface(const GUID& id) const {
+    const auto scope = enter();
     void* found = nullptr;
     require(state_->effect->QueryInterface(id, &found),
             "the effect has no interface " + toText(id));
-    // The effect outlives the use of the pointer.
+    // The session's own reference keeps the effect.
     state_->effect->Release();
     return found;
 }
 
+DSContentScope EffectSession::enter() const {
+    return DSContentScope(state_->content);
+}
+
 void EffectSession::render(const RenderRequest& request) {
-    // Whatever happens, the effect holds no images between frames.
+    const auto scope = enter();
+    // The effect holds no images between frames, after a failed one neither.
     struct Cleanup {
         IDSImageEffect& effect;
         ~Cleanup() { effect.Cleanup(); }

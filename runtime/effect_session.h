@@ -1,11 +1,11 @@
-// One effect object, driven as the host drives it.
+// One effect object, driven as a host drives it.
 
 #pragma once
 
 #include <cstdint>
 #include <memory>
 #include <optional>
-#include <string>
+#include <stop_token>
 #include <vector>
 
 #include "runtime/frame_server.h"
@@ -44,35 +44,37 @@ struct RenderRequest {
     LONG fieldMode = 0;
 };
 
-/// Holds an effect object and what it needs of its host. One thread uses a session at a time; any
-/// number of sessions render at once. Failures of the effect throw StatusError.
+/// An effect object and what its host keeps for it. All that a render depends on belongs to its
+/// session: project, worker count, stop. One thread uses a session at a time; any number of
+/// sessions render at once. Failures of the effect throw StatusError.
 class EffectSession {
 public:
-    /// What a session is made of.
     struct Setup {
-        /// Null for whichever module CoCreateInstance finds: the one that is registered where the
-        /// system has a registry for that, elsewhere one that is loaded.
-        std::shared_ptr<Module> module;
-        Project project;
-        /// Serves inputs at other times; may be empty.
-        std::shared_ptr<InputProvider> provider;
-        /// Stops renders; may be empty.
-        InterruptionTest interruption;
+        /// Null for the module that CoCreateInstance finds: the registered one where the system has
+        /// a registry for that, elsewhere one that is loaded.
+        std::shared_ptr<Module> module = nullptr;
+        /// The session makes it current around each call into the effect.
+        Project project = {};
+        /// Serves inputs at other times; may be null.
+        std::shared_ptr<InputProvider> provider = nullptr;
+        /// A requested stop ends the render under way and each later one at its next row. A token
+        /// without a source never stops.
+        std::stop_token stop = {};
         GUID classId = kRuvexClassId;
         GUID family = kEffectFamily;
     };
 
     /// Makes the effect through the module's class factory and initialises it: all parameters have
-    /// their defaults. The project is to be open (openProject) before.
+    /// their defaults. Throws Error for a project that checkProject refuses.
     explicit EffectSession(Setup setup);
     ~EffectSession();
     EffectSession(EffectSession&&) noexcept;
     EffectSession& operator=(EffectSession&&) noexcept;
 
-    /// A session over a clone of the effect as it is now, with a frame server of its own over the
-    /// same provider and interruption test. The clone may outlive this session.
+    /// A session over a clone of the effect as it is now, with the same project, provider and stop.
+    /// The clone may outlive this session.
     EffectSession clone() const;
-    /// The same over another provider, for one that must not be shared.
+    /// The same over another provider, for a provider that must not be shared.
     EffectSession clone(std::shared_ptr<InputProvider> provider) const;
 
     /// Sets a parameter at all times: its animation ends. Throws Error for an unknown identifier
@@ -88,9 +90,14 @@ public:
     /// The definition of a property; null for an unknown identifier.
     const CDSParamDef* definition(const GUID& id) const;
 
-    /// An interface that is the effect's own and not the host's: a pointer to it, good as long as
-    /// this session and without a reference of its own. Throws Error when the effect has none.
+    /// An interface that is the effect's own and not the host's: a pointer to it, valid as long as
+    /// this session and without a reference of its own. Throws StatusError when the effect has
+    /// none.
     void* ownInterface(const GUID& id) const;
+
+    /// Makes the session's project current for the calling thread as long as the result lives, for
+    /// calls that go to the effect directly. The session outlives the result.
+    DSContentScope enter() const;
 
     /// Renders one frame: hands everything in, asks Verify, then Execute.
     void render(const RenderRequest& request);
@@ -99,7 +106,7 @@ public:
 
     /// What the effect said of itself for the family.
     const DSIMAGEEFFECTINFO& info() const;
-    /// The effect, for what the session does not cover.
+    /// The effect, for operations that the session does not offer.
     IDSImageEffect& effect() const;
 
 private:

@@ -4,7 +4,6 @@
 #include <string>
 
 #include "runtime/error.h"
-#include "sdk/effect/content.h"
 
 namespace ruvex::runtime {
 
@@ -31,19 +30,12 @@ void checkProject(const Project& project) {
     }
 }
 
-void openProject(const Project& project) {
+DSContent contentOf(const Project& project) {
     checkProject(project);
-    DSContentSetProperty(kDSProjectUserSizeX, project.width);
-    DSContentSetProperty(kDSProjectUserSizeY, project.height);
-    DSContentSetProperty(kDSProjectWorldSizeX, project.width);
-    DSContentSetProperty(kDSProjectWorldSizeY, project.height / project.pixelAspect);
-}
-
-void closeProject() {
-    for (const wchar_t* name :
-         {kDSProjectUserSizeX, kDSProjectUserSizeY, kDSProjectWorldSizeX, kDSProjectWorldSizeY}) {
-        DSContentClearProperty(name);
-    }
+    return {{kDSProjectUserSizeX, project.width},
+            {kDSProjectUserSizeY, project.height},
+            {kDSProjectWorldSizeX, project.width},
+            {kDSProjectWorldSizeY, project.height / project.pixelAspect}};
 }
 
 }  // namespace ruvex::runtime

@@ -2,6 +2,8 @@
 
 #pragma once
 
+#include "sdk/effect/content.h"
+
 namespace ruvex::runtime {
 
 /// The project frame: pixels, the width of a pixel over its height, frames per second.
@@ -16,11 +18,8 @@ struct Project {
 /// 0 and finite.
 void checkProject(const Project& project);
 
-/// Makes it the open project of this process: sets the four content properties of the project
-/// frame. There is one open project at a time. Throws as checkProject does.
-void openProject(const Project& project);
-
-/// Takes the content properties away again.
-void closeProject();
+/// What an effect reads of the project: the four sizes of the project frame, by name. Throws as
+/// checkProject does.
+DSContent contentOf(const Project& project);
 
 }  // namespace ruvex::runtime

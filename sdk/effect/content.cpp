@@ -1,44 +1,26 @@
 #include "sdk/effect/content.h"
 
-#include <map>
-#include <mutex>
-#include <string>
+#include <string_view>
+#include <utility>
 
 namespace {
 
-struct Content {
-    std::mutex mutex;
-    std::map<std::wstring, double, std::less<>> values;
-};
-
-Content& content() {
-    static Content instance;
-    return instance;
-}
+thread_local const DSContent* currentContent = nullptr;
 
 }  // namespace
 
 HRESULT DSContentGetProperty(const wchar_t* name, double* value) {
     if (!name || !value) return E_POINTER;
-    Content& all = content();
-    const std::lock_guard lock(all.mutex);
-    const auto found = all.values.find(std::wstring_view(name));
-    if (found == all.values.end()) return E_INVALIDARG;
+    if (!currentContent) return E_INVALIDARG;
+    const auto found = currentContent->find(std::wstring_view(name));
+    if (found == currentContent->end()) return E_INVALIDARG;
     *value = found->second;
     return S_OK;
 }
 
-HRESULT DSContentSetProperty(const wchar_t* name, double value) {
-    if (!name) return E_POINTER;
-    Content& all = content();
-    const std::lock_guard lock(all.mutex);
-    all.values.insert_or_assign(name, value);
-    return S_OK;
-}
+DSContentScope::DSContentScope(const DSContent& content)
+    : before_(std::exchange(currentContent, &content)) {}
 
-HRESULT DSContentClearProperty(const wchar_t* name) {
-    if (!name) return E_POINTER;
-    Content& all = content();
-    const std::lock_guard lock(all.mutex);
-    return all.values.erase(name) > 0 ? S_OK : S_FALSE;
+DSContentScope::~DSContentScope() {
+    currentContent = before_;
 }

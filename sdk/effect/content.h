@@ -2,17 +2,34 @@
 
 #pragma once
 
+#include <functional>
+#include <map>
+#include <string>
+
 #include "sdk/com/com.h"
 
-/// Reads a content property: 0, or E_INVALIDARG and `*value` untouched when there is no such
-/// property. E_POINTER for a null argument. Any thread.
+/// Reads a property of the calling thread's current content: 0, or E_INVALIDARG and `*value`
+/// untouched when there is no such property or no current content. E_POINTER for a null argument.
 DSSDK_API HRESULT DSContentGetProperty(const wchar_t* name, double* value);
 
-/// The host's side: gives a property its value.
-DSSDK_API HRESULT DSContentSetProperty(const wchar_t* name, double value);
+/// The content properties of one project, by name.
+using DSContent = std::map<std::wstring, double, std::less<>>;
 
-/// The host's side: takes one property away; S_FALSE when it was not there.
-DSSDK_API HRESULT DSContentClearProperty(const wchar_t* name);
+/// The host's side: makes a content the current one of the calling thread for as long as the object
+/// lives; then the one before is current again. A host does so around each call into an effect, so
+/// that several projects can be open at once. Scopes of a thread end in reverse order.
+class DSSDK_API DSContentScope {
+public:
+    /// `content` is not copied: it outlives the scope and does not change meanwhile. Threads may
+    /// share one.
+    explicit DSContentScope(const DSContent& content);
+    ~DSContentScope();
+    DSContentScope(const DSContentScope&) = delete;
+    DSContentScope& operator=(const DSContentScope&) = delete;
+
+private:
+    const DSContent* before_;
+};
 
 /// The names of the project frame's sizes. User sizes are pixels; world X is user X, world Y is
 /// user Y divided by the pixel aspect.

@@ -93,18 +93,12 @@ class Host {
 public:
     Host(const Frame& whole, const Arguments& parameters)
         : project_{whole.width(), whole.height(), 1.0, 25.0}, depth_(whole.depth()) {
-        runtime::openProject(project_);
         session_.emplace(
             runtime::EffectSession::Setup{.module = runtime::Module::load(RUVEX_MODULE_FILE),
                                           .project = project_,
-                                          .provider = frames_,
-                                          .interruption = {}});
+                                          .provider = frames_});
         looks::ruvexControl(*session_).setWorkerCount(2);
         looks::applyChanges(*session_, looks::presetChanges(*findPreset(parameters.at(1))));
-    }
-    ~Host() {
-        session_.reset();
-        runtime::closeProject();
     }
 
     Frame render(const Frame& picture, double seconds) {
@@ -234,7 +228,7 @@ TEST_P(Fields, NeedAnOrder) {
     EXPECT_EQ(run("out", {"--fields"}).status, 2);
     EXPECT_EQ(run("out", {"--fields", "--field-order", "none"}).status, 2);
     EXPECT_EQ(run("out", {"--fields", "--field-order", "upper"}).status, 2);
-    EXPECT_NE(run("out", {"--fields"}).err.find("--field-order top"), std::string::npos);
+    EXPECT_NE(run("out", {"--fields"}).err.find("--field-order"), std::string::npos);
     const Outcome told = run("out", {"--fields", "--field-order", "bottom", "--dry-run"});
     EXPECT_EQ(told.status, 0);
     EXPECT_NE(told.out.find("each field by itself, bottom field first"), std::string::npos)

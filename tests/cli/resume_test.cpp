@@ -55,7 +55,7 @@ TEST_F(Resume, MakesWhatIsMissingAndLeavesTheRest) {
     const auto kept = age(3);
     const Outcome outcome = render({"--resume", "--verbose", "--jobs", "2"});
     EXPECT_EQ(outcome.status, 0) << outcome.err;
-    EXPECT_NE(outcome.err.find("4 are there already"), std::string::npos) << outcome.err;
+    EXPECT_NE(outcome.err.find("4 exist already"), std::string::npos) << outcome.err;
     EXPECT_NE(outcome.err.find("2 frames in"), std::string::npos) << outcome.err;
     EXPECT_EQ(age(3), kept);
     for (int k = 0; k < kFrames; ++k) {
@@ -107,7 +107,7 @@ TEST_F(Resume, ADryRunTellsAndWritesNothing) {
     EXPECT_EQ(folder.names(), before);
     for (const char* part :
          {"in.%d.rgba8: 12x9, 8 bits a channel, 25 frames a second, frames 0-5, with alpha",
-          "out.%03d.png: 12x9, PNG", "0-5: 6, 0.24 s; 5 are there already", "workers: 2, jobs: 1",
+          "out.%03d.png: 12x9, PNG", "0-5: 6, 0.24 s; 5 exist already", "workers: 2, jobs: 1",
           "Resolution: 0 s 100, 1 s 50"}) {
         EXPECT_NE(outcome.out.find(part), std::string::npos) << part << '\n' << outcome.out;
     }

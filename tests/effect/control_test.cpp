@@ -4,8 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "parameters/ruvex_interface.h"
-#include "sdk/effect/content.h"
-#include "tests/effect/render_fixture.h"
+#include "tests/effect/support/poor_project.h"
 
 namespace ruvex::test {
 namespace {
@@ -97,13 +96,13 @@ TEST_F(Control, AnyUnreadableSizeStillGivesAPicture) {
     const auto input = randomPicture<Rgba8>(24, 18, 41);
     for (const wchar_t* name :
          {kDSProjectUserSizeX, kDSProjectUserSizeY, kDSProjectWorldSizeX, kDSProjectWorldSizeY}) {
-        runtime::openProject(renderer_.project());
-        DSContentClearProperty(name);
+        DSContent content = runtime::contentOf(renderer_.project());
+        content.erase(name);
         for (const double resolution : {100.0, 50.0, 99.99}) {
             renderer_.set(Id::Resolution, resolution);
             testing::internal::CaptureStderr();
-            const auto picture = renderer_.render(input);
-            EXPECT_EQ(picture, renderer_.render(input));
+            const auto picture = renderWithContent(renderer_, input, content);
+            EXPECT_EQ(picture, renderWithContent(renderer_, input, content));
             testing::internal::GetCapturedStderr();
         }
     }

@@ -226,11 +226,10 @@ TYPED_TEST(Finish, PaintNeverLooksAtAnotherFrame) {
 }
 
 TYPED_TEST(Finish, AStoppedRenderKeepsWhatItHas) {
-    runtime::openProject(kSmall);
+    std::stop_source stop;
+    stop.request_stop();
     runtime::EffectSession session(
-        {.module = builtModule(), .project = kSmall, .provider = nullptr, .interruption = [] {
-             return true;
-         }});
+        {.module = builtModule(), .project = kSmall, .stop = stop.get_token()});
     for (const auto id : {ParameterId::MaskRed, ParameterId::MaskGreen, ParameterId::MaskBlue}) {
         session.setValue(row(id).identifier, 0);
     }

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/effect/support/clip_fixture.h"
+#include "tests/effect/support/poor_project.h"
 
 namespace ruvex::test {
 namespace {
@@ -78,8 +79,9 @@ TYPED_TEST(FishEye, ARadiusOfNothingMovesNothing) {
 }
 
 TYPED_TEST(FishEye, WithoutAProjectSizeThereIsNoLens) {
-    runtime::closeProject();
-    EXPECT_EQ(this->render(), this->input_);
+    this->renderer_.set(ParameterId::FishEyePower, 40);
+    EXPECT_NE(this->render(), this->input_);
+    EXPECT_EQ(renderWithContent(this->renderer_, this->input_, {}), this->input_);
 }
 
 TYPED_TEST(FishEye, AtReducedResolutionTheLensShrinksWithThePicture) {

@@ -4,7 +4,7 @@
 #include <thread>
 
 #include "imaging/tex_axis.h"
-#include "tests/effect/render_fixture.h"
+#include "tests/effect/support/poor_project.h"
 
 namespace ruvex::test {
 namespace {
@@ -239,10 +239,9 @@ TYPED_TEST(Frame, AnInputThatIsNotReadyIsNotRead) {
 TYPED_TEST(Frame, AnUnreadableProjectSizeStillGivesAPicture) {
     Renderer renderer(kSmall);
     const auto input = randomPicture<TypeParam>(24, 18, 17);
-    runtime::closeProject();
-    EXPECT_EQ(renderer.render(input), input);
+    EXPECT_EQ(renderWithContent(renderer, input, {}), input);
     renderer.set(ParameterId::Resolution, 50);
-    EXPECT_TRUE(allZero(renderer.render(input)));
+    EXPECT_TRUE(allZero(renderWithContent(renderer, input, {})));
 }
 
 TYPED_TEST(Frame, ARenderAtAnotherSizeThanTheProjectScalesTheWorkSize) {

@@ -5,11 +5,9 @@ namespace ruvex::test {
 Renderer::Renderer(runtime::Project project, std::shared_ptr<runtime::InputProvider> provider,
                    GUID family)
     : project_(project) {
-    runtime::openProject(project);
     session_.emplace(runtime::EffectSession::Setup{.module = builtModule(),
                                                    .project = project,
                                                    .provider = std::move(provider),
-                                                   .interruption = {},
                                                    .family = family});
     set(ParameterId::MasterBreakup, 0);
     set(ParameterId::BreakupVariation, 0);

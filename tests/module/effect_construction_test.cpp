@@ -13,34 +13,20 @@ namespace {
 // which a virtual destructor would take.
 static_assert(std::is_polymorphic_v<VxDsEffect> && !std::has_virtual_destructor_v<VxDsEffect>);
 
-constexpr const wchar_t* kSizes[] = {kDSProjectUserSizeX, kDSProjectUserSizeY, kDSProjectWorldSizeX,
-                                     kDSProjectWorldSizeY};
+const DSContent kWideProject = {{kDSProjectUserSizeX, 720.0},
+                                {kDSProjectUserSizeY, 576.0},
+                                {kDSProjectWorldSizeX, 720.0},
+                                {kDSProjectWorldSizeY, 288.0}};
 
-/// Without a project at first and in the end.
-class NewEffect : public testing::Test {
-protected:
-    NewEffect() { close(); }
-    ~NewEffect() override { close(); }
+void expectSize(DSFloatPair size) {
+    const auto effect = makeEffect();
+    const PictureGeometry expected{.size = size};
+    const FrameGeometry all{expected, expected, expected};
+    EXPECT_EQ(stateOf(effect).geometry, all);
+    EXPECT_EQ(stateOf(effect).link->geometry(), all) << "and the user sees it";
+}
 
-    static void close() {
-        for (const wchar_t* name : kSizes) DSContentClearProperty(name);
-    }
-
-    void open(double userX, double userY, double worldX, double worldY) {
-        const double values[] = {userX, userY, worldX, worldY};
-        for (int i = 0; i < 4; ++i) DSContentSetProperty(kSizes[i], values[i]);
-    }
-
-    void expectSize(DSFloatPair size) {
-        const auto effect = makeEffect();
-        const PictureGeometry expected{.size = size};
-        const FrameGeometry all{expected, expected, expected};
-        EXPECT_EQ(stateOf(effect).geometry, all);
-        EXPECT_EQ(stateOf(effect).link->geometry(), all) << "and the user sees it";
-    }
-};
-
-TEST_F(NewEffect, HasItsReleasedState) {
+TEST(NewEffect, HasItsReleasedState) {
     const auto effect = makeEffect();
     const VxDsEffect& state = stateOf(effect);
     EXPECT_EQ(&stateOf(effect, kRuvexClassId), &state) << "both identifiers give it";
@@ -54,18 +40,19 @@ TEST_F(NewEffect, HasItsReleasedState) {
     EXPECT_FALSE(state.sourceEffect);
 }
 
-TEST_F(NewEffect, ShowsThePlaceOfTheProjectsFrame) {
-    open(720, 576, 720, 288);
+TEST(NewEffect, ShowsThePlaceOfTheProjectsFrame) {
+    const DSContentScope scope(kWideProject);
     expectSize({1440.0f, 576.0f});
 }
 
-TEST_F(NewEffect, TakesSquarePixelsWhereTheProjectDoesNotSay) {
-    open(720, 576, 720, 288);
-    DSContentClearProperty(kDSProjectWorldSizeY);
+TEST(NewEffect, TakesSquarePixelsWhereTheProjectDoesNotSay) {
+    DSContent content = kWideProject;
+    content.erase(kDSProjectWorldSizeY);
+    const DSContentScope scope(content);
     expectSize({720.0f, 576.0f});
 }
 
-TEST_F(NewEffect, ShowsNothingWithoutAProject) {
+TEST(NewEffect, ShowsNothingWithoutAProject) {
     expectSize({0.0f, 0.0f});
 }
 

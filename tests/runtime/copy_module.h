@@ -35,12 +35,12 @@ public:
     }
 };
 
-inline EffectSession::Setup copySetup(InterruptionTest interruption = nullptr) {
+inline EffectSession::Setup copySetup(std::stop_token stop = {}) {
     EffectSession::Setup setup;
     setup.module = Module::load(moduleFile("copy_module"));
     setup.project = kSmallProject;
     setup.provider = std::make_shared<CountingClip>();
-    setup.interruption = std::move(interruption);
+    setup.stop = std::move(stop);
     return setup;
 }
 

@@ -148,17 +148,42 @@ TEST(EffectSession, ACloneOutlivesItsSource) {
     EXPECT_EQ(clone.info().family, kEffectFamily);
 }
 
-TEST(EffectSession, AnInterruptionStopsTheFrameAndIsReported) {
-    int rows = 0;
-    EffectSession session(copySetup([&] { return ++rows > 2; }));
-    const auto output = emptyOutput();
-    session.render(frame(7, output));
-    EXPECT_TRUE(session.interrupted());
-    EXPECT_EQ(countOf(*output, 7), 2u * 32u);
-    rows = -100;
-    session.render(frame(7, output));
+/// Requests a stop when it is asked for frame 7.
+struct StoppingClip final : InputProvider {
+    ComPtr<IDSImage> imageAt(double seconds) override {
+        if (seconds == frameTime(7, kSmallProject.frameRate)) stop.request_stop();
+        return CountingClip().imageAt(seconds);
+    }
+
+    std::stop_source stop;
+};
+
+TEST(EffectSession, AStopEndsTheFrameUnderWayAndIsReported) {
+    const auto clip = std::make_shared<StoppingClip>();
+    auto setup = copySetup(clip->stop.get_token());
+    setup.provider = clip;
+    EffectSession session(std::move(setup));
+    const EffectSession another(copySetup());
+    auto output = emptyOutput();
+    session.render(frame(6, output));
     EXPECT_FALSE(session.interrupted());
-    EXPECT_EQ(countOf(*output, 7), kAllBytes);
+    EXPECT_EQ(countOf(*output, 6), kAllBytes);
+    for (const int index : {7, 8}) {
+        output = emptyOutput();
+        session.render(frame(index, output));
+        EXPECT_TRUE(session.interrupted()) << index;
+        EXPECT_EQ(countOf(*output, 0), kAllBytes) << index;
+    }
+    EXPECT_FALSE(another.interrupted());
+}
+
+TEST(EffectSession, AStopReachesTheClones) {
+    std::stop_source stop;
+    const EffectSession session(copySetup(stop.get_token()));
+    EffectSession clone = session.clone();
+    stop.request_stop();
+    clone.render(frame(7, emptyOutput()));
+    EXPECT_TRUE(clone.interrupted());
 }
 
 TEST(EffectSession, HandsOutAnInterfaceOfTheEffectsOwn) {

@@ -27,19 +27,15 @@ void renderClip(EffectSession& session, int lift) {
 }
 
 TEST(ParallelSessions, RenderAsTheyDoAlone) {
-    openProject(kSmallProject);
-    {
-        std::vector<std::jthread> threads;
-        for (int i = 0; i < kSessions; ++i) {
-            threads.emplace_back([i] {
-                EffectSession session(copySetup());
-                session.setValue(ruvex::test::kDelayId, 0.08);
-                session.setValue(ruvex::test::kLiftId, i);
-                renderClip(session, i);
-            });
-        }
+    std::vector<std::jthread> threads;
+    for (int i = 0; i < kSessions; ++i) {
+        threads.emplace_back([i] {
+            EffectSession session(copySetup());
+            session.setValue(ruvex::test::kDelayId, 0.08);
+            session.setValue(ruvex::test::kLiftId, i);
+            renderClip(session, i);
+        });
     }
-    closeProject();
 }
 
 TEST(ParallelSessions, ClonesOfOneSessionRenderAtOnce) {

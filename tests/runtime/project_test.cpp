@@ -5,16 +5,9 @@
 #include <limits>
 
 #include "runtime/error.h"
-#include "sdk/effect/content.h"
 
 namespace ruvex::runtime {
 namespace {
-
-double content(const wchar_t* name) {
-    double value = -1.0;
-    DSContentGetProperty(name, &value);
-    return value;
-}
 
 std::string complaint(const Project& project) {
     try {
@@ -26,14 +19,11 @@ std::string complaint(const Project& project) {
 }
 
 TEST(Project, WorldYIsUserYOverThePixelAspect) {
-    openProject({720, 576, 1.0667, 25.0});
-    EXPECT_EQ(content(L"Project Frame User Size (X)"), 720.0);
-    EXPECT_EQ(content(L"Project Frame User Size (Y)"), 576.0);
-    EXPECT_EQ(content(L"Project Frame World Size (X)"), 720.0);
-    EXPECT_EQ(content(L"Project Frame World Size (Y)"), 576.0 / 1.0667);
-    closeProject();
-    EXPECT_EQ(content(L"Project Frame User Size (X)"), -1.0);
-    EXPECT_EQ(content(L"Project Frame World Size (Y)"), -1.0);
+    const DSContent expected = {{L"Project Frame User Size (X)", 720.0},
+                                {L"Project Frame User Size (Y)", 576.0},
+                                {L"Project Frame World Size (X)", 720.0},
+                                {L"Project Frame World Size (Y)", 576.0 / 1.0667}};
+    EXPECT_EQ(contentOf({720, 576, 1.0667, 25.0}), expected);
 }
 
 TEST(Project, NamesTheFieldThatIsWrong) {
@@ -45,7 +35,7 @@ TEST(Project, NamesTheFieldThatIsWrong) {
     const double nan = std::numeric_limits<double>::quiet_NaN();
     EXPECT_THAT(complaint({10, 10, nan, 25.0}), ::testing::HasSubstr("aspect"));
     EXPECT_THAT(complaint({10, 10, 1.0, nan}), ::testing::HasSubstr("rate"));
-    EXPECT_THROW(openProject({0, 0, 1.0, 25.0}), Error);
+    EXPECT_THROW(contentOf({0, 0, 1.0, 25.0}), Error);
 }
 
 }  // namespace

@@ -1,45 +1,61 @@
 #include "sdk/effect/content.h"
 
+#include <barrier>
 #include <gtest/gtest.h>
 #include <thread>
 
 namespace {
 
-TEST(Content, PropertiesAreReadableOnceTheyAreSet) {
-    double value = 1.5;
-    EXPECT_EQ(DSContentGetProperty(L"Some Content", &value), E_INVALIDARG);
-    EXPECT_EQ(value, 1.5);
-    EXPECT_EQ(DSContentSetProperty(L"Some Content", 1920.0), S_OK);
-    EXPECT_EQ(DSContentGetProperty(L"Some Content", &value), S_OK);
-    EXPECT_EQ(value, 1920.0);
-    EXPECT_EQ(DSContentSetProperty(L"Some Content", 720.0), S_OK);
-    EXPECT_EQ(DSContentGetProperty(L"Some Content", &value), S_OK);
-    EXPECT_EQ(value, 720.0);
-    EXPECT_EQ(DSContentClearProperty(L"Some Content"), S_OK);
-    EXPECT_EQ(DSContentGetProperty(L"Some Content", &value), E_INVALIDARG);
-    EXPECT_EQ(DSContentClearProperty(L"Some Content"), S_FALSE);
+const DSContent kHigh = {{L"Height", 576.0}};
+const DSContent kLow = {{L"Height", 240.0}, {L"Width", 320.0}};
+
+/// -1 where there is no such property.
+double read(const wchar_t* name) {
+    double value = -1.0;
+    const HRESULT status = DSContentGetProperty(name, &value);
+    EXPECT_EQ(status, value == -1.0 ? E_INVALIDARG : S_OK);
+    return value;
+}
+
+TEST(Content, IsReadableWhileItIsCurrent) {
+    EXPECT_EQ(read(L"Height"), -1.0);
+    {
+        const DSContentScope scope(kHigh);
+        EXPECT_EQ(read(L"Height"), 576.0);
+        EXPECT_EQ(read(L"Width"), -1.0);
+    }
+    EXPECT_EQ(read(L"Height"), -1.0);
+}
+
+TEST(Content, TheOneBeforeAScopeIsCurrentAgainAfterIt) {
+    const DSContentScope outer(kHigh);
+    {
+        const DSContentScope inner(kLow);
+        EXPECT_EQ(read(L"Height"), 240.0);
+    }
+    EXPECT_EQ(read(L"Height"), 576.0);
+    EXPECT_EQ(read(L"Width"), -1.0);
 }
 
 TEST(Content, MissingPointersAreRefused) {
     double value = 0.0;
     EXPECT_EQ(DSContentGetProperty(nullptr, &value), E_POINTER);
-    EXPECT_EQ(DSContentGetProperty(L"Some Content", nullptr), E_POINTER);
-    EXPECT_EQ(DSContentSetProperty(nullptr, 1.0), E_POINTER);
-    EXPECT_EQ(DSContentClearProperty(nullptr), E_POINTER);
+    EXPECT_EQ(DSContentGetProperty(L"Height", nullptr), E_POINTER);
 }
 
-TEST(Content, ThreadsSeeOneValueOrTheOther) {
-    DSContentSetProperty(L"Shared Content", 1.0);
-    std::jthread writer([] {
-        for (int i = 0; i < 2000; ++i) DSContentSetProperty(L"Shared Content", i % 2 ? 1.0 : 2.0);
+TEST(Content, EachThreadHasItsOwn) {
+    std::barrier together(2);
+    std::jthread other([&] {
+        EXPECT_EQ(read(L"Height"), -1.0);
+        const DSContentScope scope(kLow);
+        together.arrive_and_wait();
+        EXPECT_EQ(read(L"Height"), 240.0);
+        together.arrive_and_wait();
     });
-    for (int i = 0; i < 2000; ++i) {
-        double value = 0.0;
-        ASSERT_EQ(DSContentGetProperty(L"Shared Content", &value), S_OK);
-        ASSERT_TRUE(value == 1.0 || value == 2.0);
-    }
-    writer.join();
-    DSContentClearProperty(L"Shared Content");
+    const DSContentScope scope(kHigh);
+    together.arrive_and_wait();
+    EXPECT_EQ(read(L"Height"), 576.0);
+    together.arrive_and_wait();
 }
 
 }  // namespace
