@@ -38,7 +38,7 @@ void requireRegistry(HRESULT status, const std::string& what) {
 
 }  // namespace
 
-/// One file in memory, however many Modules stand for it.
+/// One loaded file, shared by all Modules that refer to it.
 struct Module::Library {
     std::filesystem::path file;
     std::unique_ptr<DSDynamicLibrary> image;
@@ -49,13 +49,13 @@ struct Module::Library {
     int users = 0;
 };
 
-/// All libraries of the process. What is still in use when its last Module goes stays here with no
-/// users, and is found again by the next load.
+/// All loaded files of the process. One that is still in use when its last Module goes stays here
+/// with no users; the next load of it finds it again.
 struct Module::Table {
     std::mutex mutex;
     std::map<std::filesystem::path, std::unique_ptr<Library>> libraries;
 
-    /// Never destroyed: modules that were left in memory keep running until the very end.
+    /// Never destroyed: the code of modules that stay in memory may run until the process ends.
     static Table& get() {
         static Table& table = *new Table;
         return table;
@@ -74,10 +74,10 @@ struct Module::Table {
         return *library;
     }
 
-    /// One user less; the last one takes the library out of memory if the module lets it.
+    /// One user less; without users the library is unloaded, unless its module is in use.
     void leave(Library& library) {
         if (--library.users > 0) return;
-        // One step with the module's own answer, for another thread may be making an object.
+        // Asks the module under the table's lock: another thread may be about to make an object.
         if (DSRemoveModule(library.getClassObject, library.canUnloadNow) != S_OK) return;
         libraries.erase(library.file);
     }
@@ -131,8 +131,9 @@ std::shared_ptr<Module> Module::loadRegistered(const GUID& classId) {
     return load(entry->module);
 }
 
-std::shared_ptr<Module> Module::loadDefault() {
-    const auto folder = DSDynamicLibrary::programFolder();
+std::shared_ptr<Module> Module::loadBeside(const void* code) {
+    const auto folder = DSDynamicLibrary::fileOfCode(code).parent_path();
+    if (folder.empty()) return loadRegistered(kRuvexClassId);
     const auto beside = folder / DSDynamicLibrary::fileName("V_Ruvex");
     const auto inLib = folder.parent_path() / "lib" / "ruvex" / beside.filename();
     for (const auto& file : {beside, inLib}) {
@@ -144,6 +145,11 @@ std::shared_ptr<Module> Module::loadDefault() {
         throw Error("there is no module '" + beside.string() + "' and no '" + inLib.string() +
                     "', and " + error.what());
     }
+}
+
+std::shared_ptr<Module> Module::loadDefault() {
+    static constexpr char here = 0;
+    return loadBeside(&here);
 }
 
 Module::~Module() {

@@ -11,8 +11,8 @@
 
 namespace ruvex::runtime {
 
-/// A use of a loaded module. A file is loaded once, however often it is asked for; its classes can
-/// be made with CoCreateInstance as long as it is loaded. Any thread.
+/// A reference to a loaded module. A file is loaded once, however many references there are;
+/// CoCreateInstance finds its classes as long as it is loaded. Any thread.
 class Module {
 public:
     /// Loads the module in that file. Throws Error when there is no such file, when it cannot be
@@ -22,19 +22,24 @@ public:
     /// Loads the module that is registered for a class. Throws Error when there is none.
     static std::shared_ptr<Module> loadRegistered(const GUID& classId);
 
-    /// Loads the module that belongs to the running program: V_Ruvex beside it, or in
-    /// ../lib/ruvex, where an installed one is, or else the one that is registered.
+    /// Loads the module that belongs to the program or library which holds this address, of code or
+    /// of a constant: V_Ruvex in the same folder, or in ../lib/ruvex from there, where an installed
+    /// one is, or else the registered one. Throws Error, naming both places, when there is none.
+    static std::shared_ptr<Module> loadBeside(const void* code);
+
+    /// The same for the program or library that this function is linked into: a plug-in finds the
+    /// module beside itself, not beside the application that loaded it.
     static std::shared_ptr<Module> loadDefault();
 
-    /// Lets the module go if it allows it; one that still has objects or locks stays in memory
-    /// until the process ends, for to take code away that is in use would end the process at once.
+    /// Unloads the module unless it still has objects or locks: such a module stays in memory until
+    /// the process ends or it is loaded again, since its code is in use.
     ~Module();
 
     Module(const Module&) = delete;
     Module& operator=(const Module&) = delete;
 
-    /// The same, saying so: throws Error while the module has objects or locks. Afterwards the
-    /// other operations throw Error too.
+    /// Unloads the module at once; throws Error, changing nothing, while it has objects or locks.
+    /// Afterwards the other operations throw Error too.
     void unload();
     bool loaded() const;
 

@@ -39,8 +39,12 @@ std::filesystem::path DSDynamicLibrary::fileOf(HINSTANCE instance) {
     return std::filesystem::path(buffer, buffer + length);
 }
 
-std::filesystem::path DSDynamicLibrary::programFolder() {
-    return fileOf(nullptr).parent_path();
+std::filesystem::path DSDynamicLibrary::fileOfCode(const void* address) {
+    HMODULE handle = nullptr;
+    constexpr DWORD kByAddress =
+        GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT;
+    if (!GetModuleHandleExW(kByAddress, static_cast<LPCWSTR>(address), &handle)) return {};
+    return fileOf(handle);
 }
 
 std::string DSDynamicLibrary::fileName(const std::string& module) {
@@ -50,6 +54,8 @@ std::string DSDynamicLibrary::fileName(const std::string& module) {
 #else
 
 #include <dlfcn.h>
+#include <link.h>
+#include <string_view>
 
 struct DSDynamicLibrary::State {
     using EntryPoint = BOOL(HINSTANCE, DWORD, void*);
@@ -107,10 +113,15 @@ std::filesystem::path DSDynamicLibrary::fileOf(HINSTANCE instance) {
     return instance && instance->file ? instance->file : "";
 }
 
-std::filesystem::path DSDynamicLibrary::programFolder() {
+std::filesystem::path DSDynamicLibrary::fileOfCode(const void* address) {
+    Dl_info found{};
+    void* entry = nullptr;
+    if (!dladdr1(address, &found, &entry, RTLD_DL_LINKMAP)) return {};
+    // The running program has no name in the loader's list.
+    const std::string_view name = static_cast<const link_map*>(entry)->l_name;
     std::error_code error;
-    const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
-    return error ? std::filesystem::path() : program.parent_path();
+    const auto file = std::filesystem::canonical(name.empty() ? "/proc/self/exe" : name, error);
+    return error ? std::filesystem::path() : file;
 }
 
 std::string DSDynamicLibrary::fileName(const std::string& module) {

@@ -33,8 +33,9 @@ public:
     /// The full path of the file that a handle stands for; empty when it is not known.
     static std::filesystem::path fileOf(HINSTANCE instance);
 
-    /// The folder that the running program lies in; empty when the system does not tell.
-    static std::filesystem::path programFolder();
+    /// The full path of the program or library that holds this address, of code or of a constant;
+    /// empty when there is none or the system does not tell.
+    static std::filesystem::path fileOfCode(const void* address);
 
     /// The file name of a module: "V_Ruvex" with the system's ending.
     static std::string fileName(const std::string& module);

@@ -17,9 +17,14 @@ inline constexpr Project kSmallProject{8, 6, 1.0, 25.0};
 /// Of one of its pictures.
 inline constexpr std::size_t kAllBytes = 8 * 6 * 4;
 
+inline std::filesystem::path programFolder() {
+    static constexpr char here = 0;
+    return DSDynamicLibrary::fileOfCode(&here).parent_path();
+}
+
 /// A module beside the test program.
 inline std::filesystem::path moduleFile(const std::string& name) {
-    return DSDynamicLibrary::programFolder() / DSDynamicLibrary::fileName(name);
+    return programFolder() / DSDynamicLibrary::fileName(name);
 }
 
 /// Frames of one value each: frame k, at k / 25 seconds, holds k in every byte. Refuses times

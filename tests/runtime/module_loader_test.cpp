@@ -135,13 +135,14 @@ TEST(ModuleLoader, SaysWhatIsWrongWithAFile) {
     std::filesystem::remove(text);
 }
 
-/// A second name for the test's module, for as long as it is needed.
+/// A second name for one of the test's modules, for as long as it is needed.
 class Link {
 public:
-    explicit Link(std::filesystem::path path) : path_(std::move(path)) {
+    explicit Link(std::filesystem::path path, const std::string& module = "copy_module")
+        : path_(std::move(path)) {
         std::filesystem::create_directories(path_.parent_path());
         std::filesystem::remove(path_);
-        std::filesystem::create_symlink(moduleFile("copy_module"), path_);
+        std::filesystem::create_symlink(moduleFile(module), path_);
     }
     ~Link() { std::filesystem::remove(path_); }
 
@@ -163,6 +164,40 @@ TEST(ModuleLoader, TheDefaultLiesBesideTheProgramOrInLib) {
         const Link link(place);
         EXPECT_EQ(Module::loadDefault()->file(), moduleFile("copy_module"));
     }
+}
+
+TEST(ModuleLoader, ALibrarysDefaultLiesBesideTheLibraryAndNotBesideTheProgram) {
+    const auto folder = programFolder() / "plug_in";
+    std::string problem;
+    const auto library =
+        DSDynamicLibrary::load(folder / DSDynamicLibrary::fileName("plug_in"), problem);
+    ASSERT_TRUE(library) << problem;
+    void* const address = library->find("plugInsModule");
+    ASSERT_TRUE(address);
+    const auto plugInsModule = reinterpret_cast<const char* (*)()>(address);
+
+    const auto beside = folder / DSDynamicLibrary::fileName("V_Ruvex");
+    const auto inLib = programFolder() / "lib" / "ruvex" / beside.filename();
+    const Link besideTheProgram(moduleFile("V_Ruvex"), "copy_module_incomplete");
+    const ruvex::test::UsedRegistry used(DSMemoryRegistry());
+    EXPECT_THAT(plugInsModule(), HasSubstr(beside.string()));
+    EXPECT_THAT(plugInsModule(), HasSubstr(inLib.string()));
+    for (const auto& place : {beside, inLib}) {
+        const Link link(place);
+        EXPECT_EQ(plugInsModule(), moduleFile("copy_module"));
+        EXPECT_EQ(Module::loadBeside(address)->file(), moduleFile("copy_module"));
+    }
+    used->addClass({kRuvexClassId, 2, L"", moduleFile("copy_module")});
+    EXPECT_EQ(plugInsModule(), moduleFile("copy_module")) << "the registered one comes last";
+}
+
+TEST(ModuleLoader, AnAddressOfNoFileLeavesTheRegisteredModule) {
+    const ruvex::test::UsedRegistry used(DSMemoryRegistry());
+    const auto onTheHeap = std::make_unique<char>();
+    EXPECT_EQ(DSDynamicLibrary::fileOfCode(onTheHeap.get()), "");
+    EXPECT_THROW(Module::loadBeside(onTheHeap.get()), Error);
+    used->addClass({kRuvexClassId, 2, L"", moduleFile("copy_module")});
+    EXPECT_EQ(Module::loadBeside(onTheHeap.get())->file(), moduleFile("copy_module"));
 }
 
 TEST(ModuleLoader, AFailedLoadCanBeTriedAgain) {
