@@ -15,11 +15,11 @@
 
 namespace ruvex::runtime {
 
-/// The effect, and the object family under which it is run unless another is named.
+/// The effect's class, and the object family of a session that names no other.
 inline constexpr GUID kRuvexClassId = guidFromText("A41E7F12-37AB-48B5-99C9-C4B83402C0FC");
 inline constexpr GUID kEffectFamily = guidFromText("AE0D7C31-95AA-11D0-B685-00A024191AE0");
 
-/// The family of paint: the effect is laid onto its input through a mask.
+/// The paint family: the effect is blended onto its input through a pixel mask.
 inline constexpr GUID kPaintFamily = guidFromText("AE0D7C40-95AA-11D0-B685-00A024191AE0");
 
 /// The time of frame `index` at a rate: index / rate, in seconds.
@@ -29,16 +29,16 @@ inline double frameTime(std::int64_t index, double framesPerSecond) {
 
 struct RenderRequest {
     double seconds = 0.0;
-    /// The first input at that time. The effect may write into it. Null asks the session's
-    /// provider; an effect whose provider refuses is run without an input.
+    /// The first input at that time; the effect may write into it. If it is null, the session's
+    /// provider is asked; if that refuses, the effect is run without an input.
     ComPtr<IDSImage> input;
     ComPtr<IDSImage> input2;
     ComPtr<IDSImage> pixelMask;
     LONG maskOffsetX = 0;
     LONG maskOffsetY = 0;
-    /// Where the picture goes.
+    /// Receives the picture; required.
     ComPtr<IDSImage> output;
-    /// In pixels of the output; none renders all of it.
+    /// In pixels of the output; without one the whole output is rendered.
     std::optional<DSRECT> region;
     /// 0 whole frame, 1 first field, 2 second field.
     LONG fieldMode = 0;
@@ -77,15 +77,15 @@ public:
     /// The same over another provider, for a provider that must not be shared.
     EffectSession clone(std::shared_ptr<InputProvider> provider) const;
 
-    /// Sets a parameter at all times: its animation ends. Throws Error for an unknown identifier
-    /// and for a value that does not fit the kind: reals are finite, whole numbers have 32 bits,
-    /// check boxes are 0 or 1.
+    /// Sets a parameter to one value for all times and removes its keys. Throws Error for an
+    /// unknown identifier and for a value that does not fit the kind: reals are finite, integers
+    /// have 32 bits, check boxes are 0 or 1.
     void setValue(const GUID& id, double value);
-    /// Animates a real; no keys end the animation. Throws Error for a property that cannot be
-    /// animated and for a time or value that is not finite.
+    /// Replaces the keys of a real; an empty list ends its animation. Throws Error for a property
+    /// that cannot be animated and for a time or value that is not finite.
     void setKeys(const GUID& id, const std::vector<DSKey>& keys);
     double value(const GUID& id, double seconds = 0.0) const;
-    /// In the order of their times; none for a property that is not animated.
+    /// The keys in the order of their times; none for a property that is not animated.
     std::vector<DSKey> keys(const GUID& id) const;
     /// The definition of a property; null for an unknown identifier.
     const CDSParamDef* definition(const GUID& id) const;
@@ -99,12 +99,12 @@ public:
     /// calls that go to the effect directly. The session outlives the result.
     DSContentScope enter() const;
 
-    /// Renders one frame: hands everything in, asks Verify, then Execute.
+    /// Renders one frame: passes the request to the effect, then calls Verify and Execute.
     void render(const RenderRequest& request);
-    /// Whether the last render was told to stop; its output is then unfinished.
+    /// Whether the last render was stopped; its output is then unfinished.
     bool interrupted() const;
 
-    /// What the effect said of itself for the family.
+    /// The effect's description of itself for the session's family.
     const DSIMAGEEFFECTINFO& info() const;
     /// The effect, for operations that the session does not offer.
     IDSImageEffect& effect() const;

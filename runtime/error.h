@@ -1,4 +1,4 @@
-// What the stand-in host throws.
+// The exceptions of the stand-in host.
 
 #pragma once
 
@@ -9,13 +9,14 @@
 
 namespace ruvex::runtime {
 
-/// A sentence that says what was wrong, with what, and, where there is something, what to do.
+/// what() is a sentence for the user: what is wrong, with which input and, where possible, what to
+/// do about it.
 class Error : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
 };
 
-/// A call into the module failed. The sentence ends in the status code in hexadecimal.
+/// A failed call into the module. The sentence ends with the status code in hexadecimal.
 class StatusError : public Error {
 public:
     StatusError(const std::string& what, HRESULT status);
@@ -26,7 +27,8 @@ private:
     HRESULT status_;
 };
 
-/// Throws a StatusError for a failure. `what` says what could not be done: "cannot render frame 7".
+/// Throws a StatusError for a failure. `what` names the operation that failed: "cannot render frame
+/// 7".
 void require(HRESULT status, const std::string& what);
 
 }  // namespace ruvex::runtime

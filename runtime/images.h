@@ -1,4 +1,4 @@
-// Making pictures for renders.
+// Images for renders.
 
 #pragma once
 
@@ -8,16 +8,16 @@
 
 namespace ruvex::runtime {
 
-/// A new image of zeroes. Throws Error for an unknown format, a size below 1, or when memory is
-/// out.
+/// A new image, all bytes 0. Throws Error for an unknown format, for a size below 1 and when there
+/// is not enough memory.
 ComPtr<CDSMemoryImage> makeImage(int width, int height, const GUID& format);
 
-/// The same, filling the project's frame: its world size is the project's, whatever its pixels.
+/// The same with the world size of the project frame, which it fills at any number of pixels.
 ComPtr<CDSMemoryImage> makeProjectImage(const Project& project, int width, int height,
                                         const GUID& format);
 
-/// A new image with the pixels, world size and world origin of another; one of the two may be
-/// written into while the other is kept. Throws as makeImage does, and when `image` is not ready.
+/// A copy: pixels, world size and world origin. Throws as makeImage does, and StatusError for an
+/// image that is not ready.
 ComPtr<CDSMemoryImage> copyImage(IDSImage& image);
 
 }  // namespace ruvex::runtime

@@ -16,7 +16,7 @@ namespace {
 
 using Operation = HRESULT();
 
-/// What a failure of the registry means, in words.
+/// The cause of a registry failure in words; empty for an unknown one.
 std::string registryFailure(HRESULT status) {
     switch (status) {
         case REGDB_E_READREGDB:
@@ -24,9 +24,9 @@ std::string registryFailure(HRESULT status) {
         case REGDB_E_WRITEREGDB:
             return "; the registry cannot be written";
         case REGDB_E_INVALIDVALUE:
-            return "; what lies in the registry's place is no registry, or a damaged one";
+            return "; the registry is damaged, or its file is not a registry";
         case REGDB_E_CLASSNOTREG:
-            return "; it was not registered, or not as a whole; what there was is taken out";
+            return "; it was not registered, or only in part; the entries that there were are removed";
         default:
             return "";
     }
@@ -107,7 +107,7 @@ private:
         resolve(*library, "DllRegisterServer", library->registerServer);
         resolve(*library, "DllUnregisterServer", library->unregisterServer);
         require(DSAddModule(library->getClassObject),
-                "cannot enter the module '" + file.string() + "' among the loaded ones");
+                "cannot add '" + file.string() + "' to the table of loaded modules");
         return library;
     }
 };

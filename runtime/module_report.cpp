@@ -11,7 +11,7 @@
 namespace ruvex::runtime {
 namespace {
 
-/// What a registration enters.
+/// The entries that a registration makes.
 DSRegistryContents registrationOf(const Module& module) {
     struct Scratch {
         std::shared_ptr<DSRegistryStore> before = DSUseRegistry(DSMemoryRegistry());

@@ -1,4 +1,4 @@
-// What a module says of itself: what it registers, and what its effect takes.
+// A report on a module: its registry entries and its effect's formats and parameters.
 
 #pragma once
 
@@ -40,14 +40,14 @@ struct ModuleReport {
     std::string description;  ///< the same
     std::vector<Class> classes;
     std::vector<Family> families;
-    std::vector<Format> formats;        ///< those that the effect renders
+    std::vector<Format> formats;        ///< which the effect renders
     std::vector<Parameter> parameters;  ///< in the order of declaration
 };
 
-/// Has the module register itself in a registry that is thrown away, and asks its effect the rest.
-/// What is registered on the machine stays as it is. Throws StatusError for what the module or the
-/// registry refuses, and Error for an effect that lacks an interface. Not beside other uses of the
-/// registry in this process.
+/// Registers the module in a temporary registry and reads the entries back; everything else is
+/// asked of its effect. The machine's registry does not change. Throws StatusError when a call into
+/// the module or the registry fails, and Error for an effect that lacks an interface. No other
+/// thread of the process may use the registry meanwhile.
 ModuleReport describeModule(const Module& module);
 
 }  // namespace ruvex::runtime

@@ -1,4 +1,4 @@
-// The project that a render belongs to.
+// The project of a render.
 
 #pragma once
 
@@ -18,8 +18,8 @@ struct Project {
 /// 0 and finite.
 void checkProject(const Project& project);
 
-/// What an effect reads of the project: the four sizes of the project frame, by name. Throws as
-/// checkProject does.
+/// The content properties by which an effect reads the project: the four sizes of the project
+/// frame. Throws as checkProject does.
 DSContent contentOf(const Project& project);
 
 }  // namespace ruvex::runtime
