@@ -20,7 +20,7 @@ template <class T>
 ComPtr<T> queryOrThrow(IUnknown& object, const GUID& id, const char* what) {
     ComPtr<T> result;
     require(object.QueryInterface(id, result.putVoid()),
-            std::string("the effect does not answer to ") + what);
+            std::string("the effect has no interface for ") + what);
     return result;
 }
 
@@ -83,7 +83,7 @@ struct EffectSession::State {
           server(FrameServer::create(setup.provider,
                                      [stop = setup.stop] { return stop.stop_requested(); })) {}
 
-    /// The effect's end is a call into it too.
+    /// Releasing the effect may end it, for which its project is current as in every call.
     ~State() {
         const DSContentScope scope(content);
         properties.reset();
@@ -158,7 +158,7 @@ void EffectSession::State::execute(const RenderRequest& request) {
 EffectSession::EffectSession(Setup setup) : state_(std::make_unique<State>(std::move(setup))) {
     const auto scope = enter();
     state_->take(makeEffect(state_->setup.module.get(), state_->setup.classId));
-    const auto plugIn = queryOrThrow<IDSPlugIn>(*state_->effect, IID_IDSPlugIn, "its plug-in");
+    const auto plugIn = queryOrThrow<IDSPlugIn>(*state_->effect, IID_IDSPlugIn, "plug-ins");
     require(plugIn->Init(), "the effect cannot be initialised");
     state_->readInfo();
 }

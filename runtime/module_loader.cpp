@@ -26,7 +26,7 @@ std::string registryFailure(HRESULT status) {
         case REGDB_E_INVALIDVALUE:
             return "; the registry is damaged, or its file is not a registry";
         case REGDB_E_CLASSNOTREG:
-            return "; it was not registered, or only in part; the entries that there were are removed";
+            return "; it was not registered, or only in part; its entries are removed";
         default:
             return "";
     }
