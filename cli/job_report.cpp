@@ -67,8 +67,8 @@ bool isDefault(const looks::Animation&) {
 
 std::string changeText(const looks::Setting& setting) {
     const ParameterRow& row = ruvex::row(setting.id);
-    return std::string(row.label) + " = " + formatValue(row, setting.value) + " (default: " +
-           formatValue(row, row.defaultValue) + ")";
+    return std::string(row.label) + " = " + formatValue(row, setting.value) +
+           " (default: " + formatValue(row, row.defaultValue) + ")";
 }
 
 std::string changeText(const looks::Animation& animation) {

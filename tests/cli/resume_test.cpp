@@ -118,8 +118,7 @@ TEST_F(Resume, ADryRunNamesTheParametersThatDiffer) {
         {"render", folder.file("in.%d.rgba8"), "-o", folder.file("new.mp4"), "--size", "12x9",
          "--dry-run", "--set", "Resolution=40", "--set", "Fish Eye=0", "--set", "Resolution=50"});
     EXPECT_EQ(outcome.status, 0) << outcome.err;
-    EXPECT_NE(outcome.out.find("Resolution = 50 (100 by default)"), std::string::npos)
-        << outcome.out;
+    EXPECT_NE(outcome.out.find("Resolution = 50 (default: 100)"), std::string::npos) << outcome.out;
     EXPECT_EQ(outcome.out.find("Fish Eye"), std::string::npos) << outcome.out;
     EXPECT_EQ(outcome.out.find("= 40"), std::string::npos) << outcome.out;
     EXPECT_NE(outcome.out.find("H.264"), std::string::npos) << outcome.out;

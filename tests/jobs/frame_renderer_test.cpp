@@ -102,10 +102,14 @@ TEST_P(Rendering, EachFieldIsAPictureAtItsOwnTime) {
     job.fieldOrder = media::FieldOrder::BottomFirst;
     const Frame woven = render(job, {1}).at(1);
     const RenderPlan plan = clip.plan(job);
-    PictureRenderer pictures(plan, std::make_shared<ClipInput>(open(plan), plan.project), {});
+    const auto input = std::make_shared<ClipInput>(open(plan), plan.project);
+    PictureRenderer pictures(plan, input, {});
+    const Frame whole = clip.picture(1);
     for (const Field field : {Field::Bottom, Field::Top}) {
         Frame source, wanted, found;
-        media::takeField(clip.picture(1), field, source);
+        // Between two frames the effect asks for the frame before.
+        const ClipInput::Hold hold(*input, 1, whole, field);
+        media::takeField(whole, field, source);
         media::makeRoom(wanted, source.size(), GetParam());
         const double time = (field == Field::Bottom ? 1.0 : 1.5) / 25.0;
         ASSERT_TRUE(pictures.render({1, time, source, {}, {}}, wanted));

@@ -1,5 +1,6 @@
 #include "jobs/render_plan.h"
 
+#include <cstdint>
 #include <functional>
 #include <gtest/gtest.h>
 
@@ -91,8 +92,8 @@ TEST(RenderPlan, TheSoundIsCutToTheFrames) {
     media::ClipInfo info = clip();
     info.start = 1000;
     const RenderPlan whole = planOf(job(), info);
-    EXPECT_FALSE(whole.writing.audio.from);
-    EXPECT_FALSE(whole.writing.audio.to);
+    EXPECT_EQ(whole.writing.audio.from, INT64_MIN);
+    EXPECT_EQ(whole.writing.audio.to, INT64_MAX);
     EXPECT_EQ(whole.writing.audio.zero, 1000);
     RenderJob part = job();
     part.frames = FrameRange{25, 49};
