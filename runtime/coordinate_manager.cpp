@@ -1,7 +1,8 @@
 #include "runtime/coordinate_manager.h"
 
-#include <atomic>
 #include <cmath>
+
+#include "sdk/com/com_object.h"
 
 namespace ruvex::runtime {
 
@@ -13,29 +14,12 @@ LONG toPixels(double value) {
     return value < 2147483647.0 ? static_cast<LONG>(std::floor(value + 0.5)) : INT32_MAX;
 }
 
-class CoordinateManager final : public IDSCoordMan {
+class CoordinateManager final : public ComObject<IDSCoordMan> {
 public:
     CoordinateManager(const Project& project, int width, int height)
         : ratioX_(static_cast<double>(width) / project.width),
           ratioY_(static_cast<double>(height) / project.height),
           pixelAspect_(project.pixelAspect) {}
-
-    HRESULT QueryInterface(const GUID& id, void** out) override {
-        if (!out) return E_POINTER;
-        *out = nullptr;
-        if (id != IID_IUnknown && id != IID_IDSCoordMan) return E_NOINTERFACE;
-        *out = static_cast<IDSCoordMan*>(this);
-        AddRef();
-        return S_OK;
-    }
-
-    ULONG AddRef() override { return ++references_; }
-
-    ULONG Release() override {
-        const ULONG left = --references_;
-        if (left == 0) delete this;
-        return left;
-    }
 
     HRESULT WorldToImage(double worldX, double worldY, double* x, double* y) override {
         const HRESULT status = WorldToProject(worldX, worldY, x, y);
@@ -62,7 +46,6 @@ public:
     }
 
 private:
-    std::atomic<ULONG> references_{1};
     double ratioX_;
     double ratioY_;
     double pixelAspect_;

@@ -13,25 +13,6 @@ ComPtr<FrameServer> FrameServer::create(std::shared_ptr<InputProvider> provider,
         new FrameServer(std::move(provider), std::move(interruption)));
 }
 
-HRESULT FrameServer::QueryInterface(const GUID& id, void** out) {
-    if (!out) return E_POINTER;
-    *out = nullptr;
-    if (id != IID_IUnknown && id != IID_IDSEffectHost) return E_NOINTERFACE;
-    *out = static_cast<IDSEffectHost*>(this);
-    AddRef();
-    return S_OK;
-}
-
-ULONG FrameServer::AddRef() {
-    return ++references_;
-}
-
-ULONG FrameServer::Release() {
-    const ULONG left = --references_;
-    if (left == 0) delete this;
-    return left;
-}
-
 HRESULT FrameServer::GetInputFrame(IUnknown*, ULONG inputIndex, double seconds, IUnknown** frame) {
     if (!frame) return E_POINTER;
     *frame = nullptr;

@@ -6,6 +6,7 @@
 #include <functional>
 #include <memory>
 
+#include "sdk/com/com_object.h"
 #include "sdk/com/com_ptr.h"
 #include "sdk/effect/effect_host.h"
 #include "sdk/images/image.h"
@@ -26,15 +27,11 @@ struct InputProvider {
 using InterruptionTest = std::function<bool()>;
 
 /// The effect host of one session.
-class FrameServer final : public IDSEffectHost {
+class FrameServer final : public ComObject<IDSEffectHost> {
 public:
     /// Either may be empty: then every request is refused, or nothing interrupts.
     static ComPtr<FrameServer> create(std::shared_ptr<InputProvider> provider,
                                       InterruptionTest interruption);
-
-    HRESULT QueryInterface(const GUID& id, void** out) override;
-    ULONG AddRef() override;
-    ULONG Release() override;
 
     /// Serves input 0 alone.
     HRESULT GetInputFrame(IUnknown* executeContext, ULONG inputIndex, double seconds,
@@ -47,9 +44,8 @@ public:
 
 private:
     FrameServer(std::shared_ptr<InputProvider> provider, InterruptionTest interruption);
-    ~FrameServer() = default;
+    ~FrameServer() override = default;
 
-    std::atomic<ULONG> references_{1};
     std::shared_ptr<InputProvider> provider_;
     InterruptionTest interruption_;
     std::atomic<bool> interrupted_{false};

@@ -2,27 +2,25 @@
 
 #pragma once
 
-#include <atomic>
 #include <mutex>
 
 #include "host/base/module_use.h"
-#include "sdk/com/com.h"
+#include "sdk/com/com_object.h"
 #include "sdk/com/guarded.h"
 
 namespace ruvex {
 
 /// Makes objects of class T, which the host uses through its `Face`, the base by which T is an
-/// IUnknown. Any thread. It starts with one reference and deletes itself at the last.
+/// IUnknown. Any thread.
 template <class T, class Face>
-class CDsClassFactory : public IClassFactory {
+class CDsClassFactory : public ComObject<IClassFactory> {
 public:
+    /// Adds IMarshal to what it gives.
     HRESULT QueryInterface(const GUID& id, void** out) override;
-    ULONG AddRef() override { return ++references_; }
-    ULONG Release() override;
     /// No aggregation: an `outer` gives CLASS_E_NOAGGREGATION.
     HRESULT CreateInstance(IUnknown* outer, const GUID& id, void** out) override;
     HRESULT LockServer(BOOL lock) override;
-    virtual ~CDsClassFactory();
+    ~CDsClassFactory() override;
 
 protected:
     /// Makes one object, with one reference; 0 also when memory ran out and `*object` is null.
@@ -33,7 +31,6 @@ private:
 
     /// First, so that it ends last: the module may go at once when its count falls to 0.
     ModuleUse use_;
-    std::atomic<ULONG> references_{1};
     /// An object may ask for another of its class while it is made.
     std::recursive_mutex creating_;
     IUnknown* marshaler_ = nullptr;
@@ -47,12 +44,7 @@ CDsClassFactory<T, Face>::~CDsClassFactory() {
 template <class T, class Face>
 HRESULT CDsClassFactory<T, Face>::QueryInterface(const GUID& id, void** out) {
     if (!out) return E_POINTER;
-    if (id == IID_IMarshal) return queryMarshaler(id, out);
-    *out = nullptr;
-    if (id != IID_IUnknown && id != IID_IClassFactory) return E_NOINTERFACE;
-    *out = static_cast<IClassFactory*>(this);
-    AddRef();
-    return S_OK;
+    return id == IID_IMarshal ? queryMarshaler(id, out) : ComObject::QueryInterface(id, out);
 }
 
 template <class T, class Face>
@@ -64,13 +56,6 @@ HRESULT CDsClassFactory<T, Face>::queryMarshaler(const GUID& id, void** out) {
         if (FAILED(status)) return status;
     }
     return marshaler_->QueryInterface(id, out);
-}
-
-template <class T, class Face>
-ULONG CDsClassFactory<T, Face>::Release() {
-    const ULONG left = --references_;
-    if (left == 0) delete this;
-    return left;
 }
 
 template <class T, class Face>

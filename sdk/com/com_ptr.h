@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <utility>
 
-#include "sdk/com/com.h"
+#include "sdk/com/interface_traits.h"
 
 /// Holds one reference to an object through interface (or class) T and releases it at its end.
 template <class T>
@@ -53,10 +53,10 @@ public:
     }
     void** putVoid() { return reinterpret_cast<void**>(put()); }
 
-    /// The object's interface U, whose identifier is `id`; null when it has none or there is no
-    /// object.
+    /// The object's interface U; null when it has none or there is no object. `id` is for a U
+    /// without DSInterfaceTraits.
     template <class U>
-    ComPtr<U> query(const GUID& id) const {
+    ComPtr<U> query(const GUID& id = DSInterfaceTraits<U>::id) const {
         ComPtr<U> result;
         if (!pointer_ || FAILED(pointer_->QueryInterface(id, result.putVoid()))) result.detach();
         return result;

@@ -23,3 +23,5 @@ protected:
 };
 
 inline constexpr GUID IID_IDSCoordMan = ruvex::guidFromText("3C0B7A51-6D2E-4F0B-9A77-52D1C4E08A11");
+template <>
+struct DSInterfaceTraits<IDSCoordMan> : DSInterface<IID_IDSCoordMan> {};

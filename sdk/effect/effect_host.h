@@ -2,7 +2,7 @@
 
 #pragma once
 
-#include "sdk/com/com.h"
+#include "sdk/com/interface_traits.h"
 
 /// Both operations may be called from any thread, and the second one is called from many at once.
 struct IDSEffectHost : IUnknown {
@@ -20,3 +20,5 @@ protected:
 
 inline constexpr GUID IID_IDSEffectHost =
     ruvex::guidFromText("3C0B7A51-6D2E-4F0B-9A77-52D1C4E08A12");
+template <>
+struct DSInterfaceTraits<IDSEffectHost> : DSInterface<IID_IDSEffectHost> {};

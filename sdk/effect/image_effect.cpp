@@ -35,14 +35,6 @@ HRESULT noOverscan(DSOVERSCAN* overscan) {
 
 }  // namespace
 
-HRESULT CDSImageEffect::QueryInterface(const GUID& id, void** out) {
-    if (!out) return E_POINTER;
-    if (id != IID_IDSImageEffect) return CDSPlugInEffect::QueryInterface(id, out);
-    *out = static_cast<IDSImageEffect*>(this);
-    AddRef();
-    return S_OK;
-}
-
 HRESULT CDSImageEffect::GetImageEffectInfo(DSIMAGEEFFECTINFO* info) {
     return info ? S_OK : E_POINTER;
 }

@@ -8,13 +8,8 @@
 
 /// Keeps what the host hands in and answers the questions that need no more than that. A concrete
 /// effect adds at least Execute and Clone.
-class DSSDK_API CDSImageEffect : public CDSPlugInEffect, public IDSImageEffect {
+class DSSDK_API CDSImageEffect : public ComObjectWith<CDSPlugInEffect, IDSImageEffect> {
 public:
-    /// Adds IDSImageEffect.
-    HRESULT QueryInterface(const GUID& id, void** out) override;
-    ULONG AddRef() override { return CDSPlugInEffect::AddRef(); }
-    ULONG Release() override { return CDSPlugInEffect::Release(); }
-
     /// Refuses a null pointer and leaves the record alone.
     HRESULT GetImageEffectInfo(DSIMAGEEFFECTINFO* info) override;
     /// E_INVALIDARG for a rate that is not above 0 and finite.

@@ -2,19 +2,6 @@
 
 #include <limits>
 
-HRESULT CDSImageEffectEx::QueryInterface(const GUID& id, void** out) {
-    if (!out) return E_POINTER;
-    if (id == IID_IDSGraphDataAliases) {
-        *out = static_cast<IDSGraphDataAliases*>(this);
-    } else if (id == IID_IDSTimeDependency) {
-        *out = static_cast<IDSTimeDependency*>(this);
-    } else {
-        return CDSImageEffect::QueryInterface(id, out);
-    }
-    AddRef();
-    return S_OK;
-}
-
 HRESULT CDSImageEffectEx::GetAliasedProperty(const GUID& alias, GUID* id) {
     if (!id) return E_POINTER;
     *id = ResolveAlias(alias);

@@ -22,18 +22,16 @@ protected:
 
 inline constexpr GUID IID_IDSGraphDataAliases =
     ruvex::guidFromText("3C0B7A51-6D2E-4F0B-9A77-52D1C4E08A17");
+template <>
+struct DSInterfaceTraits<IDSGraphDataAliases> : DSInterface<IID_IDSGraphDataAliases> {};
 inline constexpr GUID IID_IDSTimeDependency =
     ruvex::guidFromText("3C0B7A51-6D2E-4F0B-9A77-52D1C4E08A18");
+template <>
+struct DSInterfaceTraits<IDSTimeDependency> : DSInterface<IID_IDSTimeDependency> {};
 
-class DSSDK_API CDSImageEffectEx : public CDSImageEffect,
-                                   public IDSGraphDataAliases,
-                                   public IDSTimeDependency {
+class DSSDK_API CDSImageEffectEx
+    : public ComObjectWith<CDSImageEffect, IDSGraphDataAliases, IDSTimeDependency> {
 public:
-    /// Adds IDSGraphDataAliases and IDSTimeDependency.
-    HRESULT QueryInterface(const GUID& id, void** out) override;
-    ULONG AddRef() override { return CDSImageEffect::AddRef(); }
-    ULONG Release() override { return CDSImageEffect::Release(); }
-
     HRESULT GetAliasedProperty(const GUID& alias, GUID* id) override;
     /// All of time: an effect may ask for its input at any other time.
     HRESULT GetTimeDependency(double seconds, DSTIMERANGE* range) override;

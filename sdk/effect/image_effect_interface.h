@@ -67,3 +67,5 @@ protected:
 
 inline constexpr GUID IID_IDSImageEffect =
     ruvex::guidFromText("3C0B7A51-6D2E-4F0B-9A77-52D1C4E08A16");
+template <>
+struct DSInterfaceTraits<IDSImageEffect> : DSInterface<IID_IDSImageEffect> {};

@@ -1,13 +1,5 @@
 #include "sdk/effect/image_mi_effect.h"
 
-HRESULT CDSImageMIEffect::QueryInterface(const GUID& id, void** out) {
-    if (!out) return E_POINTER;
-    if (id != IID_IDSImageMIEffect) return CDSImageEffectEx::QueryInterface(id, out);
-    *out = static_cast<IDSImageMIEffect*>(this);
-    AddRef();
-    return S_OK;
-}
-
 HRESULT CDSImageMIEffect::GetNumInputs(ULONG* count) {
     if (!count) return E_POINTER;
     *count = (input ? 1u : 0u) + (input2 ? 1u : 0u);

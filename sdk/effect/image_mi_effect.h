@@ -16,14 +16,11 @@ protected:
 
 inline constexpr GUID IID_IDSImageMIEffect =
     ruvex::guidFromText("3C0B7A51-6D2E-4F0B-9A77-52D1C4E08A19");
+template <>
+struct DSInterfaceTraits<IDSImageMIEffect> : DSInterface<IID_IDSImageMIEffect> {};
 
-class DSSDK_API CDSImageMIEffect : public CDSImageEffectEx, public IDSImageMIEffect {
+class DSSDK_API CDSImageMIEffect : public ComObjectWith<CDSImageEffectEx, IDSImageMIEffect> {
 public:
-    /// Adds IDSImageMIEffect.
-    HRESULT QueryInterface(const GUID& id, void** out) override;
-    ULONG AddRef() override { return CDSImageEffectEx::AddRef(); }
-    ULONG Release() override { return CDSImageEffectEx::Release(); }
-
     /// How many of the two inputs are set.
     HRESULT GetNumInputs(ULONG* count) override;
     HRESULT EnumInputs(ULONG capacity, IDSImage** inputs, ULONG* fetched) override;

@@ -1,13 +1,5 @@
 #include "sdk/effect/plug_in.h"
 
-HRESULT CDSPlugInEffect::QueryInterface(const GUID& id, void** out) {
-    if (!out) return E_POINTER;
-    if (id != IID_IDSPlugIn) return CDSAliasedPropertyContainer::QueryInterface(id, out);
-    *out = static_cast<IDSPlugIn*>(this);
-    AddRef();
-    return S_OK;
-}
-
 HRESULT CDSPlugInEffect::Term() {
     RemoveObservers();
     return S_OK;

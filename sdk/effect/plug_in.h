@@ -25,15 +25,12 @@ protected:
 };
 
 inline constexpr GUID IID_IDSPlugIn = ruvex::guidFromText("3C0B7A51-6D2E-4F0B-9A77-52D1C4E08A15");
+template <>
+struct DSInterfaceTraits<IDSPlugIn> : DSInterface<IID_IDSPlugIn> {};
 
 /// A plug-in with properties, a name and a list of property pages.
-class DSSDK_API CDSPlugInEffect : public CDSAliasedPropertyContainer, public IDSPlugIn {
+class DSSDK_API CDSPlugInEffect : public ComObjectWith<CDSAliasedPropertyContainer, IDSPlugIn> {
 public:
-    /// Adds IDSPlugIn.
-    HRESULT QueryInterface(const GUID& id, void** out) override;
-    ULONG AddRef() override { return CDSAliasedPropertyContainer::AddRef(); }
-    ULONG Release() override { return CDSAliasedPropertyContainer::Release(); }
-
     HRESULT Init() override { return S_OK; }
     /// Lets go of the observers. May be called more than once.
     HRESULT Term() override;

@@ -2,7 +2,7 @@
 
 #pragma once
 
-#include "sdk/com/com.h"
+#include "sdk/com/interface_traits.h"
 
 /// 8 bits a component, 4 bytes a pixel: red, green, blue, alpha.
 inline constexpr GUID MFIF_RGBA_RAW_32 =
@@ -47,3 +47,5 @@ protected:
 };
 
 inline constexpr GUID IID_IDSImage = ruvex::guidFromText("3C0B7A51-6D2E-4F0B-9A77-52D1C4E08A10");
+template <>
+struct DSInterfaceTraits<IDSImage> : DSInterface<IID_IDSImage> {};

@@ -26,25 +26,6 @@ ComPtr<CDSMemoryImage> CDSMemoryImage::create(LONG width, LONG height, const GUI
     }
 }
 
-HRESULT CDSMemoryImage::QueryInterface(const GUID& id, void** out) {
-    if (!out) return E_POINTER;
-    *out = nullptr;
-    if (id != IID_IUnknown && id != IID_IDSImage) return E_NOINTERFACE;
-    *out = static_cast<IDSImage*>(this);
-    AddRef();
-    return S_OK;
-}
-
-ULONG CDSMemoryImage::AddRef() {
-    return ++references_;
-}
-
-ULONG CDSMemoryImage::Release() {
-    const ULONG left = --references_;
-    if (left == 0) delete this;
-    return left;
-}
-
 HRESULT CDSMemoryImage::GetStatus() {
     return status_;
 }

@@ -2,23 +2,19 @@
 
 #pragma once
 
-#include <atomic>
 #include <cstddef>
 #include <vector>
 
+#include "sdk/com/com_object.h"
 #include "sdk/com/com_ptr.h"
 #include "sdk/images/image.h"
 
 /// An image that owns its pixels, zero at first. Origin (0, 0), world size = size in pixels, ready.
 /// Set up by one thread, read by any.
-class IL_API CDSMemoryImage final : public IDSImage {
+class IL_API CDSMemoryImage final : public ComObject<IDSImage> {
 public:
     /// Null when the format is unknown, a size is below 1, or there is no memory for the pixels.
     static ComPtr<CDSMemoryImage> create(LONG width, LONG height, const GUID& format);
-
-    HRESULT QueryInterface(const GUID& id, void** out) override;
-    ULONG AddRef() override;
-    ULONG Release() override;
 
     HRESULT GetStatus() override;
     HRESULT GetSize(LONG* width, LONG* height) override;
@@ -45,9 +41,8 @@ public:
 
 private:
     CDSMemoryImage(LONG width, LONG height, const GUID& format, std::size_t byteCount);
-    ~CDSMemoryImage() = default;
+    ~CDSMemoryImage() override = default;
 
-    std::atomic<ULONG> references_{1};
     LONG width_;
     LONG height_;
     GUID format_;

@@ -49,28 +49,10 @@ bool isAcceptable(const CDSParamDef& definition, const VARIANT& value) {
 
 }  // namespace
 
-CDSBasePropertyContainer::CDSBasePropertyContainer(const CDSBasePropertyContainer&) {}
+CDSBasePropertyContainer::CDSBasePropertyContainer(const CDSBasePropertyContainer& source)
+    : ComObject(source) {}
 
 CDSBasePropertyContainer::~CDSBasePropertyContainer() = default;
-
-HRESULT CDSBasePropertyContainer::QueryInterface(const GUID& id, void** out) {
-    if (!out) return E_POINTER;
-    *out = nullptr;
-    if (id != IID_IUnknown && id != IID_IDSProperties) return E_NOINTERFACE;
-    *out = static_cast<IDSProperties*>(this);
-    AddRef();
-    return S_OK;
-}
-
-ULONG CDSBasePropertyContainer::AddRef() {
-    return ++references_;
-}
-
-ULONG CDSBasePropertyContainer::Release() {
-    const ULONG left = --references_;
-    if (left == 0) delete this;
-    return left;
-}
 
 const CDSPropertiesMap* CDSBasePropertyContainer::InitStaticPropertyMap(
     DSStaticPropertiesMap& storage, std::span<const CDSPropertiesMapEntry> entries) {

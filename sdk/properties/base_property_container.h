@@ -1,24 +1,18 @@
-// An object with plain properties and a reference count.
+// An object with plain properties.
 
 #pragma once
 
-#include <atomic>
 #include <span>
 #include <vector>
 
+#include "sdk/com/com_object.h"
 #include "sdk/com/com_ptr.h"
 #include "sdk/properties/properties.h"
 
-/// Holds the reference count of the whole object, which starts at 1, the plain values behind the
-/// static map, and the observers. The host serialises calls on one object, except for the reference
-/// count.
-class DSSDK_API CDSBasePropertyContainer : public IDSProperties {
+/// Holds the plain values behind the static map, and the observers. The host serialises calls on
+/// one object, except for AddRef and Release.
+class DSSDK_API CDSBasePropertyContainer : public ComObject<IDSProperties> {
 public:
-    /// Answers to IUnknown and IDSProperties.
-    HRESULT QueryInterface(const GUID& id, void** out) override;
-    ULONG AddRef() override;
-    ULONG Release() override;
-
     HRESULT GetPropertyCount(ULONG* count) override;
     HRESULT GetPropertyDef(ULONG index, const CDSParamDef** definition) override;
     HRESULT GetValue(const GUID& id, double seconds, VARIANT* value) override;
@@ -35,7 +29,7 @@ protected:
     /// The copy starts with one reference and no observers.
     CDSBasePropertyContainer(const CDSBasePropertyContainer&);
     CDSBasePropertyContainer& operator=(const CDSBasePropertyContainer&) = delete;
-    virtual ~CDSBasePropertyContainer();
+    ~CDSBasePropertyContainer() override;
 
     /// The property-map query: a class with properties overrides it and returns its static map, see
     /// `InitStaticPropertyMap`. Null, the base's answer, is a class without properties.
@@ -56,7 +50,6 @@ private:
         ComPtr<IDSPropertyObserver> target;
     };
 
-    std::atomic<ULONG> references_{1};
     /// In the order of their cookies.
     std::vector<Observer> observers_;
     ULONG lastCookie_ = 0;

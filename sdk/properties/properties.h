@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include "sdk/com/interface_traits.h"
 #include "sdk/properties/animation.h"
 #include "sdk/properties/property_def.h"
 
@@ -53,5 +54,9 @@ protected:
 
 inline constexpr GUID IID_IDSPropertyObserver =
     ruvex::guidFromText("3C0B7A51-6D2E-4F0B-9A77-52D1C4E08A13");
+template <>
+struct DSInterfaceTraits<IDSPropertyObserver> : DSInterface<IID_IDSPropertyObserver> {};
 inline constexpr GUID IID_IDSProperties =
     ruvex::guidFromText("3C0B7A51-6D2E-4F0B-9A77-52D1C4E08A14");
+template <>
+struct DSInterfaceTraits<IDSProperties> : DSInterface<IID_IDSProperties> {};

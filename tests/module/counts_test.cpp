@@ -131,12 +131,12 @@ TEST_F(PlainFactory, NothingIsThrownAcrossIt) {
 
 TEST(Marshaler, IsMadeOnceAndBelongsToItsFactory) {
     const auto factory = makeFactory();
-    const auto marshaler = factory.query<IMarshal>(IID_IMarshal);
+    const auto marshaler = factory.query<IMarshal>();
     ASSERT_TRUE(marshaler);
-    EXPECT_EQ(factory.query<IMarshal>(IID_IMarshal), marshaler);
-    EXPECT_EQ(marshaler.query<IUnknown>(IID_IUnknown), factory.query<IUnknown>(IID_IUnknown));
+    EXPECT_EQ(factory.query<IMarshal>(), marshaler);
+    EXPECT_EQ(marshaler.query<IUnknown>(), factory.query<IUnknown>());
     const ULONG before = factory->AddRef();
-    const auto another = factory.query<IMarshal>(IID_IMarshal);
+    const auto another = factory.query<IMarshal>();
     EXPECT_EQ(factory->AddRef(), before + 2) << "a marshaler counts as one reference";
     factory->Release();
     factory->Release();
@@ -173,7 +173,7 @@ TEST(ObjectCount, HoldsWhenManyThreadsMakeAndReleaseAtOnce) {
     const auto work = [&] {
         for (int i = 0; i < 200; ++i) {
             const auto own = makeFactory();
-            ComPtr<IMarshal> marshaler = shared.query<IMarshal>(IID_IMarshal);
+            ComPtr<IMarshal> marshaler = shared.query<IMarshal>();
             ComPtr<IDSImageEffect> effect, clone;
             shared->CreateInstance(nullptr, IID_IDSImageEffect, effect.putVoid());
             effect->Clone(IID_IDSImageEffect, clone.putVoid());

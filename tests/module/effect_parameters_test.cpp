@@ -4,17 +4,15 @@
 #include <utility>
 #include <vector>
 
+#include "sdk/com/com_object.h"
 #include "tests/module/made_effect.h"
 
 namespace ruvex::test {
 namespace {
 
-/// What it was told, and who holds it; lives on the stack.
-class Observer final : public IDSPropertyObserver {
+/// Keeps what it was told. It lives on the stack, with the reference that it starts with.
+class Observer final : public ComObject<IDSPropertyObserver> {
 public:
-    HRESULT QueryInterface(const GUID&, void**) override { return E_NOINTERFACE; }
-    ULONG AddRef() override { return 1; }
-    ULONG Release() override { return 1; }
     HRESULT PropertyChanged(const GUID& id, ULONG classification) override {
         told.emplace_back(id, classification);
         return S_OK;
@@ -34,15 +32,15 @@ void expectDefaultsBy(HRESULT (IDSPlugIn::*operation)()) {
     const ComPtr<IDSImageEffect> effect = &renderer.session().effect();
     Observer observer;
     ULONG cookie = 0;
-    ASSERT_EQ(effect.query<IDSProperties>(IID_IDSProperties)->Advise(&observer, &cookie), S_OK);
-    EXPECT_EQ((*effect.query<IDSPlugIn>(IID_IDSPlugIn).*operation)(), S_OK);
+    ASSERT_EQ(effect.query<IDSProperties>()->Advise(&observer, &cookie), S_OK);
+    EXPECT_EQ((*effect.query<IDSPlugIn>().*operation)(), S_OK);
     for (const ParameterRow& parameter : parameterTable()) {
         EXPECT_EQ(renderer.session().value(parameter.identifier, 0.5), parameter.defaultValue)
             << parameter.label;
     }
     ASSERT_EQ(observer.told.size(), 1u);
     EXPECT_EQ(observer.told[0], std::pair(GUID_AllProperties, ULONG{32768}));
-    effect.query<IDSProperties>(IID_IDSProperties)->Unadvise(cookie);
+    effect.query<IDSProperties>()->Unadvise(cookie);
 }
 
 TEST(Parameters, SetDefaultsResetsThemAllAndSaysSo) {
@@ -55,7 +53,7 @@ TEST(Parameters, InitDoesTheSame) {
 
 void setDefaults(Renderer& renderer) {
     const ComPtr<IDSImageEffect> effect = &renderer.session().effect();
-    EXPECT_EQ(effect.query<IDSPlugIn>(IID_IDSPlugIn)->SetDefaults(), S_OK);
+    EXPECT_EQ(effect.query<IDSPlugIn>()->SetDefaults(), S_OK);
 }
 
 TEST(Parameters, OneThatIsNotAnimatedReadsAsItsMemberAtAnyTime) {

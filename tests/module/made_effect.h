@@ -62,7 +62,7 @@ inline DSIMAGEEFFECTINFO describe(const ComPtr<IDSImageEffect>& effect, const GU
 }
 
 inline std::vector<GUID> pagesOf(const ComPtr<IDSImageEffect>& effect) {
-    const auto plugIn = effect.query<IDSPlugIn>(IID_IDSPlugIn);
+    const auto plugIn = effect.query<IDSPlugIn>();
     ULONG count = 0;
     EXPECT_EQ(plugIn->GetPropertyPageCount(&count), S_OK);
     std::vector<GUID> pages(count);

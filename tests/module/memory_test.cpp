@@ -125,8 +125,8 @@ ComPtr<IDSImageEffect> makeFullEffect() {
     info.family = kFilterFamily;
     EXPECT_EQ(effect->GetImageEffectInfo(&info), S_OK);
     DSTOOLINFO tool;
-    EXPECT_EQ(effect.query<IDSPlugIn>(IID_IDSPlugIn)->GetToolInfo(&tool), S_OK);
-    animate(*effect.query<IDSProperties>(IID_IDSProperties), 3);
+    EXPECT_EQ(effect.query<IDSPlugIn>()->GetToolInfo(&tool), S_OK);
+    animate(*effect.query<IDSProperties>(), 3);
     return effect;
 }
 
@@ -303,7 +303,7 @@ TEST_F(Memory, ADescriptionThatFailedIsGivenTheNextTime) {
         EXPECT_EQ(status, E_OUTOFMEMORY);
     }
     ULONG pages = 0;
-    EXPECT_EQ(effect.query<IDSPlugIn>(IID_IDSPlugIn)->GetPropertyPageCount(&pages), S_OK);
+    EXPECT_EQ(effect.query<IDSPlugIn>()->GetPropertyPageCount(&pages), S_OK);
     EXPECT_EQ(pages, 8u);
 }
 

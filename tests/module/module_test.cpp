@@ -72,9 +72,9 @@ TEST(Module, ClassesThatAreRegisteredButNotToBeHadAreNotAvailable) {
 
 TEST(ClassFactory, AnswersToItsInterfacesAndNoOthers) {
     const auto made = factory();
-    EXPECT_TRUE(made.query<IUnknown>(IID_IUnknown));
-    EXPECT_TRUE(made.query<IClassFactory>(IID_IClassFactory));
-    EXPECT_TRUE(made.query<IMarshal>(IID_IMarshal)) << "it may be called from any thread";
+    EXPECT_TRUE(made.query<IUnknown>());
+    EXPECT_TRUE(made.query<IClassFactory>());
+    EXPECT_TRUE(made.query<IMarshal>()) << "it may be called from any thread";
     void* out = &out;
     EXPECT_EQ(made->QueryInterface(kUnknown, &out), E_NOINTERFACE);
     EXPECT_EQ(out, nullptr);

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "effect/ruvex.h"
+#include "sdk/com/com_object.h"
 #include "sdk/com/module_table.h"
 #include "sdk/viewer/viewer_controller.h"
 #include "tests/effect/render_fixture.h"
@@ -17,14 +18,8 @@ constexpr GUID kKeyFamily = guidFromText("61054A81-9662-11D0-B685-00A024191AE0")
 constexpr GUID kPaintFamily = guidFromText("AE0D7C40-95AA-11D0-B685-00A024191AE0");
 
 /// Lives as long as the program.
-class ToolFactory final : public IClassFactory {
+class ToolFactory final : public ComObject<IClassFactory> {
 public:
-    HRESULT QueryInterface(const GUID&, void** out) override {
-        *out = this;
-        return S_OK;
-    }
-    ULONG AddRef() override { return 1; }
-    ULONG Release() override { return 1; }
     HRESULT CreateInstance(IUnknown*, const GUID& id, void** out) override {
         return ComPtr<PlainObject>::attach(new PlainObject)->QueryInterface(id, out);
     }

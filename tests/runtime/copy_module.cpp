@@ -5,6 +5,7 @@
 #include <new>
 
 #include "runtime/effect_session.h"
+#include "sdk/com/com_object.h"
 #include "sdk/com/module_entry.h"
 #include "sdk/registry/registry.h"
 #include "tests/support/copy_effect.h"
@@ -19,17 +20,8 @@ std::atomic<int> attached{0};
 HINSTANCE instance = nullptr;
 
 /// Lives as long as the module.
-class Factory final : public IClassFactory {
+class Factory final : public ComObject<IClassFactory> {
 public:
-    HRESULT QueryInterface(const GUID& id, void** out) override {
-        *out = nullptr;
-        if (id != IID_IUnknown && id != IID_IClassFactory) return E_NOINTERFACE;
-        *out = this;
-        return S_OK;
-    }
-    ULONG AddRef() override { return 1; }
-    ULONG Release() override { return 1; }
-
     HRESULT CreateInstance(IUnknown* outer, const GUID& id, void** out) override {
         *out = nullptr;
         if (outer) return CLASS_E_NOAGGREGATION;

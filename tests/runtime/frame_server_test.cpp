@@ -24,7 +24,7 @@ TEST(FrameServer, ServesTheInputAtATime) {
     ComPtr<IUnknown> frame;
     EXPECT_EQ(server->GetInputFrame(nullptr, 0, 2.5, frame.put()), S_OK);
     EXPECT_EQ(provider->asked, 2.5);
-    EXPECT_TRUE(frame.query<IDSImage>(IID_IDSImage));
+    EXPECT_TRUE(frame.query<IDSImage>());
     frame->AddRef();
     EXPECT_EQ(frame->Release(), 1u);
 }
@@ -59,8 +59,8 @@ TEST(FrameServer, NothingInterruptsWithoutATest) {
     const auto server = FrameServer::create(nullptr, nullptr);
     EXPECT_EQ(server->QueryInterruption(), S_OK);
     EXPECT_FALSE(server->interrupted());
-    EXPECT_TRUE(server.query<IDSEffectHost>(IID_IDSEffectHost));
-    EXPECT_FALSE(server.query<IDSImage>(IID_IDSImage));
+    EXPECT_TRUE(server.query<IDSEffectHost>());
+    EXPECT_FALSE(server.query<IDSImage>());
 }
 
 }  // namespace

@@ -82,7 +82,7 @@ TEST(ModuleLoader, AModuleInUseStaysAndIsFoundAgain) {
     auto object = createEffect();
     module.reset();
     // The object's code is still there.
-    EXPECT_TRUE(object.query<IDSImageEffect>(IID_IDSImageEffect));
+    EXPECT_TRUE(object.query<IDSImageEffect>());
     module = Module::load(moduleFile("copy_module"));
     EXPECT_EQ(module->instance(), instance);
     object.reset();

@@ -4,14 +4,10 @@
 
 #include "sdk/com/com_ptr.h"
 #include "tests/support/copy_effect.h"
+#include "tests/support/reference_count.h"
 
 namespace ruvex::test {
 namespace {
-
-ULONG countOf(IUnknown& object) {
-    object.AddRef();
-    return object.Release();
-}
 
 TEST(Com, AnObjectStartsWithOneReferenceAndDiesWithTheLast) {
     auto* effect = new CopyEffect;
@@ -30,7 +26,7 @@ TEST(Com, EveryInterfaceOfTheEffectCountsTheSameReferences) {
         ASSERT_EQ(effect->QueryInterface(id, face.putVoid()), S_OK) << toText(id);
         EXPECT_EQ(countOf(*face), 2u) << toText(id);
         // From each interface one comes back to the same object.
-        EXPECT_EQ(face.query<IUnknown>(IID_IUnknown).get(),
+        EXPECT_EQ(face.query<IUnknown>().get(),
                   static_cast<IUnknown*>(static_cast<IDSProperties*>(effect.get())));
     }
     EXPECT_EQ(effect->AddRef(), 2u);
@@ -59,7 +55,7 @@ TEST(Com, StatusCodesAreTheSystems) {
 TEST(ComPtr, CopiesAndMovesReferences) {
     auto first = ComPtr<CopyEffect>::attach(new CopyEffect);
     ComPtr<CopyEffect> second = first;
-    EXPECT_EQ(countOf(*first.query<IUnknown>(IID_IUnknown)), 3u);
+    EXPECT_EQ(countOf(*first.query<IUnknown>()), 3u);
     ComPtr<CopyEffect> third = std::move(first);
     EXPECT_FALSE(first);
     EXPECT_TRUE(second == third);
@@ -72,8 +68,8 @@ TEST(ComPtr, CopiesAndMovesReferences) {
 
 TEST(ComPtr, AQueryWithoutAnAnswerIsNull) {
     const auto effect = ComPtr<CopyEffect>::attach(new CopyEffect);
-    EXPECT_FALSE(effect.query<IDSImage>(IID_IDSImage));
-    EXPECT_FALSE(ComPtr<IDSImage>().query<IUnknown>(IID_IUnknown));
+    EXPECT_FALSE(effect.query<IDSImage>());
+    EXPECT_FALSE(ComPtr<IDSImage>().query<IUnknown>());
 }
 
 TEST(Marshaler, BelongsToItsOuterObject) {
@@ -83,18 +79,18 @@ TEST(Marshaler, BelongsToItsOuterObject) {
     ASSERT_EQ(CoCreateFreeThreadedMarshaler(unknown, marshaler.put()), S_OK);
     EXPECT_EQ(countOf(*unknown), 1u);
 
-    const auto marshal = marshaler.query<IMarshal>(IID_IMarshal);
+    const auto marshal = marshaler.query<IMarshal>();
     ASSERT_TRUE(marshal);
     EXPECT_EQ(countOf(*unknown), 2u);
     EXPECT_EQ(countOf(*marshaler), 1u);
-    EXPECT_EQ(marshal.query<IUnknown>(IID_IUnknown).get(), unknown);
-    EXPECT_FALSE(marshaler.query<IDSImage>(IID_IDSImage));
+    EXPECT_EQ(marshal.query<IUnknown>().get(), unknown);
+    EXPECT_FALSE(marshaler.query<IDSImage>());
 }
 
 TEST(Marshaler, StandsAloneWithoutAnOuterObject) {
     ComPtr<IUnknown> marshaler;
     ASSERT_EQ(CoCreateFreeThreadedMarshaler(nullptr, marshaler.put()), S_OK);
-    const auto marshal = marshaler.query<IMarshal>(IID_IMarshal);
+    const auto marshal = marshaler.query<IMarshal>();
     ASSERT_TRUE(marshal);
     EXPECT_EQ(countOf(*marshaler), 2u);
     EXPECT_EQ(CoCreateFreeThreadedMarshaler(nullptr, nullptr), E_POINTER);

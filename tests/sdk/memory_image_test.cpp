@@ -62,8 +62,8 @@ TEST(MemoryImage, ReadinessIsSettable) {
 
 TEST(MemoryImage, AnswersToItsTwoInterfaces) {
     const auto image = CDSMemoryImage::create(1, 1, MFIF_RGBA_RAW_32);
-    EXPECT_TRUE(image.query<IDSImage>(IID_IDSImage));
-    EXPECT_TRUE(image.query<IUnknown>(IID_IUnknown));
+    EXPECT_TRUE(image.query<IDSImage>());
+    EXPECT_TRUE(image.query<IUnknown>());
     void* out = &out;
     EXPECT_EQ(image->QueryInterface(IID_IClassFactory, &out), E_NOINTERFACE);
     EXPECT_EQ(out, nullptr);

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <thread>
 
+#include "sdk/com/com_object.h"
 #include "sdk/com/com_ptr.h"
 #include "tests/support/copy_effect.h"
 
@@ -13,15 +14,8 @@ namespace {
 constexpr GUID kServed = guidFromText("77A1C003-0000-4000-8000-000000000001");
 constexpr GUID kNotServed = guidFromText("77A1C003-0000-4000-8000-000000000002");
 
-class Factory final : public IClassFactory {
+class Factory final : public ComObject<IClassFactory> {
 public:
-    HRESULT QueryInterface(const GUID& id, void** out) override {
-        if (id != IID_IUnknown && id != IID_IClassFactory) return E_NOINTERFACE;
-        *out = this;
-        return S_OK;
-    }
-    ULONG AddRef() override { return 1; }
-    ULONG Release() override { return 1; }
     HRESULT CreateInstance(IUnknown* outer, const GUID& id, void** out) override {
         if (outer) return CLASS_E_NOAGGREGATION;
         const auto made = ComPtr<CopyEffect>::attach(new CopyEffect);

@@ -4,6 +4,7 @@
 #include <limits>
 #include <vector>
 
+#include "sdk/com/com_object.h"
 #include "tests/support/copy_effect.h"
 
 namespace ruvex::test {
@@ -208,12 +209,9 @@ TEST_F(Properties, ObserversAreToldOfEveryChange) {
 }
 
 /// Takes another observer away, and brings one, when it is told for the first time.
-class Meddler final : public IDSPropertyObserver {
+class Meddler final : public ComObject<IDSPropertyObserver> {
 public:
     explicit Meddler(CopyEffect& effect) : effect_(effect) {}
-    HRESULT QueryInterface(const GUID&, void**) override { return E_NOINTERFACE; }
-    ULONG AddRef() override { return 1; }
-    ULONG Release() override { return 1; }
     HRESULT PropertyChanged(const GUID&, ULONG) override {
         ++told;
         if (told > 1) return S_OK;

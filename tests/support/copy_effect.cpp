@@ -78,7 +78,7 @@ ComPtr<IDSImage> CopyEffect::sourceAt(double seconds) {
     if (back == 0.0) return input;
     ComPtr<IUnknown> frame;
     effectHost->GetInputFrame(executeContext.get(), 0, seconds - back, frame.put());
-    return frame.query<IDSImage>(IID_IDSImage);
+    return frame.query<IDSImage>();
 }
 
 void CopyEffect::copyRows(IDSImage& source) {

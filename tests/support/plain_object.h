@@ -4,13 +4,13 @@
 
 #include <functional>
 
-#include "sdk/com/com.h"
+#include "sdk/com/com_object.h"
 
 namespace ruvex::test {
 
 /// An IUnknown with a count; how many there are and have been is known. What its constructor does
 /// besides, a test says.
-class PlainObject final : public IUnknown {
+class PlainObject final : public ComObject<IUnknown> {
 public:
     static inline std::function<void()> constructing;
     static inline int made = 0;
@@ -22,24 +22,8 @@ public:
         ++alive;
     }
 
-    HRESULT QueryInterface(const GUID& id, void** out) override {
-        *out = nullptr;
-        if (id != IID_IUnknown) return E_NOINTERFACE;
-        *out = this;
-        AddRef();
-        return S_OK;
-    }
-    ULONG AddRef() override { return ++references_; }
-    ULONG Release() override {
-        const ULONG left = --references_;
-        if (left == 0) delete this;
-        return left;
-    }
-
 private:
-    virtual ~PlainObject() { --alive; }
-
-    ULONG references_ = 1;
+    ~PlainObject() override { --alive; }
 };
 
 }  // namespace ruvex::test

@@ -52,7 +52,7 @@ void checkLoader(Checks& checks) {
     {
         const auto factory = module->classFactory(kRuvexClassId);
         checks.expect(!module->canUnload(), "a factory is");
-        checks.expect(static_cast<bool>(factory.query<IMarshal>(IID_IMarshal)),
+        checks.expect(static_cast<bool>(factory.query<IMarshal>()),
                       "it may be called from any thread");
     }
     checks.expect(module->canUnload(), "and no more");
