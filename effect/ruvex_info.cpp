@@ -2,6 +2,7 @@
 
 #include "effect/ruvex.h"
 #include "sdk/com/guarded.h"
+#include "sdk/effect/object_families.h"
 
 namespace ruvex {
 namespace {
@@ -12,14 +13,9 @@ struct FamilyKind {
 };
 
 constexpr FamilyKind kFamilyKinds[] = {
-    {guidFromText("AE0D7C31-95AA-11D0-B685-00A024191AE0"), 1},
-    {guidFromText("28610EB3-AECA-11D1-BFAD-0800368E7203"), 1},
-    {guidFromText("95F7E8A0-8B84-11D1-94A3-00A0C911C625"), 1},
-    {guidFromText("AE0D7C33-95AA-11D0-B685-00A024191AE0"), 2},
-    {guidFromText("61054A81-9662-11D0-B685-00A024191AE0"), 3},
-    {guidFromText("AE0D7C40-95AA-11D0-B685-00A024191AE0"), 4},
-    {guidFromText("61054A80-9662-11D0-B685-00A024191AE0"), 5},
-    {guidFromText("AE0D7C34-95AA-11D0-B685-00A024191AE0"), 7},
+    {DSFAMILY_Filter, 1},     {DSFAMILY_Filter2, 1},      {DSFAMILY_Filter3, 1},
+    {DSFAMILY_Kind2, 2},      {DSFAMILY_WithoutInput, 3}, {DSFAMILY_Paint, 4},
+    {DSFAMILY_Transition, 5}, {DSFAMILY_Kind7, 7},
 };
 
 // In the order in which the host shows them.

@@ -18,7 +18,7 @@ runtime::EffectSession openSession(const RenderPlan& plan, const std::shared_ptr
          .project = plan.project,
          .provider = input,
          .stop = stop,
-         .family = plan.mask.empty() ? runtime::kEffectFamily : runtime::kPaintFamily});
+         .family = plan.mask.empty() ? DSFAMILY_Filter : DSFAMILY_Paint});
 }
 
 void setWorkers(runtime::EffectSession& session, const RenderPlan& plan) {

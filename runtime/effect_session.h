@@ -12,15 +12,10 @@
 #include "runtime/module_loader.h"
 #include "runtime/project.h"
 #include "sdk/effect/effect.h"
+#include "sdk/effect/object_families.h"
+#include "sdk/effect/ruvex_class_id.h"
 
 namespace ruvex::runtime {
-
-/// The effect's class, and the object family of a session that names no other.
-inline constexpr GUID kRuvexClassId = guidFromText("A41E7F12-37AB-48B5-99C9-C4B83402C0FC");
-inline constexpr GUID kEffectFamily = guidFromText("AE0D7C31-95AA-11D0-B685-00A024191AE0");
-
-/// The paint family: the effect is blended onto its input through a pixel mask.
-inline constexpr GUID kPaintFamily = guidFromText("AE0D7C40-95AA-11D0-B685-00A024191AE0");
 
 /// The time of frame `index` at a rate: index / rate, in seconds.
 inline double frameTime(std::int64_t index, double framesPerSecond) {
@@ -61,7 +56,7 @@ public:
         /// without a source never stops.
         std::stop_token stop = {};
         GUID classId = kRuvexClassId;
-        GUID family = kEffectFamily;
+        GUID family = DSFAMILY_Filter;
     };
 
     /// Makes the effect through the module's class factory and initialises it: all parameters have

@@ -1,12 +1,12 @@
-// The identifiers of the classes that the module serves.
+// The identifiers of the classes that the module serves. The effect's own is shared with its hosts.
 
 #pragma once
 
 #include "sdk/com/guid.h"
+#include "sdk/effect/ruvex_class_id.h"
 
 namespace ruvex {
 
-inline constexpr GUID kRuvexClassId = guidFromText("A41E7F12-37AB-48B5-99C9-C4B83402C0FC");
 inline constexpr GUID kRuvexPageId = guidFromText("FF17B06D-625E-467E-8781-A656F61FC4DF");
 inline constexpr GUID kGunsPageId = guidFromText("5D00DB8B-608B-403D-A53D-0A9FEF753796");
 inline constexpr GUID kBreakup1PageId = guidFromText("82E8CBFA-9E51-4920-A471-A4F5249EA3B0");

@@ -5,6 +5,7 @@
 #include "effect/ruvex.h"
 #include "host/base/class_ids.h"
 #include "host/module/class_factory.h"
+#include "sdk/effect/object_families.h"
 
 namespace ruvex {
 namespace {
@@ -29,10 +30,10 @@ constexpr ServedClass kClasses[] = {
 };
 
 constexpr GUID kFamilies[] = {
-    guidFromText("183E3834-D79D-11D0-A7AE-00A0C9068107"),
-    guidFromText("AE0D7C31-95AA-11D0-B685-00A024191AE0"),
-    guidFromText("AE0D7C40-95AA-11D0-B685-00A024191AE0"),
-    guidFromText("95F7E8A0-8B84-11D1-94A3-00A0C911C625"),
+    DSFAMILY_List,
+    DSFAMILY_Filter,
+    DSFAMILY_Paint,
+    DSFAMILY_Filter3,
 };
 
 }  // namespace

@@ -8,10 +8,6 @@
 namespace ruvex::test {
 namespace {
 
-constexpr GUID kPaintFamily = guidFromText("AE0D7C40-95AA-11D0-B685-00A024191AE0");
-constexpr GUID kKeyFamily = guidFromText("61054A81-9662-11D0-B685-00A024191AE0");
-constexpr GUID kTransitionFamily = guidFromText("61054A80-9662-11D0-B685-00A024191AE0");
-
 template <class P>
 class Finish : public testing::Test {
 protected:
@@ -22,7 +18,7 @@ TYPED_TEST_SUITE(Finish, FramePixels);
 
 // A renderer whose effect is transparent black everywhere.
 struct BlackRenderer : Renderer {
-    explicit BlackRenderer(const GUID& family = runtime::kEffectFamily)
+    explicit BlackRenderer(const GUID& family = DSFAMILY_Filter)
         : Renderer(kSmall, nullptr, family) {
         set(ParameterId::WhiteDot, 100);
     }
@@ -135,7 +131,7 @@ TYPED_TEST(Finish, TheChannelMaskKeepsToTheRegion) {
 }
 
 TYPED_TEST(Finish, KeysAndTransitionsHaveNoChannelMask) {
-    for (const GUID& family : {kKeyFamily, kTransitionFamily}) {
+    for (const GUID& family : {DSFAMILY_WithoutInput, DSFAMILY_Transition}) {
         BlackRenderer renderer(family);
         renderer.set(ParameterId::MaskRed, 0);
         const auto picture =
@@ -172,7 +168,7 @@ ComPtr<CDSMemoryImage> maskOf(int width, int height, const auto& value) {
 }
 
 TYPED_TEST(Finish, PaintWithAMaskOfZeroIsTheInput) {
-    BlackRenderer renderer(kPaintFamily);
+    BlackRenderer renderer(DSFAMILY_Paint);
     renderer.set(ParameterId::CropLeft, 40);
     const auto picture =
         renderer.render(this->input_, 0.0, {}, [](runtime::RenderRequest& request) {
@@ -182,7 +178,7 @@ TYPED_TEST(Finish, PaintWithAMaskOfZeroIsTheInput) {
 }
 
 TYPED_TEST(Finish, PaintBlendsByTheMaskAtItsPlace) {
-    BlackRenderer renderer(kPaintFamily);
+    BlackRenderer renderer(DSFAMILY_Paint);
     const auto value = [](int x, int y) { return (x * 40 + y * 7) % 256; };
     const auto picture =
         renderer.render(this->input_, 0.0, {}, [&](runtime::RenderRequest& request) {
@@ -203,7 +199,7 @@ TYPED_TEST(Finish, PaintBlendsByTheMaskAtItsPlace) {
 }
 
 TYPED_TEST(Finish, APaintMaskOfAnotherFormatIsNone) {
-    BlackRenderer renderer(kPaintFamily);
+    BlackRenderer renderer(DSFAMILY_Paint);
     const auto picture =
         renderer.render(this->input_, 0.0, {}, [&](runtime::RenderRequest& request) {
             request.pixelMask = imageOf(kSmall, this->input_);
@@ -213,7 +209,7 @@ TYPED_TEST(Finish, APaintMaskOfAnotherFormatIsNone) {
 
 TYPED_TEST(Finish, PaintNeverLooksAtAnotherFrame) {
     const auto clip = std::make_shared<NumberedClip<TypeParam>>(kSmall, 100);
-    Renderer renderer(kSmall, clip, kPaintFamily);
+    Renderer renderer(kSmall, clip, DSFAMILY_Paint);
     makeClean(renderer);
     renderer.set(ParameterId::PlaySpeed, 0);
     renderer.set(ParameterId::RepeatFrames, 5);

@@ -205,7 +205,7 @@ TYPED_TEST(Frame, BlankCroppedClearsWhatLiesOutside) {
 }
 
 TYPED_TEST(Frame, WithoutAnInputThereIsNothingToSee) {
-    Renderer renderer(kSmall, nullptr, guidFromText("61054A81-9662-11D0-B685-00A024191AE0"));
+    Renderer renderer(kSmall, nullptr, DSFAMILY_WithoutInput);
     const auto input = randomPicture<TypeParam>(24, 18, 14);
     for (const double resolution : {100.0, 30.0}) {
         renderer.set(ParameterId::Resolution, resolution);

@@ -71,7 +71,7 @@ class Renderer {
 public:
     explicit Renderer(runtime::Project project,
                       std::shared_ptr<runtime::InputProvider> provider = nullptr,
-                      GUID family = runtime::kEffectFamily);
+                      GUID family = DSFAMILY_Filter);
 
     void set(ParameterId id, double value) { session().setValue(row(id).identifier, value); }
     void animate(ParameterId id, const std::vector<DSKey>& keys) {

@@ -19,7 +19,7 @@ using Adjust = std::function<void(runtime::RenderRequest&, int width, int height
 struct ChainCase {
     std::string name;
     std::vector<Setting> settings;
-    GUID family = runtime::kEffectFamily;
+    GUID family = DSFAMILY_Filter;
     Adjust adjust = nullptr;
 };
 
@@ -66,7 +66,7 @@ std::vector<ChainCase> chainCases() {
         {"channels-red-alpha", {{Id::MaskGreen, 0}, {Id::MaskBlue, 0}, {Id::Blur, 6}}},
         {"region", {{Id::Resolution, 40}, {Id::SnowThreshold, 0}, {Id::SnowMax, 60}}},
         {"field", {{Id::Blur, 4}, {Id::ScanlineWidth, 10}}},
-        {"paint", {{Id::Resolution, 15}}, runtime::kPaintFamily, mask},
+        {"paint", {{Id::Resolution, 15}}, DSFAMILY_Paint, mask},
     };
     std::ranges::find(cases, "region", &ChainCase::name)->adjust = region;
     std::ranges::find(cases, "field", &ChainCase::name)->adjust = field;

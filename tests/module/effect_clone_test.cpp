@@ -11,7 +11,7 @@ TEST(CloneOfAnEffect, RefusesAMissingPointerAndAnUnknownInterface) {
     const auto effect = makeEffect();
     EXPECT_EQ(effect->Clone(IID_IDSImageEffect, nullptr), E_POINTER);
     void* out = &out;
-    EXPECT_EQ(effect->Clone(kNoFamily, &out), E_NOINTERFACE);
+    EXPECT_EQ(effect->Clone(DSFAMILY_List, &out), E_NOINTERFACE);
     EXPECT_EQ(out, nullptr);
 }
 

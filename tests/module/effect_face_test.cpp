@@ -14,20 +14,20 @@ std::int32_t kindOf(const GUID& family) {
 }
 
 TEST(EffectFace, FamiliesDecideTheKind) {
-    EXPECT_EQ(kindOf(kFilterFamily), 1);
-    EXPECT_EQ(kindOf(guidFromText("28610EB3-AECA-11D1-BFAD-0800368E7203")), 1);
-    EXPECT_EQ(kindOf(guidFromText("95F7E8A0-8B84-11D1-94A3-00A0C911C625")), 1);
-    EXPECT_EQ(kindOf(kFamilyOfKind2), 2);
-    EXPECT_EQ(kindOf(kFamilyOfKind3), 3);
-    EXPECT_EQ(kindOf(kPaintFamily), 4);
-    EXPECT_EQ(kindOf(kTransitionFamily), 5);
-    EXPECT_EQ(kindOf(kFamilyOfKind7), 7);
+    EXPECT_EQ(kindOf(DSFAMILY_Filter), 1);
+    EXPECT_EQ(kindOf(DSFAMILY_Filter2), 1);
+    EXPECT_EQ(kindOf(DSFAMILY_Filter3), 1);
+    EXPECT_EQ(kindOf(DSFAMILY_Kind2), 2);
+    EXPECT_EQ(kindOf(DSFAMILY_WithoutInput), 3);
+    EXPECT_EQ(kindOf(DSFAMILY_Paint), 4);
+    EXPECT_EQ(kindOf(DSFAMILY_Transition), 5);
+    EXPECT_EQ(kindOf(DSFAMILY_Kind7), 7);
 }
 
 TEST(EffectFace, AnyOtherFamilyLeavesTheKindAsItWas) {
     const auto effect = makeEffect();
-    describe(effect, kPaintFamily);
-    describe(effect, kNoFamily);
+    describe(effect, DSFAMILY_Paint);
+    describe(effect, DSFAMILY_List);
     EXPECT_EQ(stateOf(effect).effectKind, 4);
 }
 
@@ -35,7 +35,7 @@ const std::vector<GUID> kAllPages = {kRuvexPageId, kGunsPageId,    kBreakup1Page
                                      kShashPageId, kEffectsPageId, kCropPageId,     kHelpPageId};
 
 TEST(EffectFace, FiltersAndPaintShowTheirPagesInOrder) {
-    for (const GUID& family : {kFilterFamily, kPaintFamily}) {
+    for (const GUID& family : {DSFAMILY_Filter, DSFAMILY_Paint}) {
         const auto effect = makeEffect();
         EXPECT_TRUE(pagesOf(effect).empty());
         describe(effect, family);
@@ -44,7 +44,8 @@ TEST(EffectFace, FiltersAndPaintShowTheirPagesInOrder) {
 }
 
 TEST(EffectFace, OtherKindsHaveNoPages) {
-    for (const GUID& family : {kFamilyOfKind2, kFamilyOfKind3, kTransitionFamily, kFamilyOfKind7}) {
+    for (const GUID& family :
+         {DSFAMILY_Kind2, DSFAMILY_WithoutInput, DSFAMILY_Transition, DSFAMILY_Kind7}) {
         const auto effect = makeEffect();
         describe(effect, family);
         EXPECT_TRUE(pagesOf(effect).empty());
@@ -54,30 +55,30 @@ TEST(EffectFace, OtherKindsHaveNoPages) {
 TEST(EffectFace, PagesAreListedAtTheFirstDescriptionOnly) {
     const auto effect = makeEffect();
     EXPECT_EQ(stateOf(effect).infoFlags & 1, 0u);
-    describe(effect, kFamilyOfKind3);
+    describe(effect, DSFAMILY_WithoutInput);
     EXPECT_EQ(stateOf(effect).infoFlags & 1, 1u);
-    describe(effect, kFilterFamily);
+    describe(effect, DSFAMILY_Filter);
     EXPECT_TRUE(pagesOf(effect).empty());
     const auto clone = cloneOf(effect);
-    describe(clone, kFilterFamily);
+    describe(clone, DSFAMILY_Filter);
     EXPECT_TRUE(pagesOf(clone).empty()) << "its source was described";
 }
 
 TEST(EffectFace, DescribingItselfAgainAddsNoPages) {
     const auto effect = makeEffect();
-    describe(effect, kFilterFamily);
-    describe(effect, kPaintFamily);
+    describe(effect, DSFAMILY_Filter);
+    describe(effect, DSFAMILY_Paint);
     EXPECT_EQ(pagesOf(effect), kAllPages);
     const auto clone = cloneOf(effect);
-    describe(clone, kFilterFamily);
+    describe(clone, DSFAMILY_Filter);
     EXPECT_EQ(pagesOf(clone), kAllPages) << "a clone has its source's";
 }
 
 TEST(EffectFace, ARecordOfAnotherKindIsRefusedAndChangesNothing) {
     const auto effect = makeEffect();
     DSIMAGEEFFECTINFO info;
-    info.family = kPaintFamily;
-    info.recordId = kNoFamily;
+    info.family = DSFAMILY_Paint;
+    info.recordId = DSFAMILY_List;
     EXPECT_EQ(effect->GetImageEffectInfo(&info), E_INVALIDARG);
     EXPECT_EQ(effect->GetImageEffectInfo(nullptr), E_POINTER);
     EXPECT_EQ(stateOf(effect).effectKind, 0);
@@ -96,7 +97,7 @@ TEST(EffectFace, ThePlugInRecordNamesTheClass) {
     EXPECT_EQ(info.noIdentifier, 0u);
     EXPECT_EQ(info.last, 0u);
     info = {};
-    info.recordId = kNoFamily;
+    info.recordId = DSFAMILY_List;
     EXPECT_EQ(plugIn->GetInfo(&info), E_INVALIDARG);
     EXPECT_NE(info.classId, kRuvexClassId);
     EXPECT_EQ(plugIn->GetInfo(nullptr), E_POINTER);
@@ -135,7 +136,7 @@ protected:
 };
 
 TEST_F(Verifying, WithoutAnOutputNothingCanBeRendered) {
-    const auto effect = effectOf(kFilterFamily, true);
+    const auto effect = effectOf(DSFAMILY_Filter, true);
     EXPECT_EQ(effect->Verify(), S_OK);
     effect->SetOutput(nullptr);
     EXPECT_EQ(effect->Verify(), E_POINTER);
@@ -143,23 +144,23 @@ TEST_F(Verifying, WithoutAnOutputNothingCanBeRendered) {
 }
 
 TEST_F(Verifying, KindsThatNeedAnInput) {
-    for (const GUID& family : {kFilterFamily, kFamilyOfKind2}) {
+    for (const GUID& family : {DSFAMILY_Filter, DSFAMILY_Kind2}) {
         EXPECT_EQ(effectOf(family, false)->Verify(), E_POINTER);
         EXPECT_EQ(effectOf(family, true)->Verify(), S_OK);
     }
-    EXPECT_EQ(effectOf(kFamilyOfKind3, false)->Verify(), S_OK) << "kind 3 needs none";
-    EXPECT_EQ(effectOf(kFamilyOfKind7, false)->Verify(), S_OK);
+    EXPECT_EQ(effectOf(DSFAMILY_WithoutInput, false)->Verify(), S_OK) << "kind 3 needs none";
+    EXPECT_EQ(effectOf(DSFAMILY_Kind7, false)->Verify(), S_OK);
 }
 
 TEST_F(Verifying, PaintNeedsAPixelMask) {
-    const auto effect = effectOf(kPaintFamily, true);
+    const auto effect = effectOf(DSFAMILY_Paint, true);
     EXPECT_EQ(effect->Verify(), E_POINTER);
     effect->SetPixelMask(image.get(), 0, 0);
     EXPECT_EQ(effect->Verify(), S_OK);
 }
 
 TEST_F(Verifying, ATransitionNeedsASecondInput) {
-    const auto effect = effectOf(kTransitionFamily, true);
+    const auto effect = effectOf(DSFAMILY_Transition, true);
     EXPECT_EQ(effect->Verify(), E_POINTER);
     effect->SetInput2(image.get());
     EXPECT_EQ(effect->Verify(), S_OK);

@@ -10,14 +10,6 @@
 
 namespace ruvex::test {
 
-inline constexpr GUID kFilterFamily = guidFromText("AE0D7C31-95AA-11D0-B685-00A024191AE0");
-inline constexpr GUID kFamilyOfKind2 = guidFromText("AE0D7C33-95AA-11D0-B685-00A024191AE0");
-inline constexpr GUID kFamilyOfKind3 = guidFromText("61054A81-9662-11D0-B685-00A024191AE0");
-inline constexpr GUID kPaintFamily = guidFromText("AE0D7C40-95AA-11D0-B685-00A024191AE0");
-inline constexpr GUID kTransitionFamily = guidFromText("61054A80-9662-11D0-B685-00A024191AE0");
-inline constexpr GUID kFamilyOfKind7 = guidFromText("AE0D7C34-95AA-11D0-B685-00A024191AE0");
-inline constexpr GUID kNoFamily = guidFromText("183E3834-D79D-11D0-A7AE-00A0C9068107");
-
 template <class T>
 ComPtr<T> makeEffect(const GUID& id) {
     ComPtr<T> effect;

@@ -8,6 +8,7 @@
 #include "pages/resources/resources.h"
 #include "parameters/parameter_table.h"
 #include "sdk/effect/effect.h"
+#include "sdk/effect/object_families.h"
 #include "sdk/resources/resources.h"
 #include "tests/module/linked_module.h"
 #include "tests/support/scripted_registry.h"
@@ -15,8 +16,6 @@
 
 namespace ruvex::test {
 namespace {
-
-constexpr GUID kFilterFamily = guidFromText("AE0D7C31-95AA-11D0-B685-00A024191AE0");
 
 /// Attaches the module, whose objects are part of this program, as its loader does.
 class Memory : public testing::Test {
@@ -122,7 +121,7 @@ ComPtr<IDSImageEffect> makeFullEffect() {
     ComPtr<IDSImageEffect> effect;
     makeFactory()->CreateInstance(nullptr, IID_IDSImageEffect, effect.putVoid());
     DSIMAGEEFFECTINFO info;
-    info.family = kFilterFamily;
+    info.family = DSFAMILY_Filter;
     EXPECT_EQ(effect->GetImageEffectInfo(&info), S_OK);
     DSTOOLINFO tool;
     EXPECT_EQ(effect.query<IDSPlugIn>()->GetToolInfo(&tool), S_OK);
@@ -274,7 +273,7 @@ TEST_F(Memory, StringsNeedNone) {
 
 TEST_F(Memory, RunsOutAtEachAllocationOfADescription) {
     DSIMAGEEFFECTINFO info;
-    info.family = kFilterFamily;
+    info.family = DSFAMILY_Filter;
     const auto factory = makeFactory();
     const auto describe = [&](void** out) {
         // A new object each time, since an effect lists its pages once.
@@ -292,7 +291,7 @@ TEST_F(Memory, ADescriptionThatFailedIsGivenTheNextTime) {
     ComPtr<IDSImageEffect> effect;
     makeFactory()->CreateInstance(nullptr, IID_IDSImageEffect, effect.putVoid());
     DSIMAGEEFFECTINFO info;
-    info.family = kFilterFamily;
+    info.family = DSFAMILY_Filter;
     for (std::size_t failing = 1;; ++failing) {
         HRESULT status = S_OK;
         {

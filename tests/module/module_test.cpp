@@ -13,7 +13,7 @@ namespace {
 constexpr GUID kUnknown = guidFromText("01234567-89AB-CDEF-0123-456789ABCDEF");
 
 ComPtr<IClassFactory> factory() {
-    return builtModule()->classFactory(runtime::kRuvexClassId);
+    return builtModule()->classFactory(kRuvexClassId);
 }
 
 TEST(Module, CanBeUnloadedOnlyWhenNothingOfItLives) {

@@ -13,10 +13,6 @@
 namespace ruvex::test {
 namespace {
 
-constexpr GUID kFilterFamily = guidFromText("AE0D7C31-95AA-11D0-B685-00A024191AE0");
-constexpr GUID kKeyFamily = guidFromText("61054A81-9662-11D0-B685-00A024191AE0");
-constexpr GUID kPaintFamily = guidFromText("AE0D7C40-95AA-11D0-B685-00A024191AE0");
-
 /// Lives as long as the program.
 class ToolFactory final : public ComObject<IClassFactory> {
 public:
@@ -68,7 +64,7 @@ protected:
 };
 
 TEST_F(Overlay, ComesUpInTheViewerOfTheObject) {
-    const auto effect = makeEffect(kFilterFamily);
+    const auto effect = makeEffect(DSFAMILY_Filter);
     EXPECT_EQ(baseOf(effect).beginOverlay(object.get()), S_OK);
     ASSERT_EQ(contexts(), 1u);
     const VWContext shown = VWControllerContexts()[0];
@@ -81,7 +77,7 @@ TEST_F(Overlay, ComesUpInTheViewerOfTheObject) {
 }
 
 TEST_F(Overlay, ThePaintKindHasNone) {
-    const auto effect = makeEffect(kPaintFamily);
+    const auto effect = makeEffect(DSFAMILY_Paint);
     EXPECT_EQ(baseOf(effect).beginOverlay(object.get()), S_OK);
     EXPECT_EQ(PlainObject::made, 0);
     EXPECT_EQ(contexts(), 0u);
@@ -90,21 +86,21 @@ TEST_F(Overlay, ThePaintKindHasNone) {
 }
 
 TEST_F(Overlay, EveryOtherKindHasOne) {
-    const auto effect = makeEffect(kKeyFamily);
+    const auto effect = makeEffect(DSFAMILY_WithoutInput);
     EXPECT_EQ(baseOf(effect).beginOverlay(object.get()), S_OK);
     EXPECT_EQ(PlainObject::made, 1);
     baseOf(effect).endOverlay();
 }
 
 TEST_F(Overlay, AMissingObjectIsRefusedForEveryKind) {
-    for (const GUID& family : {kFilterFamily, kPaintFamily}) {
+    for (const GUID& family : {DSFAMILY_Filter, DSFAMILY_Paint}) {
         EXPECT_EQ(baseOf(makeEffect(family)).beginOverlay(nullptr), E_POINTER);
     }
     EXPECT_EQ(PlainObject::made, 0);
 }
 
 TEST_F(Overlay, IsSharedAndGoesWithTheLastPage) {
-    const auto effect = makeEffect(kFilterFamily);
+    const auto effect = makeEffect(DSFAMILY_Filter);
     VxDsEffect& base = baseOf(effect);
     base.beginOverlay(object.get());
     EXPECT_EQ(base.beginOverlay(object.get()), S_OK);
@@ -121,7 +117,7 @@ TEST_F(Overlay, IsSharedAndGoesWithTheLastPage) {
 }
 
 TEST_F(Overlay, GoesWithTheEffect) {
-    auto effect = makeEffect(kFilterFamily);
+    auto effect = makeEffect(DSFAMILY_Filter);
     baseOf(effect).beginOverlay(object.get());
     baseOf(effect).beginOverlay(object.get());
     effect.reset();
@@ -129,7 +125,7 @@ TEST_F(Overlay, GoesWithTheEffect) {
 }
 
 TEST_F(Overlay, IsNotTheClones) {
-    const auto effect = makeEffect(kFilterFamily);
+    const auto effect = makeEffect(DSFAMILY_Filter);
     baseOf(effect).beginOverlay(object.get());
     ComPtr<IDSImageEffect> clone;
     ASSERT_EQ(effect->Clone(IID_IDSImageEffect, clone.putVoid()), S_OK);
@@ -140,7 +136,7 @@ TEST_F(Overlay, IsNotTheClones) {
 }
 
 TEST_F(Overlay, AToolThatCannotBeMadeLeavesNothingAndCanBeAskedForAgain) {
-    const auto effect = makeEffect(kFilterFamily);
+    const auto effect = makeEffect(DSFAMILY_Filter);
     DSRemoveModule(serveTool);
     EXPECT_EQ(baseOf(effect).beginOverlay(object.get()), REGDB_E_CLASSNOTREG);
     EXPECT_EQ(contexts(), 0u);

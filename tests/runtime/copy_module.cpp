@@ -12,7 +12,7 @@
 
 namespace {
 
-using ruvex::runtime::kRuvexClassId;
+using ruvex::kRuvexClassId;
 using ruvex::test::CopyEffect;
 
 std::atomic<int> locks{0};

@@ -30,7 +30,7 @@ RenderRequest frame(int index, const ComPtr<CDSMemoryImage>& output) {
 TEST(EffectSession, StartsWithTheDefaultsAndDescribesItself) {
     const EffectSession session(copySetup());
     EXPECT_EQ(session.value(kDelayId), 0.0);
-    EXPECT_EQ(session.info().family, kEffectFamily);
+    EXPECT_EQ(session.info().family, DSFAMILY_Filter);
     EXPECT_EQ(session.info().field3, 2u);
     ASSERT_TRUE(session.definition(kLiftId));
     EXPECT_EQ(session.definition(kLiftId)->type, VT_I4);
@@ -145,7 +145,7 @@ TEST(EffectSession, ACloneOutlivesItsSource) {
     const auto output = emptyOutput();
     clone.render(frame(7, output));
     EXPECT_EQ(countOf(*output, 8), kAllBytes);
-    EXPECT_EQ(clone.info().family, kEffectFamily);
+    EXPECT_EQ(clone.info().family, DSFAMILY_Filter);
 }
 
 /// Requests a stop when it is asked for frame 7.

@@ -7,8 +7,6 @@
 namespace ruvex::test {
 namespace {
 
-using runtime::kRuvexClassId;
-
 constexpr GUID kMainPage = guidFromText("FF17B06D-625E-467E-8781-A656F61FC4DF");
 
 HRESULT make(const GUID& classId) {

@@ -14,9 +14,7 @@ using Id = ParameterId;
 
 constexpr std::array kExtremes{1e300, -1e300, 1e39, -1e39, 1e10, -1e10, 2147483648.0, -1e-300, 0.0};
 constexpr std::array kRates{1.0, 23.976, 25.0, 60000.0 / 1001, 120.0, 1000.0};
-constexpr std::array kFamilies{guidFromText("AE0D7C31-95AA-11D0-B685-00A024191AE0"),
-                               guidFromText("61054A81-9662-11D0-B685-00A024191AE0"),
-                               guidFromText("AE0D7C40-95AA-11D0-B685-00A024191AE0")};
+constexpr std::array kFamilies{DSFAMILY_Filter, DSFAMILY_WithoutInput, DSFAMILY_Paint};
 constexpr std::array kPlaces{0.0f, 1.0f, -3.0f, 7.5f, 1e6f, -2147483648.0f, 2147483520.0f, 1e30f};
 
 double extreme(Random& random) {
