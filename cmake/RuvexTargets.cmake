@@ -29,7 +29,6 @@ else()
   target_compile_options(ruvex_options INTERFACE
     $<$<CXX_COMPILER_ID:GNU>:-fno-gnu-unique>)
 endif()
-target_include_directories(ruvex_options INTERFACE "${PROJECT_SOURCE_DIR}")
 if(CMAKE_UNITY_BUILD)
   # Where several files are compiled as one, a local name may shadow another file's, and a source
   # file counts as a header. A build of each file by itself finds what these warnings look for.
@@ -47,12 +46,33 @@ if(RUVEX_FUZZ)
   target_compile_options(ruvex_options INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
+# ruvex_include_root(VARIABLE PATH): gives in VARIABLE an include folder of the build from which one
+# folder or file of the sources can be included, by its PATH from the root, and nothing else.
+function(ruvex_include_root variable path)
+  string(REPLACE "/" "_" name "${path}")
+  set(root "${PROJECT_BINARY_DIR}/include/${name}")
+  cmake_path(GET path PARENT_PATH parent)
+  file(MAKE_DIRECTORY "${root}/${parent}")
+  file(CREATE_LINK "${PROJECT_SOURCE_DIR}/${path}" "${root}/${path}" SYMBOLIC)
+  set(${variable} "${root}" PARENT_SCOPE)
+endfunction()
+
+# ruvex_export_folder(TARGET): lets TARGET and what links it include the current folder. A target thus
+# sees its own folder and those of the libraries that it links, and an include that goes against the
+# order of layers does not compile.
+function(ruvex_export_folder target)
+  cmake_path(RELATIVE_PATH CMAKE_CURRENT_SOURCE_DIR BASE_DIRECTORY "${PROJECT_SOURCE_DIR}"
+    OUTPUT_VARIABLE folder)
+  ruvex_include_root(root "${folder}")
+  target_include_directories(${target} PUBLIC "${root}")
+endfunction()
+
 # ruvex_library(NAME SOURCES... LIBS...): a static library of one folder.
 function(ruvex_library name)
   cmake_parse_arguments(arg "" "" "SOURCES;LIBS" ${ARGN})
   add_library(${name} STATIC ${arg_SOURCES})
   target_link_libraries(${name} PUBLIC ${arg_LIBS} PRIVATE ruvex_options)
-  target_include_directories(${name} PUBLIC "${PROJECT_SOURCE_DIR}")
+  ruvex_export_folder(${name})
 endfunction()
 
 # ruvex_shared_library(NAME DEFINE SOURCES... LIBS...): a shared library; DEFINE is set while it is
@@ -69,7 +89,7 @@ function(ruvex_shared_library name define)
     endif()
   endif()
   target_link_libraries(${name} PUBLIC ${arg_LIBS} PRIVATE ruvex_options)
-  target_include_directories(${name} PUBLIC "${PROJECT_SOURCE_DIR}")
+  ruvex_export_folder(${name})
 endfunction()
 
 # ruvex_test(NAME LABEL SOURCES... LIBS...): one GoogleTest program; LABEL is unit, property or picture.
