@@ -46,6 +46,21 @@ if(RUVEX_FUZZ)
   target_compile_options(ruvex_options INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
+# ruvex_avx2_sources(VARIABLE SOURCES... OPTIONS...): gives in VARIABLE the sources, to be compiled for
+# x86-64 processors with AVX2, and nothing in builds for other kinds of processor. Which version of a
+# loop runs is chosen at run time (imaging/kernels/dispatch.h). -fno-trapping-math lets loops with
+# choices in them be widened; no value changes.
+function(ruvex_avx2_sources variable)
+  cmake_parse_arguments(arg "" "" "OPTIONS" ${ARGN})
+  set(sources ${arg_UNPARSED_ARGUMENTS})
+  set(${variable} "" PARENT_SCOPE)
+  if(CMAKE_SYSTEM_PROCESSOR MATCHES "^(x86_64|AMD64|amd64)$")
+    set(${variable} ${sources} PARENT_SCOPE)
+    set_source_files_properties(${sources}
+      PROPERTIES COMPILE_OPTIONS "-mavx2;-fno-trapping-math;${arg_OPTIONS}")
+  endif()
+endfunction()
+
 # ruvex_include_root(VARIABLE PATH): gives in VARIABLE an include folder of the build from which one
 # folder or file of the sources can be included, by its PATH from the root, and nothing else.
 function(ruvex_include_root variable path)

@@ -33,6 +33,9 @@ struct BoxKernels {
 /// For any processor that the build is for.
 const BoxKernels& plainBoxKernels();
 
+/// For x86-64 processors with AVX2. Builds for other kinds of processor do not define it.
+const BoxKernels& avx2BoxKernels();
+
 /// The fastest that this machine runs.
 const BoxKernels& bestBoxKernels();
 

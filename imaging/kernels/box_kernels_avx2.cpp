@@ -1,7 +1,6 @@
-// Compiled with -mavx2; what it defines is called only where the processor has that.
+// Compiled with -mavx2. What it defines runs on processors with AVX2 alone.
 
 #include "imaging/kernels/box_kernel_loops.h"
-#include "imaging/kernels/box_kernels_x86.h"
 
 namespace ruvex {
 namespace {

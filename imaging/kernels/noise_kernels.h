@@ -30,6 +30,9 @@ struct NoiseKernels {
 /// For any processor that the build is for.
 const NoiseKernels& plainNoiseKernels();
 
+/// For x86-64 processors with AVX2. Builds for other kinds of processor do not define it.
+const NoiseKernels& avx2NoiseKernels();
+
 /// The fastest that this machine runs.
 const NoiseKernels& bestNoiseKernels();
 

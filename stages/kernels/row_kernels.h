@@ -50,6 +50,10 @@ struct RowKernels {
 template <class P>
 const RowKernels<P>& plainRowKernels();
 
+/// For x86-64 processors with AVX2. Builds for other kinds of processor do not define it.
+template <class P>
+const RowKernels<P>& avx2RowKernels();
+
 /// The fastest that this machine runs.
 template <class P>
 const RowKernels<P>& bestRowKernels();

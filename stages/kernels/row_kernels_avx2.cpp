@@ -1,7 +1,6 @@
-// Compiled with -mavx2; what it defines is called only where the processor has that.
+// Compiled with -mavx2. What it defines runs on processors with AVX2 alone.
 
 #include "stages/kernels/row_kernel_table.h"
-#include "stages/kernels/row_kernels_x86.h"
 
 namespace ruvex {
 namespace {
