@@ -4,40 +4,17 @@
 #include "effect/player.h"
 #include "effect/signal_moment.h"
 #include "imaging/pixel_convert.h"
+#include "parameters/artefacts.h"
 
 namespace ruvex {
 namespace {
 
-// The amounts of the stages at one level and moment.
-class Amounts {
-public:
-    Amounts(const ParameterReader& reader, double seconds, float level)
-        : reader_(reader), seconds_(seconds), level_(level) {}
-
-    double of(ParameterId max, ParameterId threshold) const {
-        return ramp(level_, reader_.clampedReal(max, seconds_),
-                    fractionOf(reader_.clampedReal(threshold, seconds_)));
-    }
-    double fraction(ParameterId max, ParameterId threshold) const {
-        return of(max, threshold) * kPercent;
-    }
-
-private:
-    const ParameterReader& reader_;
-    double seconds_;
-    float level_;
-};
-
-void fillAmounts(FrameValues& values, const Amounts& amounts) {
-    using enum ParameterId;
-    values.colourDegrade = amounts.fraction(ColourDegradeMax, ColourThreshold);
-    values.ghostDistance = amounts.of(GhostingDistanceMax, GhostingThreshold);
-    values.edgeDistortion = amounts.of(EdgeDistortionMax, EdgeThreshold);
-    values.snow = amounts.fraction(SnowMax, SnowThreshold);
-    values.shash = amounts.fraction(ShashAmountMax, ShashThreshold);
-    values.lineSpeed = amounts.of(LineSpeedMax, LineThreshold);
-    values.verticalOffset = amounts.of(VertOffsetMax, VertOffsetThreshold);
-    values.rollSpeed = amounts.of(VertRollSpeedMax, VertRollThreshold);
+// What the artefact does at a level: a fraction or pixels, as the artefact counts.
+double amountOf(const Artefact& artefact, const ParameterReader& reader, double seconds,
+                float level) {
+    const double amount = ramp(level, reader.clampedReal(artefact.maximum, seconds),
+                               fractionOf(reader.clampedReal(artefact.threshold, seconds)));
+    return artefact.isFraction() ? amount * kPercent : amount;
 }
 
 }  // namespace
@@ -61,7 +38,9 @@ FrameValues valuesOfFrame(const ParameterReader& reader, double seconds, double 
     values.lineTravel = walks.lineSum;
     values.verticalSum = walks.verticalSum;
     values.shashFramesOn = walks.shashFramesOn;
-    fillAmounts(values, Amounts(reader, seconds, breakup));
+    for (const Artefact& artefact : artefacts()) {
+        values.*artefact.amount = amountOf(artefact, reader, seconds, breakup);
+    }
     return values;
 }
 

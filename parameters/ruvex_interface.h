@@ -9,8 +9,9 @@
 
 namespace ruvex {
 
-/// What the effect works out for a frame before it touches a pixel. Amounts are what a stage does
-/// at the frame's level: 0 up to the stage's threshold, its maximum at a level of 1.
+/// What the effect works out for a frame before it touches a pixel. Amounts are what an artefact
+/// does at the frame's level: 0 up to its threshold, its maximum at a level of 1; the table of
+/// `parameters/artefacts.h` says which parameters they come from.
 struct FrameValues {
     double seconds;       ///< time of the frame
     double playTime;      ///< seconds of the clip played up to it

@@ -5,6 +5,7 @@
 #include <limits>
 #include <vector>
 
+#include "parameters/artefacts.h"
 #include "parameters/presets.h"
 #include "tests/effect/render_fixture.h"
 #include "tests/imaging/support/random.h"
@@ -27,12 +28,7 @@ void makeStormy(Renderer& renderer) {
             renderer.set(row.id, *value);
         }
     }
-    constexpr ParameterId kThresholds[] = {
-        ParameterId::ColourThreshold,   ParameterId::GhostingThreshold,
-        ParameterId::EdgeThreshold,     ParameterId::SnowThreshold,
-        ParameterId::LineThreshold,     ParameterId::VertOffsetThreshold,
-        ParameterId::VertRollThreshold, ParameterId::ShashThreshold};
-    for (const ParameterId id : kThresholds) renderer.set(id, 10);
+    for (const Artefact& artefact : artefacts()) renderer.set(artefact.threshold, 10);
     renderer.set(ParameterId::ShashAmountMax, 50);
     renderer.set(ParameterId::MasterBreakup, 80);
     renderer.set(ParameterId::EmInterference, 40);

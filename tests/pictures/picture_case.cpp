@@ -93,8 +93,8 @@ void addTubes(Cases& cases) {
 
 // A broken signal of which `more` lets something be seen.
 std::vector<Setting> broken(const std::vector<Setting>& more) {
-    std::vector<Setting> settings = {{Id::MasterBreakup, 75}};
-    settings.insert(settings.end(), std::begin(kNoFault), std::end(kNoFault));
+    std::vector<Setting> settings = noFault();
+    settings.push_back({Id::MasterBreakup, 75});
     settings.insert(settings.end(), more.begin(), more.end());
     return settings;
 }

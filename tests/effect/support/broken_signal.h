@@ -3,7 +3,9 @@
 #pragma once
 
 #include <initializer_list>
+#include <vector>
 
+#include "parameters/artefacts.h"
 #include "tests/effect/render_fixture.h"
 #include "tests/imaging/support/white.h"
 
@@ -14,12 +16,12 @@ struct Setting {
     double value;
 };
 
-/// Thresholds that no level reaches.
-inline constexpr Setting kNoFault[] = {
-    {ParameterId::ColourThreshold, 100},   {ParameterId::GhostingThreshold, 100},
-    {ParameterId::EdgeThreshold, 100},     {ParameterId::SnowThreshold, 100},
-    {ParameterId::LineThreshold, 100},     {ParameterId::VertOffsetThreshold, 100},
-    {ParameterId::VertRollThreshold, 100}, {ParameterId::ShashThreshold, 100}};
+/// Every artefact with a threshold that no level reaches.
+inline std::vector<Setting> noFault() {
+    std::vector<Setting> settings;
+    for (const Artefact& artefact : artefacts()) settings.push_back({artefact.threshold, 100});
+    return settings;
+}
 
 /// A project of a size, a signal at a level of one half, and `faults`.
 class FaultySet : public Renderer {
@@ -28,7 +30,7 @@ public:
               std::shared_ptr<runtime::InputProvider> provider = nullptr)
         : Renderer({.width = width, .height = height}, std::move(provider)) {
         set(ParameterId::MasterBreakup, 50);
-        for (const Setting& setting : kNoFault) set(setting.id, setting.value);
+        for (const Setting& setting : noFault()) set(setting.id, setting.value);
         for (const Setting& setting : faults) set(setting.id, setting.value);
     }
 
