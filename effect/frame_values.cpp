@@ -5,6 +5,7 @@
 #include "effect/signal_moment.h"
 #include "imaging/pixel_convert.h"
 #include "parameters/artefacts.h"
+#include "stages/threshold.h"
 
 namespace ruvex {
 namespace {
@@ -12,8 +13,9 @@ namespace {
 // What the artefact does at a level: a fraction or pixels, as the artefact counts.
 double amountOf(const Artefact& artefact, const ParameterReader& reader, double seconds,
                 float level) {
-    const double amount = ramp(level, reader.clampedReal(artefact.maximum, seconds),
-                               fractionOf(reader.clampedReal(artefact.threshold, seconds)));
+    const double amount =
+        stageAmountDouble(level, reader.clampedReal(artefact.maximum, seconds),
+                          fractionOf(reader.clampedReal(artefact.threshold, seconds)));
     return artefact.isFraction() ? amount * kPercent : amount;
 }
 

@@ -66,9 +66,4 @@ std::vector<float> SignalLevel::atEarlier(const std::vector<float>& moments) con
     return levels;
 }
 
-double ramp(float level, double max, float threshold) {
-    const bool acts = threshold < level && threshold < 1.0f;
-    return acts ? (double{level} - threshold) * max / (1.0 - threshold) : 0.0;
-}
-
 }  // namespace ruvex

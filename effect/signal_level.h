@@ -33,9 +33,4 @@ private:
     float seedOffset_;
 };
 
-/// What a stage does at a level: nothing up to the threshold, `max` at 1. A threshold of 1 or more
-/// never acts. Double throughout, so that a level of 1 gives all of `max` to a sum of whole
-/// numbers.
-double ramp(float level, double max, float threshold);
-
 }  // namespace ruvex

@@ -3,6 +3,7 @@
 #include "effect/frame_walk.h"
 #include "effect/percent.h"
 #include "imaging/pixel_convert.h"
+#include "stages/threshold.h"
 
 namespace ruvex {
 namespace {
@@ -28,7 +29,7 @@ double creepingLines(const ParameterReader& reader, const WalkStart& start, cons
     for (std::size_t i = 0; i < past.moments.size(); ++i) {
         const double moment = past.moments[i];
         const double speed = speedMax.at(moment) / start.frameRate;
-        sum += ramp(level, speed, fractionOf(threshold.at(moment)));
+        sum += stageAmountDouble(level, speed, fractionOf(threshold.at(moment)));
         level = past.levels[i];
     }
     return sum;
@@ -38,7 +39,7 @@ std::int32_t verticalOffset(const ParameterReader& reader, const WalkStart& star
     const double max = reader.clampedReal(ParameterId::VertOffsetMax, start.time);
     const float threshold =
         fractionOf(reader.clampedReal(ParameterId::VertOffsetThreshold, start.time));
-    return truncateToInt(ramp(start.breakup, max, threshold));
+    return truncateToInt(stageAmountDouble(start.breakup, max, threshold));
 }
 
 // Goes back to the latest time at which the level lay under the roll threshold: the roll starts
@@ -53,11 +54,10 @@ std::int32_t verticalRoll(const ParameterReader& reader, const WalkStart& start,
         const float threshold = fractionOf(thresholds.at(moment));
         if (!(threshold < 1.0f)) break;
         const double speed = speedMax.at(moment) / start.frameRate;
-        sum = truncateToInt((double{level} - threshold) * speed / (1.0 - threshold) +
-                            static_cast<float>(sum));
+        sum = truncateToInt(thresholdLineDouble(level, speed, threshold) + static_cast<float>(sum));
         if (i + 1 == past.moments.size()) break;
         level = past.levels[i + 1];
-        if (!(threshold < level)) break;
+        if (!aboveThreshold(level, threshold)) break;
     }
     return sum;
 }
@@ -65,16 +65,15 @@ std::int32_t verticalRoll(const ParameterReader& reader, const WalkStart& start,
 bool rolls(const ParameterReader& reader, const WalkStart& start) {
     const float threshold =
         fractionOf(reader.clampedReal(ParameterId::VertRollThreshold, start.time));
-    return threshold < start.breakup && threshold < 1.0f;
+    return actsAt(start.breakup, threshold);
 }
 
 std::int32_t shashFrames(const ParameterReader& reader, const WalkStart& start, const Past& past) {
     const float threshold = fractionOf(reader.clampedReal(ParameterId::ShashThreshold, start.time));
-    if (!(threshold < 1.0f)) return 0;
     std::int32_t count = 0;
     float level = start.breakup;
     for (const float earlier : past.levels) {
-        count += threshold < level;
+        count += actsAt(level, threshold);
         level = earlier;
     }
     return count;

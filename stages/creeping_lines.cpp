@@ -8,6 +8,7 @@
 #include "imaging/maths/random.h"
 #include "imaging/maths/wrap.h"
 #include "stages/stage_pixel.h"
+#include "stages/threshold.h"
 
 namespace ruvex {
 namespace {
@@ -53,7 +54,7 @@ struct LineFamily {
 
 LineFamily lineFamily(const SignalParameters& signal, float width, float height) {
     LineFamily family;
-    family.strength = (signal.breakup - signal.lineThreshold) / (1.0f - signal.lineThreshold);
+    family.strength = thresholdLine(signal.breakup, 1.0f, signal.lineThreshold);
     family.angle = signal.lineAngle > kPi ? signal.lineAngle - kPi : signal.lineAngle;
     const float a = family.angle;
     family.step = signal.lineSpacing / sine(a > kQuarterTurn ? kPi - a : a);
@@ -186,8 +187,7 @@ private:
 
 template <class P>
 void drawCreepingLines(const SignalParameters& signal, VxTexture<P>& picture, Span rows) {
-    const bool shown = signal.breakup > signal.lineThreshold && signal.lineThreshold < 1.0f;
-    if (!shown || rows.first >= rows.end) return;
+    if (!actsAt(signal.breakup, signal.lineThreshold) || rows.first >= rows.end) return;
     const float width = signal.width - static_cast<float>(signal.originX);
     const float height = signal.height - static_cast<float>(signal.originY);
     const LineFamily family = lineFamily(signal, width, height);

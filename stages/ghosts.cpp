@@ -8,6 +8,7 @@
 #include "imaging/noise/gradient_noise.h"
 #include "imaging/pixel_convert.h"
 #include "stages/kernels/row_kernels.h"
+#include "stages/threshold.h"
 
 namespace ruvex {
 namespace {
@@ -22,7 +23,7 @@ std::unique_ptr<T[]> allocate(std::int32_t count) {
 }  // namespace
 
 bool haunted(const SignalParameters& signal) {
-    return signal.breakup > signal.ghostThreshold && signal.numGhosts != 0;
+    return aboveThreshold(signal.breakup, signal.ghostThreshold) && signal.numGhosts != 0;
 }
 
 template <class P>
@@ -32,8 +33,8 @@ Ghosts<P>::Ghosts(const SignalParameters& signal)
       weights_(allocate<float>(count_)),
       rows_(allocate<const P*>(count_)) {
     if (!usable()) return;
-    const float raw = (signal.breakup - signal.ghostThreshold) / (1.0f - signal.ghostThreshold);
-    const float strength = std::clamp(raw, 0.0f, 1.0f);
+    const float strength =
+        std::clamp(thresholdLine(signal.breakup, 1.0f, signal.ghostThreshold), 0.0f, 1.0f);
     auto seed = static_cast<std::uint32_t>(signal.seed);
     for (std::int32_t i = 0; i < count_; ++i) {
         const float place = uniform(seed) * 100.0f + signal.ghostPhase;

@@ -19,7 +19,7 @@
 #include "stages/rgb_noise_proc.h"
 #include "stages/shash_proc.h"
 #include "stages/signal_rows.h"
-#include "stages/stage_pixel.h"
+#include "stages/threshold.h"
 #include "stages/transport_pass.h"
 #include "stages/white_dot.h"
 #include "stages/wide_rows.h"
@@ -265,7 +265,7 @@ void RuvexSampler<P>::clearInWindow(Texture& texture) {
 
 template <class P>
 void RuvexSampler<P>::afterLines() {
-    if (signal.breakup > signal.snowThreshold && signal.snowMax != 0.0f) snow();
+    if (aboveThreshold(signal.breakup, signal.snowThreshold) && signal.snowMax != 0.0f) snow();
     if (stopped()) return;
     if (!worksInPicture()) copyInWindow(workTexture, picture());
     if (whiteDotOn()) clearInWindow(*this->target);

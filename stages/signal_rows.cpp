@@ -11,6 +11,7 @@
 #include "stages/kernels/row_kernels.h"
 #include "stages/source_runs.h"
 #include "stages/stage_pixel.h"
+#include "stages/threshold.h"
 
 namespace ruvex {
 namespace {

@@ -29,12 +29,4 @@ struct StagePixel {
     static std::int32_t hold(std::int32_t value) { return std::clamp(value, 0, kTopInt); }
 };
 
-/// What a stage does at a level: 0 up to its threshold, `max` at a level of 1. A threshold of 1
-/// never acts.
-constexpr float stageAmount(float breakup, float max, float threshold) {
-    return breakup > threshold && threshold < 1.0f
-               ? (breakup - threshold) * max / (1.0f - threshold)
-               : 0.0f;
-}
-
 }  // namespace ruvex

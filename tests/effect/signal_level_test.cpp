@@ -123,21 +123,5 @@ TEST(SignalLevel, StaysInItsRangeWhateverTheParametersAre) {
     }
 }
 
-TEST(Ramp, RisesFromTheThresholdToTheMaximum) {
-    EXPECT_EQ(ramp(0.25f, 10.0, 0.5f), 0.0);
-    EXPECT_EQ(ramp(0.5f, 10.0, 0.5f), 0.0) << "a level of exactly the threshold";
-    EXPECT_EQ(ramp(0.75f, 10.0, 0.5f), 5.0);
-    EXPECT_EQ(ramp(1.0f, 10.0, 0.5f), 10.0);
-    for (const float threshold : {0.0f, 0.1f, 0.2f, 0.8f, 0.9f, 0.99f}) {
-        EXPECT_EQ(ramp(1.0f, -1000.0, threshold), -1000.0) << threshold;
-    }
-}
-
-TEST(Ramp, AThresholdOf100PercentNeverActs) {
-    EXPECT_EQ(ramp(1.0f, 10.0, 1.0f), 0.0);
-    EXPECT_EQ(ramp(1.5f, 10.0, 1.0f), 0.0);
-    EXPECT_EQ(ramp(3.0f, 10.0, 2.0f), 0.0);
-}
-
 }  // namespace
 }  // namespace ruvex::test
