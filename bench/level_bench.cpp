@@ -16,7 +16,6 @@ namespace {
 using test::ParameterSet;
 
 constexpr double kRate = 25.0;
-constexpr std::int32_t kSeed = 5;
 
 void defaults(ParameterSet&) {}
 
@@ -29,16 +28,11 @@ void keyedPlaySpeed(ParameterSet& set) {
 }
 
 // All that a frame works out of its time line.
-void measureFrame(const ParameterReader& reader, double time) {
-    FrameScale scale;
-    scale.frameRate = static_cast<float>(kRate);
-    scale.frameNow = static_cast<float>(scale.frameRate * time);
-    const TapePosition tape = tapePosition(reader, kRate, time);
-    const SignalLevel level(reader, kRate, kSeed);
-    const float breakup = level.at(time, tape.playTime);
-    benchmark::DoNotOptimize(playStateAt(reader, scale, time));
-    benchmark::DoNotOptimize(walkBack(
-        reader, level, {time, scale.frameRate, scale.frameNow, tape.sourcePosition, breakup}));
+void measureFrame(const ParameterReader& reader, int number) {
+    const FrameTime time(number / kRate, kRate);
+    const TapePosition tape = tapePosition(reader, time);
+    benchmark::DoNotOptimize(playStateAt(reader, time));
+    benchmark::DoNotOptimize(signalAt(reader, time, tape));
 }
 
 // The noise calls of such a frame by themselves, at the places of the default phase.
@@ -65,16 +59,16 @@ void frame(benchmark::State& state, void (*setUp)(ParameterSet&)) {
     setUp(set);
     const ParameterReader reader = set.reader();
     const auto before = test::fractalNoiseCalls();
-    measureFrame(reader, number / kRate);
+    measureFrame(reader, number);
     const auto calls = static_cast<double>(test::fractalNoiseCalls() - before);
     double whole = 0.0, tenth = 0.0, noise = 0.0;
     for (auto _ : state) {
         // Ten of the tenth, which is a short time to measure.
         tenth += seconds([&] {
-                     for (int i = 0; i < 10; ++i) measureFrame(reader, number / 10 / kRate);
+                     for (int i = 0; i < 10; ++i) measureFrame(reader, number / 10);
                  }) /
                  10;
-        const double now = seconds([&] { measureFrame(reader, number / kRate); });
+        const double now = seconds([&] { measureFrame(reader, number); });
         noise += seconds([&] { noiseAlone(static_cast<int>(calls)); });
         whole += now;
         state.SetIterationTime(now);

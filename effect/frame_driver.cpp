@@ -5,7 +5,6 @@
 #include "effect/frame_region.h"
 #include "effect/image_texture.h"
 #include "effect/signal_fill.h"
-#include "effect/signal_moment.h"
 #include "host/base/channel_mask.h"
 #include "host/base/crop.h"
 #include "imaging/blur/blur_gauss.h"
@@ -64,7 +63,7 @@ VxLensWarper lensOf(const FrameParameters& parameters, const FrameScale& scale, 
 
 template <class P>
 FrameDriver<P>::FrameDriver(VxDsEffect& effect, const FrameHost& host,
-                            const ParameterReader& reader, double time)
+                            const ParameterReader& reader, const FrameTime& time)
     : effect_(effect),
       host_(host),
       reader_(reader),
@@ -142,15 +141,13 @@ void FrameDriver<P>::blankCropped() {
 
 template <class P>
 HRESULT FrameDriver<P>::process() {
-    scale_ = frameScale(host_, time_);
-    parameters_.emplace(reader_, time_);
-    res_ = parameters_->fraction(ParameterId::Resolution);
-    whiteDot_ = parameters_->fraction(ParameterId::WhiteDot);
+    scale_ = frameScale(host_);
+    parameters_.emplace(reader_, time_.seconds);
     if (!pictureVisible()) {
         clearOutput();
         return S_OK;
     }
-    workRegion_ = scaledRegion(region_, res_);
+    workRegion_ = scaledRegion(region_, res());
     if (!chooseSourceFrame()) {
         blankOutput();
         return S_OK;
@@ -168,7 +165,8 @@ HRESULT FrameDriver<P>::process() {
 
 template <class P>
 bool FrameDriver<P>::pictureVisible() const {
-    return !(whiteDot_ > kWhiteDotGone || res_ < kNoResolution);
+    const float whiteDot = parameters().fraction(ParameterId::WhiteDot);
+    return !(whiteDot > kWhiteDotGone || res() < kNoResolution);
 }
 
 template <class P>
@@ -182,12 +180,12 @@ void FrameDriver<P>::clearOutput() {
 // False when the frame that is to be seen is another one and the host refuses it.
 template <class P>
 bool FrameDriver<P>::chooseSourceFrame() {
-    tape_ = tapePosition(reader_, host_.sampleRate, time_);
+    tape_ = tapePosition(reader_, time_);
     source_ = &inputTexture_;
-    if (effect_.effectKind == kKindPaint || tape_.shownFrame == scale_.frameNow) return true;
+    if (effect_.effectKind == kKindPaint || tape_.shownFrame == time_.frame) return true;
     constexpr std::int32_t kFirstInput = -1;
-    repeatImage_ = fetchInputFrame(effect_, host_, repeatTexture_,
-                                   tape_.shownFrame / scale_.frameRate, true, kFirstInput);
+    repeatImage_ = fetchInputFrame(effect_, host_, repeatTexture_, tape_.shownFrame / time_.rate,
+                                   true, kFirstInput);
     source_ = &repeatTexture_;
     return static_cast<bool>(repeatImage_);
 }
@@ -201,31 +199,23 @@ void FrameDriver<P>::blankOutput() {
 
 template <class P>
 void FrameDriver<P>::measureSignal() {
-    const SignalMoment moment = signalAt(reader_, tape_,
-                                         {.time = time_,
-                                          .frameRate = scale_.frameRate,
-                                          .frameNow = scale_.frameNow,
-                                          .sampleRate = host_.sampleRate});
     const FrameState frame{.reader = reader_,
                            .parameters = parameters(),
                            .scale = scale_,
+                           .time = time_,
                            .tape = tape_,
-                           .play = playStateAt(reader_, scale_, time_),
-                           .walks = moment.walks,
-                           .breakup = moment.breakup,
-                           .res = res_,
-                           .whiteDot = whiteDot_,
-                           .sampleRate = host_.sampleRate};
+                           .play = playStateAt(reader_, time_),
+                           .signal = signalAt(reader_, time_, tape_)};
     signal_ = signalParameters(frame, PixelTraits<P>::kWhite);
 }
 
 template <class P>
 void FrameDriver<P>::scaleDown() {
-    allocateScaled(scaled_, *source_, scale_, res_);
+    allocateScaled(scaled_, *source_, scale_, res());
     Texture repeating;
     repeating.refer(*source_);
     repeating.setEdgeMethods(kEdgeHold, kEdgeHold);
-    moveScaled(effect_, repeating, scaled_.source, 1.0f / res_, workRegion_);
+    moveScaled(effect_, repeating, scaled_.source, 1.0f / res(), workRegion_);
     source_ = &scaled_.source;
 }
 
@@ -233,7 +223,7 @@ template <class P>
 void FrameDriver<P>::fishEye() {
     const auto power = static_cast<float>(parameters().real(ParameterId::FishEyePower));
     if (!parameters().on(ParameterId::FishEye) || !(std::fabs(power) > kLeastFishEye)) return;
-    VxLensWarper lens = lensOf(parameters(), scale_, res_);
+    VxLensWarper lens = lensOf(parameters(), scale_, res());
     lensTexture_.cloneLayout(*source_, Contents::Zero);
     VxWarpRender<P> render;
     render.warper = &lens;
@@ -253,8 +243,8 @@ void FrameDriver<P>::blur() {
     if (!(static_cast<float>(size) > kLeastBlur)) return;
     BlurRGBAGauss<P> sampler;
     sampler.iterations = 3;
-    sampler.radiusX = static_cast<float>(scale_.scaleX * size * res_ / 3.0);
-    sampler.radiusY = static_cast<float>(scale_.scaleY * size * res_ / 3.0);
+    sampler.radiusX = static_cast<float>(scale_.scaleX * size * res() / 3.0);
+    sampler.radiusY = static_cast<float>(scale_.scaleY * size * res() / 3.0);
     setAspect(sampler, scale_);
     prepare(sampler, effect_, workRegion_);
     sampler.process(source_, source_);
@@ -271,7 +261,7 @@ void FrameDriver<P>::showSignal() {
 
 template <class P>
 void FrameDriver<P>::scaleUp() {
-    moveScaled(effect_, scaled_.result, outputTexture_, res_, region_);
+    moveScaled(effect_, scaled_.result, outputTexture_, res(), region_);
 }
 
 template <class P>

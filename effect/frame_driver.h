@@ -24,9 +24,8 @@ namespace ruvex {
 template <class P>
 class FrameDriver {
 public:
-    /// `time` in seconds.
     FrameDriver(VxDsEffect& effect, const FrameHost& host, const ParameterReader& reader,
-                double time);
+                const FrameTime& time);
 
     /// The whole frame: the stage chain and the finishing steps, or the cropped input where that is
     /// to be shown instead. Returns 0, or what `process` returned.
@@ -59,21 +58,21 @@ private:
     void scanLines();
     void releaseRepeat();
 
-    bool reduced() const { return res_ != 1.0f; }
+    bool reduced() const { return res() != 1.0f; }
+    /// Resolution as a fraction.
+    float res() const { return parameters().fraction(ParameterId::Resolution); }
     const FrameParameters& parameters() const { return *parameters_; }
     Texture& sampled() { return reduced() ? scaled_.result : outputTexture_; }
 
     VxDsEffect& effect_;
     const FrameHost& host_;
     ParameterReader reader_;
-    double time_;
+    FrameTime time_;
     std::optional<PixelRegion> region_;      // at full size
     std::optional<PixelRegion> workRegion_;  // at the work size
 
     FrameScale scale_;
     std::optional<FrameParameters> parameters_;
-    float res_ = 1.0f;       // Resolution as a fraction
-    float whiteDot_ = 0.0f;  // White Dot as a fraction
     TapePosition tape_;
     SignalParameters signal_;
 

@@ -2,9 +2,9 @@
 
 namespace ruvex {
 
-FrameIntegral::FrameIntegral(const ParameterCurve& curve, double sampleRate, double start)
+FrameIntegral::FrameIntegral(const ParameterCurve& curve, double hostRate, double start)
     : curve_(curve),
-      step_(1.0 / sampleRate),
+      step_(1.0 / hostRate),
       moment_(static_cast<float>(start)),
       next_(moment_ + step_) {}
 
@@ -21,9 +21,8 @@ double FrameIntegral::upTo(double end) {
     return rest > 0.0 ? sum_ + curve_.at(end) * rest : sum_;
 }
 
-double integrateParameter(const ParameterCurve& curve, double sampleRate, double start,
-                          double end) {
-    return FrameIntegral(curve, sampleRate, start).upTo(end);
+double integrateParameter(const ParameterCurve& curve, double hostRate, double start, double end) {
+    return FrameIntegral(curve, hostRate, start).upTo(end);
 }
 
 }  // namespace ruvex

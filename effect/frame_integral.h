@@ -12,8 +12,8 @@ namespace ruvex {
 /// costs one walk.
 class FrameIntegral {
 public:
-    /// `sampleRate` in frames per second, times in seconds.
-    FrameIntegral(const ParameterCurve& curve, double sampleRate, double start);
+    /// `hostRate` in frames per second, times in seconds.
+    FrameIntegral(const ParameterCurve& curve, double hostRate, double start);
 
     /// The integral up to `end`, which must not lie before the end that was asked for last. An end
     /// before the start gives 0.
@@ -28,6 +28,6 @@ private:
 };
 
 /// The integral of a curve over start..end.
-double integrateParameter(const ParameterCurve& curve, double sampleRate, double start, double end);
+double integrateParameter(const ParameterCurve& curve, double hostRate, double start, double end);
 
 }  // namespace ruvex

@@ -29,7 +29,7 @@ void scaleToRender(IDSCoordMan& coordMan, FrameScale& scale) {
 
 }  // namespace
 
-FrameScale frameScale(const FrameHost& host, double time) {
+FrameScale frameScale(const FrameHost& host) {
     const double userX = projectSize(kDSProjectUserSizeX);
     const double userY = projectSize(kDSProjectUserSizeY);
     const double aspect = projectAspect();
@@ -43,8 +43,6 @@ FrameScale frameScale(const FrameHost& host, double time) {
     scale.scaleX = pixelsPer(scale.pixelsX, aspect * userX);
     scale.pixelAspect = scale.scaleX != 0.0f ? scale.scaleY / scale.scaleX : 0.0f;
     scale.scaleMean = (scale.scaleX + scale.scaleY) * 0.5f;
-    scale.frameRate = static_cast<float>(host.sampleRate);
-    scale.frameNow = static_cast<float>(scale.frameRate * time);
     return scale;
 }
 

@@ -14,14 +14,12 @@ struct FrameScale {
     float scaleY = 0.0f;
     float scaleMean = 0.0f;
     float pixelAspect = 0.0f;  ///< scaleY over scaleX; 0 when the project's size is unknown
-    float frameRate = 0.0f;
-    float frameNow = 0.0f;  ///< the output's frame number
 
     /// The aspect that processors take: never below 0.001, so that nothing divides by 0.
     float aspectMember() const { return pixelAspect > 0.001f ? pixelAspect : 0.001f; }
 };
 
-/// `time` in seconds. Scale factors are 0 where the project's size can't be read.
-FrameScale frameScale(const FrameHost& host, double time);
+/// Scale factors are 0 where the project's size can't be read.
+FrameScale frameScale(const FrameHost& host);
 
 }  // namespace ruvex

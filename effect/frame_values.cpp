@@ -2,7 +2,7 @@
 
 #include "effect/percent.h"
 #include "effect/player.h"
-#include "effect/signal_moment.h"
+#include "effect/signal_walks.h"
 #include "imaging/pixel_convert.h"
 #include "parameters/artefacts.h"
 #include "stages/threshold.h"
@@ -21,19 +21,13 @@ double amountOf(const Artefact& artefact, const ParameterReader& reader, double 
 
 }  // namespace
 
-FrameValues valuesOfFrame(const ParameterReader& reader, double seconds, double framesPerSecond) {
-    const auto frameRate = static_cast<float>(framesPerSecond);
-    const auto frameNow = static_cast<float>(frameRate * seconds);
-    const TapePosition tape = tapePosition(reader, framesPerSecond, seconds);
-    const auto [breakup, walks] = signalAt(reader, tape,
-                                           {.time = seconds,
-                                            .frameRate = frameRate,
-                                            .frameNow = frameNow,
-                                            .sampleRate = framesPerSecond});
+FrameValues valuesOfFrame(const ParameterReader& reader, const FrameTime& time) {
+    const TapePosition tape = tapePosition(reader, time);
+    const auto [breakup, walks] = signalAt(reader, time, tape);
     FrameValues values{};
-    values.seconds = seconds;
+    values.seconds = time.seconds;
     values.playTime = tape.playTime;
-    values.frame = truncateToInt(frameNow);
+    values.frame = truncateToInt(time.frame);
     values.source = tape.sourceFrame;
     values.shown = truncateToInt(tape.shownFrame);
     values.level = breakup;
@@ -41,7 +35,7 @@ FrameValues valuesOfFrame(const ParameterReader& reader, double seconds, double 
     values.verticalSum = walks.verticalSum;
     values.shashFramesOn = walks.shashFramesOn;
     for (const Artefact& artefact : artefacts()) {
-        values.*artefact.amount = amountOf(artefact, reader, seconds, breakup);
+        values.*artefact.amount = amountOf(artefact, reader, time.seconds, breakup);
     }
     return values;
 }

@@ -2,12 +2,13 @@
 
 #pragma once
 
+#include "effect/frame_time.h"
 #include "host/base/parameter_reader.h"
 #include "parameters/ruvex_interface.h"
 
 namespace ruvex {
 
 /// Works them out as the render does, without a picture.
-FrameValues valuesOfFrame(const ParameterReader& reader, double seconds, double framesPerSecond);
+FrameValues valuesOfFrame(const ParameterReader& reader, const FrameTime& time);
 
 }  // namespace ruvex

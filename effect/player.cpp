@@ -21,10 +21,10 @@ bool slow(double speed) {
 // The integral of Play Speed, in seconds of the clip. As long as the tape has run at its normal
 // speed from the start, the moment reached takes the place of the sum with its drift: a tape at
 // normal speed shows the frame of the output, however late.
-double playedSeconds(const ParameterCurve& speed, double sampleRate, double end) {
+double playedSeconds(const ParameterCurve& speed, double hostRate, double end) {
     if (!(end > 0.0)) return 0.0;
     if (speed.alwaysIs(kNormalSpeed)) return end;
-    const double step = 1.0 / sampleRate;
+    const double step = 1.0 / hostRate;
     double sum = 0.0;
     float moment = 0.0f;
     double next = step;
@@ -60,26 +60,26 @@ std::int32_t repeatedFrame(std::int32_t frame, std::int32_t repeat) {
     return repeat > 1 ? frame - frame % repeat : frame;
 }
 
-TapePosition tapePosition(const ParameterReader& reader, double sampleRate, double time) {
-    const auto frameRate = static_cast<float>(sampleRate);
+TapePosition tapePosition(const ParameterReader& reader, const FrameTime& time) {
     TapePosition tape;
-    tape.playTime = playedSeconds(reader.curve(ParameterId::PlaySpeed), sampleRate, time);
-    tape.sourcePosition = static_cast<float>(frameRate * tape.playTime);
+    tape.playTime =
+        playedSeconds(reader.curve(ParameterId::PlaySpeed), time.hostRate, time.seconds);
+    tape.sourcePosition = static_cast<float>(time.rate * tape.playTime);
     tape.sourceFrame = frameAtPosition(tape.sourcePosition);
     tape.shownFrame = static_cast<float>(
         repeatedFrame(tape.sourceFrame, reader.integer(ParameterId::RepeatFrames)));
     return tape;
 }
 
-PlayState playStateAt(const ParameterReader& reader, const FrameScale& scale, double time) {
+PlayState playStateAt(const ParameterReader& reader, const FrameTime& time) {
     const ParameterCurve curve = reader.curve(ParameterId::PlaySpeed);
-    double speed = curve.at(time);
+    double speed = curve.at(time.seconds);
     PlayState play;
     play.state = slow(speed) ? 1 : speed == kNormalSpeed ? 2 : 0;
-    for (float frame = scale.frameNow; slow(speed) && walksOn(frame);) {
+    for (float frame = time.frame; slow(speed) && walksOn(frame);) {
         ++play.framesAtLowSpeed;
         frame -= 1.0f;
-        speed = curve.at(frame / scale.frameRate);
+        speed = curve.at(frame / time.rate);
     }
     play.speedAtStart = fractionOf(speed);
     return play;

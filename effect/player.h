@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-#include "effect/frame_scale.h"
+#include "effect/frame_time.h"
 #include "host/base/parameter_reader.h"
 
 namespace ruvex {
@@ -17,8 +17,8 @@ struct TapePosition {
     float shownFrame = 0.0f;  ///< the frame that is looked at, with frames repeated
 };
 
-/// `time` in seconds. A Play Speed of 100 all along gives the output's own frame.
-TapePosition tapePosition(const ParameterReader& reader, double sampleRate, double time);
+/// A Play Speed of 100 all along gives the output's own frame.
+TapePosition tapePosition(const ParameterReader& reader, const FrameTime& time);
 
 /// The whole frame that a position stands for. A position just below a frame is that frame, which
 /// keeps the rounding of integrals from showing the one before.
@@ -35,6 +35,6 @@ struct PlayState {
     float speedAtStart = 1.0f;          ///< the speed before that; 1 is normal
 };
 
-PlayState playStateAt(const ParameterReader& reader, const FrameScale& scale, double time);
+PlayState playStateAt(const ParameterReader& reader, const FrameTime& time);
 
 }  // namespace ruvex

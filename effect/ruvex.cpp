@@ -115,7 +115,7 @@ std::int32_t Ruvex::frameValues(double seconds, double framesPerSecond, FrameVal
     if (!values) return E_POINTER;
     if (!(framesPerSecond > 0.0) || !std::isfinite(framesPerSecond)) return E_INVALIDARG;
     return guarded([&] {
-        *values = valuesOfFrame(reader(), seconds, framesPerSecond);
+        *values = valuesOfFrame(reader(), {seconds, framesPerSecond});
         return S_OK;
     });
 }

@@ -56,11 +56,12 @@ HRESULT Ruvex::renderByFormat(double seconds) {
     GUID format{};
     output->GetFormat(&format);
     const FrameHost host = frameHost();
+    const FrameTime time(seconds, host.sampleRate);
     if (format == MFIF_RGBA_RAW_32) {
-        return FrameDriver<Rgba8>(*this, host, reader(), seconds).renderFrame();
+        return FrameDriver<Rgba8>(*this, host, reader(), time).renderFrame();
     }
     if (format == MFIF_RGBA_S2_14) {
-        return FrameDriver<RgbaS214>(*this, host, reader(), seconds).renderFrame();
+        return FrameDriver<RgbaS214>(*this, host, reader(), time).renderFrame();
     }
     return S_OK;
 }

@@ -21,11 +21,11 @@ void fillIdentity(SignalParameters& signal, const FrameState& frame) {
     signal.tvType = type == 1 || type == 2 ? type : 0;
     signal.seed = frame.parameters.integer(ParameterId::Seed);
     signal.sourceFrame = frame.tape.sourceFrame;
-    signal.outputFrame = truncateToInt(scale.frameNow);
-    signal.scale = frame.res * scale.scaleMean;
-    signal.width = frame.res * scale.pixelsX;
-    signal.height = frame.res * scale.pixelsY;
-    signal.breakup = frame.breakup;
+    signal.outputFrame = truncateToInt(frame.time.frame);
+    signal.scale = frame.res() * scale.scaleMean;
+    signal.width = frame.res() * scale.pixelsX;
+    signal.height = frame.res() * scale.pixelsY;
+    signal.breakup = frame.signal.breakup;
     signal.borderAlpha = frame.parameters.integer(ParameterId::BorderAlpha);
     signal.noiseTable = &noiseTable();
 }
@@ -44,16 +44,16 @@ void fillTube(SignalParameters& signal, const FrameState& frame, float white) {
     signal.tint[2] = tint(ParameterId::TintColourB);
     signal.colourDegradeMax = p.fraction(ParameterId::ColourDegradeMax);
     signal.colourThreshold = p.fraction(ParameterId::ColourThreshold);
-    signal.whiteDot = frame.whiteDot;
+    signal.whiteDot = p.fraction(ParameterId::WhiteDot);
     signal.whiteDotSoftness = kWhiteDotSoftness;
 }
 
 void fillGuns(SignalParameters& signal, const FrameState& frame) {
     const auto across = [&](ParameterId id) {
-        return single(frame.res * frame.parameters.real(id) * frame.scale.scaleX);
+        return single(frame.res() * frame.parameters.real(id) * frame.scale.scaleX);
     };
     const auto down = [&](ParameterId id) {
-        return single(frame.res * frame.parameters.real(id) * frame.scale.scaleY);
+        return single(frame.res() * frame.parameters.real(id) * frame.scale.scaleY);
     };
     signal.gunRedX = across(ParameterId::GunAlignRedX);
     signal.gunGreenX = across(ParameterId::GunAlignGreenX);
@@ -65,8 +65,8 @@ void fillGuns(SignalParameters& signal, const FrameState& frame) {
 
 // The cycles that an oscillation has gone through: it stands still while the tape does.
 float phaseOf(const FrameState& frame, ParameterId speed) {
-    return fractionOf(
-        integrateParameter(frame.reader.curve(speed), frame.sampleRate, 0.0, frame.tape.playTime));
+    return fractionOf(integrateParameter(frame.reader.curve(speed), frame.time.hostRate, 0.0,
+                                         frame.tape.playTime));
 }
 
 void fillGhosts(SignalParameters& signal, const FrameState& frame) {
@@ -74,7 +74,7 @@ void fillGhosts(SignalParameters& signal, const FrameState& frame) {
     signal.numGhosts = p.integer(ParameterId::NumGhosts);
     signal.ghostThreshold = p.fraction(ParameterId::GhostingThreshold);
     signal.ghostDistance =
-        single(frame.res * p.real(ParameterId::GhostingDistanceMax) * frame.scale.scaleX);
+        single(frame.res() * p.real(ParameterId::GhostingDistanceMax) * frame.scale.scaleX);
     signal.ghostStrength = p.fraction(ParameterId::GhostingStrength);
     signal.ghostPhase = phaseOf(frame, ParameterId::GhostingSpeed);
 }
@@ -82,7 +82,7 @@ void fillGhosts(SignalParameters& signal, const FrameState& frame) {
 void fillEdge(SignalParameters& signal, const FrameState& frame) {
     const FrameParameters& p = frame.parameters;
     signal.edgeDistortionMax =
-        single(frame.res * p.real(ParameterId::EdgeDistortionMax) * frame.scale.scaleX);
+        single(frame.res() * p.real(ParameterId::EdgeDistortionMax) * frame.scale.scaleX);
     signal.edgeOctaves = kEdgeOctaves;
     signal.edgeThreshold = p.fraction(ParameterId::EdgeThreshold);
     signal.edgeJaggedness = single(p.real(ParameterId::EdgeJaggedness));
@@ -93,7 +93,7 @@ void fillSnow(SignalParameters& signal, const FrameState& frame) {
     const FrameParameters& p = frame.parameters;
     signal.snowMax = p.fraction(ParameterId::SnowMax);
     signal.snowThreshold = p.fraction(ParameterId::SnowThreshold);
-    signal.snowSoftness = single(frame.res * p.real(ParameterId::SnowSoftness));
+    signal.snowSoftness = single(frame.res() * p.real(ParameterId::SnowSoftness));
     signal.snowSparseness = p.fraction(ParameterId::SnowSparseness);
 }
 
@@ -101,8 +101,8 @@ void fillLines(SignalParameters& signal, const FrameState& frame) {
     const FrameParameters& p = frame.parameters;
     const FrameScale& scale = frame.scale;
     signal.lineAngle = lineAngleRadians(p.real(ParameterId::LineAngle));
-    signal.lineSpacing = single(frame.res * p.real(ParameterId::LineSpacing) * scale.scaleX);
-    signal.lineOffset = single(frame.walks.lineSum * (frame.res * scale.scaleX));
+    signal.lineSpacing = single(frame.res() * p.real(ParameterId::LineSpacing) * scale.scaleX);
+    signal.lineOffset = single(frame.signal.walks.lineSum * (frame.res() * scale.scaleX));
     signal.lineThreshold = p.fraction(ParameterId::LineThreshold);
 }
 
@@ -117,19 +117,19 @@ void fillPlay(SignalParameters& signal, const FrameState& frame) {
 
 void fillVertical(SignalParameters& signal, const FrameState& frame) {
     const FrameScale& scale = frame.scale;
-    signal.verticalOffset =
-        truncateToInt(static_cast<float>(frame.walks.verticalSum) * frame.res * scale.scaleY);
+    signal.verticalOffset = truncateToInt(static_cast<float>(frame.signal.walks.verticalSum) *
+                                          frame.res() * scale.scaleY);
     signal.verticalRollSpeed =
-        single(frame.res * frame.parameters.real(ParameterId::VertRollSpeedMax) * scale.scaleY);
+        single(frame.res() * frame.parameters.real(ParameterId::VertRollSpeedMax) * scale.scaleY);
 }
 
 void fillShash(SignalParameters& signal, const FrameState& frame) {
     const FrameParameters& p = frame.parameters;
     signal.shashType = p.integer(ParameterId::ShashType);
-    signal.shashPeriod = truncateToInt(frame.scale.frameRate * p.real(ParameterId::ShashPeriod));
+    signal.shashPeriod = truncateToInt(frame.time.rate * p.real(ParameterId::ShashPeriod));
     signal.shashThreshold = p.fraction(ParameterId::ShashThreshold);
     signal.shashAmountMax = p.fraction(ParameterId::ShashAmountMax);
-    signal.shashFramesOn = frame.walks.shashFramesOn;
+    signal.shashFramesOn = frame.signal.walks.shashFramesOn;
 }
 
 }  // namespace

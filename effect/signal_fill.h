@@ -1,4 +1,4 @@
-// Filling in what the television is told about a frame.
+// Filling in the television's parameters for one frame.
 
 #pragma once
 
@@ -10,18 +10,18 @@
 
 namespace ruvex {
 
-/// All that is known of a frame once its source, its level and its walks are.
+/// All that the television's parameters are made from. References are borrowed.
 struct FrameState {
     const ParameterReader& reader;
     const FrameParameters& parameters;
     const FrameScale& scale;
+    const FrameTime& time;
     TapePosition tape;
     PlayState play;
-    SignalWalks walks;
-    float breakup = 0.0f;
-    float res = 1.0f;       ///< Resolution as a fraction
-    float whiteDot = 0.0f;  ///< White Dot as a fraction
-    double sampleRate = 0.0;
+    SignalState signal;
+
+    /// Resolution as a fraction.
+    float res() const { return parameters.fraction(ParameterId::Resolution); }
 };
 
 /// `white` is the stored value of white of the frame's pixel type.

@@ -13,8 +13,8 @@ namespace {
 constexpr std::int32_t kLevelOctaves = 8;
 constexpr float kSeedSpread = 100.0f;
 
-// Not a number counts as no signal trouble at all.
-float holdToUnit(float value) {
+// Not a number becomes 0, an undisturbed signal.
+float clampToUnit(float value) {
     return value > 0.0f ? std::min(value, 1.0f) : 0.0f;
 }
 
@@ -30,38 +30,38 @@ float levelOf(double percent) {
 
 }  // namespace
 
-SignalLevel::SignalLevel(const ParameterReader& reader, double sampleRate, std::int32_t seed)
+SignalLevel::SignalLevel(const ParameterReader& reader, double hostRate)
     : master_(reader.curve(ParameterId::MasterBreakup)),
       variation_(reader.curve(ParameterId::BreakupVariation)),
       speed_(reader.curve(ParameterId::BreakupSpeed)),
-      sampleRate_(sampleRate),
-      seedOffset_(seedOffsetOf(seed)) {}
+      hostRate_(hostRate),
+      seedOffset_(seedOffsetOf(reader.integer(ParameterId::Seed))) {}
 
-float SignalLevel::wobbled(float level, double variation, double phase) const {
+float SignalLevel::varied(float level, double variation, double phase) const {
     const float place = static_cast<float>(phase * kPercent) + seedOffset_;
-    const double wobble =
+    const double change =
         static_cast<float>(variation) * kPercent * noiseTable().fractalNoise(place, kLevelOctaves);
-    return holdToUnit(static_cast<float>(level + wobble));
+    return clampToUnit(static_cast<float>(level + change));
 }
 
-float SignalLevel::at(double time, double playTime) const {
-    const float level = levelOf(renderClamp(ParameterId::MasterBreakup, master_.at(time)));
-    const double variation = renderClamp(ParameterId::BreakupVariation, variation_.at(time));
+float SignalLevel::at(double seconds, double playTime) const {
+    const float level = levelOf(renderClamp(ParameterId::MasterBreakup, master_.at(seconds)));
+    const double variation = renderClamp(ParameterId::BreakupVariation, variation_.at(seconds));
     if (variation == 0.0) return level;
-    return wobbled(level, variation, integrateParameter(speed_, sampleRate_, 0.0, playTime));
+    return varied(level, variation, integrateParameter(speed_, hostRate_, 0.0, playTime));
 }
 
 std::vector<float> SignalLevel::atEarlier(const std::vector<float>& moments) const {
     std::vector<float> levels(moments.size());
-    FrameIntegral phase(speed_, sampleRate_, 0.0);
+    FrameIntegral phase(speed_, hostRate_, 0.0);
     for (std::size_t i = moments.size(); i-- > 0;) {
         const double moment = moments[i];
         // Master Breakup is taken as it stands here, whatever its range.
         levels[i] = levelOf(master_.at(moment));
         const double variation = variation_.at(moment);
         if (variation == 0.0) continue;
-        levels[i] = wobbled(levels[i], renderClamp(ParameterId::BreakupVariation, variation),
-                            phase.upTo(moment));
+        levels[i] = varied(levels[i], renderClamp(ParameterId::BreakupVariation, variation),
+                           phase.upTo(moment));
     }
     return levels;
 }

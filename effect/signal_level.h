@@ -12,25 +12,25 @@ namespace ruvex {
 /// The level over the time line of one frame's request. Nothing is kept from frame to frame.
 class SignalLevel {
 public:
-    /// `sampleRate` in frames per second. `seed` shifts the wobble along its curve.
-    SignalLevel(const ParameterReader& reader, double sampleRate, std::int32_t seed);
+    /// `hostRate` in frames per second.
+    SignalLevel(const ParameterReader& reader, double hostRate);
 
-    /// The level of the frame at `time`. Its wobble runs on the play time, so that a paused tape
-    /// holds its picture.
-    float at(double time, double playTime) const;
+    /// The level of the frame at `seconds`. Its variation runs on the play time, so that a paused
+    /// tape keeps its level.
+    float at(double seconds, double playTime) const;
 
-    /// The levels of earlier moments, latest first, as a stage's memory sees them: each wobbles on
-    /// its own time. One walk along the time line serves them all.
+    /// The levels at earlier moments in seconds, latest first. Their variation runs on the moments
+    /// themselves, whatever the tape does. One walk along the time line serves them all.
     std::vector<float> atEarlier(const std::vector<float>& moments) const;
 
 private:
-    float wobbled(float level, double variation, double phase) const;
+    float varied(float level, double variation, double phase) const;
 
     ParameterCurve master_;
     ParameterCurve variation_;
     ParameterCurve speed_;
-    double sampleRate_;
-    float seedOffset_;
+    double hostRate_;
+    float seedOffset_;  // moves the variation along its noise curve
 };
 
 }  // namespace ruvex

@@ -21,39 +21,48 @@ Past pastOf(const SignalLevel& level, float frame, float frameRate) {
     return past;
 }
 
-double creepingLines(const ParameterReader& reader, const WalkStart& start, const Past& past) {
-    const ParameterCurve speedMax = reader.curve(ParameterId::LineSpeedMax);
-    const ParameterCurve threshold = reader.curve(ParameterId::LineThreshold);
+// How a walk begins: the frame, and the level at it.
+struct Start {
+    const ParameterReader& reader;
+    const FrameTime& time;
+    float breakup;
+
+    float threshold(ParameterId id) const {
+        return fractionOf(reader.clampedReal(id, time.seconds));
+    }
+};
+
+double creepingLines(const Start& start, const Past& past) {
+    const ParameterCurve speedMax = start.reader.curve(ParameterId::LineSpeedMax);
+    const ParameterCurve threshold = start.reader.curve(ParameterId::LineThreshold);
     double sum = 0.0;
     float level = start.breakup;
     for (std::size_t i = 0; i < past.moments.size(); ++i) {
         const double moment = past.moments[i];
-        const double speed = speedMax.at(moment) / start.frameRate;
+        const double speed = speedMax.at(moment) / start.time.rate;
         sum += stageAmountDouble(level, speed, fractionOf(threshold.at(moment)));
         level = past.levels[i];
     }
     return sum;
 }
 
-std::int32_t verticalOffset(const ParameterReader& reader, const WalkStart& start) {
-    const double max = reader.clampedReal(ParameterId::VertOffsetMax, start.time);
-    const float threshold =
-        fractionOf(reader.clampedReal(ParameterId::VertOffsetThreshold, start.time));
-    return truncateToInt(stageAmountDouble(start.breakup, max, threshold));
+std::int32_t verticalOffset(const Start& start) {
+    const double max = start.reader.clampedReal(ParameterId::VertOffsetMax, start.time.seconds);
+    return truncateToInt(
+        stageAmountDouble(start.breakup, max, start.threshold(ParameterId::VertOffsetThreshold)));
 }
 
-// Goes back to the latest time at which the level lay under the roll threshold: the roll starts
-// anew after every recovery. The sum is cut to a whole number at every step.
-std::int32_t verticalRoll(const ParameterReader& reader, const WalkStart& start, const Past& past,
-                          std::int32_t sum) {
-    const ParameterCurve speedMax = reader.curve(ParameterId::VertRollSpeedMax);
-    const ParameterCurve thresholds = reader.curve(ParameterId::VertRollThreshold);
+// Goes back to the latest time at which the level was not above the roll threshold: the roll starts
+// anew after every recovery. The sum, from `sum` on, is cut to a whole number at every step.
+std::int32_t verticalRoll(const Start& start, const Past& past, std::int32_t sum) {
+    const ParameterCurve speedMax = start.reader.curve(ParameterId::VertRollSpeedMax);
+    const ParameterCurve thresholds = start.reader.curve(ParameterId::VertRollThreshold);
     float level = start.breakup;
     for (std::size_t i = 0; i < past.moments.size(); ++i) {
         const double moment = past.moments[i];
         const float threshold = fractionOf(thresholds.at(moment));
         if (!(threshold < 1.0f)) break;
-        const double speed = speedMax.at(moment) / start.frameRate;
+        const double speed = speedMax.at(moment) / start.time.rate;
         sum = truncateToInt(thresholdLineDouble(level, speed, threshold) + static_cast<float>(sum));
         if (i + 1 == past.moments.size()) break;
         level = past.levels[i + 1];
@@ -62,14 +71,8 @@ std::int32_t verticalRoll(const ParameterReader& reader, const WalkStart& start,
     return sum;
 }
 
-bool rolls(const ParameterReader& reader, const WalkStart& start) {
-    const float threshold =
-        fractionOf(reader.clampedReal(ParameterId::VertRollThreshold, start.time));
-    return actsAt(start.breakup, threshold);
-}
-
-std::int32_t shashFrames(const ParameterReader& reader, const WalkStart& start, const Past& past) {
-    const float threshold = fractionOf(reader.clampedReal(ParameterId::ShashThreshold, start.time));
+std::int32_t shashFrames(const Start& start, const Past& past) {
+    const float threshold = start.threshold(ParameterId::ShashThreshold);
     std::int32_t count = 0;
     float level = start.breakup;
     for (const float earlier : past.levels) {
@@ -81,20 +84,28 @@ std::int32_t shashFrames(const ParameterReader& reader, const WalkStart& start, 
 
 }  // namespace
 
-SignalWalks walkBack(const ParameterReader& reader, const SignalLevel& level,
-                     const WalkStart& start) {
-    const Past tape = pastOf(level, start.sourcePosition, start.frameRate);
+SignalWalks walkBack(const ParameterReader& reader, const SignalLevel& level, const FrameTime& time,
+                     float sourcePosition, float breakup) {
+    const Start start{reader, time, breakup};
+    const Past tape = pastOf(level, sourcePosition, time.rate);
     SignalWalks walks;
-    walks.lineSum = creepingLines(reader, start, tape);
-    walks.verticalSum = verticalOffset(reader, start);
-    if (rolls(reader, start)) {
-        walks.verticalSum = verticalRoll(reader, start, tape, walks.verticalSum);
+    walks.lineSum = creepingLines(start, tape);
+    walks.verticalSum = verticalOffset(start);
+    if (actsAt(breakup, start.threshold(ParameterId::VertRollThreshold))) {
+        walks.verticalSum = verticalRoll(start, tape, walks.verticalSum);
     }
-    // The tape's clock and the output's are one as long as it plays at its normal speed.
-    const bool oneClock = start.frameNow == start.sourcePosition;
-    const Past output = oneClock ? Past{} : pastOf(level, start.frameNow, start.frameRate);
-    walks.shashFramesOn = shashFrames(reader, start, oneClock ? tape : output);
+    // At normal speed the tape's frames are the output's, and one walk serves both.
+    const bool sameFrames = time.frame == sourcePosition;
+    const Past output = sameFrames ? Past{} : pastOf(level, time.frame, time.rate);
+    walks.shashFramesOn = shashFrames(start, sameFrames ? tape : output);
     return walks;
+}
+
+SignalState signalAt(const ParameterReader& reader, const FrameTime& time,
+                     const TapePosition& tape) {
+    const SignalLevel level(reader, time.hostRate);
+    const float breakup = level.at(time.seconds, tape.playTime);
+    return {breakup, walkBack(reader, level, time, tape.sourcePosition, breakup)};
 }
 
 }  // namespace ruvex

@@ -13,14 +13,13 @@ namespace {
 using Id = ParameterId;
 
 TapePosition tapeAt(const ParameterSet& set, int k, double rate = 25.0) {
-    return tapePosition(set.reader(), rate, k / rate);
+    return tapePosition(set.reader(), {k / rate, rate});
 }
 
 PlayState playAt(const ParameterSet& set, int k, double rate = 25.0) {
-    FrameScale scale;
-    scale.frameRate = static_cast<float>(rate);
-    scale.frameNow = static_cast<float>(k);
-    return playStateAt(set.reader(), scale, k / rate);
+    FrameTime time(k / rate, rate);
+    time.frame = static_cast<float>(k);
+    return playStateAt(set.reader(), time);
 }
 
 std::vector<int> sourceFrames(const ParameterSet& set, int count, double rate = 25.0) {
@@ -36,10 +35,9 @@ constexpr double kUsualRates[] = {
 
 // True where the tape at normal speed shows the output's own frame, so that nothing is fetched.
 bool showsItsOwnFrame(const ParameterSet& set, double rate, int k) {
-    const double time = k / rate;
-    const auto frameNow = static_cast<float>(static_cast<float>(rate) * time);
-    const TapePosition tape = tapePosition(set.reader(), rate, time);
-    return tape.playTime == time && tape.shownFrame == frameNow && tape.sourceFrame == k;
+    const FrameTime time(k / rate, rate);
+    const TapePosition tape = tapePosition(set.reader(), time);
+    return tape.playTime == time.seconds && tape.shownFrame == time.frame && tape.sourceFrame == k;
 }
 
 TEST(TapePosition, AtNormalSpeedNothingIsFetchedForAMillionFrames) {
@@ -111,8 +109,8 @@ TEST(TapePosition, WindingBackFromTheStartGoesBelowFrameZero) {
 
 TEST(TapePosition, BeforeTheStartTheTapeStands) {
     const ParameterSet set;
-    EXPECT_EQ(tapePosition(set.reader(), 25.0, -3.0).playTime, 0.0);
-    EXPECT_EQ(tapePosition(set.reader(), 25.0, -3.0).shownFrame, 0.0f);
+    EXPECT_EQ(tapePosition(set.reader(), {-3.0, 25.0}).playTime, 0.0);
+    EXPECT_EQ(tapePosition(set.reader(), {-3.0, 25.0}).shownFrame, 0.0f);
 }
 
 TEST(TapePosition, RepeatedFramesGoByThrees) {
@@ -130,7 +128,7 @@ TEST(TapePosition, OddRatesTimesAndSpeedsGiveSomeFrame) {
             for (const double speed : {1e300, -1e300, 1e-300, 99.999999}) {
                 ParameterSet set;
                 set.animate(Id::PlaySpeed, {{0.0, speed}}).set(Id::RepeatFrames, 7);
-                const TapePosition tape = tapePosition(set.reader(), rate, time);
+                const TapePosition tape = tapePosition(set.reader(), {time, rate});
                 EXPECT_EQ(tape.shownFrame, std::trunc(tape.shownFrame));
             }
         }

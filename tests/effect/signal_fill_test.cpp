@@ -11,7 +11,7 @@ namespace {
 using Id = ParameterId;
 
 // A frame of a 720 by 576 project rendered at half its width, with wide pixels.
-FrameScale halfScale(double time) {
+FrameScale halfScale() {
     FrameScale scale;
     scale.pixelsX = 360.0f;
     scale.pixelsY = 576.0f;
@@ -19,31 +19,28 @@ FrameScale halfScale(double time) {
     scale.scaleY = 1.0f;
     scale.scaleMean = 0.75f;
     scale.pixelAspect = 2.0f;
-    scale.frameRate = 25.0f;
-    scale.frameNow = static_cast<float>(25.0 * time);
     return scale;
 }
 
 struct Frame {
-    explicit Frame(const ParameterSet& set, double seconds = 2.0, float resolution = 1.0f)
+    explicit Frame(const ParameterSet& set, double seconds = 2.0)
         : reader(set.reader()),
           parameters(reader, seconds),
-          scale(halfScale(seconds)),
+          time(seconds, 25.0),
+          scale(halfScale()),
           state{.reader = reader,
                 .parameters = parameters,
                 .scale = scale,
-                .tape = tapePosition(reader, 25.0, seconds),
-                .play = playStateAt(reader, scale, seconds),
-                .walks = {},
-                .breakup = 0.0f,
-                .res = resolution,
-                .whiteDot = 0.0f,
-                .sampleRate = 25.0} {}
+                .time = time,
+                .tape = tapePosition(reader, time),
+                .play = playStateAt(reader, time),
+                .signal = {}} {}
 
     SignalParameters filled(float white = 255.0f) const { return signalParameters(state, white); }
 
     ParameterReader reader;
     FrameParameters parameters;
+    FrameTime time;
     FrameScale scale;
     FrameState state;
 };
@@ -102,10 +99,10 @@ TEST(SignalFill, DefaultsAtFullResolution) {
 TEST(SignalFill, LengthsFollowTheResolutionAndTheScale) {
     ParameterSet set;
     set.set(Id::GunAlignRedX, 8).set(Id::GunAlignBlueY, -12).set(Id::SnowSoftness, 6);
-    Frame frame(set, 2.0, 0.5f);
-    frame.state.walks = {.lineSum = 100.0, .verticalSum = -37, .shashFramesOn = 9};
-    frame.state.breakup = 0.625f;
-    frame.state.whiteDot = 0.25f;
+    set.set(Id::Resolution, 50).set(Id::WhiteDot, 25);
+    Frame frame(set);
+    frame.state.signal.walks = {.lineSum = 100.0, .verticalSum = -37, .shashFramesOn = 9};
+    frame.state.signal.breakup = 0.625f;
     const SignalParameters s = frame.filled();
     EXPECT_EQ(s.scale, 0.375f);
     EXPECT_EQ(s.width, 180.0f);
@@ -157,7 +154,7 @@ TEST(SignalFill, SnowKeepsItsSign) {
 TEST(SignalFill, NegativeLineSpeedRunsTheLinesTheOtherWay) {
     const ParameterSet set;
     Frame frame(set);
-    frame.state.walks.lineSum = -80.0;
+    frame.state.signal.walks.lineSum = -80.0;
     EXPECT_EQ(frame.filled().lineOffset, -40.0f);
 }
 

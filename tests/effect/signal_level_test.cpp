@@ -13,10 +13,9 @@ namespace {
 using Id = ParameterId;
 
 constexpr double kRate = 25.0;
-constexpr std::int32_t kSeed = 5;
 
-float levelAt(const ParameterSet& set, double time, std::int32_t seed = kSeed) {
-    return SignalLevel(set.reader(), kRate, seed).at(time, time);
+float levelAt(const ParameterSet& set, double time) {
+    return SignalLevel(set.reader(), kRate).at(time, time);
 }
 
 TEST(SignalLevel, WithoutVariationItIsExactlyMasterBreakupAndNoNoiseIsEvaluated) {
@@ -26,7 +25,7 @@ TEST(SignalLevel, WithoutVariationItIsExactlyMasterBreakupAndNoNoiseIsEvaluated)
     for (const double master : {0.0, 12.5, 33.0, 50.0, 99.9, 100.0}) {
         set.set(Id::MasterBreakup, master);
         EXPECT_EQ(levelAt(set, 3.0), static_cast<float>(master) * 0.01f);
-        const SignalLevel level(set.reader(), kRate, kSeed);
+        const SignalLevel level(set.reader(), kRate);
         EXPECT_EQ(level.atEarlier({2.0f, 1.0f}),
                   std::vector<float>(2, static_cast<float>(master) * 0.01f));
     }
@@ -37,7 +36,7 @@ TEST(SignalLevel, WithoutVariationItIsExactlyMasterBreakupAndNoNoiseIsEvaluated)
 
 TEST(SignalLevel, WithVariationEachLevelEvaluatesTheNoiseOnce) {
     const ParameterSet set;
-    const SignalLevel level(set.reader(), kRate, kSeed);
+    const SignalLevel level(set.reader(), kRate);
     const auto before = fractalNoiseCalls();
     level.at(2.0, 2.0);
     EXPECT_EQ(fractalNoiseCalls(), before + 1);
@@ -52,12 +51,13 @@ TEST(SignalLevel, ASeedMovesTheNoiseAlongItsCurveByAFixedAmount) {
     // What nextRandom gives from states of 5 and of 6, times 1 / 32767 and 100.
     const std::pair<std::int32_t, int> seeds[] = {{5, 28553}, {6, 21419}};
     for (const auto& [seed, random] : seeds) {
+        set.set(Id::Seed, seed);
         const float offset = static_cast<float>(random) * 3.0518509e-05f * 100.0f;
         for (int k = 0; k < 100; ++k) {
             const double time = k / 25.0;
             const float place = static_cast<float>(time * 50) * 0.01f + offset;
             const float noise = noiseTable().fractalNoise(place, 8);
-            EXPECT_NEAR(levelAt(set, time, seed), std::clamp(0.5f + 0.3f * noise, 0.0f, 1.0f), 1e-3)
+            EXPECT_NEAR(levelAt(set, time), std::clamp(0.5f + 0.3f * noise, 0.0f, 1.0f), 1e-3)
                 << "seed " << seed << ", frame " << k;
         }
     }
@@ -66,13 +66,15 @@ TEST(SignalLevel, ASeedMovesTheNoiseAlongItsCurveByAFixedAmount) {
 TEST(SignalLevel, WithoutVariationTheSeedMeansNothing) {
     ParameterSet set;
     set.set(Id::BreakupVariation, 0);
-    for (int k = 0; k < 20; ++k) EXPECT_EQ(levelAt(set, k, 1), levelAt(set, k, 9999));
+    ParameterSet other;
+    other.set(Id::BreakupVariation, 0).set(Id::Seed, 9999);
+    for (int k = 0; k < 20; ++k) EXPECT_EQ(levelAt(set, k), levelAt(other, k));
 }
 
 TEST(SignalLevel, TheSameTimeGivesTheSameLevelInAnyOrder) {
     ParameterSet set;
     set.animate(Id::BreakupSpeed, {{0.0, 10.0}, {2.0, 300.0}});
-    const SignalLevel level(set.reader(), kRate, kSeed);
+    const SignalLevel level(set.reader(), kRate);
     std::vector<float> forwards;
     for (int k = 0; k < 60; ++k) forwards.push_back(level.at(k / kRate, k / kRate));
     for (int k = 59; k >= 0; --k) {
@@ -84,7 +86,7 @@ TEST(SignalLevel, TheSameTimeGivesTheSameLevelInAnyOrder) {
 
 TEST(SignalLevel, ThePlayTimeMovesTheWobbleAndNotTheFrameTime) {
     const ParameterSet set;
-    const SignalLevel level(set.reader(), kRate, kSeed);
+    const SignalLevel level(set.reader(), kRate);
     EXPECT_EQ(level.at(7.0, 2.0), level.at(2.0, 2.0));
     EXPECT_NE(level.at(7.0, 7.0), level.at(7.0, 2.0));
     // Wound back before the start, the phase stays at its beginning.
@@ -94,19 +96,19 @@ TEST(SignalLevel, ThePlayTimeMovesTheWobbleAndNotTheFrameTime) {
 TEST(SignalLevel, TheFramesOwnMasterBreakupIsHeldAndAnEarlierOneIsNot) {
     ParameterSet set;
     set.set(Id::BreakupVariation, 0).animate(Id::MasterBreakup, {{0.0, 150.0}});
-    const SignalLevel level(set.reader(), kRate, kSeed);
+    const SignalLevel level(set.reader(), kRate);
     EXPECT_EQ(level.at(1.0, 1.0), 1.0f);
     EXPECT_EQ(level.atEarlier({1.0f}).front(), 150.0f * 0.01f);
     // The hold to 0..1 comes with the wobble.
     set.set(Id::BreakupVariation, 0.001);
-    EXPECT_EQ(SignalLevel(set.reader(), kRate, kSeed).atEarlier({1.0f}).front(), 1.0f);
+    EXPECT_EQ(SignalLevel(set.reader(), kRate).atEarlier({1.0f}).front(), 1.0f);
 }
 
 TEST(SignalLevel, AVariationBelowZeroIsNone) {
     ParameterSet set;
     set.animate(Id::BreakupVariation, {{0.0, -80.0}}).set(Id::MasterBreakup, 70);
     EXPECT_EQ(levelAt(set, 1.0), 70.0f * 0.01f);
-    EXPECT_EQ(SignalLevel(set.reader(), kRate, kSeed).atEarlier({1.0f}).front(), 70.0f * 0.01f);
+    EXPECT_EQ(SignalLevel(set.reader(), kRate).atEarlier({1.0f}).front(), 70.0f * 0.01f);
 }
 
 TEST(SignalLevel, StaysInItsRangeWhateverTheParametersAre) {
@@ -116,7 +118,7 @@ TEST(SignalLevel, StaysInItsRangeWhateverTheParametersAre) {
             ParameterSet set;
             set.animate(Id::BreakupVariation, {{0.0, variation}});
             set.animate(Id::BreakupSpeed, {{0.0, speed}});
-            for (const float level : SignalLevel(set.reader(), kRate, kSeed).atEarlier({9.0f, 0})) {
+            for (const float level : SignalLevel(set.reader(), kRate).atEarlier({9.0f, 0})) {
                 EXPECT_TRUE(level >= 0.0f && level <= 1.0f) << variation << ' ' << speed;
             }
         }

@@ -18,11 +18,10 @@ ParameterSet& broken(ParameterSet& set) {
 
 // The walks of frame `k` at a rate and at normal speed.
 SignalWalks walksOf(const ParameterSet& set, int k, double rate = 25.0) {
-    const double time = k / rate;
-    const SignalLevel level(set.reader(), rate, 5);
-    const auto frame = static_cast<float>(k);
-    return walkBack(set.reader(), level,
-                    {time, static_cast<float>(rate), frame, frame, level.at(time, time)});
+    FrameTime time(k / rate, rate);
+    time.frame = static_cast<float>(k);
+    const SignalLevel level(set.reader(), rate);
+    return walkBack(set.reader(), level, time, time.frame, level.at(time.seconds, time.seconds));
 }
 
 TEST(SignalWalks, AtTimeZeroOnlyTheVerticalOffsetIsThere) {
@@ -114,8 +113,8 @@ TEST(SignalWalks, ShashCountsTheFramesOfTheOutput) {
     EXPECT_EQ(walksOf(set, 12).shashFramesOn, 0);
     // The output's clock counts, wherever the tape is.
     set.set(Id::ShashThreshold, 99);
-    const SignalLevel level(set.reader(), 25.0, 5);
-    EXPECT_EQ(walkBack(set.reader(), level, {4.0, 25.0f, 100.0f, 3.0f, 1.0f}).shashFramesOn, 100);
+    const SignalLevel level(set.reader(), 25.0);
+    EXPECT_EQ(walkBack(set.reader(), level, {4.0, 25.0}, 3.0f, 1.0f).shashFramesOn, 100);
 }
 
 TEST(SignalWalks, AtNormalSpeedAllWalksShareTheirLevels) {
@@ -128,9 +127,11 @@ TEST(SignalWalks, AtNormalSpeedAllWalksShareTheirLevels) {
 TEST(SignalWalks, FramesBeyondThePrecisionOfTheirNumberEndTheWalk) {
     ParameterSet set;
     broken(set);
-    const SignalLevel level(set.reader(), 25.0, 5);
+    const SignalLevel level(set.reader(), 25.0);
     for (const float frame : {16777220.0f, 1e30f, INFINITY, NAN, -5.0f}) {
-        const SignalWalks walks = walkBack(set.reader(), level, {1e30, 25.0f, frame, frame, 1.0f});
+        FrameTime time(1e30, 25.0);
+        time.frame = frame;
+        const SignalWalks walks = walkBack(set.reader(), level, time, frame, 1.0f);
         EXPECT_EQ(walks.lineSum, 0.0) << frame;
         EXPECT_EQ(walks.shashFramesOn, 0) << frame;
     }

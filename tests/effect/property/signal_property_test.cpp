@@ -69,6 +69,7 @@ struct Case {
         set.set(Id::RepeatFrames, random.whole(-1, 6));
         rate = random.oneOf(kRates);
         seed = random.chance(50) ? random.whole(0, 10000) : random.whole(INT32_MIN, INT32_MAX);
+        set.set(Id::Seed, seed);
         const int frame = random.whole(0, random.chance(30) ? 300 : 90);
         time = frame / rate;
         if (random.chance(20)) time += random.real(-0.5f, 0.5f) / rate;
@@ -127,7 +128,7 @@ TEST(SignalProperty, TheTapeIsWhereTheTwinSaysItIs) {
     forCases(30000, 1500, [](const Case& given) {
         const ParameterReader reader = given.set.reader();
         const twin::PlayerTwin twin{reader, given.rate};
-        const TapePosition tape = tapePosition(reader, given.rate, given.time);
+        const TapePosition tape = tapePosition(reader, {given.time, given.rate});
         const double playTime = twin.playTime(given.time);
         const auto position = static_cast<float>(twin.frameRate() * playTime);
         ASSERT_TRUE(sameBits(tape.playTime, playTime));
@@ -141,10 +142,7 @@ TEST(SignalProperty, ThePlayStateIsTheTwins) {
     forCases(40000, 1500, [](const Case& given) {
         const ParameterReader reader = given.set.reader();
         const twin::PlayerTwin twin{reader, given.rate};
-        FrameScale scale;
-        scale.frameRate = static_cast<float>(given.rate);
-        scale.frameNow = static_cast<float>(scale.frameRate * given.time);
-        const PlayState play = playStateAt(reader, scale, given.time);
+        const PlayState play = playStateAt(reader, {given.time, given.rate});
         const auto wanted = twin.stateAt(given.time);
         ASSERT_EQ(play.state, wanted.state);
         ASSERT_EQ(play.framesAtLowSpeed, wanted.framesAtLowSpeed);
@@ -157,15 +155,18 @@ TEST(SignalProperty, LevelAndWalksAreTheQuadraticOnes) {
     forCases(50000, 1500, [&acted](const Case& given) {
         const ParameterReader reader = given.set.reader();
         const twin::SignalTwin twin{reader, given.rate, given.seed};
-        const TapePosition tape = tapePosition(reader, given.rate, given.time);
-        const SignalLevel level(reader, given.rate, given.seed);
+        const TapePosition tape = tapePosition(reader, {given.time, given.rate});
+        const SignalLevel level(reader, given.rate);
         const float breakup = level.at(given.time, tape.playTime);
         ASSERT_TRUE(sameBits(breakup, twin.level(given.time, tape.playTime)));
 
-        const float rate = twin.frameRate();
-        const auto frameNow = static_cast<float>(rate * given.time);
-        const SignalWalks walks =
-            walkBack(reader, level, {given.time, rate, frameNow, tape.sourcePosition, breakup});
+        const FrameTime time(given.time, given.rate);
+        const auto frameNow = static_cast<float>(twin.frameRate() * given.time);
+        ASSERT_TRUE(sameBits(time.frame, frameNow));
+        const SignalWalks walks = walkBack(reader, level, time, tape.sourcePosition, breakup);
+        const SignalState signal = signalAt(reader, time, tape);
+        ASSERT_TRUE(sameBits(signal.breakup, breakup));
+        ASSERT_TRUE(sameBits(signal.walks.lineSum, walks.lineSum));
         ASSERT_TRUE(sameBits(walks.lineSum, twin.lineSum(tape.sourcePosition, breakup)));
         ASSERT_EQ(walks.verticalSum, twin.verticalSum(given.time, tape.sourcePosition, breakup));
         ASSERT_EQ(walks.shashFramesOn, twin.shashFramesOn(given.time, frameNow, breakup));
