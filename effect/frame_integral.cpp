@@ -13,12 +13,12 @@ double FrameIntegral::upTo(double end) {
         const auto reached = static_cast<float>(next_);
         // So late that a frame is less than the precision of the moment: no step gets any further.
         if (reached == moment_) break;
-        sum_ += curve_.at(moment_) * step_;
+        sum_ += curve_.rawAt(moment_) * step_;
         moment_ = reached;
         next_ = moment_ + step_;
     }
     const double rest = end - moment_;
-    return rest > 0.0 ? sum_ + curve_.at(end) * rest : sum_;
+    return rest > 0.0 ? sum_ + curve_.rawAt(end) * rest : sum_;
 }
 
 double integrateParameter(const ParameterCurve& curve, double hostRate, double start, double end) {

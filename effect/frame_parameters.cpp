@@ -2,13 +2,10 @@
 
 namespace ruvex {
 
-FrameParameters::FrameParameters(const ParameterReader& reader, double time) {
+FrameParameters::FrameParameters(const ParameterReader& reader, double seconds) : reader_(reader) {
     for (const ParameterRow& row : parameterTable()) {
-        if (isReal(row.kind)) {
-            values_.real(row.id) = reader.clampedReal(row.id, time);
-        } else {
-            values_.integer(row.id) = reader.integer(row.id);
-        }
+        if (!isReal(row.kind)) continue;
+        reals_[static_cast<std::size_t>(row.id)] = reader.real(row.id, seconds);
     }
 }
 

@@ -2,25 +2,29 @@
 
 #pragma once
 
+#include <array>
+
 #include "effect/percent.h"
 #include "host/base/parameter_reader.h"
 
 namespace ruvex {
 
+/// Good as long as the reader's object does not change.
 class FrameParameters {
 public:
-    /// Reads every parameter at `time`, with the clamps of the render.
-    FrameParameters(const ParameterReader& reader, double time);
+    /// Reads every real at `seconds`, clamped for the render.
+    FrameParameters(const ParameterReader& reader, double seconds);
 
-    double real(ParameterId id) const { return values_.real(id); }
-    std::int32_t integer(ParameterId id) const { return values_.integer(id); }
-    bool on(ParameterId id) const { return integer(id) != 0; }
+    double real(ParameterId id) const { return reals_[static_cast<std::size_t>(id)]; }
+    std::int32_t integer(ParameterId id) const { return reader_.integer(id); }
+    bool on(ParameterId id) const { return reader_.on(id); }
 
     /// A percentage as a fraction, in single precision: 100 is exactly 1.
     float fraction(ParameterId id) const { return fractionOf(real(id)); }
 
 private:
-    ParameterValues values_;
+    ParameterReader reader_;
+    std::array<double, kParameterCount> reals_{};  // 0 for what is no real
 };
 
 }  // namespace ruvex

@@ -13,9 +13,8 @@ namespace {
 // What the artefact does at a level: a fraction or pixels, as the artefact counts.
 double amountOf(const Artefact& artefact, const ParameterReader& reader, double seconds,
                 float level) {
-    const double amount =
-        stageAmountDouble(level, reader.clampedReal(artefact.maximum, seconds),
-                          fractionOf(reader.clampedReal(artefact.threshold, seconds)));
+    const double amount = stageAmountDouble(level, reader.real(artefact.maximum, seconds),
+                                            fractionOf(reader.real(artefact.threshold, seconds)));
     return artefact.isFraction() ? amount * kPercent : amount;
 }
 

@@ -32,14 +32,14 @@ double playedSeconds(const ParameterCurve& speed, double hostRate, double end) {
     while (end >= next) {
         const auto reached = static_cast<float>(next);
         if (reached == moment) break;
-        const double value = speed.at(moment);
+        const double value = speed.rawAt(moment);
         normal = normal && value == kNormalSpeed;
         sum = normal ? kNormalSpeed * reached : sum + value * step;
         moment = reached;
         next = moment + step;
     }
     const double rest = end - moment;
-    const double value = rest > 0.0 ? speed.at(end) : kNormalSpeed;
+    const double value = rest > 0.0 ? speed.rawAt(end) : kNormalSpeed;
     if (normal && value == kNormalSpeed) return end;
     if (rest > 0.0) sum += value * rest;
     return sum / kNormalSpeed;
@@ -73,13 +73,13 @@ TapePosition tapePosition(const ParameterReader& reader, const FrameTime& time) 
 
 PlayState playStateAt(const ParameterReader& reader, const FrameTime& time) {
     const ParameterCurve curve = reader.curve(ParameterId::PlaySpeed);
-    double speed = curve.at(time.seconds);
+    double speed = curve.rawAt(time.seconds);
     PlayState play;
     play.state = slow(speed) ? 1 : speed == kNormalSpeed ? 2 : 0;
     for (float frame = time.frame; slow(speed) && walksOn(frame);) {
         ++play.framesAtLowSpeed;
         frame -= 1.0f;
-        speed = curve.at(frame / time.rate);
+        speed = curve.rawAt(frame / time.rate);
     }
     play.speedAtStart = fractionOf(speed);
     return play;

@@ -103,7 +103,7 @@ void Ruvex::readCrop(double seconds) {
     if (cropMode == 0) return;
     const ParameterReader read = reader();
     const auto fraction = [&](ParameterId id) {
-        return static_cast<float>(read.real(id, seconds) / 100.0);
+        return static_cast<float>(read.rawReal(id, seconds) / 100.0);
     };
     crop.left = fraction(ParameterId::CropLeft);
     crop.right = fraction(ParameterId::CropRight);

@@ -45,8 +45,8 @@ float SignalLevel::varied(float level, double variation, double phase) const {
 }
 
 float SignalLevel::at(double seconds, double playTime) const {
-    const float level = levelOf(renderClamp(ParameterId::MasterBreakup, master_.at(seconds)));
-    const double variation = renderClamp(ParameterId::BreakupVariation, variation_.at(seconds));
+    const float level = levelOf(master_.at(seconds));
+    const double variation = variation_.at(seconds);
     if (variation == 0.0) return level;
     return varied(level, variation, integrateParameter(speed_, hostRate_, 0.0, playTime));
 }
@@ -56,12 +56,11 @@ std::vector<float> SignalLevel::atEarlier(const std::vector<float>& moments) con
     FrameIntegral phase(speed_, hostRate_, 0.0);
     for (std::size_t i = moments.size(); i-- > 0;) {
         const double moment = moments[i];
-        // Master Breakup is taken as it stands here, whatever its range.
-        levels[i] = levelOf(master_.at(moment));
-        const double variation = variation_.at(moment);
-        if (variation == 0.0) continue;
-        levels[i] = varied(levels[i], renderClamp(ParameterId::BreakupVariation, variation),
-                           phase.upTo(moment));
+        // Master Breakup is not clamped, and a Breakup Variation below 0 varies by 0: the level
+        // that comes of it is still clamped to 0..1.
+        levels[i] = levelOf(master_.rawAt(moment));
+        if (variation_.rawAt(moment) == 0.0) continue;
+        levels[i] = varied(levels[i], variation_.at(moment), phase.upTo(moment));
     }
     return levels;
 }

@@ -27,9 +27,7 @@ struct Start {
     const FrameTime& time;
     float breakup;
 
-    float threshold(ParameterId id) const {
-        return fractionOf(reader.clampedReal(id, time.seconds));
-    }
+    float threshold(ParameterId id) const { return fractionOf(reader.real(id, time.seconds)); }
 };
 
 double creepingLines(const Start& start, const Past& past) {
@@ -39,15 +37,15 @@ double creepingLines(const Start& start, const Past& past) {
     float level = start.breakup;
     for (std::size_t i = 0; i < past.moments.size(); ++i) {
         const double moment = past.moments[i];
-        const double speed = speedMax.at(moment) / start.time.rate;
-        sum += stageAmountDouble(level, speed, fractionOf(threshold.at(moment)));
+        const double speed = speedMax.rawAt(moment) / start.time.rate;
+        sum += stageAmountDouble(level, speed, fractionOf(threshold.rawAt(moment)));
         level = past.levels[i];
     }
     return sum;
 }
 
 std::int32_t verticalOffset(const Start& start) {
-    const double max = start.reader.clampedReal(ParameterId::VertOffsetMax, start.time.seconds);
+    const double max = start.reader.real(ParameterId::VertOffsetMax, start.time.seconds);
     return truncateToInt(
         stageAmountDouble(start.breakup, max, start.threshold(ParameterId::VertOffsetThreshold)));
 }
@@ -60,9 +58,9 @@ std::int32_t verticalRoll(const Start& start, const Past& past, std::int32_t sum
     float level = start.breakup;
     for (std::size_t i = 0; i < past.moments.size(); ++i) {
         const double moment = past.moments[i];
-        const float threshold = fractionOf(thresholds.at(moment));
+        const float threshold = fractionOf(thresholds.rawAt(moment));
         if (!(threshold < 1.0f)) break;
-        const double speed = speedMax.at(moment) / start.time.rate;
+        const double speed = speedMax.rawAt(moment) / start.time.rate;
         sum = truncateToInt(thresholdLineDouble(level, speed, threshold) + static_cast<float>(sum));
         if (i + 1 == past.moments.size()) break;
         level = past.levels[i + 1];

@@ -17,8 +17,9 @@ public:
 
     void setDefaults();
 
-    double& real(ParameterId id) { return values_[index(id)].real; }
-    double real(ParameterId id) const { return values_[index(id)].real; }
+    /// Reals as they are stored, whatever the clamp of the render.
+    double& rawReal(ParameterId id) { return values_[index(id)].real; }
+    double rawReal(ParameterId id) const { return values_[index(id)].real; }
     std::int32_t& integer(ParameterId id) { return values_[index(id)].integer; }
     std::int32_t integer(ParameterId id) const { return values_[index(id)].integer; }
 

@@ -20,7 +20,7 @@ public:
     ParameterSet& set(ParameterId id, double value) {
         ClearKeys(row(id).identifier);
         if (isReal(row(id).kind)) {
-            values_.real(id) = value;
+            values_.rawReal(id) = value;
         } else {
             values_.integer(id) = static_cast<std::int32_t>(value);
         }

@@ -14,7 +14,7 @@ struct PlayerTwin {
     const ParameterReader& parameters;
     double sampleRate;
 
-    double speed(double t) const { return parameters.real(ParameterId::PlaySpeed, t); }
+    double speed(double t) const { return parameters.rawReal(ParameterId::PlaySpeed, t); }
     float frameRate() const { return static_cast<float>(sampleRate); }
 
     /// One sample of the integral: taken at `moment`, it holds for `length` seconds.

@@ -27,7 +27,7 @@ struct SignalTwin {
     double sampleRate;
     std::int32_t seed;
 
-    double value(ParameterId id, double t) const { return parameters.real(id, t); }
+    double value(ParameterId id, double t) const { return parameters.rawReal(id, t); }
     float frameRate() const { return static_cast<float>(sampleRate); }
     float fraction(double percent) const { return static_cast<float>(percent * kHundredth); }
 
