@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstddef>
 #include <functional>
+#include <iterator>
 #include <type_traits>
 #include <utility>
 
@@ -27,9 +28,6 @@
 namespace ruvex {
 namespace {
 
-// Ghosts come with the signal; their pass stays, for the passes are known by their numbers.
-enum Pass : std::int32_t { kSignal, kGhosts, kLines, kTransport, kWhiteDot, kPassCount };
-
 constexpr std::int32_t kRandomShash = 5;
 
 // Whether two textures may share memory.
@@ -50,12 +48,41 @@ bool overlap(const VxTexture<P>& a, const VxTexture<P>& b) {
 
 }  // namespace
 
+// The passes in the order in which they run. That of the ghosts does nothing: they are added to a
+// row of the signal while it is in the cache. It stays because passes are counted.
+template <class P>
+const typename RuvexSampler<P>::Pass RuvexSampler<P>::kPasses[] = {
+    // Signal
+    {.sharesRows = true,
+     .acts = &RuvexSampler::pictureShows,
+     .run = &RuvexSampler::runSignal,
+     .after = &RuvexSampler::afterSignal},
+    // Ghosts
+    {.sharesRows = false, .acts = nullptr, .run = nullptr, .after = nullptr},
+    // Creeping lines
+    {.sharesRows = false,
+     .acts = &RuvexSampler::pictureShows,
+     .run = &RuvexSampler::runLines,
+     .after = &RuvexSampler::afterLines},
+    // Transport
+    {.sharesRows = true,
+     .acts = &RuvexSampler::transportShows,
+     .run = &RuvexSampler::runTransport,
+     .after = &RuvexSampler::afterTransport},
+    // White dot, last: without one the passes end before it.
+    {.sharesRows = true,
+     .acts = &RuvexSampler::whiteDotOn,
+     .run = &RuvexSampler::runWhiteDot,
+     .after = &RuvexSampler::afterWhiteDot},
+};
+
 template <class P>
 void RuvexSampler<P>::pre() {
     useThreads_ = this->useThreads;
     paddedSource.clear();
     workTexture.clear();
     shashMix_ = stageAmount(signal.breakup, signal.shashAmountMax, signal.shashThreshold);
+    constexpr auto kPassCount = static_cast<std::int32_t>(std::size(kPasses));
     this->setPasses(whiteDotOn() ? kPassCount : kPassCount - 1);
     measureArea();
     if (!makeWork() || stopped() || !pictureShows()) return;
@@ -153,41 +180,23 @@ bool RuvexSampler<P>::makeWork() {
     return true;
 }
 
-// Only passes that share their rows out start workers.
+// Workers are started only for a pass that has rows for them.
 template <class P>
 void RuvexSampler<P>::prePass() {
-    const auto shared = [this] {
-        switch (this->pass) {
-            case kSignal:
-                return pictureShows();
-            case kTransport:
-                return transportShows();
-            default:
-                return this->pass == kWhiteDot;
-        }
-    };
-    this->useThreads = useThreads_ && shared();
+    const Pass& now = currentPass();
+    this->useThreads = useThreads_ && now.sharesRows && now.active(*this);
 }
 
 template <class P>
 void RuvexSampler<P>::run() {
-    switch (this->pass) {
-        case kSignal:
-            if (pictureShows()) runSignal();
-            return;
-        case kLines:
-            if (pictureShows()) drawLines();
-            return;
-        case kTransport:
-            if (!transportShows()) return;
-            return runTransportPass(signal, this->scaleY, workTexture, picture(), this->rowRange(),
-                                    this->columnRange(), this->interrupt);
-        case kWhiteDot:
-            return shrinkToDot(signal, dotTexture, *this->target, this->rowRange(),
-                               this->columnRange(), this->interrupt);
-        default:
-            return;
-    }
+    const Pass& now = currentPass();
+    if (now.active(*this)) (this->*now.run)();
+}
+
+template <class P>
+void RuvexSampler<P>::postPass() {
+    const Pass& now = currentPass();
+    if (now.after) (this->*now.after)();
 }
 
 template <class P>
@@ -214,7 +223,7 @@ void RuvexSampler<P>::runSignal() {
 
 // A line may reach a row beyond a share: one worker draws all shares, one after the other.
 template <class P>
-void RuvexSampler<P>::drawLines() {
+void RuvexSampler<P>::runLines() {
     const std::int32_t workers = useThreads_ ? workerCount() : 1;
     for (std::int32_t worker = 0; worker < workers; ++worker) {
         const RowShare share = shareOfRows(this->y1 - this->y0, workers, worker);
@@ -223,19 +232,20 @@ void RuvexSampler<P>::drawLines() {
 }
 
 template <class P>
-void RuvexSampler<P>::postPass() {
-    switch (this->pass) {
-        case kSignal:
-            return paddedSource.clear();
-        case kLines:
-            return afterLines();
-        case kTransport:
-            return afterTransport();
-        case kWhiteDot:
-            return glowAroundDot(signal, this->scaleY, *this->target, this->interrupt);
-        default:
-            return;
-    }
+void RuvexSampler<P>::runTransport() {
+    runTransportPass(signal, this->scaleY, workTexture, picture(), this->rowRange(),
+                     this->columnRange(), this->interrupt);
+}
+
+template <class P>
+void RuvexSampler<P>::runWhiteDot() {
+    shrinkToDot(signal, dotTexture, *this->target, this->rowRange(), this->columnRange(),
+                this->interrupt);
+}
+
+template <class P>
+void RuvexSampler<P>::afterWhiteDot() {
+    glowAroundDot(signal, this->scaleY, *this->target, this->interrupt);
 }
 
 template <class P>

@@ -14,14 +14,13 @@
 namespace ruvex {
 
 /// Made for one frame: set `signal`, window, aspect and `interrupt`, then process(source, output).
-/// It runs five passes (signal, ghosts, creeping lines, transport, white dot), and between them
-/// what runs once: copies, snow, shash. Running out of memory stops the frame by way of
-/// `interrupt`, which must be set for that to be seen; what a stopped frame has written is no
-/// picture.
+/// It runs five passes (signal, ghosts, creeping lines, transport, white dot), and after each of
+/// them what runs once: copies, snow, shash. The table of passes stands in the source. Running out
+/// of memory stops the frame by way of `interrupt`, which must be set for that to be seen; what a
+/// stopped frame has written is no picture.
 ///
-/// Ghosts are added to a row of the signal while it is near, so that their pass has nothing left to
-/// do. Whatever a frame does not need is not made: no margins without displacement, and no work
-/// picture where the stages can work in the finished one.
+/// Whatever a frame does not need is not made: no margins without displacement, and no work picture
+/// where the stages can work in the finished one.
 template <class P>
 class RuvexSampler : public VxImgProc2<VxTexture<P>, VxTexture<P>>, public VxIPWindowStack {
 public:
@@ -45,6 +44,17 @@ public:
     Texture dotTexture;  ///< the finished picture that the white dot shrinks
 
 private:
+    /// One pass of the table. Its number is its place there.
+    struct Pass {
+        bool sharesRows;                     ///< each worker runs it over a share of the rows
+        bool (RuvexSampler::*acts)() const;  ///< null for one that never does
+        void (RuvexSampler::*run)();         ///< over one worker's rows, if it acts
+        void (RuvexSampler::*after)();       ///< once when all rows are done, in any case; or null
+        bool active(const RuvexSampler& sampler) const { return acts && (sampler.*acts)(); }
+    };
+    static const Pass kPasses[];
+    const Pass& currentPass() const { return kPasses[this->pass]; }
+
     bool pictureShows() const { return shashMix_ != 1.0f; }
     bool whiteDotOn() const { return signal.whiteDot > 0.0f; }
     bool transportShows() const;
@@ -63,12 +73,17 @@ private:
     template <class Processor>
     void giveWindow(Processor& processor);
     void copyInWindow(Texture& from, Texture& to);
+
     void runSignal();
-    void drawLines();
+    void afterSignal() { paddedSource.clear(); }
+    void runLines();
     void afterLines();
     void snow();
+    void runTransport();
     void afterTransport();
     void drawShash();
+    void runWhiteDot();
+    void afterWhiteDot();
     std::int32_t shashTypeOfFrame() const;
 
     ToneTables<P> tables_;

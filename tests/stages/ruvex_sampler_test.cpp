@@ -26,6 +26,15 @@ TYPED_TEST(Sampler, AStoppedFrameWritesNothing) {
     EXPECT_EQ(firstDifference(set.target.memory, before), "");
 }
 
+// Passes are counted by what watches a render.
+TYPED_TEST(Sampler, ThereAreFourPassesAndAFifthForTheWhiteDot) {
+    Television<TypeParam> set(30, 20);
+    makeFaulty(set.signal);
+    EXPECT_EQ(set.run().sampler->passes, 4);
+    set.signal.whiteDot = 0.3f;
+    EXPECT_EQ(set.run().sampler->passes, 5);
+}
+
 TYPED_TEST(Sampler, AFrameMayBeStoppedAtAnyPoll) {
     static std::atomic<int> left;
     for (const int workers : {1, 4}) {
