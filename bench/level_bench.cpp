@@ -31,7 +31,7 @@ void keyedPlaySpeed(ParameterSet& set) {
 void measureFrame(const ParameterReader& reader, int number) {
     const FrameTime time(number / kRate, kRate);
     const TapePosition tape = tapePosition(reader, time);
-    benchmark::DoNotOptimize(playStateAt(reader, time));
+    benchmark::DoNotOptimize(playStatusAt(reader, time));
     benchmark::DoNotOptimize(signalAt(reader, time, tape));
 }
 

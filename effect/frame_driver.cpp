@@ -204,7 +204,7 @@ void FrameDriver<P>::measureSignal() {
                            .scale = scale_,
                            .time = time_,
                            .tape = tape_,
-                           .play = playStateAt(reader_, time_),
+                           .play = playStatusAt(reader_, time_),
                            .signal = signalAt(reader_, time_, tape_)};
     signal_ = signalParameters(frame, PixelTraits<P>::kWhite);
 }

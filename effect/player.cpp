@@ -71,11 +71,13 @@ TapePosition tapePosition(const ParameterReader& reader, const FrameTime& time) 
     return tape;
 }
 
-PlayState playStateAt(const ParameterReader& reader, const FrameTime& time) {
+PlayStatus playStatusAt(const ParameterReader& reader, const FrameTime& time) {
     const ParameterCurve curve = reader.curve(ParameterId::PlaySpeed);
     double speed = curve.rawAt(time.seconds);
-    PlayState play;
-    play.state = slow(speed) ? 1 : speed == kNormalSpeed ? 2 : 0;
+    PlayStatus play;
+    play.state = slow(speed)             ? PlayState::Slow
+                 : speed == kNormalSpeed ? PlayState::Normal
+                                         : PlayState::Winding;
     for (float frame = time.frame; slow(speed) && walksOn(frame);) {
         ++play.framesAtLowSpeed;
         frame -= 1.0f;

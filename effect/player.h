@@ -6,6 +6,7 @@
 
 #include "effect/frame_time.h"
 #include "host/base/parameter_reader.h"
+#include "stages/signal_parameters.h"
 
 namespace ruvex {
 
@@ -29,12 +30,12 @@ std::int32_t frameAtPosition(float position);
 std::int32_t repeatedFrame(std::int32_t frame, std::int32_t repeat);
 
 /// How the tape runs at a moment.
-struct PlayState {
-    std::int32_t state = 2;             ///< 0 winding, 1 slow or paused, 2 normal play
+struct PlayStatus {
+    PlayState state = PlayState::Normal;
     std::int32_t framesAtLowSpeed = 0;  ///< for how many frames, ending now, it has been slow
     float speedAtStart = 1.0f;          ///< the speed before that; 1 is normal
 };
 
-PlayState playStateAt(const ParameterReader& reader, const FrameTime& time);
+PlayStatus playStatusAt(const ParameterReader& reader, const FrameTime& time);
 
 }  // namespace ruvex

@@ -15,10 +15,15 @@ float single(double value) {
     return static_cast<float>(value);
 }
 
+// An unknown type is a colour television.
+TvType tvType(std::int32_t stored) {
+    const TvType type{stored};
+    return type == TvType::BlackAndWhite || type == TvType::Tint ? type : TvType::Colour;
+}
+
 void fillIdentity(SignalParameters& signal, const FrameState& frame) {
     const FrameScale& scale = frame.scale;
-    const std::int32_t type = frame.parameters.integer(ParameterId::TvType);
-    signal.tvType = type == 1 || type == 2 ? type : 0;
+    signal.tvType = tvType(frame.parameters.integer(ParameterId::TvType));
     signal.seed = frame.parameters.integer(ParameterId::Seed);
     signal.sourceFrame = frame.tape.sourceFrame;
     signal.outputFrame = truncateToInt(frame.time.frame);
@@ -26,7 +31,7 @@ void fillIdentity(SignalParameters& signal, const FrameState& frame) {
     signal.width = frame.res() * scale.pixelsX;
     signal.height = frame.res() * scale.pixelsY;
     signal.breakup = frame.signal.breakup;
-    signal.borderAlpha = frame.parameters.integer(ParameterId::BorderAlpha);
+    signal.borderAlpha = BorderAlpha{frame.parameters.integer(ParameterId::BorderAlpha)};
     signal.noiseTable = &noiseTable();
 }
 
@@ -125,7 +130,7 @@ void fillVertical(SignalParameters& signal, const FrameState& frame) {
 
 void fillShash(SignalParameters& signal, const FrameState& frame) {
     const FrameParameters& p = frame.parameters;
-    signal.shashType = p.integer(ParameterId::ShashType);
+    signal.shashType = ShashType{p.integer(ParameterId::ShashType)};
     signal.shashPeriod = truncateToInt(frame.time.rate * p.real(ParameterId::ShashPeriod));
     signal.shashThreshold = p.fraction(ParameterId::ShashThreshold);
     signal.shashAmountMax = p.fraction(ParameterId::ShashAmountMax);

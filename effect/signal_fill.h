@@ -17,7 +17,7 @@ struct FrameState {
     const FrameScale& scale;
     const FrameTime& time;
     TapePosition tape;
-    PlayState play;
+    PlayStatus play;
     SignalState signal;
 
     /// Resolution as a fraction.

@@ -147,7 +147,7 @@ private:
         };
         if (!inside(picture_.x, x) || !inside(picture_.y, y)) return;
         P& pixel = *picture_.writeAt(x, y);
-        if (signal_.tvType == 0) {
+        if (signal_.tvType == TvType::Colour) {
             sparkle(pixel);
         } else {
             whiten(pixel);

@@ -11,8 +11,6 @@
 namespace ruvex {
 namespace {
 
-constexpr std::int32_t kFull = 1;
-constexpr std::int32_t kBanded = 2;
 constexpr std::int32_t kNoiseOctaves = 8;
 
 // The part of a band that lies in the worker's rows.
@@ -45,7 +43,7 @@ void EdgeAdder<P>::run() {
 template <class P>
 P EdgeAdder<P>::black() const {
     P pixel{};
-    if (borderAlpha == kFull) pixel.c[3] = StagePixel<P>::kWhiteComponent;
+    if (borderAlpha == BorderAlpha::Full) pixel.c[3] = StagePixel<P>::kWhiteComponent;
     return pixel;
 }
 
@@ -65,7 +63,7 @@ P EdgeAdder<P>::noisePixel(float f) const {
     if (!(std::fabs(f) > kSpeck)) return pixel;
     const auto c = StagePixel<P>::hold(f * StagePixel<P>::kWhite);
     pixel.c[0] = pixel.c[1] = pixel.c[2] = c;
-    if (borderAlpha == kBanded) pixel.c[3] = c;
+    if (borderAlpha == BorderAlpha::Banded) pixel.c[3] = c;
     return pixel;
 }
 
@@ -121,8 +119,8 @@ void EdgeAdder<P>::syncBars(std::int32_t y, Span columns) {
     bar(b - 0.4f * m, b - 0.3f * m, kBlackBar);
     bar(b - 0.3f * m, b - 0.2f * m, kWhiteBar);
     bar(b - 0.2f * m, b, kBlackBar);
-    if (borderAlpha == kBanded) return;
-    const typename P::Component alpha = borderAlpha == kFull ? kWhite : 0;
+    if (borderAlpha == BorderAlpha::Banded) return;
+    const typename P::Component alpha = borderAlpha == BorderAlpha::Full ? kWhite : 0;
     alphaAcross(y, a, a + 0.5f * m, columns, alpha);
     alphaAcross(y, b - 0.5f * m, b, columns, alpha);
 }

@@ -8,6 +8,7 @@
 #include "imaging/noise/gradient_noise.h"
 #include "imaging/texture.h"
 #include "stages/rows_read.h"
+#include "stages/signal_parameters.h"
 
 namespace ruvex {
 
@@ -20,7 +21,7 @@ public:
 
     /// The padded rectangle in image space; right and bottom are one past the end.
     std::int32_t left = 0, right = 0, top = 0, bottom = 0;
-    std::int32_t borderAlpha = 0;  ///< 0 none, 1 full, 2 banded
+    BorderAlpha borderAlpha = BorderAlpha::None;
     std::uint32_t seed = 0;
     std::int32_t sourceFrame = 0;
     const VxGradientNoise* noiseTable = nullptr;  ///< borrowed

@@ -28,8 +28,6 @@
 namespace ruvex {
 namespace {
 
-constexpr std::int32_t kRandomShash = 5;
-
 // Whether two textures may share memory.
 template <class P>
 bool overlap(const VxTexture<P>& a, const VxTexture<P>& b) {
@@ -283,7 +281,6 @@ void RuvexSampler<P>::afterLines() {
 
 template <class P>
 void RuvexSampler<P>::snow() {
-    constexpr std::int32_t kBlackAndWhite = 1;
     VxRGBNoiseProc<P> noise;
     const float amount = stageAmount(signal.breakup, signal.snowMax, signal.snowThreshold);
     for (int k = 0; k < 4; ++k) {
@@ -291,7 +288,7 @@ void RuvexSampler<P>::snow() {
         noise.amountMin[k] = -amount;
         noise.softX[k] = signal.snowSoftness * signal.scale * this->scaleY;
     }
-    if (signal.tvType == kBlackAndWhite) noise.mode = VxRGBNoiseProc<P>::Mode::Grey;
+    if (signal.tvType == TvType::BlackAndWhite) noise.mode = VxRGBNoiseProc<P>::Mode::Grey;
     // A held frame holds its snow.
     noise.seed = seedFromFloat(std::fabs(static_cast<float>(signal.sourceFrame) * 12541.0f)) + 1u;
     noise.sparseness = signal.snowSparseness;
@@ -301,12 +298,13 @@ void RuvexSampler<P>::snow() {
 }
 
 template <class P>
-std::int32_t RuvexSampler<P>::shashTypeOfFrame() const {
-    if (signal.shashType != kRandomShash) return signal.shashType;
-    if (signal.shashPeriod == 0) return 0;
+ShashType RuvexSampler<P>::shashTypeOfFrame() const {
+    constexpr float kPatterns = 5.0f;
+    if (signal.shashType != ShashType::Random) return signal.shashType;
+    if (signal.shashPeriod == 0) return ShashType::Grain;
     auto s = static_cast<std::uint32_t>(signal.shashFramesOn / signal.shashPeriod) +
              static_cast<std::uint32_t>(signal.seed);
-    return truncateToInt(uniform(s) * 5.0f);
+    return ShashType{truncateToInt(uniform(s) * kPatterns)};
 }
 
 template <class P>

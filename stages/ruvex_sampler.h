@@ -84,7 +84,7 @@ private:
     void drawShash();
     void runWhiteDot();
     void afterWhiteDot();
-    std::int32_t shashTypeOfFrame() const;
+    ShashType shashTypeOfFrame() const;
 
     ToneTables<P> tables_;
     PaddedArea area_;

@@ -17,12 +17,6 @@
 namespace ruvex {
 namespace {
 
-constexpr std::int32_t kGrain = 0;
-constexpr std::int32_t kBars = 1;
-constexpr std::int32_t kDashes = 2;
-constexpr std::int32_t kSnow = 3;
-constexpr std::int32_t kStreaks = 4;
-
 // A fraction from an integer.
 float rnd(std::uint32_t n) {
     return (1.0f - hashAsFloat(n) * 9.313226e-10f + 1.0f) * 0.5f;
@@ -81,9 +75,9 @@ void VxShashProc<P>::run() {
     const Span rows = this->rowRange();
     const Span columns = this->columnRange();
     if (rows.first >= rows.end || columns.first >= columns.end) return;
-    if (type == kGrain) grain(rows, columns);
-    if (type == kBars) bars(rows, columns);
-    if (type == kDashes) dashes(rows, columns);
+    if (type == ShashType::Grain) grain(rows, columns);
+    if (type == ShashType::Bars) bars(rows, columns);
+    if (type == ShashType::Dashes) dashes(rows, columns);
 }
 
 // Sparse points on black.
@@ -238,8 +232,8 @@ void VxShashProc<P>::dashes(Span rows, Span columns) {
 
 template <class P>
 void VxShashProc<P>::postPass() {
-    if (type == kSnow) snow(0.0f, 0.9f, 0.0f);
-    if (type == kStreaks) snow(-1.32f, 1.32f, scaleA * 0.1f * this->scaleY);
+    if (type == ShashType::Snow) snow(0.0f, 0.9f, 0.0f);
+    if (type == ShashType::Streaks) snow(-1.32f, 1.32f, scaleA * 0.1f * this->scaleY);
 }
 
 template <class P>

@@ -8,12 +8,13 @@
 #include "imaging/img_proc.h"
 #include "imaging/noise/gradient_noise.h"
 #include "imaging/texture.h"
+#include "stages/signal_parameters.h"
 
 namespace ruvex {
 
-/// Draws one of five patterns from nothing but a seed and a frame number. Rows of types 0 to 2 take
-/// their random values in the order of a worker's share, so that they depend on the number of
-/// workers.
+/// Draws one of five patterns from nothing but a seed and a frame number. Rows of grain, bars and
+/// dashes take their random values in the order of a worker's share, so that they depend on the
+/// number of workers.
 template <class P>
 class VxShashProc : public VxImgProc1<VxTexture<P>> {
 public:
@@ -25,8 +26,8 @@ public:
     const VxGradientNoise* noiseTable = nullptr;  ///< borrowed
     std::uint32_t seed = 0;
     std::int32_t outputFrame = 0;
-    float scaleA = 1.0f;    ///< work pixels for a pixel of the project frame
-    std::int32_t type = 0;  ///< 0 grain, 1 bars, 2 dashes, 3 grey snow, 4 streaks; 5 draws nothing
+    float scaleA = 1.0f;                ///< work pixels for a pixel of the project frame
+    ShashType type = ShashType::Grain;  ///< one of the five patterns; any other draws nothing
 
 private:
     static constexpr int kWaves = 4;

@@ -1,4 +1,4 @@
-// What the television is told about one frame.
+// The parameters of the television for one frame.
 
 #pragma once
 
@@ -8,10 +8,35 @@ namespace ruvex {
 
 class VxGradientNoise;
 
+/// The choices below stand for the parameters' values of the same numbers. A stage compares for the
+/// values that it knows; what it makes of any other number is part of its arithmetic.
+
+enum class TvType : std::int32_t { Colour = 0, BlackAndWhite = 1, Tint = 2 };
+
+/// How the tape runs.
+enum class PlayState : std::int32_t {
+    Winding = 0,  ///< a speed of 100 % or more in size, but not exactly 100 %
+    Slow = 1,     ///< below 100 % in size; a pause is 0 %
+    Normal = 2,   ///< exactly 100 %
+};
+
+/// The alpha of what lies outside the picture.
+enum class BorderAlpha : std::int32_t { None = 0, Full = 1, Banded = 2 };
+
+/// The patterns of a set without a signal.
+enum class ShashType : std::int32_t {
+    Grain = 0,
+    Bars = 1,
+    Dashes = 2,
+    Snow = 3,
+    Streaks = 4,
+    Random = 5,  ///< one of the five, anew after each period
+};
+
 /// Plain values, filled in once a frame. Lengths are pixels of the work size, amounts and
 /// thresholds fractions, unless something else is said.
 struct SignalParameters {
-    std::int32_t tvType = 0;  ///< 0 colour, 1 black and white, 2 tint
+    TvType tvType = TvType::Colour;
     std::int32_t seed = 0;
     std::int32_t sourceFrame = 0;  ///< before frames are repeated
     std::int32_t outputFrame = 0;
@@ -28,7 +53,7 @@ struct SignalParameters {
     float gunRed = 0.0f;
     float gunGreen = 0.0f;
     float gunBlue = 0.0f;
-    float tint[4] = {};  ///< red, green, blue in stored units; the fourth means nothing
+    float tint[4] = {};  ///< red, green, blue in stored units; the fourth is never written
     float colourDegradeMax = 0.0f;
     float colourThreshold = 0.0f;
 
@@ -54,8 +79,8 @@ struct SignalParameters {
     float lineOffset = 0.0f;
     float lineThreshold = 0.0f;
 
-    std::int32_t dvdMode = 0;    ///< 0 video, 1 DVD
-    std::int32_t playState = 0;  ///< 0 winding, 1 slow or paused, 2 normal play
+    bool dvdMode = false;  ///< a DVD player, which shows no fault of a tape
+    PlayState playState = PlayState::Winding;
     std::int32_t framesAtLowSpeed = 0;
     float playSpeedAtStart = 0.0f;  ///< 1 is normal
     std::int32_t sourceFrameIndex = 0;
@@ -71,13 +96,13 @@ struct SignalParameters {
     float gunGreenX = 0.0f, gunGreenY = 0.0f;
     float gunBlueX = 0.0f, gunBlueY = 0.0f;
 
-    std::int32_t shashType = 0;
+    ShashType shashType = ShashType::Grain;
     std::int32_t shashPeriod = 0;  ///< frames
     float shashThreshold = 0.0f;
     float shashAmountMax = 0.0f;
     std::int32_t shashFramesOn = 0;
 
-    std::int32_t borderAlpha = 0;  ///< 0 none, 1 full, 2 banded
+    BorderAlpha borderAlpha = BorderAlpha::None;
     const VxGradientNoise* noiseTable = nullptr;
 };
 

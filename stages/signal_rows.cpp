@@ -16,11 +16,8 @@
 namespace ruvex {
 namespace {
 
-constexpr std::int32_t kBlackAndWhite = 1;
-constexpr std::int32_t kTint = 2;
-
 bool inColour(const SignalParameters& signal) {
-    return signal.tvType != kBlackAndWhite && signal.tvType != kTint;
+    return signal.tvType != TvType::BlackAndWhite && signal.tvType != TvType::Tint;
 }
 
 template <class P>

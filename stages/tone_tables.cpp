@@ -102,9 +102,9 @@ bool ToneTables<P>::build(const SignalParameters& signal) {
         return buildTable<P>(table, brightness, signal.contrast);
     };
     switch (signal.tvType) {
-        case 1:
+        case TvType::BlackAndWhite:
             return gun(lutMono, signal.brightness);
-        case 2:
+        case TvType::Tint:
             return buildTint(tintTable, signal);
         default:
             break;

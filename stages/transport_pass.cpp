@@ -13,8 +13,6 @@
 namespace ruvex {
 namespace {
 
-constexpr std::int32_t kWinding = 0;
-constexpr std::int32_t kSlow = 1;
 constexpr int kBands = 6;
 
 // A tear: how far its two halves are pulled at their widest, and how much red and blue swap.
@@ -268,7 +266,8 @@ void Transport<P>::topNoise(std::uint32_t& seed) {
 }  // namespace
 
 bool transportActs(const SignalParameters& signal) {
-    return signal.dvdMode == 0 && (signal.playState == kWinding || signal.playState == kSlow);
+    return !signal.dvdMode &&
+           (signal.playState == PlayState::Winding || signal.playState == PlayState::Slow);
 }
 
 template <class P>
@@ -279,8 +278,8 @@ void runTransportPass(const SignalParameters& signal, float scaleY, const VxText
     if (rows.first >= rows.end || columns.first >= columns.end) return;
     Transport<P> transport(signal, scaleY, source, target, rows, columns, interrupt);
     if (!transport.usable()) return raiseOutOfMemory(interrupt);
-    if (signal.playState == kWinding) transport.wind();
-    if (signal.playState == kSlow) transport.playSlowly();
+    if (signal.playState == PlayState::Winding) transport.wind();
+    if (signal.playState == PlayState::Slow) transport.playSlowly();
 }
 
 template void runTransportPass(const SignalParameters&, float, const VxTexture<Rgba8>&,

@@ -16,10 +16,10 @@ TapePosition tapeAt(const ParameterSet& set, int k, double rate = 25.0) {
     return tapePosition(set.reader(), {k / rate, rate});
 }
 
-PlayState playAt(const ParameterSet& set, int k, double rate = 25.0) {
+PlayStatus playAt(const ParameterSet& set, int k, double rate = 25.0) {
     FrameTime time(k / rate, rate);
     time.frame = static_cast<float>(k);
-    return playStateAt(set.reader(), time);
+    return playStatusAt(set.reader(), time);
 }
 
 std::vector<int> sourceFrames(const ParameterSet& set, int count, double rate = 25.0) {
@@ -172,39 +172,39 @@ TEST(RepeatedFrame, BelowOneCountsAsOne) {
     for (const int repeat : {1, 0, -1, INT32_MIN}) EXPECT_EQ(repeatedFrame(-7, repeat), -7);
 }
 
-TEST(PlayState, NormalPlay) {
+TEST(PlayStatus, NormalPlay) {
     const ParameterSet set;
-    const PlayState play = playAt(set, 50);
-    EXPECT_EQ(play.state, 2);
+    const PlayStatus play = playAt(set, 50);
+    EXPECT_EQ(play.state, PlayState::Normal);
     EXPECT_EQ(play.framesAtLowSpeed, 0);
     EXPECT_EQ(play.speedAtStart, 1.0f);
 }
 
-TEST(PlayState, FromAHundredUpItWinds) {
+TEST(PlayStatus, FromAHundredUpItWinds) {
     ParameterSet set;
     for (const double speed : {100.001, 200.0, 800.0, -100.0, -800.0}) {
         set.set(Id::PlaySpeed, speed);
-        EXPECT_EQ(playAt(set, 50).state, 0) << speed;
+        EXPECT_EQ(playAt(set, 50).state, PlayState::Winding) << speed;
         EXPECT_EQ(playAt(set, 50).framesAtLowSpeed, 0) << speed;
         EXPECT_FLOAT_EQ(playAt(set, 50).speedAtStart, static_cast<float>(speed / 100)) << speed;
     }
 }
 
-TEST(PlayState, SlowFramesAreCountedBackToTheStart) {
+TEST(PlayStatus, SlowFramesAreCountedBackToTheStart) {
     ParameterSet set;
     for (const double speed : {0.0, 99.999, -99.999, 50.0}) {
         set.set(Id::PlaySpeed, speed);
-        EXPECT_EQ(playAt(set, 50).state, 1) << speed;
+        EXPECT_EQ(playAt(set, 50).state, PlayState::Slow) << speed;
         EXPECT_EQ(playAt(set, 50).framesAtLowSpeed, 50) << speed;
         EXPECT_EQ(playAt(set, 0).framesAtLowSpeed, 0) << speed;
     }
 }
 
-TEST(PlayState, SlowFramesAreCountedBackToTheLatestFastOne) {
+TEST(PlayStatus, SlowFramesAreCountedBackToTheLatestFastOne) {
     ParameterSet set;
     set.animate(Id::PlaySpeed, {{0.99, -300.0}, {1.01, 40.0}});
-    const PlayState play = playAt(set, 35);
-    EXPECT_EQ(play.state, 1);
+    const PlayStatus play = playAt(set, 35);
+    EXPECT_EQ(play.state, PlayState::Slow);
     // Slow at frames 35 to 26, half way down at frame 25, which is fast enough.
     EXPECT_EQ(play.framesAtLowSpeed, 10);
     EXPECT_NEAR(play.speedAtStart, -1.3f, 1e-3);

@@ -33,7 +33,7 @@ struct Frame {
                 .scale = scale,
                 .time = time,
                 .tape = tapePosition(reader, time),
-                .play = playStateAt(reader, time),
+                .play = playStatusAt(reader, time),
                 .signal = {}} {}
 
     SignalParameters filled(float white = 255.0f) const { return signalParameters(state, white); }
@@ -51,7 +51,7 @@ SignalParameters filled(const ParameterSet& set, double seconds = 2.0) {
 
 TEST(SignalFill, DefaultsAtFullResolution) {
     const SignalParameters s = filled(ParameterSet());
-    EXPECT_EQ(s.tvType, 0);
+    EXPECT_EQ(s.tvType, TvType::Colour);
     EXPECT_EQ(s.seed, 5);
     EXPECT_EQ(s.sourceFrame, 50);
     EXPECT_EQ(s.sourceFrameIndex, 50);
@@ -79,18 +79,18 @@ TEST(SignalFill, DefaultsAtFullResolution) {
     EXPECT_EQ(s.snowSparseness, fractionOf(15.0));
     EXPECT_EQ(s.lineSpacing, 25.0f);
     EXPECT_EQ(s.lineThreshold, 0.5f);
-    EXPECT_EQ(s.dvdMode, 0);
-    EXPECT_EQ(s.playState, 2);
+    EXPECT_FALSE(s.dvdMode);
+    EXPECT_EQ(s.playState, PlayState::Normal);
     EXPECT_EQ(s.framesAtLowSpeed, 0);
     EXPECT_EQ(s.playSpeedAtStart, 1.0f);
     EXPECT_EQ(s.emInterference, 0.0f);
     EXPECT_EQ(s.whiteDotSoftness, 0.05f);
     EXPECT_EQ(s.verticalRollSpeed, 1000.0f);
-    EXPECT_EQ(s.shashType, 5);
+    EXPECT_EQ(s.shashType, ShashType::Random);
     EXPECT_EQ(s.shashPeriod, 12);
     EXPECT_EQ(s.shashThreshold, fractionOf(99.0));
     EXPECT_EQ(s.shashAmountMax, 1.0f);
-    EXPECT_EQ(s.borderAlpha, 0);
+    EXPECT_EQ(s.borderAlpha, BorderAlpha::None);
     EXPECT_NE(s.noiseTable, nullptr);
     EXPECT_EQ(s.originX, 0);
     EXPECT_EQ(s.originY, 0);
@@ -131,7 +131,31 @@ TEST(SignalFill, OtherTypesOfTelevisionAreColour) {
     ParameterSet set;
     const std::pair<int, int> types[] = {{0, 0}, {1, 1}, {2, 2}, {3, 0}, {-1, 0}, {77, 0}};
     for (const auto& [stored, wanted] : types) {
-        EXPECT_EQ(filled(set.set(Id::TvType, stored)).tvType, wanted);
+        EXPECT_EQ(filled(set.set(Id::TvType, stored)).tvType, TvType{wanted});
+    }
+}
+
+TEST(SignalFill, ChoicesHaveTheNumbersOfTheirLabels) {
+    const auto label = [](Id id, auto choice) {
+        return row(id).choices[static_cast<std::size_t>(choice)].label;
+    };
+    EXPECT_EQ(label(Id::TvType, TvType::Colour), "Colour");
+    EXPECT_EQ(label(Id::TvType, TvType::BlackAndWhite), "B & W");
+    EXPECT_EQ(label(Id::TvType, TvType::Tint), "Tint");
+    EXPECT_EQ(label(Id::BorderAlpha, BorderAlpha::None), "None");
+    EXPECT_EQ(label(Id::BorderAlpha, BorderAlpha::Full), "Full");
+    EXPECT_EQ(label(Id::BorderAlpha, BorderAlpha::Banded), "Banded");
+    EXPECT_EQ(label(Id::ShashType, ShashType::Grain), "Type 1");
+    EXPECT_EQ(label(Id::ShashType, ShashType::Streaks), "Type 5");
+    EXPECT_EQ(label(Id::ShashType, ShashType::Random), "Random");
+}
+
+TEST(SignalFill, UnknownChoicesKeepTheirNumbers) {
+    ParameterSet set;
+    for (const int number : {-1, 6, 77, INT32_MIN}) {
+        set.set(Id::BorderAlpha, number).set(Id::ShashType, number);
+        EXPECT_EQ(filled(set).borderAlpha, BorderAlpha{number});
+        EXPECT_EQ(filled(set).shashType, ShashType{number});
     }
 }
 
@@ -160,8 +184,8 @@ TEST(SignalFill, NegativeLineSpeedRunsTheLinesTheOtherWay) {
 
 TEST(SignalFill, APlayModeOtherThanVideoIsDvd) {
     ParameterSet set;
-    EXPECT_EQ(filled(set.set(Id::PlayMode, 1)).dvdMode, 1);
-    EXPECT_EQ(filled(set.set(Id::PlayMode, 7)).dvdMode, 1);
+    EXPECT_TRUE(filled(set.set(Id::PlayMode, 1)).dvdMode);
+    EXPECT_TRUE(filled(set.set(Id::PlayMode, 7)).dvdMode);
 }
 
 TEST(SignalFill, OnAStoppedTapeThePhasesStandStill) {

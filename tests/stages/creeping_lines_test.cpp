@@ -34,7 +34,7 @@ Dots dotsOf(const SignalParameters& signal, int width, int height,
 
 SignalParameters lineSignal(int width, int height, float degrees) {
     SignalParameters signal = perfectSignal(width, height);
-    signal.tvType = 1;
+    signal.tvType = TvType::BlackAndWhite;
     signal.breakup = 0.9f;
     signal.lineThreshold = 0.5f;
     signal.lineAngle = degrees * 3.1415927f / 180.0f;
@@ -123,7 +123,7 @@ TYPED_TEST(Lines, FarOutGeometryEndsAndPaintsNothingOutside) {
 TYPED_TEST(Lines, AColourSetKeepsItsAlphaAndAnotherLightensIt) {
     for (const int type : {0, 1, 2}) {
         SignalParameters signal = lineSignal(60, 40, 30);
-        signal.tvType = type;
+        signal.tvType = TvType{type};
         signal.breakup = 1.0f;
         signal.lineSpacing = 4.0f;
         Canvas<TypeParam> canvas(60, 40);

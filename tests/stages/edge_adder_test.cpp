@@ -49,7 +49,7 @@ TYPED_TEST(Border, WithoutMarginsNothingIsPainted) {
 TYPED_TEST(Border, AMarginOfOneLeavesThePictureAlone) {
     for (const int alpha : {0, 1, 2}) {
         Padded<TypeParam> picture(6, 5, 1, 1);
-        picture.adder.borderAlpha = alpha;
+        picture.adder.borderAlpha = BorderAlpha{alpha};
         picture.adder.process(picture.canvas.texture);
         for (int y = 0; y < 5; ++y) {
             for (int x = 0; x < 6; ++x) {
@@ -62,7 +62,7 @@ TYPED_TEST(Border, AMarginOfOneLeavesThePictureAlone) {
 TYPED_TEST(Border, AFullBorderIsOpaqueEvenWhereItsNoiseIsSilent) {
     constexpr auto kWhite = PixelTraits<TypeParam>::kWhite;
     Padded<TypeParam> picture(50, 40, 10, 10);
-    picture.adder.borderAlpha = 1;
+    picture.adder.borderAlpha = BorderAlpha::Full;
     picture.adder.process(picture.canvas.texture);
     for (int y = -10; y < 50; ++y) {
         const bool band = y < 0 || y >= 40;
@@ -76,7 +76,7 @@ TYPED_TEST(Border, AFullBorderIsOpaqueEvenWhereItsNoiseIsSilent) {
 
 TYPED_TEST(Border, ABandedBorderIsAsOpaqueAsItIsBright) {
     Padded<TypeParam> picture(50, 40, 10, 10);
-    picture.adder.borderAlpha = 2;
+    picture.adder.borderAlpha = BorderAlpha::Banded;
     picture.adder.process(picture.canvas.texture);
     int specks = 0;
     int whites = 0;
@@ -107,7 +107,7 @@ TYPED_TEST(Border, NoAlphaMeansNone) {
 TYPED_TEST(Border, DeepNegativeNoiseIsBlackAndClear) {
     Workers one(1);
     Padded<TypeParam> picture(200, 10, 0, 10);
-    picture.adder.borderAlpha = 2;
+    picture.adder.borderAlpha = BorderAlpha::Banded;
     picture.adder.process(picture.canvas.texture);
     // The first noise row, with the noise worked out again.
     std::uint32_t state = 3 * 100 + 5;

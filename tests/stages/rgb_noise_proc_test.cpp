@@ -111,7 +111,7 @@ TYPED_TEST(Snow, ATintedTelevisionHasColouredSnowAndABlackAndWhiteOneGrey) {
     for (const int type : {0, 1, 2}) {
         Television<TypeParam> set(30, 30);
         for (auto& pixel : set.source.memory) pixel = {{100, 100, 100, 100}};
-        set.signal.tvType = type;
+        set.signal.tvType = TvType{type};
         set.signal.tint[0] = set.signal.tint[1] = set.signal.tint[2] = kWhiteOf<TypeParam> / 2.0f;
         set.signal.breakup = 1.0f;
         set.signal.snowThreshold = 0.0f;

@@ -62,9 +62,9 @@ TYPED_TEST(Sampler, WithoutThreadsItIsOneWorker) {
                 Television<TypeParam> set(50, 60);
                 makeFaulty(set.signal);
                 set.signal.verticalOffset = 10;  // the border's noise shows
-                set.signal.playState = playState;
+                set.signal.playState = PlayState{playState};
                 set.signal.whiteDot = dot;
-                set.signal.shashType = shash;
+                set.signal.shashType = ShashType{shash};
                 const auto before = set.target.memory;
                 const auto picture = [&](int workers, bool useThreads) {
                     Workers fixed(workers);

@@ -24,7 +24,7 @@ struct Pattern {
         proc.noiseTable = &noiseTable();
         proc.seed = 5;
         proc.outputFrame = 12;
-        proc.type = type;
+        proc.type = ShashType{type};
     }
     Canvas<P>& draw() {
         proc.process(canvas.texture);
@@ -41,7 +41,7 @@ std::vector<P> fullShash(int type, int period, int framesOn, std::uint32_t seed 
     set.signal.breakup = 1.0f;
     set.signal.shashThreshold = 0.0f;
     set.signal.shashAmountMax = 1.0f;
-    set.signal.shashType = type;
+    set.signal.shashType = ShashType{type};
     set.signal.shashPeriod = period;
     set.signal.shashFramesOn = framesOn;
     set.signal.outputFrame = 12;

@@ -42,7 +42,7 @@ TYPED_TEST(SignalPass, AFullShashShowsNothingOfThePicture) {
             set->signal.breakup = 1.0f;
             set->signal.shashThreshold = 0.0f;
             set->signal.shashAmountMax = 1.0f;
-            set->signal.shashType = type;
+            set->signal.shashType = ShashType{type};
             set->run();
         }
         EXPECT_TRUE((Television<TypeParam>::samePicture(one.target, two.target))) << type;
@@ -76,7 +76,7 @@ TYPED_TEST(SignalPass, WithoutGhostsTheSignalIsPassedOn) {
 TYPED_TEST(SignalPass, AlphaMovesWithThePictureAndIsNotBrightened) {
     for (const int type : {0, 1, 2}) {
         Television<TypeParam> set(20, 30);
-        set.signal.tvType = type;
+        set.signal.tvType = TvType{type};
         set.signal.brightness = 0.5f;
         set.signal.contrast = 0.2f;
         set.signal.emInterference = 0.9f;
@@ -143,7 +143,7 @@ TYPED_TEST(SignalPass, OverbrightAndDarkSignalsAreHeldToTheRange) {
 
 TYPED_TEST(SignalPass, ATintGoesFromBlackByTheColourToWhite) {
     SignalParameters signal = perfectSignal(1, 1);
-    signal.tvType = 2;
+    signal.tvType = TvType::Tint;
     const float white = kWhiteOf<TypeParam>;
     signal.tint[0] = 0.25f * white;
     signal.tint[1] = 0.5f * white;

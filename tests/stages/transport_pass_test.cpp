@@ -47,16 +47,16 @@ struct Tape {
 TYPED_TEST(TransportPass, NormalPlayAndADvdChangeNothing) {
     Tape<TypeParam> tape(50, 200);
     EXPECT_TRUE(tape.run().empty());
-    tape.signal.dvdMode = 1;
+    tape.signal.dvdMode = true;
     for (const int state : {0, 1, 2}) {
-        tape.signal.playState = state;
+        tape.signal.playState = PlayState{state};
         EXPECT_TRUE(tape.run().empty()) << state;
     }
 }
 
 TYPED_TEST(TransportPass, BandsOutOfSightTouchNoPixel) {
     Tape<TypeParam> tape(50, 200);
-    tape.signal.playState = 0;
+    tape.signal.playState = PlayState::Winding;
     for (const float speed : {100.0f, -100.0f}) {
         tape.signal.playSpeedAtStart = speed;
         EXPECT_TRUE(tape.run().empty()) << speed;
@@ -67,7 +67,7 @@ TYPED_TEST(TransportPass, BandsOutOfSightTouchNoPixel) {
 
 TYPED_TEST(TransportPass, SharesOfAWorkerAreLeftAloneByTheOthers) {
     Tape<TypeParam> tape(50, 200);
-    tape.signal.playState = 0;
+    tape.signal.playState = PlayState::Winding;
     tape.signal.playSpeedAtStart = 2.0f;
     for (const int row : tape.run(60, 130)) {
         EXPECT_GE(row, 60);
@@ -79,7 +79,7 @@ TYPED_TEST(TransportPass, APictureTooSmallForABandIsDefined) {
     for (int height = 1; height < 20; ++height) {
         Tape<TypeParam> tape(7, height);
         for (const int state : {0, 1}) {
-            tape.signal.playState = state;
+            tape.signal.playState = PlayState{state};
             tape.signal.playSpeedAtStart = 2.0f;
             const auto once = tape.run();
             EXPECT_EQ(once, tape.run());
@@ -90,7 +90,7 @@ TYPED_TEST(TransportPass, APictureTooSmallForABandIsDefined) {
 
 TYPED_TEST(TransportPass, FastBackwardsMovesTheBandsToHigherRows) {
     Tape<TypeParam> tape(50, 1000);
-    tape.signal.playState = 0;
+    tape.signal.playState = PlayState::Winding;
     const auto firstRow = [&](float speed) {
         tape.signal.playSpeedAtStart = speed;
         return *tape.run().begin();
@@ -103,7 +103,7 @@ TYPED_TEST(TransportPass, FastBackwardsMovesTheBandsToHigherRows) {
 TYPED_TEST(TransportPass, FromTheTenthSlowFrameOnOnlyTheDoubleImageAndTheNoiseAreLeft) {
     for (const int frames : {0, 4, 5, 9, 10, 11, 500}) {
         Tape<TypeParam> tape(300, 200);
-        tape.signal.playState = 1;
+        tape.signal.playState = PlayState::Slow;
         tape.signal.framesAtLowSpeed = frames;
         tape.run();
         const float g = frames % 2 == 1 ? 0.6f : 0.4f;

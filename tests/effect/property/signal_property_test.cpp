@@ -142,9 +142,9 @@ TEST(SignalProperty, ThePlayStateIsTheTwins) {
     forCases(40000, 1500, [](const Case& given) {
         const ParameterReader reader = given.set.reader();
         const twin::PlayerTwin twin{reader, given.rate};
-        const PlayState play = playStateAt(reader, {given.time, given.rate});
+        const PlayStatus play = playStatusAt(reader, {given.time, given.rate});
         const auto wanted = twin.stateAt(given.time);
-        ASSERT_EQ(play.state, wanted.state);
+        ASSERT_EQ(play.state, PlayState{wanted.state});
         ASSERT_EQ(play.framesAtLowSpeed, wanted.framesAtLowSpeed);
         ASSERT_TRUE(sameBits(play.speedAtStart, wanted.speedAtStart));
     });

@@ -50,7 +50,7 @@ TYPED_TEST(MemoryTaken, SoftSnowHasNoPictureOfItsNoise) {
     signal.snowMax = 0.5f;
     signal.snowSoftness = 3.0f;
     for (const int type : {0, 1, 2}) {
-        signal.tvType = type;
+        signal.tvType = TvType{type};
         EXPECT_LT(this->taken(), this->kFrame / 2) << type;
     }
 }
@@ -62,7 +62,7 @@ TYPED_TEST(MemoryTaken, ADisplacedPictureIsPadded) {
 }
 
 TYPED_TEST(MemoryTaken, ARecorderThatWindsNeedsThePictureTwice) {
-    this->set.signal.playState = 0;
+    this->set.signal.playState = PlayState::Winding;
     EXPECT_GE(this->taken(), this->kFrame);
     EXPECT_LT(this->taken(), this->kFrame * 5 / 4);
 }

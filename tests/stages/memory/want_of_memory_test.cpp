@@ -19,21 +19,21 @@ const std::pair<const char*, Change> kLooks[] = {
     {"white dot", [](SignalParameters& s) { s.whiteDot = 0.3f; }},
     {"slow play, points",
      [](SignalParameters& s) {
-         s.playState = 1;
-         s.shashType = 0;
+         s.playState = PlayState::Slow;
+         s.shashType = ShashType::Grain;
      }},
     {"bars alone",
      [](SignalParameters& s) {
-         s.shashType = 1;
+         s.shashType = ShashType::Bars;
          s.shashAmountMax = s.breakup = 1.0f;
      }},
-    {"dashes", [](SignalParameters& s) { s.shashType = 2; }},
+    {"dashes", [](SignalParameters& s) { s.shashType = ShashType::Dashes; }},
     {"black and white, no ghosts",
      [](SignalParameters& s) {
-         s.tvType = 1;
+         s.tvType = TvType::BlackAndWhite;
          s.numGhosts = 0;
      }},
-    {"tint", [](SignalParameters& s) { s.tvType = 2; }},
+    {"tint", [](SignalParameters& s) { s.tvType = TvType::Tint; }},
     {"guns apart", [](SignalParameters& s) { s.gunRedX = 5.0f; }},
 };
 

@@ -26,7 +26,7 @@ TYPED_TEST(SignalProperty, TornEdgesAndInterference) {
     compareCases<TypeParam>(cases(100), [](Random& random, SignalParameters& signal) {
         chooseRoll(random, signal);
         chooseEdges(random, signal);
-        signal.tvType = random.whole(0, 2);
+        signal.tvType = TvType{random.whole(0, 2)};
     });
 }
 

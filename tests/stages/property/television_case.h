@@ -22,7 +22,7 @@ void chooseSet(Random& random, Television<P>& set) {
     signal.outputFrame = random.whole(0, 4000);
     signal.scale = random.real(0.05f, 1.5f);
     signal.breakup = random.chance(10) ? 1.0f : random.real(0.0f, 1.0f);
-    signal.borderAlpha = random.whole(0, 2);
+    signal.borderAlpha = BorderAlpha{random.whole(0, 2)};
     // Components below 0 are stored too.
     if (random.chance(40)) set.source.scribble(random);
 }
@@ -45,7 +45,7 @@ inline float randomThreshold(Random& random) {
 // The one shash in 32768 random ones that draws nothing.
 inline void drawNoShash(SignalParameters& signal) {
     constexpr std::uint32_t kLast = 32767;
-    signal.shashType = 5;
+    signal.shashType = ShashType::Random;
     signal.shashPeriod = 1;
     signal.shashFramesOn = 0;
     for (std::uint32_t seed = static_cast<std::uint32_t>(signal.seed);; ++seed) {
@@ -59,7 +59,7 @@ inline void drawNoShash(SignalParameters& signal) {
 template <class P>
 void chooseTones(Random& random, SignalParameters& signal) {
     const auto part = [&] { return random.chance(30) ? 0.0f : random.real(-1.0f, 1.0f); };
-    signal.tvType = random.whole(0, 2);
+    signal.tvType = TvType{random.whole(0, 2)};
     signal.contrast = part();
     signal.brightness = part();
     signal.gunRed = part();
@@ -103,7 +103,7 @@ inline void chooseGhosts(Random& random, SignalParameters& signal) {
 }
 
 inline void chooseSnow(Random& random, SignalParameters& signal) {
-    signal.tvType = random.whole(0, 2);
+    signal.tvType = TvType{random.whole(0, 2)};
     signal.snowThreshold = randomThreshold(random);
     signal.snowMax = random.real(-2.0f, 2.0f);
     signal.snowSoftness = random.real(0.0f, 8.0f);
@@ -113,7 +113,7 @@ inline void chooseSnow(Random& random, SignalParameters& signal) {
 }
 
 inline void chooseShash(Random& random, SignalParameters& signal) {
-    signal.shashType = random.whole(0, 5);
+    signal.shashType = ShashType{random.whole(0, 5)};
     signal.shashPeriod = random.whole(0, 30);
     signal.shashFramesOn = random.whole(0, 500);
     signal.shashThreshold = randomThreshold(random);
@@ -127,7 +127,7 @@ inline void chooseShash(Random& random, SignalParameters& signal) {
 
 inline void chooseLines(Random& random, SignalParameters& signal) {
     constexpr float kNearAxes[] = {0.0008726647f, 1.571669f, 3.1424656f, 4.7132616f};
-    signal.tvType = random.whole(0, 2);
+    signal.tvType = TvType{random.whole(0, 2)};
     signal.lineThreshold = randomThreshold(random);
     // Whole degrees, of which none is a multiple of 90.
     signal.lineAngle = random.chance(15)
@@ -139,7 +139,7 @@ inline void chooseLines(Random& random, SignalParameters& signal) {
 }
 
 inline void chooseTransport(Random& random, SignalParameters& signal) {
-    signal.playState = random.whole(0, 2);
+    signal.playState = PlayState{random.whole(0, 2)};
     signal.dvdMode = random.chance(10);
     signal.framesAtLowSpeed = random.whole(0, 14);
     signal.playSpeedAtStart = random.real(-8.0f, 8.0f);

@@ -26,7 +26,7 @@ inline SignalParameters perfectSignal(std::int32_t width, std::int32_t height) {
     signal.edgeOctaves = 8;
     signal.lineAngle = 0.17453294f;
     signal.lineSpacing = 50.0f;
-    signal.playState = 2;
+    signal.playState = PlayState::Normal;
     signal.whiteDotSoftness = 0.05f;
     signal.noiseTable = &noiseTable();
     return signal;
@@ -136,10 +136,10 @@ inline void makeFaulty(SignalParameters& signal) {
     signal.snowMax = 0.5f;
     signal.snowSoftness = 2.0f;
     signal.lineSpacing = 10.0f;
-    signal.playState = 0;
+    signal.playState = PlayState::Winding;
     signal.playSpeedAtStart = 2.0f;
     signal.shashAmountMax = 0.5f;
-    signal.shashType = 4;
+    signal.shashType = ShashType::Streaks;
 }
 
 }  // namespace ruvex::test

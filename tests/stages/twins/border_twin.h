@@ -41,7 +41,7 @@ struct BorderTwin {
     template <class P>
     P ground() const {
         P pixel{};
-        if (signal.borderAlpha == 1) {
+        if (signal.borderAlpha == BorderAlpha::Full) {
             pixel.c[3] = static_cast<typename P::Component>(kTwinWhite<P>);
         }
         return pixel;
@@ -69,7 +69,7 @@ struct BorderTwin {
         if (!(std::fabs(static_cast<double>(f)) > 0.2)) return pixel;
         const auto c = heldTwin<P>(f * kTwinWhite<P>);
         for (int k = 0; k < 3; ++k) pixel.c[k] = c;
-        if (signal.borderAlpha == 2) pixel.c[3] = c;
+        if (signal.borderAlpha == BorderAlpha::Banded) pixel.c[3] = c;
         return pixel;
     }
 
@@ -108,8 +108,8 @@ struct BorderTwin {
         if (found == Bar::None) return result;
         const auto white = static_cast<typename P::Component>(kTwinWhite<P>);
         result = found == Bar::White ? P{{white, white, white, white}} : P{};
-        if (signal.borderAlpha == 0) result.c[3] = 0;
-        if (signal.borderAlpha == 1) result.c[3] = white;
+        if (signal.borderAlpha == BorderAlpha::None) result.c[3] = 0;
+        if (signal.borderAlpha == BorderAlpha::Full) result.c[3] = white;
         return result;
     }
 };

@@ -111,7 +111,7 @@ private:
         const float strength = (s_.breakup - s_.lineThreshold) / (1.0f - s_.lineThreshold);
         P& pixel = picture_.at(x, y);
         using Component = typename P::Component;
-        if (s_.tvType != 0) {
+        if (s_.tvType != TvType::Colour) {
             const float g = (uniform(seed_) * 0.5f + 0.5f) * strength;
             for (int k = 0; k < 4; ++k) {
                 const auto c = static_cast<float>(pixel.c[k]);

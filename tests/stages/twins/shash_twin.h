@@ -170,7 +170,7 @@ private:
 };
 
 inline int shashTypeTwin(const SignalParameters& s) {
-    if (s.shashType != 5) return s.shashType;
+    if (s.shashType != ShashType::Random) return static_cast<int>(s.shashType);
     if (s.shashPeriod == 0) return 0;
     auto seed = static_cast<std::uint32_t>(s.shashFramesOn / s.shashPeriod + s.seed);
     return static_cast<int>(uniform(seed) * 5.0f);

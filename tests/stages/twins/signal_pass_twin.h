@@ -90,8 +90,8 @@ struct SignalPassTwin {
 
     P pixel(int x, int y) const {
         const std::int64_t column = std::int64_t{x} + truncateToInt(noiseShift(y));
-        if (s.tvType == 1) return grey(read(column, y), y);
-        if (s.tvType == 2) return tint(read(column, y), y);
+        if (s.tvType == TvType::BlackAndWhite) return grey(read(column, y), y);
+        if (s.tvType == TvType::Tint) return tint(read(column, y), y);
         const float guns[6] = {s.gunRedX,   s.gunRedY,  s.gunGreenX,
                                s.gunGreenY, s.gunBlueX, s.gunBlueY};
         for (const float gun : guns) {

@@ -149,7 +149,7 @@ void snowTwin(TwinPicture<P>& picture, const SignalParameters& s, float scaleY,
     if (!(s.breakup > s.snowThreshold) || s.snowMax == 0.0f) return;
     const float amount = rampTwin(s.breakup, s.snowMax, s.snowThreshold);
     NoiseTwin noise;
-    noise.colour = s.tvType != 1;
+    noise.colour = s.tvType != TvType::BlackAndWhite;
     noise.alpha = true;
     noise.sparseness = s.snowSparseness;
     for (int k = 0; k < 4; ++k) {

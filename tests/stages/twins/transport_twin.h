@@ -21,11 +21,11 @@ public:
         : work_(work), shown_(shown), s_(signal), scaleY_(scaleY), area_(area) {}
 
     void run(int workers) {
-        if (s_.dvdMode == 1) return;
+        if (s_.dvdMode) return;
         for (const TwinShare& share : twinShares(area_.top, area_.height(), workers)) {
             share_ = share;
-            if (s_.playState == 0) fast();
-            if (s_.playState == 1) slow();
+            if (s_.playState == PlayState::Winding) fast();
+            if (s_.playState == PlayState::Slow) slow();
         }
     }
 
