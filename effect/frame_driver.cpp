@@ -112,15 +112,15 @@ void FrameDriver<P>::finish() {
     if (interrupted()) return;
     restoreMaskedChannels();
     if (interrupted()) return;
-    if (effect_.effectKind == kKindPaint) paint();
+    if (effect_.effectKind == EffectKind::Paint) paint();
     if (interrupted()) return;
     if (reader_.on(ParameterId::BlankCropped)) blankCropped();
 }
 
 template <class P>
 void FrameDriver<P>::restoreMaskedChannels() {
-    const bool maskable =
-        effect_.effectKind != kKindTransition && effect_.effectKind != kKindWithoutInput;
+    const bool maskable = effect_.effectKind != EffectKind::Transition &&
+                          effect_.effectKind != EffectKind::WithoutInput;
     if (!maskable || (effect_.capabilityFlags & kChannelMaskCapability) == 0) return;
     fixChannelMask(effect_, outputTexture_, inputTexture_,
                    {.red = reader_.integer(ParameterId::MaskRed),
@@ -182,7 +182,7 @@ template <class P>
 bool FrameDriver<P>::chooseSourceFrame() {
     tape_ = tapePosition(reader_, time_);
     source_ = &inputTexture_;
-    if (effect_.effectKind == kKindPaint || tape_.shownFrame == time_.frame) return true;
+    if (effect_.effectKind == EffectKind::Paint || tape_.shownFrame == time_.frame) return true;
     constexpr std::int32_t kFirstInput = -1;
     repeatImage_ = fetchInputFrame(effect_, host_, repeatTexture_, tape_.shownFrame / time_.rate,
                                    true, kFirstInput);

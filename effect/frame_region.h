@@ -14,7 +14,7 @@ namespace ruvex {
 inline std::optional<PixelRegion> frameRegion(const VxDsEffect& effect, bool roiSet) {
     if (!roiSet) return std::nullopt;
     PixelRegion region = effect.region;
-    if (effect.fieldHandling == 1 && effect.fieldSelector != 0) {
+    if (effect.rendersHalfHeight()) {
         region.y0 /= 2;
         region.y1 /= 2;
     }

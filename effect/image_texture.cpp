@@ -62,7 +62,7 @@ void textureFromImage(const VxDsEffect& effect, VxTexture<P>& texture, IDSImage*
     texture.wrap(ready.width, ready.height, ready.pixels);
     if (view.flipRows) flip(texture);
     std::int32_t offsetY = view.offsetY;
-    if (effect.fieldHandling == 1 && effect.fieldSelector != 0) {
+    if (effect.rendersHalfHeight()) {
         takeField(texture, effect.fieldSelector);
         offsetY /= 2;
     }

@@ -15,7 +15,6 @@ namespace {
 // What the effect is capable of, as the host's descriptions have it: everything but bit 5. Bit 6
 // is the channel mask.
 constexpr std::uint32_t kCapabilities = 95;
-constexpr std::int32_t kCropWithEdges = 2;
 
 constexpr UINT kNameString = 1;
 constexpr UINT kDescriptionString = 2;
@@ -26,7 +25,7 @@ constexpr std::int32_t kMaxWorkers = 1024;
 }  // namespace
 
 Ruvex::Ruvex() {
-    cropMode = kCropWithEdges;
+    cropMode = CropMode::WindowEdges;
     capabilityFlags = kCapabilities;
     if (SUCCEEDED(CDSPlugInEffect::Init())) SetDefaults();
 

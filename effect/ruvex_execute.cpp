@@ -82,7 +82,7 @@ FrameHost Ruvex::frameHost() const {
 void Ruvex::startFrame() {
     interruption.reset(effectHost.get(), hostTest);
     fieldSelector = fieldMode == 1 || fieldMode == 2 ? fieldMode : 0;
-    fieldScaleY = fieldSelector != 0 && fieldHandling == 1 ? 0.5f : 1.0f;
+    fieldScaleY = rendersHalfHeight() ? 0.5f : 1.0f;
 }
 
 void Ruvex::placePictures() {
@@ -100,7 +100,7 @@ void Ruvex::placePictures() {
 }
 
 void Ruvex::readCrop(double seconds) {
-    if (cropMode == 0) return;
+    if (cropMode == CropMode::None) return;
     const ParameterReader read = reader();
     const auto fraction = [&](ParameterId id) {
         return static_cast<float>(read.rawReal(id, seconds) / 100.0);
@@ -109,7 +109,7 @@ void Ruvex::readCrop(double seconds) {
     crop.right = fraction(ParameterId::CropRight);
     crop.bottom = fraction(ParameterId::CropBottom);
     crop.top = fraction(ParameterId::CropTop);
-    if (cropMode == 1) return;
+    if (cropMode == CropMode::Window) return;
     const auto colour = [&](ParameterId id) { return std::clamp(fraction(id), 0.0f, 1.0f); };
     crop.edgeColour[0] = colour(ParameterId::CropColourR);
     crop.edgeColour[1] = colour(ParameterId::CropColourG);

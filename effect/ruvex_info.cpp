@@ -9,21 +9,35 @@ namespace {
 
 struct FamilyKind {
     GUID family;
-    std::int32_t kind;
+    EffectKind kind;
 };
 
 constexpr FamilyKind kFamilyKinds[] = {
-    {DSFAMILY_Filter, 1},     {DSFAMILY_Filter2, 1},      {DSFAMILY_Filter3, 1},
-    {DSFAMILY_Kind2, 2},      {DSFAMILY_WithoutInput, 3}, {DSFAMILY_Paint, 4},
-    {DSFAMILY_Transition, 5}, {DSFAMILY_Kind7, 7},
+    {DSFAMILY_Filter, EffectKind::Filter},
+    {DSFAMILY_Filter2, EffectKind::Filter},
+    {DSFAMILY_Filter3, EffectKind::Filter},
+    {DSFAMILY_Kind2, EffectKind::FilterWithoutPages},
+    {DSFAMILY_WithoutInput, EffectKind::WithoutInput},
+    {DSFAMILY_Paint, EffectKind::Paint},
+    {DSFAMILY_Transition, EffectKind::Transition},
+    {DSFAMILY_Kind7, EffectKind::OptionalInput},
 };
 
 // In the order in which the host shows them.
 constexpr GUID kPages[] = {kRuvexPageId, kGunsPageId,    kBreakup1PageId, kBreakup2PageId,
                            kShashPageId, kEffectsPageId, kCropPageId,     kHelpPageId};
 
-bool needsInput(std::int32_t kind) {
-    return kind == 1 || kind == 2 || (kind >= 4 && kind <= 6);
+bool needsInput(EffectKind kind) {
+    switch (kind) {
+        case EffectKind::Filter:
+        case EffectKind::FilterWithoutPages:
+        case EffectKind::Paint:
+        case EffectKind::Transition:
+        case EffectKind::Unused:
+            return true;
+        default:
+            return false;
+    }
 }
 
 constexpr bool bit(std::uint32_t flags, int index) {
@@ -52,10 +66,10 @@ HRESULT Ruvex::GetImageEffectInfo(DSIMAGEEFFECTINFO* info) {
         if (entry.family == info->family) effectKind = entry.kind;
     }
     if (const HRESULT linked = linkPages(); FAILED(linked)) return linked;
-    const bool paint = effectKind == kKindPaint;
-    const bool transition = effectKind == kKindTransition;
+    const bool paint = effectKind == EffectKind::Paint;
+    const bool transition = effectKind == EffectKind::Transition;
     const bool paintLike =
-        !transition && effectKind != kKindWithoutInput && (paint || bit(capabilityFlags, 2));
+        !transition && effectKind != EffectKind::WithoutInput && (paint || bit(capabilityFlags, 2));
     info->reserved = 0;
     info->field2 = paint ? 96 : 0;
     info->field3 = paintLike ? 8 : 2;
@@ -65,7 +79,8 @@ HRESULT Ruvex::GetImageEffectInfo(DSIMAGEEFFECTINFO* info) {
     info->field7 = 0;
     info->field8 = paint;
     info->field9 = 0;
-    info->flags = (bit(capabilityFlags, 1) || fieldHandling == 0 ? 10 : 2) | 0x100;
+    info->flags =
+        (bit(capabilityFlags, 1) || fieldHandling == FieldHandling::None ? 10 : 2) | 0x100;
     if (!transition && !bit(capabilityFlags, 4)) {
         info->flags |= 0x200;
     } else {
@@ -78,7 +93,7 @@ HRESULT Ruvex::GetImageEffectInfo(DSIMAGEEFFECTINFO* info) {
 /// Tells the host, once, which pages there are, for the kinds that have any.
 HRESULT Ruvex::linkPages() {
     if (bit(infoFlags, 0)) return S_OK;
-    if (effectKind == kKindFilter || effectKind == kKindPaint) {
+    if (effectKind == EffectKind::Filter || effectKind == EffectKind::Paint) {
         const HRESULT status = guarded([&] {
             for (const GUID& page : kPages) {
                 RemovePropertyPage(page);
@@ -97,8 +112,8 @@ HRESULT Ruvex::Verify() {
     if (const HRESULT status = extraVerify(); FAILED(status)) return status;
     if (!output) return E_POINTER;
     if (needsInput(effectKind) && !input) return E_POINTER;
-    if (effectKind == kKindTransition && !input2) return E_POINTER;
-    if (effectKind == kKindPaint && !pixelMask) return E_POINTER;
+    if (effectKind == EffectKind::Transition && !input2) return E_POINTER;
+    if (effectKind == EffectKind::Paint && !pixelMask) return E_POINTER;
     return S_OK;
 }
 

@@ -37,7 +37,7 @@ PixelRegion finishingRegion(const VxDsEffect& effect) {
 }
 
 std::int32_t fieldOf(const VxDsEffect& effect) {
-    return effect.fieldHandling == 2 ? effect.fieldSelector : 0;
+    return effect.fieldHandling == FieldHandling::SkipRows ? effect.fieldSelector : 0;
 }
 
 template <class P>

@@ -8,8 +8,6 @@
 namespace ruvex {
 namespace {
 
-constexpr std::int32_t kCropWindow = 1;
-
 // A fraction of an axis in whole pixels.
 std::int32_t along(const TexAxis& axis, float fraction) {
     return truncateToInt(static_cast<float>(axis.size) * fraction);
@@ -25,11 +23,11 @@ std::int32_t placed(const TexAxis& axis, float fraction) {
 
 template <class P>
 void applyCrop(const VxDsEffect& effect, VxTexture<P>& texture) {
-    if (effect.cropMode == 0) return;
+    if (effect.cropMode == CropMode::None) return;
     const CropState& crop = effect.crop;
     texture.setRange(along(texture.x, crop.left), along(texture.x, crop.right),
                      along(texture.y, crop.bottom), along(texture.y, crop.top));
-    if (effect.cropMode == kCropWindow) return;
+    if (effect.cropMode == CropMode::Window) return;
     const ParameterValues& values = effect.parameters;
     texture.setEdgeMethods(static_cast<std::uint32_t>(values.integer(ParameterId::XEdgeMethod)),
                            static_cast<std::uint32_t>(values.integer(ParameterId::YEdgeMethod)));

@@ -27,7 +27,7 @@ VxDsEffect::VxDsEffect(const VxDsEffect& source)
 
 HRESULT VxDsEffect::beginOverlay(IUnknown* object) {
     if (!object) return E_POINTER;
-    return effectKind == kKindPaint ? S_OK : overlay.begin(*object);
+    return effectKind == EffectKind::Paint ? S_OK : overlay.begin(*object);
 }
 
 PixelOffset VxDsEffect::frameOffset(double) {

@@ -13,12 +13,31 @@
 
 namespace ruvex {
 
-/// The object family that an effect runs in, as far as it changes what is done.
-enum EffectKind : std::int32_t {
-    kKindFilter = 1,
-    kKindWithoutInput = 3,
-    kKindPaint = 4,
-    kKindTransition = 5,
+/// What an object family means for an effect that runs in it. The host's record of the effect goes
+/// by these numbers.
+enum class EffectKind : std::int32_t {
+    Unknown = 0,  ///< the host has not asked yet
+    Filter = 1,
+    FilterWithoutPages = 2,
+    WithoutInput = 3,
+    Paint = 4,
+    Transition = 5,
+    Unused = 6,  ///< needs an input; no family has it
+    OptionalInput = 7,
+};
+
+/// How a frame of two fields is rendered.
+enum class FieldHandling : std::int32_t {
+    None = 0,        ///< like any frame
+    HalfHeight = 1,  ///< each field as an image of half height
+    SkipRows = 2,    ///< processors leave out the other field's rows
+};
+
+/// What the crop parameters do to the input.
+enum class CropMode : std::int32_t {
+    None = 0,
+    Window = 1,       ///< they set the crop window
+    WindowEdges = 2,  ///< edge methods and the edge colour apply beyond it, too
 };
 
 /// A place in the output, both ends inclusive.
@@ -58,11 +77,16 @@ public:
     /// It wants them no more.
     void endOverlay() { overlay.end(); }
 
-    std::int32_t effectKind = 0;
+    /// Whether the frame is one field, rendered as an image of half height.
+    bool rendersHalfHeight() const {
+        return fieldHandling == FieldHandling::HalfHeight && fieldSelector != 0;
+    }
+
+    EffectKind effectKind = EffectKind::Unknown;
     std::int32_t fieldSelector = 0;  ///< 0 whole frame, 1 first field, 2 second field
-    std::int32_t fieldHandling = 0;  ///< 1 fields as images of half height, 2 processors skip rows
-    float fieldScaleY = 1.0f;        ///< 0.5 for an image of half height
-    std::int32_t cropMode = 0;       ///< 0 none, 1 window, 2 window with edge methods and colour
+    FieldHandling fieldHandling = FieldHandling::None;
+    float fieldScaleY = 1.0f;  ///< 0.5 for an image of half height
+    CropMode cropMode = CropMode::None;
     std::uint32_t capabilityFlags = 0;
     std::uint32_t infoFlags = 0;  ///< bit 0: the pages have been linked
     InterruptionRecord interruption;

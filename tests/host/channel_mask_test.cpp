@@ -101,7 +101,7 @@ TYPED_TEST(ChannelMasks, WithoutAnInputThereIsNothingToGiveBack) {
 TYPED_TEST(ChannelMasks, AFieldKeepsToItsRows) {
     for (const int selector : {1, 2}) {
         Pictures<TypeParam> p;
-        p.effect.fieldHandling = 2;
+        p.effect.fieldHandling = FieldHandling::SkipRows;
         p.effect.fieldSelector = selector;
         fixChannelMask(p.effect, p.output.texture, p.input.texture, {0, 0, 0, 0});
         for (int y = 0; y < 6; ++y) {
@@ -120,12 +120,12 @@ TYPED_TEST(ChannelMasks, AnInterruptedRenderKeepsTheEffect) {
 
 TEST(FinishingRegion, CountsRowsHalfInAFieldOfHalfHeight) {
     PlainEffect effect(20, 9);
-    effect.fieldHandling = 1;
+    effect.fieldHandling = FieldHandling::HalfHeight;
     effect.fieldSelector = 2;
     effect.fieldScaleY = 0.5f;
     EXPECT_EQ(finishingRegion(effect), (PixelRegion{.x0 = 0, .x1 = 19, .y0 = 0, .y1 = 4}));
     EXPECT_EQ(fieldOf(effect), 0);
-    effect.fieldHandling = 2;
+    effect.fieldHandling = FieldHandling::SkipRows;
     EXPECT_EQ(fieldOf(effect), 2);
 }
 

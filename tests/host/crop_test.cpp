@@ -69,10 +69,10 @@ TYPED_TEST(Crop, TheModeSaysHowMuchOfItActs) {
     effect.crop = fractions(0.5f, 1.0f, 0.0f, 1.0f);
     effect.crop.edgeColour[0] = 1.0f;
     Canvas<TypeParam> none(10, 10), window(10, 10);
-    effect.cropMode = 0;
+    effect.cropMode = CropMode::None;
     applyCrop(effect, none.texture);
     EXPECT_EQ(none.texture.x.lo, 0);
-    effect.cropMode = 1;
+    effect.cropMode = CropMode::Window;
     applyCrop(effect, window.texture);
     EXPECT_EQ(window.texture.x.lo, 5);
     EXPECT_EQ(window.texture.x.edgeMethod, kEdgeFill);

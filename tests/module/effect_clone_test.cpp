@@ -55,11 +55,11 @@ TEST(CloneOfAnEffect, StartsWithTheWorkersOfItsSourceAndKeepsItsOwn) {
 TEST(CloneOfAnEffect, TakesOverTheRenderState) {
     const auto effect = makeEffect();
     VxDsEffect& source = stateOf(effect);
-    source.effectKind = 4;
+    source.effectKind = EffectKind::Paint;
     source.fieldSelector = 2;
-    source.fieldHandling = 1;
+    source.fieldHandling = FieldHandling::HalfHeight;
     source.fieldScaleY = 0.5f;
-    source.cropMode = 1;
+    source.cropMode = CropMode::Window;
     source.capabilityFlags = 0x2Au;
     source.infoFlags = 3;
     source.crop = {.left = 0.1f, .right = 0.2f, .bottom = 0.3f, .top = 0.4f, .edgeColour = {1.0f}};
@@ -69,11 +69,11 @@ TEST(CloneOfAnEffect, TakesOverTheRenderState) {
     source.alphaMaskable = 1;
     const auto copy = cloneOf(effect);
     const VxDsEffect& clone = stateOf(copy);
-    EXPECT_EQ(clone.effectKind, 4);
+    EXPECT_EQ(clone.effectKind, EffectKind::Paint);
     EXPECT_EQ(clone.fieldSelector, 2);
-    EXPECT_EQ(clone.fieldHandling, 1);
+    EXPECT_EQ(clone.fieldHandling, FieldHandling::HalfHeight);
     EXPECT_EQ(clone.fieldScaleY, 0.5f);
-    EXPECT_EQ(clone.cropMode, 1);
+    EXPECT_EQ(clone.cropMode, CropMode::Window);
     EXPECT_EQ(clone.capabilityFlags, 0x2Au);
     EXPECT_EQ(clone.infoFlags, 3u);
     EXPECT_EQ(clone.crop.left, 0.1f);

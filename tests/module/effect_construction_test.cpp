@@ -30,11 +30,11 @@ TEST(NewEffect, HasItsReleasedState) {
     const auto effect = makeEffect();
     const VxDsEffect& state = stateOf(effect);
     EXPECT_EQ(&stateOf(effect, kRuvexClassId), &state) << "both identifiers give it";
-    EXPECT_EQ(state.effectKind, 0);
+    EXPECT_EQ(state.effectKind, EffectKind::Unknown);
     EXPECT_EQ(state.fieldSelector, 0);
-    EXPECT_EQ(state.fieldHandling, 0);
+    EXPECT_EQ(state.fieldHandling, FieldHandling::None);
     EXPECT_EQ(state.fieldScaleY, 1.0f);
-    EXPECT_EQ(state.cropMode, 2);
+    EXPECT_EQ(state.cropMode, CropMode::WindowEdges);
     EXPECT_EQ(state.capabilityFlags, 95u);
     EXPECT_EQ(state.infoFlags, 0u);
     EXPECT_FALSE(state.sourceEffect);

@@ -10,7 +10,7 @@ namespace {
 std::int32_t kindOf(const GUID& family) {
     const auto effect = makeEffect();
     describe(effect, family);
-    return stateOf(effect).effectKind;
+    return static_cast<std::int32_t>(stateOf(effect).effectKind);
 }
 
 TEST(EffectFace, FamiliesDecideTheKind) {
@@ -28,7 +28,7 @@ TEST(EffectFace, AnyOtherFamilyLeavesTheKindAsItWas) {
     const auto effect = makeEffect();
     describe(effect, DSFAMILY_Paint);
     describe(effect, DSFAMILY_List);
-    EXPECT_EQ(stateOf(effect).effectKind, 4);
+    EXPECT_EQ(stateOf(effect).effectKind, EffectKind::Paint);
 }
 
 const std::vector<GUID> kAllPages = {kRuvexPageId, kGunsPageId,    kBreakup1PageId, kBreakup2PageId,
@@ -81,7 +81,7 @@ TEST(EffectFace, ARecordOfAnotherKindIsRefusedAndChangesNothing) {
     info.recordId = DSFAMILY_List;
     EXPECT_EQ(effect->GetImageEffectInfo(&info), E_INVALIDARG);
     EXPECT_EQ(effect->GetImageEffectInfo(nullptr), E_POINTER);
-    EXPECT_EQ(stateOf(effect).effectKind, 0);
+    EXPECT_EQ(stateOf(effect).effectKind, EffectKind::Unknown);
     EXPECT_EQ(stateOf(effect).infoFlags, 0u);
     EXPECT_TRUE(pagesOf(effect).empty());
     EXPECT_EQ(info.flags, 0u);

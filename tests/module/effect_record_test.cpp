@@ -19,7 +19,7 @@ Fields fieldsOf(const DSIMAGEEFFECTINFO& info) {
 Fields fieldsFor(const GUID& family, std::uint32_t capabilities, std::int32_t fieldHandling = 0) {
     const auto effect = makeEffect();
     stateOf(effect).capabilityFlags = capabilities;
-    stateOf(effect).fieldHandling = fieldHandling;
+    stateOf(effect).fieldHandling = FieldHandling{fieldHandling};
     return fieldsOf(describe(effect, family));
 }
 

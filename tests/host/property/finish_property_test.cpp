@@ -40,13 +40,14 @@ struct FinishCase {
         }
         effect.alphaMaskable = 1;
         if (random.chance(50)) {
-            effect.fieldHandling = 2;
+            effect.fieldHandling = FieldHandling::SkipRows;
             effect.fieldSelector = random.whole(0, 2);
         }
     }
 
     twin::WindowTwin window(const twin::Corners& corners) const {
-        const int field = effect.fieldHandling == 2 ? effect.fieldSelector : 0;
+        const int field =
+            effect.fieldHandling == FieldHandling::SkipRows ? effect.fieldSelector : 0;
         return twin::windowTwin(output->texture, corners, field, workers);
     }
 

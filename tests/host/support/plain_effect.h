@@ -10,7 +10,7 @@ namespace ruvex::test {
 class PlainEffect final : public VxDsEffect {
 public:
     PlainEffect(std::int32_t width, std::int32_t height) {
-        cropMode = 2;
+        cropMode = CropMode::WindowEdges;
         region = {.x0 = 0, .x1 = width - 1, .y0 = 0, .y1 = height - 1};
         crop.right = crop.top = 1.0f;
     }
