@@ -7,16 +7,13 @@
 #include "imaging/maths/maths.h"
 #include "imaging/maths/random.h"
 #include "imaging/maths/wrap.h"
+#include "stages/angles.h"
 #include "stages/stage_pixel.h"
 #include "stages/threshold.h"
 
 namespace ruvex {
 namespace {
 
-constexpr float kPi = 3.1415927f;
-constexpr float kQuarterTurn = 1.5707964f;
-constexpr float kThreeQuarters = 4.712389f;
-constexpr float kWholeTurn = 6.2831855f;
 // Between these a line is nearer to the vertical.
 constexpr float kSteepFrom = 0.7853982f;
 constexpr float kSteepTo = 2.3561945f;
@@ -30,8 +27,8 @@ float sine(float angle) {
 // The lines go the other way in the lower half turn.
 float creepOf(float angle, float offset) {
     if (angle < kQuarterTurn) return -(offset / sine(angle));
-    if (angle < kPi) return -(offset / sine(kPi - angle));
-    if (angle < kThreeQuarters) return offset / sine(angle - kPi);
+    if (angle < kHalfTurn) return -(offset / sine(kHalfTurn - angle));
+    if (angle < kThreeQuarterTurn) return offset / sine(angle - kHalfTurn);
     return offset / sine(kWholeTurn - angle);
 }
 
@@ -55,9 +52,9 @@ struct LineFamily {
 LineFamily lineFamily(const SignalParameters& signal, float width, float height) {
     LineFamily family;
     family.strength = thresholdLine(signal.breakup, 1.0f, signal.lineThreshold);
-    family.angle = signal.lineAngle > kPi ? signal.lineAngle - kPi : signal.lineAngle;
+    family.angle = signal.lineAngle > kHalfTurn ? signal.lineAngle - kHalfTurn : signal.lineAngle;
     const float a = family.angle;
-    family.step = signal.lineSpacing / sine(a > kQuarterTurn ? kPi - a : a);
+    family.step = signal.lineSpacing / sine(a > kQuarterTurn ? kHalfTurn - a : a);
     family.slope = static_cast<float>(maths::tan(a));
     family.reach = height / family.slope;
     family.lines = truncateToInt((std::fabs(family.reach) + width) / family.step + 1.0f);

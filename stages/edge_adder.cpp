@@ -11,10 +11,23 @@
 namespace ruvex {
 namespace {
 
-constexpr std::int32_t kNoiseOctaves = 8;
+// Above and below the picture this part of a margin, the outer one, holds noise; the rest is black.
+constexpr float kBorderNoisePart = 0.4f;
+// Frames draw from seeds this far apart; a row's noise starts anywhere in this much of its curve
+// and passes this many units of it over the width.
+constexpr float kBorderSeedStep = 100.0f;
+constexpr float kBorderNoiseSpread = 1000.0f;
+constexpr float kBorderNoiseCells = 50.0f;
+constexpr std::int32_t kBorderNoiseOctaves = 8;
+constexpr double kFaintestSpeck = 0.2;
+
+// The sync pulses of the left side, in parts of the margin from the picture's outer edge; the right
+// side mirrors them.
+constexpr float kPulse1Begin = 0.2f, kPulse1End = 0.3f;
+constexpr float kPulse2Begin = 0.4f, kPulse2End = 0.5f;
 
 // The part of a band that lies in the worker's rows.
-Span heldTo(const Span& rows, std::int32_t first, std::int32_t end) {
+Span clampedTo(const Span& rows, std::int32_t first, std::int32_t end) {
     return {std::clamp(first, rows.first, rows.end), std::clamp(end, rows.first, rows.end)};
 }
 
@@ -25,15 +38,15 @@ void EdgeAdder<P>::run() {
     const Span rows = this->rowRange();
     const Span columns = this->columnRange();
     if (rows.first >= rows.end || columns.first >= columns.end) return;
-    const float margin = static_cast<float>(-top) * 0.4f;
+    const float noiseHeight = static_cast<float>(-top) * kBorderNoisePart;
     std::uint32_t local =
-        seedFromFloat(static_cast<float>(sourceFrame) * 100.0f + static_cast<float>(seed));
-    const std::int32_t innerTop = truncateToInt(static_cast<float>(top) + margin);
-    const std::int32_t innerBottom = truncateToInt(static_cast<float>(bottom) - margin);
-    noiseRows(heldTo(rows, top, innerTop), columns, local);
-    blackRows(heldTo(rows, innerTop, 0), columns);
-    blackRows(heldTo(rows, wrapAdd(bottom, top), innerBottom), columns);
-    noiseRows(heldTo(rows, innerBottom, bottom), columns, local);
+        seedFromFloat(static_cast<float>(sourceFrame) * kBorderSeedStep + static_cast<float>(seed));
+    const std::int32_t innerTop = truncateToInt(static_cast<float>(top) + noiseHeight);
+    const std::int32_t innerBottom = truncateToInt(static_cast<float>(bottom) - noiseHeight);
+    noiseRows(clampedTo(rows, top, innerTop), columns, local);
+    blackRows(clampedTo(rows, innerTop, 0), columns);
+    blackRows(clampedTo(rows, wrapAdd(bottom, top), innerBottom), columns);
+    noiseRows(clampedTo(rows, innerBottom, bottom), columns, local);
     for (std::int32_t y = rows.first; y < rows.end; ++y) {
         if (interruptCheck(this->interrupt)) return;
         if (isRead(y)) syncBars(y, columns);
@@ -58,9 +71,8 @@ void EdgeAdder<P>::blackRows(Span band, Span columns) {
 
 template <class P>
 P EdgeAdder<P>::noisePixel(float f) const {
-    constexpr double kSpeck = 0.2;
     P pixel = black();
-    if (!(std::fabs(f) > kSpeck)) return pixel;
+    if (!(std::fabs(f) > kFaintestSpeck)) return pixel;
     const auto c = StagePixel<P>::hold(f * StagePixel<P>::kWhite);
     pixel.c[0] = pixel.c[1] = pixel.c[2] = c;
     if (borderAlpha == BorderAlpha::Banded) pixel.c[3] = c;
@@ -74,10 +86,10 @@ void EdgeAdder<P>::noiseRows(Span band, Span columns, std::uint32_t& local) {
     if (!row.usable()) return raiseOutOfMemory(this->interrupt);
     for (std::int32_t y = band.first; y < band.end; ++y) {
         if (interruptCheck(this->interrupt)) return;
-        const float r = uniform(local) * 1000.0f;
+        const float r = uniform(local) * kBorderNoiseSpread;
         if (!isRead(y)) continue;
-        const float* noise = row.make(*noiseTable, kNoiseOctaves, [&](float x) {
-            return x * 50.0f / static_cast<float>(columns.end) + r;
+        const float* noise = row.make(*noiseTable, kBorderNoiseOctaves, [&](float x) {
+            return x * kBorderNoiseCells / static_cast<float>(columns.end) + r;
         });
         P* to = this->target->writeAt(columns.first, y);
         for (std::int32_t i = 0; i < columns.end - columns.first; ++i) to[i] = noisePixel(noise[i]);
@@ -99,7 +111,7 @@ void EdgeAdder<P>::alphaAcross(std::int32_t y, float from, float to, Span column
     for (std::int32_t x = first; x < end; ++x) this->target->writeAt(x, y)->c[3] = alpha;
 }
 
-// Two white pulses on each side, a tenth of the margin wide.
+// Two white pulses on each side, with black around them.
 template <class P>
 void EdgeAdder<P>::syncBars(std::int32_t y, Span columns) {
     constexpr auto kWhite = StagePixel<P>::kWhiteComponent;
@@ -111,18 +123,18 @@ void EdgeAdder<P>::syncBars(std::int32_t y, Span columns) {
     const auto bar = [&](float from, float to, const P& pixel) {
         fillAcross(y, from, to, columns, pixel);
     };
-    bar(a, a + 0.2f * m, kBlackBar);
-    bar(a + 0.2f * m, a + 0.3f * m, kWhiteBar);
-    bar(a + 0.3f * m, a + 0.4f * m, kBlackBar);
-    bar(a + 0.4f * m, a + 0.5f * m, kWhiteBar);
-    bar(b - 0.5f * m, b - 0.4f * m, kWhiteBar);
-    bar(b - 0.4f * m, b - 0.3f * m, kBlackBar);
-    bar(b - 0.3f * m, b - 0.2f * m, kWhiteBar);
-    bar(b - 0.2f * m, b, kBlackBar);
+    bar(a, a + kPulse1Begin * m, kBlackBar);
+    bar(a + kPulse1Begin * m, a + kPulse1End * m, kWhiteBar);
+    bar(a + kPulse1End * m, a + kPulse2Begin * m, kBlackBar);
+    bar(a + kPulse2Begin * m, a + kPulse2End * m, kWhiteBar);
+    bar(b - kPulse2End * m, b - kPulse2Begin * m, kWhiteBar);
+    bar(b - kPulse2Begin * m, b - kPulse1End * m, kBlackBar);
+    bar(b - kPulse1End * m, b - kPulse1Begin * m, kWhiteBar);
+    bar(b - kPulse1Begin * m, b, kBlackBar);
     if (borderAlpha == BorderAlpha::Banded) return;
     const typename P::Component alpha = borderAlpha == BorderAlpha::Full ? kWhite : 0;
-    alphaAcross(y, a, a + 0.5f * m, columns, alpha);
-    alphaAcross(y, b - 0.5f * m, b, columns, alpha);
+    alphaAcross(y, a, a + kPulse2End * m, columns, alpha);
+    alphaAcross(y, b - kPulse2End * m, b, columns, alpha);
 }
 
 template class EdgeAdder<Rgba8>;

@@ -19,7 +19,8 @@ class EdgeAdder : public VxImgProc1<VxTexture<P>> {
 public:
     void run() override;
 
-    /// The padded rectangle in image space; right and bottom are one past the end.
+    /// The padded rectangle in image space; right and bottom are one past the end. `right` is
+    /// written and never read: the bars of that side go by the window's columns.
     std::int32_t left = 0, right = 0, top = 0, bottom = 0;
     BorderAlpha borderAlpha = BorderAlpha::None;
     std::uint32_t seed = 0;

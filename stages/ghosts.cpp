@@ -13,6 +13,10 @@
 namespace ruvex {
 namespace {
 
+// A ghost begins anywhere in this much of its noise curve.
+constexpr float kPlaceSpreadOfGhosts = 100.0f;
+constexpr std::int32_t kGhostOctaves = 4;
+
 template <class T>
 std::unique_ptr<T[]> allocate(std::int32_t count) {
     constexpr std::int64_t kMost = kMaxBufferBytes / static_cast<std::int64_t>(sizeof(T));
@@ -33,12 +37,13 @@ Ghosts<P>::Ghosts(const SignalParameters& signal)
       weights_(allocate<float>(count_)),
       rows_(allocate<const P*>(count_)) {
     if (!usable()) return;
+    // 0 at the threshold and 1 at a level of 1.
     const float strength =
         std::clamp(thresholdLine(signal.breakup, 1.0f, signal.ghostThreshold), 0.0f, 1.0f);
     auto seed = static_cast<std::uint32_t>(signal.seed);
     for (std::int32_t i = 0; i < count_; ++i) {
-        const float place = uniform(seed) * 100.0f + signal.ghostPhase;
-        offsets_[i] = truncateToInt(signal.noiseTable->fractalNoise(place, 4) *
+        const float place = uniform(seed) * kPlaceSpreadOfGhosts + signal.ghostPhase;
+        offsets_[i] = truncateToInt(signal.noiseTable->fractalNoise(place, kGhostOctaves) *
                                     signal.ghostDistance * strength);
     }
     for (std::int32_t i = 0; i < count_; ++i) {

@@ -9,6 +9,7 @@
 #include "imaging/maths/maths.h"
 #include "imaging/maths/random.h"
 #include "imaging/maths/wrap.h"
+#include "stages/angles.h"
 #include "stages/kernels/row_kernels.h"
 #include "stages/noise_row.h"
 #include "stages/rgb_noise_proc.h"
@@ -17,9 +18,47 @@
 namespace ruvex {
 namespace {
 
-// A fraction from an integer.
+// Frames draw from seeds this far apart, and those of grey noise from seeds this far.
+constexpr float kShashSeedStep = 100.0f;
+constexpr float kSnowSeedStep = 12541.0f;
+// A row's noise starts anywhere in this much of its curve.
+constexpr float kShashNoiseSpread = 100.0f;
+
+// Grain: the longest of its waves, in pixels of the project frame, and the last place in a table of
+// sines, where phases are drawn from.
+constexpr float kGrainPeriod = 2000.0f;
+constexpr float kLastSine = 1023.0f;
+constexpr float kSineStep = 0.0009765625f;  // 1/1024 of a turn
+
+// Bars: two waves with a period of 100 to 500 project pixels, shared by 16 and by 8 rows, the
+// latter 4 rows off. Each group of rows takes its numbers from a place of its own, 11 apart.
+constexpr std::int32_t kRowsOfWave1 = 16;
+constexpr std::int32_t kRowsOfWave2 = 8;
+constexpr std::int32_t kOffsetOfWave2 = 4;
+constexpr std::int32_t kWaveSeedStep = 11;
+constexpr float kShortestWave = 100.0f;
+constexpr float kWaveRange = 400.0f;
+constexpr float kWaveLight = 0.2f;  // of white, for each of the two waves
+constexpr float kMostFloor = 0.3f;  // of white; the floor is drawn for each frame
+constexpr float kBarCell = 50.0f;   // of its noise, in project pixels
+constexpr std::int32_t kBarOctaves = 3;
+
+// Dashes: the cell of their noise in project pixels, and lengths of 0 to 10 of them.
+constexpr float kDashCell = 10.0f;
+constexpr std::int32_t kDashOctaves = 2;
+constexpr float kLengths = 10.0f;
+constexpr double kColouredShare = 0.7;  // of the dashes; the others are white
+
+// Grey noise: its range as fractions of white, and its softness in project pixels. The range of the
+// streaks goes beyond white, so that most of it is clipped.
+constexpr float kSnowMost = 0.9f;
+constexpr float kStreaksMost = 1.32f;
+constexpr float kStreaksSoftness = 0.1f;
+
+// A fraction from an integer: the hash of 31 bits times 2 to the -30 lies in 0 to 2.
 float rnd(std::uint32_t n) {
-    return (1.0f - hashAsFloat(n) * 9.313226e-10f + 1.0f) * 0.5f;
+    constexpr float kHashStep30 = 9.313226e-10f;
+    return (1.0f - hashAsFloat(n) * kHashStep30 + 1.0f) * 0.5f;
 }
 
 template <class P>
@@ -31,7 +70,7 @@ template <class P>
 constexpr P kShashWhitePixel =
     allOf<P>(static_cast<typename P::Component>(StagePixel<P>::kShashWhite));
 
-// A component by truncation, with what wraps.
+// A component by truncation; what does not fit wraps.
 template <class P>
 typename P::Component wrapped(float value) {
     return static_cast<typename P::Component>(truncateToInt(value));
@@ -43,14 +82,15 @@ struct Waves {
     float phase1, phase2;
 };
 
-// Rows share their waves in bands of 16 and 8.
 Waves wavesOf(std::int32_t y, std::uint32_t base, float scaleA, float scaleY) {
-    const auto h1 = static_cast<std::uint32_t>(y / 16 * 11) + base;
-    const auto h2 = static_cast<std::uint32_t>(wrapAdd(y, 4) / 8 * 11) + base;
+    const auto h1 = static_cast<std::uint32_t>(y / kRowsOfWave1 * kWaveSeedStep) + base;
+    const auto h2 =
+        static_cast<std::uint32_t>(wrapAdd(y, kOffsetOfWave2) / kRowsOfWave2 * kWaveSeedStep) +
+        base;
     const auto period = [=](std::uint32_t h) {
-        return (rnd(h) * 400.0f + 100.0f) * scaleA * scaleY;
+        return (rnd(h) * kWaveRange + kShortestWave) * scaleA * scaleY;
     };
-    const auto phase = [](std::uint32_t h) { return rnd(h + 1) * 2.0f * 3.1415927f; };
+    const auto phase = [](std::uint32_t h) { return rnd(h + 1) * 2.0f * kHalfTurn; };
     return {period(h1), period(h2), phase(h1), phase(h2)};
 }
 
@@ -60,14 +100,15 @@ template <class P>
 VxShashProc<P>::VxShashProc() {
     for (std::size_t k = 0; k < kWaves; ++k) harmonics_[k] = static_cast<float>(1 << k);
     for (int i = 0; i < kSines; ++i) {
-        const float angle = static_cast<float>(i) * 2.0f * 3.1415927f * 0.0009765625f;
+        const float angle = static_cast<float>(i) * 2.0f * kHalfTurn * kSineStep;
         sineTable_[static_cast<std::size_t>(i)] = static_cast<float>(maths::sin(angle));
     }
 }
 
 template <class P>
 std::uint32_t VxShashProc<P>::frameSeed() const {
-    return seedFromFloat(static_cast<float>(outputFrame) * 100.0f + static_cast<float>(seed));
+    return seedFromFloat(static_cast<float>(outputFrame) * kShashSeedStep +
+                         static_cast<float>(seed));
 }
 
 template <class P>
@@ -83,7 +124,7 @@ void VxShashProc<P>::run() {
 // Sparse points on black.
 template <class P>
 void VxShashProc<P>::grain(Span rows, Span columns) {
-    const float pace = scaleA * 2000.0f * this->scaleY;
+    const float pace = scaleA * kGrainPeriod * this->scaleY;
     const std::int32_t count = columns.end - columns.first;
     const ScratchRow places(columns);
     if (!places) return raiseOutOfMemory(this->interrupt);
@@ -96,7 +137,7 @@ void VxShashProc<P>::grain(Span rows, Span columns) {
         nextRandom(local);
         float phases[kWaves];
         for (std::uint32_t k = 0; k < kWaves; ++k) {
-            phases[k] = static_cast<float>(truncateToInt(rnd(local + k) * 1023.0f));
+            phases[k] = static_cast<float>(truncateToInt(rnd(local + k) * kLastSine));
         }
         bestRowKernels<P>().points(sineTable_.data(), places.get(), phases, harmonics_.data(),
                                    count, this->target->writeAt(columns.first, y));
@@ -123,7 +164,7 @@ public:
         addUp(waves.period2, waves.phase2, light_.get());
         addUp(waves.period1, waves.phase1, wave_.get());
         for (std::int32_t i = 0; i < count; ++i) {
-            const float raw = (light_[i] + wave_[i]) * 0.2f + floor_;
+            const float raw = (light_[i] + wave_[i]) * kWaveLight + floor_;
             light_[i] = (raw > 0.0f ? std::min(raw, 1.0f) : 0.0f) * odd * kWhite;
         }
         return light_.get();
@@ -134,7 +175,7 @@ private:
         const std::int32_t count = columns_.end - columns_.first;
         for (std::int32_t i = 0; i < count; ++i) {
             const auto x = static_cast<float>(columns_.first + i);
-            angles_[i] = x * 6.2831855f / period + phase;
+            angles_[i] = x * kWholeTurn / period + phase;
         }
         maths::sines(angles_.get(), count, to);
     }
@@ -149,14 +190,15 @@ template <class P>
 void VxShashProc<P>::bars(Span rows, Span columns) {
     std::uint32_t base = frameSeed();
     std::uint32_t running = base;
-    BarLight<P> light(columns, uniform(base) * 0.3f);
+    BarLight<P> light(columns, uniform(base) * kMostFloor);
     NoiseRow row(columns);
     if (!row.usable() || !light.usable()) return raiseOutOfMemory(this->interrupt);
-    const float cell = scaleA * 50.0f * this->scaleY;
+    const float cell = scaleA * kBarCell * this->scaleY;
     for (std::int32_t y = rows.first; y < rows.end; ++y) {
         if (interruptCheck(this->interrupt)) return;
-        const float rowShift = uniform(running) * 100.0f;
-        const float* noise = row.make(*noiseTable, 3, [&](float x) { return x / cell + rowShift; });
+        const float rowShift = uniform(running) * kShashNoiseSpread;
+        const float* noise =
+            row.make(*noiseTable, kBarOctaves, [&](float x) { return x / cell + rowShift; });
         bestRowKernels<P>().bars(noise, light.make(y, wavesOf(y, base, scaleA, this->scaleY)),
                                  columns.end - columns.first,
                                  this->target->writeAt(columns.first, y));
@@ -171,7 +213,7 @@ public:
     DashColours(std::uint32_t seed, float scale, float scaleY)
         : seed_(seed), scale_(scale), scaleY_(scaleY) {}
 
-    float drawShift() { return uniform(seed_) * 100.0f; }
+    float drawShift() { return uniform(seed_) * kShashNoiseSpread; }
 
     void fill(P* colours, std::int32_t count) {
         P colour{};
@@ -191,8 +233,7 @@ public:
 
 private:
     void change(P& colour) {
-        constexpr double kWhiteShare = 0.7;
-        if (uniform(seed_) * 1.0f > kWhiteShare) {
+        if (uniform(seed_) > kColouredShare) {
             colour = kShashWhitePixel<P>;
         } else {
             drawColour(colour);
@@ -204,8 +245,8 @@ private:
         }
     }
     std::int32_t drawLength() {
-        const auto tenth = static_cast<float>(truncateToInt(uniform(seed_) * 10.0f));
-        return truncateToInt(tenth * scale_ * scaleY_);
+        const auto length = static_cast<float>(truncateToInt(uniform(seed_) * kLengths));
+        return truncateToInt(length * scale_ * scaleY_);
     }
 
     std::uint32_t seed_;
@@ -214,7 +255,7 @@ private:
 
 template <class P>
 void VxShashProc<P>::dashes(Span rows, Span columns) {
-    const float cell = scaleA * 10.0f * this->scaleY;
+    const float cell = scaleA * kDashCell * this->scaleY;
     const std::int32_t count = columns.end - columns.first;
     DashColours<P> dashColours(frameSeed(), scaleA, this->scaleY);
     const std::unique_ptr<P[]> colours(new (std::nothrow) P[static_cast<std::size_t>(count)]);
@@ -224,7 +265,8 @@ void VxShashProc<P>::dashes(Span rows, Span columns) {
         if (interruptCheck(this->interrupt)) return;
         const float rowShift = dashColours.drawShift();
         dashColours.fill(colours.get(), count);
-        const float* noise = row.make(*noiseTable, 2, [&](float x) { return x / cell + rowShift; });
+        const float* noise =
+            row.make(*noiseTable, kDashOctaves, [&](float x) { return x / cell + rowShift; });
         bestRowKernels<P>().dashes(noise, colours.get(), count,
                                    this->target->writeAt(columns.first, y));
     }
@@ -232,8 +274,9 @@ void VxShashProc<P>::dashes(Span rows, Span columns) {
 
 template <class P>
 void VxShashProc<P>::postPass() {
-    if (type == ShashType::Snow) snow(0.0f, 0.9f, 0.0f);
-    if (type == ShashType::Streaks) snow(-1.32f, 1.32f, scaleA * 0.1f * this->scaleY);
+    if (type == ShashType::Snow) snow(0.0f, kSnowMost, 0.0f);
+    if (type == ShashType::Streaks)
+        snow(-kStreaksMost, kStreaksMost, scaleA * kStreaksSoftness * this->scaleY);
 }
 
 template <class P>
@@ -252,7 +295,7 @@ void VxShashProc<P>::snow(float amountMin, float amountMax, float softness) {
         noise.amountMax[k] = amountMax;
     }
     for (int k = 0; k < 3; ++k) noise.softX[k] = softness;
-    noise.seed = seedFromFloat(std::fabs(static_cast<float>(outputFrame) * 12541.0f)) + 1u;
+    noise.seed = seedFromFloat(std::fabs(static_cast<float>(outputFrame) * kSnowSeedStep)) + 1u;
     noise.setWindow(left, top, right, bottom);
     noise.useThreads = this->useThreads;
     noise.interrupt = this->interrupt;

@@ -8,6 +8,7 @@
 #include "imaging/maths/random.h"
 #include "imaging/maths/wrap.h"
 #include "imaging/noise/gradient_noise.h"
+#include "stages/angles.h"
 #include "stages/kernels/row_kernels.h"
 #include "stages/source_runs.h"
 #include "stages/stage_pixel.h"
@@ -15,6 +16,18 @@
 
 namespace ruvex {
 namespace {
+
+// Where on its noise curve a television begins: a seed chooses from this much of it.
+constexpr float kPlaceSpread = 100.0f;
+
+// The bands of electromagnetic interference: the cells of their noise over the picture's height,
+// and how far apart the seeds of frames lie.
+constexpr float kBandsInPicture = 25.0f;
+constexpr std::int32_t kBandOctaves = 2;
+constexpr std::uint32_t kBandsSeedStep = 20;
+
+// Edges are pulled by a bow of half a sine wave over the picture's height, this high and cut at 1.
+constexpr float kBowHeight = 3.0f;
 
 bool inColour(const SignalParameters& signal) {
     return signal.tvType != TvType::BlackAndWhite && signal.tvType != TvType::Tint;
@@ -66,7 +79,7 @@ SignalRows<P>::SignalRows(const SignalParameters& signal, const ToneTables<P>& t
       guns_(gunsApart(signal)),
       longest_(longest) {
     auto seed = static_cast<std::uint32_t>(signal.seed);
-    phase_ = uniform(seed) * 100.0f + signal.edgePhase;
+    phase_ = uniform(seed) * kPlaceSpread + signal.edgePhase;
     if (guns_) gunRows_.reset(new (std::nothrow) P[3 * static_cast<std::size_t>(longest)]);
     usable_ = !guns_ || gunRows_;
 }
@@ -77,9 +90,9 @@ float SignalRows<P>::interferenceGain(float y) const {
     // The seed starts afresh on every row: the offset is the same all over a frame, and the
     // interference a smooth pattern of bands.
     std::uint32_t seed = static_cast<std::uint32_t>(signal_.seed) +
-                         static_cast<std::uint32_t>(signal_.sourceFrame) * 20u;
-    const float place = uniform(seed) * 100.0f + y / (height_ / 25.0f);
-    return signal_.noiseTable->fractalNoise(place, 2) * signal_.emInterference + 1.0f;
+                         static_cast<std::uint32_t>(signal_.sourceFrame) * kBandsSeedStep;
+    const float place = uniform(seed) * kPlaceSpread + y / (height_ / kBandsInPicture);
+    return signal_.noiseTable->fractalNoise(place, kBandOctaves) * signal_.emInterference + 1.0f;
 }
 
 template <class P>
@@ -91,7 +104,7 @@ typename SignalRows<P>::Row SignalRows<P>::rowState(std::int32_t row) const {
         (y - static_cast<float>(signal_.verticalOffset)) * signal_.edgeJaggedness / height_ +
         phase_;
     const float n = signal_.noiseTable->fractalNoise(place, signal_.edgeOctaves);
-    const float bow = static_cast<float>(maths::sin(y * 3.1415927f / height_)) * 3.0f;
+    const float bow = static_cast<float>(maths::sin(y * kHalfTurn / height_)) * kBowHeight;
     // The picture's first and last rows stay straight, and so do the margins.
     const float envelope = bow > 0.0f ? std::min(bow, 1.0f) : 0.0f;
     state.shift = truncateToInt(std::fabs(n) * envelope * edgeAmount_);

@@ -7,6 +7,7 @@
 #include "imaging/maths/random.h"
 #include "imaging/maths/wrap.h"
 #include "imaging/noise/gradient_noise.h"
+#include "stages/angles.h"
 #include "stages/noise_row.h"
 #include "stages/stage_pixel.h"
 
@@ -15,8 +16,8 @@ namespace {
 
 // Noise has its place on a curve: the start of a row is drawn from this many units of it, two
 // octaves deep.
-constexpr float kNoiseSpread = 1000.0f;
-constexpr std::int32_t kNoiseOctaves = 2;
+constexpr float kTapeNoiseSpread = 1000.0f;
+constexpr std::int32_t kTapeNoiseOctaves = 2;
 
 // A winding tape shows bands of tears and streaks. Lengths are parts of the picture's height: a
 // band half as high as a 20th of it, a fifth apart from the next, trembling by up to a 250th.
@@ -66,9 +67,6 @@ constexpr float kTearMix = 0.25f;
 constexpr float kTopPart = 0.2f;
 constexpr float kTopCells = 10.0f;
 constexpr float kTopStrength = 0.5f;
-
-constexpr float kPi = 3.1415927f;
-constexpr float kQuarterTurn = 1.5707964f;
 
 // A tear: how far its two halves are pulled at their widest, and how much red and blue swap.
 struct Tear {
@@ -138,7 +136,7 @@ private:
     }
     // The noise of a row's columns, with so many cells across the picture.
     const float* noiseAlong(float cells, float start) {
-        return noiseRow_.make(*signal_.noiseTable, kNoiseOctaves,
+        return noiseRow_.make(*signal_.noiseTable, kTapeNoiseOctaves,
                               [&](float x) { return x / (width_ * scaleY_ / cells) + start; });
     }
     bool stopped() const { return interruptCheck(interrupt_); }
@@ -177,7 +175,7 @@ template <class P>
 float Transport<P>::sign(std::uint32_t& seed) const {
     const float start = uniform(seed) * kSignSpread;
     const float place = static_cast<float>(signal_.sourceFrameIndex) / kFramesOfSign + start;
-    return signal_.noiseTable->fractalNoise(place, kNoiseOctaves) > 0.0f ? 1.0f : -1.0f;
+    return signal_.noiseTable->fractalNoise(place, kTapeNoiseOctaves) > 0.0f ? 1.0f : -1.0f;
 }
 
 template <class P>
@@ -238,7 +236,7 @@ template <class Gain>
 void Transport<P>::streak(Span rows, float cells, double least, std::uint32_t& seed, Gain gain) {
     for (std::int32_t y = rows.first; y < rows.end; ++y) {
         if (stopped()) return;
-        const float start = uniform(seed) * kNoiseSpread;
+        const float start = uniform(seed) * kTapeNoiseSpread;
         const float rowGain = gain(static_cast<float>(y));
         const float* noise = noiseAlong(cells, start);
         P* to = target_.writeAt(columns_.first, y);
@@ -255,7 +253,7 @@ void Transport<P>::brightStreak(std::int32_t centre, std::int32_t half, std::uin
     const float begin = static_cast<float>(centre) - height_ * kBowLead;
     const Span rows = streakRows(centre, static_cast<float>(half) / kBrightPart);
     streak(rows, kBrightCells, kBrightLeast, seed, [&](float y) {
-        const double bow = maths::sin((y - begin) * kPi / length) * kBowPeak;
+        const double bow = maths::sin((y - begin) * kHalfTurn / length) * kBowPeak;
         return static_cast<float>(bow > 0.0 ? bow : 0.0);
     });
 }
@@ -315,7 +313,7 @@ void Transport<P>::topNoise(std::uint32_t& seed) {
     const Span rows = rowsWithin(first, end);
     for (std::int32_t y = rows.first; y < rows.end; ++y) {
         if (stopped()) return;
-        const float start = uniform(seed) * kNoiseSpread;
+        const float start = uniform(seed) * kTapeNoiseSpread;
         const float fade =
             static_cast<float>(maths::cos(static_cast<float>(y) * kQuarterTurn / span)) *
             kTopStrength;

@@ -10,12 +10,22 @@
 namespace ruvex {
 namespace {
 
-// What is left of the picture never gets smaller than this.
+// What is left of the picture, as a part of its size, is e to the power of White Dot (0 to 1) times
+// its softness times one of these rates, and never less than the least size.
+constexpr float kRateX = -100.0f;
+constexpr float kRateY = -300.0f;
 constexpr double kLeastSize = 0.005;
+// The picture's upper rows shrink as if White Dot were up to a tenth further.
+constexpr float kTiltPart = 10.0f;
 
-// e to the x in single precision, plus the least size in double.
-float shrunk(float x) {
-    return static_cast<float>(static_cast<float>(maths::exp(x)) + kLeastSize);
+// The glow reaches this many pixels of the project frame beyond a dot of White Dot 1.
+constexpr float kGlowReach = 5.0f;
+constexpr std::int32_t kGlowIterations = 3;
+constexpr float kGlowRadiusPart = 3.0f;  // each of the three blurs has a third of the reach
+
+// The power in single precision, the least size added in double.
+float shrunk(float exponent) {
+    return static_cast<float>(static_cast<float>(maths::exp(exponent)) + kLeastSize);
 }
 
 struct DotGeometry {
@@ -29,14 +39,14 @@ DotGeometry dotGeometry(const SignalParameters& signal) {
     const auto originY = static_cast<float>(signal.originY);
     dot.width = signal.width - static_cast<float>(signal.originX);
     dot.height = signal.height - originY;
-    dot.shrinkY = shrunk(signal.whiteDotSoftness * -300.0f * signal.whiteDot);
+    dot.shrinkY = shrunk(signal.whiteDotSoftness * kRateY * signal.whiteDot);
     const float cut = (1.0f - dot.shrinkY) * dot.height * 0.5f;
     dot.top = truncateToInt(cut + originY);
     dot.bottom = truncateToInt(signal.height - cut);
     return dot;
 }
 
-// A row of the picture, which ends with its last pixel for ever.
+// A row of the picture. Beyond its ends its first and last pixel go on.
 template <class P>
 class SourceRow {
 public:
@@ -56,7 +66,8 @@ private:
     const P* row_;
 };
 
-// The light of the pixels that fall together, on less glass.
+// Sums the pixels from column `sx` on that shrink into one, `skip` of them, each as much brighter
+// as its width has shrunk; what is brighter than the top stays there.
 template <class P>
 void concentrate(const SourceRow<P>& source, float sx, float skip, float shrink, P& to) {
     float sum[3] = {};
@@ -92,8 +103,8 @@ void shrinkToDot(const SignalParameters& signal, const VxTexture<P>& picture, Vx
     const float lastRow = static_cast<float>(picture.y.size) + picture.y.originF;
     for (std::int32_t y = first; y < end; ++y) {
         if (interruptCheck(interrupt)) return;
-        const float tilt = static_cast<float>(dot.bottom - y) / painted / 10.0f;
-        const float shrinkX = shrunk((tilt + d) * (q * -100.0f));
+        const float tilt = static_cast<float>(dot.bottom - y) / painted / kTiltPart;
+        const float shrinkX = shrunk((tilt + d) * (q * kRateX));
         const float skipX = 1.0f / shrinkX;
         const float cut = (1.0f - shrinkX) * dot.width * 0.5f;
         const std::int32_t left = truncateToInt(cut + static_cast<float>(signal.originX));
@@ -120,15 +131,15 @@ void glowAroundDot(const SignalParameters& signal, float scaleY, VxTexture<P>& t
     const float d = signal.whiteDot;
     const auto originX = static_cast<float>(signal.originX);
     const auto originY = static_cast<float>(signal.originY);
-    const float glowY = d * 5.0f * signal.scale;
+    const float glowY = d * kGlowReach * signal.scale;
     const float glowX = glowY * scaleY;
-    const float v = (1.0f - shrunk(q * -300.0f * d)) * (signal.height - originY);
-    const float u = (1.0f - shrunk(q * -100.0f * d)) * (signal.width - originX) * 0.5f;
+    const float v = (1.0f - shrunk(q * kRateY * d)) * (signal.height - originY);
+    const float u = (1.0f - shrunk(q * kRateX * d)) * (signal.width - originX) * 0.5f;
 
     BlurGeneralGauss<P> blur;
-    blur.radiusX = glowX / 3.0f;
-    blur.radiusY = glowY / 3.0f;
-    blur.iterations = 3;
+    blur.radiusX = glowX / kGlowRadiusPart;
+    blur.radiusY = glowY / kGlowRadiusPart;
+    blur.iterations = kGlowIterations;
     blur.interrupt = interrupt;
     blur.setWindow(truncateToInt(u + originX - glowX), truncateToInt(v * 0.5f + originY - glowY),
                    truncateToInt(signal.width - u + glowX),

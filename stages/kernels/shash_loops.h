@@ -19,6 +19,27 @@ struct ShashLoops {
     static constexpr float kWhite = PixelTraits<P>::kTop;
     static constexpr auto kWhiteInt = static_cast<std::int32_t>(kWhite);
 
+    // The table of sines, whose last entry is also the table's mask.
+    static constexpr std::uint32_t kLastSine = 1023;
+
+    // Points are white where the magnitude of the mean is above kPoint, and fade over the 5 percent
+    // below.
+    static constexpr float kPoint = 0.44f;
+    static constexpr float kPointFrom = 0.41799998f;   // 0.95 kPoint
+    static constexpr float kPointFade = 0.022000015f;  // kPoint - kPointFrom
+
+    // Grains are white above kGrain. They begin at half of it, but their value rises from 0 only at
+    // 0.8 of it: what lies between is negative.
+    static constexpr float kGrain = 0.61f;
+    static constexpr float kGrainFrom = 0.305f;
+    static constexpr float kGrainZero = 0.488f;
+    static constexpr float kGrainFade = 0.305f;
+
+    // Dashes have their full colour above kDash, and fade over a fifth of that below.
+    static constexpr float kDash = 0.15f;
+    static constexpr float kDashFrom = 0.120000005f;
+    static constexpr float kDashFade = 0.030000001f;  // kDash - kDashFrom
+
     // What a component keeps of an integer.
     [[gnu::always_inline]] static std::int32_t wrapped(std::int32_t value) {
         return static_cast<Component>(value);
@@ -28,44 +49,41 @@ struct ShashLoops {
         Words(r, g, b, alpha).store(to);
     }
 
-    // The entry of a table of 1024 at a place, counting round.
+    // The entry of the table of sines at a place, counted modulo its length.
     [[gnu::always_inline]] static std::uint32_t entry(float place) {
-        return static_cast<std::uint32_t>(truncateToInt(place)) & 1023u;
+        return static_cast<std::uint32_t>(truncateToInt(place)) & kLastSine;
     }
 
     // Points of white where the mean of four waves is high, with a narrow ramp at their edges.
     static void points(const float* __restrict sines, const float* __restrict places,
                        const float* phases, const float* harmonics, std::int32_t count,
                        P* __restrict to) {
-        constexpr float kFull = 0.44f;
-        constexpr float kFrom = 0.41799998f;
-        constexpr float kRamp = 0.022000015f;
+        constexpr auto kLast = static_cast<float>(kLastSine);
         const float p0 = phases[0], p1 = phases[1], p2 = phases[2], p3 = phases[3];
         const float h0 = harmonics[0], h1 = harmonics[1], h2 = harmonics[2], h3 = harmonics[3];
         for (std::int32_t i = 0; i < count; ++i) {
             const float place = places[i];
-            const float sum = 0.0f + sines[entry(p0 + h0 * place * 1023.0f)] +
-                              sines[entry(p1 + h1 * place * 1023.0f)] +
-                              sines[entry(p2 + h2 * place * 1023.0f)] +
-                              sines[entry(p3 + h3 * place * 1023.0f)];
+            const float sum = 0.0f + sines[entry(p0 + h0 * place * kLast)] +
+                              sines[entry(p1 + h1 * place * kLast)] +
+                              sines[entry(p2 + h2 * place * kLast)] +
+                              sines[entry(p3 + h3 * place * kLast)];
             const float v = magnitude(sum / 4.0f);
-            const std::int32_t ramp = truncateToInt((v - kFrom) / kRamp * kWhite + 0.0f);
-            const std::int32_t low = v > kFrom ? wrapped(ramp) : 0;
-            const std::int32_t value = v > kFull ? kWhiteInt : low;
+            const std::int32_t ramp = truncateToInt((v - kPointFrom) / kPointFade * kWhite + 0.0f);
+            const std::int32_t low = v > kPointFrom ? wrapped(ramp) : 0;
+            const std::int32_t value = v > kPoint ? kWhiteInt : low;
             store(value, value, value, value, to + i);
         }
     }
 
-    // Grains of noise over light. A grain just above the lower limit is a negative value, which
-    // eight bits wrap to a bright fringe.
+    // Grains of noise over light. Eight bits wrap a negative grain to a bright fringe.
     static void bars(const float* __restrict noise, const float* __restrict light,
                      std::int32_t count, P* __restrict to) {
         for (std::int32_t i = 0; i < count; ++i) {
             const float f = magnitude(noise[i]);
-            const std::int32_t ramp = truncateToInt((f - 0.488f) / 0.305f * kWhite + 0.0f);
-            const std::int32_t grain = f > 0.305f ? wrapped(ramp) : 0;
+            const std::int32_t ramp = truncateToInt((f - kGrainZero) / kGrainFade * kWhite + 0.0f);
+            const std::int32_t grain = f > kGrainFrom ? wrapped(ramp) : 0;
             const std::int32_t lit = held<P>(static_cast<float>(grain) + light[i]);
-            const bool white = f > 0.61f;
+            const bool white = f > kGrain;
             const std::int32_t value = white ? kWhiteInt : lit;
             store(value, value, value, white ? kWhiteInt : grain, to + i);
         }
@@ -78,9 +96,9 @@ struct ShashLoops {
         for (std::int32_t i = 0; i < count; ++i) {
             const Words colour(colours + i);
             const float f = magnitude(noise[i]);
-            const float g = (f - 0.120000005f) / 0.030000001f;
-            const bool full = f > 0.15f;
-            const bool some = f > 0.120000005f;
+            const float g = (f - kDashFrom) / kDashFade;
+            const bool full = f > kDash;
+            const bool some = f > kDashFrom;
             const auto tone = [=](std::int32_t c) __attribute__((always_inline)) {
                 const std::int32_t part = wrapped(truncateToInt(static_cast<float>(c) * g + 0.0f));
                 const std::int32_t edge = some ? part : 0;
