@@ -1,4 +1,4 @@
-// The words that the table's rows are written in. For parameter_rows.h alone.
+// Helpers that the table's rows are written with. For parameter_rows.h alone.
 
 #pragma once
 
@@ -25,17 +25,17 @@ constexpr GUID crop(unsigned lastTwoDigits) {
     return guid;
 }
 
-/// What a number control offers, and what the render makes of a value that lies outside.
+/// The range of a number control, and the clamp of the render.
 struct Numbers {
     Unit unit;
     Range control;
     std::optional<Range> wider{};
     std::optional<Range> clamp{};
 
-    /// The render holds the value to the control's range.
-    constexpr Numbers held() const { return {unit, control, wider, control}; }
-    /// The render raises the value to the low end of the control's range.
-    constexpr Numbers raised() const {
+    /// The render clamps the value to the control's range.
+    constexpr Numbers clamped() const { return {unit, control, wider, control}; }
+    /// The render clamps the value to the low end of the control's range alone.
+    constexpr Numbers clampedBelow() const {
         return {unit, control, wider, Range{control.low, std::numeric_limits<double>::infinity()}};
     }
     constexpr Numbers widenedTo(double low, double high) const {

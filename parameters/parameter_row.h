@@ -1,4 +1,4 @@
-// What is known of one parameter, and the words that its row is written in.
+// One row of the table of parameters.
 
 #pragma once
 
@@ -22,7 +22,7 @@ constexpr bool isCheckBox(ParameterKind kind) {
     return kind == ParameterKind::Bool || kind == ParameterKind::UiBool;
 }
 
-/// What a value counts. Pixels are those of the project frame, so that a value keeps its look at
+/// The unit of a value. Pixels are those of the project frame, so that a value keeps its look at
 /// any render size; WorkPixels are those of the picture at the size being worked on.
 enum class Unit { None, Percent, Pixels, WorkPixels, PixelsPerSecond, Degrees, Seconds, Frames };
 
@@ -39,13 +39,13 @@ struct Range {
     friend constexpr bool operator==(const Range&, const Range&) = default;
 };
 
-/// One entry of an enumeration. The value stored is its index in the row's list.
+/// One entry of an enumeration. The stored value is its index in the row's list.
 struct Choice {
     int stringId;
     std::string_view label;
 };
 
-/// All that is known of one parameter. Rows and the texts that they point at are constants.
+/// One parameter. Rows and the texts that they point at are constants.
 struct ParameterRow {
     ParameterId id;
     ParameterKind kind;
@@ -65,12 +65,12 @@ struct ParameterRow {
     std::optional<Range> controlRange;
     /// The range that a page gives its control once it has initialised, where that is wider.
     std::optional<Range> widerRange;
-    /// The range that the render holds the value to; none: it takes any value as it stands.
+    /// The range that the render clamps the value to; none where it uses any value.
     std::optional<Range> clamp;
     Unit unit;
     /// The labels of an enumeration, from value 0 up; empty for the other kinds.
     std::span<const Choice> choices;
-    /// False for what is stored and shown, but never looked at when a frame is made.
+    /// False for what is stored and shown, but never read when a frame is made.
     bool rendered;
     /// The decimals that a number control shows; none: the control's own default.
     std::optional<int> decimals;

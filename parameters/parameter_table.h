@@ -1,5 +1,5 @@
-// The one table of parameters: the property map, pages, command line, documents and reference are
-// all made from it.
+// Access to the table of parameters, from which the property map, the pages, the command line and
+// the documents are made.
 
 #pragma once
 
@@ -27,8 +27,8 @@ const ParameterRow* findParameter(const GUID& identifier);
 /// telling a user what was perhaps meant.
 const ParameterRow& nearestParameter(std::string_view label);
 
-/// What the render makes of `value` before any other use: held to the row's clamp, or as it stands
-/// where the row has none. NaN counts as below every range and gives the low end of the clamp;
+/// The value that the render uses for `value`: clamped as the row says, or unchanged where the row
+/// has no clamp. NaN counts as below every range and gives the low end of the clamp;
 /// without a clamp it stays NaN.
 double renderClamp(ParameterId id, double value);
 

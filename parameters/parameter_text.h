@@ -28,7 +28,7 @@ struct ParsedValue {
 /// - Enumerations: a label, without regard to case and spaces, or its number from 0 up.
 /// - Check boxes: on, off, true, false, yes, no, 1, 0, in any case.
 /// A number outside the range that the user can enter is an error; only a warning where the render
-/// has a clamp, for there it is held to what the picture can use.
+/// clamps it.
 ParsedValue parseValue(const ParameterRow& row, std::string_view text);
 
 /// The shortest text from which parseValue reads the same value: the label of an enumeration, on or

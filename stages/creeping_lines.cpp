@@ -99,14 +99,14 @@ private:
         return p;
     }
 
-    float heldAcross(float x) const {
+    float clampedAcross(float x) const {
         return std::max(originX(), std::min(x, signal_.width - 1.0f));
     }
 
     void drawSteep(float p) {
         const float dxdy = 1.0f / family_.slope;
-        const float xa = heldAcross(static_cast<float>(rows_.first) * dxdy + p);
-        const float xb = heldAcross(static_cast<float>(rows_.end) * dxdy + p);
+        const float xa = clampedAcross(static_cast<float>(rows_.first) * dxdy + p);
+        const float xb = clampedAcross(static_cast<float>(rows_.end) * dxdy + p);
         const float yb = (xb - p) / dxdy;
         std::int32_t row = truncateToInt((xa - p) / dxdy);
         // A line that meets the picture in no row that can be counted has no dots in it.
@@ -125,11 +125,11 @@ private:
         };
         const std::int32_t xa = crossing(rows_.first);
         const std::int32_t xb = crossing(rows_.end);
-        const auto held = [&](std::int32_t x) {
-            return truncateToInt(heldAcross(static_cast<float>(x)));
+        const auto clampedColumn = [&](std::int32_t x) {
+            return truncateToInt(clampedAcross(static_cast<float>(x)));
         };
-        const std::int32_t end = held(std::max(xa, xb));
-        std::int32_t column = held(std::min(xa, xb));
+        const std::int32_t end = clampedColumn(std::max(xa, xb));
+        std::int32_t column = clampedColumn(std::min(xa, xb));
         float row = static_cast<float>(column) * slope - c;
         for (; column < end; column += kDotStep, row += slope * kDotStep) {
             paint(column, truncateToInt(row));
@@ -157,7 +157,7 @@ private:
             const float g = (uniform(seed_) * 0.5f + 0.5f) * family_.strength;
             const std::int32_t target = truncateToInt(uniform(seed_) * StagePixel<P>::kWhite);
             const std::int32_t c = pixel.c[k];
-            pixel.c[k] = static_cast<typename P::Component>(StagePixel<P>::hold(
+            pixel.c[k] = static_cast<typename P::Component>(StagePixel<P>::clamp(
                 truncateToInt(static_cast<float>(target - c) * g + static_cast<float>(c))));
         }
     }

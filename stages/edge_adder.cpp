@@ -73,7 +73,7 @@ template <class P>
 P EdgeAdder<P>::noisePixel(float f) const {
     P pixel = black();
     if (!(std::fabs(f) > kFaintestSpeck)) return pixel;
-    const auto c = StagePixel<P>::hold(f * StagePixel<P>::kWhite);
+    const auto c = StagePixel<P>::clamp(f * StagePixel<P>::kWhite);
     pixel.c[0] = pixel.c[1] = pixel.c[2] = c;
     if (borderAlpha == BorderAlpha::Banded) pixel.c[3] = c;
     return pixel;

@@ -26,7 +26,7 @@ std::unique_ptr<T[]> allocate(std::int32_t count) {
 
 }  // namespace
 
-bool haunted(const SignalParameters& signal) {
+bool hasGhosts(const SignalParameters& signal) {
     return aboveThreshold(signal.breakup, signal.ghostThreshold) && signal.numGhosts != 0;
 }
 
@@ -58,7 +58,7 @@ void Ghosts<P>::add(const P* row, std::int32_t width, std::int32_t first, std::i
         const std::int64_t column = (std::int64_t{first} + offsets_[i]) % width;
         rows_[i] = row + (column < 0 ? column + width : column);
     }
-    bestRowKernels<P>().haunt(row + first, rows_.get(), weights_.get(), count_, count, to);
+    bestRowKernels<P>().addGhosts(row + first, rows_.get(), weights_.get(), count_, count, to);
 }
 
 template class Ghosts<Rgba8>;

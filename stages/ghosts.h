@@ -11,7 +11,7 @@
 namespace ruvex {
 
 /// Whether there are any at this level.
-bool haunted(const SignalParameters& signal);
+bool hasGhosts(const SignalParameters& signal);
 
 /// The ghosts of one frame. One for each worker, whose scratch it holds.
 template <class P>

@@ -14,7 +14,7 @@ namespace {
 
 // A margin in whole pixels. A picture without a sensible size has none, or one that no memory
 // holds.
-std::int32_t heldMargin(float margin) {
+std::int32_t clampedMargin(float margin) {
     constexpr std::int32_t kLargest = 1 << 28;
     return std::clamp(truncateToInt(margin), 0, kLargest);
 }
@@ -56,8 +56,8 @@ PaddedArea paddedArea(const SignalParameters& signal, const VxTexIndexer& source
     const float width = signal.width - static_cast<float>(signal.originX);
     const float height = signal.height - static_cast<float>(signal.originY);
     PaddedArea area;
-    area.marginX = heldMargin(width * scaleY / 7.0f);
-    area.marginY = heldMargin(height / 10.0f);
+    area.marginX = clampedMargin(width * scaleY / 7.0f);
+    area.marginY = clampedMargin(height / 10.0f);
     const VxTexIndexer layout = paddedLayout(source, area);
     area.width = layout.x.size;
     area.height = layout.y.size;

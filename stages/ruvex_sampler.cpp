@@ -105,7 +105,7 @@ void RuvexSampler<P>::measureArea() {
 template <class P>
 bool RuvexSampler<P>::displaced() const {
     return edgeAmount(signal) != 0.0f || signal.verticalOffset != 0 || gunsApart(signal) ||
-           haunted(signal);
+           hasGhosts(signal);
 }
 
 // A picture that stays where it is can be read from the source, unless that is written at the same
@@ -210,7 +210,7 @@ void RuvexSampler<P>::runSignal() {
             maker.make(y, columns, workTexture.writeAt(columns.first, y));
         }
     };
-    const bool narrow = !haunted(signal) && area_.makes({this->y0, this->y1}, columns);
+    const bool narrow = !hasGhosts(signal) && area_.makes({this->y0, this->y1}, columns);
     SignalRows<P> signalRows(signal, tables_, from,
                              narrow ? columns.end - columns.first : area_.width);
     if (narrow) return makeAll(signalRows);
@@ -289,7 +289,7 @@ void RuvexSampler<P>::snow() {
         noise.softX[k] = signal.snowSoftness * signal.scale * this->scaleY;
     }
     if (signal.tvType == TvType::BlackAndWhite) noise.mode = VxRGBNoiseProc<P>::Mode::Grey;
-    // A held frame holds its snow.
+    // A paused frame keeps its snow.
     noise.seed = seedFromFloat(std::fabs(static_cast<float>(signal.sourceFrame) * 12541.0f)) + 1u;
     noise.sparseness = signal.snowSparseness;
     noise.alpha = true;

@@ -45,9 +45,10 @@ void lookUp(const ToneTables<P>& tables, P* pixels, std::int32_t count) {
     using Component = typename P::Component;
     for (std::int32_t i = 0; i < count; ++i) {
         P& pixel = pixels[i];
-        pixel.c[0] = static_cast<Component>(tables.lutRed[Pixel::hold(std::int32_t{pixel.c[0]})]);
-        pixel.c[1] = static_cast<Component>(tables.lutGreen[Pixel::hold(std::int32_t{pixel.c[1]})]);
-        pixel.c[2] = static_cast<Component>(tables.lutBlue[Pixel::hold(std::int32_t{pixel.c[2]})]);
+        pixel.c[0] = static_cast<Component>(tables.lutRed[Pixel::clamp(std::int32_t{pixel.c[0]})]);
+        pixel.c[1] =
+            static_cast<Component>(tables.lutGreen[Pixel::clamp(std::int32_t{pixel.c[1]})]);
+        pixel.c[2] = static_cast<Component>(tables.lutBlue[Pixel::clamp(std::int32_t{pixel.c[2]})]);
     }
 }
 
@@ -128,13 +129,13 @@ void SignalRows<P>::make(std::int32_t y, Span columns, P* to) {
             colour(y, x, count, to);
         }
         if (tables_.identity) {
-            bestRowKernels<P>().hold(to, count, to);
+            bestRowKernels<P>().clampToRange(to, count, to);
         } else {
             lookUp(tables_, to, count);
         }
     }
     if (saturation == 1.0f && row.gain == 1.0f) return;
-    bestRowKernels<P>().finish(to, count, saturation, row.gain);
+    bestRowKernels<P>().saturate(to, count, saturation, row.gain);
 }
 
 // Black and white, or a tint: a pixel's luminance chooses its colour.
@@ -146,7 +147,7 @@ void SignalRows<P>::grey(std::int32_t y, std::int32_t x, std::int32_t count, P* 
              [&](const P* from, std::int32_t step, std::int32_t done, std::int32_t length) {
                  for (std::int32_t i = 0; i < length; ++i) {
                      const P& pixel = from[std::ptrdiff_t{i} * step];
-                     const std::int32_t l = StagePixel<P>::hold(luminance(pixel));
+                     const std::int32_t l = StagePixel<P>::clamp(luminance(pixel));
                      const auto alpha = pixel.c[3];
                      if (greys) {
                          const auto tone = static_cast<typename P::Component>(greys[l]);
@@ -164,7 +165,8 @@ void SignalRows<P>::colour(std::int32_t y, std::int32_t x, std::int32_t count, P
     overRuns(source_, x, y, count,
              [&](const P* from, std::int32_t step, std::int32_t done, std::int32_t length) {
                  P* const out = to + done;
-                 bestRowKernels<P>().lose(inLine(from, step, length, out), length, loss_, out);
+                 bestRowKernels<P>().loseColour(inLine(from, step, length, out), length, loss_,
+                                                out);
              });
 }
 
@@ -177,7 +179,7 @@ void SignalRows<P>::guns(std::int32_t y, std::int32_t x, std::int32_t count, P* 
     readGun(signal_.gunRedX, truncateToInt(fy - signal_.gunRedY), x, count, red);
     readGun(signal_.gunGreenX, truncateToInt(fy - signal_.gunGreenY), x, count, green);
     readGun(signal_.gunBlueX, truncateToInt(fy - signal_.gunBlueY), x, count, blue);
-    bestRowKernels<P>().loseApart(red, green, blue, count, loss_, to);
+    bestRowKernels<P>().loseColourApart(red, green, blue, count, loss_, to);
 }
 
 // Columns are truncated towards zero, where one is read twice: they are read in stretches in which

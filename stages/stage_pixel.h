@@ -21,12 +21,12 @@ struct StagePixel {
     static constexpr float kShashWhite = kTop;
     static constexpr Component kWhiteComponent = static_cast<Component>(kWhite);
 
-    /// Held to 0..top and truncated. Not a number stores 0.
-    static Component hold(float value) {
+    /// Clamps to 0..top and truncates. Not a number stores 0.
+    static Component clamp(float value) {
         if (!(value > 0.0f)) return 0;
         return static_cast<Component>(value < kTop ? static_cast<std::int32_t>(value) : kTopInt);
     }
-    static std::int32_t hold(std::int32_t value) { return std::clamp(value, 0, kTopInt); }
+    static std::int32_t clamp(std::int32_t value) { return std::clamp(value, 0, kTopInt); }
 };
 
 }  // namespace ruvex

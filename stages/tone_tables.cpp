@@ -37,7 +37,7 @@ bool buildTable(std::unique_ptr<std::int32_t[]>& table, float brightness, float 
     table.reset(new (std::nothrow) std::int32_t[ToneTables<P>::kEntries]);
     if (!table) return false;
     for (std::int32_t i = 0; i < ToneTables<P>::kEntries; ++i) {
-        table[i] = StagePixel<P>::hold(
+        table[i] = StagePixel<P>::clamp(
             truncateToInt(tone<P>(i, brightness, contrast) * StagePixel<P>::kWhite));
     }
     return true;
@@ -74,11 +74,11 @@ P tinted(float c, const float (&tint)[4]) {
     for (int k = 0; k < 4; ++k) {
         if (c < kTintMid) {
             const float f = c / kTintMid;
-            pixel.c[k] = StagePixel<P>::hold((tint[k] - kTintBlack[k]) * f + kTintBlack[k]);
+            pixel.c[k] = StagePixel<P>::clamp((tint[k] - kTintBlack[k]) * f + kTintBlack[k]);
         } else {
             const auto f =
                 static_cast<float>((static_cast<double>(c) - kTintMid) / (1.0 - kTintMid));
-            pixel.c[k] = StagePixel<P>::hold((kTintWhite[k] - tint[k]) * f + tint[k]);
+            pixel.c[k] = StagePixel<P>::clamp((kTintWhite[k] - tint[k]) * f + tint[k]);
         }
     }
     return pixel;

@@ -131,7 +131,7 @@ private:
     static void blendWhite(P& pixel, float f) {
         for (int k = 0; k < 3; ++k) {
             const auto c = static_cast<float>(pixel.c[k]);
-            pixel.c[k] = StagePixel<P>::hold((StagePixel<P>::kWhite - c) * f + c);
+            pixel.c[k] = StagePixel<P>::clamp((StagePixel<P>::kWhite - c) * f + c);
         }
     }
     // The noise of a row's columns, with so many cells across the picture.

@@ -19,7 +19,7 @@ std::unique_ptr<P[]> blankRows(std::int32_t width) {
 template <class P>
 WideRows<P>::WideRows(const SignalParameters& signal, const PaddedArea& area, SignalRows<P>& rows)
     : area_(area), rows_(rows), row_(blankRows<P>(area.width)) {
-    if (haunted(signal)) ghosts_.emplace(signal);
+    if (hasGhosts(signal)) ghosts_.emplace(signal);
 }
 
 template <class P>

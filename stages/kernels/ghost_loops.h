@@ -31,7 +31,7 @@ struct GhostLoops {
     template <int Width>
     [[gnu::noinline]] static void store(const float* __restrict sum, Component* __restrict to) {
         for (int k = 0; k < Width; ++k) {
-            to[k] = static_cast<Component>(held<P>(sum[k]));
+            to[k] = static_cast<Component>(clampedToRange<P>(sum[k]));
         }
     }
 
@@ -47,8 +47,8 @@ struct GhostLoops {
         store<Width>(sum, to + at);
     }
 
-    static void haunt(const P* row, const P* const* ghosts, const float* weights,
-                      std::int32_t ghostCount, std::int32_t count, P* to) {
+    static void addGhosts(const P* row, const P* const* ghosts, const float* weights,
+                          std::int32_t ghostCount, std::int32_t count, P* to) {
         constexpr int kWide = 64;
         constexpr int kNarrow = 4;
         const std::ptrdiff_t end = std::ptrdiff_t{count} * 4;

@@ -74,7 +74,8 @@ struct GrainLoops {
             }
             const std::int32_t c = from[k];
             const float sum = static_cast<float>(c) + v;
-            to[k] = static_cast<Component>((held<P>(sum) & ~lanes.keep[k]) | (c & lanes.keep[k]));
+            to[k] = static_cast<Component>((clampedToRange<P>(sum) & ~lanes.keep[k]) |
+                                           (c & lanes.keep[k]));
         }
     }
 

@@ -23,15 +23,16 @@ template <class P>
     return reinterpret_cast<typename P::Component*>(row);
 }
 
-/// Holds to 0..top, truncated. Not a number becomes 0. In a form that is widened.
+/// Clamps to 0..top and truncates. Not a number becomes 0. Written so that loops of it are
+/// vectorised.
 template <class P>
-[[gnu::always_inline]] inline std::int32_t held(float value) {
+[[gnu::always_inline]] inline std::int32_t clampedToRange(float value) {
     constexpr float kTop = PixelTraits<P>::kTop;
     const float low = value > 0.0f ? value : 0.0f;
     return static_cast<std::int32_t>(low < kTop ? low : kTop);
 }
 template <class P>
-[[gnu::always_inline]] inline std::int32_t held(std::int32_t value) {
+[[gnu::always_inline]] inline std::int32_t clampedToRange(std::int32_t value) {
     constexpr auto kTop = static_cast<std::int32_t>(PixelTraits<P>::kTop);
     const std::int32_t low = value > 0 ? value : 0;
     return low < kTop ? low : kTop;

@@ -11,17 +11,18 @@
 namespace ruvex::detail {
 
 template <class P, class Processor>
-inline constexpr RowKernels<P> kRowKernels{.hold = SignalLoops<P, Processor>::hold,
-                                           .lose = SignalLoops<P, Processor>::lose,
-                                           .loseApart = SignalLoops<P, Processor>::loseApart,
-                                           .finish = SignalLoops<P, Processor>::finish,
-                                           .haunt = GhostLoops<P, Processor>::haunt,
-                                           .hashColour = GrainLoops<P, Processor>::hashColour,
-                                           .hashGrey = GrainLoops<P, Processor>::hashGrey,
-                                           .addGrain = GrainLoops<P, Processor>::addGrain,
-                                           .points = ShashLoops<P, Processor>::points,
-                                           .bars = ShashLoops<P, Processor>::bars,
-                                           .dim = SignalLoops<P, Processor>::dim,
-                                           .dashes = ShashLoops<P, Processor>::dashes};
+inline constexpr RowKernels<P> kRowKernels{
+    .clampToRange = SignalLoops<P, Processor>::clampToRange,
+    .loseColour = SignalLoops<P, Processor>::loseColour,
+    .loseColourApart = SignalLoops<P, Processor>::loseColourApart,
+    .saturate = SignalLoops<P, Processor>::saturate,
+    .addGhosts = GhostLoops<P, Processor>::addGhosts,
+    .hashColour = GrainLoops<P, Processor>::hashColour,
+    .hashGrey = GrainLoops<P, Processor>::hashGrey,
+    .addGrain = GrainLoops<P, Processor>::addGrain,
+    .points = ShashLoops<P, Processor>::points,
+    .bars = ShashLoops<P, Processor>::bars,
+    .dim = SignalLoops<P, Processor>::dim,
+    .dashes = ShashLoops<P, Processor>::dashes};
 
 }  // namespace ruvex::detail

@@ -14,19 +14,19 @@ namespace ruvex {
 /// may be the very stretch that is read; otherwise they must not meet.
 template <class P>
 struct RowKernels {
-    /// Holds red, green and blue to 0..top. In place or not.
-    void (*hold)(const P* from, std::int32_t count, P* to);
+    /// Clamps red, green and blue to 0..top. In place or not.
+    void (*clampToRange)(const P* from, std::int32_t count, P* to);
     /// Takes colour away where the guns are in line. In place or not.
-    void (*lose)(const P* from, std::int32_t count, const ColourLoss& loss, P* to);
+    void (*loseColour)(const P* from, std::int32_t count, const ColourLoss& loss, P* to);
     /// The same from the pixels that each gun reads. Alpha is that of the red gun's pixel.
-    void (*loseApart)(const P* red, const P* green, const P* blue, std::int32_t count,
-                      const ColourLoss& loss, P* to);
+    void (*loseColourApart)(const P* red, const P* green, const P* blue, std::int32_t count,
+                            const ColourLoss& loss, P* to);
     /// Saturation about the mean of the three, then the gain. In place.
-    void (*finish)(P* pixels, std::int32_t count, float saturation, float gain);
+    void (*saturate)(P* pixels, std::int32_t count, float saturation, float gain);
     /// Adds to each component of `row` its differences from the `ghostCount` ghosts, weighted, one
     /// ghost after the other.
-    void (*haunt)(const P* row, const P* const* ghosts, const float* weights,
-                  std::int32_t ghostCount, std::int32_t count, P* to);
+    void (*addGhosts)(const P* row, const P* const* ghosts, const float* weights,
+                      std::int32_t ghostCount, std::int32_t count, P* to);
     /// The hashes of `count` pixels from number `number` on, four for each pixel, times factors.
     void (*hashColour)(std::uint32_t number, std::int32_t count, const float* factors, float* to);
     /// The same with one hash for each pixel, written four times.

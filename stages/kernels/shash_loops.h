@@ -82,7 +82,7 @@ struct ShashLoops {
             const float f = magnitude(noise[i]);
             const std::int32_t ramp = truncateToInt((f - kGrainZero) / kGrainFade * kWhite + 0.0f);
             const std::int32_t grain = f > kGrainFrom ? wrapped(ramp) : 0;
-            const std::int32_t lit = held<P>(static_cast<float>(grain) + light[i]);
+            const std::int32_t lit = clampedToRange<P>(static_cast<float>(grain) + light[i]);
             const bool white = f > kGrain;
             const std::int32_t value = white ? kWhiteInt : lit;
             store(value, value, value, white ? kWhiteInt : grain, to + i);

@@ -27,11 +27,12 @@ struct SignalLoops {
         for (std::int32_t i = 0; i < count; ++i) colour(Words(from + i), i);
     }
 
-    static void hold(const P* from, std::int32_t count, P* to) {
+    static void clampToRange(const P* from, std::int32_t count, P* to) {
         forEach(
             from, count, [=](const Words& w, std::int32_t i) __attribute__((always_inline)) {
-                w.store(held<P>(w.template component<0>()), held<P>(w.template component<1>()),
-                        held<P>(w.template component<2>()), to + i);
+                w.store(clampedToRange<P>(w.template component<0>()),
+                        clampedToRange<P>(w.template component<1>()),
+                        clampedToRange<P>(w.template component<2>()), to + i);
             });
     }
 
@@ -67,7 +68,7 @@ struct SignalLoops {
             });
     }
 
-    static void lose(const P* from, std::int32_t count, const ColourLoss& loss, P* to) {
+    static void loseColour(const P* from, std::int32_t count, const ColourLoss& loss, P* to) {
         switch (loss.stage) {
             case ColourLoss::Stage::Grey:
                 return grey(from, count, to);
@@ -96,8 +97,8 @@ struct SignalLoops {
         }
     }
 
-    static void loseApart(const P* red, const P* green, const P* blue, std::int32_t count,
-                          const ColourLoss& loss, P* to) {
+    static void loseColourApart(const P* red, const P* green, const P* blue, std::int32_t count,
+                                const ColourLoss& loss, P* to) {
         const float k = loss.weight;
         switch (loss.stage) {
             case ColourLoss::Stage::Grey:
@@ -144,7 +145,7 @@ struct SignalLoops {
         }
     }
 
-    static void finish(P* pixels, std::int32_t count, float saturation, float gain) {
+    static void saturate(P* pixels, std::int32_t count, float saturation, float gain) {
         forEach(
             pixels, count, [=](const Words& w, std::int32_t i) __attribute__((always_inline)) {
                 const std::int32_t r = w.template component<0>();
@@ -153,7 +154,7 @@ struct SignalLoops {
                 const std::int32_t l = (r + g + b) / 3;
                 const auto tone = [=](std::int32_t t) __attribute__((always_inline)) {
                     const float v = static_cast<float>(t - l) * saturation + static_cast<float>(l);
-                    return held<P>(static_cast<float>(truncateToInt(v)) * gain);
+                    return clampedToRange<P>(static_cast<float>(truncateToInt(v)) * gain);
                 };
                 w.store(tone(r), tone(g), tone(b), pixels + i);
             });

@@ -78,8 +78,9 @@ TYPED_TEST_SUITE(RowKernelProperty, FramePixels);
 TYPED_TEST(RowKernelProperty, Holding) {
     this->forCases(1, [&](Random& random, std::int32_t count) {
         const auto from = this->pixels(random, count);
-        this->compare(random, count, [&](auto& k, auto* to) { k.hold(from.data(), count, to); });
-        this->compare(random, count, [&](auto& k, auto* to) { k.hold(to, count, to); });
+        this->compare(random, count,
+                      [&](auto& k, auto* to) { k.clampToRange(from.data(), count, to); });
+        this->compare(random, count, [&](auto& k, auto* to) { k.clampToRange(to, count, to); });
     });
 }
 
@@ -88,8 +89,8 @@ TYPED_TEST(RowKernelProperty, ColourLoss) {
         const auto from = this->pixels(random, count);
         const auto lost = this->loss(random);
         this->compare(random, count,
-                      [&](auto& k, auto* to) { k.lose(from.data(), count, lost, to); });
-        this->compare(random, count, [&](auto& k, auto* to) { k.lose(to, count, lost, to); });
+                      [&](auto& k, auto* to) { k.loseColour(from.data(), count, lost, to); });
+        this->compare(random, count, [&](auto& k, auto* to) { k.loseColour(to, count, lost, to); });
     });
 }
 
@@ -100,7 +101,7 @@ TYPED_TEST(RowKernelProperty, ColourLossOfGunsApart) {
         const auto blue = this->pixels(random, count);
         const auto lost = this->loss(random);
         this->compare(random, count, [&](auto& k, auto* to) {
-            k.loseApart(red.data(), green.data(), blue.data(), count, lost, to);
+            k.loseColourApart(red.data(), green.data(), blue.data(), count, lost, to);
         });
     });
 }
@@ -110,7 +111,7 @@ TYPED_TEST(RowKernelProperty, SaturationAndGain) {
         const float saturation = random.chance(10) ? 1e30f : random.real(0.0f, 12.0f);
         const float gain = random.chance(10) ? -kInfinity : random.real(-2.0f, 4.0f);
         this->compare(random, count,
-                      [&](auto& k, auto* to) { k.finish(to, count, saturation, gain); });
+                      [&](auto& k, auto* to) { k.saturate(to, count, saturation, gain); });
     });
 }
 
@@ -129,7 +130,7 @@ TYPED_TEST(RowKernelProperty, Ghosts) {
         for (std::int32_t i = 0; i < ghosts; ++i) rows.push_back(row.data() + random.whole(0, 50));
         const auto weights = this->floats(random, ghosts, -2.0f, 2.0f);
         this->compare(random, count, [&](auto& k, auto* to) {
-            k.haunt(row.data(), rows.data(), weights.data(), ghosts, count, to);
+            k.addGhosts(row.data(), rows.data(), weights.data(), ghosts, count, to);
         });
     });
 }

@@ -1,5 +1,5 @@
-// A picture that does not hold its place: edges, hanging, rolling, and the border that comes into
-// view. Each is measured by reading from the picture where its pixels come from.
+// A picture that is displaced: edges, offset, roll, and the border that comes into view. Each is
+// measured by reading from the picture where its pixels come from.
 
 #include <algorithm>
 #include <cmath>
