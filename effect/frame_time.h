@@ -1,6 +1,9 @@
-// When a frame is, in every form that its arithmetic takes.
+// When a frame is, and the moments of the frames before it.
 
 #pragma once
+
+#include <cstddef>
+#include <vector>
 
 namespace ruvex {
 
@@ -18,5 +21,22 @@ struct FrameTime {
           rate(static_cast<float>(framesPerSecond)),
           frame(static_cast<float>(rate * time)) {}
 };
+
+/// A walk back over the frames ends at a frame number of this or below.
+inline constexpr double kFirstFrame = 0.01;
+
+/// Whether a walk back goes on at `frame`. Frame numbers are single precision; one so large that
+/// subtracting 1 no longer changes it ends the walk.
+inline bool walksOn(float frame) {
+    return frame > kFirstFrame && frame - 1.0f != frame;
+}
+
+/// The moments, in seconds, of `frame`, `frame` - 1, ... down to the first one, latest first.
+inline std::vector<float> momentsBack(float frame, float frameRate) {
+    std::vector<float> moments;
+    if (walksOn(frame)) moments.reserve(static_cast<std::size_t>(frame) + 1);
+    for (; walksOn(frame); frame -= 1.0f) moments.push_back(frame / frameRate);
+    return moments;
+}
 
 }  // namespace ruvex

@@ -2,7 +2,6 @@
 
 #include <cmath>
 
-#include "effect/frame_walk.h"
 #include "effect/percent.h"
 #include "imaging/maths/wrap.h"
 #include "imaging/pixel_convert.h"

@@ -1,6 +1,5 @@
 #include "effect/signal_walks.h"
 
-#include "effect/frame_walk.h"
 #include "effect/percent.h"
 #include "imaging/pixel_convert.h"
 #include "stages/threshold.h"

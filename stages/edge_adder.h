@@ -7,7 +7,7 @@
 #include "imaging/img_proc.h"
 #include "imaging/noise/gradient_noise.h"
 #include "imaging/texture.h"
-#include "stages/rows_read.h"
+#include "stages/padded_area.h"
 #include "stages/signal_parameters.h"
 
 namespace ruvex {

@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <limits>
 
+#include "imaging/line_copier.h"
 #include "imaging/maths/wrap.h"
 #include "imaging/pixel_convert.h"
 #include "stages/edge_adder.h"
-#include "stages/padder.h"
 #include "stages/signal_rows.h"
 
 namespace ruvex {
@@ -30,6 +30,35 @@ Span indicesOf(std::int64_t first, std::int64_t end, std::int32_t origin, std::i
 
 std::int32_t paddedOriginY(const SignalParameters& signal, const PaddedArea& area) {
     return wrapSubtract(signal.verticalOffset, area.marginY);
+}
+
+// Copies a picture into the middle of a larger one, whose offsets say where that lies, and clears
+// what is around it. Rows of the margins that nothing reads stay as they are.
+template <class P>
+class Padder : public VxImgProc2<VxTexture<P>, VxTexture<P>> {
+public:
+    void run() override;
+
+    const RowsRead* rowsRead = nullptr;  // borrowed; null is all
+};
+
+template <class P>
+void Padder<P>::run() {
+    const Span rows = this->rowRange();
+    const Span columns = this->columnRange();
+    const TexAxis& width = this->source->x;
+    const TexAxis& height = this->source->y;
+    for (std::int32_t y = rows.first; y < rows.end; ++y) {
+        if (interruptCheck(this->interrupt)) return;
+        if (rowsRead && !rowsRead->has(y - this->target->y.offset)) continue;
+        P* to = this->target->writeAt(columns.first, y);
+        const bool crossed = y >= 0 && y < height.size;
+        const std::int32_t left = std::clamp(0, columns.first, columns.end);
+        const std::int32_t right = crossed ? std::clamp(width.size, left, columns.end) : left;
+        to = std::fill_n(to, left - columns.first, P{});
+        SimpleLineCopier::copyRow(to, *this->source, left, y, right);
+        std::fill_n(to + (right - left), columns.end - right, P{});
+    }
 }
 
 template <class P>

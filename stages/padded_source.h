@@ -5,7 +5,6 @@
 #include "imaging/img_proc.h"
 #include "imaging/texture.h"
 #include "stages/padded_area.h"
-#include "stages/rows_read.h"
 #include "stages/signal_parameters.h"
 
 namespace ruvex {

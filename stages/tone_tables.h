@@ -1,4 +1,4 @@
-// The lookup tables of a television's brightness, contrast and tint.
+// Contrast, brightness and tint as lookup tables.
 
 #pragma once
 
@@ -10,8 +10,12 @@
 
 namespace ruvex {
 
-/// The power curve is run once for each value there is, and not for each pixel. Which tables exist
-/// follows the type of television; the others are null.
+/// A symmetric curve about 0.5 for x from 0 up; `contrast` 0 is the identity, 0.5 and above a hard
+/// step. For contrast of 0 and above, values above 1 pass unchanged. Never below 0.
+float contrastCurve(float x, float contrast);
+
+/// Each table is worked out once a frame, value by value, and not pixel by pixel. Which tables
+/// exist follows the type of television; the others are null.
 template <class P>
 struct ToneTables {
     /// Entries of a table: every value from 0 to the largest that a stage keeps.

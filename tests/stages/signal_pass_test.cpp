@@ -3,8 +3,8 @@
 #include <cmath>
 #include <gtest/gtest.h>
 
-#include "stages/contrast_curve.h"
 #include "stages/signal_rows.h"
+#include "stages/tone_tables.h"
 #include "tests/imaging/support/workers.h"
 #include "tests/stages/support/television.h"
 
