@@ -13,12 +13,11 @@ namespace {
 
 runtime::EffectSession openSession(const RenderPlan& plan, const std::shared_ptr<ClipInput>& input,
                                    const std::stop_token& stop) {
-    return runtime::EffectSession(
-        {.module = runtime::Module::loadDefault(),
-         .project = plan.project,
-         .provider = input,
-         .stop = stop,
-         .family = plan.mask.empty() ? DSFAMILY_Filter : DSFAMILY_Paint});
+    return runtime::EffectSession({.module = runtime::Module::loadDefault(),
+                                   .project = plan.project,
+                                   .provider = input,
+                                   .stop = stop,
+                                   .family = plan.mask.empty() ? DSFAMILY_Filter : DSFAMILY_Paint});
 }
 
 void setWorkers(runtime::EffectSession& session, const RenderPlan& plan) {
