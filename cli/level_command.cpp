@@ -25,7 +25,7 @@ runtime::Project projectOf(const LevelJob& job) {
 
 void writePlot(const runtime::EffectSession& session, const LevelJob& job,
                const std::vector<FrameValues>& series) {
-    const auto curves = looks::thresholdCurves(session, series, plottedThresholds());
+    const auto curves = looks::thresholdCurves(session, series);
     const std::string svg = levelPlot(series, curves, job.rate.value());
     files::writeWhole(job.plot, std::as_bytes(std::span(svg)));
 }

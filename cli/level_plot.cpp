@@ -26,31 +26,13 @@ constexpr int kMostMarks = 10;
 constexpr const char* kInk = "#222222";
 constexpr const char* kGrid = "#e2e2e2";
 
-struct Stage {
-    ParameterId threshold;
-    const char* colour;
-};
-
-constexpr Stage kStages[] = {
-    {ParameterId::ColourThreshold, "#d62728"},   {ParameterId::GhostingThreshold, "#1f77b4"},
-    {ParameterId::EdgeThreshold, "#2ca02c"},     {ParameterId::SnowThreshold, "#7f7f7f"},
-    {ParameterId::LineThreshold, "#9467bd"},     {ParameterId::VertOffsetThreshold, "#c47a00"},
-    {ParameterId::VertRollThreshold, "#0f9d9d"}, {ParameterId::ShashThreshold, "#c2185b"},
-};
-
-const char* colourOf(ParameterId id) {
-    return std::find_if(std::begin(kStages), std::end(kStages),
-                        [&](const Stage& stage) { return stage.threshold == id; })
-        ->colour;
-}
-
 std::string hundredths(double value) {
     return formatNumber(std::round(value * 100.0) / 100.0);
 }
 
-/// "vert-roll-threshold".
-std::string idText(ParameterId id) {
-    std::string text(row(id).label);
+/// The label of an artefact's threshold as an identifier: "vert-roll-threshold".
+std::string idText(const Artefact& artefact) {
+    std::string text(row(artefact.threshold).label);
     for (char& c : text) {
         c = c == ' ' ? '-' : static_cast<char>(c >= 'A' && c <= 'Z' ? c - 'A' + 'a' : c);
     }
@@ -58,7 +40,7 @@ std::string idText(ParameterId id) {
 }
 
 std::string labelText(const looks::ThresholdCurve& curve) {
-    const std::string label(row(curve.id).label);
+    const std::string label(row(curve.artefact->threshold).label);
     return curve.constant() ? label + " " + hundredths(curve.percent[0]) + " %" : label + ", keyed";
 }
 
@@ -166,10 +148,10 @@ private:
         const std::vector<double> places = spread(ends, kLineOfText, kTop, kBottom);
         for (std::size_t i = 0; i < thresholds_.size(); ++i) {
             const looks::ThresholdCurve& curve = thresholds_[i];
-            const std::string colour = colourOf(curve.id);
+            const std::string colour(curve.artefact->plotColour);
             Svg::Attributes look = dashesOf(i);
             look.insert(look.end(),
-                        {{"id", idText(curve.id)}, {"stroke", colour}, {"stroke-width", "1.5"}});
+                        {{"id", idText(*curve.artefact)}, {"stroke", colour}, {"stroke-width", "1.5"}});
             svg_.polyline(pointsOf(curve), look);
             svg_.line({kRight, ends[i]}, {kRight + 16.0, places[i]}, {{"stroke", colour}});
             svg_.text({kRight + 20.0, places[i] + kBaseline}, labelText(curve), {{"fill", colour}});
@@ -199,14 +181,6 @@ private:
 };
 
 }  // namespace
-
-std::vector<ParameterId> plottedThresholds() {
-    std::vector<ParameterId> ids;
-    for (const Stage& stage : kStages) {
-        ids.push_back(stage.threshold);
-    }
-    return ids;
-}
 
 std::string levelPlot(const std::vector<FrameValues>& series,
                       const std::vector<looks::ThresholdCurve>& thresholds,

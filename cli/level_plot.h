@@ -9,9 +9,6 @@
 
 namespace ruvex::cli {
 
-/// The thresholds that a plot shows, in its order.
-std::vector<ParameterId> plottedThresholds();
-
 /// The plot as SVG: frames below, seconds above, one labelled line a threshold. `series` holds
 /// consecutive frames, at least one, and each curve as many values.
 std::string levelPlot(const std::vector<FrameValues>& series,

@@ -6,31 +6,44 @@
 #include <type_traits>
 
 #include "cli/text_table.h"
+#include "parameters/artefacts.h"
+#include "parameters/parameter_table.h"
 
 namespace ruvex::cli {
 namespace {
 
 using V = FrameValues;
 
-constexpr ValueColumn kColumns[] = {
+constexpr ValueColumn kBeforeAmounts[] = {
     {"frame", "frame", "", 0, &V::frame},
     {"time", "time", "s", 4, &V::seconds},
     {"play_time", "played", "s", 4, &V::playTime},
     {"source_frame", "source", "", 0, &V::source},
     {"shown_frame", "shown", "", 0, &V::shown},
     {"level", "level", "", 4, &V::level},
-    {"colour_degrade", "colour", "", 4, &V::colourDegrade},
-    {"ghost_distance", "ghosts", "px", 2, &V::ghostDistance},
-    {"edge_distortion", "edge", "px", 2, &V::edgeDistortion},
-    {"snow", "snow", "", 4, &V::snow},
-    {"shash", "shash", "", 4, &V::shash},
-    {"line_speed", "lines", "px/s", 2, &V::lineSpeed},
-    {"vertical_offset", "offset", "px", 2, &V::verticalOffset},
-    {"roll_speed", "roll", "px/s", 2, &V::rollSpeed},
+};
+
+constexpr ValueColumn kAfterAmounts[] = {
     {"line_travel", "crept", "px", 2, &V::lineTravel},
     {"vertical_sum", "rolled", "px", 0, &V::verticalSum},
     {"shash_frames", "shashed", "frames", 0, &V::shashFramesOn},
 };
+
+ValueColumn columnOf(const Artefact& artefact) {
+    constexpr int kDecimalsOfFraction = 4;
+    constexpr int kDecimalsOfLength = 2;
+    return {artefact.amountName, artefact.id, unitText(artefact.unit),
+            artefact.isFraction() ? kDecimalsOfFraction : kDecimalsOfLength, artefact.amount};
+}
+
+std::vector<ValueColumn> makeColumns() {
+    std::vector<ValueColumn> columns(std::begin(kBeforeAmounts), std::end(kBeforeAmounts));
+    for (const Artefact& artefact : artefacts()) {
+        columns.push_back(columnOf(artefact));
+    }
+    columns.insert(columns.end(), std::begin(kAfterAmounts), std::end(kAfterAmounts));
+    return columns;
+}
 
 /// Longer than any number, the largest double with a few decimals included.
 using Digits = std::array<char, 400>;
@@ -51,7 +64,8 @@ std::string fixedText(double value, int decimals) {
 }  // namespace
 
 std::span<const ValueColumn> valueColumns() {
-    return kColumns;
+    static const std::vector<ValueColumn> columns = makeColumns();
+    return columns;
 }
 
 std::string exactText(const ValueColumn& column, const FrameValues& values) {
@@ -73,13 +87,13 @@ std::string roundedText(const ValueColumn& column, const FrameValues& values) {
 
 std::string csvOf(const std::vector<FrameValues>& series) {
     std::string text;
-    for (const ValueColumn& column : kColumns) {
+    for (const ValueColumn& column : valueColumns()) {
         if (!text.empty()) text += ',';
         text += column.name;
     }
     for (const FrameValues& values : series) {
         char mark = '\n';
-        for (const ValueColumn& column : kColumns) {
+        for (const ValueColumn& column : valueColumns()) {
             text += mark;
             text += exactText(column, values);
             mark = ',';
@@ -90,13 +104,13 @@ std::string csvOf(const std::vector<FrameValues>& series) {
 
 std::string tableOf(const std::vector<FrameValues>& series) {
     std::vector<TextRow> rows(2);
-    for (const ValueColumn& column : kColumns) {
-        rows[0].push_back(column.heading);
-        rows[1].push_back(column.unit);
+    for (const ValueColumn& column : valueColumns()) {
+        rows[0].emplace_back(column.heading);
+        rows[1].emplace_back(column.unit);
     }
     for (const FrameValues& values : series) {
         TextRow& cells = rows.emplace_back();
-        for (const ValueColumn& column : kColumns) {
+        for (const ValueColumn& column : valueColumns()) {
             cells.push_back(roundedText(column, values));
         }
     }

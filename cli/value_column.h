@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <span>
 #include <string>
+#include <string_view>
 #include <variant>
 #include <vector>
 
@@ -12,20 +13,20 @@
 
 namespace ruvex::cli {
 
-/// One of the values: how it is called, and where it stands in the record.
+/// One of the values: its names, and its member in the record.
 struct ValueColumn {
-    const char* name;     ///< In CSV; programs rely on it.
-    const char* heading;  ///< In the table, over the unit.
-    const char* unit;
+    std::string_view name;     ///< In CSV; programs rely on it.
+    std::string_view heading;  ///< In the table, over the unit.
+    std::string_view unit;
     int decimals;  ///< In the table.
     std::variant<std::int32_t FrameValues::*, float FrameValues::*, double FrameValues::*> member;
 };
 
-/// All of them, in the order in which they are shown.
+/// All columns in their order; those of the artefacts follow the table of artefacts.
 std::span<const ValueColumn> valueColumns();
 
-/// The shortest text that reads back as the same value of the member's own type, with a point
-/// whatever the locale.
+/// The shortest text that reads back as the same value of the member's own type. Does not depend on
+/// the locale.
 std::string exactText(const ValueColumn& column, const FrameValues& values);
 
 /// The value with the column's number of decimals.

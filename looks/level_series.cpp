@@ -29,14 +29,13 @@ bool ThresholdCurve::constant() const {
 }
 
 std::vector<ThresholdCurve> thresholdCurves(const runtime::EffectSession& session,
-                                            const std::vector<FrameValues>& series,
-                                            const std::vector<ParameterId>& ids) {
+                                            const std::vector<FrameValues>& series) {
     std::vector<ThresholdCurve> curves;
-    for (const ParameterId id : ids) {
-        ThresholdCurve& curve = curves.emplace_back(ThresholdCurve{id, {}});
+    for (const Artefact& artefact : artefacts()) {
+        ThresholdCurve& curve = curves.emplace_back(ThresholdCurve{&artefact, {}});
         for (const FrameValues& values : series) {
-            const double value = session.value(row(id).identifier, values.seconds);
-            curve.percent.push_back(renderClamp(id, value));
+            const double value = session.value(row(artefact.threshold).identifier, values.seconds);
+            curve.percent.push_back(renderClamp(artefact.threshold, value));
         }
     }
     return curves;

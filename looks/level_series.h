@@ -7,7 +7,7 @@
 #include <stop_token>
 #include <vector>
 
-#include "parameters/parameter_id.h"
+#include "parameters/artefacts.h"
 #include "parameters/ruvex_interface.h"
 #include "runtime/effect_session.h"
 
@@ -19,18 +19,18 @@ std::optional<std::vector<FrameValues>> levelSeries(const runtime::EffectSession
                                                     std::int64_t first, std::int64_t last,
                                                     double rate, std::stop_token stop = {});
 
-/// The threshold of one artefact at each frame of a series.
+/// The threshold of an artefact at each frame of a series.
 struct ThresholdCurve {
-    ParameterId id;
+    const Artefact* artefact;
     std::vector<double> percent;  ///< 0 to 100, one value a frame
 
     /// Whether all values are the same.
     bool constant() const;
 };
 
-/// The thresholds of `ids` at the times of the series, clamped as the render clamps them.
+/// The thresholds of all artefacts, in the order of their table, at the times of the series,
+/// clamped as the render clamps them.
 std::vector<ThresholdCurve> thresholdCurves(const runtime::EffectSession& session,
-                                            const std::vector<FrameValues>& series,
-                                            const std::vector<ParameterId>& ids);
+                                            const std::vector<FrameValues>& series);
 
 }  // namespace ruvex::looks

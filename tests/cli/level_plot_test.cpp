@@ -10,12 +10,6 @@
 namespace ruvex::cli {
 namespace {
 
-using Id = ParameterId;
-
-constexpr Id kThresholds[] = {Id::ColourThreshold,   Id::GhostingThreshold, Id::EdgeThreshold,
-                              Id::SnowThreshold,     Id::LineThreshold,     Id::VertOffsetThreshold,
-                              Id::VertRollThreshold, Id::ShashThreshold};
-
 /// Frames `first` to `last` with a level that rises from 0 to 1.
 std::vector<FrameValues> ramp(std::int32_t first, std::int32_t last, double rate) {
     std::vector<FrameValues> series;
@@ -30,8 +24,8 @@ std::vector<FrameValues> ramp(std::int32_t first, std::int32_t last, double rate
 
 std::vector<looks::ThresholdCurve> allAt(double percent, std::size_t frames) {
     std::vector<looks::ThresholdCurve> curves;
-    for (const Id id : kThresholds) {
-        curves.push_back({id, std::vector<double>(frames, percent)});
+    for (const Artefact& artefact : artefacts()) {
+        curves.push_back({&artefact, std::vector<double>(frames, percent)});
     }
     return curves;
 }
@@ -128,7 +122,7 @@ TEST(LevelPlotLabels, NameEveryThresholdAtItsHeight) {
     const Elements elements = readXml(levelPlot(series, thresholds, 25.0));
     const Elements lines = named(elements, "polyline");
     for (std::size_t i = 0; i < thresholds.size(); ++i) {
-        const std::string label(row(thresholds[i].id).label);
+        const std::string label(row(thresholds[i].artefact->threshold).label);
         const auto holds = [&](const XmlElement& e) { return e.text.starts_with(label); };
         EXPECT_EQ(std::count_if(elements.begin(), elements.end(), holds), 1) << label;
         const std::string points = lines[i].attributes.at("points");

@@ -67,10 +67,13 @@ const std::vector<Layer>& layers() {
         {"host/module",
          {"pages", "effect", "overlay", "host/base", "stages", "imaging", "sdk", "parameters"}},
         {"runtime", {"sdk"}},
-        {"media", {}},
-        {"cli", {"runtime", "media", "parameters"}},
-        {"desk", {"runtime", "media", "parameters"}},
-        {"adapters", {"runtime", "parameters"}},
+        {"files", {}},
+        {"media", {"files"}},
+        {"looks", {"runtime", "parameters", "files", "sdk"}},
+        {"jobs", {"looks", "media", "runtime", "parameters", "files", "sdk"}},
+        {"cli", {"jobs", "looks", "media", "runtime", "parameters", "files", "sdk"}},
+        {"desk", {"jobs", "looks", "media", "runtime", "parameters", "files", "sdk"}},
+        {"adapters", {"looks", "runtime", "parameters", "files", "sdk"}},
     };
     return all;
 }
@@ -82,7 +85,7 @@ const std::vector<OutsideLibrary>& outsideLibraries() {
         {"GL/", {"overlay", "sdk", "desk"}},
         {"Q", {"desk"}},
         {"CLI/", {"cli"}},
-        {"nlohmann/", {"runtime", "cli", "desk", "adapters"}},
+        {"nlohmann/", {"looks", "jobs", "cli", "desk", "adapters"}},
     };
     return all;
 }

@@ -89,6 +89,14 @@ TEST(Layers, ArrowsThatPointUpAreRefused) {
     EXPECT_NE(complaint("runtime/host.cpp", "#include \"parameters/parameter_table.h\""), "");
     EXPECT_NE(complaint("cli/main.cpp", "#include \"effect/ruvex.h\""), "");
     EXPECT_NE(complaint("media/reader.cpp", "#include \"imaging/pixel.h\""), "");
+    EXPECT_NE(complaint("files/words.h", "#include \"media/frame.h\""), "");
+    EXPECT_NE(complaint("media/reader.cpp", "#include \"jobs/render_job.h\""), "");
+    EXPECT_NE(complaint("looks/look_file.cpp", "#include \"media/frame.h\""), "");
+    EXPECT_NE(complaint("looks/look_file.cpp", "#include \"jobs/render_job.h\""), "");
+    EXPECT_NE(complaint("looks/look_file.cpp", "#include \"effect/ruvex.h\""), "");
+    EXPECT_NE(complaint("jobs/render_plan.cpp", "#include \"cli/progress.h\""), "");
+    EXPECT_NE(complaint("adapters/plug_in.cpp", "#include \"jobs/render_job.h\""), "");
+    EXPECT_NE(complaint("cli/main.cpp", "#include \"desk/window.h\""), "");
     EXPECT_NE(complaint("imaging/texture.cpp", "#include \"texture.h\""), "");
     EXPECT_NE(complaint("imaging/texture.cpp", "#include \"tests/layers/layers.h\""), "");
     EXPECT_NE(complaint("newcomer/file.cpp", "#include \"imaging/pixel.h\""), "");
@@ -102,6 +110,9 @@ TEST(Layers, ArrowsThatPointDownAreAllowed) {
     EXPECT_EQ(complaint("pages/resources/dialogs.h", "#include \"pages/page.h\""), "");
     EXPECT_EQ(complaint("effect/ruvex.cpp", "#include \"stages/snow.h\""), "");
     EXPECT_EQ(complaint("cli/main.cpp", "#include \"runtime/host.h\""), "");
+    EXPECT_EQ(complaint("jobs/render_plan.cpp", "#include \"looks/look_file.h\""), "");
+    EXPECT_EQ(complaint("looks/look_file.cpp", "#include \"files/words.h\""), "");
+    EXPECT_EQ(complaint("adapters/plug_in.cpp", "#include \"looks/look_file.h\""), "");
     EXPECT_EQ(complaint("imaging/texture.cpp", "// #include \"sdk/com/com.h\""), "");
     EXPECT_EQ(complaint("imaging/texture.cpp", "#define X"), "");
 }
@@ -109,6 +120,12 @@ TEST(Layers, ArrowsThatPointDownAreAllowed) {
 TEST(Layers, OutsideLibrariesStayWithTheirUsers) {
     EXPECT_NE(complaint("imaging/threads.cpp", "#include <windows.h>"), "");
     EXPECT_NE(complaint("runtime/host.cpp", "#include <libavutil/frame.h>"), "");
+    EXPECT_NE(complaint("looks/look_file.cpp", "#include <libavutil/frame.h>"), "");
+    EXPECT_NE(complaint("files/words.h", "#include <libavutil/frame.h>"), "");
+    EXPECT_NE(complaint("jobs/render_plan.cpp", "#include <libavutil/frame.h>"), "");
+    EXPECT_NE(complaint("jobs/render_plan.cpp", "#include <CLI/CLI.hpp>"), "");
+    EXPECT_NE(complaint("looks/look_file.cpp", "#include <CLI/CLI.hpp>"), "");
+    EXPECT_EQ(complaint("looks/look_file.cpp", "#include <nlohmann/json.hpp>"), "");
     EXPECT_NE(complaint("effect/ruvex.cpp", "#include <QObject>"), "");
     EXPECT_NE(complaint("pages/page.cpp", "#include <GL/gl.h>"), "");
     EXPECT_EQ(complaint("imaging/threads.cpp", "#include <thread>"), "");
