@@ -32,7 +32,7 @@ constexpr float kLeastBlur = 0.1f;
 
 constexpr std::uint32_t kChannelMaskCapability = 64;
 
-// Processors that measure in pixels are told the pixel aspect and its inverse.
+// Sets the pixel aspect and its inverse for a processor that measures in pixels.
 template <class Processor>
 void setAspect(Processor& processor, const FrameScale& scale) {
     processor.scaleX = scale.aspectMember();

@@ -1,4 +1,4 @@
-// What the host has handed in for one frame.
+// The images and interfaces that the host hands in for one frame.
 
 #pragma once
 

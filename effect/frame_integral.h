@@ -6,10 +6,9 @@
 
 namespace ruvex {
 
-/// The integral of a curve from `start`, asked for at one end after another. Its steps are one
-/// frame long, each from a moment that is narrowed to single precision, so that they drift a
-/// little; pictures depend on that. The steps are the same for every end, and a row of rising ends
-/// costs one walk.
+/// The integral of a curve from `start` to one end after another. Its steps are one frame long. The
+/// moment at which a step begins is narrowed to single precision, so that steps drift a little;
+/// pictures depend on that. Rising ends are reached by one walk, without starting anew.
 class FrameIntegral {
 public:
     /// `hostRate` in frames per second, times in seconds.

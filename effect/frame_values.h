@@ -8,7 +8,7 @@
 
 namespace ruvex {
 
-/// Works them out as the render does, without a picture.
+/// The values of the frame at that time, worked out as the render does, without a picture.
 FrameValues valuesOfFrame(const ParameterReader& reader, const FrameTime& time);
 
 }  // namespace ruvex

@@ -1,4 +1,4 @@
-// How the effect describes itself to the host, and what it asks of a render.
+// The effect's description for the host, and the check of its inputs before a render.
 
 #include "effect/ruvex.h"
 #include "sdk/com/guarded.h"

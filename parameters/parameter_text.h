@@ -9,8 +9,9 @@
 
 namespace ruvex {
 
-/// What became of a text. Ok and Warning carry the value, which is whole for every kind but Real;
-/// Warning and Error carry a sentence for the user that names the parameter and what it takes.
+/// The result of reading a text. Ok and Warning carry the value, which is whole for every kind but
+/// Real; Warning and Error carry a sentence for the user that names the parameter and what it
+/// takes.
 struct ParsedValue {
     enum class Severity { Ok, Warning, Error };
 

@@ -1,5 +1,4 @@
-// The one interface of our own: what a front end may ask of the effect beyond the host's
-// interfaces.
+// The effect's own interface: what a front end may ask of it beyond the host's interfaces.
 
 #pragma once
 

@@ -13,8 +13,8 @@ struct ColourLoss {
     float weight = 0.0f;
 };
 
-/// What an amount of loss, a fraction, does. The weight means nothing before the swap begins and
-/// once all is grey.
+/// The stage and the weight for an amount of loss, a fraction. The weight is not used in the stages
+/// None and Grey.
 ColourLoss colourLoss(float amount);
 
 }  // namespace ruvex

@@ -1,4 +1,4 @@
-// Fractal noise along a row, worked out in one call.
+// Fractal noise for all columns of a row at once.
 
 #pragma once
 

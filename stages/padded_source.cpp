@@ -12,8 +12,8 @@
 namespace ruvex {
 namespace {
 
-// A margin in whole pixels. A picture without a sensible size has none, or one that no memory
-// holds.
+// A margin in whole pixels, 0 for a size below 0 or not a number. The upper limit is beyond what
+// memory can be allocated for.
 std::int32_t clampedMargin(float margin) {
     constexpr std::int32_t kLargest = 1 << 28;
     return std::clamp(truncateToInt(margin), 0, kLargest);

@@ -1,4 +1,4 @@
-// Pixels as machine words, a form in which loops over them are widened well.
+// Pixels as machine words, a form in which compilers vectorise loops well.
 
 #pragma once
 

@@ -88,7 +88,7 @@ void RuvexSampler<P>::pre() {
     if (!stopped() && !tables_.build(signal)) raiseOutOfMemory(this->interrupt);
 }
 
-// How much of the picture with its margins the window needs.
+// The part of the padded picture that the window needs.
 template <class P>
 void RuvexSampler<P>::measureArea() {
     area_ = paddedArea(signal, *this->source, this->scaleY);

@@ -12,8 +12,8 @@
 
 namespace ruvex {
 
-/// Draws one of five patterns from nothing but a seed and a frame number. Rows of grain, bars and
-/// dashes take their random values in the order of a worker's share, so that they depend on the
+/// Draws one of five patterns, which depend on a seed and a frame number alone. Rows of grain, bars
+/// and dashes take their random values in the order of a worker's share, so that they depend on the
 /// number of workers.
 template <class P>
 class VxShashProc : public VxImgProc1<VxTexture<P>> {

@@ -37,7 +37,7 @@ public:
     void make(std::int32_t y, Span columns, P* to);
 
 private:
-    // What a row knows.
+    // What all pixels of a row share.
     struct Row {
         std::int32_t shift;  // columns further right that it reads
         float gain;          // of the interference
@@ -60,7 +60,7 @@ private:
     float height_;  // of the picture
     bool guns_;
     std::int32_t longest_;
-    std::unique_ptr<P[]> gunRows_;  // what each of the three guns reads
+    std::unique_ptr<P[]> gunRows_;  // one row for each of the three guns
     bool usable_;
 };
 

@@ -23,7 +23,7 @@ void overRuns(const VxTexture<P>& source, std::int32_t x, std::int32_t y, std::i
     }
 }
 
-/// The pixels of such a run one after the other: where they are, or copied to `scratch`.
+/// The pixels of a run as consecutive pixels: themselves where they are, else copied to `scratch`.
 template <class P>
 const P* inLine(const P* pixels, std::int32_t step, std::int32_t length, P* scratch) {
     if (step == 1) return pixels;

@@ -1,4 +1,4 @@
-// What the television's stages know of a pixel type.
+// Constants and clamps of a pixel type for the television's stages.
 
 #pragma once
 

@@ -9,7 +9,8 @@
 namespace ruvex {
 namespace {
 
-// The lower half of the curve for a contrast below 0; m is 0 to a half.
+// The lower half of the contrast curve, m being 0 to a half; the upper half mirrors it. This one is
+// for a contrast below 0, the next for one of 0 and above.
 float softened(float m, float contrast) {
     constexpr double kLeast = 1.5259021896696422e-05;  // 1 / 65535
     if (m < kLeast) m = 1.5259022e-05f;
@@ -17,14 +18,14 @@ float softened(float m, float contrast) {
 }
 
 float hardened(float m, float contrast) {
-    constexpr double kStep = 3.4028234663852886e+38;
+    constexpr double kStep = 3.4028234663852886e+38;  // the largest float: a hard step
     const auto e = static_cast<float>(contrast >= 0.5 ? kStep : 0.5 / (0.5 - contrast));
     const auto base = static_cast<float>(m * 2.0);
-    if (e == 1.0f) return static_cast<float>(base * 0.5);  // as the power gives it, in no time
+    if (e == 1.0f) return static_cast<float>(base * 0.5);  // what pow gives, sooner
     return static_cast<float>(static_cast<float>(maths::pow(base, e)) * 0.5);
 }
 
-// The ends of the tint scale and where its middle colour lies; no parameter moves them.
+// The tone at which a tint shows its own colour. It is fixed.
 constexpr float kTintMid = 0.5f;
 
 template <class P>

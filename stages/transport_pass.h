@@ -1,4 +1,4 @@
-// What a video recorder does to the picture when it isn't playing at normal speed.
+// The faults of a video recorder's picture when it isn't playing at normal speed.
 
 #pragma once
 
@@ -8,12 +8,12 @@
 
 namespace ruvex {
 
-/// Whether the tape runs in a way that shows.
+/// Whether the pass changes anything: a video tape that winds, plays slowly or is paused.
 bool transportActs(const SignalParameters& signal);
 
-/// Runs the pass over a worker's rows and columns: reads `source`, and writes into `target`, which
-/// holds a copy of it, what winding, slow play and pause change. A DVD and normal play change
-/// nothing. The places of later bands can differ by a little from worker to worker.
+/// Runs the pass over a worker's rows and columns. Reads `source`; `target` must hold a copy of it,
+/// of which only the changed pixels are written. The places of later bands can differ by a little
+/// from worker to worker.
 template <class P>
 void runTransportPass(const SignalParameters& signal, float scaleY, const VxTexture<P>& source,
                       VxTexture<P>& target, Span rows, Span columns, InterruptionRecord* interrupt);

@@ -8,8 +8,8 @@
 
 namespace ruvex {
 
-/// Shrinks `picture` into the cleared `target` over a worker's rows and columns. The same light
-/// falls on less glass: source pixels are summed and not averaged, until the picture burns out.
+/// Shrinks `picture` into the cleared `target` over a worker's rows and columns. The light of the
+/// picture is concentrated: source pixels are summed and not averaged, up to the top of the range.
 template <class P>
 void shrinkToDot(const SignalParameters& signal, const VxTexture<P>& picture, VxTexture<P>& target,
                  Span rows, Span columns, InterruptionRecord* interrupt);

@@ -1,4 +1,4 @@
-// Rows of the signal with their margins, for whatever reads beyond a picture's ends.
+// Rows of the signal with their margins, for stages that read beyond the picture's left and right.
 
 #pragma once
 

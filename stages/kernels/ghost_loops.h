@@ -1,4 +1,4 @@
-// The loop of the ghosts, to be compiled for one processor after another, like the signal's.
+// The loop of the ghosts, compiled once for each kind of processor.
 
 #pragma once
 

@@ -1,4 +1,4 @@
-// The loops of snow, to be compiled for one processor after another, like the signal's.
+// The loops of snow, compiled once for each kind of processor.
 
 #pragma once
 

@@ -1,5 +1,5 @@
-// What the television's inner loops share. Always inline, for they are compiled for one processor
-// after another, and no copy of one may be taken for all.
+// Helpers of the television's inner loops. Always inline: the loops are compiled once for each kind
+// of processor, and the linker must not take one copy of a helper for all.
 
 #pragma once
 

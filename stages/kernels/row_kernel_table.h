@@ -1,4 +1,4 @@
-// The table of loops, to be filled by one processor's source after another.
+// The table of loops, filled once for each kind of processor.
 
 #pragma once
 

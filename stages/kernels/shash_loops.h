@@ -1,5 +1,4 @@
-// The loops of the picture without a signal, to be compiled for one processor after another, like
-// the signal's.
+// The loops of the picture without a signal, compiled once for each kind of processor.
 
 #pragma once
 

@@ -1,5 +1,5 @@
-// The loops of the signal pass, to be compiled for one processor after another: each source names a
-// type of its own, so that no version is taken for another.
+// The loops of the signal pass, compiled once for each kind of processor. Each source gives a tag
+// type of its own, so that the linker cannot take one version for another.
 
 #pragma once
 
