@@ -150,8 +150,9 @@ private:
             const looks::ThresholdCurve& curve = thresholds_[i];
             const std::string colour(curve.artefact->plotColour);
             Svg::Attributes look = dashesOf(i);
-            look.insert(look.end(),
-                        {{"id", idText(*curve.artefact)}, {"stroke", colour}, {"stroke-width", "1.5"}});
+            look.insert(
+                look.end(),
+                {{"id", idText(*curve.artefact)}, {"stroke", colour}, {"stroke-width", "1.5"}});
             svg_.polyline(pointsOf(curve), look);
             svg_.line({kRight, ends[i]}, {kRight + 16.0, places[i]}, {{"stroke", colour}});
             svg_.text({kRight + 20.0, places[i] + kBaseline}, labelText(curve), {{"fill", colour}});

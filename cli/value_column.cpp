@@ -15,12 +15,9 @@ namespace {
 using V = FrameValues;
 
 constexpr ValueColumn kBeforeAmounts[] = {
-    {"frame", "frame", "", 0, &V::frame},
-    {"time", "time", "s", 4, &V::seconds},
-    {"play_time", "played", "s", 4, &V::playTime},
-    {"source_frame", "source", "", 0, &V::source},
-    {"shown_frame", "shown", "", 0, &V::shown},
-    {"level", "level", "", 4, &V::level},
+    {"frame", "frame", "", 0, &V::frame},          {"time", "time", "s", 4, &V::seconds},
+    {"play_time", "played", "s", 4, &V::playTime}, {"source_frame", "source", "", 0, &V::source},
+    {"shown_frame", "shown", "", 0, &V::shown},    {"level", "level", "", 4, &V::level},
 };
 
 constexpr ValueColumn kAfterAmounts[] = {

@@ -54,9 +54,9 @@ struct SavedJob : testing::Test {
     }
 
     Arguments sequence(const Arguments& more) const {
-        Arguments arguments = {"render",   path("in.%d.rgba8"), "-o",        path("out.%d.rgba8"),
-                               "--size",   "40x30",             "--workers", "2",
-                               "--preset", "Bad Colour TV"};
+        Arguments arguments = {
+            "render", path("in.%d.rgba8"), "-o", path("out.%d.rgba8"), "--size",
+            "40x30",  "--workers",         "2",  "--preset",           "Bad Colour TV"};
         arguments.insert(arguments.end(), more.begin(), more.end());
         return arguments;
     }
@@ -149,13 +149,13 @@ TEST_F(SavedJob, MistakesAreOneSentence) {
         std::ofstream(folder.file("job.json")) << text;
         return ruvex({"run", path("job.json")});
     };
-    const std::string start = "{\"ruvexJob\": 1, \"input\": \"in.%d.rgba8\", "
-                              "\"output\": \"out.%d.rgba8\", \"size\": {\"width\": 40, "
-                              "\"height\": 30}";
+    const std::string start =
+        "{\"ruvexJob\": 1, \"input\": \"in.%d.rgba8\", "
+        "\"output\": \"out.%d.rgba8\", \"size\": {\"width\": 40, "
+        "\"height\": 30}";
     const Outcome unknown = run(start + ", \"speed\": 1}");
     EXPECT_EQ(unknown.status, 1);
-    EXPECT_EQ(unknown.err,
-              "ruvex: " + path("job.json") + ": a render job has no field 'speed'.\n");
+    EXPECT_EQ(unknown.err, "ruvex: " + path("job.json") + ": a render job has no field 'speed'.\n");
     const Outcome later = run("{\"ruvexJob\": 99}");
     EXPECT_EQ(later.status, 1);
     EXPECT_TRUE(holds(later.err, "version 99")) << later.err;
