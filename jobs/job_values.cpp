@@ -20,10 +20,10 @@ Integer wholeNumber(const Json& json) {
         json.get<std::uint64_t>() <= static_cast<std::uint64_t>(kHigh)) {
         return static_cast<Integer>(json.get<std::uint64_t>());
     }
-    if (!json.is_number_integer() || json.is_number_unsigned())
-        refuseJobValue(json, "a whole number");
+    const bool negative = json.is_number_integer() && !json.is_number_unsigned();
+    if (!negative) refuseJobValue(json, "a whole number of a size that fits");
     const auto value = json.get<std::int64_t>();
-    if (value < kLow || value > kHigh) refuseJobValue(json, "a whole number of this field");
+    if (value < kLow) refuseJobValue(json, "a whole number of a size that fits");
     return static_cast<Integer>(value);
 }
 
@@ -86,10 +86,6 @@ Json jobJson(const Comparison& comparison, const fs::path&) {
     if (comparison.kind == Comparison::Kind::Split) json["splitAt"] = comparison.splitAt;
     return json;
 }
-template <class Choice>
-requires std::is_enum_v<Choice> Json jobJson(Choice choice, const fs::path&) {
-    return nameOf(choice);
-}
 
 void readJobValue(const Json& json, const JobContext& context, fs::path& path) {
     path = pathFromStored(json, context.folder);
@@ -133,20 +129,6 @@ void readJobValue(const Json& json, const JobContext&, media::Depth& depth) {
     const int bits = wholeNumber<int>(json);
     if (bits != 8 && bits != 16) refuseJobValue(json, "8 or 16");
     depth = bits == 8 ? media::Depth::Bits8 : media::Depth::S214;
-}
-template <class Choice>
-requires std::is_enum_v<Choice>
-void readJobValue(const Json& json, const JobContext&, Choice& choice) {
-    const auto found =
-        json.is_string() ? choiceNamed<Choice>(json.get<std::string>()) : std::nullopt;
-    if (!found) {
-        std::string all;
-        for (const auto& [value, name] : namedChoices<Choice>()) {
-            all.append(all.empty() ? "" : ", ").append(name);
-        }
-        refuseJobValue(json, "one of " + all);
-    }
-    choice = *found;
 }
 void readJobValue(const Json& json, const JobContext& context, Comparison& comparison) {
     if (!json.is_object() || !json.contains("kind") ||
