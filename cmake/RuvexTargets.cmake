@@ -16,7 +16,11 @@ endif()
 add_library(ruvex_options INTERFACE)
 target_compile_options(ruvex_options INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Woverloaded-virtual
-  -ffp-contract=off -fno-fast-math -fno-unsafe-math-optimizations
+  -ffp-contract=off -fno-fast-math
+  # clang takes it for a wish to have float exceptions exactly; -fno-fast-math is enough there.
+  $<$<CXX_COMPILER_ID:GNU>:-fno-unsafe-math-optimizations>
+  # Some of GCC's pragmas for loops.
+  $<$<CXX_COMPILER_ID:Clang>:-Wno-unknown-pragmas>
   $<$<BOOL:${RUVEX_WERROR}>:-Werror>)
 if(WIN32)
   # All of its names, in wide characters, and no macros in the way of std::min and std::max.

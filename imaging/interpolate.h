@@ -62,7 +62,8 @@ SampleRows<P> sampleRows(const VxTexture<P, C>& texture, const AxisSample& row) 
 /// Reads through at least one missing or repeated neighbour.
 template <class P, class C>
 C interpolateAtEdge(const P& fill, const AxisSample& column, const SampleRows<P>& rows) {
-    const auto [first, second, adjacent] = column.pair;
+    const std::int32_t first = column.pair.first;
+    const std::int32_t second = column.pair.second;
     const bool noColumn = first == kNoPixel && second == kNoPixel;
     const bool noRow = !rows.first && !rows.second;
     if (noColumn || noRow) return toCompanion<P, C>(fill);
