@@ -35,9 +35,9 @@ public:
     virtual void postPass() {}
     virtual void runPasses();
 
-    /// Fills the window of `map`, or the whole of it where no window was set. A null `map` does
+    /// Fills the window of `onto`, or the whole of it where no window was set. A null `onto` does
     /// nothing.
-    virtual void process(VxTexIndexer* map);
+    virtual void process(VxTexIndexer* onto);
 
     /// Sets the window from inclusive image-space corners.
     void setWindow(std::int32_t left, std::int32_t top, std::int32_t right, std::int32_t bottom);

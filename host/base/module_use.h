@@ -20,7 +20,7 @@ class ModuleUse {
 public:
     ModuleUse() { ++objectCount; }
     ModuleUse(const ModuleUse&) : ModuleUse() {}
-    ModuleUse& operator=(const ModuleUse&) { return *this; }
+    ModuleUse& operator=(const ModuleUse&) = default;
     ~ModuleUse() { --objectCount; }
 };
 

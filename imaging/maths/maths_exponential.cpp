@@ -110,7 +110,7 @@ Split split(double x) {
     }
     const auto bits = std::bit_cast<std::uint64_t>(x);
     exponent += static_cast<std::int64_t>(bits >> 52) - 1022;
-    double mantissa = std::bit_cast<double>((bits & 0x000FFFFFFFFFFFFFu) | 0x3FE0000000000000u);
+    auto mantissa = std::bit_cast<double>((bits & 0x000FFFFFFFFFFFFFu) | 0x3FE0000000000000u);
     if (mantissa < kSqrtHalf) {
         mantissa *= 2.0;
         --exponent;

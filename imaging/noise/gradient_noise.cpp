@@ -27,7 +27,7 @@ int octaveCount(std::int32_t octaves) {
 
 Gradient gradientEntry(std::uint32_t seed, std::uint32_t index) {
     const float z = signedUnit(seed * index);
-    const float r = static_cast<float>(maths::sqrt(1.0 - static_cast<double>(z * z)));
+    const auto r = static_cast<float>(maths::sqrt(1.0 - static_cast<double>(z * z)));
     const float theta = signedUnit((seed + 104761u * index) * index) * kTwoPi;
     return {static_cast<float>(maths::cos(theta)) * r, static_cast<float>(maths::sin(theta)) * r,
             z};

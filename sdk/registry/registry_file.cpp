@@ -139,7 +139,7 @@ fs::path dataFolder() {
         const char* value = std::getenv(name);
         return fs::path(value ? value : "");
     };
-    const fs::path data = folder("XDG_DATA_HOME");
+    fs::path data = folder("XDG_DATA_HOME");
     if (data.is_absolute()) return data;
     const fs::path home = folder("HOME");
     return home.empty() ? fs::path() : home / ".local" / "share";
