@@ -51,8 +51,7 @@ jobs::Comparison comparisonOf(const CompareOptions& options) {
 int runCompare(const CompareOptions& options) {
     std::vector<std::string> warnings;
     const jobs::Comparison comparison = comparisonOf(options);
-    jobs::RenderJob job = typedJob(options.render, warnings);
-    job.comparison = comparison;
+    const jobs::RenderJob job = typedJob(options.render, warnings, comparison);
     if (talkOf(options.render.talk) != Talk::Quiet) printWarnings(warnings);
     return runTypedJob(job, options.render, [&](std::int64_t frame) {
         CompareOptions one = options;

@@ -13,10 +13,6 @@ std::string bitsText(media::Depth depth) {
     return depth == media::Depth::Bits8 ? "8 bits a channel" : "16 bits a channel";
 }
 
-std::string rangeText(const jobs::FrameRange& range) {
-    return std::to_string(range.first) + "-" + std::to_string(range.last);
-}
-
 /// Nothing for frames that are not interlaced.
 std::string fieldsText(media::FieldOrder fields, const std::string& before) {
     return fields == media::FieldOrder::Progressive ? "" : before + toText(fields);
@@ -25,7 +21,7 @@ std::string fieldsText(media::FieldOrder fields, const std::string& before) {
 std::string inputText(const jobs::RenderPlan& plan, const media::ClipInfo& clip) {
     std::string text = plan.input.string() + ": " + toText(clip.size) + ", " + bitsText(clip.depth);
     text.append(", ").append(toText(plan.rate)).append(" frames a second, frames ");
-    text.append(clip.lastKnown ? rangeText({clip.first, clip.last})
+    text.append(clip.lastKnown ? toText(jobs::FrameRange{clip.first, clip.last})
                                : "from " + std::to_string(clip.first) + " on");
     return text + fieldsText(plan.writing.fields, ", ") + (clip.hasAlpha ? ", with alpha" : "");
 }
@@ -40,7 +36,7 @@ std::string framesText(const jobs::RenderPlan& plan, const jobs::FramesToMake& f
         return "to the end of the stream";
     }
     const std::int64_t all = plan.frames.count();
-    std::string text = rangeText(plan.frames);
+    std::string text = toText(plan.frames);
     text.append(": ").append(std::to_string(all)).append(", ");
     const double milliseconds = 1e3 * static_cast<double>(all) / plan.rate.value();
     text.append(formatNumber(std::round(milliseconds) / 1e3)).append(" s");

@@ -46,7 +46,7 @@ int runLevel(const LevelOptions& options) {
     const auto series = looks::levelSeries(session, job.frames.first, job.frames.last,
                                            job.rate.value(), signals.token());
     if (!series) {
-        std::fputs("ruvex: stopped; nothing was written.\n", stderr);
+        std::fputs("ruvex: stopped; the levels were not printed.\n", stderr);
         return kStopped;
     }
     if (!job.plot.empty()) {

@@ -7,23 +7,11 @@
 namespace ruvex::cli {
 namespace {
 
-/// "blank, hold or loop".
-template <class Choice>
-std::string allNames() {
-    const auto all = jobs::namedChoices<Choice>();
-    std::string text;
-    for (std::size_t i = 0; i < all.size(); ++i) {
-        text += i == 0 ? "" : i + 1 == all.size() ? " or " : ", ";
-        text += all[i].name;
-    }
-    return text;
-}
-
 template <class Choice>
 Choice parseChoice(const std::string& option, const std::string& text, const char* what) {
     if (const auto choice = jobs::choiceNamed<Choice>(text)) return *choice;
     throw UsageError(option + ": " + files::inQuotes(text) + " is not " + what + "; write " +
-                     allNames<Choice>() + ".");
+                     jobs::choicesText<Choice>(" or ") + ".");
 }
 
 }  // namespace

@@ -14,7 +14,7 @@ void printWarnings(const std::vector<std::string>& warnings) {
 }
 
 int reportStop(const std::filesystem::path& result) {
-    std::fprintf(stderr, "ruvex: stopped; %s was not written.\n", result.string().c_str());
+    std::fprintf(stderr, "ruvex: stopped; %s is not complete.\n", result.string().c_str());
     return kStopped;
 }
 

@@ -5,12 +5,12 @@ namespace ruvex::cli {
 OptionTable parameterOptions(ParameterOptions& options) {
     return {
         {"--preset", "NAME|FILE",
-         "One of the looks of 'ruvex presets', or a parameter file of your own; --params, --set "
+         "One of the looks of 'ruvex presets', or a look file of your own; --params, --set "
          "and "
          "--key go over it, in this order",
          &options.preset},
         {"--params", "FILE",
-         "Values and keys from a parameter file, as --save-params writes it; parameters that the "
+         "Values and keys from a look file, as --save-params writes it; parameters that the "
          "file does not name are left as they are",
          &options.params},
         {"--set", "\"NAME=VALUE\"",
@@ -21,7 +21,7 @@ OptionTable parameterOptions(ParameterOptions& options) {
          "Keys of a real parameter, seconds and value; linear in between. Repeatable",
          &options.keys},
         {"--save-params", "FILE",
-         "Write the values and keys of all parameters, as they are in use, into a parameter file",
+         "Write the values and keys of all parameters, as they are in use, into a look file",
          &options.saveParams},
     };
 }

@@ -34,7 +34,7 @@ OptionTable presetsOptions(PresetsOptions& all) {
     constexpr const char* kSheet = "--sheet";
     SheetOptions& options = all.sheet;
     return {
-        {"--save-to", "FOLDER", "Instead, write each as a parameter file into a folder",
+        {"--save-to", "FOLDER", "Instead, write each as a look file into a folder",
          &all.saveFolder},
         {kSheet, "INPUT", "Instead, render one frame of a clip or a still with each of them",
          &options.input},

@@ -47,7 +47,7 @@ std::int64_t chooseFrame(const SheetOptions& options, const media::ClipInfo& cli
     const std::int64_t frame = parseWhole("--frame", options.frame, 0, last);
     if (frame < clip.first || frame > clip.last) {
         throw UsageError("--frame: " + options.input + " has the frames " +
-                         std::to_string(clip.first) + "-" + std::to_string(clip.last) + ", not " +
+                         toText(jobs::FrameRange{clip.first, clip.last}) + ", not " +
                          options.frame + ".");
     }
     return frame;

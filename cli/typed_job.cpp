@@ -58,12 +58,14 @@ void readPicture(const RenderOptions& options, jobs::RenderJob& job) {
 
 }  // namespace
 
-jobs::RenderJob typedJob(const RenderOptions& options, std::vector<std::string>& warnings) {
+jobs::RenderJob typedJob(const RenderOptions& options, std::vector<std::string>& warnings,
+                         const std::optional<jobs::Comparison>& comparison) {
     jobs::RenderJob job;
     readInput(options, job);
     readOutput(options, job);
     readPicture(options, job);
     job.parameters = looks::lastChanges(readParameters(options.parameters, warnings));
+    job.comparison = comparison;
     inOptionWords([&] { checkJob(job); });
     return job;
 }

@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -10,8 +11,9 @@
 
 namespace ruvex::cli {
 
-/// The job, checked as far as that is possible without its input. Throws UsageError, and as
-/// readParameters does. May add to `warnings`.
-jobs::RenderJob typedJob(const RenderOptions& options, std::vector<std::string>& warnings);
+/// The job, with a comparison if there is one, checked as far as that is possible without its
+/// input. Throws UsageError, and as readParameters does. May add to `warnings`.
+jobs::RenderJob typedJob(const RenderOptions& options, std::vector<std::string>& warnings,
+                         const std::optional<jobs::Comparison>& comparison = {});
 
 }  // namespace ruvex::cli

@@ -20,8 +20,6 @@ constexpr UINT kNameString = 1;
 constexpr UINT kDescriptionString = 2;
 constexpr UINT kToolBitmap = 102;
 
-constexpr std::int32_t kMaxWorkers = 1024;
-
 }  // namespace
 
 Ruvex::Ruvex() {
@@ -105,7 +103,7 @@ HRESULT Ruvex::Clone(const GUID& id, void** out) {
 }
 
 std::int32_t Ruvex::setWorkerCount(std::int32_t count) {
-    if (count < 0 || count > kMaxWorkers) return E_INVALIDARG;
+    if (count < 0 || count > kMostWorkers) return E_INVALIDARG;
     workers_ = count;
     return S_OK;
 }

@@ -3,14 +3,12 @@
 #include <algorithm>
 #include <charconv>
 
+#include "files/whole_file.h"
+
 namespace ruvex::files {
 namespace {
 
 namespace fs = std::filesystem;
-
-fs::path folderOf(const fs::path& path) {
-    return path.has_parent_path() ? path.parent_path() : fs::path(".");
-}
 
 constexpr int kMostDigits = 18;
 

@@ -109,6 +109,9 @@ void PartialFile::write(std::span<const std::byte> bytes) {
 }
 
 void PartialFile::commit() {
+    // Some file systems report a failed write only when a descriptor of the file is closed.
+    const int copy = dup(lock_);
+    if (copy >= 0 && close(copy) != 0) throw FileError(writeFailure(final_, errno));
     std::error_code error;
     fs::rename(partial_, final_, error);
     if (error) {
@@ -118,12 +121,13 @@ void PartialFile::commit() {
 }
 
 void removeAbandoned(const fs::path& final) {
+    if (!final.has_filename()) return;
     const NumberedPath ours(final);
-    const fs::path folder = final.has_parent_path() ? final.parent_path() : fs::path(".");
     std::error_code error;
-    fs::directory_iterator entry(folder, error);
+    fs::directory_iterator entry(folderOf(final), error);
     for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
-        if (ours.fits(finalNameOf(entry->path().filename().string())) && isAbandoned(*entry)) {
+        const std::string name = finalNameOf(entry->path().filename().string());
+        if (!name.empty() && ours.fits(name) && isAbandoned(*entry)) {
             std::error_code ignored;
             fs::remove(*entry, ignored);
         }

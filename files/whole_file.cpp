@@ -18,9 +18,9 @@ constexpr std::size_t kPartOfPipe = 65536;
 
 }  // namespace
 
-int writeAll(int fd, std::span<const std::byte> bytes) {
+int writeAll(int descriptor, std::span<const std::byte> bytes) {
     while (!bytes.empty()) {
-        const ssize_t written = ::write(fd, bytes.data(), bytes.size());
+        const ssize_t written = ::write(descriptor, bytes.data(), bytes.size());
         if (written < 0 && errno != EINTR) {
             return errno;
         }
@@ -76,6 +76,15 @@ std::vector<std::byte> readWhole(const fs::path& file, std::size_t most) {
     }
     bytes.resize(held);
     return bytes;
+}
+
+std::string readText(const fs::path& file, std::size_t most) {
+    const std::vector<std::byte> bytes = readWhole(file, most);
+    return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
+}
+
+fs::path folderOf(const fs::path& file) {
+    return file.has_parent_path() ? file.parent_path() : fs::path(".");
 }
 
 }  // namespace ruvex::files

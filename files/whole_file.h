@@ -25,4 +25,10 @@ void writeWhole(const std::filesystem::path& file, std::span<const std::byte> by
 std::vector<std::byte> readWhole(const std::filesystem::path& file,
                                  std::size_t most = SIZE_MAX / 2);
 
+/// The same as text.
+std::string readText(const std::filesystem::path& file, std::size_t most = SIZE_MAX / 2);
+
+/// The folder that a file lies in; "." for a name without one.
+std::filesystem::path folderOf(const std::filesystem::path& file);
+
 }  // namespace ruvex::files

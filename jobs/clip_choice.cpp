@@ -5,19 +5,12 @@
 #include "media/file_kind.h"
 
 namespace ruvex::jobs {
-namespace {
 
-std::string textOf(const FrameRange& range) {
-    return std::to_string(range.first) + "-" + std::to_string(range.last);
-}
-
-}  // namespace
+static_assert(media::kEndless == kFrameNumberEnd - 1, "a stream ends where frame numbers do");
 
 void checkNoStream(const std::filesystem::path& input) {
     if (media::fileKind(input) == media::FileKind::Stream) {
-        throw JobError(JobField::Input,
-                       "the length of the clip has to be known beforehand, and that of standard "
-                       "input is not. Use a file.");
+        throw JobError(JobField::Input, "standard input has no known length. Use a file.");
     }
 }
 
@@ -36,8 +29,8 @@ FrameRange chooseFrames(const std::filesystem::path& input, const media::ClipInf
     const FrameRange frames = named.value_or(FrameRange{clip.first, clip.last});
     if (frames.first < clip.first || frames.last > clip.last) {
         throw JobError(JobField::Frames, input.string() + " has the frames " +
-                                             textOf({clip.first, clip.last}) + ", not all of " +
-                                             textOf(frames) + ".");
+                                             toText(FrameRange{clip.first, clip.last}) +
+                                             ", not all of " + toText(frames) + ".");
     }
     if (frames.last >= kFrameNumberEnd) {
         throw JobError(JobField::Input,

@@ -48,6 +48,8 @@ public:
     /// null. To the effect an exception here is a refusal; it is kept for rethrowFailure.
     ComPtr<IDSImage> imageAt(double seconds) override;
 
+    /// Forgets an exception that was kept for rethrowFailure.
+    void forgetFailure() { failure_ = nullptr; }
     /// Throws the exception that the last failed request ended with, once.
     void rethrowFailure();
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 namespace ruvex::jobs {
 
@@ -28,5 +29,10 @@ struct Region {
 /// Frame numbers stay below this: from here on, single precision, in which the effect counts
 /// frames, cannot tell a frame from the next.
 inline constexpr std::int64_t kFrameNumberEnd = 16777216;
+
+/// "0-99".
+inline std::string toText(const FrameRange& range) {
+    return std::to_string(range.first) + "-" + std::to_string(range.last);
+}
 
 }  // namespace ruvex::jobs

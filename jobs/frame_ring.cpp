@@ -16,8 +16,8 @@ constexpr Step after(Step step) {
 
 }  // namespace
 
-/// A slot keeps its step while it is in use. It is not taken twice, since no step overtakes the one
-/// before it, and reading stays less than one round ahead of writing.
+/// A step takes its next slot once the step before has taken that frame and finished it; reading
+/// takes one once writing has.
 bool FrameRing::ready(Step step) const {
     const std::int64_t end = step == Step::Read
                                  ? taken(Step::Write) + static_cast<std::int64_t>(slots_.size())
@@ -53,6 +53,11 @@ void FrameRing::end() {
         ended_ = true;
     }
     changed_.notify_all();
+}
+
+bool FrameRing::ended() {
+    const std::lock_guard lock(mutex_);
+    return ended_ && taken(Step::Write) >= taken(Step::Read);
 }
 
 void FrameRing::close() {

@@ -50,6 +50,9 @@ public:
     /// From now on take() gives null to everybody.
     void close();
 
+    /// Whether all frames have been read and taken for writing.
+    bool ended();
+
 private:
     static constexpr std::size_t kSteps = 3;
 

@@ -1,57 +1,24 @@
 #include "jobs/job_error.h"
 
+#include <array>
+#include <cstddef>
+
 namespace ruvex::jobs {
+namespace {
+
+constexpr auto kLastField = static_cast<std::size_t>(JobField::Parameters);
+
+/// In the order of JobField.
+constexpr std::array<std::string_view, kLastField + 1> kFieldNames = {
+    "input",   "inputFormat",  "size",         "rate",    "alpha",     "fieldOrder",
+    "output",  "outputFormat", "codec",        "quality", "frames",    "depth",
+    "workers", "projectSize",  "pixelAspect",  "region",  "fields",    "mask",
+    "ends",    "comparison",   "framesAtOnce", "resume",  "parameters"};
+
+}  // namespace
 
 std::string_view fieldName(JobField field) {
-    switch (field) {
-        case JobField::Input:
-            return "input";
-        case JobField::InputFormat:
-            return "inputFormat";
-        case JobField::Size:
-            return "size";
-        case JobField::Rate:
-            return "rate";
-        case JobField::Alpha:
-            return "alpha";
-        case JobField::FieldOrder:
-            return "fieldOrder";
-        case JobField::Output:
-            return "output";
-        case JobField::OutputFormat:
-            return "outputFormat";
-        case JobField::Codec:
-            return "codec";
-        case JobField::Quality:
-            return "quality";
-        case JobField::Frames:
-            return "frames";
-        case JobField::Depth:
-            return "depth";
-        case JobField::Workers:
-            return "workers";
-        case JobField::ProjectSize:
-            return "projectSize";
-        case JobField::PixelAspect:
-            return "pixelAspect";
-        case JobField::Region:
-            return "region";
-        case JobField::Fields:
-            return "fields";
-        case JobField::Mask:
-            return "mask";
-        case JobField::Ends:
-            return "ends";
-        case JobField::Comparison:
-            return "comparison";
-        case JobField::FramesAtOnce:
-            return "framesAtOnce";
-        case JobField::Resume:
-            return "resume";
-        case JobField::Parameters:
-            return "parameters";
-    }
-    return "";
+    return kFieldNames.at(static_cast<std::size_t>(field));
 }
 
 }  // namespace ruvex::jobs

@@ -15,8 +15,6 @@ namespace fs = std::filesystem;
 using looks::Json;
 using looks::JsonError;
 
-constexpr std::size_t kMostBytes = std::size_t{16} << 20;
-
 constexpr const char* kVersionName = "ruvexJob";
 
 /// Calls visitor(field, member) for every field of a job, in the order of the file.
@@ -91,8 +89,8 @@ void readField(RenderJob& job, const std::string& name, const Json& json,
 
 void checkVersion(const Json& document, const JobContext& context) {
     if (!document.is_object() || !document.contains(kVersionName)) {
-        throw JsonError("this is not a render job: it has no field '" + std::string(kVersionName) +
-                        "'.");
+        throw JsonError(std::string("this is not a render job: it has no field ") +
+                        files::inQuotes(kVersionName) + ".");
     }
     int version = 0;
     readJobValue(document[kVersionName], context, version);
@@ -112,7 +110,8 @@ RenderJob jobFromJson(const Json& document, const JobContext& context) {
     }
     for (const JobField needed : {JobField::Input, JobField::Output}) {
         const std::string name(fieldName(needed));
-        if (!document.contains(name)) throw JsonError("the field '" + name + "' is missing.");
+        if (!document.contains(name))
+            throw JsonError("the field " + files::inQuotes(name) + " is missing.");
     }
     return job;
 }
@@ -149,15 +148,12 @@ RenderJob parseJob(const std::string& name, const std::string& text, const fs::p
 }
 
 void writeJob(const RenderJob& job, const fs::path& file) {
-    const fs::path folder = file.has_parent_path() ? file.parent_path() : fs::path(".");
-    const std::string text = jobText(job, folder);
+    const std::string text = jobText(job, files::folderOf(file));
     files::writeWhole(file, std::as_bytes(std::span(text)));
 }
 
 RenderJob readJob(const fs::path& file, std::vector<std::string>& warnings) {
-    const std::vector<std::byte> bytes = files::readWhole(file, kMostBytes);
-    return parseJob(file.string(), {reinterpret_cast<const char*>(bytes.data()), bytes.size()},
-                    file.parent_path(), warnings);
+    return parseJob(file.string(), looks::readJsonText(file), file.parent_path(), warnings);
 }
 
 }  // namespace ruvex::jobs

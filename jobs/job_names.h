@@ -4,6 +4,7 @@
 
 #include <optional>
 #include <span>
+#include <string>
 #include <string_view>
 
 #include "jobs/clip_ends.h"
@@ -26,6 +27,28 @@ struct NamedChoice {
 /// hold have names ("y4m", "rgba8", "s214").
 template <class Choice>
 std::span<const NamedChoice<Choice>> namedChoices();
+
+template <>
+std::span<const NamedChoice<media::AlphaForm>> namedChoices();
+template <>
+std::span<const NamedChoice<media::FieldOrder>> namedChoices();
+template <>
+std::span<const NamedChoice<ClipEnds>> namedChoices();
+template <>
+std::span<const NamedChoice<Comparison::Kind>> namedChoices();
+template <>
+std::span<const NamedChoice<media::FileKind>> namedChoices();
+
+/// "blank, hold, loop", with `last` before the last one.
+template <class Choice>
+std::string choicesText(const char* last) {
+    const auto all = namedChoices<Choice>();
+    std::string text;
+    for (std::size_t i = 0; i < all.size(); ++i) {
+        text.append(i == 0 ? "" : i + 1 == all.size() ? last : ", ").append(all[i].name);
+    }
+    return text;
+}
 
 /// The choice with this name; empty if there is none.
 template <class Choice>

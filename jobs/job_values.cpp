@@ -1,6 +1,6 @@
 #include "jobs/job_values.h"
 
-#include <limits>
+#include <utility>
 
 #include "jobs/stored_path.h"
 #include "looks/look_file.h"
@@ -14,17 +14,11 @@ using looks::JsonError;
 
 template <class Integer>
 Integer wholeNumber(const Json& json) {
-    constexpr auto kLow = std::numeric_limits<Integer>::min();
-    constexpr auto kHigh = std::numeric_limits<Integer>::max();
-    if (json.is_number_unsigned() &&
-        json.get<std::uint64_t>() <= static_cast<std::uint64_t>(kHigh)) {
-        return static_cast<Integer>(json.get<std::uint64_t>());
-    }
-    const bool negative = json.is_number_integer() && !json.is_number_unsigned();
-    if (!negative) refuseJobValue(json, "a whole number of a size that fits");
-    const auto value = json.get<std::int64_t>();
-    if (value < kLow) refuseJobValue(json, "a whole number of a size that fits");
-    return static_cast<Integer>(value);
+    if (!json.is_number_integer()) refuseJobValue(json, "a whole number");
+    const bool fits = json.is_number_unsigned() ? std::in_range<Integer>(json.get<std::uint64_t>())
+                                                : std::in_range<Integer>(json.get<std::int64_t>());
+    if (!fits) throw JsonError(json.dump() + " is out of range.");
+    return json.get<Integer>();
 }
 
 /// The member of an object that has these names and no others.
@@ -83,7 +77,7 @@ Json jobJson(media::Depth depth, const fs::path&) {
 }
 Json jobJson(const Comparison& comparison, const fs::path&) {
     Json json = {{"kind", nameOf(comparison.kind)}};
-    if (comparison.kind == Comparison::Kind::Split) json["splitAt"] = comparison.splitAt;
+    if (comparison.splitAt != Comparison().splitAt) json["splitAt"] = comparison.splitAt;
     return json;
 }
 
@@ -106,22 +100,22 @@ void readJobValue(const Json& json, const JobContext&, double& value) {
     value = json.get<double>();
 }
 void readJobValue(const Json& json, const JobContext&, media::FrameSize& size) {
-    const Members members(json, {"width", "height"}, "{\"width\": 720, \"height\": 576}");
+    const Members members(json, {"width", "height"}, R"({"width": 720, "height": 576})");
     size = {members.whole<int>("width"), members.whole<int>("height")};
 }
 void readJobValue(const Json& json, const JobContext&, media::Rational& rate) {
     const auto parsed =
         json.is_string() ? media::parsePositiveRational(json.get<std::string>()) : std::nullopt;
-    if (!parsed) refuseJobValue(json, "a rate as in \"25\" or \"30000/1001\"");
+    if (!parsed) refuseJobValue(json, R"(a rate as in "25" or "30000/1001")");
     rate = *parsed;
 }
 void readJobValue(const Json& json, const JobContext&, FrameRange& range) {
-    const Members members(json, {"first", "last"}, "{\"first\": 0, \"last\": 99}");
+    const Members members(json, {"first", "last"}, R"({"first": 0, "last": 99})");
     range = {members.whole<std::int64_t>("first"), members.whole<std::int64_t>("last")};
 }
 void readJobValue(const Json& json, const JobContext&, Region& region) {
     const Members members(json, {"x", "y", "width", "height"},
-                          "{\"x\": 0, \"y\": 0, \"width\": 360, \"height\": 288}");
+                          R"({"x": 0, "y": 0, "width": 360, "height": 288})");
     region = {members.whole<int>("x"), members.whole<int>("y"), members.whole<int>("width"),
               members.whole<int>("height")};
 }
@@ -133,7 +127,7 @@ void readJobValue(const Json& json, const JobContext&, media::Depth& depth) {
 void readJobValue(const Json& json, const JobContext& context, Comparison& comparison) {
     if (!json.is_object() || !json.contains("kind") ||
         json.size() != (json.contains("splitAt") ? 2u : 1u)) {
-        refuseJobValue(json, "of the form {\"kind\": \"split\", \"splitAt\": 0.5}");
+        refuseJobValue(json, R"(of the form {"kind": "split", "splitAt": 0.5})");
     }
     readJobValue(json["kind"], context, comparison.kind);
     if (json.contains("splitAt")) readJobValue(json["splitAt"], context, comparison.splitAt);

@@ -67,11 +67,7 @@ void readJobValue(const looks::Json& json, const JobContext&, Choice& choice) {
         choice = *found;
         return;
     }
-    std::string all;
-    for (const auto& [value, name] : namedChoices<Choice>()) {
-        all.append(all.empty() ? "" : ", ").append(name);
-    }
-    refuseJobValue(json, "one of " + all);
+    refuseJobValue(json, "one of " + choicesText<Choice>(", "));
 }
 
 template <class Value>

@@ -4,6 +4,7 @@
 #include "jobs/job_error.h"
 #include "media/file_kind.h"
 #include "media/frame_reader.h"
+#include "media/media_error.h"
 
 namespace ruvex::jobs {
 namespace {
@@ -33,7 +34,9 @@ media::Frame readMask(const std::filesystem::path& file, media::FrameSize size) 
     }
     const auto reader = media::openReader(file, options);
     media::Frame picture;
-    reader->read(reader->info().first, picture);
+    if (!reader->read(reader->info().first, picture)) {
+        throw media::MediaError(file.string() + " holds no picture.");
+    }
     if (picture.size() != size) {
         throw JobError(JobField::Mask, file.string() + " is " + toText(picture.size()) +
                                            ", but the input is " + toText(size) +

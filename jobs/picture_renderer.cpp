@@ -48,23 +48,24 @@ PictureRenderer::PictureRenderer(runtime::Project project, std::shared_ptr<ClipI
       stop_(std::move(stop)),
       session_(std::move(session)) {}
 
-PictureRenderer PictureRenderer::clone(std::shared_ptr<ClipInput> input) const {
+PictureRenderer PictureRenderer::clone(const std::shared_ptr<ClipInput>& input) const {
     return {project_, input, stop_, session_.clone(input)};
 }
 
 bool PictureRenderer::render(const PictureTask& task, media::Frame& result) {
     if (stop_.stop_requested()) return false;
-    const auto output = runtime::makeProjectImage(project_, result.width(), result.height(),
-                                                  formatOf(result.depth()));
-    runtime::RenderRequest request = requestFor(task);
-    request.output = output;
+    input_->forgetFailure();
     try {
+        const auto output = runtime::makeProjectImage(project_, result.width(), result.height(),
+                                                      formatOf(result.depth()));
+        runtime::RenderRequest request = requestFor(task);
+        request.output = output;
         session_.render(request);
+        input_->rethrowFailure();
+        std::memcpy(result.bytes().data(), output->bytes(), result.bytes().size());
     } catch (const runtime::Error& error) {
         throw runtime::Error("frame " + std::to_string(task.frame) + ": " + error.what());
     }
-    input_->rethrowFailure();
-    std::memcpy(result.bytes().data(), output->bytes(), result.bytes().size());
     return !session_.interrupted();
 }
 

@@ -28,7 +28,7 @@ public:
     PictureRenderer(const RenderPlan& plan, std::shared_ptr<ClipInput> input, std::stop_token stop);
 
     /// Another renderer with a clone of the effect as it is now.
-    PictureRenderer clone(std::shared_ptr<ClipInput> input) const;
+    PictureRenderer clone(const std::shared_ptr<ClipInput>& input) const;
 
     /// Renders into `result`, whose size and depth are the picture's; what lies outside the region
     /// becomes 0. False if a stop was requested; the result is then unfinished. Throws

@@ -61,7 +61,7 @@ bool Pipeline::run(const FramesToMake& frames, const Write& write) {
         write(slot->number, slot->result);
         ring.pass(*slot);
     }
-    return !stop_.stop_requested();
+    return ring.ended();
 }
 
 void Pipeline::read(const FramesToMake& frames, FrameRing& ring) {
@@ -94,11 +94,9 @@ void Pipeline::read(const FramesToMake& frames, FrameRing& ring) {
 }
 
 bool Pipeline::readNext(const FramesToMake& frames, std::int64_t number, media::Frame& frame) {
-    const bool there = clip_->read(number, frame);
-    if (!there && !frames.endless) {
-        throw media::MediaError("The input has ended before frame " + std::to_string(number) + ".");
-    }
-    return there;
+    if (frames.endless) return clip_->read(number, frame);
+    clip_->readExisting(number, frame);
+    return true;
 }
 
 void Pipeline::render(FrameRenderer& renderer, FrameRing& ring) {

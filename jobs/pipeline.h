@@ -52,7 +52,7 @@ public:
     Pipeline(const RenderPlan& plan, std::shared_ptr<SharedClip> clip, std::stop_token stop);
 
     /// Calls `write` for each frame in the order of their numbers, up to a frame that fails. False
-    /// if a stop was requested before the last. Throws FrameFailure, and whatever `write` throws.
+    /// if a stop ended it before the last. Throws FrameFailure, and whatever `write` throws.
     bool run(const FramesToMake& frames, const Write& write);
 
 private:

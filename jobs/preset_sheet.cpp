@@ -27,10 +27,11 @@ media::Frame small(const media::Frame& frame) {
 
 std::optional<media::Frame> presetSheet(const RenderPlan& plan,
                                         std::unique_ptr<media::FrameReader> reader,
-                                        const std::function<void()>& drawn, std::stop_token stop) {
+                                        const std::function<void()>& drawn,
+                                        const std::stop_token& stop) {
     const auto clip = std::make_shared<SharedClip>(std::move(reader), SharedClip::Open());
     media::Frame source;
-    clip->read(plan.frames.first, source);
+    clip->readExisting(plan.frames.first, source);
     std::vector<media::LabelledPicture> pictures = {{"Source", small(source)}};
     RenderPlan one = plan;
     media::Frame rendered;

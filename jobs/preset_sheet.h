@@ -19,6 +19,6 @@ namespace ruvex::jobs {
 std::optional<media::Frame> presetSheet(const RenderPlan& plan,
                                         std::unique_ptr<media::FrameReader> reader,
                                         const std::function<void()>& drawn,
-                                        std::stop_token stop = {});
+                                        const std::stop_token& stop = {});
 
 }  // namespace ruvex::jobs

@@ -4,11 +4,13 @@
 #include <utility>
 
 #include "files/numbered_path.h"
+#include "jobs/job_names.h"
 #include "jobs/mask.h"
 #include "media/file_kind.h"
 #include "media/frame_writer.h"
 #include "media/media_error.h"
 #include "media/video/video_codec.h"
+#include "parameters/ruvex_interface.h"
 
 namespace ruvex::jobs {
 namespace {
@@ -22,14 +24,6 @@ std::string rangeText(int low, int high) {
 void checkNumber(JobField field, std::optional<int> value, int low, int high) {
     if (value && (*value < low || *value > high)) {
         throw JobError(field, std::to_string(*value) + " is not " + rangeText(low, high) + ".");
-    }
-}
-
-void checkWorkers(const RenderJob& job) {
-    if (job.workers && *job.workers < 1) {
-        throw JobError(JobField::Workers, std::to_string(*job.workers) +
-                                              " is not a number of shares; it has to be at least "
-                                              "1.");
     }
 }
 
@@ -80,6 +74,9 @@ void checkComparison(const RenderJob& job) {
 
 void checkStreamFormat(JobField field, const std::optional<media::FileKind>& format,
                        const fs::path& path) {
+    if (format && nameOf(*format).empty()) {
+        throw JobError(field, "a stream holds y4m, rgba8 or s214.");
+    }
     if (format && media::fileKind(path) != media::FileKind::Stream) {
         throw JobError(
             field, "this is for streams (-); the ending of " + path.string() + " says what it is.");
@@ -167,7 +164,7 @@ void checkJob(const RenderJob& job) {
     checkComparison(job);
     checkNumber(JobField::Quality, job.quality, 1, 100);
     checkNumber(JobField::FramesAtOnce, job.framesAtOnce, 1, kMostFramesAtOnce);
-    checkWorkers(job);
+    checkNumber(JobField::Workers, job.workers, 1, kMostWorkers);
     if (!job.mask.empty()) checkMaskName(job.mask);
     checkRawSize(job);
     checkOutput(job);

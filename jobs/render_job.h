@@ -56,7 +56,7 @@ media::ReadOptions readingOf(const RenderJob& job);
 /// that a frame can have.
 void checkRawSize(const RenderJob& job);
 
-/// Throws JobError for the first thing that is wrong whatever the input holds.
+/// Checks everything that needs no look at the input. Throws JobError for the first fault.
 void checkJob(const RenderJob& job);
 
 }  // namespace ruvex::jobs

@@ -5,10 +5,20 @@
 #include "files/numbered_path.h"
 #include "jobs/clip_choice.h"
 #include "media/file_kind.h"
+#include "media/media_error.h"
 #include "media/pixels/fields.h"
 
 namespace ruvex::jobs {
 namespace {
+
+void checkPictureSize(JobField field, media::FrameSize size, media::Depth depth,
+                      const std::filesystem::path& file) {
+    try {
+        media::checkFrameSize(size, depth, file.string());
+    } catch (const media::MediaError& error) {
+        throw JobError(field, error.what());
+    }
+}
 
 void checkRegionInside(const RenderJob& job, media::FrameSize size) {
     if (job.region && (std::int64_t{job.region->x} + job.region->width > size.width ||
@@ -64,7 +74,7 @@ media::FieldOrder fieldsToRender(const RenderJob& job, const media::ClipInfo& cl
     }
     if (clip.size.height < 2) {
         throw JobError(JobField::Fields,
-                       job.input.string() + " has one line, and so no two fields.");
+                       job.input.string() + " has only one line; fields need two.");
     }
     return order;
 }
@@ -137,17 +147,16 @@ RenderPlan planRender(const RenderJob& job, const media::ClipInfo& clip, std::ve
     plan.depth = job.depth.value_or(clip.depth);
     plan.rate = chooseRate(job.input, clip, job.rate, notes);
     noteRemarks(job, clip, plan.rate, notes);
-    plan.clip = {clip.first, clip.last};
     plan.frames = chooseFrames(job.input, clip, job.frames);
     plan.endless = !clip.lastKnown && !job.frames;
-    media::checkFrameSize(plan.size, plan.depth, job.input.string());
+    checkPictureSize(JobField::Input, plan.size, plan.depth, job.input);
     checkRegionInside(job, plan.size);
     checkRoomForFrames(plan);
     const media::FrameSize project = job.projectSize.value_or(plan.size);
     plan.project = {project.width, project.height, job.pixelAspect, plan.rate.value()};
     plan.writing = writingOf(job, clip, plan);
     plan.fields = fieldsToRender(job, clip, plan.writing.fields);
-    media::checkFrameSize(plan.writing.size, plan.depth, job.output.string());
+    checkPictureSize(JobField::Output, plan.writing.size, plan.depth, job.output);
     return plan;
 }
 

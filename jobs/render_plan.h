@@ -20,7 +20,6 @@ struct RenderPlan {
     media::FrameSize size;  ///< Of the input's frames.
     media::Depth depth = media::Depth::Bits8;
     media::Rational rate{25, 1};
-    FrameRange clip;    ///< The frames of the input.
     FrameRange frames;  ///< The frames to render.
     /// Render to the end of a stream, which is not known beforehand; `frames` then ends beyond it.
     bool endless = false;
@@ -39,9 +38,9 @@ struct RenderPlan {
     media::WriteOptions writing;
 };
 
-/// Checks the job and completes it from what is known of its input. Throws JobError for what the
-/// job asks of this clip in vain, such as frames or a region outside it, or several frames in one
-/// still. Adds what the user should know to `notes`.
+/// Checks the job and completes it from what is known of its input. Throws JobError for what
+/// this clip cannot give, such as frames or a region outside it, or several frames in one still.
+/// Adds what the user should know to `notes`.
 RenderPlan planRender(const RenderJob& job, const media::ClipInfo& clip, std::vector<Note>& notes);
 
 }  // namespace ruvex::jobs

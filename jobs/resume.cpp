@@ -29,7 +29,7 @@ bool isComplete(const fs::path& file, media::FrameSize size) {
 
 }  // namespace
 
-FramesToMake framesToMake(const RenderPlan& plan, std::stop_token stop) {
+FramesToMake framesToMake(const RenderPlan& plan, const std::stop_token& stop) {
     FramesToMake frames{.range = plan.frames, .endless = plan.endless};
     if (!plan.resume) {
         return frames;

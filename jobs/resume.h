@@ -11,6 +11,6 @@ namespace ruvex::jobs {
 /// The plan's frames; if it resumes, without those whose files are complete pictures of the right
 /// size. Which parameters a picture was made with cannot be seen. Incomplete if a stop is
 /// requested.
-FramesToMake framesToMake(const RenderPlan& plan, std::stop_token stop = {});
+FramesToMake framesToMake(const RenderPlan& plan, const std::stop_token& stop = {});
 
 }  // namespace ruvex::jobs

@@ -22,12 +22,12 @@ std::shared_ptr<SharedClip> clipOf(const RenderPlan& plan,
 
 }  // namespace
 
-RenderEnd runRender(const RenderPlan& plan, RenderEvents& events, std::stop_token stop) {
-    return runRender(plan, media::openReader(plan.input, plan.reading), events, std::move(stop));
+RenderEnd runRender(const RenderPlan& plan, RenderEvents& events, const std::stop_token& stop) {
+    return runRender(plan, media::openReader(plan.input, plan.reading), events, stop);
 }
 
 RenderEnd runRender(const RenderPlan& plan, std::unique_ptr<media::FrameReader> reader,
-                    RenderEvents& events, std::stop_token stop) {
+                    RenderEvents& events, const std::stop_token& stop) {
     const FramesToMake frames = framesToMake(plan, stop);
     events.begun(frames);
     Pipeline pipeline(plan, clipOf(plan, std::move(reader)), stop);

@@ -33,11 +33,11 @@ enum class RenderEnd {
 
 /// Reads, renders and writes. Throws JobError, media::MediaError, runtime::Error and FrameFailure;
 /// nothing incomplete is left under a final name.
-RenderEnd runRender(const RenderPlan& plan, RenderEvents& events, std::stop_token stop = {});
+RenderEnd runRender(const RenderPlan& plan, RenderEvents& events, const std::stop_token& stop = {});
 
 /// The same with a reader of the plan's input that is open already, which standard input needs:
 /// it cannot be opened twice.
 RenderEnd runRender(const RenderPlan& plan, std::unique_ptr<media::FrameReader> reader,
-                    RenderEvents& events, std::stop_token stop = {});
+                    RenderEvents& events, const std::stop_token& stop = {});
 
 }  // namespace ruvex::jobs

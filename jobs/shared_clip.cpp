@@ -1,5 +1,9 @@
 #include "jobs/shared_clip.h"
 
+#include <string>
+
+#include "media/media_error.h"
+
 namespace ruvex::jobs {
 
 bool SharedClip::readFrom(Locked& locked, std::int64_t number, media::Frame& frame) {
@@ -9,6 +13,12 @@ bool SharedClip::readFrom(Locked& locked, std::int64_t number, media::Frame& fra
 
 bool SharedClip::read(std::int64_t number, media::Frame& frame) {
     return readFrom(inOrder_, number, frame);
+}
+
+void SharedClip::readExisting(std::int64_t number, media::Frame& frame) {
+    if (!read(number, frame)) {
+        throw media::MediaError("The input has ended before frame " + std::to_string(number) + ".");
+    }
 }
 
 bool SharedClip::readOther(std::int64_t number, media::Frame& frame) {

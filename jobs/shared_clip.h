@@ -27,7 +27,10 @@ public:
     /// MediaError. Any thread.
     bool read(std::int64_t number, media::Frame& frame);
 
-    /// The same for a frame out of order.
+    /// The same; throws MediaError where the clip has no such frame.
+    void readExisting(std::int64_t number, media::Frame& frame);
+
+    /// The same as read for a frame out of order.
     bool readOther(std::int64_t number, media::Frame& frame);
 
 private:

@@ -58,10 +58,11 @@ std::string percentDecoded(const std::string& text) {
 
 /// The folder of the path is resolved first: ".." cannot be cancelled against a symbolic link.
 fs::path relativeTo(const fs::path& folder, const fs::path& path) {
-    const fs::path parent = fs::weakly_canonical(fs::absolute(path).parent_path());
-    const fs::path base = fs::weakly_canonical(fs::absolute(folder));
+    std::error_code error;
+    const fs::path parent = fs::weakly_canonical(fs::absolute(path, error).parent_path(), error);
+    const fs::path base = fs::weakly_canonical(fs::absolute(folder, error), error);
     const fs::path relative = parent.lexically_relative(base);
-    if (relative.empty()) return parent / path.filename();
+    if (relative.empty()) return fs::absolute(path, error);
     const fs::path whole = relative == "." ? path.filename() : relative / path.filename();
     return whole == kStream ? fs::path(".") / whole : whole;
 }
@@ -88,9 +89,9 @@ Json storedPath(const fs::path& path, const fs::path& folder) {
 
 fs::path pathFromStored(const Json& stored, const fs::path& folder) {
     const fs::path path = bytesOf(stored);
-    if (path.empty()) throw JsonError("a file name is not empty.");
+    if (path.empty()) throw JsonError("the file name is empty.");
     if (path.string().find('\0') != std::string::npos) {
-        throw JsonError("a file name does not contain a zero byte.");
+        throw JsonError("the file name contains a zero byte.");
     }
     return path == kStream || folder.empty() ? path : folder / path;
 }

@@ -3,6 +3,7 @@
 #include <unordered_set>
 #include <vector>
 
+#include "files/whole_file.h"
 #include "files/words.h"
 
 namespace ruvex::looks {
@@ -59,6 +60,11 @@ Json parseJson(const std::string& text) {
     } catch (const Json::exception& error) {
         throw JsonError("this is not valid JSON: " + detailOf(error) + ".");
     }
+}
+
+std::string readJsonText(const std::filesystem::path& file) {
+    constexpr std::size_t kMostBytes = std::size_t{16} << 20;
+    return files::readText(file, kMostBytes);
 }
 
 bool isUtf8(const std::string& text) {

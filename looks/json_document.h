@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include <filesystem>
 #include <nlohmann/json.hpp>
 #include <stdexcept>
 #include <string>
@@ -21,6 +22,10 @@ public:
 /// Throws JsonError for malformed text (with line and column), for two members of one name in an
 /// object, and for brackets that are nested more than 16 deep.
 Json parseJson(const std::string& text);
+
+/// The text of a file with JSON. Throws files::FileError if it cannot be read or has more than
+/// 16 MB: room for every parameter with thousands of keys, but not for a video named by mistake.
+std::string readJsonText(const std::filesystem::path& file);
 
 /// Whether a string can stand in JSON as it is: valid UTF-8.
 bool isUtf8(const std::string& text);

@@ -11,7 +11,7 @@ namespace ruvex::looks {
 
 std::optional<std::vector<FrameValues>> levelSeries(const runtime::EffectSession& session,
                                                     std::int64_t first, std::int64_t last,
-                                                    double rate, std::stop_token stop) {
+                                                    double rate, const std::stop_token& stop) {
     const IRuvexControl& control = ruvexControl(session);
     const auto scope = session.enter();
     std::vector<FrameValues> series;

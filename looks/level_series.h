@@ -17,7 +17,7 @@ namespace ruvex::looks {
 /// Empty if `stop` was requested before the last. Throws runtime::Error.
 std::optional<std::vector<FrameValues>> levelSeries(const runtime::EffectSession& session,
                                                     std::int64_t first, std::int64_t last,
-                                                    double rate, std::stop_token stop = {});
+                                                    double rate, const std::stop_token& stop = {});
 
 /// The threshold of an artefact at each frame of a series.
 struct ThresholdCurve {

@@ -2,15 +2,11 @@
 
 #include <set>
 
-#include "files/whole_file.h"
 #include "files/words.h"
 #include "parameters/parameter_text.h"
 
 namespace ruvex::looks {
 namespace {
-
-/// Room for every parameter with thousands of keys, but not for a video that was named by mistake.
-constexpr std::size_t kMostBytes = std::size_t{16} << 20;
 
 constexpr const char* kSeconds = "seconds";
 constexpr const char* kValue = "value";
@@ -137,9 +133,7 @@ std::vector<ParameterChange> parseLookFile(const std::string& name, const std::s
 
 std::vector<ParameterChange> readLookFile(const std::filesystem::path& file,
                                           std::vector<std::string>& warnings) {
-    const std::vector<std::byte> bytes = files::readWhole(file, kMostBytes);
-    return parseLookFile(file.string(), {reinterpret_cast<const char*>(bytes.data()), bytes.size()},
-                         warnings);
+    return parseLookFile(file.string(), readJsonText(file), warnings);
 }
 
 std::string lookText(std::span<const ParameterChange> changes, int indent) {

@@ -24,8 +24,8 @@ std::string noSuchParameter(std::string_view name) {
     // Longer names are no typing errors, and finding the nearest label takes longer for them.
     constexpr std::size_t kLongest = 100;
     if (name.size() > kLongest) {
-        return "there is no parameter with a name as long as '" + std::string(name.substr(0, 20)) +
-               "...'. 'ruvex params' lists them all.";
+        return "there is no parameter with a name as long as " +
+               files::inQuotes(files::printable(name, 20)) + ". 'ruvex params' lists them all.";
     }
     // A name with more than every second letter wrong is a different word.
     const std::string_view nearest = nearestParameter(name).label;

@@ -18,7 +18,9 @@ std::string nameOf(int preset) {
 
 /// Whether a name that is no preset's is meant as a file's.
 bool namesFile(const std::filesystem::path& name) {
-    return name.has_parent_path() || name.extension() == ".json" || std::filesystem::exists(name);
+    std::error_code ignored;
+    return name.has_parent_path() || name.extension() == ".json" ||
+           std::filesystem::exists(name, ignored);
 }
 
 std::string allNames() {

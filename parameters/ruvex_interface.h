@@ -33,6 +33,9 @@ struct FrameValues {
     std::int32_t shashFramesOn;  ///< for how many frames there has been shash
 };
 
+/// The most workers that an effect object can be given.
+inline constexpr std::int32_t kMostWorkers = 1024;
+
 /// Asked for like any interface of the effect, with `kRuvexControlId`. The query takes a reference
 /// to the effect, which is released through one of the effect's own interfaces; the pointer is good
 /// as long as the effect lives.
@@ -40,7 +43,7 @@ struct IRuvexControl {
     /// Sets the number of workers, each of which renders one share of a pass's rows, for the frames
     /// of this object; 0 stands for the machine's number of processors. A clone starts with the
     /// count of its source; other objects keep theirs. Not while this object renders. Returns 0,
-    /// or 0x80070057, changing nothing, for a negative number and for one above 1024.
+    /// or 0x80070057, changing nothing, for a negative number and for one above kMostWorkers.
     virtual std::int32_t setWorkerCount(std::int32_t count) = 0;
     /// The number of workers of this object's frames, at least 1.
     virtual std::int32_t workerCount() const = 0;

@@ -121,7 +121,11 @@ struct EffectSession::State {
 
     ComPtr<IDSImage> inputFor(const RenderRequest& request) const {
         if (request.input || !setup.provider) return request.input;
-        return setup.provider->imageAt(request.seconds);
+        try {
+            return setup.provider->imageAt(request.seconds);
+        } catch (...) {
+            return {};
+        }
     }
 
     void handIn(const RenderRequest& request);

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Runs every `ruvex` example of the documents and of the commands' own help, on files with the names
-# that the examples use, and reads every parameter file that the documents show.
+# that the examples use, and reads every look file that the documents show.
 # Usage: readme_examples.sh COMMAND DOCUMENT...
 set -euo pipefail
 command=$(realpath "$1")
@@ -41,7 +41,7 @@ for file in shown.*.json; do
     ruvex level --frames 0-0 --params "$file" >output || { echo "not taken: $file"; exit 1; }
     shown=$((shown + 1))
 done
-[ "$shown" -ge 1 ] || { echo "no parameter file found"; exit 1; }
+[ "$shown" -ge 1 ] || { echo "no look file found"; exit 1; }
 for result in poor.mp4 going.mkv cropped.00003.png out.7.s214 part.png rewound.mp4 spot.mp4 level.svg \
     sheet.png my-look.json again.mp4 both.mp4 split.mp4 still.png piped.mp4; do
     [ -s "$result" ] || { echo "no $result"; exit 1; }

@@ -137,18 +137,6 @@ TEST_P(Rendering, ARequestedStopEndsIt) {
     EXPECT_FALSE(renderer.render(0, clip.picture(0), result));
 }
 
-TEST_P(Rendering, TooManyWorkersAreRefusedByTheEffect) {
-    RenderJob job = clip.job();
-    job.workers = 100000;
-    const RenderPlan plan = clip.plan(job);
-    try {
-        const FrameRenderer renderer(plan, open(plan));
-        FAIL();
-    } catch (const JobError& error) {
-        EXPECT_EQ(error.field(), JobField::Workers);
-    }
-}
-
 INSTANTIATE_TEST_SUITE_P(Depths, Rendering, testing::Values(Depth::Bits8, Depth::S214));
 
 /// What the effect gets when it asks for other frames.

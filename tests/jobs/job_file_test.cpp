@@ -91,7 +91,7 @@ public:
         job.fields = coin();
         if (coin()) job.mask = text("mask");
         job.ends = coin() ? ClipEnds::Loop : ClipEnds::Blank;
-        give(job.comparison, Comparison{});
+        give(job.comparison, Comparison{Comparison::Kind::SideBySide, 0.3});
         job.framesAtOnce = whole();
         job.resume = coin();
         job.parameters = looks::lastChanges(looks::presetChanges(whole() % kPresetCount));
@@ -177,6 +177,10 @@ TEST(JobFile, WhatIsWrongIsSaidInOneSentence) {
     EXPECT_EQ(refusal(textWith("\"depth\": 8, \"depth\": 8")), "job.json: 'depth' occurs twice.");
     EXPECT_NE(refusal(textWith("\"parameters\": {\"Snow Mux\": 1}")).find("'Snow Max'"),
               std::string::npos);
+    EXPECT_EQ(refusal(textWith("\"workers\": 3000000000")),
+              "job.json: workers: 3000000000 is out of range.");
+    EXPECT_EQ(refusal(textWith("\"workers\": 1.5")),
+              "job.json: workers: 1.5 is not a whole number.");
     EXPECT_NE(refusal("{\"ruvexJob\": 1,").find("not valid JSON"), std::string::npos);
 }
 

@@ -128,6 +128,8 @@ TEST(RenderPlan, NamesTheFieldThatIsWrong) {
               OutputFormat);
     EXPECT_EQ(wrongField([](RenderJob& j) { j.rate = media::Rational{0, 1}; }), Rate);
     EXPECT_EQ(wrongField([](RenderJob& j) { j.workers = 0; }), Workers);
+    EXPECT_EQ(wrongField([](RenderJob& j) { j.workers = 1024; }), std::nullopt);
+    EXPECT_EQ(wrongField([](RenderJob& j) { j.workers = 1025; }), Workers);
     EXPECT_EQ(wrongField([](RenderJob& j) {
                   j.projectSize = media::FrameSize{0, 5};
               }),

@@ -77,6 +77,16 @@ TEST(RunRender, AStopKeepsCompleteFilesAndNothingElse) {
     for (const auto& [number, frame] : some) EXPECT_TRUE(frame == all.at(number)) << number;
 }
 
+TEST(RunRender, AStopAfterTheLastFrameChangesNothing) {
+    const JobClip clip({20, 12}, Depth::Bits8, 4);
+    Recorder events;
+    events.stopAfter = 4;
+    EXPECT_EQ(runRender(clip.plan(clip.job()), events, events.source.get_token()),
+              RenderEnd::Finished);
+    EXPECT_TRUE(events.ended);
+    EXPECT_EQ(clip.written().size(), 4u);
+}
+
 TEST(RunRender, AStopThatCameBeforeMakesNothing) {
     const JobClip clip({20, 12}, Depth::Bits8, 3);
     std::stop_source stop;

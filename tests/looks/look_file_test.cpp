@@ -248,7 +248,7 @@ TEST(ParameterFile, NoBeginningOfAFileIsAFile) {
     }
 }
 
-/// What a parameter file is made of, in any order: whatever comes, it is read or refused.
+/// What a look file is made of, in any order: whatever comes, it is read or refused.
 TEST(ParameterFile, RandomTextIsReadOrRefused) {
     const std::string parts[] = {"{",    "}",   "[",  "]",           ":",         ",",
                                  "\"",   "1e9", "-",  "\"Seed\"",    "\"\\u",     "true",
