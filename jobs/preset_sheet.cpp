@@ -6,8 +6,7 @@
 
 #include "jobs/frame_renderer.h"
 #include "looks/presets.h"
-#include "media/pixels/sample_convert.h"
-#include "media/pixels/scale_frame.h"
+#include "media/pixels/frame_convert.h"
 #include "media/stills/contact_sheet.h"
 #include "parameters/presets.h"
 

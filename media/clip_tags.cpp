@@ -8,8 +8,7 @@ extern "C" {
 #include <string_view>
 
 #include "files/words.h"
-#include "media/av_handles.h"
-#include "media/library_log.h"
+#include "media/av_library.h"
 
 namespace ruvex::media {
 namespace {

@@ -36,8 +36,15 @@ std::string toText(FrameSize size);
 /// sizes do not hold. `what` begins the sentence and names the culprit ("clip.mkv", "--size").
 void checkFrameSize(FrameSize size, Depth depth, const std::string& what);
 
-/// A picture: red, green, blue, alpha a pixel, rows without padding. Row 0 is the picture's bottom
-/// line; see row_order.h.
+/// The chain row that shows a line of a stored picture, and the line that a chain row shows. Lines
+/// count from the top, as files of video and stills store them. Chain rows count from the bottom:
+/// cropping the bottom takes rows from 0 on. Raw frames are chain rows and need no conversion.
+constexpr int chainRowOfLine(int line, int height) {
+    return height - 1 - line;
+}
+
+/// A picture: components red, green, blue, alpha for each pixel, rows without padding, row 0 at
+/// the bottom.
 class Frame {
 public:
     Frame() = default;

@@ -4,7 +4,7 @@
 
 #include "media/file_kind.h"
 #include "media/media_error.h"
-#include "media/pixels/sample_convert.h"
+#include "media/pixels/frame_convert.h"
 #include "media/stills/still_reader.h"
 #include "media/streams/stream_reader.h"
 #include "media/video/video_reader.h"

@@ -7,8 +7,8 @@ extern "C" {
 #include <algorithm>
 #include <cmath>
 
+#include "media/frame.h"
 #include "media/pixels/plane_line.h"
-#include "media/pixels/row_order.h"
 
 namespace ruvex::media {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <cstring>
 
-#include "media/pixels/row_order.h"
+#include "media/frame.h"
 
 namespace ruvex::media {
 

@@ -4,8 +4,8 @@
 #include <array>
 #include <cmath>
 
+#include "media/frame.h"
 #include "media/pixels/plane_line.h"
-#include "media/pixels/row_order.h"
 
 namespace ruvex::media {
 namespace {

@@ -7,7 +7,7 @@ extern "C" {
 
 #include <cstring>
 
-#include "media/pixels/row_order.h"
+#include "media/frame.h"
 
 namespace ruvex::media {
 namespace {

@@ -4,7 +4,7 @@
 
 #include <array>
 
-#include "media/av_handles.h"
+#include "media/av_library.h"
 #include "media/frame.h"
 
 namespace ruvex::media {

@@ -8,9 +8,8 @@ extern "C" {
 #include <cstring>
 #include <vector>
 
-#include "media/pixels/placed_numbers.h"
+#include "media/frame.h"
 #include "media/pixels/plane_line.h"
-#include "media/pixels/row_order.h"
 #include "media/pixels/sample_convert.h"
 
 namespace ruvex::media {
@@ -108,9 +107,9 @@ void unpackChannel(const AVFrame& picture, const AVPixFmtDescriptor& format, int
     const AVComponentDescriptor& place = format.comp[component];
     const int white = (1 << place.depth) - 1;
     if (isByte(format, place)) {
-        store(PlacedNumbers<std::uint8_t>(picture, place, y), white, to);
+        store(ComponentLine<std::uint8_t>(picture, place, y), white, to);
     } else if (isInWord(format, place)) {
-        store(PlacedNumbers<std::uint16_t>(picture, place, y), white, to);
+        store(ComponentLine<std::uint16_t>(picture, place, y), white, to);
     } else {
         readComponent(picture, format, component, y, line);
         store(line, white, to);

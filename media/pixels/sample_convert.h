@@ -35,7 +35,4 @@ constexpr std::uint16_t u16FromS214(std::int16_t value) {
     return scaleFromS214(value, 65535);
 }
 
-/// The frame at another depth; at its own depth, the frame itself.
-Frame convertDepth(Frame frame, Depth depth);
-
 }  // namespace ruvex::media

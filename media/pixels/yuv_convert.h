@@ -5,7 +5,7 @@
 #include <filesystem>
 #include <optional>
 
-#include "media/av_handles.h"
+#include "media/av_library.h"
 #include "media/clip_info.h"
 #include "media/pixels/deep_yuv.h"
 #include "media/pixels/picture_scaler.h"

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
-#include "media/pixels/row_order.h"
+#include "media/frame.h"
 #include "media/stills/text_label.h"
 
 namespace ruvex::media {

@@ -1,5 +1,3 @@
-#include "media/stills/exr_structure.h"
-
 #include <algorithm>
 #include <bit>
 #include <cstdint>
@@ -7,6 +5,8 @@
 #include <limits>
 #include <optional>
 #include <string_view>
+
+#include "media/stills/still_structure.h"
 
 namespace ruvex::media {
 namespace {

@@ -6,7 +6,7 @@ extern "C" {
 
 #include <algorithm>
 
-#include "media/library_log.h"
+#include "media/av_library.h"
 #include "media/media_error.h"
 
 namespace ruvex::media {

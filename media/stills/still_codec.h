@@ -5,7 +5,7 @@
 #include <filesystem>
 #include <span>
 
-#include "media/av_handles.h"
+#include "media/av_library.h"
 #include "media/file_kind.h"
 #include "media/rational.h"
 

@@ -1,7 +1,7 @@
 #include "media/stills/still_reader.h"
 
 #include "media/media_error.h"
-#include "media/pixels/sample_convert.h"
+#include "media/pixels/frame_convert.h"
 #include "media/stills/raw_frame.h"
 #include "media/stills/still_file.h"
 

@@ -6,8 +6,6 @@
 #include <cstring>
 #include <string_view>
 
-#include "media/stills/exr_structure.h"
-
 namespace ruvex::media {
 namespace {
 

@@ -12,8 +12,7 @@ extern "C" {
 #include <new>
 #include <utility>
 
-#include "media/av_handles.h"
-#include "media/library_log.h"
+#include "media/av_library.h"
 #include "media/media_error.h"
 #include "media/pixels/rgb_lines.h"
 
@@ -38,10 +37,8 @@ std::string colourText(unsigned colour) {
 
 void require(int result) {
     if (result < 0) {
-        const std::string detail = takeLibraryError();
-        throw MediaError(
-            "Cannot draw letters: " + (detail.empty() ? libraryReason(result) : detail) +
-            ". Install a font, as in Debian's fonts-dejavu-core.");
+        throw MediaError("Cannot draw text: " + takeLibraryReason(result) +
+                         ". Install a font, for example Debian's fonts-dejavu-core.");
     }
 }
 

@@ -24,6 +24,16 @@ std::size_t InputStream::read(std::span<std::byte> bytes) {
     return filled;
 }
 
+bool InputStream::readFrame(std::span<std::byte> bytes) {
+    const std::size_t got = read(bytes);
+    if (got != 0 && got != bytes.size()) {
+        throw MediaError(name_ + " breaks off within a frame: " + std::to_string(got) + " of its " +
+                         std::to_string(bytes.size()) +
+                         " bytes came. It is cut off, or its frames have another size.");
+    }
+    return got != 0;
+}
+
 void OutputStream::write(std::span<const std::byte> bytes) {
     const int failed = files::writeAll(fd_, bytes);
     if (failed == EPIPE) {

@@ -20,6 +20,10 @@ public:
     /// system refuses.
     std::size_t read(std::span<std::byte> bytes);
 
+    /// Fills `bytes`, the size of one frame. False at the end of the stream. Throws MediaError if
+    /// the stream ends within the frame.
+    bool readFrame(std::span<std::byte> bytes);
+
 private:
     int fd_;
     std::string name_;

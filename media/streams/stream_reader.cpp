@@ -4,7 +4,6 @@
 
 #include "media/file_kind.h"
 #include "media/media_error.h"
-#include "media/streams/raw_stream.h"
 #include "media/streams/y4m_stream.h"
 
 namespace ruvex::media {
@@ -31,6 +30,24 @@ std::unique_ptr<StreamSource> openSource(InputStream stream, const ReadOptions& 
 }
 
 }  // namespace
+
+RawStream::RawStream(InputStream stream, FrameSize size, Depth depth) : stream_(std::move(stream)) {
+    checkFrameSize(size, depth, stream_.name());
+    info_.size = size;
+    info_.depth = depth;
+    info_.last = kEndless;
+    info_.lastKnown = false;
+    info_.hasAlpha = true;
+    info_.bits = depth == Depth::Bits8 ? 8 : 16;
+}
+
+std::optional<Frame> RawStream::next() {
+    Frame frame(info_.size, info_.depth);
+    if (!stream_.readFrame(frame.bytes())) {
+        return std::nullopt;
+    }
+    return frame;
+}
 
 StreamReader::StreamReader(int descriptor, std::string name, const ReadOptions& options)
     : FrameReader(options.depth),

@@ -24,6 +24,20 @@ protected:
     StreamSource() = default;
 };
 
+/// Raw frames one after the other: chain rows, row 0 first, S2.14 words little-endian.
+class RawStream : public StreamSource {
+public:
+    /// Throws MediaError on a size that checkFrameSize refuses.
+    RawStream(InputStream stream, FrameSize size, Depth depth);
+
+    const ClipInfo& info() const override { return info_; }
+    std::optional<Frame> next() override;
+
+private:
+    InputStream stream_;
+    ClipInfo info_;
+};
+
 /// Frames by number, as far as they are at hand: those that came last are kept, up to a bound on
 /// memory, so that an effect may look back and ahead. What came before them is gone.
 class StreamReader : public FrameReader {

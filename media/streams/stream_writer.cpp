@@ -8,7 +8,7 @@ extern "C" {
 
 #include "media/file_kind.h"
 #include "media/media_error.h"
-#include "media/pixels/sample_convert.h"
+#include "media/pixels/frame_convert.h"
 
 namespace ruvex::media {
 namespace {

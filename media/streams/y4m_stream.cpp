@@ -7,7 +7,7 @@ extern "C" {
 #include <string_view>
 
 #include "media/media_error.h"
-#include "media/streams/raw_stream.h"
+#include "media/streams/stream_reader.h"
 
 namespace ruvex::media {
 namespace {
@@ -89,7 +89,7 @@ std::optional<Frame> Y4mStream::next() {
     if (!line->starts_with(kFrameMark) || (line->size() > kFrameMark.size() && !tags)) {
         throw MediaError(stream_.name() + " is damaged: a frame of it does not begin with FRAME.");
     }
-    if (!readWholeFrame(stream_, bytes_)) {
+    if (!stream_.readFrame(bytes_)) {
         throw MediaError(stream_.name() + " breaks off within a frame.");
     }
     std::uint8_t* planes[4] = {};

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <string_view>
 
-#include "media/library_log.h"
+#include "media/av_library.h"
 
 namespace ruvex::media {
 namespace {

@@ -6,7 +6,7 @@
 #include <memory>
 #include <vector>
 
-#include "media/av_handles.h"
+#include "media/av_library.h"
 
 namespace ruvex::media {
 

@@ -1,15 +1,14 @@
 #include "media/video/video_decoder.h"
 
-#include "media/library_log.h"
+#include "media/av_library.h"
 #include "media/media_error.h"
 
 namespace ruvex::media {
 namespace {
 
 MediaError undecodable(const std::filesystem::path& path, int code) {
-    const std::string detail = takeLibraryError();
     return MediaError(path.string() + " is damaged: a frame cannot be decoded (" +
-                      (detail.empty() ? libraryReason(code) : detail) + ").");
+                      takeLibraryReason(code) + ").");
 }
 
 }  // namespace

@@ -8,7 +8,7 @@ extern "C" {
 #include <string>
 #include <string_view>
 
-#include "media/library_log.h"
+#include "media/av_library.h"
 #include "media/media_error.h"
 #include "media/pixels/yuv_convert.h"
 
@@ -131,9 +131,7 @@ AvCodec openEncoder(const VideoCodec& codec, const std::filesystem::path& path,
     }
     const int code = avcodec_open2(coder.get(), &encoder, nullptr);
     if (code < 0) {
-        const std::string detail = takeLibraryError();
-        throw MediaError("Cannot write " + path.string() + ": " +
-                         (detail.empty() ? libraryReason(code) : detail) + ".");
+        throw MediaError("Cannot write " + path.string() + ": " + takeLibraryReason(code) + ".");
     }
     return coder;
 }

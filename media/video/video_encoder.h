@@ -4,7 +4,7 @@
 
 #include <filesystem>
 
-#include "media/av_handles.h"
+#include "media/av_library.h"
 #include "media/frame_writer.h"
 #include "media/video/video_codec.h"
 

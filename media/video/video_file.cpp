@@ -1,6 +1,6 @@
 #include "media/video/video_file.h"
 
-#include "media/library_log.h"
+#include "media/av_library.h"
 #include "media/media_error.h"
 
 namespace ruvex::media {
@@ -20,9 +20,7 @@ std::string whyNotOpened(const fs::path& path, int code) {
     if (fs::file_size(path, ignored) == 0) {
         return start + "it is empty.";
     }
-    const std::string detail = takeLibraryError();
-    return start + "it is cut off or not a video file (" +
-           (detail.empty() ? libraryReason(code) : detail) + ").";
+    return start + "it is cut off or not a video file (" + takeLibraryReason(code) + ").";
 }
 
 AVFormatContext* open(const fs::path& path) {

@@ -5,7 +5,7 @@
 #include <filesystem>
 #include <memory>
 
-#include "media/av_handles.h"
+#include "media/av_library.h"
 
 namespace ruvex::media {
 

@@ -4,7 +4,7 @@
 #include <cmath>
 #include <string_view>
 
-#include "media/library_log.h"
+#include "media/av_library.h"
 #include "media/media_error.h"
 
 namespace ruvex::media {

@@ -1,11 +1,15 @@
 #include "media/video/video_reader.h"
 
+#include <algorithm>
+
 #include "media/media_error.h"
 
 namespace ruvex::media {
 namespace {
 
 constexpr std::int64_t kNotShown = -1;
+constexpr std::size_t kMostCachedFrames = 8;
+constexpr std::size_t kMostCachedBytes = std::size_t{256} << 20;
 
 Rational pixelAspectOf(const AVFrame& picture, const AVStream& stream) {
     for (const AVRational& aspect : {stream.sample_aspect_ratio, picture.sample_aspect_ratio}) {
@@ -31,6 +35,27 @@ FieldOrder fieldsOf(const AVStream& stream) {
 }
 
 }  // namespace
+
+const Frame* FrameCache::find(std::int64_t number) {
+    const auto found = std::find_if(entries_.begin(), entries_.end(), [number](const Entry& entry) {
+        return entry.number == number;
+    });
+    if (found == entries_.end()) {
+        return nullptr;
+    }
+    entries_.splice(entries_.begin(), entries_, found);
+    return &entries_.front().frame;
+}
+
+void FrameCache::keep(std::int64_t number, Frame frame) {
+    const std::size_t bytes = std::max<std::size_t>(frame.bytes().size(), 1);
+    const std::size_t most =
+        std::clamp<std::size_t>(kMostCachedBytes / bytes, 1, kMostCachedFrames);
+    while (entries_.size() >= most) {
+        entries_.pop_back();
+    }
+    entries_.push_front({number, std::move(frame)});
+}
 
 VideoReader::VideoReader(const std::filesystem::path& path, const ReadOptions& options)
     : FrameReader(options.depth),

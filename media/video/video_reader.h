@@ -2,9 +2,10 @@
 
 #pragma once
 
+#include <cstdint>
+#include <list>
 #include <optional>
 
-#include "media/frame_cache.h"
 #include "media/frame_reader.h"
 #include "media/pixels/orientation.h"
 #include "media/pixels/yuv_convert.h"
@@ -12,6 +13,21 @@
 #include "media/video/video_index.h"
 
 namespace ruvex::media {
+
+/// The most recently used frames of a video, at most eight of them and 256 MB, but at least one.
+class FrameCache {
+public:
+    /// The frame, or null. The pointer is valid until the next call of `keep`.
+    const Frame* find(std::int64_t number);
+    void keep(std::int64_t number, Frame frame);
+
+private:
+    struct Entry {
+        std::int64_t number;
+        Frame frame;
+    };
+    std::list<Entry> entries_;  ///< The most recently used first.
+};
 
 /// Frame k is the k-th picture that is shown. Frames in turn are decoded once; for others the way
 /// leads from the key frame before, so that the picture is the same whichever way it is reached.

@@ -5,7 +5,7 @@
 
 #include "files/whole_file.h"
 #include "files/words.h"
-#include "media/library_log.h"
+#include "media/av_library.h"
 #include "media/media_error.h"
 #include "media/pixels/rgb_lines.h"
 #include "media/video/video_encoder.h"
@@ -13,9 +13,11 @@
 namespace ruvex::media {
 namespace {
 
-/// No coding reorders over more frames. One encoder leaves the decoding times of clips that are too
-/// short for reordering to chance: those frames are decoded in turn.
+/// No codec reorders over more frames than this. ("encode" explains what it is for.)
 constexpr int kMostReordered = 16;
+/// The libraries return -errno for an error of the system; their own codes are four characters in a
+/// negative 32-bit number, and so far below any errno.
+constexpr int kErrnoLimit = 4096;
 
 std::string ending(const std::filesystem::path& path) {
     return files::lowerCase(path.extension().string());
@@ -172,11 +174,10 @@ void VideoWriter::check(int code) const {
     if (code >= 0) {
         return;
     }
-    const bool system = code > -4096;  // the libraries' own codes are four letters each
-    const std::string detail = takeLibraryError();
-    throw MediaError(system ? files::writeFailure(path_, AVUNERROR(code))
-                            : "Cannot write " + path_.string() + ": " +
-                                  (detail.empty() ? libraryReason(code) : detail) + ".");
+    const bool isErrno = code > -kErrnoLimit;
+    const std::string reason = takeLibraryReason(code);
+    throw MediaError(isErrno ? files::writeFailure(path_, AVUNERROR(code))
+                             : "Cannot write " + path_.string() + ": " + reason + ".");
 }
 
 }  // namespace ruvex::media

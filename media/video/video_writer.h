@@ -5,7 +5,7 @@
 #include <optional>
 
 #include "files/partial_file.h"
-#include "media/av_handles.h"
+#include "media/av_library.h"
 #include "media/frame_writer.h"
 #include "media/pixels/yuv_convert.h"
 #include "media/video/audio_copy.h"

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "media/pixels/row_order.h"
+#include "media/frame.h"
 #include "media/stills/contact_sheet.h"
 #include "media/stills/raw_frame.h"
 #include "media/stills/still_file.h"

@@ -6,7 +6,7 @@
 
 #include "media/media_error.h"
 #include "media/stills/raw_frame.h"
-#include "media/streams/raw_stream.h"
+#include "media/streams/stream_reader.h"
 #include "tests/fuzz/fuzz.h"
 
 namespace {

@@ -4,8 +4,8 @@
 #include <gtest/gtest.h>
 #include <set>
 
-#include "media/pixels/row_order.h"
-#include "media/pixels/scale_frame.h"
+#include "media/frame.h"
+#include "media/pixels/frame_convert.h"
 #include "media/stills/text_label.h"
 #include "tests/media/test_clips.h"
 

@@ -3,9 +3,9 @@
 #include <fstream>
 #include <gtest/gtest.h>
 
+#include "media/frame.h"
 #include "media/frame_reader.h"
 #include "media/frame_writer.h"
-#include "media/pixels/row_order.h"
 #include "media/stills/raw_frame.h"
 #include "tests/media/test_clips.h"
 #include "tests/support/temp_folder.h"

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "media/pixels/row_order.h"
+#include "media/pixels/frame_convert.h"
 #include "media/pixels/sample_convert.h"
 #include "tests/media/test_clips.h"
 

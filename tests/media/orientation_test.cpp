@@ -3,8 +3,8 @@
 #include <fstream>
 #include <gtest/gtest.h>
 
+#include "media/frame.h"
 #include "media/frame_reader.h"
-#include "media/pixels/row_order.h"
 #include "tests/media/test_clips.h"
 #include "tests/support/temp_folder.h"
 

@@ -11,7 +11,7 @@ extern "C" {
 #include <random>
 #include <vector>
 
-#include "media/pixels/placed_numbers.h"
+#include "media/pixels/plane_line.h"
 
 namespace ruvex::media {
 namespace {

@@ -6,7 +6,7 @@
 #include "media/frame_reader.h"
 #include "media/frame_writer.h"
 #include "media/media_error.h"
-#include "media/pixels/sample_convert.h"
+#include "media/pixels/frame_convert.h"
 #include "media/stills/raw_frame.h"
 #include "media/stills/still_file.h"
 #include "tests/media/test_clips.h"

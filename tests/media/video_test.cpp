@@ -4,7 +4,7 @@
 
 #include "media/frame_reader.h"
 #include "media/frame_writer.h"
-#include "media/pixels/sample_convert.h"
+#include "media/pixels/frame_convert.h"
 #include "tests/media/test_clips.h"
 #include "tests/support/temp_folder.h"
 

@@ -1,13 +1,32 @@
-#include "media/pixels/scale_frame.h"
+#include "media/pixels/frame_convert.h"
 
 #include <algorithm>
 #include <cstring>
 #include <new>
 
-#include "media/av_handles.h"
+#include "media/av_library.h"
 #include "media/pixels/plane_line.h"
+#include "media/pixels/sample_convert.h"
 
 namespace ruvex::media {
+
+Frame convertDepth(Frame frame, Depth depth) {
+    if (frame.depth() == depth) {
+        return frame;
+    }
+    Frame converted(frame.size(), depth);
+    const int components = frame.width() * kChannels;
+    for (int y = 0; y < frame.height(); ++y) {
+        if (depth == Depth::S214) {
+            std::transform(frame.row8(y), frame.row8(y) + components, converted.row16(y),
+                           s214From8);
+        } else {
+            std::transform(frame.row16(y), frame.row16(y) + components, converted.row8(y),
+                           u8FromS214);
+        }
+    }
+    return converted;
+}
 
 FrameSize fitInto(FrameSize size, int most) {
     const int longer = std::max(size.width, size.height);

@@ -1,0 +1,21 @@
+// Frames converted to another depth or scaled to a smaller size.
+
+#pragma once
+
+#include "media/frame.h"
+
+namespace ruvex::media {
+
+/// The frame at `depth`, each component rounded to the nearest (see sample_convert.h). A frame of
+/// this depth is returned unchanged.
+Frame convertDepth(Frame frame, Depth depth);
+
+/// The largest size of the same proportions whose longer side has at most `most` pixels; the
+/// shorter side is rounded, at least 1. A size within the limit is returned unchanged.
+FrameSize fitInto(FrameSize size, int most);
+
+/// An 8-bit frame scaled to a smaller size by area averaging. A frame of this size is returned
+/// unchanged.
+Frame scaleDown(Frame frame, FrameSize size);
+
+}  // namespace ruvex::media
