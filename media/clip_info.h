@@ -1,4 +1,4 @@
-// What is known of a clip before its first frame is read.
+// The properties of a clip that has been opened.
 
 #pragma once
 
@@ -11,40 +11,41 @@
 
 namespace ruvex::media {
 
-/// How a video's colours are coded, in the numbers that containers store (ITU-T H.273); 2 is
-/// "not said". Carried from a clip to its render, so that a player shows both alike.
+/// A video's colour description as code points of ITU-T H.273, which containers store. A render
+/// gets its clip's, so that players show both alike.
 struct ColourTags {
-    static constexpr int kUnspecified = 2;
+    static constexpr int kUnspecified = 2;  ///< The code point "unspecified".
     int primaries = kUnspecified;
     int transfer = kUnspecified;
     int matrix = kUnspecified;
-    bool full = false;  ///< Black and white at the ends of the scale; RGB is always so.
+    bool full = false;  ///< Full range, not limited range. RGB is always full range.
 };
 
-/// How many colour differences there are to a picture's pixels: one to four pixels (two across, two
-/// up), one to two across, one to each. Unspecified where there are no colour differences.
+/// Chroma subsampling: one pair of chroma samples for 2x2 pixels (C420), for two pixels of a line
+/// (C422) or for each pixel (C444). Unspecified for RGB and grey.
 enum class Chroma { Unspecified, C420, C422, C444 };
 
-/// Whether a frame is one picture, or two fields of which the named one was taken first.
+/// Whether frames are progressive, or interlaced with the named field first in time.
 enum class FieldOrder { Progressive, TopFirst, BottomFirst };
 
-/// The last number of a clip whose end is not known.
+/// ClipInfo::last of a stream, whose end is not known: more than three days at 60 frames a second.
 inline constexpr std::int64_t kEndless = (std::int64_t{1} << 24) - 1;
 
 struct ClipInfo {
     FrameSize size;
-    Depth depth = Depth::Bits8;    ///< S2.14 for over 8 bits a component.
-    std::optional<Rational> rate;  ///< Frames a second; nothing if the files do not say.
-    bool uneven = false;           ///< Whether frames were doubled or left out to keep to the rate.
-    std::int64_t first = 0;        ///< Number of the first frame.
-    std::int64_t last = 0;         ///< Number of the last one, inclusive.
-    bool lastKnown = true;  ///< False for a stream, whose end shows when it comes; `last` is then
-                            ///< kEndless.
+    Depth depth = Depth::Bits8;    ///< S2.14 for more than 8 bits a component.
+    std::optional<Rational> rate;  ///< Frames a second; empty if the input does not say.
+    /// Whether the frame rate of the file varies, so that frames are repeated or skipped to give
+    /// the constant `rate`.
+    bool uneven = false;
+    std::int64_t first = 0;  ///< Number of the first frame.
+    std::int64_t last = 0;   ///< Number of the last frame, inclusive; kEndless for a stream.
+    bool lastKnown = true;   ///< False for a stream.
     bool hasAlpha = false;
     Rational pixelAspect{1, 1};  ///< Width of a pixel over its height.
     ColourTags colour;
-    std::int64_t start = 0;  ///< Time of the first frame on the file's own clock, in microseconds.
-    int bits = 8;            ///< Of a component of the input.
+    std::int64_t start = 0;  ///< Time stamp of the first frame in the file, in microseconds.
+    int bits = 8;            ///< Bits of a component of the input.
     Chroma chroma = Chroma::Unspecified;
     FieldOrder fields = FieldOrder::Progressive;
     ClipTags tags;

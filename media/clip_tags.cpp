@@ -15,13 +15,14 @@ namespace {
 
 constexpr const char* kTimecode = "timecode";
 
-/// These tell of the file that is read, and are wrong for any other.
-constexpr std::string_view kOfTheFile[] = {"major_brand", "minor_version", "compatible_brands",
+/// Tags that describe the file that is read and would be wrong in another. The time code is kept
+/// apart from the text tags.
+constexpr std::string_view kNotCopied[] = {"major_brand", "minor_version", "compatible_brands",
                                            "encoder",     "creation_time", "duration",
                                            kTimecode};
 
-bool isOfTheFile(const std::string& name) {
-    return std::ranges::find(kOfTheFile, files::lowerCase(name)) != std::end(kOfTheFile);
+bool isCopied(const std::string& name) {
+    return std::ranges::find(kNotCopied, files::lowerCase(name)) == std::end(kNotCopied);
 }
 
 std::string textOf(const AVDictionary* tags, const char* name) {
@@ -39,7 +40,7 @@ ClipTags readTags(const AVFormatContext& file, const AVStream& video) {
     }
     const AVDictionaryEntry* entry = nullptr;
     while ((entry = av_dict_get(file.metadata, "", entry, AV_DICT_IGNORE_SUFFIX)) != nullptr) {
-        if (!isOfTheFile(entry->key)) {
+        if (isCopied(entry->key)) {
             tags.words.emplace_back(entry->key, entry->value);
         }
     }

@@ -1,4 +1,4 @@
-// What a video's file says of it in words, and the time code of its first frame.
+// A video's metadata: its text tags, and the time code of its first frame.
 
 #pragma once
 
@@ -15,18 +15,21 @@ struct AVStream;
 namespace ruvex::media {
 
 struct ClipTags {
-    /// "10:00:00:00", with ";" before the frames where some are dropped; empty if there is none.
+    /// "10:00:00:00", or "10:00:00;00" for drop-frame time code; empty if there is none.
     std::string timecode;
-    std::vector<std::pair<std::string, std::string>> words;  ///< Such as a title; name and text.
+    std::vector<std::pair<std::string, std::string>> words;  ///< Name and text ("title", "Reel 1").
 };
 
-/// Tags of a clip and its video, without those of the container itself and of how it was made.
+/// The time code of the video stream or else of the container, and the container's tags. Tags that
+/// describe the file itself (brand, encoder, creation time, duration) are left out.
 ClipTags readTags(const AVFormatContext& file, const AVStream& video);
 
-/// Puts them into a file before its header is written. A container leaves out what it cannot hold.
+/// Sets the tags of an output. Call it before the header is written. The muxer drops tags that its
+/// container cannot hold.
 void writeTags(const ClipTags& tags, AVFormatContext& file, AVStream& video);
 
-/// The time code of a later frame; empty if there is none or it cannot be counted at this rate.
+/// The time code `frames` frames after `timecode`. Empty if `timecode` is empty or invalid, or if
+/// time code is not defined for this rate.
 std::string timecodeAfter(const std::string& timecode, const Rational& rate, std::int64_t frames);
 
 }  // namespace ruvex::media

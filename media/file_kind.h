@@ -1,4 +1,4 @@
-// What a file is, by the ending of its name.
+// The kind of a file, by the extension of its name.
 
 #pragma once
 
@@ -9,19 +9,20 @@
 
 namespace ruvex::media {
 
-/// Y4m is video without compression; Stream stands for standard input or output.
+/// Video is any container that FFmpeg reads; Y4m is uncompressed video; Stream is standard input or
+/// output.
 enum class FileKind { Video, Y4m, Stream, Png, Tiff, Exr, Dpx, Jpeg, RawRgba8, RawS214 };
 
-/// By ending, in either case: .png, .tif, .tiff, .exr, .dpx, .jpg, .jpeg, .rgba8, .s214,
-/// .y4m; "-" is a stream; everything else is taken as video.
+/// Known extensions, in upper or lower case: .png, .tif, .tiff, .exr, .dpx, .jpg, .jpeg, .rgba8,
+/// .s214, .y4m. The path "-" is a stream; any other path is taken as video.
 FileKind fileKind(const std::filesystem::path& path);
 
-/// Whether files of this kind hold one picture each.
+/// Whether a file of this kind holds one picture: stills and raw frames.
 constexpr bool isStill(FileKind kind) {
     return kind != FileKind::Video && kind != FileKind::Y4m && kind != FileKind::Stream;
 }
 
-/// The depth that a raw kind stores; nothing for the others.
+/// The depth of raw frames of this kind; empty for other kinds.
 std::optional<Depth> rawDepth(FileKind kind);
 
 }  // namespace ruvex::media

@@ -7,6 +7,7 @@
 namespace ruvex::media {
 namespace {
 
+/// Bytes.
 constexpr std::int64_t kLargestFrame = std::numeric_limits<std::int32_t>::max();
 
 }  // namespace
@@ -18,10 +19,11 @@ std::string toText(FrameSize size) {
 void checkFrameSize(FrameSize size, Depth depth, const std::string& what) {
     if (size.width < 1 || size.height < 1) {
         throw MediaError(what + " has the size " + toText(size) +
-                         ": a picture needs at least one pixel each way.");
+                         ": width and height must be at least 1.");
     }
     const auto pixel = static_cast<std::int64_t>(bytesPerPixel(depth));
-    // The product of two ints fits 64 bits; dividing the limit keeps the third factor out of it.
+    // The product of two ints fits 64 bits. Multiplied by the bytes of a pixel it might not, so the
+    // limit is divided instead.
     if (std::int64_t{size.width} * size.height > kLargestFrame / pixel) {
         throw MediaError(what + " has the size " + toText(size) +
                          ": a frame must stay below 2 GB. Use a smaller picture.");

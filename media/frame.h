@@ -1,4 +1,4 @@
-// One picture in memory, in the layout that the chain works on.
+// A picture in memory, in the layout that the effect works on.
 
 #pragma once
 
@@ -9,19 +9,21 @@
 
 namespace ruvex::media {
 
-/// How a component is stored: 8 bits with white 255, or signed 16 bits with white 16384.
+/// How a component is stored: unsigned 8 bits with white 255, or S2.14, signed 16 bits with white
+/// 16384.
 enum class Depth { Bits8, S214 };
 
 inline constexpr int kChannels = 4;
-/// The last of them; the colours come before it.
+/// Channel of alpha; red, green and blue are channels 0 to 2.
 inline constexpr int kAlpha = 3;
+inline constexpr int kWhite8 = 255;
 inline constexpr int kWhiteS214 = 16384;
 
 constexpr std::size_t bytesPerPixel(Depth depth) {
     return depth == Depth::Bits8 ? 4 : 8;
 }
 
-/// Pixels of a picture, across and up.
+/// Width and height of a picture in pixels.
 struct FrameSize {
     int width = 0;
     int height = 0;
@@ -32,8 +34,9 @@ struct FrameSize {
 /// "720x576".
 std::string toText(FrameSize size);
 
-/// Throws MediaError if a side is below 1 or a frame would reach 2 GB, which the chain's 32-bit
-/// sizes do not hold. `what` begins the sentence and names the culprit ("clip.mkv", "--size").
+/// Throws MediaError if a side is below 1 or the frame would reach 2 GB, the limit of the effect's
+/// 32-bit sizes. The message begins with `what`, the name of the file or option ("clip.mkv",
+/// "--size").
 void checkFrameSize(FrameSize size, Depth depth, const std::string& what);
 
 /// The chain row that shows a line of a stored picture, and the line that a chain row shows. Lines
@@ -48,7 +51,7 @@ constexpr int chainRowOfLine(int line, int height) {
 class Frame {
 public:
     Frame() = default;
-    /// All components 0. Throws MediaError on a size that checkFrameSize refuses.
+    /// All components are 0. Throws MediaError on a size that checkFrameSize refuses.
     Frame(FrameSize size, Depth depth);
 
     FrameSize size() const { return size_; }
@@ -62,13 +65,13 @@ public:
     std::vector<std::byte>& bytes() { return bytes_; }
     const std::vector<std::byte>& bytes() const { return bytes_; }
 
-    /// The first byte of a chain row. `row` is 0 to height - 1.
+    /// The first byte of a chain row; `row` is 0 to height - 1. The frame owns the memory.
     std::byte* row(int row) { return bytes_.data() + rowBytes() * static_cast<std::size_t>(row); }
     const std::byte* row(int row) const {
         return bytes_.data() + rowBytes() * static_cast<std::size_t>(row);
     }
 
-    /// The same row as components; the depth must be the one in the name.
+    /// The components of a chain row; the frame's depth must be Bits8 (row8) or S214 (row16).
     std::uint8_t* row8(int y) { return reinterpret_cast<std::uint8_t*>(row(y)); }
     const std::uint8_t* row8(int y) const { return reinterpret_cast<const std::uint8_t*>(row(y)); }
     std::int16_t* row16(int y) { return reinterpret_cast<std::int16_t*>(row(y)); }
@@ -82,8 +85,8 @@ private:
     std::vector<std::byte> bytes_;
 };
 
-/// Gives a frame this size and depth, unless it has them already; the components are then as they
-/// were. Throws as the constructor does.
+/// Replaces the frame by a new one unless it has this size and depth already; its components are
+/// then kept. Throws as the constructor does.
 void makeRoom(Frame& frame, FrameSize size, Depth depth);
 
 }  // namespace ruvex::media

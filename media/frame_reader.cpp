@@ -32,7 +32,8 @@ std::unique_ptr<FrameReader> openReader(const std::filesystem::path& path,
         return std::make_unique<StreamReader>(STDIN_FILENO, "standard input", options);
     }
     if (!rawDepth(kind) && options.size) {
-        throw MediaError(path.string() + " knows its own size. Give a size for raw frames only.");
+        throw MediaError(path.string() +
+                         " stores its own size. A size can be given for raw frames only.");
     }
     if (!isStill(kind)) {
         return std::make_unique<VideoReader>(path, options);

@@ -1,4 +1,4 @@
-// Frames of a clip, by number.
+// Reading the frames of a clip by number.
 
 #pragma once
 
@@ -12,49 +12,48 @@
 
 namespace ruvex::media {
 
-/// What the person says about an input that the input does not say itself.
+/// What the user says about an input that the input does not say itself.
 struct ReadOptions {
-    std::optional<FrameSize> size{};  ///< For raw frames, which need it; refused for others.
-    std::optional<Depth> depth{};     ///< The depth to deliver; the input's own without it.
-    /// How colour is stored beside alpha; the usual form of the input's kind without it. Frames
-    /// are delivered straight.
+    std::optional<FrameSize> size{};  ///< Required for raw frames, refused for other inputs.
+    std::optional<Depth> depth{};     ///< Depth of the frames read; default: the input's own.
+    /// Whether the input's colours are premultiplied; default: premultiplied for EXR, else
+    /// straight. Frames read are always straight.
     std::optional<AlphaForm> alpha{};
-    /// What standard input holds: Y4m, RawRgba8 or RawS214. Without it raw frames of 8 bits if
-    /// there is a size, else Y4M.
+    /// Format of standard input: Y4m, RawRgba8 or RawS214; default: RawRgba8 if `size` is given,
+    /// else Y4m.
     std::optional<FileKind> format{};
-    /// Whether each frame is two fields, and which comes first, where the input does not say or
-    /// says it wrongly.
+    /// Field order, overriding what the input says.
     std::optional<FieldOrder> fields{};
 };
 
-/// Reads a clip: a video, a still, numbered stills, raw frames. One thread at a time.
+/// Reads a clip: a video, a still, numbered stills, raw frames or a stream. Not thread-safe.
 class FrameReader {
 public:
     virtual ~FrameReader() = default;
     FrameReader(const FrameReader&) = delete;
     FrameReader& operator=(const FrameReader&) = delete;
 
-    /// `depth` is the input's own, whatever is delivered.
+    /// Its `depth` is the input's own, which may differ from that of the frames read.
     virtual const ClipInfo& info() const = 0;
 
-    /// Fills `frame` with frame `number`, in any order: the picture does not depend on what was
-    /// read before. False outside the clip; MediaError where a frame of the clip cannot be had.
-    /// Memory that `frame` has already is used again.
+    /// Stores frame `number` in `frame`, whose memory is reused where it fits. Frames may be read
+    /// in any order; a picture does not depend on what was read before. False if `number` is
+    /// outside the clip. Throws MediaError if a frame of the clip cannot be read.
     bool read(std::int64_t number, Frame& frame);
 
 protected:
     explicit FrameReader(std::optional<Depth> depth) : depth_(depth) {}
 
 private:
-    /// Fills `frame` with one between info().first and info().last, at the input's own depth. False
-    /// if a stream has ended before it.
+    /// Stores frame `number`, from info().first to info().last, at the input's own depth. False if
+    /// a stream has ended before it.
     virtual bool readOwn(std::int64_t number, Frame& frame) = 0;
 
     std::optional<Depth> depth_;
 };
 
-/// Opens `path`, by the ending of its name; "-" is standard input, which can be opened but once.
-/// Throws MediaError.
+/// Opens `path` as the kind of file that its extension says; see fileKind. "-" is standard input,
+/// which can be opened once only. Throws MediaError.
 std::unique_ptr<FrameReader> openReader(const std::filesystem::path& path,
                                         const ReadOptions& options = {});
 

@@ -50,13 +50,12 @@ std::unique_ptr<FrameWriter> openWriter(const std::filesystem::path& path,
                                         const WriteOptions& options) {
     if (!canWrite(path)) {
         throw MediaError("Cannot write " + path.string() +
-                         ": the ending of its name says no kind of file that can be written. Use "
-                         "one of " +
+                         ": files with this extension cannot be written. Use one of " +
                          writableEndings() + ".");
     }
     const std::string fault = storageFault(path, options.codec, options.quality);
     if (!fault.empty()) {
-        throw MediaError("Cannot write " + path.string() + " so. " + fault);
+        throw MediaError("Cannot write " + path.string() + ". " + fault);
     }
     switch (fileKind(path)) {
         case FileKind::Video:

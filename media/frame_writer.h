@@ -1,4 +1,4 @@
-// Frames into files.
+// Writing frames to files.
 
 #pragma once
 
@@ -15,64 +15,68 @@
 
 namespace ruvex::media {
 
-/// What a result is to be.
+/// The format of a result.
 struct WriteOptions {
     FrameSize size;
-    Depth depth = Depth::Bits8;  ///< The depth of the frames that will be handed over.
-    Rational rate{25, 1};        ///< For video.
-    Rational pixelAspect{1, 1};
-    ColourTags colour{};  ///< For video; the matrix is chosen by height where unspecified.
-    /// How colour is to be stored beside alpha; the usual form of the result's kind without it.
+    Depth depth = Depth::Bits8;  ///< Depth of the frames passed to `write`.
+    Rational rate{25, 1};        ///< Frames a second; for video and Y4M.
+    Rational pixelAspect{1, 1};  ///< Width of a pixel over its height.
+    ColourTags colour{};         ///< For video and Y4M; see matrixInUse for an unspecified matrix.
+    /// Whether stored colours are premultiplied; default: premultiplied for EXR, else straight.
     std::optional<AlphaForm> alpha{};
-    /// Of lossy kinds, from 1 to 100, the finest; each has its usual one. Refused for others.
+    /// 1 to 100, the best; for lossy formats, each of which has its default. Refused for others.
     std::optional<int> quality{};
-    std::optional<std::string> codec{};  ///< Of video, by its name in the table of codings.
-    AudioSource audio{};                 ///< Sound to be copied into video.
-    /// What goes to standard output: Y4m, RawRgba8 or RawS214; Y4M without it.
+    std::optional<std::string> codec{};  ///< For video; a name that findVideoCodec knows.
+    AudioSource audio{};                 ///< For video: audio to copy.
+    /// Format of standard output: Y4m, RawRgba8 or RawS214; default: Y4m.
     std::optional<FileKind> format{};
-    int bits = 8;                         ///< Of a component of deep Y4M; 16 where it says 8.
-    Chroma chroma = Chroma::Unspecified;  ///< Of Y4M; 4:2:0 where unspecified.
-    FieldOrder fields = FieldOrder::Progressive;  ///< For video and Y4M, to be marked so.
+    /// Bits of a component of Y4M for S2.14 frames: 9, 10, 12 or 14; any other value gives 16.
+    int bits = 8;
+    Chroma chroma = Chroma::Unspecified;          ///< For Y4M; 4:2:0 where unspecified.
+    FieldOrder fields = FieldOrder::Progressive;  ///< Field order marked in video and Y4M.
     ClipTags tags{};                              ///< For video.
 };
 
-/// Takes frames in the order of their numbers. Nothing appears under a final name before it is
-/// complete; what is left unfinished goes away with the writer.
+/// Writes frames in the order of their numbers. A file appears under its final name only when it is
+/// complete; the destructor removes an incomplete one.
 class FrameWriter {
 public:
     virtual ~FrameWriter() = default;
     FrameWriter(const FrameWriter&) = delete;
     FrameWriter& operator=(const FrameWriter&) = delete;
 
-    /// The frame has the size and depth of the options. Throws MediaError.
+    /// `frame` must have the size and depth of the options. Throws MediaError.
     virtual void write(std::int64_t number, const Frame& frame) = 0;
 
-    /// Completes the result. Throws MediaError. Call it once, after the last frame.
+    /// Completes the result; to be called once, after the last frame. Throws MediaError.
     virtual void finish() = 0;
 
-    /// What the person should know of the result: sentences; mostly none.
+    /// Sentences for the user about what the result lacks; mostly none.
     virtual std::vector<std::string> remarks() const { return {}; }
 
 protected:
     FrameWriter() = default;
 };
 
-/// Throws MediaError, without leaving anything behind, if the ending names no kind that can be
-/// written. Video: .mp4, .m4v (H.264), .mov (ProRes 4444,
-/// with alpha), .mkv (FFV1, exact, with alpha). Stills: .png, .tif,
-/// .tiff, .exr, .dpx, .jpg, .jpeg, .rgba8, .s214, numbered by a pattern or a single one. A raw
-/// file's depth is its ending's, whatever the frames'. Streams: .y4m, and "-" for standard output.
+/// Opens a writer for the kind of file that the extension says:
+/// - video: .mp4, .m4v (default codec H.264), .mov (ProRes 4444, with alpha), .mkv (FFV1, lossless,
+///   with alpha);
+/// - stills: .png, .tif, .tiff, .exr, .dpx, .jpg, .jpeg, and raw frames: .rgba8, .s214, which are
+///   converted to the depth of their kind; a single file, or numbered files by a pattern;
+/// - streams: .y4m, and "-" for standard output.
+/// Throws MediaError, and leaves no file behind, if the file cannot be written like that.
 std::unique_ptr<FrameWriter> openWriter(const std::filesystem::path& path,
                                         const WriteOptions& options);
 
-/// Whether `openWriter` knows the ending.
+/// Whether openWriter knows the extension.
 bool canWrite(const std::filesystem::path& path);
 
-/// What the frames are coded as in a file of this ending, for messages: "H.264".
+/// The codec or file format of a file of this extension, for messages ("H.264", "PNG"). `path` and
+/// `codec` must be valid for openWriter.
 std::string codecName(const std::filesystem::path& path,
                       const std::optional<std::string>& codec = {});
 
-/// The endings that can be written, for messages.
+/// The extensions that openWriter knows, for messages.
 std::string writableEndings();
 
 }  // namespace ruvex::media

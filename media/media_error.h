@@ -6,7 +6,7 @@
 
 namespace ruvex::media {
 
-/// Pictures come from files and go into files: whatever fails here is an error of a file.
+/// An error of a file, as in files/: its message names the file.
 using MediaError = files::FileError;
 
 }  // namespace ruvex::media

@@ -8,6 +8,7 @@ namespace ruvex::media {
 namespace {
 
 constexpr std::int64_t kLargestTerm = std::numeric_limits<std::int32_t>::max();
+/// So that the denominator, 10 to the number of decimals, fits 31 bits.
 constexpr std::size_t kMostDecimals = 9;
 
 std::optional<std::int64_t> parseDigits(std::string_view text) {

@@ -1,4 +1,4 @@
-// Frame rates and pixel aspects, kept exact.
+// Exact fractions, for frame rates and pixel aspects.
 
 #pragma once
 
@@ -9,7 +9,7 @@
 
 namespace ruvex::media {
 
-/// A fraction in lowest terms. `den` is above 0.
+/// A fraction in lowest terms; `den` is positive.
 struct Rational {
     std::int64_t num = 0;
     std::int64_t den = 1;
@@ -21,8 +21,8 @@ struct Rational {
 /// num / den in lowest terms. `den` must not be 0.
 Rational makeRational(std::int64_t num, std::int64_t den);
 
-/// Reads "25", "29.97" (exactly 2997/100) or "30000/1001". Nothing for any other text, for a value
-/// of 0 or less, and for one whose terms do not fit 31 bits, which is what containers store.
+/// Parses "25", "29.97" (exactly 2997/100) or "30000/1001". Empty for any other text, for a value
+/// of 0 or less, and if a term in lowest terms does not fit 31 bits, the limit of containers.
 std::optional<Rational> parsePositiveRational(std::string_view text);
 
 /// "25" or "30000/1001".

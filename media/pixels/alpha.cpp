@@ -7,7 +7,7 @@
 namespace ruvex::media {
 namespace {
 
-/// Calls change(colour, alpha) for every colour beside an alpha other than 0.
+/// Replaces every colour component of pixels whose alpha is not 0 by change(component, alpha).
 template <typename T, class Change>
 void changeColours(Frame& frame, Change change) {
     auto* pixel = reinterpret_cast<T*>(frame.bytes().data());
@@ -26,8 +26,9 @@ void changeColours(Frame& frame, Change change) {
 template <class Change>
 void changeFrame(Frame& frame, Change change) {
     if (frame.depth() == Depth::Bits8) {
-        changeColours<std::uint8_t>(
-            frame, [change](double colour, double alpha) { return change(colour, alpha / 255); });
+        changeColours<std::uint8_t>(frame, [change](double colour, double alpha) {
+            return change(colour, alpha / kWhite8);
+        });
     } else {
         changeColours<std::int16_t>(frame, [change](double colour, double alpha) {
             return change(colour, alpha / kWhiteS214);

@@ -1,4 +1,4 @@
-// How colour is stored beside alpha. The chain works on straight colour.
+// Straight and premultiplied alpha. The effect works on straight colours.
 
 #pragma once
 
@@ -6,16 +6,16 @@
 
 namespace ruvex::media {
 
-/// Straight: red, green and blue say the colour, whatever alpha is. Premultiplied: they are
-/// multiplied by alpha, as light that is added to what lies behind.
+/// Straight: red, green and blue do not depend on alpha. Premultiplied: they are multiplied by
+/// alpha (0 to 1).
 enum class AlphaForm { Straight, Premultiplied };
 
-/// Divides the colours by alpha, rounded to the nearest and held to what the depth has room for.
-/// Where alpha is 0 there is nothing to divide by, and the colour stays: it is light of its own.
+/// Divides red, green and blue by alpha, rounded to the nearest and clamped to the range of the
+/// component's type. Where alpha is 0, colours are kept.
 void unpremultiply(Frame& frame);
 
-/// Multiplies the colours by alpha, rounded to the nearest; where alpha is 0, the colour stays, so
-/// that it survives the way there and back.
+/// Multiplies red, green and blue by alpha, rounded to the nearest. Where alpha is 0, colours are
+/// kept, so that `unpremultiply` restores them.
 void premultiply(Frame& frame);
 
 }  // namespace ruvex::media

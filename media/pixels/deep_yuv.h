@@ -1,4 +1,4 @@
-// Luma and colour differences of more than 8 bits into S2.14.
+// Conversion of YUV pictures of more than 8 bits to S2.14 RGB.
 
 #pragma once
 
@@ -10,17 +10,16 @@ extern "C" {
 
 namespace ruvex::media {
 
-/// How the numbers of a YUV picture are meant.
+/// The matrix, range and depth of a YUV picture.
 struct YuvCoding {
-    int matrix = 0;     ///< One that matrixInUse gives.
-    bool full = false;  ///< Black and white at the ends of the scale, not at 16 and 235 of 256.
-    int bits = 16;      ///< Of a component of the source; they stand at the top of the 16.
+    int matrix = 0;     ///< An AVColorSpace that matrixInUse returns.
+    bool full = false;  ///< Full range, not limited range.
+    int bits = 16;      ///< Bits of a source component, which are the top bits of the 16.
     bool alpha = false;
 };
 
-/// Copies a YUV(A)444P16 picture into an S2.14 frame of its size, turned the right way up. What
-/// lies above white and below black is kept, as S2.14 has room for it; alpha is white where there
-/// is none.
+/// Converts a YUV(A)444P16 picture into an S2.14 frame of its size. Values above white and below
+/// black are kept, as far as S2.14 holds them. Alpha is white if the picture has none.
 void unpackDeepYuv(const AVFrame& picture, const YuvCoding& coding, Frame& frame);
 
 }  // namespace ruvex::media

@@ -10,7 +10,7 @@
 namespace ruvex::media {
 namespace {
 
-/// The library keeps green, blue, red, alpha in planes of that order.
+/// The plane of each channel: the library's planes are green, blue, red, alpha.
 constexpr std::array<int, kChannels> kPlane = {2, 0, 1, 3};
 
 std::int16_t s214FromUnit(double value) {
@@ -20,7 +20,7 @@ std::int16_t s214FromUnit(double value) {
     return static_cast<std::int16_t>(std::lrint(std::clamp(value * kWhiteS214, -32768.0, 32767.0)));
 }
 
-/// What the colours of a pixel are divided by.
+/// The divisor of a pixel's colours; 1 where alpha is 0, infinite or NaN.
 double divisorOf(float alpha, AlphaForm form) {
     const bool divides = form == AlphaForm::Premultiplied && alpha != 0 && std::isfinite(alpha);
     return divides ? alpha : 1.0;
@@ -59,13 +59,13 @@ bool isFloat(AVPixelFormat format) {
 
 void unpackFloat(const AVFrame& picture, AlphaForm alpha, Frame& frame) {
     const bool grey = picture.format == AV_PIX_FMT_GRAYF32LE;
-    const bool alphaThere = picture.format == AV_PIX_FMT_GBRAPF32LE;
+    const bool withAlpha = picture.format == AV_PIX_FMT_GBRAPF32LE;
     for (int y = 0; y < picture.height; ++y) {
         std::array<const float*, kChannels> line{};
         for (std::size_t channel = 0; channel < kAlpha; ++channel) {
             line[channel] = planeLine<float>(picture, grey ? 0 : kPlane[channel], y);
         }
-        line[kAlpha] = alphaThere ? planeLine<float>(picture, kAlpha, y) : nullptr;
+        line[kAlpha] = withAlpha ? planeLine<float>(picture, kAlpha, y) : nullptr;
         unpackLine(line, alpha, picture.width, frame.row16(chainRowOfLine(y, picture.height)));
     }
 }

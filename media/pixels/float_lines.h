@@ -1,4 +1,4 @@
-// Pictures of floating-point components, white 1, to S2.14 frames and back.
+// Conversion between pictures of floating-point RGB (white is 1.0) and S2.14 frames.
 
 #pragma once
 
@@ -11,17 +11,16 @@ extern "C" {
 
 namespace ruvex::media {
 
-/// Whether `format` is one of those that unpackFloat takes: planes of RGB, RGBA or grey in floats.
+/// Whether unpackFloat takes `format`: planar RGB, RGBA or grey of little-endian floats.
 bool isFloat(AVPixelFormat format);
 
-/// Copies the picture into an S2.14 frame of its size, turned the right way up: 1 becomes 16384,
-/// rounded to the nearest. Below black and above white everything from -2 to just under 2 is kept,
-/// what lies beyond is held there, and what is no number becomes 0. Premultiplied colours are
-/// divided by their alpha before they are rounded. Alpha is white where there is none.
+/// Converts the picture into an S2.14 frame of its size: 1.0 becomes 16384, rounded to the nearest.
+/// Values are clamped to S2.14's range, -2 to 2 - 1/16384; NaN becomes 0. Premultiplied colours are
+/// divided by their alpha before rounding. Alpha is white if the picture has none.
 void unpackFloat(const AVFrame& picture, AlphaForm alpha, Frame& frame);
 
-/// Copies an S2.14 frame into a GBRAPF32LE picture of its size. Straight, each component is exactly
-/// its value / 16384; premultiplied, unpackFloat gives back the same frame.
+/// Converts an S2.14 frame into a GBRAPF32LE picture of its size. Straight components are exactly
+/// value / 16384. unpackFloat restores the frame in both alpha forms.
 void packFloat(const Frame& frame, AlphaForm alpha, AVFrame& picture);
 
 }  // namespace ruvex::media

@@ -12,7 +12,7 @@ extern "C" {
 namespace ruvex::media {
 namespace {
 
-/// In a display matrix, x' = a x + c y and y' = b x + d y, with y downwards, stand here.
+// Indices into a display matrix, which maps x' = a x + c y and y' = b x + d y with y downwards.
 constexpr int kA = 0;
 constexpr int kB = 1;
 constexpr int kC = 3;
@@ -23,19 +23,20 @@ Orientation fromBytes(const std::uint8_t* matrix) {
                              : orientationOf(reinterpret_cast<const std::int32_t*>(matrix));
 }
 
-/// The stored line and column that column x of line y shows.
+/// A pixel of the stored picture.
 struct StoredPlace {
     int line;
     int column;
 };
 
-/// `size` is that of the picture that is shown.
+/// The stored pixel that is shown in column x of line y. `size` is the size of the picture shown.
 StoredPlace placeOf(int x, int y, FrameSize size, const Orientation& orientation) {
     const int across = orientation.mirrored ? size.width - 1 - x : x;
     const int down = orientation.flipped ? size.height - 1 - y : y;
     return orientation.transposed ? StoredPlace{across, down} : StoredPlace{down, across};
 }
 
+/// `kBytes` is the size of a pixel.
 template <std::size_t kBytes>
 void turn(const Frame& frame, const Orientation& orientation, Frame& shown) {
     for (int y = 0; y < shown.height(); ++y) {
@@ -98,6 +99,8 @@ FieldOrder setUpright(FieldOrder fields, int height, const Orientation& orientat
     if (orientation.transposed || fields == FieldOrder::Progressive) {
         return FieldOrder::Progressive;
     }
+    // Flipped, an even number of lines puts the bottom field's last line on top; an odd number puts
+    // the top field's there.
     const bool swapped = orientation.flipped && height % 2 == 0;
     return (fields == FieldOrder::TopFirst) != swapped ? FieldOrder::TopFirst
                                                        : FieldOrder::BottomFirst;

@@ -1,4 +1,4 @@
-// Pictures that are stored lying on a side, as cameras do that are turned: set upright.
+// Rotation and mirroring of pictures that are not stored upright, as by a camera held sideways.
 
 #pragma once
 
@@ -11,31 +11,30 @@ struct AVStream;
 
 namespace ruvex::media {
 
-/// How a stored picture becomes the one that is shown: first across and down change places, then
-/// the result is mirrored.
+/// How a stored picture is turned to be shown: it is first transposed, then mirrored and flipped.
 struct Orientation {
-    bool transposed = false;
-    bool mirrored = false;  ///< Left and right change places.
-    bool flipped = false;   ///< Top and bottom change places.
+    bool transposed = false;  ///< Lines become columns.
+    bool mirrored = false;    ///< Left and right are exchanged.
+    bool flipped = false;     ///< Top and bottom are exchanged.
 
     friend bool operator==(const Orientation&, const Orientation&) = default;
 
     bool upright() const { return *this == Orientation(); }
 };
 
-/// From a display matrix of the FFmpeg libraries, nine numbers. Pictures that stand askew, which no
-/// such turn sets right, are taken as they are stored.
+/// From a display matrix of the FFmpeg libraries, nine numbers. Upright for a rotation that is not
+/// a multiple of 90 degrees.
 Orientation orientationOf(const std::int32_t* displayMatrix);
 
-/// As the picture or its container says.
+/// From the display matrix of a picture or its container; upright if there is none.
 Orientation orientationOf(const AVFrame& picture);
 Orientation orientationOf(const AVStream& stream);
 
-/// The picture that is shown.
+/// The picture as it is shown.
 Frame setUpright(Frame frame, const Orientation& orientation);
 
-/// The size, pixel aspect and order of fields of what is shown. What lies on its side has no lines
-/// of its fields any more.
+/// Size, pixel aspect and field order of the picture as it is shown. A transposed picture counts as
+/// progressive, since its fields are no longer made of lines. `height` is the stored picture's.
 FrameSize setUpright(FrameSize size, const Orientation& orientation);
 Rational setUpright(Rational pixelAspect, const Orientation& orientation);
 FieldOrder setUpright(FieldOrder fields, int height, const Orientation& orientation);

@@ -13,49 +13,54 @@ extern "C" {
 namespace ruvex::media {
 namespace {
 
-/// The same picture on every machine, and colour differences at full resolution in between.
+/// Bit-exact arithmetic for the same picture on every machine, and chroma at full resolution within
+/// the conversion.
 constexpr int kScalerFlags =
     SWS_BICUBIC | SWS_ACCURATE_RND | SWS_BITEXACT | SWS_FULL_CHR_H_INT | SWS_FULL_CHR_H_INP;
+/// A contrast and a saturation of 1, in the library's 16.16 fixed point.
 constexpr int kUnity = 1 << 16;
-constexpr int kLinesSharedOut = 4;
+/// Each field of a 4:2:0 picture needs an even number of lines.
+constexpr int kInterlacedLines = 4;
 
-/// In 1/256 of a pixel from the first of those that share a colour difference.
-struct Place {
+/// The place of a chroma sample, in 1/256 of a pixel from the top left of the 2x2 luma samples that
+/// share it.
+struct ChromaPlace {
     int across;
     int down;
 };
 constexpr int kPixel = 256;
+constexpr int kHalfPixel = kPixel / 2;
 
-Place placeOf(AVChromaLocation siting) {
+ChromaPlace placeOf(AVChromaLocation siting) {
     switch (siting) {
         case AVCHROMA_LOC_TOPLEFT:
             return {0, 0};
         case AVCHROMA_LOC_TOP:
-            return {128, 0};
+            return {kHalfPixel, 0};
         case AVCHROMA_LOC_BOTTOMLEFT:
-            return {0, 256};
+            return {0, kPixel};
         case AVCHROMA_LOC_BOTTOM:
-            return {128, 256};
+            return {kHalfPixel, kPixel};
         case AVCHROMA_LOC_CENTER:
-            return {128, 128};
-        default:  // left, as MPEG-2 and its successors have it where nothing is said
-            return {0, 128};
+            return {kHalfPixel, kHalfPixel};
+        default:  // left, the default of MPEG-2, H.264 and H.265
+            return {0, kHalfPixel};
     }
 }
 
-/// In a field, whose lines lie two apart in the frame: the colour differences stand in the frame
-/// where those of a frame's line pair would, and the bottom field begins one line further down.
-Place placeInField(const Place& place, int field) {
+/// The place within a field, in units of the field's lines, which are two frame lines apart. Chroma
+/// is sited as in a frame, and the bottom field begins one frame line lower.
+ChromaPlace placeInField(const ChromaPlace& place, int field) {
     return {place.across, (place.down + field * kPixel) / 2};
 }
 
-/// Only pictures that are halved both ways have a choice.
+/// Whether the format is 4:2:0, the only one whose siting varies.
 bool isSited(AVPixelFormat format) {
     const AVPixFmtDescriptor& description = *av_pix_fmt_desc_get(format);
     return description.log2_chroma_w == 1 && description.log2_chroma_h == 1;
 }
 
-void setPlace(SwsContext& scaler, const ScalerForm& form, const Place& place) {
+void setPlace(SwsContext& scaler, const ScalerForm& form, const ChromaPlace& place) {
     if (isSited(form.from)) {
         av_opt_set_int(&scaler, "src_h_chr_pos", place.across, 0);
         av_opt_set_int(&scaler, "src_v_chr_pos", place.down, 0);
@@ -66,7 +71,7 @@ void setPlace(SwsContext& scaler, const ScalerForm& form, const Place& place) {
     }
 }
 
-Scaler makeScaler(const ScalerForm& form, int height, const Place& place) {
+Scaler makeScaler(const ScalerForm& form, int height, const ChromaPlace& place) {
     Scaler scaler(sws_alloc_context());
     if (!scaler) {
         throw std::bad_alloc();
@@ -91,7 +96,7 @@ Scaler makeScaler(const ScalerForm& form, int height, const Place& place) {
     return scaler;
 }
 
-/// Every second line of a picture's planes.
+/// The planes of one field: every second line.
 struct FieldView {
     std::array<std::uint8_t*, 4> data{};
     std::array<int, 4> pitch{};
@@ -111,8 +116,8 @@ PictureScaler::PictureScaler(const ScalerForm& form)
     : form_(form), whole_(makeScaler(form, form.size.height, placeOf(form.siting))) {}
 
 void PictureScaler::scale(const AVFrame& from, AVFrame& to, bool interlaced) {
-    const bool shared = isSited(form_.from) || isSited(form_.to);
-    if (interlaced && shared && form_.size.height % kLinesSharedOut == 0) {
+    const bool sited = isSited(form_.from) || isSited(form_.to);
+    if (interlaced && sited && form_.size.height % kInterlacedLines == 0) {
         scaleField(from, to, 0);
         scaleField(from, to, 1);
     } else {

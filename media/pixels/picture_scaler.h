@@ -1,4 +1,5 @@
-// The FFmpeg libraries' conversion between pixel formats, with all that they would guess said.
+// Conversion between pixel formats by the FFmpeg libraries, with matrix, range and chroma siting
+// set explicitly.
 
 #pragma once
 
@@ -9,28 +10,26 @@
 
 namespace ruvex::media {
 
-/// Two kinds of pictures of one size, one of RGB or of YUV with all colour differences.
+/// A conversion between two formats of one size, at least one of which has no subsampled chroma.
 struct ScalerForm {
     FrameSize size;
     AVPixelFormat from;
     AVPixelFormat to;
-    /// Where a colour difference lies among the pixels that share it, in whichever has such.
-    AVChromaLocation siting = AVCHROMA_LOC_UNSPECIFIED;
-    int matrix = AVCOL_SPC_BT709;  ///< One that is known to the libraries.
-    bool fullIn = false;           ///< Black and white at the ends of the scale.
-    bool fullOut = false;
+    AVChromaLocation siting = AVCHROMA_LOC_UNSPECIFIED;  ///< Chroma siting of the 4:2:0 format.
+    int matrix = AVCOL_SPC_BT709;                        ///< One that matrixInUse returns.
+    bool fullIn = false;   ///< Full range of `from`, not limited range.
+    bool fullOut = false;  ///< Full range of `to`.
 };
 
-/// Converts pictures; the same on every machine.
+/// Converts pictures; the result is the same on every machine.
 class PictureScaler {
 public:
-    /// Throws MediaError where the libraries have no such conversion.
+    /// Throws MediaError if the libraries do not have this conversion.
     explicit PictureScaler(const ScalerForm& form);
 
-    /// `interlaced`: each field has colour differences of its own. Where two lines share them,
-    /// those are two of one field, and the fields are converted one by one; only then does it
-    /// matter. Pictures whose lines cannot be shared out so (their number is no multiple of four)
-    /// are converted whole.
+    /// Converts `from` into `to`, which has its buffer already. The two fields of an interlaced
+    /// 4:2:0 picture have separate chroma lines and are converted separately. That takes a height
+    /// that is a multiple of four; other pictures are converted as progressive ones.
     void scale(const AVFrame& from, AVFrame& to, bool interlaced);
 
 private:
@@ -38,7 +37,7 @@ private:
 
     ScalerForm form_;
     Scaler whole_;
-    std::array<Scaler, 2> fields_;  ///< Top and bottom; made when a picture needs them.
+    std::array<Scaler, 2> fields_;  ///< Top and bottom; made for the first interlaced picture.
 };
 
 }  // namespace ruvex::media

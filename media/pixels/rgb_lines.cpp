@@ -15,6 +15,7 @@ extern "C" {
 namespace ruvex::media {
 namespace {
 
+/// The values of one component along a line.
 using Line = std::vector<std::uint16_t>;
 
 const AVPixFmtDescriptor& descriptor(AVPixelFormat format) {
@@ -25,17 +26,18 @@ bool isPalette(const AVPixFmtDescriptor& format) {
     return (format.flags & AV_PIX_FMT_FLAG_PAL) != 0;
 }
 
-/// The library's component that holds channel `channel` (alpha is 3); -1 for an alpha not there.
+/// The index of the component that holds a channel; -1 for alpha if the format has none.
 int sourceOf(const AVPixFmtDescriptor& format, int channel) {
     const bool grey = format.nb_components <= 2;
     const bool alpha = (format.flags & AV_PIX_FMT_FLAG_ALPHA) != 0;
-    if (channel == 3) {
+    if (channel == kAlpha) {
         return alpha ? format.nb_components - 1 : -1;
     }
     return grey ? 0 : channel;
 }
 
-/// Any component, by the library.
+/// Reads a component of any format by the library's own function, which is slower than
+/// ComponentLine.
 void readComponent(const AVFrame& picture, const AVPixFmtDescriptor& format, int component, int y,
                    Line& line) {
     const auto* const* data = const_cast<const std::uint8_t**>(picture.data);
@@ -43,53 +45,53 @@ void readComponent(const AVFrame& picture, const AVPixFmtDescriptor& format, int
                         &format, 0, y, component, picture.width, 0, sizeof(std::uint16_t));
 }
 
-/// For an alpha that is not there.
-struct OneNumber {
+/// A line of equal values, for the alpha of a picture that has none.
+struct ConstantLine {
     int value;
     int operator[](std::ptrdiff_t) const { return value; }
 };
 
-/// Where one channel of a chain row goes.
+/// One channel of a chain row.
 struct Channel {
     Frame& frame;
     int row;
     int channel;
 };
 
-template <typename T, class Numbers, class Convert>
-void storeNumbers(const Numbers& numbers, T* row, int width, int channel, Convert convert) {
+template <typename T, class Values, class Convert>
+void storeValues(const Values& values, T* row, int width, int channel, Convert convert) {
     for (std::ptrdiff_t x = 0; x < width; ++x) {
-        row[x * kChannels + channel] = convert(static_cast<int>(numbers[x]));
+        row[x * kChannels + channel] = convert(static_cast<int>(values[x]));
     }
 }
 
-/// Numbers on a scale that ends at `white`, whose usual values are constants to the compiler: it
-/// divides by them without a division.
-template <class Numbers>
-void store(const Numbers& numbers, int white, Channel to) {
+/// Stores values whose white is `white`. The usual whites have loops of their own, in which the
+/// compiler knows the divisor and needs no division.
+template <class Values>
+void store(const Values& values, int white, Channel to) {
     const auto write = [&](auto* row, auto convert) {
-        storeNumbers(numbers, row, to.frame.width(), to.channel, convert);
+        storeValues(values, row, to.frame.width(), to.channel, convert);
     };
     if (to.frame.depth() == Depth::S214) {
         std::int16_t* row = to.frame.row16(to.row);
-        if (white == 65535) {
-            write(row, [](int value) { return s214FromScale(value, 65535); });
+        if (white == kWhite16) {
+            write(row, [](int value) { return s214FromScale(value, kWhite16); });
         } else {
             write(row, [white](int value) { return s214FromScale(value, white); });
         }
         return;
     }
     std::uint8_t* row = to.frame.row8(to.row);
-    if (white == 255) {
+    if (white == kWhite8) {
         write(row, [](int value) { return static_cast<std::uint8_t>(value); });
     } else {
         write(row, [white](int value) {
-            return static_cast<std::uint8_t>((value * 255 + white / 2) / white);
+            return static_cast<std::uint8_t>((value * kWhite8 + white / 2) / white);
         });
     }
 }
 
-/// Palette entries are words of alpha, red, green, blue from the top byte down.
+/// `line` is working memory. A palette entry is a 32-bit word 0xAARRGGBB.
 void unpackPaletteLine(const AVFrame& picture, int y, int row, Line& line, Frame& frame) {
     constexpr int kShift[kChannels] = {16, 8, 0, 24};
     const std::uint8_t* index = planeLine(picture, 0, y);
@@ -98,18 +100,18 @@ void unpackPaletteLine(const AVFrame& picture, int y, int row, Line& line, Frame
         for (std::size_t x = 0; x < line.size(); ++x) {
             line[x] = static_cast<std::uint16_t>(palette[index[x]] >> kShift[channel] & 0xFF);
         }
-        store(line, 255, {frame, row, channel});
+        store(line, kWhite8, {frame, row, channel});
     }
 }
 
 void unpackChannel(const AVFrame& picture, const AVPixFmtDescriptor& format, int component, int y,
                    Line& line, Channel to) {
-    const AVComponentDescriptor& place = format.comp[component];
-    const int white = (1 << place.depth) - 1;
-    if (isByte(format, place)) {
-        store(ComponentLine<std::uint8_t>(picture, place, y), white, to);
-    } else if (isInWord(format, place)) {
-        store(ComponentLine<std::uint16_t>(picture, place, y), white, to);
+    const AVComponentDescriptor& layout = format.comp[component];
+    const int white = (1 << layout.depth) - 1;
+    if (isByte(format, layout)) {
+        store(ComponentLine<std::uint8_t>(picture, layout, y), white, to);
+    } else if (isInWord(format, layout)) {
+        store(ComponentLine<std::uint16_t>(picture, layout, y), white, to);
     } else {
         readComponent(picture, format, component, y, line);
         store(line, white, to);
@@ -125,7 +127,7 @@ void unpackLine(const AVFrame& picture, const AVPixFmtDescriptor& format, int y,
     for (int channel = 0; channel < kChannels; ++channel) {
         const int component = sourceOf(format, channel);
         if (component < 0) {
-            store(OneNumber{1}, 1, {frame, row, channel});
+            store(ConstantLine{1}, 1, {frame, row, channel});
         } else {
             unpackChannel(picture, format, component, y, line, {frame, row, channel});
         }
@@ -151,9 +153,9 @@ void packLine16(const std::int16_t* row, int width, bool bigEndian, std::uint8_t
 
 bool isRgbOrGrey(AVPixelFormat format) {
     const AVPixFmtDescriptor& description = descriptor(format);
-    constexpr std::uint64_t kOther =
+    constexpr std::uint64_t kUnsupported =
         AV_PIX_FMT_FLAG_HWACCEL | AV_PIX_FMT_FLAG_FLOAT | AV_PIX_FMT_FLAG_BAYER;
-    if ((description.flags & kOther) != 0 || format == AV_PIX_FMT_MONOWHITE ||
+    if ((description.flags & kUnsupported) != 0 || format == AV_PIX_FMT_MONOWHITE ||
         format == AV_PIX_FMT_XYZ12LE || format == AV_PIX_FMT_XYZ12BE) {
         return false;
     }

@@ -1,4 +1,4 @@
-// RGB and grey pictures of the FFmpeg libraries to frames and back, exactly, without a scaler.
+// Exact conversion between RGB or grey pictures of the FFmpeg libraries and frames.
 
 #pragma once
 
@@ -11,20 +11,21 @@ extern "C" {
 
 namespace ruvex::media {
 
-/// Whether `format` is RGB, grey or a palette of 1 to 16 bits a component, with or without alpha.
+/// Whether unpackRgb takes `format`: RGB, grey or a palette, with or without alpha, of at most 16
+/// bits a component.
 bool isRgbOrGrey(AVPixelFormat format);
 
-/// Bits of the widest component: 8 for a palette.
+/// Bits of the widest component; 8 for a palette.
 int bitsPerComponent(AVPixelFormat format);
 
 bool hasAlpha(AVPixelFormat format);
 
-/// Copies the picture into the frame, which has its size; turned the right way up. Grey goes to all
-/// three colours; alpha is white where there is none.
+/// Converts the picture into `frame`, which has its size, at the frame's depth. Grey goes to red,
+/// green and blue. Alpha is white if the picture has none.
 void unpackRgb(const AVFrame& picture, Frame& frame);
 
-/// Copies the frame into a picture of its size in RGBA, BGRA, RGBA64LE or RGBA64BE. An 8-bit frame
-/// needs an 8-bit picture, an S2.14 frame a 16-bit one, where it is held to black and white.
+/// Converts the frame into a picture of its size: an 8-bit frame into RGBA or BGRA, an S2.14 frame
+/// into RGBA64LE or RGBA64BE, clamped to black and white.
 void packRgb(const Frame& frame, AVFrame& picture);
 
 }  // namespace ruvex::media

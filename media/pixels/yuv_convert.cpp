@@ -10,7 +10,8 @@ extern "C" {
 namespace ruvex::media {
 namespace {
 
-constexpr int kFirstHdLine = 720;
+/// The fewest lines of a picture that counts as high definition.
+constexpr int kHdLines = 720;
 
 bool isKnownMatrix(int matrix) {
     switch (matrix) {
@@ -39,12 +40,14 @@ bool isFullRange(const AVFrame& picture) {
     }
 }
 
+/// YUV, and grey of limited range.
 bool needsScaler(const AVFrame& picture) {
     const auto format = static_cast<AVPixelFormat>(picture.format);
     const bool grey = av_pix_fmt_desc_get(format)->nb_components <= 2;
     return !isRgbOrGrey(format) || (grey && picture.color_range == AVCOL_RANGE_MPEG);
 }
 
+/// The RGB format that packRgb gives the scaler.
 AVPixelFormat packedFormat(Depth depth) {
     return depth == Depth::Bits8 ? AV_PIX_FMT_RGBA : AV_PIX_FMT_RGBA64LE;
 }
@@ -55,7 +58,7 @@ int matrixInUse(int tagged, int height) {
     if (isKnownMatrix(tagged)) {
         return tagged;
     }
-    return height >= kFirstHdLine ? AVCOL_SPC_BT709 : AVCOL_SPC_SMPTE170M;
+    return height >= kHdLines ? AVCOL_SPC_BT709 : AVCOL_SPC_SMPTE170M;
 }
 
 PictureToFrame::PictureToFrame(const AVFrame& like, std::filesystem::path path)
@@ -73,19 +76,19 @@ void PictureToFrame::prepareScaler(const AVFrame& like) {
     const bool unmarked = like.colorspace == AVCOL_SPC_UNSPECIFIED ||
                           like.colorspace == AVCOL_SPC_RESERVED || like.colorspace == AVCOL_SPC_RGB;
     if (!unmarked && !isKnownMatrix(like.colorspace)) {
-        throw MediaError("Cannot read " + path_.string() + ": its colours are coded as " +
+        throw MediaError("Cannot read " + path_.string() + ": its colour matrix, " +
                          av_color_space_name(like.colorspace) +
-                         ", which is not supported. Convert it to BT.709 first.");
+                         ", is not supported. Convert it to BT.709 first.");
     }
     coding_ = {.matrix = matrixInUse(like.colorspace, size_.height),
                .full = isFullRange(like),
                .bits = bitsPerComponent(format_),
                .alpha = hasAlpha()};
-    // The scaler's own way to 16-bit RGB misses white, so it only fills in colour differences
-    // there.
+    // The scaler's conversion to 16-bit RGB does not reach white. For deep pictures it therefore
+    // only interpolates chroma to 4:4:4, and unpackDeepYuv does the rest.
     const bool deep = depth_ == Depth::S214;
-    const AVPixelFormat between = coding_.alpha ? AV_PIX_FMT_YUVA444P16LE : AV_PIX_FMT_YUV444P16LE;
-    const AVPixelFormat to = deep ? between : AV_PIX_FMT_RGBA;
+    const AVPixelFormat deepYuv = coding_.alpha ? AV_PIX_FMT_YUVA444P16LE : AV_PIX_FMT_YUV444P16LE;
+    const AVPixelFormat to = deep ? deepYuv : AV_PIX_FMT_RGBA;
     scaled_ = newPicture(size_.width, size_.height, to);
     scaler_.emplace(ScalerForm{size_, format_, to, like.chroma_location, coding_.matrix,
                                coding_.full, deep ? coding_.full : true});

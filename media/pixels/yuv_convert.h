@@ -1,4 +1,4 @@
-// Between a video's luma and colour differences and RGB, with matrix and range always named.
+// Conversion between YUV pictures and RGB frames, with matrix and range always explicit.
 
 #pragma once
 
@@ -13,21 +13,25 @@
 
 namespace ruvex::media {
 
-/// The matrix in use: the tagged one, or, unmarked, BT.709 from 720 lines on and BT.601 below.
+/// The matrix (AVColorSpace) to use for a picture: the tagged one if it is supported, else BT.709
+/// from 720 lines on and BT.601 below.
 int matrixInUse(int tagged, int height);
 
-/// Converts pictures of one format and size into frames, turned the right way up.
+/// Converts pictures of one format and size into frames.
 class PictureToFrame {
 public:
-    /// Throws MediaError if the format or the colour matrix is not known. `path` is for messages.
+    /// `like` has the format, size, matrix, range and chroma siting of all pictures to come. Throws
+    /// MediaError if the format or the matrix is not supported. `path` is for messages.
     PictureToFrame(const AVFrame& like, std::filesystem::path path);
 
+    /// Of the frames: S2.14 for pictures of more than 8 bits.
     Depth depth() const { return depth_; }
     bool hasAlpha() const;
+    /// Of a component of the pictures.
     int bits() const { return bitsPerComponent(format_); }
     Chroma chroma() const;
-    /// Marked as interlaced, its fields have colour differences of their own. Throws MediaError if
-    /// the picture is not of the format and size of the first one.
+    /// A picture marked as interlaced is converted as such; see PictureScaler::scale. Throws
+    /// MediaError if its format or size differs from that of `like`.
     Frame convert(const AVFrame& picture);
 
 private:
@@ -37,27 +41,27 @@ private:
     AVPixelFormat format_;
     FrameSize size_;
     Depth depth_;
-    std::optional<PictureScaler> scaler_;  ///< None for pictures that are RGB or grey already.
-    AvFrame scaled_;  ///< RGBA, or for a deep picture YUV with all colour differences filled in.
+    std::optional<PictureScaler> scaler_;  ///< Empty for RGB and full-range grey.
+    AvFrame scaled_;  ///< The scaler's result: RGBA, or YUV(A) 4:4:4 of 16 bits for S2.14 frames.
     YuvCoding coding_;
 };
 
-/// What pictures a video is made of.
+/// A kind of YUV pictures.
 struct YuvForm {
     AVPixelFormat format;
-    int matrix;         ///< One that matrixInUse gives.
-    bool full = false;  ///< Black and white at the ends of the scale.
-    /// Where a colour difference lies among the pixels that share it.
-    AVChromaLocation siting = AVCHROMA_LOC_UNSPECIFIED;
-    bool interlaced = false;  ///< Each field has colour differences of its own.
+    int matrix;                                          ///< One that matrixInUse returns.
+    bool full = false;                                   ///< Full range, not limited range.
+    AVChromaLocation siting = AVCHROMA_LOC_UNSPECIFIED;  ///< Chroma siting; for 4:2:0.
+    bool interlaced = false;  ///< Each field has chroma lines of its own; for 4:2:0.
 };
 
 /// Converts frames into pictures of a YUV format.
 class FrameToYuv {
 public:
+    /// Size and depth of the frames. Throws MediaError if there is no such conversion.
     FrameToYuv(FrameSize size, Depth depth, const YuvForm& form);
 
-    /// A picture of its own for each call: an encoder keeps some for later.
+    /// A new picture for each call, since encoders keep some for later.
     AvFrame convert(const Frame& frame);
 
 private:

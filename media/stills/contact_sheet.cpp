@@ -37,7 +37,7 @@ Frame ground(FrameSize size) {
 
 void makeOpaque(Frame& sheet) {
     for (std::size_t i = kAlpha; i < sheet.bytes().size(); i += kChannels) {
-        sheet.bytes()[i] = std::byte{255};
+        sheet.bytes()[i] = std::byte{kWhite8};
     }
 }
 
