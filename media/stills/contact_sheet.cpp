@@ -9,18 +9,22 @@
 namespace ruvex::media {
 namespace {
 
-// So that the longest of our labels has room below the smallest picture.
+// Pixels. The longest preset name in the smallest font fits the narrowest cell.
 constexpr int kNarrowestCell = 160;
 constexpr int kSmallestFont = 14;
-// A cell is as wide as so many letters are high.
+constexpr int kSmallestGap = 4;
+/// The width of a cell, as a multiple of the font size.
 constexpr int kFontsPerCell = 20;
+/// The width of a picture, as a multiple of the gap.
+constexpr int kGapsPerPicture = 40;
+/// Of the sheet, as LabelStyle::ground.
 constexpr int kGroundGrey = 0x18;
 
 int fontSizeOf(FrameSize cell) {
     return std::max(kSmallestFont, cell.width / kFontsPerCell);
 }
 
-/// Copies the picture, its top left corner at (left, top) of the sheet.
+/// Copies the picture so that its top left corner is at (left, top) of the sheet.
 void paste(const Frame& picture, int left, int top, Frame& sheet) {
     for (int line = 0; line < picture.height(); ++line) {
         std::byte* to = sheet.row(chainRowOfLine(top + line, sheet.height()));
@@ -29,7 +33,7 @@ void paste(const Frame& picture, int left, int top, Frame& sheet) {
     }
 }
 
-Frame ground(FrameSize size) {
+Frame emptySheet(FrameSize size) {
     Frame sheet(size, Depth::Bits8);
     std::ranges::fill(sheet.bytes(), static_cast<std::byte>(kGroundGrey));
     return sheet;
@@ -45,7 +49,7 @@ void makeOpaque(Frame& sheet) {
 
 SheetLayout::SheetLayout(FrameSize picture, int count, int columnCount)
     : columns(columnCount),
-      gap(std::max(4, picture.width / 40)),
+      gap(std::max(kSmallestGap, picture.width / kGapsPerPicture)),
       cell{std::max(picture.width, kNarrowestCell), picture.height},
       labelHeight(2 * fontSizeOf(cell)) {
     cell.height += labelHeight;
@@ -64,7 +68,7 @@ int SheetLayout::top(int index) const {
 Frame contactSheet(std::span<const LabelledPicture> pictures, int columns) {
     const FrameSize size = pictures.front().picture.size();
     const SheetLayout layout(size, static_cast<int>(pictures.size()), columns);
-    Frame sheet = ground(layout.sheet);
+    Frame sheet = emptySheet(layout.sheet);
     const FrameSize labelSize{layout.cell.width, layout.labelHeight};
     for (int i = 0; i < static_cast<int>(pictures.size()); ++i) {
         const LabelledPicture& one = pictures[static_cast<std::size_t>(i)];

@@ -1,4 +1,4 @@
-// Several pictures in one, each with a label below it.
+// A contact sheet: several pictures in one, each with a label below it.
 
 #pragma once
 
@@ -14,24 +14,27 @@ struct LabelledPicture {
     Frame picture;
 };
 
-/// Where things lie in a sheet; pixels, rows from the top.
+/// Positions and sizes in a sheet, in pixels from its top left corner.
 struct SheetLayout {
-    /// `count` pictures of one size, at least one, in rows of `columns`.
+    /// For `count` pictures of one size, at least one, in rows of `columns`.
     SheetLayout(FrameSize picture, int count, int columns);
 
     int columns;
     int gap;         ///< Around and between the cells.
-    FrameSize cell;  ///< A picture in the middle, its label below it.
+    FrameSize cell;  ///< Holds a picture, centred across, and its label below it.
     int labelHeight;
     FrameSize sheet;
 
-    /// The left and the top end of picture `index`, which has the size `picture`.
+    /// The left edge of a picture or label of the size `picture` in cell `index`, which counts from
+    /// 0, row by row.
     int left(int index, FrameSize picture) const;
+    /// The top edge of cell `index`.
     int top(int index) const;
 };
 
-/// The pictures, all 8-bit and of one size, from left to right and from the top down; opaque.
-/// Throws MediaError as textLabel does, and for a sheet that would be too large.
+/// An opaque 8-bit sheet of `pictures`, at least one, all 8-bit and of one size, row by row from
+/// the top left. Throws MediaError as textLabel does, and if the sheet would be too large (see
+/// checkFrameSize).
 Frame contactSheet(std::span<const LabelledPicture> pictures, int columns);
 
 }  // namespace ruvex::media

@@ -9,11 +9,12 @@
 
 namespace ruvex::media {
 
-static_assert(std::endian::native == std::endian::little, "raw words are stored as they lie");
+static_assert(std::endian::native == std::endian::little, "raw S2.14 words are little-endian");
 
 namespace {
 
-/// What is longer than its frame is read up to here, so that what has no end has one.
+/// Reading stops at the frame's length or at this many bytes, whichever is more: a device file may
+/// never end.
 constexpr std::size_t kLeastLimit = std::size_t{1} << 20;
 
 void checkBytes(const std::filesystem::path& file, std::uintmax_t found, const Frame& frame) {
@@ -22,7 +23,7 @@ void checkBytes(const std::filesystem::path& file, std::uintmax_t found, const F
                          toText(frame.size()) + " frame of " +
                          std::to_string(bytesPerPixel(frame.depth())) + " bytes a pixel takes " +
                          std::to_string(frame.bytes().size()) +
-                         ". The file is cut off, or the size is another one.");
+                         ". The file is cut off, or its frame has another size.");
     }
 }
 
@@ -35,7 +36,7 @@ Frame readRawFrame(const std::filesystem::path& file, FrameSize size, Depth dept
     if (!error) {
         checkBytes(file, found, frame);
     }
-    // Somebody may be writing it.
+    // Another program may be writing the file, so the length is checked again.
     std::vector<std::byte> bytes =
         files::readWhole(file, std::max(frame.bytes().size(), kLeastLimit));
     checkBytes(file, bytes.size(), frame);

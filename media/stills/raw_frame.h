@@ -1,4 +1,4 @@
-// Headerless frames: the chain's own rows, row 0 first, S2.14 words little-endian.
+// Raw frames in files: chain rows without a header, row 0 first, S2.14 words little-endian.
 
 #pragma once
 
@@ -8,10 +8,10 @@
 
 namespace ruvex::media {
 
-/// The file as a frame. Throws MediaError if its length is not exactly that of one frame.
+/// Reads a file as one frame. Throws MediaError if the file's length is not exactly the frame's.
 Frame readRawFrame(const std::filesystem::path& file, FrameSize size, Depth depth);
 
-/// The frame as a file, complete or not at all. Throws MediaError.
+/// Writes a frame; the file appears only when it is complete. Throws MediaError.
 void writeRawFrame(const std::filesystem::path& file, const Frame& frame);
 
 }  // namespace ruvex::media

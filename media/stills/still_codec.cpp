@@ -12,17 +12,16 @@ extern "C" {
 namespace ruvex::media {
 namespace {
 
-struct KindOfStill {
+struct StillKind {
     FileKind kind;
     AVCodecID codec;
-    AVPixelFormat format8;
-    AVPixelFormat format16;
-    /// Of the encoder: its private option, and what it is set to.
-    const char* option;
-    const char* value;
+    AVPixelFormat format8;   ///< Stores 8-bit frames.
+    AVPixelFormat format16;  ///< Stores S2.14 frames.
+    const char* option;      ///< A private option of the encoder, or null.
+    const char* value;       ///< Of the option.
 };
 
-constexpr KindOfStill kKinds[] = {
+constexpr StillKind kStillKinds[] = {
     {FileKind::Png, AV_CODEC_ID_PNG, AV_PIX_FMT_RGBA, AV_PIX_FMT_RGBA64BE, nullptr, nullptr},
     {FileKind::Tiff, AV_CODEC_ID_TIFF, AV_PIX_FMT_RGBA, AV_PIX_FMT_RGBA64LE, "compression_algo",
      "deflate"},
@@ -32,9 +31,9 @@ constexpr KindOfStill kKinds[] = {
     {FileKind::Jpeg, AV_CODEC_ID_MJPEG, AV_PIX_FMT_YUVJ444P, AV_PIX_FMT_YUVJ444P, nullptr, nullptr},
 };
 
-const KindOfStill& rowOf(FileKind kind) {
-    return *std::find_if(std::begin(kKinds), std::end(kKinds),
-                         [kind](const KindOfStill& row) { return row.kind == kind; });
+const StillKind& rowOf(FileKind kind) {
+    return *std::find_if(std::begin(kStillKinds), std::end(kStillKinds),
+                         [kind](const StillKind& row) { return row.kind == kind; });
 }
 
 MediaError damaged(const std::filesystem::path& file) {
@@ -47,12 +46,13 @@ void openCodec(const AVCodec* codec, AVCodecContext& context) {
     context.thread_count = 1;
     if (codec == nullptr || avcodec_open2(&context, codec, nullptr) < 0) {
         throw MediaError(
-            "This build of the FFmpeg libraries lacks a kind of still picture. Install one with "
-            "PNG, TIFF, EXR, DPX and JPEG.");
+            "This build of the FFmpeg libraries lacks the codec of a still picture. Install a "
+            "build "
+            "with PNG, TIFF, EXR, DPX and JPEG.");
     }
 }
 
-/// The decoder reads past the end, so the packet has to carry padding.
+/// A copy of the bytes, with the padding that decoders need since they read past the end.
 AvPacket packetOf(std::span<const std::byte> bytes) {
     AvPacket packet = newAvPacket();
     if (av_new_packet(packet.get(), static_cast<int>(bytes.size())) < 0) {
@@ -62,9 +62,14 @@ AvPacket packetOf(std::span<const std::byte> bytes) {
     return packet;
 }
 
-/// The encoder's scale runs from 1, the finest, to 31.
+/// The quality that is the encoder's quantizer scale of 1 (the best) for 100, and 31 for 1, in the
+/// libraries' unit.
 int jpegScale(int quality) {
-    return FF_QP2LAMBDA + FF_QP2LAMBDA * 30 * (100 - quality) / 99;
+    constexpr int kBestScale = 1;
+    constexpr int kWorstScale = 31;
+    constexpr int kQualitySteps = 99;
+    return FF_QP2LAMBDA * kBestScale +
+           FF_QP2LAMBDA * (kWorstScale - kBestScale) * (100 - quality) / kQualitySteps;
 }
 
 }  // namespace
@@ -75,7 +80,7 @@ AvFrame decodeStill(FileKind kind, const std::filesystem::path& file,
     takeLibraryError();
     const AVCodec* codec = avcodec_find_decoder(rowOf(kind).codec);
     const AvCodec context = newAvCodec(codec);
-    // To this decoder a tag that it does not know is reason enough to give up.
+    // When strict, the TIFF decoder also refuses files for tags that it does not know.
     const int strict = kind == FileKind::Tiff ? 0 : AV_EF_EXPLODE;
     context->err_recognition = AV_EF_CRCCHECK | strict;
     openCodec(codec, *context);
@@ -96,15 +101,14 @@ AVPixelFormat storedFormat(FileKind kind, Depth depth) {
 AvPacket encodeStill(FileKind kind, const std::filesystem::path& file, AVFrame& picture,
                      const Rational& pixelAspect, int quality) {
     quietLibraries();
-    const KindOfStill& row = rowOf(kind);
+    const StillKind& row = rowOf(kind);
     const AVCodec* codec = avcodec_find_encoder(row.codec);
     const AvCodec context = newAvCodec(codec);
     context->width = picture.width;
     context->height = picture.height;
     context->pix_fmt = static_cast<AVPixelFormat>(picture.format);
     context->time_base = {1, 1};
-    context->sample_aspect_ratio = {static_cast<int>(pixelAspect.num),
-                                    static_cast<int>(pixelAspect.den)};
+    context->sample_aspect_ratio = toAvRational(pixelAspect);
     context->qmin = 1;
     context->flags |= kind == FileKind::Jpeg ? AV_CODEC_FLAG_QSCALE : 0;
     picture.quality = context->global_quality = jpegScale(quality);
@@ -117,7 +121,7 @@ AvPacket encodeStill(FileKind kind, const std::filesystem::path& file, AVFrame& 
     result = result < 0 ? result : avcodec_send_frame(context.get(), nullptr);
     result = result < 0 ? result : avcodec_receive_packet(context.get(), packet.get());
     if (result < 0) {
-        throw MediaError("Cannot write " + file.string() + ": the picture cannot be coded (" +
+        throw MediaError("Cannot write " + file.string() + ": the picture cannot be encoded (" +
                          libraryReason(result) + ").");
     }
     return packet;

@@ -1,4 +1,4 @@
-// The FFmpeg libraries' decoders and encoders for single pictures.
+// Decoding and encoding of single pictures by the FFmpeg libraries.
 
 #pragma once
 
@@ -11,16 +11,17 @@
 
 namespace ruvex::media {
 
-/// The picture in the bytes of a file. `file` is for messages. Throws MediaError if the decoder has
-/// anything to object to: half a picture is none.
+/// Decodes the picture in a file's bytes. `file` is for messages. Throws MediaError on any error
+/// that the decoder reports, even if it delivers a picture.
 AvFrame decodeStill(FileKind kind, const std::filesystem::path& file,
                     std::span<const std::byte> bytes);
 
-/// The pixel format in which a kind stores frames of a depth. EXR and JPEG have but one.
+/// The pixel format in which files of a kind store frames of a depth. EXR and JPEG have one for
+/// both depths.
 AVPixelFormat storedFormat(FileKind kind, Depth depth);
 
-/// The picture, in the kind's pixel format, as the bytes of a file. `quality`, 1 to 100, is for
-/// JPEG. Throws MediaError.
+/// Encodes a picture of the format that storedFormat returns; the packet holds the file's bytes.
+/// `quality`, 1 to 100 (the best), is for JPEG. `file` is for messages. Throws MediaError.
 AvPacket encodeStill(FileKind kind, const std::filesystem::path& file, AVFrame& picture,
                      const Rational& pixelAspect, int quality);
 

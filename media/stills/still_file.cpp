@@ -30,7 +30,7 @@ Frame fromFloat(const std::filesystem::path& file, const AVFrame& picture, Alpha
     return frame;
 }
 
-Frame fromWhole(const std::filesystem::path& file, const AVFrame& picture, AlphaForm alpha) {
+Frame fromInteger(const std::filesystem::path& file, const AVFrame& picture, AlphaForm alpha) {
     Frame frame = PictureToFrame(picture, file).convert(picture);
     if (alpha == AlphaForm::Premultiplied && hasAlpha(formatOf(picture))) {
         unpremultiply(frame);
@@ -38,7 +38,7 @@ Frame fromWhole(const std::filesystem::path& file, const AVFrame& picture, Alpha
     return frame;
 }
 
-/// The one matrix and range of JPEG files, whatever their size.
+/// Marks the picture with the matrix and range of JPEG files, which do not depend on the size.
 void markJpeg(AVFrame& picture) {
     picture.colorspace = AVCOL_SPC_SMPTE170M;
     picture.color_range = AVCOL_RANGE_JPEG;
@@ -96,7 +96,7 @@ Still readStill(const std::filesystem::path& file, std::optional<AlphaForm> alph
     const AlphaForm form = alpha.value_or(usualAlpha(kind));
     const Orientation orientation = orientationOf(*picture);
     Frame frame = isFloat(formatOf(*picture)) ? fromFloat(file, *picture, form)
-                                              : fromWhole(file, *picture, form);
+                                              : fromInteger(file, *picture, form);
     return {setUpright(std::move(frame), orientation), hasAlpha(formatOf(*picture)),
             setUpright(pixelAspectOf(*picture), orientation)};
 }

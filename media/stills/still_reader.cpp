@@ -13,7 +13,7 @@ files::NumberedPath::Range rangeOf(const files::NumberedPath& files) {
     if (!range) {
         throw MediaError(
             "Cannot read " + files.text() + ": there is no such file. " +
-            (files.isPattern() ? "No file's name fits the pattern." : "Check the name."));
+            (files.isPattern() ? "No file name matches the pattern." : "Check the name."));
     }
     return *range;
 }
@@ -34,7 +34,7 @@ StillReader::StillReader(const std::filesystem::path& path, const ReadOptions& o
 
 void StillReader::openRaw(std::optional<FrameSize> size, Depth depth) {
     if (!size) {
-        throw MediaError(files_.text() + " holds bare pixels: say their size (--size WxH).");
+        throw MediaError(files_.text() + " holds raw frames: give their size (--size WxH).");
     }
     checkFrameSize(*size, depth, files_.text());
     info_.size = *size;

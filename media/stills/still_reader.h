@@ -1,4 +1,4 @@
-// Clips of one file a frame: stills and raw frames, numbered or single.
+// Reading clips of one file for each frame: stills and raw frames.
 
 #pragma once
 
@@ -10,8 +10,8 @@ namespace ruvex::media {
 
 class StillReader : public FrameReader {
 public:
-    /// `path` is a pattern, or a single file that counts as frame 0. Throws MediaError if there is
-    /// no such file, or if raw frames come without a size.
+    /// `path` is a pattern of numbered files, or a single file, which is frame 0. Throws MediaError
+    /// if there is no such file, or if `options` lack the size of raw frames.
     StillReader(const std::filesystem::path& path, const ReadOptions& options);
 
     const ClipInfo& info() const override { return info_; }

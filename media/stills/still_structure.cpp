@@ -12,9 +12,15 @@ namespace {
 using namespace std::string_view_literals;
 using Bytes = std::span<const std::byte>;
 
+// Bytes.
 constexpr std::size_t kPngSignature = 8;
-constexpr std::size_t kChunkFrame = 12;  // length, type and check sum around a chunk's data
-constexpr std::size_t kDpxSizePlace = 16;
+constexpr std::size_t kPngLengthField = 4;
+constexpr std::size_t kPngChunkFields = 12;  ///< Length, type and checksum around a chunk's data.
+constexpr std::size_t kDpxLengthOffset = 16;
+constexpr std::size_t kTiffDirectoryOffset = 4;  ///< Of the first directory's offset, 4 bytes.
+constexpr std::size_t kTiffCount = 2;            ///< The number of entries before the entries.
+constexpr std::size_t kTiffEntry = 12;
+constexpr std::size_t kTiffNextOffset = 4;  ///< The next directory's offset behind the entries.
 
 bool beginsWith(Bytes file, std::string_view text) {
     return file.size() >= text.size() && std::memcmp(file.data(), text.data(), text.size()) == 0;
@@ -32,12 +38,12 @@ std::uint32_t swapped(std::uint32_t word) {
     return word >> 24 | (word >> 8 & 0xFF00) | (word << 8 & 0xFF0000) | word << 24;
 }
 
-/// Walks the chunks from the signature to the end mark.
+/// Whether the chunks behind the signature lead to an end chunk.
 bool hasPngEnd(Bytes file) {
     Bytes rest = file.subspan(kPngSignature);
-    while (rest.size() >= kChunkFrame) {
-        const std::size_t chunk = kChunkFrame + bigEndian(rest);
-        if (std::memcmp(rest.data() + 4, "IEND", 4) == 0) {
+    while (rest.size() >= kPngChunkFields) {
+        const std::size_t chunk = kPngChunkFields + bigEndian(rest);
+        if (beginsWith(rest.subspan(kPngLengthField), "IEND")) {
             return true;
         }
         rest = rest.subspan(std::min(chunk, rest.size()));
@@ -45,8 +51,8 @@ bool hasPngEnd(Bytes file) {
     return false;
 }
 
-/// The last marker; other programs may have put something behind it. Within the coded picture it
-/// cannot stand, but it ends a preview picture in the head.
+/// Whether there is an end-of-image marker behind the last start-of-scan marker. Coded data cannot
+/// contain one; an earlier one ends a thumbnail in the header. Other data may follow the marker.
 bool hasJpegEnd(Bytes file) {
     constexpr std::array kEnd = {std::byte{0xFF}, std::byte{0xD9}};
     constexpr std::array kScan = {std::byte{0xFF}, std::byte{0xDA}};
@@ -54,39 +60,40 @@ bool hasJpegEnd(Bytes file) {
     return std::search(scan, file.end(), kEnd.begin(), kEnd.end()) != file.end();
 }
 
-/// The head holds the file's length, in the byte order that the head's first word tells. Some
-/// programs leave it at all ones.
+/// Whether the file is as long as its header says; the signature gives the byte order. Some
+/// programs store the length as undefined, which is all ones.
 bool hasDpxLength(Bytes file) {
-    if (file.size() < kDpxSizePlace + 4) {
+    if (file.size() < kDpxLengthOffset + sizeof(std::uint32_t)) {
         return false;
     }
-    const std::uint32_t stored = bigEndian(file.subspan(kDpxSizePlace));
+    const std::uint32_t stored = bigEndian(file.subspan(kDpxLengthOffset));
     const std::uint32_t length = beginsWith(file, "SDPX") ? stored : swapped(stored);
     return length == UINT32_MAX || length <= file.size();
 }
 
 struct Signature {
     FileKind kind;
-    std::string_view text;
+    std::string_view text;  ///< The file's first bytes.
     const char* name;
-    bool (*isWhole)(Bytes);
+    bool (*isComplete)(Bytes);
 };
 
-/// The directory lies behind the picture as often as before it. Where the picture's strips lie, the
-/// decoder checks.
+/// Whether the first directory lies within the file; it may lie before or behind the picture. The
+/// decoder checks the picture's strips.
 bool hasTiffDirectory(Bytes file) {
     const bool big = beginsWith(file, "MM");
-    const auto number = [&](std::size_t place, std::size_t count) {
+    const auto number = [&](std::size_t offset, std::size_t count) {
         std::size_t value = 0;
-        for (std::size_t i = 0; i < count && place + count <= file.size(); ++i) {
-            const std::size_t next = place + (big ? i : count - 1 - i);
+        for (std::size_t i = 0; i < count && offset + count <= file.size(); ++i) {
+            const std::size_t next = offset + (big ? i : count - 1 - i);
             value = value << 8 | std::to_integer<std::size_t>(file[next]);
         }
         return value;
     };
-    const std::size_t directory = number(4, 4);
-    const std::size_t entries = number(directory, 2);
-    return entries > 0 && directory + 2 + entries * 12 + 4 <= file.size();
+    const std::size_t directory = number(kTiffDirectoryOffset, sizeof(std::uint32_t));
+    const std::size_t entries = number(directory, kTiffCount);
+    return entries > 0 &&
+           directory + kTiffCount + entries * kTiffEntry + kTiffNextOffset <= file.size();
 }
 
 constexpr Signature kSignatures[] = {
@@ -114,8 +121,7 @@ std::string stillFault(FileKind kind, Bytes file) {
     if (row == std::end(kSignatures)) {
         return "is not a " + std::string(nameOf(kind)) + " file.";
     }
-    return row->isWhole(file) ? ""
-                              : "is cut off: its last part is missing. Copy or render it again.";
+    return row->isComplete(file) ? "" : "is cut off: its end is missing. Copy or render it again.";
 }
 
 }  // namespace ruvex::media

@@ -15,8 +15,8 @@ StillWriter::StillWriter(const std::filesystem::path& path, const WriteOptions& 
 void StillWriter::write(std::int64_t number, const Frame& frame) {
     if (!files_.isPattern() && written_ > 0) {
         throw MediaError(files_.text() +
-                         " holds one frame only. For more, put a number into its "
-                         "name, as in shot.%05d.png.");
+                         " holds one frame only. For several, use a pattern of numbered files "
+                         "such as shot.%05d.png.");
     }
     const std::filesystem::path file = files_.file(number);
     if (const auto depth = rawDepth(kind_)) {

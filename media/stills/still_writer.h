@@ -1,4 +1,4 @@
-// Results of one file a frame: stills and raw frames, numbered or single.
+// Writing one file for each frame: stills and raw frames.
 
 #pragma once
 
@@ -8,10 +8,12 @@
 
 namespace ruvex::media {
 
-/// Each file is complete or not there. The files of a sequence get their names one by one and stay
-/// if the rest fails: a long render can be looked at early, and continued where it stopped.
+/// Each file of a sequence appears when it is complete, and remains if a later one fails: a long
+/// render can be viewed while it runs, and resumed where it stopped.
 class StillWriter : public FrameWriter {
 public:
+    /// `path` is a pattern of numbered files, or a single file, which takes one frame only. Throws
+    /// MediaError on a size that checkFrameSize refuses.
     StillWriter(const std::filesystem::path& path, const WriteOptions& options);
 
     void write(std::int64_t number, const Frame& frame) override;

@@ -19,7 +19,7 @@ extern "C" {
 namespace ruvex::media {
 namespace {
 
-// Debian's fonts-dejavu-core; where it is missing, the system's own choice takes its place.
+/// From Debian's fonts-dejavu-core; if it is missing, the system chooses another.
 constexpr const char* kFont = "DejaVu Sans";
 
 struct GraphDelete {
@@ -35,6 +35,7 @@ std::string colourText(unsigned colour) {
     return text.data();
 }
 
+/// Throws MediaError for an error code of the libraries.
 void require(int result) {
     if (result < 0) {
         throw MediaError("Cannot draw text: " + takeLibraryReason(result) +
@@ -42,12 +43,13 @@ void require(int result) {
     }
 }
 
-/// A filter with its settings taken as they stand: no character of a text has a meaning of its own.
+/// Adds a filter. Its settings are set one by one, so that no character of a text is taken for
+/// syntax.
 AVFilterContext* addFilter(AVFilterGraph& graph, const char* kind, const Settings& settings) {
     const AVFilter* filter = avfilter_get_by_name(kind);
     if (filter == nullptr) {
         throw MediaError(std::string("This build of the FFmpeg libraries has no filter ") + kind +
-                         ". Install one with it.");
+                         ". Install a build with it.");
     }
     AVFilterContext* context = avfilter_graph_alloc_filter(&graph, filter, kind);
     if (context == nullptr) {
@@ -60,7 +62,7 @@ AVFilterContext* addFilter(AVFilterGraph& graph, const char* kind, const Setting
     return context;
 }
 
-/// The end of a graph that draws the label: the ground, the text on it, as RGBA.
+/// Builds a filter graph that draws the label in RGBA, and returns its sink.
 AVFilterContext* buildGraph(AVFilterGraph& graph, const std::string& text, FrameSize size,
                             const LabelStyle& style) {
     const std::array chain = {
@@ -73,7 +75,8 @@ AVFilterContext* buildGraph(AVFilterGraph& graph, const std::string& text, Frame
                    {"fontsize", std::to_string(style.fontSize)},
                    {"fontcolor", colourText(style.text)},
                    {"x", "(w-text_w)/2"},
-                   // By the foot of the letters, so that a "y" does not lift its neighbours.
+                   // The baseline does not depend on the letters. It is placed so that capitals,
+                   // about 0.7 of the font size high, are centred.
                    {"y", "(h+0.7*" + std::to_string(style.fontSize) + ")/2-ascent"}}),
         addFilter(graph, "buffersink", {}),
     };

@@ -1,4 +1,4 @@
-// Words as a picture.
+// A line of text as a picture.
 
 #pragma once
 
@@ -8,16 +8,16 @@
 
 namespace ruvex::media {
 
-/// How a label looks. Colours are 0xRRGGBB.
+/// The appearance of a label. Colours are 0xRRGGBB.
 struct LabelStyle {
-    int fontSize = 16;  ///< Pixels, from 1 up.
+    int fontSize = 16;  ///< Pixels, at least 1.
     unsigned text = 0xE6E6E6;
-    unsigned ground = 0x181818;
+    unsigned ground = 0x181818;  ///< The background.
 };
 
-/// One line of text in a sans-serif font, in the middle of an opaque 8-bit picture of `size`; what
-/// does not fit is cut off. All labels of one height and style stand on one line. Throws MediaError
-/// where the machine has no font.
+/// One line of text in a sans-serif font, centred in an opaque 8-bit picture of `size`; text that
+/// does not fit is cut off. All labels of one height and style have the same baseline. Throws
+/// MediaError if the machine has no font.
 Frame textLabel(const std::string& text, FrameSize size, const LabelStyle& style);
 
 }  // namespace ruvex::media

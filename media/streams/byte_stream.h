@@ -1,4 +1,4 @@
-// Bytes in a row, from or to what cannot be searched: pipes, and files taken as such.
+// Reading and writing bytes in sequence, without seeking, as of a pipe.
 
 #pragma once
 
@@ -8,20 +8,20 @@
 
 namespace ruvex::media {
 
-/// Reads a file descriptor, which stays its owner's.
+/// Reads a file descriptor, which the caller owns and closes.
 class InputStream {
 public:
-    /// `name` is what messages call it.
+    /// `name` is for messages.
     InputStream(int descriptor, std::string name) : fd_(descriptor), name_(std::move(name)) {}
 
     const std::string& name() const { return name_; }
 
-    /// Fills `bytes`; waits for them. How many there were before the end. Throws MediaError if the
-    /// system refuses.
+    /// Blocks until `bytes` is filled or the stream ends. Returns how many bytes were read. Throws
+    /// MediaError if reading fails.
     std::size_t read(std::span<std::byte> bytes);
 
-    /// Fills `bytes`, the size of one frame. False at the end of the stream. Throws MediaError if
-    /// the stream ends within the frame.
+    /// Reads one frame into `bytes`, which has its size. False at the end of the stream. Throws
+    /// MediaError if reading fails or the stream ends within the frame.
     bool readFrame(std::span<std::byte> bytes);
 
 private:
@@ -29,14 +29,15 @@ private:
     std::string name_;
 };
 
-/// Writes to a file descriptor, which stays its owner's.
+/// Writes to a file descriptor, which the caller owns and closes.
 class OutputStream {
 public:
+    /// `name` is for messages.
     OutputStream(int descriptor, std::string name) : fd_(descriptor), name_(std::move(name)) {}
 
     const std::string& name() const { return name_; }
 
-    /// All of it. Throws MediaError, also if nobody reads at the other end.
+    /// Writes all bytes. Throws MediaError if writing fails, or if the reader of a pipe has ended.
     void write(std::span<const std::byte> bytes);
     void write(const std::string& text) { write(std::as_bytes(std::span(text))); }
 

@@ -9,12 +9,14 @@
 namespace ruvex::media {
 namespace {
 
-constexpr std::size_t kMostBytes = std::size_t{512} << 20;
-/// Looking one frame back has to be possible whatever the size.
-constexpr std::size_t kFewestFrames = 2;
+constexpr std::size_t kMostKeptBytes = std::size_t{512} << 20;
+/// So that the previous frame can be read again whatever the size.
+constexpr std::size_t kFewestKeptFrames = 2;
 
+/// How many frames of this size are kept.
 std::size_t mostFrames(const Frame& frame) {
-    return std::max(kMostBytes / std::max<std::size_t>(frame.bytes().size(), 1), kFewestFrames);
+    return std::max(kMostKeptBytes / std::max<std::size_t>(frame.bytes().size(), 1),
+                    kFewestKeptFrames);
 }
 
 std::unique_ptr<StreamSource> openSource(InputStream stream, const ReadOptions& options) {
@@ -23,7 +25,7 @@ std::unique_ptr<StreamSource> openSource(InputStream stream, const ReadOptions& 
         return std::make_unique<Y4mStream>(std::move(stream), options.fields);
     }
     if (!options.size) {
-        throw MediaError(stream.name() + " holds bare pixels: say their size (--size WxH).");
+        throw MediaError(stream.name() + " holds raw frames: give their size (--size WxH).");
     }
     const auto depth = rawDepth(options.format.value_or(FileKind::RawRgba8));
     return std::make_unique<RawStream>(std::move(stream), *options.size, *depth);
@@ -72,21 +74,21 @@ bool StreamReader::advance() {
         kept_.pop_front();
     }
     kept_.push_back(std::move(*frame));
-    ++came_;
+    ++count_;
     return true;
 }
 
 bool StreamReader::readOwn(std::int64_t number, Frame& frame) {
-    while (came_ <= number) {
+    while (count_ <= number) {
         if (!advance()) {
             return false;
         }
     }
-    const std::int64_t first = came_ - static_cast<std::int64_t>(kept_.size());
+    const std::int64_t first = count_ - static_cast<std::int64_t>(kept_.size());
     if (number < first) {
         throw MediaError("Cannot go back to frame " + std::to_string(number) + " of " + name_ +
                          ": only the frames from " + std::to_string(first) +
-                         " on are still at hand. Render from a file.");
+                         " on are still in memory. Render from a file.");
     }
     frame = kept_[static_cast<std::size_t>(number - first)];
     return true;

@@ -1,4 +1,4 @@
-// Clips that come in one after the other and cannot be searched: Y4M or raw frames from a pipe.
+// Reading clips from streams, which cannot seek: Y4M or raw frames, as from a pipe.
 
 #pragma once
 
@@ -9,7 +9,7 @@
 
 namespace ruvex::media {
 
-/// The frames of a stream in their order.
+/// The frames of a stream in sequence.
 class StreamSource {
 public:
     virtual ~StreamSource() = default;
@@ -17,14 +17,15 @@ public:
     StreamSource& operator=(const StreamSource&) = delete;
 
     virtual const ClipInfo& info() const = 0;
-    /// The next frame; nothing at the end. Throws MediaError if the stream breaks off within one.
+    /// The next frame; empty at the end. Throws MediaError if the stream is damaged or ends within
+    /// a frame.
     virtual std::optional<Frame> next() = 0;
 
 protected:
     StreamSource() = default;
 };
 
-/// Raw frames one after the other: chain rows, row 0 first, S2.14 words little-endian.
+/// Raw frames, one after the other: chain rows, row 0 first, S2.14 words little-endian.
 class RawStream : public StreamSource {
 public:
     /// Throws MediaError on a size that checkFrameSize refuses.
@@ -38,26 +39,26 @@ private:
     ClipInfo info_;
 };
 
-/// Frames by number, as far as they are at hand: those that came last are kept, up to a bound on
-/// memory, so that an effect may look back and ahead. What came before them is gone.
+/// Reads frames by number. The latest frames, up to 512 MB but at least two, are kept, so that an
+/// effect may use earlier and later frames; reading a frame before them throws MediaError.
 class StreamReader : public FrameReader {
 public:
-    /// Reads `descriptor`, which stays the caller's, as Y4M; or, if the options give a size, as raw
-    /// frames, of 8 bits unless they name the other kind. Throws MediaError.
+    /// Reads `descriptor`, which the caller owns, in the format that ReadOptions::format describes.
+    /// `name` is for messages. Throws MediaError.
     StreamReader(int descriptor, std::string name, const ReadOptions& options);
 
     const ClipInfo& info() const override { return source_->info(); }
 
 private:
     bool readOwn(std::int64_t number, Frame& frame) override;
-    /// Takes the next frame from the stream. False at its end.
+    /// Reads and keeps the next frame. False at the end of the stream.
     bool advance();
 
     std::string name_;
     std::optional<AlphaForm> alpha_;
     std::unique_ptr<StreamSource> source_;
-    std::deque<Frame> kept_;
-    std::int64_t came_ = 0;  ///< How many frames have come so far.
+    std::deque<Frame> kept_;  ///< The latest frames, in order.
+    std::int64_t count_ = 0;  ///< Frames read so far.
     bool ended_ = false;
 };
 

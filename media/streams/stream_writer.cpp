@@ -13,7 +13,7 @@ extern "C" {
 namespace ruvex::media {
 namespace {
 
-/// The bits of the input where the frames are deep; all 16 where it does not say.
+/// Bits of a component; see WriteOptions::bits.
 int bitsFor(const WriteOptions& options) {
     if (options.depth == Depth::Bits8) {
         return 8;
@@ -38,7 +38,7 @@ Y4mHeader headerFor(const WriteOptions& options) {
 
 StreamWriter::StreamWriter(int descriptor, std::string name, const WriteOptions& options)
     : options_(options), stream_(descriptor, std::move(name)) {
-    // A reader that ends early is an error to be told, not a reason to vanish.
+    // Without this, a reader that ends early would kill the process instead of failing the write.
     std::signal(SIGPIPE, SIG_IGN);
     begin();
 }

@@ -1,4 +1,4 @@
-// Frames one after the other, for a pipe or a .y4m file.
+// Writing frames in sequence, to a pipe or a .y4m file.
 
 #pragma once
 
@@ -10,14 +10,14 @@
 
 namespace ruvex::media {
 
-/// Y4M without alpha, with the colour differences, bits and range that the options name (4:2:0
-/// where they name none), or raw frames. To a pipe each frame goes out at once; a file gets its
-/// name at the end.
+/// Writes Y4M without alpha, with the chroma subsampling, bits and range of the options, or raw
+/// frames. A frame is written to the descriptor at once. A file gets its final name at the end.
 class StreamWriter : public FrameWriter {
 public:
-    /// To `descriptor`, which stays the caller's. Throws MediaError.
+    /// Writes to `descriptor`, which the caller owns, and ignores SIGPIPE for the rest of the
+    /// process. `name` is for messages. Throws MediaError.
     StreamWriter(int descriptor, std::string name, const WriteOptions& options);
-    /// To a file of Y4M.
+    /// Writes a Y4M file. Throws MediaError.
     StreamWriter(const std::filesystem::path& path, const WriteOptions& options);
 
     void write(std::int64_t number, const Frame& frame) override;

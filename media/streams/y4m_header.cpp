@@ -9,14 +9,15 @@
 namespace ruvex::media {
 namespace {
 
-/// One way of storing pixels. Several names may stand for one format; the first is written.
-struct Kind {
-    std::string_view name;
+/// A pixel format and its name in the header. The first of several names for one format is written.
+struct PixelKind {
+    std::string_view name;  ///< The value of the "C" tag.
     AVPixelFormat format;
     AVChromaLocation siting = AVCHROMA_LOC_UNSPECIFIED;
 };
 
-constexpr Kind kKinds[] = {
+/// Formats of more than 8 bits are little-endian.
+constexpr PixelKind kPixelKinds[] = {
     {"420jpeg", AV_PIX_FMT_YUV420P, AVCHROMA_LOC_CENTER},
     {"420mpeg2", AV_PIX_FMT_YUV420P, AVCHROMA_LOC_LEFT},
     {"420paldv", AV_PIX_FMT_YUV420P, AVCHROMA_LOC_TOPLEFT},
@@ -47,12 +48,13 @@ constexpr Kind kKinds[] = {
     {"444p16", AV_PIX_FMT_YUV444P16LE},
 };
 
-/// The value of a tag in a message: what is no value can be anything.
+/// An invalid value for a message, made printable and cut to a length that fits.
 std::string quoted(std::string_view text) {
-    constexpr std::size_t kMost = 60;
-    return std::string("'").append(files::printable(text, kMost)).append("'");
+    constexpr std::size_t kLongestQuote = 60;
+    return std::string("'").append(files::printable(text, kLongestQuote)).append("'");
 }
 
+/// Parses the signature, then tags separated by blanks: a letter and its value.
 class Parser {
 public:
     Parser(std::string_view line, const std::string& name) : line_(line), name_(name) {}
@@ -76,6 +78,8 @@ private:
         throw MediaError("Cannot read " + name_ + " as Y4M: " + what + ".");
     }
 
+    /// W width, H height, F frame rate, A pixel aspect, I interlacing, C pixel format, X
+    /// extensions.
     void take(std::string_view tag) {
         if (tag.empty()) {
             return;
@@ -104,7 +108,7 @@ private:
                 header_.full = value == "COLORRANGE=FULL" || header_.full;
                 break;
             default:
-                break;  // to be ignored, as the format's own rules say
+                break;  // the format demands that unknown tags are ignored
         }
     }
 
@@ -112,12 +116,12 @@ private:
         int value = 0;
         const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), value);
         if (error != std::errc() || stop != text.data() + text.size() || value < 1) {
-            fail(quoted(text) + " is no width or height");
+            fail(quoted(text) + " is not a width or height");
         }
         return value;
     }
 
-    /// "25:1"; nothing for "0:0", which is "not known".
+    /// Parses "25:1"; empty for "0:0", which means unknown.
     std::optional<Rational> ratio(std::string_view text) const {
         if (text == "0:0") {
             return std::nullopt;
@@ -126,7 +130,7 @@ private:
         std::replace(fraction.begin(), fraction.end(), ':', '/');
         const auto value = parsePositiveRational(fraction);
         if (!value) {
-            fail(quoted(text) + " is no ratio");
+            fail(quoted(text) + " is not a ratio");
         }
         return value;
     }
@@ -137,15 +141,16 @@ private:
         } else if (text == "b") {
             header_.fields = FieldOrder::BottomFirst;
         } else if (text == "m") {
-            fail("its pictures are partly interlaced, which is not supported");
+            fail("only some of its pictures are interlaced, which is not supported");
         }
     }
 
     void takeKind(std::string_view text) {
-        const auto* kind = std::find_if(std::begin(kKinds), std::end(kKinds),
-                                        [text](const Kind& known) { return known.name == text; });
-        if (kind == std::end(kKinds)) {
-            fail("its kind of pixels, " + quoted(text) + ", is not known");
+        const auto* kind =
+            std::find_if(std::begin(kPixelKinds), std::end(kPixelKinds),
+                         [text](const PixelKind& known) { return known.name == text; });
+        if (kind == std::end(kPixelKinds)) {
+            fail("its pixel format, " + quoted(text) + ", is unknown");
         }
         header_.format = kind->format;
         header_.siting = kind->siting;
@@ -156,21 +161,23 @@ private:
     Y4mHeader header_;
 };
 
-std::string_view nameOf(const Y4mHeader& header) {
-    const auto fits = [&](const Kind& kind) {
+/// The name of the header's format and siting, or else of its format alone.
+std::string_view pixelKindName(const Y4mHeader& header) {
+    const auto fits = [&](const PixelKind& kind) {
         return kind.format == header.format && kind.siting == header.siting;
     };
-    const auto sameFormat = [&](const Kind& kind) { return kind.format == header.format; };
-    const auto* exact = std::find_if(std::begin(kKinds), std::end(kKinds), fits);
-    return exact != std::end(kKinds)
+    const auto sameFormat = [&](const PixelKind& kind) { return kind.format == header.format; };
+    const auto* exact = std::find_if(std::begin(kPixelKinds), std::end(kPixelKinds), fits);
+    return exact != std::end(kPixelKinds)
                ? exact->name
-               : std::find_if(std::begin(kKinds), std::end(kKinds), sameFormat)->name;
+               : std::find_if(std::begin(kPixelKinds), std::end(kPixelKinds), sameFormat)->name;
 }
 
 std::string ratioText(const Rational& ratio) {
     return std::to_string(ratio.num) + ":" + std::to_string(ratio.den);
 }
 
+/// By FieldOrder: progressive, top field first, bottom field first.
 constexpr char kFieldTags[] = {'p', 't', 'b'};
 
 }  // namespace
@@ -186,7 +193,7 @@ std::string formatY4mHeader(const Y4mHeader& header) {
     text.append(" F").append(header.rate ? ratioText(*header.rate) : "0:0");
     text.append(" I").append(1, kFieldTags[static_cast<int>(header.fields)]);
     text.append(" A").append(ratioText(header.pixelAspect));
-    text.append(" C").append(nameOf(header));
+    text.append(" C").append(pixelKindName(header));
     text.append(" XCOLORRANGE=").append(header.full ? "FULL" : "LIMITED");
     return text + '\n';
 }
@@ -196,9 +203,9 @@ std::optional<AVPixelFormat> y4mFormat(Chroma chroma, int bits) {
     if (bits != 8) {
         name.append("p").append(std::to_string(bits));
     }
-    const auto* kind = std::find_if(std::begin(kKinds), std::end(kKinds),
-                                    [&](const Kind& known) { return known.name == name; });
-    return kind == std::end(kKinds) ? std::nullopt : std::optional(kind->format);
+    const auto* kind = std::find_if(std::begin(kPixelKinds), std::end(kPixelKinds),
+                                    [&](const PixelKind& known) { return known.name == name; });
+    return kind == std::end(kPixelKinds) ? std::nullopt : std::optional(kind->format);
 }
 
 }  // namespace ruvex::media

@@ -14,7 +14,8 @@ namespace {
 
 constexpr std::string_view kFrameMark = "FRAME";
 
-/// The format has no tag for the matrix, so that it follows the height.
+/// A picture with the header's properties. Y4M has no tag for the matrix, which therefore follows
+/// the height (see matrixInUse).
 AvFrame blankPicture(const Y4mHeader& header) {
     AvFrame picture = newPicture(header.size.width, header.size.height, header.format);
     picture->color_range = header.full ? AVCOL_RANGE_JPEG : AVCOL_RANGE_MPEG;
@@ -23,13 +24,14 @@ AvFrame blankPicture(const Y4mHeader& header) {
     return picture;
 }
 
-/// Frames of 8 bits may have more pixels than the libraries hold in a picture.
+/// The bytes of a picture. Throws MediaError if it has more pixels than the libraries support,
+/// which is fewer than checkFrameSize accepts.
 std::size_t bytesOf(const Y4mHeader& header, const std::string& name) {
     const int bytes =
         av_image_get_buffer_size(header.format, header.size.width, header.size.height, 1);
     if (bytes < 0) {
         throw MediaError("Cannot read " + name + ": its size is " + toText(header.size) +
-                         ", more than the FFmpeg libraries hold in a picture. Use a smaller one.");
+                         ", more than the FFmpeg libraries support. Use a smaller picture.");
     }
     return static_cast<std::size_t>(bytes);
 }
@@ -70,8 +72,8 @@ std::optional<std::string> Y4mStream::readLine() {
         line += static_cast<char>(next);
         if (line.size() > kLongestY4mLine) {
             throw MediaError("Cannot read " + stream_.name() +
-                             " as Y4M: a line of it is too long. For raw frames say their size "
-                             "(--size WxH).");
+                             " as Y4M: a line is too long. For raw frames, give their size (--size "
+                             "WxH).");
         }
     }
     if (!line.empty()) {
@@ -87,7 +89,7 @@ std::optional<Frame> Y4mStream::next() {
     }
     const bool tags = line->size() > kFrameMark.size() && (*line)[kFrameMark.size()] == ' ';
     if (!line->starts_with(kFrameMark) || (line->size() > kFrameMark.size() && !tags)) {
-        throw MediaError(stream_.name() + " is damaged: a frame of it does not begin with FRAME.");
+        throw MediaError(stream_.name() + " is damaged: a frame does not begin with FRAME.");
     }
     if (!stream_.readFrame(bytes_)) {
         throw MediaError(stream_.name() + " breaks off within a frame.");

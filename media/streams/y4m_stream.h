@@ -1,4 +1,4 @@
-// The pictures of a Y4M stream as frames.
+// Reading the pictures of a Y4M stream as frames.
 
 #pragma once
 
@@ -10,19 +10,20 @@ namespace ruvex::media {
 
 class Y4mStream : public StreamSource {
 public:
-    /// Reads the first line. Throws MediaError.
+    /// Reads the header. `fields` overrides its field order. Throws MediaError.
     Y4mStream(InputStream stream, std::optional<FieldOrder> fields);
 
     const ClipInfo& info() const override { return info_; }
     std::optional<Frame> next() override;
 
 private:
-    /// Up to the line end, which is taken too; nothing at the end of the stream.
+    /// The next line, without its line end, which is skipped; empty at the end of the stream.
+    /// Throws MediaError if it is too long or the stream ends within it.
     std::optional<std::string> readLine();
 
     InputStream stream_;
     Y4mHeader header_;
-    std::vector<std::byte> bytes_;
+    std::vector<std::byte> bytes_;  ///< A picture as it is stored, with planes one after the other.
     AvFrame picture_;
     std::optional<PictureToFrame> convert_;
     ClipInfo info_;
