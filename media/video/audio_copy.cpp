@@ -9,8 +9,9 @@ namespace ruvex::media {
 namespace {
 
 constexpr AVRational kMicroseconds = {1, AV_TIME_BASE};
-constexpr int kNone = -1;
+constexpr int kNoStream = -1;
 
+/// Frees an output in memory.
 struct FreeTrial {
     void operator()(AVFormatContext* format) const {
         std::uint8_t* written = nullptr;
@@ -22,7 +23,7 @@ struct FreeTrial {
     }
 };
 
-/// Adds a stream that holds what `from` does.
+/// Adds a stream of the same codec, parameters and time base.
 AVStream& addLike(const AVStream& from, AVFormatContext& output) {
     AVStream* to = avformat_new_stream(&output, nullptr);
     if (to == nullptr || avcodec_parameters_copy(to->codecpar, from.codecpar) < 0) {
@@ -33,14 +34,16 @@ AVStream& addLike(const AVStream& from, AVFormatContext& output) {
     return *to;
 }
 
-/// Matroska takes codings by the names of other containers that its list leaves out.
-bool isListed(const AVOutputFormat& container, AVCodecID coding) {
+/// Whether the libraries list the codec for this container. Matroska also holds codecs that its
+/// list lacks, by the tags of other containers.
+bool isListed(const AVOutputFormat& container, AVCodecID codec) {
     return container.name == std::string_view("matroska") ||
-           avformat_query_codec(&container, coding, FF_COMPLIANCE_EXPERIMENTAL) == 1;
+           avformat_query_codec(&container, codec, FF_COMPLIANCE_EXPERIMENTAL) == 1;
 }
 
-/// Whether a file of this kind can hold such a stream. The libraries' list of codings names some
-/// that a file then cannot begin with, and a file may begin with some that fail later.
+/// Whether a container can hold such a stream. It takes both tests: for some codecs that are listed
+/// the header cannot be written, and for some that are not listed only the packets fail. The header
+/// is written to memory.
 bool canHold(const AVOutputFormat& container, const AVStream& stream) {
     if (!isListed(container, stream.codecpar->codec_id)) {
         return false;
@@ -56,7 +59,7 @@ bool canHold(const AVOutputFormat& container, const AVStream& stream) {
     trial->strict_std_compliance = FF_COMPLIANCE_EXPERIMENTAL;
     addLike(stream, *trial);
     const bool begun = avformat_write_header(trial.get(), nullptr) >= 0;
-    takeLibraryError();  // A refusal is an answer here.
+    takeLibraryError();  // Not an error: it says that the stream cannot be held.
     return begun;
 }
 
@@ -73,7 +76,7 @@ AudioCopy::AudioCopy(const AudioSource& source, AVFormatContext& output)
         return;
     }
     input_.reset(input);
-    // Sound is copied as it is, where the libraries call that new and untried too.
+    // Also where the libraries call a codec in this container experimental.
     output_.strict_std_compliance = FF_COMPLIANCE_EXPERIMENTAL;
     if (avformat_find_stream_info(input, nullptr) >= 0) {
         addStreams();
@@ -83,14 +86,14 @@ AudioCopy::AudioCopy(const AudioSource& source, AVFormatContext& output)
 void AudioCopy::addStreams() {
     for (unsigned i = 0; i < input_->nb_streams; ++i) {
         AVStream& from = *input_->streams[i];
-        const AVCodecParameters& coding = *from.codecpar;
-        streams_.push_back(kNone);
+        const AVCodecParameters& parameters = *from.codecpar;
+        streams_.push_back(kNoStream);
         from.discard = AVDISCARD_ALL;
-        if (coding.codec_type != AVMEDIA_TYPE_AUDIO) {
+        if (parameters.codec_type != AVMEDIA_TYPE_AUDIO) {
             continue;
         }
         if (!canHold(*output_.oformat, from)) {
-            leftOut_.emplace_back(avcodec_get_name(coding.codec_id));
+            leftOut_.emplace_back(avcodec_get_name(parameters.codec_id));
             continue;
         }
         AVStream& to = addLike(from, output_);
@@ -102,20 +105,21 @@ void AudioCopy::addStreams() {
 }
 
 bool AudioCopy::fetch() {
-    while (!waiting_ && input_) {
+    while (!pending_ && input_) {
         av_packet_unref(packet_.get());
         if (av_read_frame(input_.get(), packet_.get()) < 0) {
             input_.reset();
             return false;
         }
-        waiting_ = isWanted();
+        pending_ = isWanted();
     }
-    return waiting_;
+    return pending_;
 }
 
 bool AudioCopy::isWanted() const {
     const auto index = static_cast<std::size_t>(packet_->stream_index);
-    if (index >= streams_.size() || streams_[index] == kNone || packet_->pts == AV_NOPTS_VALUE) {
+    if (index >= streams_.size() || streams_[index] == kNoStream ||
+        packet_->pts == AV_NOPTS_VALUE) {
         return false;
     }
     const AVRational unit = input_->streams[index]->time_base;
@@ -137,7 +141,7 @@ int AudioCopy::writeUntil(std::int64_t time) {
         packet_->pos = -1;
         packet_->stream_index = streams_[index];
         av_packet_rescale_ts(packet_.get(), unit, output_.streams[streams_[index]]->time_base);
-        waiting_ = false;
+        pending_ = false;
         const int code = av_interleaved_write_frame(&output_, packet_.get());
         if (code < 0) {
             return code;

@@ -9,9 +9,9 @@
 namespace ruvex::media {
 namespace {
 
-/// The first whose endings fit is an ending's own coding. The usual quality is finer than the eye
-/// tells apart on moving pictures; snow and shash cost bits, but keep their edge.
-constexpr VideoCodec kCodecs[] = {
+/// The default codec of an extension is the first that lists it. The default qualities show no loss
+/// in moving pictures and keep snow and shash sharp, at the cost of larger files.
+constexpr VideoCodec kVideoCodecs[] = {
     {"ffv1", "FFV1, without loss", "ffv1", ".mkv ", true, true, 0, 1, true},
     {"prores", "ProRes 4444", "prores_ks", ".mov .mkv ", false, true, 95, 2, false},
     {"h264", "H.264", "libx264", ".mp4 .m4v .mov .mkv ", false, false, 72, 4, true},
@@ -25,7 +25,7 @@ bool holds(const VideoCodec& codec, const std::filesystem::path& path) {
 
 std::string codecsFor(const std::filesystem::path& path) {
     std::string names;
-    for (const VideoCodec& codec : kCodecs) {
+    for (const VideoCodec& codec : kVideoCodecs) {
         if (holds(codec, path)) {
             names.append(names.empty() ? "" : ", ").append(codec.name);
         }
@@ -37,25 +37,26 @@ std::string codecsFor(const std::filesystem::path& path) {
 
 const VideoCodec* findVideoCodec(const std::filesystem::path& path,
                                  const std::optional<std::string>& name) {
-    const auto* found =
-        std::find_if(std::begin(kCodecs), std::end(kCodecs), [&](const VideoCodec& codec) {
+    const auto* found = std::find_if(
+        std::begin(kVideoCodecs), std::end(kVideoCodecs), [&](const VideoCodec& codec) {
             return holds(codec, path) && (!name || *name == codec.name);
         });
-    return found == std::end(kCodecs) ? nullptr : found;
+    return found == std::end(kVideoCodecs) ? nullptr : found;
 }
 
 std::string storageFault(const std::filesystem::path& path, const std::optional<std::string>& codec,
                          std::optional<int> quality) {
     const FileKind kind = fileKind(path);
     if (codec && kind != FileKind::Video) {
-        return "A coding can be chosen for video files only.";
+        return "A codec can be chosen for video files only.";
     }
     const VideoCodec* found = kind == FileKind::Video ? findVideoCodec(path, codec) : nullptr;
     if (codec && found == nullptr) {
-        return "'" + *codec + "' is no coding for such a file. Use one of " + codecsFor(path) + ".";
+        return "'" + *codec + "' is not a codec for this kind of file. Use one of " +
+               codecsFor(path) + ".";
     }
-    const bool choice = kind == FileKind::Jpeg || (found != nullptr && found->quality > 0);
-    return quality && !choice ? "There is no quality to choose: it is stored without loss." : "";
+    const bool lossy = kind == FileKind::Jpeg || (found != nullptr && found->quality > 0);
+    return quality && !lossy ? "A quality cannot be chosen: the format is lossless." : "";
 }
 
 }  // namespace ruvex::media

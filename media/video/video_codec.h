@@ -1,4 +1,4 @@
-// The ways in which video is coded, and the files that hold them.
+// The codecs that video can be written in, and the files that hold them.
 
 #pragma once
 
@@ -8,29 +8,29 @@
 
 namespace ruvex::media {
 
-/// A way of coding video that can be written.
+/// A codec that video can be written in.
 struct VideoCodec {
-    const char* name;     ///< As it is typed: "h264".
-    const char* title;    ///< As it is told: "H.264".
-    const char* encoder;  ///< What the FFmpeg libraries call it.
-    const char* endings;  ///< Of the files that may hold it, each followed by a blank.
-    bool exact;           ///< RGB without loss, 8 or 16 bits a component.
+    const char* name;     ///< Of the option --codec: "h264".
+    const char* title;    ///< For messages: "H.264".
+    const char* encoder;  ///< The FFmpeg libraries' name of the encoder.
+    const char* endings;  ///< Extensions of the files that may hold it, each followed by a blank.
+    bool exact;           ///< Lossless RGBA of 8 or 16 bits a component.
     bool alpha;
-    int quality;  ///< The usual one, from 1 to 100; 0 where there is none to choose.
-    /// Frames of two fields need a height that is a multiple of this; 0 where they cannot be told
-    /// from others.
+    int quality;  ///< The default, 1 to 100; 0 for a lossless codec, which has no quality.
+    /// Interlaced coding needs a height that is a multiple of this; 0 if the codec has none.
     int fieldLines;
-    /// Whether readers can be told that black and white are at the ends of the scale.
-    bool fullRange;
+    bool fullRange;  ///< Whether a file can be marked as full range.
 };
 
-/// The coding named, or without a name the ending's own: H.264 for .mp4 and .m4v, ProRes 4444 for
-/// .mov, FFV1 for .mkv. Null if there is none of that name, or the file cannot hold it.
+/// The codec of this name, or by default the extension's: H.264 for .mp4 and .m4v, ProRes 4444 for
+/// .mov, FFV1 for .mkv. Null if the name is unknown or files of this extension cannot hold the
+/// codec.
 const VideoCodec* findVideoCodec(const std::filesystem::path& path,
                                  const std::optional<std::string>& name = {});
 
-/// Why a file cannot be written so, as a sentence without the file's name, or nothing: a coding
-/// that is not known or not for this file, a quality where there is none to choose.
+/// Why a file cannot be written with these options, as a sentence without the file's name; empty if
+/// it can. Faults are a codec that is unknown or that the file cannot hold, and a quality for a
+/// lossless format.
 std::string storageFault(const std::filesystem::path& path, const std::optional<std::string>& codec,
                          std::optional<int> quality);
 

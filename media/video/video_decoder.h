@@ -1,4 +1,4 @@
-// The pictures of a video file in the order in which they are shown, forwards.
+// Decoding the pictures of a video file in display order.
 
 #pragma once
 
@@ -10,7 +10,8 @@
 
 namespace ruvex::media {
 
-/// A file and its decoder. Throws MediaError where something cannot be decoded.
+/// A video file and its decoder. All functions throw MediaError if the file cannot be read or
+/// decoded.
 class VideoDecoder {
 public:
     explicit VideoDecoder(const std::filesystem::path& path);
@@ -18,25 +19,27 @@ public:
     const AVStream& stream() const { return file_->stream(); }
     const AVFormatContext& file() const { return file_->format(); }
 
-    /// The next picture; its `pts` is its time in the stream's units. False at the end.
+    /// Decodes the next picture; its `pts` is in the stream's time base, and AV_NOPTS_VALUE if it
+    /// is unknown. False at the end.
     bool next(AVFrame& picture);
 
-    /// Continues at the key frame at or before `time`. False if the file cannot be searched.
+    /// Seeks to the key frame at or before `time`, in the stream's time base. False if the file
+    /// cannot seek.
     bool seek(std::int64_t time);
 
-    /// Continues at the beginning.
+    /// Opens the file again, to continue at its beginning.
     void rewind();
 
 private:
     void openDecoder();
-    /// Hands the decoder one more packet, or the news that there are none.
+    /// Sends the decoder the next packet, or at the end of the file the signal to drain.
     void feed();
 
     std::filesystem::path path_;
     std::unique_ptr<VideoFile> file_;
     AvCodec codec_;
     AvPacket packet_;
-    bool drained_ = false;
+    bool drained_ = false;  ///< Whether the decoder has all packets.
 };
 
 }  // namespace ruvex::media

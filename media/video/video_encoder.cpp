@@ -16,9 +16,10 @@ namespace ruvex::media {
 namespace {
 
 constexpr int kPalLines = 576;
+/// Pixels of the shorter side of the smallest pictures that FFV1 codes in slices.
 constexpr int kShortestSlicedSide = 64;
 
-/// Colour differences at half the size need whole halves.
+/// Whether 4:2:0 divides both sides without a rest.
 bool isEven(FrameSize size) {
     return size.width % 2 == 0 && size.height % 2 == 0;
 }
@@ -37,6 +38,8 @@ AVPixelFormat formatFor(const VideoCodec& codec, const WriteOptions& options) {
     return isEven(options.size) ? AV_PIX_FMT_YUV420P : AV_PIX_FMT_YUV444P;
 }
 
+/// The matrix to mark. BT.601 has a code point for 625 lines and one for 525, with the same
+/// coefficients; where the options do not say which, the height does.
 AVColorSpace yuvMatrix(const WriteOptions& options) {
     const int matrix = matrixInUse(options.colour.matrix, options.size.height);
     const bool chosen = matrix != options.colour.matrix;
@@ -47,8 +50,9 @@ AVColorSpace yuvMatrix(const WriteOptions& options) {
 const AVCodec& encoderFor(const VideoCodec& codec, const std::filesystem::path& path) {
     const AVCodec* encoder = avcodec_find_encoder_by_name(codec.encoder);
     if (encoder == nullptr) {
-        throw MediaError("Cannot write " + path.string() + ": the FFmpeg libraries here lack " +
-                         codec.encoder + ". Install a build with it, or choose another --codec.");
+        throw MediaError("Cannot write " + path.string() +
+                         ": the installed FFmpeg libraries lack " + codec.encoder +
+                         ". Install a build with it, or choose another --codec.");
     }
     return *encoder;
 }
@@ -69,7 +73,7 @@ void describe(AVCodecContext& coder, const WriteOptions& options, const VideoCod
     coder.color_range = full ? AVCOL_RANGE_JPEG : AVCOL_RANGE_MPEG;
 }
 
-/// Where the coding can say so; its fields are then coded apart.
+/// Turns on interlaced coding if the codec has it for this height.
 void setFields(AVCodecContext& coder, const WriteOptions& options, const VideoCodec& codec) {
     const bool fits = codec.fieldLines > 0 && options.size.height % codec.fieldLines == 0;
     if (options.fields == FieldOrder::Progressive || !fits) {
@@ -79,33 +83,37 @@ void setFields(AVCodecContext& coder, const WriteOptions& options, const VideoCo
     coder.field_order = top ? AV_FIELD_TT : AV_FIELD_BB;
     coder.flags |= AV_CODEC_FLAG_INTERLACED_DCT | AV_CODEC_FLAG_INTERLACED_ME;
     if (codec.encoder == std::string_view("libx264")) {
-        // Told by the frames alone, it marks the first ones as top field first.
+        // The encoder marks the first frames as top field first if only the frames say the order.
         av_opt_set(coder.priv_data, "x264-params", top ? "tff=1" : "bff=1", 0);
     }
 }
 
-/// Each frame by itself, so that any frame is quickly found again. Large ones in slices with check
-/// sums, which threads share; the coder's slices lose pixels where a side is only a few long.
+/// Every frame is a key frame, for fast seeking. Larger pictures are coded in slices with
+/// checksums, which threads encode in parallel. The encoder loses pixels of slices that are only a
+/// few long.
 void setExact(AVCodecContext& coder) {
+    constexpr int kVersionWithSlices = 3;
+    constexpr int kVersionWithoutSlices = 1;
     const bool slices = std::min(coder.width, coder.height) >= kShortestSlicedSide;
-    coder.level = slices ? 3 : 1;
+    coder.level = slices ? kVersionWithSlices : kVersionWithoutSlices;
     coder.gop_size = 1;
     av_opt_set_int(coder.priv_data, "slicecrc", slices ? 1 : 0, 0);
 }
 
-/// From 1, coarse, to 100, without a loss that could be seen.
+/// `quality` is 1 (coarse) to 100 (no visible loss). For H.264 and H.265 it gives a constant rate
+/// factor of 50 to 1, for ProRes a quantizer scale of 33 to 1, where 1 is the best.
 void setQuality(AVCodecContext& coder, const VideoCodec& codec, std::optional<int> quality) {
-    const int rest = 100 - quality.value_or(codec.quality);
+    const int coarseness = 100 - quality.value_or(codec.quality);
     if (!codec.alpha) {
-        const int factor = std::max((rest + 1) / 2, 1);
+        const int factor = std::max((coarseness + 1) / 2, 1);
         av_opt_set(coder.priv_data, "crf", std::to_string(factor).c_str(), 0);
-        // The message that every file would begin with goes to the terminal otherwise.
+        // H.265's encoder would print a banner to the terminal for each file.
         av_opt_set(coder.priv_data, "x265-params", "log-level=none", 0);
         return;
     }
     av_opt_set(coder.priv_data, "profile", "4444", 0);
     coder.flags |= AV_CODEC_FLAG_QSCALE;
-    coder.global_quality = FF_QP2LAMBDA * std::max(rest / 3, 1);
+    coder.global_quality = FF_QP2LAMBDA * std::max(coarseness / 3, 1);
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// The FFmpeg libraries' video encoders, set up for what a result is to be.
+// Setting up the FFmpeg libraries' video encoders.
 
 #pragma once
 
@@ -10,12 +10,13 @@
 
 namespace ruvex::media {
 
-/// An encoder that is open: its context tells pixel format, colours, rate, pixel aspect and fields.
-/// `path` is for messages; `globalHeader` is what the container wants. Throws MediaError.
+/// Opens an encoder. Its context has the pixel format, colour description, time base, pixel aspect
+/// and field order of the pictures that it takes. `globalHeader`: the container needs the codec's
+/// headers outside of the packets. `path` is for messages. Throws MediaError.
 AvCodec openEncoder(const VideoCodec& codec, const std::filesystem::path& path,
                     const WriteOptions& options, bool globalHeader);
 
-/// Whether it was set up to code two fields a frame; then field_order tells which comes first.
+/// Whether the encoder codes interlaced frames; its field_order is then AV_FIELD_TT or AV_FIELD_BB.
 bool isInterlaced(const AVCodecContext& coder);
 
 }  // namespace ruvex::media

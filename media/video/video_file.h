@@ -1,4 +1,4 @@
-// A video file opened for its packets.
+// Reading the packets of a video file.
 
 #pragma once
 
@@ -9,21 +9,21 @@
 
 namespace ruvex::media {
 
-/// The file, its best video stream chosen and all others left out. Throws MediaError if it cannot
-/// be opened or holds no video.
+/// A file and its best video stream as the FFmpeg libraries choose it; other streams are skipped.
 class VideoFile {
 public:
+    /// Throws MediaError if the file cannot be opened or has no video.
     explicit VideoFile(const std::filesystem::path& path);
 
     AVFormatContext& format() const { return *format_; }
     AVStream& stream() const { return *format_->streams[stream_]; }
 
-    /// The next packet of the video stream; false at the end of the file. Packets that the file
-    /// marks as not to be shown are delivered too: the decoder needs them. Throws MediaError where
-    /// the file breaks off.
+    /// Reads the next packet of the video stream; false at the end of the file. Packets marked as
+    /// not to be shown are included, since the decoder needs them. Throws MediaError if the file is
+    /// cut off.
     bool next(AVPacket& packet);
 
-    /// Moves to the key frame at or before a time in the stream's units. False if it cannot.
+    /// Seeks to the key frame at or before `time`, in the stream's time base. False on failure.
     bool seek(std::int64_t time);
 
 private:
@@ -36,7 +36,7 @@ private:
     int stream_ = -1;
 };
 
-/// The sentence for a file that ends before its contents do.
+/// The message for a file that ends before its last frame.
 std::string cutOff(const std::filesystem::path& path);
 
 }  // namespace ruvex::media

@@ -10,11 +10,13 @@
 namespace ruvex::media {
 namespace {
 
-/// Containers that count time in coarse steps store 30000/1001 as a near-by fraction.
+/// The relative difference below which two rates count as the same: containers with a coarse time
+/// base store 30000/1001 as a fraction close to it.
 constexpr double kSameRate = 2e-7;
-/// More than a day at any usual rate.
+/// More than three days at 60 frames a second.
 constexpr std::int64_t kMostSamples = std::int64_t{1} << 24;
 
+/// The whole rate, or the whole rate times 1000/1001, that is the same as `rate`; else `rate`.
 Rational standardRate(const Rational& rate) {
     const auto near = [&rate](std::int64_t num, std::int64_t den) {
         const double standard = static_cast<double>(num) / static_cast<double>(den);
@@ -34,32 +36,37 @@ std::optional<Rational> rateFrom(const AVRational& rate) {
     return standardRate(makeRational(rate.num, rate.den));
 }
 
-/// The slowest of the rates in use that leaves out next to none of the frames.
-Rational usualRate(const Rational& average) {
-    constexpr double kNearlyAll = 0.99;
+/// The rate to which a video of variable frame rate is resampled: the lowest common rate of at
+/// least 99 % of its average, so that about one frame in a hundred may be skipped but not more.
+/// Above all common rates it is the average, rounded up.
+Rational commonRate(const Rational& average) {
+    constexpr double kLeastShare = 0.99;
     constexpr Rational kRates[] = {{24000, 1001}, {24, 1}, {25, 1},       {30000, 1001}, {30, 1},
                                    {48, 1},       {50, 1}, {60000, 1001}, {60, 1}};
     for (const Rational& rate : kRates) {
-        if (rate.value() >= average.value() * kNearlyAll) {
+        if (rate.value() >= average.value() * kLeastShare) {
             return rate;
         }
     }
     return {static_cast<std::int64_t>(std::ceil(average.value())), 1};
 }
 
-/// Broadcast streams mark a packet as damaged for a lost continuity count that harms no picture.
+/// Whether a packet is marked as damaged. The mark is ignored for MPEG transport streams, where any
+/// wrong continuity counter sets it, even if no picture is harmed.
 bool marksDamage(const AVFormatContext& format, const AVPacket& packet) {
     return (packet.flags & AV_PKT_FLAG_CORRUPT) != 0 &&
            std::string_view(format.iformat->name) != "mpegts";
 }
 
-/// This container counts packets; where frames are reordered, their times would be made up.
+/// Whether packets have no display times: AVI only counts packets, and the libraries would invent
+/// times for reordered frames.
 bool lacksTimes(const VideoFile& file) {
     return std::string_view(file.format().iformat->name) == "avi" &&
            file.stream().codecpar->video_delay > 0;
 }
 
-bool complainedOfEnd() {
+/// Whether the libraries have reported that the file ends too early.
+bool isEndReported() {
     return takeLibraryError().find("prematurely") != std::string::npos;
 }
 
@@ -96,9 +103,10 @@ void VideoIndex::collect(VideoFile& file, const std::filesystem::path& path) {
                 {packet->pts, packet->duration, (packet->flags & AV_PKT_FLAG_KEY) != 0});
         }
     }
-    // One container lists more frames than there are; another only complains of an early end.
+    // A file that is cut off shows differently by container: an index of more frames than there
+    // are, or only a message.
     const bool missing = packets < avformat_index_get_entries_count(&file.stream());
-    if (damaged || missing || complainedOfEnd()) {
+    if (damaged || missing || isEndReported()) {
         throw MediaError(cutOff(path));
     }
 }
@@ -121,7 +129,8 @@ void VideoIndex::sample() {
     const std::int64_t end =
         std::max<std::int64_t>(placeOf(last.time + last.duration), placeOf(last.time) + 1);
     if (end > kMostSamples) {
-        throw MediaError("The frames of this video lie too far apart in time. Convert it first.");
+        throw MediaError(
+            "The video is too long for its frame rate. Convert it to a constant frame rate first.");
     }
     samples_.assign(static_cast<std::size_t>(end), 0);
     for (std::size_t i = 0; i < frames_.size(); ++i) {
@@ -134,8 +143,8 @@ void VideoIndex::sample() {
 }
 
 void VideoIndex::chooseRate(const AVStream& stream) {
-    // The average is off where the last frame is held; the other counts fields, or is far too high
-    // for uneven video. The one on whose grid the frames lie is right.
+    // The average rate is wrong if the last frame lasts longer. The base rate counts fields in some
+    // files and is far too high for a variable frame rate. The right one fits the frames' times.
     const auto average = rateFrom(stream.avg_frame_rate);
     const auto base = rateFrom(stream.r_frame_rate);
     for (const auto& rate : {average, base}) {
@@ -147,7 +156,7 @@ void VideoIndex::chooseRate(const AVStream& stream) {
     rate_ = average.value_or(base.value_or(rate_));
     if (timed_ && average) {
         uneven_ = true;
-        rate_ = usualRate(*average);
+        rate_ = commonRate(*average);
         framesPerUnit_ = rate_.value() * stream.time_base.num / stream.time_base.den;
         sample();
     }

@@ -1,4 +1,4 @@
-// The frames of a video in the order in which they are shown.
+// The frames of a video in display order, with their times and key frames.
 
 #pragma once
 
@@ -12,41 +12,45 @@
 
 namespace ruvex::media {
 
-/// Made by one look through the whole file, without decoding: only so is the number of frames
-/// exact and a frame's number the same whichever way it is reached.
+/// Built by reading all packets of the file, without decoding them. This gives the exact number of
+/// frames, and each frame the same number after a seek as without. Times are in the stream's time
+/// base.
+///
+/// A video of variable frame rate is resampled to a constant rate: each sample is the stored frame
+/// that is shown at its time. Otherwise samples are the stored frames.
 class VideoIndex {
 public:
-    /// Throws MediaError if the file breaks off or holds no frame.
+    /// Throws MediaError if the file is cut off, or has no frames or too many samples.
     explicit VideoIndex(const std::filesystem::path& path);
 
-    /// Frames at the constant rate: those that there are, or, where these are uneven, as many as
-    /// their time takes.
+    /// The number of samples.
     std::int64_t count() const {
         return static_cast<std::int64_t>(uneven_ ? samples_.size() : frames_.size());
     }
+    /// Samples a second.
     const Rational& rate() const { return rate_; }
 
-    /// Whether the frames do not keep to one rate.
+    /// Whether the frame rate varies.
     bool uneven() const { return uneven_; }
 
-    /// The number, among those that there are, of the frame that is shown as frame `sample` at the
-    /// constant rate.
+    /// The number of the stored frame that is shown as `sample`, 0 to count() - 1.
     std::int64_t shownAs(std::int64_t sample) const {
         return uneven_ ? samples_[static_cast<std::size_t>(sample)] : sample;
     }
 
-    /// Whether each frame has a time of its own. Without, frames are told apart by counting alone,
-    /// and the way to an earlier one is from the start.
+    /// Whether each frame has a distinct time. If not, frames can only be counted from the start of
+    /// the file, without seeking.
     bool timed() const { return timed_; }
 
-    /// Leaves out the frames before `time`, for a decoder that could not make them out of what
-    /// the file holds: recordings begin in the middle of a group of pictures.
+    /// Removes the frames before `time`, the first picture that can be decoded: recordings may
+    /// begin in the middle of a group of pictures.
     void startAt(std::int64_t time);
 
-    /// The number of the frame shown at a time in the stream's units; nothing if none is.
+    /// The number of the stored frame with exactly this time; empty if there is none.
     std::optional<std::int64_t> numberAt(std::int64_t time) const;
+    /// The time of a stored frame.
     std::int64_t timeOf(std::int64_t number) const;
-    /// The last key frame at or before `number`; 0 if there is none.
+    /// The last key frame at or before stored frame `number`; 0 if there is none.
     std::int64_t keyBefore(std::int64_t number) const;
 
 private:
@@ -58,16 +62,18 @@ private:
 
     void collect(VideoFile& file, const std::filesystem::path& path);
     void chooseRate(const AVStream& stream);
-    /// Finds for each time of the constant rate the frame that is nearest or before.
+    /// Fills `samples_`: each frame from the sample nearest to its time until the next frame's.
     void sample();
+    /// Whether each frame lies within half a frame of its time at a constant `rate`; `unit` is the
+    /// time base.
     bool liesOnGrid(const Rational& rate, const AVRational& unit) const;
 
     std::vector<Shown> frames_;
     Rational rate_{25, 1};
     bool timed_ = true;
     bool uneven_ = false;
-    double framesPerUnit_ = 0;  ///< At the rate, for a unit of the stream's time.
-    std::vector<std::int64_t> samples_;
+    double framesPerUnit_ = 0;           ///< Samples in one unit of the time base, if uneven.
+    std::vector<std::int64_t> samples_;  ///< Numbers of stored frames, if uneven.
 };
 
 }  // namespace ruvex::media

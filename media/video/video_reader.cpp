@@ -7,6 +7,7 @@
 namespace ruvex::media {
 namespace {
 
+/// The number of a picture that is not in the index.
 constexpr std::int64_t kNotShown = -1;
 constexpr std::size_t kMostCachedFrames = 8;
 constexpr std::size_t kMostCachedBytes = std::size_t{256} << 20;
@@ -20,7 +21,7 @@ Rational pixelAspectOf(const AVFrame& picture, const AVStream& stream) {
     return {1, 1};
 }
 
-/// The order in which fields are shown; that in which they are coded is no matter here.
+/// The display order of the stream's fields, whatever their coding order.
 FieldOrder fieldsOf(const AVStream& stream) {
     switch (stream.codecpar->field_order) {
         case AV_FIELD_TT:
@@ -98,7 +99,7 @@ void VideoReader::describe(const AVFrame& first) {
     info_.fields = setUpright(fieldsOf(first), first.height, orientation_);
 }
 
-/// Pictures that are not marked may lie in a container that is.
+/// By the user, else by the picture's own mark, else by the container's.
 FieldOrder VideoReader::fieldsOf(const AVFrame& picture) const {
     if (!fields_ && picture.interlaced_frame != 0) {
         return picture.top_field_first != 0 ? FieldOrder::TopFirst : FieldOrder::BottomFirst;
@@ -141,7 +142,7 @@ void VideoReader::goToStart() {
 void VideoReader::goBefore(std::int64_t number) {
     const std::int64_t key = index_.keyBefore(number);
     const bool ahead = at_ < number;
-    // Going on is as good as a search when no key frame lies between.
+    // Without a key frame in between, seeking would lead back to here or before.
     if (ahead && (!index_.timed() || key <= at_ + 1)) {
         return;
     }
@@ -167,8 +168,8 @@ const Frame& VideoReader::find(std::int64_t wanted) {
     if (const Frame* found = reach(number)) {
         return *found;
     }
-    // A table of key frames may point too late, and a decoder may not trust the frames after one.
-    // From the beginning every frame can be had.
+    // A file's table of key frames may be wrong, and a decoder may drop frames after a seek.
+    // Decoding from the beginning finds every frame.
     goToStart();
     if (const Frame* found = reach(number)) {
         return *found;

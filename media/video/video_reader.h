@@ -1,4 +1,4 @@
-// A video as frames by number.
+// Reading the frames of a video file by number.
 
 #pragma once
 
@@ -29,29 +29,35 @@ private:
     std::list<Entry> entries_;  ///< The most recently used first.
 };
 
-/// Frame k is the k-th picture that is shown. Frames in turn are decoded once; for others the way
-/// leads from the key frame before, so that the picture is the same whichever way it is reached.
+/// Frame k is sample k of the file's VideoIndex. Frames read in order are decoded once. For others
+/// decoding starts at the key frame before, so that a picture does not depend on what was read
+/// before.
 class VideoReader : public FrameReader {
 public:
-    /// Throws MediaError.
+    /// Throws MediaError if the file cannot be read or its first frame cannot be decoded.
     VideoReader(const std::filesystem::path& path, const ReadOptions& options);
 
     const ClipInfo& info() const override { return info_; }
 
 private:
     bool readOwn(std::int64_t number, Frame& frame) override;
+    /// Fills `info_` from the first picture.
     void describe(const AVFrame& first);
-    /// Decodes one more picture and keeps it if it has a number from `from` on. False at the end.
+    /// Decodes the next picture and caches it if its number is at least `from`. False at the end.
     bool advance(std::int64_t from);
+    /// Seeks to the key frame before stored frame `number`, if decoding on does not lead there.
     void goBefore(std::int64_t number);
     void goToStart();
-    /// Decodes on to a frame ahead. Null if it does not come.
+    /// Decodes up to stored frame `number`. Null if it is not found.
     const Frame* reach(std::int64_t number);
-    /// A frame of the clip, wherever the decoder stands. It lives until the next one is decoded.
+    /// Frame `number` of the clip, by the cache or by decoding. Valid until the next picture is
+    /// decoded. Throws MediaError.
     const Frame& find(std::int64_t number);
+    /// Number of the stored frame in `picture_`; kNotShown if it is not in the index.
     std::int64_t numberOfPicture() const;
 
     FieldOrder fieldsOf(const AVFrame& picture) const;
+    /// Converts `picture_`.
     Frame toFrame();
 
     std::filesystem::path path_;
@@ -64,7 +70,7 @@ private:
     Orientation orientation_;
     FrameCache cache_;
     ClipInfo info_;
-    std::int64_t at_ = -1;  ///< The picture that was decoded last; -1 at the beginning.
+    std::int64_t at_ = -1;  ///< Number of the last frame decoded; -1 after a seek or rewind.
 };
 
 }  // namespace ruvex::media

@@ -13,21 +13,23 @@
 namespace ruvex::media {
 namespace {
 
-/// No codec reorders over more frames than this. ("encode" explains what it is for.)
+/// Frames. No codec here reorders over more, so that a decoding time further before its display
+/// time is wrong.
 constexpr int kMostReordered = 16;
 /// The libraries return -errno for an error of the system; their own codes are four characters in a
 /// negative 32-bit number, and so far below any errno.
 constexpr int kErrnoLimit = 4096;
 
-std::string ending(const std::filesystem::path& path) {
+std::string extensionOf(const std::filesystem::path& path) {
     return files::lowerCase(path.extension().string());
 }
 
-const char* containerOf(const std::string& ending) {
-    if (ending == ".mkv") {
+/// The libraries' name of the container.
+const char* containerOf(const std::string& extension) {
+    if (extension == ".mkv") {
         return "matroska";
     }
-    return ending == ".mov" ? "mov" : "mp4";
+    return extension == ".mov" ? "mov" : "mp4";
 }
 
 const VideoCodec& codecOf(const std::filesystem::path& path, const WriteOptions& options) {
@@ -56,9 +58,10 @@ VideoWriter::VideoWriter(const std::filesystem::path& path, const WriteOptions& 
     takeLibraryError();
     checkFrameSize(options.size, options.depth, path.string());
     AVFormatContext* format = nullptr;
-    check(avformat_alloc_output_context2(&format, nullptr, containerOf(ending(path)), nullptr));
+    check(
+        avformat_alloc_output_context2(&format, nullptr, containerOf(extensionOf(path)), nullptr));
     format_.reset(format);
-    // No random identifier: the same frames give the same file.
+    // Without random identifiers, so that the same frames give the same file.
     format_->flags |= AVFMT_FLAG_BITEXACT;
     openCoder(options);
     openContainer(options);
@@ -66,13 +69,13 @@ VideoWriter::VideoWriter(const std::filesystem::path& path, const WriteOptions& 
 
 std::vector<std::string> VideoWriter::remarks() const {
     std::vector<std::string> remarks;
-    for (const std::string& coding : audio_->leftOut()) {
-        remarks.push_back("Sound coded as " + coding + " is left out: " + path_.string() +
+    for (const std::string& codec : audio_->leftOut()) {
+        remarks.push_back("Audio coded as " + codec + " is left out: " + path_.string() +
                           " cannot hold it.");
     }
     if (fields_ != FieldOrder::Progressive && !isInterlaced(*coder_)) {
-        remarks.push_back(path_.string() + " is not marked as interlaced: its coding, " +
-                          codec_.title + ", cannot keep the fields of such pictures apart here.");
+        remarks.push_back(path_.string() + " is not marked as interlaced: its codec, " +
+                          codec_.title + ", cannot code these frames as interlaced.");
     }
     return remarks;
 }
@@ -130,7 +133,7 @@ AvFrame VideoWriter::pack(const Frame& frame) {
 void VideoWriter::write(std::int64_t, const Frame& frame) {
     const AvFrame picture = toPicture(frame);
     picture->pts = written_++;
-    // One of the encoders marks its frames by these.
+    // The ProRes encoder takes the marks of its frames from these fields.
     picture->color_primaries = coder_->color_primaries;
     picture->color_trc = coder_->color_trc;
     picture->colorspace = coder_->colorspace;
@@ -151,6 +154,8 @@ void VideoWriter::encode(const AVFrame* picture) {
         check(code);
         packet_->stream_index = 0;
         packet_->duration = 1;
+        // The H.265 encoder leaves decoding times undefined for clips that are too short for
+        // reordering. Their frames are decoded in display order.
         if (packet_->dts > packet_->pts || packet_->dts < packet_->pts - kMostReordered) {
             packet_->dts = packet_->pts;
         }

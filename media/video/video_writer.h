@@ -1,4 +1,4 @@
-// Frames into a video file.
+// Writing frames to a video file.
 
 #pragma once
 
@@ -13,15 +13,16 @@
 
 namespace ruvex::media {
 
-/// By the file's ending and the coding that the options name; see findVideoCodec. H.264 and H.265:
-/// YUV without alpha, 4:2:0, or 4:4:4 where a side is odd, 8 bits, or 10 of H.265 for deep frames.
-/// ProRes 4444: YUV 4:4:4 of 10 bits with alpha. FFV1: RGB with alpha, 8 or 16 bits a component,
-/// without loss. What is interlaced is coded so where the coding can say it. The sound that the
-/// options name is copied. The time of frame k is exactly k / rate in the coder; a container may
-/// round it to its own steps.
+/// Writes the container of the file's extension in the codec of the options (see findVideoCodec):
+/// - H.264 and H.265: YUV without alpha, 4:2:0, or 4:4:4 if a side is odd, of 8 bits; H.265 of 10
+///   bits for S2.14 frames;
+/// - ProRes 4444: YUV 4:4:4 of 10 bits, with alpha;
+/// - FFV1: RGB with alpha, 8 or 16 bits a component, lossless.
+/// Frames with a field order are coded as interlaced if the codec can. Audio is copied. The time of
+/// frame k is k / rate, rounded to the container's time base.
 class VideoWriter : public FrameWriter {
 public:
-    /// Throws MediaError.
+    /// Throws MediaError, also for options that storageFault refuses.
     VideoWriter(const std::filesystem::path& path, const WriteOptions& options);
     ~VideoWriter() override;
 
@@ -29,16 +30,19 @@ public:
     void finish() override;
     std::vector<std::string> remarks() const override;
 
-    /// Whether the ending is one of these.
+    /// Whether files of this extension can hold one of the codecs.
     static bool canWrite(const std::filesystem::path& path);
 
 private:
     void openCoder(const WriteOptions& options);
     void openContainer(const WriteOptions& options);
+    /// The frame in the encoder's format, with colours premultiplied if the options say so.
     AvFrame toPicture(const Frame& frame);
+    /// The frame in the encoder's format.
     AvFrame pack(const Frame& frame);
-    /// Codes one picture, or with null what the coder still holds.
+    /// Encodes a picture and writes the packets that come of it; null drains the encoder.
     void encode(const AVFrame* picture);
+    /// Throws MediaError if `code`, a result of the libraries, is an error.
     void check(int code) const;
 
     struct Free {
@@ -48,14 +52,14 @@ private:
     std::filesystem::path path_;
     const VideoCodec& codec_;
     std::optional<AlphaForm> alpha_;
-    FieldOrder fields_;  ///< As it is wished for.
+    FieldOrder fields_;  ///< As in the options.
     files::PartialFile file_;
     std::unique_ptr<AVFormatContext, Free> format_;
     AvCodec coder_;
     AvPacket packet_;
     std::optional<AudioCopy> audio_;
-    std::optional<FrameToYuv> convert_;
-    std::int64_t written_ = 0;
+    std::optional<FrameToYuv> convert_;  ///< Empty for a codec that takes RGB.
+    std::int64_t written_ = 0;           ///< Frames written so far.
 };
 
 }  // namespace ruvex::media
