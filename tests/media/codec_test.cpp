@@ -29,7 +29,7 @@ void writeAll(const std::filesystem::path& file, const WriteOptions& options,
     writer->finish();
 }
 
-/// Every pixel alike.
+/// A frame of one colour.
 Frame plainFrame(FrameSize size, std::vector<std::int16_t> pixel) {
     Frame frame(size, Depth::S214);
     for (int i = 0; i < size.width * size.height * kChannels; ++i) {
@@ -85,7 +85,8 @@ TEST(ProRes, KeepsAlphaAndColours) {
         ASSERT_EQ(back.size(), 2u);
         ASSERT_EQ(back[1].depth(), Depth::S214);
         for (std::size_t i = 0; i < 4; ++i) {
-            // Four steps of ten bits: luma, two colour differences, and the transform round.
+            // Four steps of 10 bits: rounding of luma, of both chroma components and of the
+            // transform.
             EXPECT_NEAR(back[1].row16(20)[80 + i], pixel[i], 80) << i << " of " << pixel[0];
         }
     }
@@ -94,8 +95,8 @@ TEST(ProRes, KeepsAlphaAndColours) {
               "codec_name=prores\nprofile=4444\ncolor_space=smpte170m\n");
 }
 
-// Its pictures cannot say that black and white are at the ends of the scale: readers take them for
-// limited, whatever the clip was.
+// ProRes cannot be marked as full range, so it is written in limited range, whatever the clip's
+// range.
 TEST(ProRes, KeepsTheColoursOfClipsOfFullRange) {
     files::TempFolder folder;
     for (const std::string name : {"a.mov", "a.mkv"}) {
@@ -122,7 +123,7 @@ TEST(H265, KeepsDeepColours) {
     EXPECT_NEAR(back[0].row16(9)[41], 4010, 60);
 }
 
-// The encoder reorders over two frames, and says nothing of shorter clips.
+// The encoder reorders two frames, and leaves the decoding times of shorter clips undefined.
 TEST(H265, ShortClipsAreWrittenToo) {
     files::TempFolder folder;
     const auto file = folder.file("a.mp4");
@@ -180,7 +181,7 @@ TEST(Fields, AreTold) {
     EXPECT_EQ(openReader(folder.file("b.mkv"))->info().fields, FieldOrder::BottomFirst);
 }
 
-// 40 frames of which 15 to 24 are missing, and the last ten come at half the rate.
+// 40 frames, of which 15 to 24 are missing and the last ten have half the frame rate.
 TEST(UnevenVideo, IsShownAtAConstantRate) {
     files::TempFolder folder;
     const std::string picture = movingPicture("96x64", "25", 1.6);
@@ -199,7 +200,7 @@ TEST(UnevenVideo, IsShownAtAConstantRate) {
     for (std::int64_t k = reader->info().last; k >= 0; --k) {
         Frame frame;
         ASSERT_TRUE(reader->read(k, frame));
-        // The frame of the even clip that stood at this time, give or take half of this one's.
+        // The frame of the constant-rate clip at this time, within half a frame.
         int nearest = 0;
         for (int n = 0; n < 40; ++n) {
             const bool there = n < 15 || (n >= 25 && n <= 30) || (n > 30 && n % 2 == 1);

@@ -12,7 +12,7 @@
 namespace ruvex::media {
 namespace {
 
-/// The pixels that are not the ground.
+/// The number of pixels that differ from the background.
 int inked(const Frame& label) {
     int count = 0;
     for (int y = 0; y < label.height(); ++y) {
@@ -25,7 +25,7 @@ int inked(const Frame& label) {
     return count;
 }
 
-/// The lowest line, from the bottom up, that letters reach.
+/// The lowest row, counted from the bottom, that has text.
 int foot(const Frame& label) {
     for (int y = 0; y < label.height(); ++y) {
         for (int x = 0; x < label.width(); ++x) {

@@ -15,7 +15,7 @@ namespace {
 
 constexpr FieldOrder kOrders[] = {FieldOrder::TopFirst, FieldOrder::BottomFirst};
 
-/// Each line holds its number from the top.
+/// A frame whose lines hold their numbers, counted from the top.
 Frame numberedLines(FrameSize size, Depth depth) {
     Frame frame(size, depth);
     for (int line = 0; line < size.height; ++line) {
@@ -25,7 +25,7 @@ Frame numberedLines(FrameSize size, Depth depth) {
     return frame;
 }
 
-/// The numbers of a picture's lines, from the top.
+/// The numbers in a picture's lines, from the top.
 std::vector<int> linesOf(const Frame& picture) {
     std::vector<int> lines;
     for (int line = 0; line < picture.height(); ++line) {
@@ -75,7 +75,7 @@ TEST(Field, FirstAndSecondAreAsTheOrderSays) {
     EXPECT_EQ(secondField(FieldOrder::BottomFirst), Field::Top);
 }
 
-/// One 4:2:0 picture of 8x8, grey in luma, the lines of its colour differences as given.
+/// A 4:2:0 picture of 8x8 with constant luma and the given chroma lines.
 std::string y4mWithColours(const std::string& tags, const std::vector<int>& blue,
                            const std::vector<int>& red) {
     std::string text = "YUV4MPEG2 W8 H8 F25:1 " + tags + " C420mpeg2\nFRAME\n" +
@@ -94,7 +94,7 @@ Frame firstFrame(const std::filesystem::path& file, const ReadOptions& options =
     return frame;
 }
 
-/// Whether all pixels of the picture are alike.
+/// Whether all pixels of the picture are equal.
 bool isPlain(const Frame& picture) {
     for (std::size_t i = 4; i < picture.bytes().size(); ++i) {
         if (picture.bytes()[i] != picture.bytes()[i % 4]) return false;
@@ -102,7 +102,7 @@ bool isPlain(const Frame& picture) {
     return true;
 }
 
-// A red field and a blue one: only in pictures that are interlaced do they stay apart.
+// A red field and a blue one: only an interlaced conversion keeps them apart.
 TEST(FieldColours, DoNotRunIntoTheOtherField) {
     files::TempFolder folder;
     const std::vector<int> low{90, 170, 90, 170};
@@ -141,8 +141,8 @@ TEST(FieldColours, AreWrittenApart) {
     }
 }
 
-// The libraries' own filter for interlaced pictures is the yardstick: colour differences lie a
-// quarter and three quarters down between the lines of their field.
+// Compared with the libraries' own filter for interlaced pictures, which sites chroma at a quarter
+// and at three quarters of the distance between the lines of a field.
 TEST(FieldColours, LieWhereTheyDoInTheirField) {
     files::TempFolder folder;
     runFfmpeg(movingPicture("64x48", "25", 0.04) +
@@ -159,7 +159,7 @@ TEST(FieldColours, LieWhereTheyDoInTheirField) {
     EXPECT_NE(frame, firstFrame(folder.file("a.y4m"), {.fields = FieldOrder::Progressive}));
 }
 
-// Six lines have three of colour differences, of which a field cannot have one and a half.
+// Six lines have three chroma lines, which two fields cannot share evenly.
 TEST(FieldColours, OfHeightsThatCannotBeSharedOutAreThoseOfTheWholePicture) {
     files::TempFolder folder;
     for (const std::string size : {"8x6", "8x7", "9x5"}) {
@@ -215,7 +215,7 @@ TEST(FieldMarks, ThatCannotBeWrittenAreSaid) {
     }
 }
 
-// Codings that know nothing of fields, in a container that does.
+// Codecs without a field order, in a container that has one.
 TEST(FieldMarks, OfTheContainerCount) {
     files::TempFolder folder;
     runFfmpeg(movingPicture("96x64", "25", 0.2) + " -vf setfield=bff -c:v png -field_order bb",

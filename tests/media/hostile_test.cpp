@@ -29,7 +29,7 @@ void store(const std::filesystem::path& file, const std::string& bytes) {
 
 class HostileVideo : public testing::TestWithParam<const char*> {};
 
-// Whatever the bytes are, reading ends, with pictures or with a sentence that names the file.
+// Reading any bytes returns pictures or throws MediaError with the name of the file.
 TEST_P(HostileVideo, DamagedBytesDoNoHarm) {
     files::TempFolder folder;
     const auto file = folder.file(GetParam());
@@ -49,7 +49,7 @@ TEST_P(HostileVideo, DamagedBytesDoNoHarm) {
         EXPECT_TRUE(said.empty() || said.find(GetParam()) != std::string::npos) << said;
         refused += said.empty() ? 0 : 1;
     }
-    // Some damage is only another picture; that none is noticed would mean that nothing was read.
+    // Some damage only changes the picture. If none were noticed, nothing would have been read.
     EXPECT_GT(refused, 0);
 }
 

@@ -11,7 +11,7 @@
 namespace ruvex::media {
 namespace {
 
-/// Three pixels across and two down, lettered from the top left; red holds the letter.
+/// A picture of 3x2 pixels with the letters a to f, row by row from the top left, in red.
 template <class Value>
 Frame lettered(Depth depth) {
     Frame frame({3, 2}, depth);
@@ -40,7 +40,7 @@ std::string letters(const Frame& frame) {
 
 struct Turn {
     std::int32_t a, b, c, d;  ///< x' = a x + c y, y' = b x + d y; y downwards.
-    const char* shown;        ///< What becomes of abc/def.
+    const char* shown;        ///< The picture abc/def as it is shown.
 };
 
 constexpr Turn kTurns[] = {
@@ -114,12 +114,12 @@ TEST(Orientation, OfVideoIsThatOfItsContainer) {
     ASSERT_EQ(turned.size(), (FrameSize{48, 64}));
     EXPECT_EQ(openReader(folder.file("a.mp4"))->info().pixelAspect, (Rational{16, 15}));
     EXPECT_EQ(openReader(folder.file("b.mp4"))->info().pixelAspect, (Rational{15, 16}));
-    // A quarter turn against the clock: the last column becomes the first line.
+    // A quarter turn counter-clockwise: the last column becomes the first line.
     EXPECT_EQ(turned, setUpright(plain, {true, false, true}));
     EXPECT_EQ(turned.row8(chainRowOfLine(0, 64))[0], plain.row8(chainRowOfLine(0, 48))[63 * 4]);
 }
 
-/// The JPEG file with a mark for its orientation, 1 to 8, put in behind its first two bytes.
+/// Inserts an Exif orientation, 1 to 8, behind the first two bytes of a JPEG file.
 void markJpeg(const std::filesystem::path& from, char mark, const std::filesystem::path& to) {
     std::ifstream file(from, std::ios::binary);
     std::string bytes(std::istreambuf_iterator<char>(file), {});

@@ -16,7 +16,7 @@ extern "C" {
 namespace ruvex::media {
 namespace {
 
-/// How the lines of a picture lie in memory.
+/// The order of lines in memory.
 enum class Lines { Tight, Padded, BottomFirst };
 
 /// A picture of random bytes, the palette included, over memory of its own.
@@ -61,8 +61,8 @@ private:
     std::vector<std::uint32_t> palette_ = std::vector<std::uint32_t>(256);
 };
 
-/// One number of the picture by the library's own way to any component; through the palette where
-/// there is one, which has red, green, blue, alpha as components 0 to 3.
+/// One value of a picture by the library's own function for any component. A palette's components 0
+/// to 3 are red, green, blue and alpha.
 int numberAt(const AVFrame& picture, int component, int x, int y) {
     const AVPixFmtDescriptor& format =
         *av_pix_fmt_desc_get(static_cast<AVPixelFormat>(picture.format));
@@ -79,7 +79,7 @@ int numberAt(const AVFrame& picture, int component, int x, int y) {
     return static_cast<int>(entries[number] >> (component == 3 ? 24 : 16 - 8 * component) & 0xFF);
 }
 
-/// What a channel of the frame has to hold there.
+/// The expected value of a channel of the frame.
 long expectedAt(const AVFrame& picture, int channel, int x, int y, Depth depth) {
     const AVPixFmtDescriptor& format =
         *av_pix_fmt_desc_get(static_cast<AVPixelFormat>(picture.format));
@@ -95,7 +95,7 @@ long expectedAt(const AVFrame& picture, int channel, int x, int y, Depth depth) 
         component = 0;
     }
     const long top = palette ? 255 : (1L << format.comp[component].depth) - 1;
-    // To the nearest; `top` is odd, so that there are no halves.
+    // Rounded to the nearest; `top` is odd, so that there are no ties.
     return (numberAt(picture, component, x, y) * white * 2 + top) / (top * 2);
 }
 
@@ -139,7 +139,7 @@ TEST(RgbLines, EveryFormatIsUnpackedAsTheLibraryReadsIt) {
     }
 }
 
-/// Whether all components can be read where they stand, as bytes or in words.
+/// Whether ComponentLine can read all components, as bytes or as words.
 bool isPlaced(AVPixelFormat format,
               bool (*test)(const AVPixFmtDescriptor&, const AVComponentDescriptor&)) {
     const AVPixFmtDescriptor& description = *av_pix_fmt_desc_get(format);

@@ -46,7 +46,7 @@ TEST_P(ExactStills, SixteenBitsComeBackExactlyFromBlackToWhite) {
     }
 }
 
-// Sixteen bits of another program's, each of which has a nearest S2.14 value.
+// 16-bit values written by another program are rounded to the nearest S2.14 value.
 TEST_P(ExactStills, SixteenBitsAreRoundedToTheNearest) {
     files::TempFolder folder;
     runFfmpeg(
@@ -103,7 +103,7 @@ TEST(Exr, HoldsEveryWordWithAlphaOfEitherForm) {
     }
 }
 
-// Colours at the ends beside every alpha: the rounding of the product must never reach a value.
+// The extreme colours with every alpha: rounding the product must not change a restored value.
 TEST(Exr, ThePremultipliedFormIsExactBesideEveryAlpha) {
     files::TempFolder folder;
     Frame frame({256, 256}, Depth::S214);
@@ -118,7 +118,7 @@ TEST(Exr, ThePremultipliedFormIsExactBesideEveryAlpha) {
     EXPECT_EQ(readStill(folder.file("a.exr")).frame, frame);
 }
 
-/// The floats that another program finds in an EXR, in the chain's order.
+/// The floats that another program reads from an EXR, in chain row order.
 std::vector<float> floatsOf(const files::TempFolder& folder, const std::string& name,
                             FrameSize size) {
     runFfmpeg("-i " + quoted(folder.file(name)) + " -vf vflip -pix_fmt gbrapf32le -f rawvideo",
@@ -194,7 +194,7 @@ TEST(Jpeg, IsNearAndKeepsItsSizeAndWhite) {
     }
 }
 
-// The colours of a tall JPEG are BT.601's all the same, which other programs know too.
+// The matrix of a tall JPEG is BT.601 too, as other programs expect.
 TEST(Jpeg, ColoursAreTheSameForOthers) {
     files::TempFolder folder;
     runFfmpeg("-f lavfi -i color=0xC02040:size=64x800,format=rgb24 -frames:v 1",
@@ -247,7 +247,7 @@ TEST_P(AnyStill, OtherFilesAreRefused) {
     EXPECT_NE(complaintOf([&] { readStill(file); }).find(GetParam()), std::string::npos);
 }
 
-// Whatever the bytes are, reading ends, with a picture or with a sentence.
+// Reading any bytes returns a picture or throws MediaError.
 TEST_P(AnyStill, DamagedBytesDoNoHarm) {
     files::TempFolder folder;
     const auto file = folder.file(GetParam());

@@ -15,7 +15,7 @@ std::string attribute(const std::string& name, const std::string& value) {
     return name + '\0' + "type" + '\0' + word(static_cast<std::uint32_t>(value.size())) + value;
 }
 
-/// The head of an EXR file in tiles, up to the table of their places.
+/// The header of a tiled EXR file, up to the offset table.
 std::string tiledExr(std::int32_t low, std::int32_t high, std::uint32_t tile) {
     const std::string from = word(static_cast<std::uint32_t>(low));
     const std::string to = word(static_cast<std::uint32_t>(high));
@@ -38,7 +38,7 @@ TEST(StillStructure, TilesOfAnExrFileAreThere) {
     }
 }
 
-// The number of tiles is beyond 64 bits.
+// The number of tiles overflows 64 bits.
 TEST(StillStructure, AnExrFileOfAllCoordinatesIsCutOff) {
     EXPECT_NE(faultOf(tiledExr(INT32_MIN, INT32_MAX, 1)), "");
     EXPECT_NE(faultOf(tiledExr(INT32_MIN, INT32_MAX, 1) + std::string(64, '\0')), "");

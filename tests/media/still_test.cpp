@@ -108,7 +108,7 @@ TEST(Png, OvershootIsHeldAtBlackAndWhite) {
     EXPECT_EQ(back.row16(0)[1], 0);
 }
 
-// Red above, blue below, made by another program.
+// Red at the top, blue at the bottom, made by another program.
 TEST(Png, TheTopLineIsTheLastChainRow) {
     files::TempFolder folder;
     runFfmpeg(
@@ -123,7 +123,7 @@ TEST(Png, TheTopLineIsTheLastChainRow) {
     EXPECT_GT(frame.row8(0)[2], 200);
 }
 
-/// A ramp through another program in the given pixel format, and what comes of it here.
+/// A ramp, written by another program in a pixel format and read here.
 Frame rampAs(const files::TempFolder& folder, const std::string& format) {
     const Frame ramp = noiseFrame({31, 9}, Depth::S214, 5, true);
     writeStill(folder.file("ramp.png"), ramp);

@@ -12,7 +12,7 @@
 namespace ruvex::media {
 namespace {
 
-/// A file as something to be read from its front.
+/// An open file descriptor for a file.
 class Opened {
 public:
     explicit Opened(const std::filesystem::path& file) : fd_(open(file.c_str(), O_RDONLY)) {}
@@ -90,7 +90,7 @@ TEST(Y4mHeader, WhatIsRefusedIsShownAsATerminalCanTakeIt) {
 
 class Y4mKinds : public testing::TestWithParam<const char*> {};
 
-// The FFmpeg libraries' own reader of the same bytes is the yardstick.
+// Compared with the FFmpeg libraries' own reader of the same bytes.
 TEST_P(Y4mKinds, AStreamHasTheFramesOfTheFile) {
     files::TempFolder folder;
     for (const char* size : {"96x64", "33x17"}) {
@@ -111,12 +111,12 @@ TEST_P(Y4mKinds, AStreamHasTheFramesOfTheFile) {
     }
 }
 
-/// What is written, as another program sees it, and nearly the same picture read again.
+/// What another program says of a written stream; and the picture read again is nearly the same.
 TEST_P(Y4mKinds, AreWrittenAsTheyCame) {
     files::TempFolder folder;
     const std::string kind = GetParam();
     if (kind.starts_with("gray") || kind == "yuv411p") {
-        GTEST_SKIP() << "has no colour differences like those that are written";
+        GTEST_SKIP() << "is not a format that is written";
     }
     runFfmpeg(movingPicture("96x64", "30000/1001", 0.2) +
                   " -vf scale,setsar=16/11 -color_range tv -strict -1 -f yuv4mpegpipe -pix_fmt " +
@@ -153,8 +153,8 @@ INSTANTIATE_TEST_SUITE_P(Formats, Y4mKinds,
                                          "yuv420p10le", "yuv422p10le", "yuv444p10le", "yuv420p12le",
                                          "yuv444p16le", "gray16le"));
 
-// White, black and alpha, with full range said and unsaid.
-TEST(Y4mStream, RangeAndSitingAreHeeded) {
+// White and black, in limited and in full range.
+TEST(Y4mStream, RangeIsTakenFromTheHeader) {
     files::TempFolder folder;
     const auto pixel = [&](const std::string& tags, int luma) {
         const char y = static_cast<char>(luma);
@@ -169,7 +169,7 @@ TEST(Y4mStream, RangeAndSitingAreHeeded) {
     EXPECT_EQ(pixel("C420jpeg XCOLORRANGE=FULL", 0), 0);
 }
 
-// One red column among grey ones: its weight lies where the tag says.
+// One red column among grey ones: its centre shifts with the chroma siting.
 TEST(Y4mStream, SitingMovesTheColours) {
     files::TempFolder folder;
     const auto lean = [&](const std::string& kind) {
@@ -206,7 +206,7 @@ TEST(Y4mStream, DamageIsNamed) {
     EXPECT_NE(complaintOfText(file, std::string(100000, 'x')), "");
 }
 
-// Of 8 bits, the chain could take them.
+// As 8-bit frames they are within the limit of checkFrameSize.
 TEST(Y4mStream, PicturesThatTheLibrariesDoNotHoldAreRefusedByName) {
     files::TempFolder folder;
     for (const char* kind : {"420", "444p16", "mono"}) {
@@ -247,7 +247,7 @@ TEST(RawStream, NeedsASizeAndWholeFrames) {
               std::string::npos);
 }
 
-// Frames of 64 MB: eight of them are at hand, and no more.
+// Of frames of 64 MB, the latest eight are kept.
 TEST(StreamReader, LooksBackAndAheadWithinItsMemory) {
     const int zeros = open("/dev/zero", O_RDONLY);
     StreamReader reader(zeros, "zeros", {.size = FrameSize{4096, 4096}});

@@ -9,30 +9,30 @@
 
 namespace ruvex::media {
 
-/// The sizes that a still is tried with.
+/// Sizes of stills for tests.
 inline constexpr FrameSize kStillSizes[] = {{1, 1},  {1, 7},   {7, 1},    {3, 5},
                                             {16, 9}, {33, 17}, {360, 288}};
 
 /// Every component random; S2.14 over the whole 16-bit range, or from black to white only.
 Frame noiseFrame(FrameSize size, Depth depth, unsigned seed, bool blackToWhite = false);
 
-/// The path in quotes, for a shell.
+/// The path quoted for a shell.
 std::string quoted(const std::filesystem::path& path);
 
-/// Runs the ffmpeg command with these arguments and `output`. The test fails if that fails.
+/// Runs the ffmpeg command with these arguments and `output`. Fails the test if the command fails.
 void runFfmpeg(const std::string& arguments, const std::filesystem::path& output);
 
-/// A moving test picture: `rate` and `size` as the ffmpeg command takes them.
+/// Arguments of the ffmpeg command for a moving test picture; `size` and `rate` in its syntax.
 std::string movingPicture(const std::string& size, const std::string& rate, double seconds);
 
-/// What the ffprobe command says of the first video stream, one line an entry ("width=64").
+/// Entries of the first video stream by the ffprobe command, one in a line ("width=64").
 std::string probe(const std::filesystem::path& file, const std::string& entries);
 
-/// What `action` says when it throws MediaError; empty if it does not throw.
+/// The message of the MediaError that `action` throws; empty if it throws none.
 template <class Action>
 std::string complaintOf(Action action);
 
-/// Makes the file end early.
+/// Truncates the file to `part` of its length, 0 to 1.
 void cutTo(const std::filesystem::path& file, double part);
 
 }  // namespace ruvex::media

@@ -108,8 +108,8 @@ INSTANTIATE_TEST_SUITE_P(
                     "-c:v mpeg2video -g 12 -bf 2 -q:v 2", "-c:v mpeg4 -g 12 -bf 2 -q:v 2",
                     "-c:v ffv1 -pix_fmt yuv422p10le", "-c:v mjpeg -q:v 2"));
 
-// A raw stream has no times at all, an old container only those of decoding, a broadcast stream no
-// table of its key frames.
+// A raw stream has no times at all, an AVI only decoding times, a transport stream no table of key
+// frames.
 TEST(VideoReader, PoorContainersAreReadByNumberToo) {
     files::TempFolder folder;
     for (const char* name : {"a.h264", "a.avi", "a.ts", "a.m2v"}) {
@@ -144,7 +144,7 @@ TEST(VideoReader, RecordingsThatBeginWithinAGroupStartAtTheFirstWholeFrame) {
 
 TEST(VideoReader, ColoursFollowTagsOrElseTheHeight) {
     files::TempFolder folder;
-    // Saturated red: luma differs by matrix, so a wrong matrix shows as a wrong red or green.
+    // The luma of saturated red depends on the matrix: a wrong matrix gives a wrong red or green.
     const auto redOf = [&](const std::string& size, const std::string& matrix,
                            const std::string& tags) {
         runFfmpeg("-f lavfi -i color=0xC03020:size=" + size +
@@ -207,7 +207,7 @@ TEST(VideoReader, TheTopLineIsTheLastChainRow) {
     ASSERT_EQ(frames.size(), 3u);
     EXPECT_GT(frames[0].row8(60)[0], 200);
     EXPECT_GT(frames[0].row8(3)[2], 200);
-    // And the other way: the rendered file shows red above in another program.
+    // Another program shows red at the top of a file written here.
     writeAll(folder.file("b.mp4"), {.size = {64, 64}}, frames);
     runFfmpeg("-i '" + folder.file("b.mp4").string() + "' -frames:v 1 -pix_fmt rgb24 -f rawvideo",
               folder.file("b.rgb"));
@@ -290,7 +290,7 @@ TEST(VideoReader, DeepColoursAndOvershootAreExact) {
     EXPECT_EQ(pixel("1023:512:512", "yuv420p10le", "pc"),
               (std::vector{16384, 16384, 16384, 16384}));
     EXPECT_EQ(pixel("0:512:512", "yuv420p12le", "pc")[3], 16384);
-    // 100% red of BT.709 in 10 bits is 250, 409, 960: within half a step of its own rounding.
+    // 100% red of BT.709 in 10 bits is YUV 250, 409, 960, each rounded by at most half a step.
     const auto red = pixel("250:409:960", "yuv444p10le");
     EXPECT_NEAR(red[0], 16384, 25);
     EXPECT_NEAR(red[1], 0, 25);

@@ -113,7 +113,7 @@ std::string writeMuch(const std::filesystem::path& file) {
     });
 }
 
-/// Runs `body` in a child process, which ends with what it returns.
+/// Runs `body` in a child process, whose exit status is its result.
 template <class Body>
 int inChild(Body body) {
     const pid_t child = fork();
@@ -127,7 +127,7 @@ int inChild(Body body) {
 
 class NoRoom : public testing::TestWithParam<const char*> {};
 
-// The bound on file size stands in for a full disk: both are a write that fails midway.
+// A limit on file size, in place of a full disk: in both cases a write fails midway.
 TEST_P(NoRoom, AFailedWriteIsSaidAndNothingIsLeft) {
     files::TempFolder folder;
     const int result = inChild([&] {
