@@ -27,8 +27,8 @@ std::size_t InputStream::read(std::span<std::byte> bytes) {
 bool InputStream::readFrame(std::span<std::byte> bytes) {
     const std::size_t got = read(bytes);
     if (got != 0 && got != bytes.size()) {
-        throw MediaError(name_ + " breaks off within a frame: only " + std::to_string(got) +
-                         " of its " + std::to_string(bytes.size()) +
+        throw MediaError(name_ + " ends within a frame: only " + std::to_string(got) + " of its " +
+                         std::to_string(bytes.size()) +
                          " bytes arrived. It is cut off, or its frames have another size.");
     }
     return got != 0;

@@ -92,7 +92,7 @@ std::optional<Frame> Y4mStream::next() {
         throw MediaError(stream_.name() + " is damaged: a frame does not begin with FRAME.");
     }
     if (!stream_.readFrame(bytes_)) {
-        throw MediaError(stream_.name() + " breaks off within a frame.");
+        throw MediaError(stream_.name() + " ends within a frame.");
     }
     std::uint8_t* planes[4] = {};
     int pitches[4] = {};
