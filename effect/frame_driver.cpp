@@ -184,8 +184,8 @@ bool FrameDriver<P>::chooseSourceFrame() {
     source_ = &inputTexture_;
     if (effect_.effectKind == EffectKind::Paint || tape_.shownFrame == time_.frame) return true;
     constexpr std::int32_t kFirstInput = -1;
-    repeatImage_ = fetchInputFrame(effect_, host_, repeatTexture_, tape_.shownFrame / time_.rate,
-                                   true, kFirstInput);
+    repeatImage_ = fetchInputFrame(effect_, host_, repeatTexture_,
+                                   tape_.shownFrame / time_.singleRate, true, kFirstInput);
     source_ = &repeatTexture_;
     return static_cast<bool>(repeatImage_);
 }

@@ -63,7 +63,7 @@ TapePosition tapePosition(const ParameterReader& reader, const FrameTime& time) 
     TapePosition tape;
     tape.playTime =
         playedSeconds(reader.curve(ParameterId::PlaySpeed), time.hostRate, time.seconds);
-    tape.sourcePosition = static_cast<float>(time.rate * tape.playTime);
+    tape.sourcePosition = static_cast<float>(time.singleRate * tape.playTime);
     tape.sourceFrame = frameAtPosition(tape.sourcePosition);
     tape.shownFrame = static_cast<float>(
         repeatedFrame(tape.sourceFrame, reader.integer(ParameterId::RepeatFrames)));
@@ -80,7 +80,7 @@ PlayStatus playStatusAt(const ParameterReader& reader, const FrameTime& time) {
     for (float frame = time.frame; slow(speed) && walksOn(frame);) {
         ++play.framesAtLowSpeed;
         frame -= 1.0f;
-        speed = curve.rawAt(frame / time.rate);
+        speed = curve.rawAt(frame / time.singleRate);
     }
     play.speedAtStart = fractionOf(speed);
     return play;

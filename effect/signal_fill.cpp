@@ -131,7 +131,7 @@ void fillVertical(SignalParameters& signal, const FrameState& frame) {
 void fillShash(SignalParameters& signal, const FrameState& frame) {
     const FrameParameters& p = frame.parameters;
     signal.shashType = ShashType{p.integer(ParameterId::ShashType)};
-    signal.shashPeriod = truncateToInt(frame.time.rate * p.real(ParameterId::ShashPeriod));
+    signal.shashPeriod = truncateToInt(frame.time.singleRate * p.real(ParameterId::ShashPeriod));
     signal.shashThreshold = p.fraction(ParameterId::ShashThreshold);
     signal.shashAmountMax = p.fraction(ParameterId::ShashAmountMax);
     signal.shashFramesOn = frame.signal.walks.shashFramesOn;

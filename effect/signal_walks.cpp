@@ -13,10 +13,10 @@ struct Past {
     std::vector<float> levels;
 };
 
-Past pastOf(const SignalLevel& level, float frame, float frameRate) {
+Past pastOf(const SignalLevel& levels, float frame, float frameRate) {
     Past past;
     past.moments = momentsBack(frame, frameRate);
-    past.levels = level.atEarlier(past.moments);
+    past.levels = levels.atEarlier(past.moments);
     return past;
 }
 
@@ -36,7 +36,7 @@ double creepingLines(const Start& start, const Past& past) {
     float level = start.breakup;
     for (std::size_t i = 0; i < past.moments.size(); ++i) {
         const double moment = past.moments[i];
-        const double speed = speedMax.rawAt(moment) / start.time.rate;
+        const double speed = speedMax.rawAt(moment) / start.time.singleRate;
         sum += stageAmountDouble(level, speed, fractionOf(threshold.rawAt(moment)));
         level = past.levels[i];
     }
@@ -59,7 +59,7 @@ std::int32_t verticalRoll(const Start& start, const Past& past, std::int32_t sum
         const double moment = past.moments[i];
         const float threshold = fractionOf(thresholds.rawAt(moment));
         if (!(threshold < 1.0f)) break;
-        const double speed = speedMax.rawAt(moment) / start.time.rate;
+        const double speed = speedMax.rawAt(moment) / start.time.singleRate;
         sum = truncateToInt(thresholdLineDouble(level, speed, threshold) + static_cast<float>(sum));
         if (i + 1 == past.moments.size()) break;
         level = past.levels[i + 1];
@@ -81,10 +81,10 @@ std::int32_t shashFrames(const Start& start, const Past& past) {
 
 }  // namespace
 
-SignalWalks walkBack(const ParameterReader& reader, const SignalLevel& level, const FrameTime& time,
-                     float sourcePosition, float breakup) {
+SignalWalks walkBack(const ParameterReader& reader, const SignalLevel& levels,
+                     const FrameTime& time, float sourcePosition, float breakup) {
     const Start start{reader, time, breakup};
-    const Past tape = pastOf(level, sourcePosition, time.rate);
+    const Past tape = pastOf(levels, sourcePosition, time.singleRate);
     SignalWalks walks;
     walks.lineSum = creepingLines(start, tape);
     walks.verticalSum = verticalOffset(start);
@@ -93,16 +93,16 @@ SignalWalks walkBack(const ParameterReader& reader, const SignalLevel& level, co
     }
     // At normal speed the tape's frames are the output's, and one walk serves both.
     const bool sameFrames = time.frame == sourcePosition;
-    const Past output = sameFrames ? Past{} : pastOf(level, time.frame, time.rate);
+    const Past output = sameFrames ? Past{} : pastOf(levels, time.frame, time.singleRate);
     walks.shashFramesOn = shashFrames(start, sameFrames ? tape : output);
     return walks;
 }
 
 SignalState signalAt(const ParameterReader& reader, const FrameTime& time,
                      const TapePosition& tape) {
-    const SignalLevel level(reader, time.hostRate);
-    const float breakup = level.at(time.seconds, tape.playTime);
-    return {breakup, walkBack(reader, level, time, tape.sourcePosition, breakup)};
+    const SignalLevel levels(reader, time.hostRate);
+    const float breakup = levels.at(time.seconds, tape.playTime);
+    return {breakup, walkBack(reader, levels, time, tape.sourcePosition, breakup)};
 }
 
 }  // namespace ruvex

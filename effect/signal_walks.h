@@ -29,7 +29,7 @@ SignalState signalAt(const ParameterReader& reader, const FrameTime& time,
 
 /// The walks of a frame whose level is `breakup`, with the tape at `sourcePosition` in frames.
 /// Lines and roll go by the tape's frames, shash by the output's.
-SignalWalks walkBack(const ParameterReader& reader, const SignalLevel& level, const FrameTime& time,
-                     float sourcePosition, float breakup);
+SignalWalks walkBack(const ParameterReader& reader, const SignalLevel& levels,
+                     const FrameTime& time, float sourcePosition, float breakup);
 
 }  // namespace ruvex

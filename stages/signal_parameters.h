@@ -41,6 +41,7 @@ struct SignalParameters {
     std::int32_t sourceFrame = 0;  ///< before frames are repeated
     std::int32_t outputFrame = 0;
     float scale = 0.0f;  ///< work pixels for a pixel of the project frame, on the mean
+    // Always 0: the picture begins at the origin of image space.
     std::int32_t originX = 0;
     std::int32_t originY = 0;
     float width = 0.0f;
@@ -82,15 +83,15 @@ struct SignalParameters {
     bool dvdMode = false;  ///< a DVD player, which shows no fault of a tape
     PlayState playState = PlayState::Winding;
     std::int32_t framesAtLowSpeed = 0;
-    float playSpeedAtStart = 0.0f;  ///< 1 is normal
-    std::int32_t sourceFrameIndex = 0;
+    float playSpeedAtStart = 0.0f;      ///< 1 is normal
+    std::int32_t sourceFrameIndex = 0;  ///< The same number as sourceFrame, for the transport.
     float emInterference = 0.0f;
 
     float whiteDot = 0.0f;
     float whiteDotSoftness = 0.0f;
 
     std::int32_t verticalOffset = 0;
-    float verticalRollSpeed = 0.0f;  ///< pixels per second
+    float verticalRollSpeed = 0.0f;  ///< pixels per second; read by nothing here
 
     float gunRedX = 0.0f, gunRedY = 0.0f;
     float gunGreenX = 0.0f, gunGreenY = 0.0f;
