@@ -6,7 +6,8 @@
 
 namespace ruvex {
 
-/// All three are VxTextures. `work` runs on all workers at once; the other steps on the caller.
+/// Map, First and Second are VxTextures. `work` runs on all workers at once; `start` and `finish`
+/// run on the calling thread.
 template <class Map, class First = Map, class Second = Map>
 class Combiner : public virtual Imager {
 public:
@@ -14,9 +15,9 @@ public:
     virtual void work(First*, Second*, Map*) {}
     virtual void finish(First*, Second*, Map*) {}
 
-    /// Combines `first` and `second` into the window of `onto`. A Map that can't be written is
-    /// named on the standard error stream and left alone; the wording of its unusable case is
-    /// shared with the generators.
+    /// Combines `first` and `second` into the window of `onto`. A null Map, or one without pixels,
+    /// is reported on standard error, and nothing is done. The message for one without pixels says
+    /// "Generator", as that of a generator does.
     void process(First* first, Second* second, Map* onto);
 };
 

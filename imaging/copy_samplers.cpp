@@ -5,7 +5,7 @@ namespace {
 
 constexpr std::uint32_t kAllChannels = 15;
 
-// Copies the components that `selected(k)` names from the source row into the Map's, run by run.
+// Copies the components k with selected(k) from the source row into the Map's row, run by run.
 template <class P, class Selected>
 void copyComponents(P* to, const VxTexture<P>& source, const RowLoop& loop, std::int32_t y,
                     Selected selected) {

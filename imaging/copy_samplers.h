@@ -1,4 +1,4 @@
-// Samplers that take pixels as they stand, through the source's edge methods.
+// Samplers that copy pixels unchanged; outside the source its edge methods apply.
 
 #pragma once
 

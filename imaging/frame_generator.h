@@ -14,7 +14,7 @@ public:
     void work(VxTexture<P>* target) override;
 
     P colour{};
-    bool zero = false;  ///< clear to zero bytes, whatever the colour
+    bool zero = false;  ///< fill with zero bytes and ignore `colour`
 };
 
 extern template class ColouredFrameGenerator<Rgba8>;

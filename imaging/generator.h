@@ -1,4 +1,4 @@
-// A processor that fills the Map from nothing.
+// A processor that fills the Map without reading an image.
 
 #pragma once
 
@@ -6,7 +6,8 @@
 
 namespace ruvex {
 
-/// Map is a VxTexture. `work` runs on all workers at once; `start` and `finish` on the caller.
+/// Map is a VxTexture. `work` runs on all workers at once; `start` and `finish` run on the calling
+/// thread.
 template <class Map>
 class Generator : public Imager {
 public:
@@ -14,8 +15,8 @@ public:
     virtual void work(Map*) {}
     virtual void finish(Map*) {}
 
-    /// Fills the window of `onto`. A Map that can't be written is named on the standard error
-    /// stream and left alone.
+    /// Fills the window of `onto`. A null Map, or one without pixels, is reported on standard
+    /// error, and nothing is done.
     void process(Map* onto);
 };
 

@@ -61,8 +61,8 @@ void Imager::resolveWindow() {
         x1 = wrapAdd(x.lastCoordinate(), 1);
         y1 = wrapAdd(y.lastCoordinate(), 1);
     }
-    // The address of a row is taken from the Map's offset: only a window that is all of a Map at
-    // offset 0 needs none.
+    // Compared with (0, 0) and not with the Map's offset: for a Map with an offset the flag is set
+    // even if the window is the whole Map.
     windowed = !(x0 == 0 && y0 == 0 && x1 == mapWidth && y1 == mapHeight);
 }
 

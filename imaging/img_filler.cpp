@@ -9,7 +9,7 @@
 namespace ruvex {
 namespace {
 
-// The three passes of a fill outside a rectangle.
+// The three passes that fill the area outside a rectangle.
 constexpr std::int32_t kPassAbove = 0;
 constexpr std::int32_t kPassBeside = 1;
 constexpr std::int32_t kPassBelow = 2;

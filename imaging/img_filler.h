@@ -1,4 +1,4 @@
-// Filling a window with one colour, or what lies outside a rectangle in it.
+// Fills a window, or the area outside a rectangle in it, with one colour.
 
 #pragma once
 
@@ -10,8 +10,8 @@
 
 namespace ruvex {
 
-/// With `useInside`, the rows below, beside and above the rectangle are filled in three passes, so
-/// that the middle rows pay for their two ends alone. Otherwise the whole window is filled.
+/// Fills the whole window, or with `useInside` only the area outside the rectangle, in three
+/// passes: the rows above it, the columns to both sides of it, and the rows below it.
 template <class P>
 class VxImgFiller : public VxImgProc1<VxTexture<P>>, public VxIPWindowStack {
 public:
@@ -23,7 +23,7 @@ public:
     void post() override;
 
     P fillColour{};
-    bool zero = false;  ///< clear to zero bytes, whatever the colour
+    bool zero = false;  ///< fill with zero bytes and ignore `colour`
     /// The rectangle to keep, in image space; right and bottom are one past the end.
     std::int32_t insideLeft = 0, insideTop = 0, insideRight = 0, insideBottom = 0;
     bool useInside = false;

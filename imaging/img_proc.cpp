@@ -72,7 +72,7 @@ void VxImgProc::copyWindow(const VxImgProc& other) {
 
 Span VxImgProc::rowRange() const {
     if (!inThreadedPass_ || !useThreads) return {y0, y1};
-    // The ends may lie anywhere, in any order: a stage may narrow the window beyond its other end.
+    // In 64 bits, since a stage may set any window, even one that ends before it begins.
     const std::int32_t rows = saturate(std::int64_t{y1} - y0);
     const RowShare share = shareOfRows(rows, workerCount(), workerIndex());
     return {y0 + share.first, y0 + share.end};
@@ -92,7 +92,7 @@ void VxImgProc::clipWindow(std::int32_t xMin, std::int32_t yMin, std::int32_t xM
         }
         return;
     }
-    // min before max: an empty range holds to its low end instead of being undefined.
+    // Not std::clamp, which is undefined for low > high. Here such a range gives `low`.
     const auto hold = [](std::int32_t v, std::int32_t low, std::int32_t high) {
         return std::max(low, std::min(v, high));
     };

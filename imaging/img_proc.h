@@ -9,23 +9,24 @@
 
 namespace ruvex {
 
-/// Whatever can be stopped.
+/// Base class of every processor that an interruption can stop.
 class VxInteruptable {
 public:
     virtual ~VxInteruptable() = default;
 
-    InterruptionRecord* interrupt = nullptr;  ///< borrowed; null cannot be interrupted
+    InterruptionRecord* interrupt = nullptr;  ///< not owned; null: never interrupted
 };
 
-/// First and last-plus-one of a range of rows or columns, in image space.
+/// A range of rows or columns, first .. end - 1, in image space.
 struct Span {
     std::int32_t first;
     std::int32_t end;
 };
 
-/// The rule for windows, passes and row shares. A processor overrides `run`, which all workers
-/// enter at once and which writes only the rows of its rowRange, and the steps around it, which
-/// run on the calling thread. The window is kept between runs, clipped to the Map of the last.
+/// Base class that manages the window, the passes and the workers' shares of rows. A processor
+/// overrides `run`, which all workers call at once and which writes only the rows of its rowRange,
+/// and pre, prePass, postPass and post, which run on the calling thread. The window is kept from
+/// run to run, clipped to the Map of the latest.
 class VxImgProc : public VxInteruptable {
 public:
     virtual void pre() {}
@@ -35,36 +36,38 @@ public:
     virtual void postPass() {}
     virtual void runPasses();
 
-    /// Fills the window of `onto`, or the whole of it where no window was set. A null `onto` does
-    /// nothing.
+    /// Fills the window of `onto`, or all of `onto` if no window was set. Does nothing if `onto` is
+    /// null.
     virtual void process(VxTexIndexer* onto);
 
     /// Sets the window from inclusive image-space corners.
     void setWindow(std::int32_t left, std::int32_t top, std::int32_t right, std::int32_t bottom);
-    /// The inclusive corners of the window.
+    /// Gives the window's corners, inclusive, in image space.
     void getWindow(std::int32_t& left, std::int32_t& top, std::int32_t& right,
                    std::int32_t& bottom) const;
     void copyWindow(const VxImgProc& other);
     void setPasses(std::int32_t n) { passes = n; }
 
-    /// The calling worker's rows. Empty or negative for surplus workers.
+    /// The calling worker's rows. If there are more workers than rows, some get a range with end <=
+    /// first.
     Span rowRange() const;
-    /// The window's columns, which are not split.
+    /// The window's columns; every worker gets all of them.
     Span columnRange() const { return {x0, x1}; }
 
-    /// Holds the window to inclusive limits. A window outside them becomes a single row or column
-    /// at their edge; with `keepWindow`, one that sticks out on an axis is replaced whole there.
+    /// Clips the window to inclusive limits. A window entirely outside becomes the single row or
+    /// column at the nearest limit. With `keepWindow`, a window that exceeds the limits on an axis
+    /// is set to x0 = xMin, x1 = xMax there instead (y alike).
     void clipWindow(std::int32_t xMin, std::int32_t yMin, std::int32_t xMax, std::int32_t yMax);
     void clipToTexture(const VxTexIndexer& texture);
 
     bool windowSet = false;
     std::int32_t x0 = 0, y0 = 0, x1 = 0, y1 = 0;  ///< window; x1, y1 are one past the end
     std::int32_t passes = 1;
-    std::int32_t pass = 0;  ///< the pass now running
+    std::int32_t pass = 0;  ///< the current pass, from 0
     bool useThreads = true;
     bool keepWindow = false;
-    float scaleX = 1.0f;  ///< pixel aspect, by which horizontal pixel measures are divided
-    float scaleY = 1.0f;  ///< its inverse, by which vertical ones are multiplied
+    float scaleX = 1.0f;  ///< pixel aspect: horizontal sizes in pixels are divided by it
+    float scaleY = 1.0f;  ///< 1 / pixel aspect: vertical sizes in pixels are multiplied by it
     VxTexIndexer* map = nullptr;
     std::int32_t mapWidth = 0;
     std::int32_t mapHeight = 0;
@@ -87,7 +90,7 @@ public:
     Texture* target = nullptr;  ///< set during a run
 };
 
-/// A processor that reads one texture and fills another, which may be the same.
+/// A processor that reads one texture and fills another, which may be the same one.
 template <class Source, class Target>
 class VxImgProc2 : public VxImgProc {
 public:
@@ -100,7 +103,7 @@ public:
     Source* source = nullptr;  ///< set during a run
 };
 
-/// Prints that a Map is unusable, in the wording of the generators.
+/// Prints on standard error that a Map has no pixels; the message is that of the generators.
 void reportUnusableMap();
 
 template <class Texture>

@@ -1,4 +1,4 @@
-// Bilinear interpolation between four neighbours, with missing ones replaced by the fill pixel.
+// Bilinear interpolation between four neighbours; the fill pixel replaces missing ones.
 
 #pragma once
 
@@ -8,10 +8,10 @@
 
 namespace ruvex {
 
-/// Where a sample falls on one axis: its two neighbours and the way from the first to the second.
+/// The position of a sample on one axis: its two neighbours and the weight of the second.
 struct AxisSample {
     TexPair pair;
-    float fraction;  ///< 0 at the first neighbour's centre, below 1
+    float fraction;  ///< 0 <= fraction < 1; 0 at the first neighbour's centre
 };
 
 inline AxisSample axisSample(const TexAxis& axis, float position) {
@@ -40,12 +40,12 @@ C lerpPixel(const C& a, const C& b, float fraction) {
     return result;
 }
 
-/// The two rows that a sample reads, null where there is none.
+/// The two rows that a sample reads. Null is a row of the fill pixel.
 template <class P>
 struct SampleRows {
     const P* first;
     const P* second;
-    bool same;      ///< both are one row: no vertical lerp
+    bool same;      ///< both are the same row, so there is no vertical lerp
     bool adjacent;  ///< both exist and follow each other
     float fraction;
 };
@@ -59,7 +59,7 @@ SampleRows<P> sampleRows(const VxTexture<P, C>& texture, const AxisSample& row) 
             row.pair.adjacent && texture.data, row.fraction};
 }
 
-/// Reads through at least one missing or repeated neighbour.
+/// interpolate for a sample with a missing or repeated neighbour.
 template <class P, class C>
 C interpolateAtEdge(const P& fill, const AxisSample& column, const SampleRows<P>& rows) {
     const std::int32_t first = column.pair.first;
@@ -79,7 +79,7 @@ C interpolateAtEdge(const P& fill, const AxisSample& column, const SampleRows<P>
     return rows.same ? upper : lerpPixel(upper, alongRow(rows.second), rows.fraction);
 }
 
-/// The interpolated value at a column and a pair of rows: along X in both rows, then along Y.
+/// The interpolated value at a column and a pair of rows: first along X in both rows, then along Y.
 template <class P, class C>
 C interpolate(const P& fill, const AxisSample& column, const SampleRows<P>& rows) {
     if (!column.pair.adjacent || !rows.adjacent) {

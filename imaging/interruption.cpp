@@ -14,7 +14,7 @@ bool interruptCheck(InterruptionRecord* record) {
     if (record->interrupted.load(std::memory_order_relaxed) != 0) return true;
     if (!record->callback) return false;
     const std::uint32_t answer = record->callback(record->context, &record->progress);
-    // A zero is not written back: another thread may have stopped the render meanwhile.
+    // 0 is not stored: another thread may have stopped the render in the meantime.
     if (answer != 0) {
         record->interrupted.store(static_cast<std::int32_t>(answer), std::memory_order_relaxed);
     }

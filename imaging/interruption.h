@@ -1,4 +1,4 @@
-// How a render is stopped from outside.
+// Interruption of a render, by the host or for lack of memory.
 
 #pragma once
 
@@ -7,32 +7,32 @@
 
 namespace ruvex {
 
-/// The code that a processor leaves in `progress` when it stops a render for want of memory.
+/// Code in `progress`: a processor stopped the render because it ran out of memory.
 inline constexpr std::uint32_t kOutOfMemoryCode = 1000;
-/// The code that stands in `progress` when the host asked for the stop.
+/// Code in `progress`: the host asked to stop the render.
 inline constexpr std::uint32_t kHostStopCode = 10000;
 
-/// One record for each effect object, shared by pointer with every processor of its render.
-/// Workers poll it for every row without a lock: the host is simply asked again by the next check
-/// if an update is missed, hence relaxed atomics.
+/// Each effect object has one record; every processor of its render has a pointer to it. Workers
+/// poll it once a row without a lock. Relaxed atomics are enough: a worker that misses an update
+/// asks the host again at its next check.
 struct InterruptionRecord {
-    /// Gets `context` and the place for a code; nonzero means stop. Called from several threads at
-    /// once and as often as once a row.
+    /// Asks the host whether to stop: nonzero means stop. The callback may store a code in
+    /// `progress`. It is called from several threads at once, up to once a row.
     using Callback = std::uint32_t (*)(void* context, std::atomic<std::uint32_t>* progress);
 
     void* context = nullptr;
     Callback callback = nullptr;
-    std::atomic<std::int32_t> interrupted{0};  ///< sticky: nonzero means the render is stopping
+    std::atomic<std::int32_t> interrupted{0};  ///< nonzero: the render is stopping, until reset
     std::atomic<std::uint32_t> progress{0};
 
-    /// Starts a new frame with nothing interrupted.
+    /// Clears the interruption, for a new frame.
     void reset(void* newContext, Callback newCallback);
 };
 
-/// Whether to stop. A null record cannot be interrupted.
+/// Whether the render has to stop; asks the host. False for a null record.
 bool interruptCheck(InterruptionRecord* record);
 
-/// Stops the render because memory ran out. A null record is allowed.
+/// Stops the render with kOutOfMemoryCode. Does nothing for a null record.
 void raiseOutOfMemory(InterruptionRecord* record);
 
 }  // namespace ruvex

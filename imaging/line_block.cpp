@@ -11,12 +11,12 @@ namespace {
 
 constexpr std::align_val_t kBlockAlignment{kLaneBytes};
 
-// Rows are laid in and taken out a few positions of each at a time, so that the block's part that
-// they share stays in the nearest cache.
+// Positions per step when rows are interleaved into a block or read back: so few that the part of
+// the block that the rows share stays in the first-level cache.
 constexpr std::int64_t kTile = 16;
 
-// How the pixels of a block's lines share the lanes of one position: one after the other, each with
-// the components that are taken along. Storing leaves those that `Mask` doesn't name.
+// The layout of one position of a block: the pixels of its lines one after the other, each with
+// kTaken components. Storing writes only the components in `Mask`.
 template <class P, std::uint32_t Mask>
 struct Layout {
     using Component = typename P::Component;
@@ -45,7 +45,7 @@ struct Layout {
         }
     }
 
-    // All lines of one position from, or to, neighbouring pixels.
+    // The pixels of all lines at one position, from (loadAll) or to (storeAll) adjacent pixels.
     static void loadAll(Component* lanes, const P* pixels, int count) {
         if (kLoadWhole && count == kLines) {
             std::memcpy(lanes, pixels, kLines * sizeof(P));
@@ -65,7 +65,7 @@ struct Layout {
     }
 };
 
-// Calls run(lanes, texRun, length) for each stretch of `input` that one edge rule covers.
+// Calls run(lanes, texRun) for each TexRun of `input`; `lanes` is the run's place in `block`.
 template <class Component, class Run>
 void forEachRun(Component* block, const TexAxis& axis, const LineRange& input, Run run) {
     for (std::int64_t p = input.first; p < input.end;) {
@@ -87,7 +87,7 @@ template <class P, std::uint32_t Mask>
 typename LineBlock<P, Mask>::Memory LineBlock<P, Mask>::allocate(std::int64_t positions) {
     const auto bytes = static_cast<std::size_t>(positions * kLaneBytes);
     void* memory = ::operator new[](bytes, kBlockAlignment, std::nothrow);
-    // Lanes without a line are blurred like the others, so they hold something from the start.
+    // Lanes without a line are blurred like the others, so they must be initialised.
     if (memory) std::memset(memory, 0, bytes);
     return Memory(static_cast<Component*>(memory));
 }
@@ -166,7 +166,7 @@ void LineBlock<P, Mask>::gather(LineSource<P>& source, const TexAxis& axis, cons
         for (std::int32_t i = 0; i < n; ++i) Lane::load(lanes + i * Lane::kStep, pixels[i]);
     };
     forEachRun(memory_.get(), axis, plan_.inputOf(0), [&](Component* lanes, const TexRun& run) {
-        // Only what runs on from pixel to pixel is read by more than one.
+        // Only a run of consecutive pixels, or of the fill pixel, can be read in one piece.
         const std::int32_t most = run.step == 1 || run.index == kNoPixel ? kRead : 1;
         for (std::int32_t i = 0; i < run.length; i += most) {
             const std::int32_t n = std::min(most, run.length - i);

@@ -1,4 +1,4 @@
-// Lines of a picture laid side by side, so that one loop over lanes blurs them all.
+// A block of rows or columns, interleaved so that one vector loop blurs all of them at once.
 
 #pragma once
 
@@ -12,29 +12,30 @@
 
 namespace ruvex {
 
-/// Where the lines of a block come from that are in no picture.
+/// A source of lines that are computed instead of read from a texture.
 template <class P>
 class LineSource {
 public:
     virtual ~LineSource() = default;
 
-    /// Writes `count` pixels of line number `line` of the block, from index `first` of its axis on.
+    /// Writes `count` pixels of the block's line number `line`, from index `first` on its axis.
     virtual void read(int line, std::int32_t first, std::int32_t count, P* to) = 0;
 };
 
-/// A block of rows or of columns on its way through the boxes of a plan. Only the components that
-/// `Mask` names (bit 0 is the first) are written in the end. One for each thread and pass.
+/// Takes a block of rows or columns through the boxes of a plan: gather, filter, then scatter or
+/// take. Only the components in `Mask` (bit 0 is the first) are written to the result. Each thread
+/// has its own block for each pass.
 template <class P, std::uint32_t Mask>
 class LineBlock {
 public:
     using Component = typename P::Component;
     using Texture = VxTexture<P>;
-    /// Components of each pixel that are taken along: all or one. Three are not worth the
-    /// unpacking.
+    /// Components per pixel in the block: all, or one if `Mask` has one bit. For three of four,
+    /// leaving one out would cost more than it saves.
     static constexpr int kTaken = __builtin_popcount(Mask) == 1 ? 1 : P::kComponents;
     static constexpr int kLines = static_cast<int>(kLanes<Component>) / kTaken;
 
-    /// Some lines of a picture.
+    /// The coordinates of up to kLines rows or columns.
     struct Lines {
         std::array<std::int32_t, kLines> at{};
         int count = 0;
@@ -43,31 +44,31 @@ public:
         bool full() const { return count == kLines; }
     };
 
-    /// Allocates for `plan`, which must outlive the block.
+    /// Allocates memory for `plan`, which must outlive the block.
     explicit LineBlock(const BoxPlan& plan);
     /// False if memory ran out; then nothing else may be called.
     bool usable() const { return memory_ && (!plan_.readsPastBuffer() || extension_); }
 
-    /// Reads what the first box needs of buffer rows `rows` of `from`, through its edge methods
-    /// along X. kNoPixel stands for a row of the fill pixel.
+    /// Reads the input of the first box from buffer rows `rows` of `from`; outside the row, the
+    /// edge method of the X axis applies. A row kNoPixel consists of fill pixels.
     void gatherRows(const Texture& from, const Lines& rows);
     /// The same for columns.
     void gatherColumns(const Texture& from, const Lines& columns);
 
-    /// The same for `count` lines of a source, along an axis with edge methods; `fill` is what
-    /// there is where those give nothing.
+    /// The same for `count` lines of `source`, with the size and edge method of `axis`. `fill` is
+    /// used where the edge method gives no pixel.
     void gather(LineSource<P>& source, const TexAxis& axis, const P& fill, int count);
 
-    /// Runs all boxes over what was gathered. `fill` is what the row buffers read past their ends
-    /// where no edge method applies.
+    /// Runs all boxes over the gathered lines. `fill` is used outside a row buffer where the edge
+    /// method gives no pixel.
     void filter(BoxFilter<Component> box, const P& fill);
 
-    /// Writes the result into rows `rows` of `to`, in image space, which must exist.
+    /// Writes the result into rows `rows` (image space) of `to`, which must have them.
     void scatterRows(Texture& to, const Lines& rows) const;
-    /// The same for columns.
+    /// The same for columns, which must be adjacent.
     void scatterColumns(Texture& to, const Lines& columns) const;
 
-    /// Copies `count` pixels of the result of line number `line`, from `first` of the output on.
+    /// Copies `count` pixels of the result for line number `line`, from output position `first` on.
     void take(int line, std::int64_t first, std::int64_t count, P* to) const;
 
 private:
@@ -82,7 +83,7 @@ private:
     const BoxPlan& plan_;
     Memory memory_;
     Memory extension_;
-    Component* present_ = nullptr;  ///< where the outputs of the last box begin
+    Component* present_ = nullptr;  ///< the first output of the latest box
 };
 
 }  // namespace ruvex

@@ -13,7 +13,7 @@ void copyPixels(P* to, const SourceRun<P>& run, const P& fill) {
     if (!run.pixels || run.step == 0) {
         std::fill_n(to, run.length, run.pixels ? *run.pixels : fill);
     } else if (run.step == 1) {
-        // The source may be the Map itself, where a run lies upon its own copy.
+        // memmove: if the source is the Map itself, a run and its copy may overlap.
         std::memmove(to, run.pixels, static_cast<std::size_t>(run.length) * sizeof(P));
     } else {
         for (std::int32_t i = 0; i < run.length; ++i) {

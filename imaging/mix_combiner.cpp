@@ -11,7 +11,7 @@ namespace {
 struct Weights {
     float first, second;
 
-    // Weights that are no number count as those that need the clamp, which makes them black.
+    // Written so that NaN needs the clamp too, which turns a sum of NaN into 0.
     bool needClamp() const { return !(first >= 0.0f && second >= 0.0f && first + second <= 1.0f); }
 };
 
@@ -23,7 +23,7 @@ typename P::Component mixed(typename P::Component a, typename P::Component b,
     return static_cast<typename P::Component>(static_cast<std::int32_t>(value));
 }
 
-// Whether writing at `to` leaves alone what later steps of the row read.
+// Whether writing `length` pixels at `to` changes no pixel that `run` has still to read.
 template <class P>
 bool independent(const P* to, const SourceRun<P>& run, std::int32_t length) {
     if (run.step == 1 && run.pixels == to) return true;
@@ -33,8 +33,8 @@ bool independent(const P* to, const SourceRun<P>& run, std::int32_t length) {
 
 template <class P, bool Clamped>
 void mixPixels(P* to, const P* a, const P* b, std::int32_t length, const Weights& weights) {
-    // A small buffer between tells the compiler that reads and writes never meet, so that it widens
-    // the loop also where the Map is one of the inputs.
+    // The local buffer shows the compiler that reads and writes do not overlap, so that it
+    // vectorises the loop; the Map may be one of the inputs.
     constexpr std::int32_t kTile = 32;
     for (std::int32_t i = 0; i < length; i += kTile) {
         P out[kTile];

@@ -8,8 +8,8 @@
 namespace ruvex {
 
 /// first * weightFirst + second * weightSecond for all four components, in raw values, truncated.
-/// The sum is held to 0 and the top of the type (255, or 32767 in S2.14) if a weight is negative or
-/// they come to more than 1. The Map may be one of the inputs.
+/// If a weight is negative, or their sum is above 1, the result is clamped to 0 .. the largest
+/// value of the type (255, or 32767 in S2.14). The Map may be one of the inputs.
 template <class P>
 class MixCombiner : public Combiner<VxTexture<P>> {
 public:

@@ -11,9 +11,9 @@
 namespace ruvex {
 namespace {
 
-// A kernel says what it needs to know of a column and of a row, and reads a pixel from both. Under
-// a matrix that only scales and shifts, columns are the same for every row and rows for every
-// column, and are worked out once.
+// A kernel computes a Column from a source X and a Row from a source Y, and reads a pixel from
+// both. If the matrix only scales and translates, the columns are the same for every row: they are
+// computed once.
 
 template <class P>
 struct NearestKernel {
@@ -88,7 +88,7 @@ private:
     }
 };
 
-// How a sample, a storage pixel or its companion, enters the Map.
+// The ways to write a sample (a storage pixel or its companion) into the Map.
 
 template <class P>
 using ComponentOf = typename PixelTraits<P>::Component;
@@ -160,7 +160,7 @@ bool axisAligned(const VxDualMoveSampler<P>& sampler) {
     return !sampler.perspective && sampler.matrix[1] == 0.0f && sampler.matrix[3] == 0.0f;
 }
 
-// The columns of one worker's rows, worked out once. Null when memory ran out.
+// The columns of all rows of the worker's share. Null if out of memory.
 template <class Kernel, class P>
 std::unique_ptr<typename Kernel::Column[]> columnTable(const VxDualMoveSampler<P>& sampler,
                                                        const VxTexture<P>& source,
@@ -176,7 +176,7 @@ std::unique_ptr<typename Kernel::Column[]> columnTable(const VxDualMoveSampler<P
     return columns;
 }
 
-// False, and nothing is done, when there is no memory for the columns.
+// Does nothing and returns false if there is no memory for the table of columns.
 template <class Kernel, class P, class Store>
 bool moveAlignedRows(VxDualMoveSampler<P>& sampler, VxTexture<P>& source, VxTexture<P>& target,
                      Store store) {
@@ -223,7 +223,8 @@ void moveRows(VxDualMoveSampler<P>& sampler, VxTexture<P>& source, VxTexture<P>&
     });
 }
 
-// The sample over the image of Map pixel (x, y), whose centre lies at `position`.
+// The sample for Map pixel (x, y), whose centre the matrix takes to `position`, over the area that
+// the matrix takes the pixel to.
 template <class P>
 RgbaFloat footprintSample(const VxDualMoveSampler<P>& sampler, const VxTexture<P>& source,
                           std::int32_t x, std::int32_t y, const Homogeneous& position) {

@@ -1,4 +1,4 @@
-// The pixel and channel records that every image is made of, and the facts about each type.
+// The pixel and channel types of all images, and the traits of each type.
 
 #pragma once
 
@@ -54,7 +54,7 @@ using Rgba8 = VxRGBACol<VxRGBABase<std::uint8_t, 0, 255, 255, true>>;
 using RgbaS214 = VxRGBACol<VxRGBABase<std::int16_t, -32768, 32767, 16384, true>>;
 /// Signed 32 bits: auxiliary images that never meet the host.
 using RgbaInt = VxRGBACol<VxRGBABase<std::int32_t, kInt32Min, kInt32Max, kInt32Max, true>>;
-/// Floats. As a companion its components are raw values of the storage pixel, not 0..1.
+/// Floats. As a companion (see CompanionOf) it holds raw values of the storage pixel, not 0..1.
 using RgbaFloat = VxRGBACol<VxRGBABase<float, 0, 1, 1, false>>;
 
 using Channel8 = VxChannel<VxChannelBase<std::uint8_t, 0, 255, 255, true>>;
@@ -62,7 +62,7 @@ using ChannelS214 = VxChannel<VxChannelBase<std::int16_t, -32768, 32767, 16384, 
 using ChannelInt = VxChannel<VxChannelBase<std::int32_t, kInt32Min, kInt32Max, kInt32Max, true>>;
 using ChannelFloat = VxChannel<VxChannelBase<float, 0, 1, 1, false>>;
 
-/// What an image of pixel P returns from an interpolated sample.
+/// The companion of pixel type P: the type of an interpolated sample of an image of P.
 template <class P>
 struct CompanionOf {
     using Type = P;
@@ -86,14 +86,14 @@ struct CompanionOf<ChannelS214> {
 template <class P>
 using Companion = typename CompanionOf<P>::Type;
 
-/// One view of every pixel type, the plain 32-bit integer of lookup images included.
+/// Uniform access to all pixel types, including the plain 32-bit integer of lookup images.
 template <class P>
 struct PixelTraits {
     using Component = typename P::Component;
     using Parameters = typename P::Parameters;
     static constexpr int kComponents = P::kComponents;
     static constexpr float kWhite = static_cast<float>(Parameters::kWhite);
-    /// The largest value a picture stage keeps: white in 8 bits, the storage maximum in S2.14.
+    /// The largest value that a stage stores: 255 (white) in 8 bits, 32767 in S2.14.
     static constexpr float kTop = static_cast<float>(Parameters::kMax);
 
     static Component* components(P& pixel) { return pixel.c; }

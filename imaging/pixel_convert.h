@@ -1,4 +1,4 @@
-// Every conversion between a stored component and the value that a stage computes with.
+// Conversions between stored components and the floats that stages compute with.
 
 #pragma once
 
@@ -9,9 +9,9 @@
 
 namespace ruvex {
 
-/// Truncates towards zero. NaN and values outside the 32-bit range give -2147483648, which is what
-/// the processor's own conversion gives, so that no picture hangs on undefined behaviour. Always
-/// inline: sources for one processor alone use it, and no copy of theirs may be taken for all.
+/// Truncates towards zero. NaN and values outside the 32-bit range give -2147483648, as the x86
+/// conversion instruction does; the plain cast would be undefined. Always inline, because sources
+/// compiled for one instruction set use it: the linker must not take their copy for all.
 [[gnu::always_inline]] constexpr std::int32_t truncateToInt(float value) {
     return value >= -2147483648.0f && value < 2147483648.0f
                ? static_cast<std::int32_t>(value)
@@ -24,16 +24,16 @@ constexpr std::int32_t truncateToInt(double value) {
                                                          : std::numeric_limits<std::int32_t>::min();
 }
 
-/// The largest whole number not above `value`, by truncation and a correction, as int.
+/// The largest integer not above `value`; the range is that of truncateToInt.
 constexpr std::int32_t floorToInt(float value) {
     const std::int32_t whole = truncateToInt(value);
     const bool below = value < 0.0f && static_cast<float>(whole) != value;
     return below && whole != std::numeric_limits<std::int32_t>::min() ? whole - 1 : whole;
 }
 
-/// Stores a working value into a component: clamped to the storage range, then truncated. There is
-/// no rounding: 254.99 stores as 254. In S2.14 the clamp is to the storage and not to white, so a
-/// stage that overshoots white keeps its overshoot there, while 8 bits lose it.
+/// Converts to a component of P: clamps to the storage range, then truncates. There is no rounding:
+/// 254.99 becomes 254. In S2.14 the storage range goes beyond white, so values above white are
+/// kept; in 8 bits they are clamped to white.
 template <class P>
 constexpr typename P::Component storeClamped(float value) {
     using Parameters = typename P::Parameters;
@@ -50,7 +50,7 @@ constexpr typename P::Component storeClamped(float value) {
     }
 }
 
-/// Narrows a working value to component type T by truncation alone; what does not fit wraps.
+/// Converts to component type T by truncation without a clamp: values out of range wrap.
 template <typename T>
 constexpr T storeTruncated(float value) {
     if constexpr (std::numeric_limits<T>::is_integer) {
@@ -60,7 +60,8 @@ constexpr T storeTruncated(float value) {
     }
 }
 
-/// A fraction of white (a fill or background colour) as a component: truncated, not clamped.
+/// Converts a fraction of white, such as 0..1 of a fill colour, to a component: truncated, not
+/// clamped.
 template <class P>
 constexpr typename P::Component fromNormalised(float fraction) {
     return storeTruncated<typename P::Component>(fraction * PixelTraits<P>::kWhite);
@@ -71,16 +72,16 @@ constexpr float lerp(float a, float b, float fraction) {
     return a + (b - a) * fraction;
 }
 
-/// The integer form: the difference wraps in 32 bits, the sum is truncated. Float carries all the
-/// precision the result has; near the top of the range the low bits are lost.
+/// The same for integers: b - a wraps in 32 bits, the rest is computed in float and truncated.
+/// Floats have 24 bits, so large values lose their low bits.
 constexpr std::int32_t lerp(std::int32_t a, std::int32_t b, float fraction) {
     const auto difference =
         static_cast<std::int32_t>(static_cast<std::uint32_t>(b) - static_cast<std::uint32_t>(a));
     return truncateToInt(static_cast<float>(difference) * fraction + static_cast<float>(a));
 }
 
-/// A float as an unsigned seed: truncated through 64 bits, modulo 2 to the 32; what 64 bits do not
-/// hold, and NaN, give 0.
+/// Converts a float to an unsigned seed: truncated to 64 bits, then modulo 2^32. Values outside 64
+/// bits and NaN give 0.
 constexpr std::uint32_t seedFromFloat(float value) {
     const bool fits = value >= -9223372036854775808.0f && value < 9223372036854775808.0f;
     return fits ? static_cast<std::uint32_t>(static_cast<std::int64_t>(value)) : 0u;

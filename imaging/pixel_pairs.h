@@ -1,4 +1,4 @@
-// Walking two sources and the Map along a row together.
+// Iterates over a row of two sources and the Map together.
 
 #pragma once
 
@@ -10,8 +10,9 @@
 
 namespace ruvex {
 
-/// Calls combine(to, a, b, length) for each stretch of row y on which both sources have a run; the
-/// runs stand at its first pixel, which is the fill pixel with step 0 where a source has none.
+/// Divides row y into stretches in which each source has a single run, and calls
+/// combine(to, a, b, length) for each: the Map's first pixel, the sources' runs from there on, and
+/// the number of pixels. Where a source has no pixels, its run is the fill pixel with step 0.
 template <class P, class Combine>
 void forEachPixelPair(const VxTexture<P>& first, const VxTexture<P>& second, VxTexture<P>& target,
                       const RowLoop& loop, std::int32_t y, Combine combine) {

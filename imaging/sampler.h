@@ -6,8 +6,8 @@
 
 namespace ruvex {
 
-/// Map and Source are VxTextures and may be one object where a sampler says so. `work` runs on all
-/// workers at once; the other steps on the caller.
+/// Map and Source are VxTextures; some samplers allow them to be the same object. `work` runs on
+/// all workers at once; the other steps run on the calling thread.
 template <class Map, class Source = Map>
 class Sampler : public virtual Imager {
 public:
@@ -17,8 +17,9 @@ public:
     /// Called before each pass.
     virtual void startPass(Source*, Map*) {}
 
-    /// Reads `from` into the window of `onto`. A Map that can't be written is named on the standard
-    /// error stream and left alone; the wording of its null case is shared with the generators.
+    /// Fills the window of `onto` from `from`. A null Map, or one without pixels, is reported on
+    /// standard error, and nothing is done. The message for null says "Generator", as that of a
+    /// generator does.
     void process(Source* from, Map* onto);
 };
 

@@ -1,4 +1,4 @@
-// Turning one picture over about another.
+// Computes 2 * first - second of two integer pictures.
 
 #pragma once
 
@@ -7,15 +7,14 @@
 
 namespace ruvex {
 
-/// Twice the first input less the second, for all four components and for the Map's fill pixel: the
-/// first is the mean about which the second is turned over. The doubling is made in float, the
-/// difference wraps. The Map may be one of the inputs.
+/// 2 * first - second, for all four components of all pixels and of the Map's fill pixel. The
+/// product is computed in float, the difference wraps. The Map may be one of the inputs.
 class SubtractCombiner : public Combiner<VxTexture<RgbaInt>> {
 public:
     using Texture = VxTexture<RgbaInt>;
 
     void work(Texture* first, Texture* second, Texture* target) override;
-    /// Sets the fill pixel, once the workers no longer read that of an input.
+    /// Sets the Map's fill pixel. Not earlier, since workers read it if the Map is an input.
     void finish(Texture* first, Texture* second, Texture* target) override;
 };
 

@@ -11,15 +11,15 @@ namespace {
 
 constexpr std::int32_t kWithoutEnd = std::numeric_limits<std::int32_t>::max();
 
-// Where position e (counted from the low end, outside 0..n-1) falls in a range of n pixels that
-// repeats or reflects for ever.
+// The place of position e (relative to the low end, outside 0..n-1) in a range of n pixels that is
+// repeated without end; for the mirror method every second repetition runs backwards.
 struct Folded {
     std::int32_t position;  // 0..n-1
-    bool backwards;         // the picture runs backwards there
+    bool backwards;         // an odd repetition
 };
 
 Folded fold(std::int64_t e, std::int64_t n, bool mirror) {
-    // Rounding the quotient down makes one rule of both sides.
+    // The quotient e / n rounded down, for negative e too.
     const std::int64_t period = e >= 0 ? e / n : -((-e - 1) / n) - 1;
     const std::int64_t within = e - period * n;
     const bool backwards = mirror && (period & 1) != 0;

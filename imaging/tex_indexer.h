@@ -1,4 +1,4 @@
-// The index model of an image: one axis record for each direction.
+// The layout of an image: one TexAxis for X and one for Y.
 
 #pragma once
 
@@ -9,12 +9,12 @@
 
 namespace ruvex {
 
-/// Pixels to add around an image. A negative margin takes pixels away.
+/// Pixels to add at the four sides of an image. A negative margin removes pixels.
 struct TexMargins {
     std::int32_t left, bottom, right, top;
 };
 
-/// The part of image space that a padded copy may cover, both ends inclusive.
+/// The area of image space that a padded copy may cover, inclusive.
 struct TexLimits {
     std::int32_t minX = std::numeric_limits<std::int32_t>::min();
     std::int32_t minY = std::numeric_limits<std::int32_t>::min();
@@ -26,9 +26,9 @@ class VxTexIndexer {
 public:
     VxTexIndexer() = default;
 
-    /// Describes a copy of `source` padded by `margins`, held to `limits` if given. With
-    /// `keepIfEdged`, an axis that has an edge method other than fill is copied without padding: it
-    /// covers its outside by itself.
+    /// The layout of a copy of `source` padded by `margins` and clipped to `limits` (may be null).
+    /// With `keepIfEdged`, an axis with another edge method than kEdgeFill is not padded: its edge
+    /// method covers the outside already.
     VxTexIndexer(const VxTexIndexer& source, const TexMargins& margins,
                  const TexLimits* limits = nullptr, bool keepIfEdged = false);
 
@@ -36,7 +36,8 @@ public:
     VxTexIndexer& operator=(const VxTexIndexer&) = default;
     virtual ~VxTexIndexer() = default;
 
-    /// Sets the valid range of both axes. Ends are inclusive, sorted, and clamped to the buffer.
+    /// Sets the valid range of both axes to buffer indices x0 to x1 and y0 to y1, inclusive, in any
+    /// order, clamped to the buffer.
     virtual void setRange(std::int32_t x0, std::int32_t x1, std::int32_t y0, std::int32_t y1);
     virtual void setEdgeMethods(std::uint32_t methodX, std::uint32_t methodY);
     virtual void setOrigin(std::int32_t originX, std::int32_t originY);

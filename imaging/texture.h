@@ -1,5 +1,5 @@
-// The one image type: a rectangle of pixels in memory, owned or borrowed, with an index model that
-// says what is read outside it.
+// The image type: a rectangle of pixels in memory, owned or borrowed, and a layout that determines
+// what is read outside it.
 
 #pragma once
 
@@ -12,12 +12,12 @@
 
 namespace ruvex {
 
-/// An image of storage pixel P whose interpolated samples are of companion pixel C.
+/// An image of storage pixel type P whose interpolated samples have companion type C.
 ///
 /// Row r, column c of the buffer lies at `data` + r * `stride` + c * sizeof(P); `stride` may be
-/// negative. Nothing is implied about which way up the rows are. Pixel (i, j) has its centre at
-/// (i + 0.5, j + 0.5). A texture has no locks: threads may read one together, and write disjoint
-/// rows of it; its geometry is set before a processor starts.
+/// negative. Whether row 0 is at the top or at the bottom is up to the caller. The centre of pixel
+/// (i, j) is (i + 0.5, j + 0.5). A texture has no locks: threads may read it concurrently and write
+/// disjoint rows; its geometry must not change while a processor runs.
 template <class P, class C = Companion<P>>
 class VxTexture : public VxTexIndexer {
 public:
@@ -29,48 +29,51 @@ public:
     VxTexture& operator=(const VxTexture&) = delete;
     ~VxTexture() override;
 
-    /// Becomes a borrowed view of `other`'s pixels with its index model and fill, which may then be
-    /// changed without touching `other`. Does nothing if both share their pixels already.
+    /// Becomes a view of `other`'s pixels, which must outlive it, with a copy of its layout and
+    /// fill pixel; changing the copy does not change `other`. Does nothing if both share their
+    /// pixels already.
     virtual void refer(const VxTexture& other);
 
-    /// Sets the pixel that is read where edge method 0 leaves none.
+    /// Sets the fill pixel, which is read where an edge method gives no pixel.
     virtual void setFill(const P& pixel);
 
-    /// Interpolated sample at the centre of the area between two corners. There is no averaging
-    /// over the area. Corners are double, so that the centre of a wide area is still exact.
+    /// Interpolated sample at the centre of the area between two corners; the area is not averaged.
+    /// The corners are doubles so that the centre of a large area is exact.
     virtual void sampleBetween(C& result, double x0, double y0, double x1, double y1) const;
 
-    /// sampleBetween of the area that reaches dx, dy to both sides of (x, y).
+    /// sampleBetween for the area from (x - dx, y - dy) to (x + dx, y + dy).
     virtual void sampleBox(C& result, float x, float y, float dx, float dy) const;
 
-    /// Allocates a buffer for the present sizes, releasing an owned one. A size of 0 leaves `data`
-    /// null; a failure, or an image of 2 GB or more, sets `allocationFailed` too.
+    /// Allocates a buffer for the current sizes and releases the previous one if owned. With a size
+    /// of 0, `data` is null; if memory runs out, or an image would have 2 GB or more, `data` is
+    /// null and `allocationFailed` is set.
     void allocate(Contents contents = Contents::Undefined);
 
-    /// Allocates a buffer for the window of image space between two inclusive corners, to be
-    /// addressed with image-space coordinates.
+    /// Allocates a buffer for the area of image space between two inclusive corners. Coordinates
+    /// remain those of image space.
     void allocateRegion(std::int32_t x0, std::int32_t y0, std::int32_t x1, std::int32_t y1,
                         Contents contents = Contents::Undefined);
 
-    /// Borrows `width` by `height` pixels at `pointer`, which must outlive the view.
+    /// Becomes a view of `width` by `height` pixels at `pointer`, which must outlive it.
     void wrap(std::int32_t width, std::int32_t height, void* pointer);
 
-    /// Releases what is owned and becomes empty. Edge methods and origins stay.
+    /// Releases an owned buffer and becomes empty. Edge methods and origins are kept.
     void clear();
 
-    /// Takes over `other`'s geometry and fill with a buffer of its own; pixels are not copied.
+    /// Copies `other`'s geometry and fill pixel and allocates its own buffer; pixels are not
+    /// copied.
     void cloneLayout(const VxTexture& other, Contents contents = Contents::Undefined);
 
-    /// The same for a bare layout, such as a padded one. The fill stays.
+    /// The same for a layout without pixels, such as a padded one. The fill pixel is kept.
     void allocateLayout(const VxTexIndexer& layout, Contents contents = Contents::Undefined);
 
-    /// The pixel to read for image-space (x, y), or null if there is none.
+    /// The pixel to read at image-space (px, py) according to the edge methods, or null.
     const P* pixelAt(std::int32_t px, std::int32_t py) const;
 
-    /// Interpolated sample at (x, y); the fill pixel where both neighbours on an axis are missing.
+    /// Interpolated sample at (px, py). The fill pixel if both neighbours on an axis are missing.
     void sample(C& result, float px, float py) const;
 
-    /// Whether a processor can write here: both sizes above 0 and pixels behind them.
+    /// Whether a processor can write to it: both sizes are above 0 and there is a buffer.
     bool usable() const { return x.size >= 1 && y.size >= 1 && data != nullptr; }
 
     /// The first pixel of buffer row `row`.
@@ -81,14 +84,14 @@ public:
         return reinterpret_cast<const P*>(data + std::ptrdiff_t{row} * stride);
     }
 
-    /// The address for writing image-space point (px, py), which must lie inside the buffer.
+    /// The address of image-space pixel (px, py) for writing. It must lie inside the buffer.
     P* writeAt(std::int32_t px, std::int32_t py) {
         return bufferRow(py - y.offset) + (px - x.offset);
     }
 
-    std::int32_t owned = 0;             ///< the buffer is released with this object
+    std::int32_t owned = 0;             ///< nonzero: this object releases the buffer
     std::byte* data = nullptr;          ///< buffer pixel (0, 0)
-    std::int32_t allocationFailed = 0;  ///< the last allocation gave nothing
+    std::int32_t allocationFailed = 0;  ///< nonzero: the latest allocation failed
     P fill{};                           ///< see setFill
     std::int32_t stride = 0;            ///< bytes from one row to the next
 

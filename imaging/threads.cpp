@@ -12,25 +12,25 @@
 namespace ruvex {
 namespace {
 
-// Stands for the number of the machine's processors.
+// A count of 0: as many workers as the machine has processors.
 constexpr std::int32_t kAllProcessors = 0;
 
 std::atomic<bool> threadingEnabled{true};
 
-// Held for a whole fork, so that renders on different effect objects interleave pass by pass.
+// Locked during a fork: renders of different effect objects take turns, one pass at a time.
 std::mutex forkMutex;
 
 thread_local std::int32_t wantedCount = kAllProcessors;
 thread_local std::int32_t indexInFork = 0;
 
-// 1 where the system does not know.
+// The number of the machine's processors; 1 if unknown.
 std::int32_t processorCount() {
     static const std::int32_t count =
         std::max(static_cast<std::int32_t>(std::thread::hardware_concurrency()), 1);
     return count;
 }
 
-// `count` is the fork's: the worker's part of the rows depends on it.
+// `count` is the fork's number of workers, on which a worker's share of rows depends.
 void runAsWorker(std::int32_t index, std::int32_t count, void (*job)(void*), void* context) {
     const WorkerCountScope ofTheFork(count);
     indexInFork = index;
@@ -38,8 +38,8 @@ void runAsWorker(std::int32_t index, std::int32_t count, void (*job)(void*), voi
     indexInFork = 0;
 }
 
-// Starts workers 1 to count - 1 and returns how many there are now, the caller included. A machine
-// that has run out of threads gives fewer.
+// Starts workers 1 to count - 1. Returns the number of running workers including the caller, which
+// is less than `count` if the system can't start more threads.
 std::int32_t startWorkers(std::vector<std::thread>& threads, std::int32_t count, void (*job)(void*),
                           void* context) noexcept {
     std::int32_t index = 1;
@@ -86,7 +86,7 @@ void detail::fork(void (*job)(void* context), void* context) {
     std::vector<std::thread> threads;
     const std::int32_t running = startWorkers(threads, count, job, context);
     job(context);
-    // The shares of workers that could not be started are done here: the picture is the same.
+    // Do the shares of the workers that could not be started, so that the picture is the same.
     for (std::int32_t index = running; index < count; ++index)
         runAsWorker(index, count, job, context);
     for (std::thread& thread : threads) thread.join();

@@ -1,4 +1,4 @@
-// The whole of the system's parallelism: one fork-and-join operation.
+// Fork and join: runs a function on all worker threads at once and waits for it.
 
 #pragma once
 
@@ -6,20 +6,19 @@
 
 namespace ruvex {
 
-/// How many workers a fork of the calling thread has, the caller included: the count of the
-/// innermost WorkerCountScope, or the number of the machine's processors, which is asked for once.
-/// Inside a fork, on each of its workers, the number of that fork's workers. 1 while threading is
-/// disabled.
+/// The number of workers of a fork by the calling thread, the caller included: the count of the
+/// innermost WorkerCountScope, or else the number of the machine's processors. On a worker: the
+/// number of workers of its fork. 1 while threading is disabled.
 std::int32_t workerCount();
 
-/// The calling thread's index in the fork that started it; 0 on every other thread.
+/// The calling worker's index in its fork; 0 on every other thread.
 std::int32_t workerIndex();
 
-/// Sets the worker count of the calling thread's forks for as long as the object lives; then the
-/// count before holds again. Other threads keep theirs. Scopes of a thread end in reverse order.
+/// Sets the worker count of the calling thread's forks during the object's lifetime; its destructor
+/// restores the previous count. Other threads are not affected. Scopes must be nested.
 class WorkerCountScope {
 public:
-    /// `count` of 0 or below stands for the number of the machine's processors.
+    /// A `count` of 0 or below means the number of the machine's processors.
     explicit WorkerCountScope(std::int32_t count);
     ~WorkerCountScope();
     WorkerCountScope(const WorkerCountScope&) = delete;
@@ -29,8 +28,8 @@ private:
     std::int32_t before_;
 };
 
-/// With `enabled` false everything runs on the caller, on every thread of the process. Waits for a
-/// running fork.
+/// With `enabled` false, every fork in the process runs on its caller alone. Waits until no fork is
+/// running.
 void setThreadingEnabled(bool enabled);
 
 namespace detail {
@@ -38,16 +37,16 @@ namespace detail {
 void fork(void (*job)(void* context), void* context);
 }  // namespace detail
 
-/// Runs `function(arguments...)` on every worker at once, the caller being worker 0, and returns
-/// when all have finished. Forks of different callers take turns. A worker must not fork.
+/// Runs `function(arguments...)` on every worker at once and returns when all have finished. The
+/// caller is worker 0. Forks of different threads take turns. A worker must not fork.
 template <class Function, class... Arguments>
 void runOnAllThreads(Function function, Arguments*... arguments) {
     auto call = [&] { function(arguments...); };
     detail::fork([](void* context) { (*static_cast<decltype(call)*>(context))(); }, &call);
 }
 
-/// A worker's part of `rows` rows: shares are contiguous and equal, the last worker takes what is
-/// left, and surplus workers get an empty or negative part.
+/// A worker's share of `rows` rows. Shares are contiguous and equal, rounded up; the last worker
+/// gets the remaining rows. If there are too few rows, some shares have end <= first.
 struct RowShare {
     std::int32_t first;
     std::int32_t end;  ///< one past the last

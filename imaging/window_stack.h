@@ -9,18 +9,18 @@
 
 namespace ruvex {
 
-/// Mixin: a stack of up to 10 windows of the processor that owns it.
+/// Mixin: a stack of up to 10 saved windows of the processor that owns it.
 class VxIPWindowStack {
 public:
     static constexpr int kDepth = 10;
 
     explicit VxIPWindowStack(VxImgProc* owner) : owner_(owner) {}
 
-    /// Saves the owner's window. False, and nothing changes, if 10 are saved already.
+    /// Saves the owner's window. Does nothing and returns false if 10 are saved already.
     bool push();
-    /// Saves the window and sets another from inclusive corners.
+    /// Saves the window and sets a new one from inclusive corners.
     bool pushAndSet(std::int32_t left, std::int32_t top, std::int32_t right, std::int32_t bottom);
-    /// Restores the window saved last. False, and nothing changes, if there is none.
+    /// Restores the window saved last. Does nothing and returns false if there is none.
     bool pop();
 
 private:

@@ -16,11 +16,11 @@ constexpr std::int32_t kPassX = 0;
 constexpr std::int32_t kPassY = 1;
 constexpr std::int32_t kPassEnd = 2;
 
-// The row buffers hold integers or floats, 4 bytes either way.
+// Bytes per pixel in a row buffer: 4 per component, integer or float.
 template <class P>
 constexpr std::int32_t kBufferPixel = P::kComponents * 4;
 
-// The calling worker's part of some lines.
+// The calling worker's share of `lines`.
 LineRange workerShare(const LineRange& lines) {
     const std::int32_t count = saturate(lines.end - lines.first);
     const RowShare share = shareOfRows(count, workerCount(), workerIndex());
@@ -36,7 +36,7 @@ LineRange writableRange(const TexAxis& axis) {
 float settledRadius(float radius, std::int32_t mapWidth, std::int32_t mapHeight) {
     const double limit = std::max(mapWidth, mapHeight) * 3.0;
     if (radius > limit) return static_cast<float>(limit);
-    // What is negative or no number blurs nothing.
+    // A negative radius and NaN mean no blur.
     return radius > 0.0f ? radius : 0.0f;
 }
 
@@ -81,7 +81,7 @@ void GaussSampler<P, Mask, A>::save(const Texture& source, const Texture& target
     sourceOriginX = truncateToInt(source.x.originF);
     sourceOriginY = truncateToInt(source.y.originF);
     copyBack = 0;
-    // The window lies in the Map by now. A clip still pending would cut off the margin of pass 0.
+    // The window is inside the Map already. Another clip would cut off the margin of pass 0.
     this->clipPending = false;
 }
 
@@ -111,8 +111,8 @@ bool GaussSampler<P, Mask, A>::prepareTemp(const Texture& source) {
     temp->x.offset = mapOffsetX;
     temp->y.offset = top;
 
-    // In a margin too narrow for the boxes, or a kept buffer of another size, pass 1 comes upon
-    // pixels that pass 0 has not written.
+    // If the margin is narrower than the reach of the boxes, or the buffer kept from an earlier run
+    // has another size, pass 1 reads pixels that pass 0 does not write. They have to be zero.
     covered_ = margin() >= 3 * BoxWeights(radiusY).reach + 3 && temp->x.size == width &&
                temp->y.size == rows;
     if (!covered_) {

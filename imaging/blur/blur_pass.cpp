@@ -22,7 +22,7 @@ BoxFilter<T> boxFilter() {
     }
 }
 
-// The buffer index that an axis reads for an image-space coordinate.
+// The buffer index to read for an image-space coordinate, after the edge method; or kNoPixel.
 std::int32_t sourceIndex(const TexAxis& axis, std::int64_t coordinate) {
     return axis.mapIndex(wrapSubtract(static_cast<std::int32_t>(coordinate), axis.origin));
 }
@@ -59,8 +59,8 @@ void copyUnblurred(const VxTexture<P>& from, VxTexture<P>& to, const LineRange& 
     }
 }
 
-// Hands `lines` of a source axis on, a block at a time: run(sources, targets), the lines read and
-// written. Stops when interrupted.
+// Splits `lines` into blocks and calls run(sources, targets) for each, with the buffer indices to
+// read on `axis` and the image-space coordinates to write. Stops when interrupted.
 template <class Block, class Run>
 void forEachBlock(const TexAxis& axis, const LineRange& lines, InterruptionRecord* interrupt,
                   Run run) {

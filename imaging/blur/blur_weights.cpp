@@ -4,7 +4,7 @@
 
 namespace ruvex {
 namespace {
-constexpr float kFixedOne = 16384.0f;
+constexpr float kFixedOne = 16384.0f;  // 1.0 in 14-bit fixed point
 }
 
 BoxWeights::BoxWeights(float size) : radius(truncateToInt(size)) {
@@ -13,7 +13,7 @@ BoxWeights::BoxWeights(float size) : radius(truncateToInt(size)) {
     identity = size == 0.0f;
     reach = radius + (fraction ? 1 : 0);
     span = radius + 1 + reach;
-    // The reciprocal is single precision: its rounding shows in the last bit of the weight.
+    // The division must be in single precision: its rounding decides the weight's last bit.
     boxFactor = 1.0f / (static_cast<float>(2 * radius + 1) + 2.0f * edgeFactor);
     boxWeight = truncateToInt(boxFactor * kFixedOne);
     edgeWeight = truncateToInt(edgeFactor * kFixedOne);

@@ -13,7 +13,7 @@ LineRange bufferExtent(const BoxPlan::Axis& axis, const BoxWeights& weights) {
     return {axis.first - padding, axis.first + axis.size + padding};
 }
 
-// `window` and `by` positions more at both ends; all of the buffer if that leaves it.
+// `window` extended by `by` at both ends, or the whole buffer where that would exceed it.
 LineRange widened(const LineRange& window, std::int64_t by, const LineRange& buffer) {
     const LineRange wide{window.first - by, window.end + by};
     return buffer.holds(wide) ? wide : buffer;
@@ -46,7 +46,7 @@ bool BoxPlan::readsPastBuffer() const {
 
 LineRange BoxPlan::inputOf(int i) const {
     const LineRange& wanted = range[static_cast<std::size_t>(i)];
-    // The last sum takes in one position that no output needs.
+    // After the last output the running sum still adds one more input.
     return {wanted.first - weights.reach,
             wanted.first - weights.reach + wanted.size() + weights.span};
 }

@@ -1,4 +1,4 @@
-// Where the boxes of a blur run along an axis.
+// The ranges that the boxes of a blur read and write along an axis.
 
 #pragma once
 
@@ -10,7 +10,7 @@
 
 namespace ruvex {
 
-/// Positions `first` to `end` - 1 along an axis, in image space.
+/// The coordinates first .. end - 1 along an axis, in image space.
 struct LineRange {
     std::int64_t first, end;
 
@@ -19,30 +19,30 @@ struct LineRange {
     LineRange meet(const LineRange& other) const;
 };
 
-/// The boxes along one axis. Each reads what the one before wrote: the first reads the picture, the
-/// others a row buffer, past whose ends its own edge method counts.
+/// The boxes along one axis. The first reads the picture, each further one the row buffer that the
+/// box before has written. Outside a row buffer the axis's edge method applies to that buffer.
 struct BoxPlan {
     struct Axis {
         std::int64_t first;          ///< the coordinate of the Map's first pixel
-        std::int64_t size;           ///< of the larger of Map and source
-        std::uint32_t edgeMethod;    ///< of the pass's input
-        std::int32_t iterations;     ///< 3 boxes if 3, else 2
-        std::int32_t bytesPerPixel;  ///< of a row buffer
+        std::int64_t size;           ///< pixels; the larger of Map and source
+        std::uint32_t edgeMethod;    ///< EdgeMethod of the pass's input
+        std::int32_t iterations;     ///< 3: three boxes; any other value: two
+        std::int32_t bytesPerPixel;  ///< in a row buffer
     };
-    /// `window` is what the last box is to write, of which `written` can be.
+    /// The last box writes the part of `window` that lies in `written`.
     BoxPlan(float radius, const Axis& axis, const LineRange& window, const LineRange& written);
 
-    /// Whether the row buffers have a size at all, and one below 2 GB.
+    /// Whether the row buffers have a size above 0 and below 2 GB.
     bool possible() const;
-    /// Whether the second box reads outside the row buffers; the last of three never does.
+    /// Whether the second of two boxes reads outside the row buffer. With three boxes none does.
     bool readsPastBuffer() const;
-    /// What box `i` reads.
+    /// The range that box `i` reads.
     LineRange inputOf(int i) const;
     const LineRange& output() const { return range[static_cast<std::size_t>(boxes - 1)]; }
 
     BoxWeights weights;
     int boxes;
-    std::array<LineRange, 3> range{};  ///< what each box writes
+    std::array<LineRange, 3> range{};  ///< the range that each box writes
     LineRange buffer;                  ///< the extent of the row buffers
     std::uint32_t edgeMethod;
     std::int32_t bytesPerPixel;

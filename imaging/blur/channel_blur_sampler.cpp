@@ -26,7 +26,7 @@ void ChannelBlurSampler::doChannel(Texture* source, Texture* target) {
         blur.radiusX = size.x / 3.0f;
         blur.radiusY = size.y / 3.0f;
         blur.iterations = 3;
-        // The single value is held to a limit in double precision, as wherever an aspect is.
+        // The smallest pixel aspect, 0.001, is a double, as wherever an aspect is clamped.
         blur.scaleX = static_cast<float>(scaleX < 0.001 ? 0.001 : scaleX);
         blur.scaleY = 1.0f / blur.scaleX;
         run(blur);

@@ -1,4 +1,4 @@
-// A blur whose size differs from channel to channel.
+// A blur with a separate size for each channel.
 
 #pragma once
 
@@ -9,21 +9,21 @@
 
 namespace ruvex {
 
-/// Blurs each channel of an integer picture by its own size, or copies it where that is 0 both
-/// ways, and then turns the result over about the source.
+/// Blurs each channel of an integer picture by its own size; a channel whose size is 0 in X and Y
+/// is copied. Then replaces the result by 2 * source - result.
 class ChannelBlurSampler : public Sampler<VxTexture<RgbaInt>> {
 public:
     using Texture = VxTexture<RgbaInt>;
 
     struct Size {
-        float x = 3.0f, y = 3.0f;  ///< in pixels; the boxes' radii are a third of it
+        float x = 3.0f, y = 3.0f;  ///< pixels; a third of it is the radius of each of three boxes
     };
 
-    /// Does the work, on all threads.
+    /// Blurs all four channels. Each blur runs on all worker threads.
     void start(Texture* source, Texture* target) override;
     void finish(Texture* source, Texture* target) override;
 
-    std::int32_t count = 1;  ///< 1: `finish` puts 2 * source - result in place of the result
+    std::int32_t count = 1;  ///< 1: `finish` replaces the result by 2 * source - result
     std::int32_t reserved = 0;
     Size sizes[4];  ///< red, green, blue, alpha
 

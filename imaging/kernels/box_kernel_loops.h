@@ -1,5 +1,6 @@
-// The bodies of the box loops, compiled once for each kind of processor. All of it depends on a tag
-// type local to the including source, so that no other code can end up with these instructions.
+// The bodies of the box loops, compiled once per instruction set. Everything here is a template
+// over a tag type local to the including source: the linker can't merge the versions, and so code
+// for AVX2 can't end up in the plain version.
 
 #pragma once
 
@@ -7,7 +8,8 @@
 
 namespace ruvex::detail {
 
-/// Integer sums with 14-bit weights. Sums and products wrap, hence unsigned.
+/// Integer sums with 14-bit weights. Sums and products may wrap, so they are unsigned. 8192 is 0.5
+/// in 14-bit fixed point, for rounding.
 template <class Processor>
 struct Fixed32 {
     using Sum = std::uint32_t;
@@ -22,8 +24,8 @@ struct Fixed32 {
     }
 };
 
-/// The same for bytes whose sums fit 16 bits. With the weights times 4 the shift by 14 becomes one
-/// by 16, which is the upper half of a 16-bit product.
+/// The same for bytes whose sums fit 16 bits. The weights are multiplied by 4, so that the shift by
+/// 14 becomes one by 16: the upper half of a 16-bit by 16-bit product.
 template <class Processor>
 struct Fixed16 {
     using Sum = std::uint16_t;
@@ -37,7 +39,7 @@ struct Fixed16 {
         return 255 * (2 * weights.radius + 3) <= 65535 && weights.boxWeight * 4 <= 65535;
     }
     Sum scale(Sum sum) const {
-        // The half that rounding adds carries where the lower half's top bit is set.
+        // Rounding adds half: it carries into the upper half if the lower half's top bit is set.
         const auto low = static_cast<Sum>(std::uint32_t{sum} * box);
         return static_cast<Sum>(high(sum, box) + (low >> 15));
     }
@@ -47,8 +49,9 @@ private:
     static Sum high(Sum a, Sum b) { return static_cast<Sum>(std::uint32_t{a} * b >> 16); }
 };
 
-/// Float sums. Beyond 24 bits they depend on the order of the steps, which is therefore part of the
-/// picture: S + (after - before), and with a fraction S' = S - before, then S' + after.
+/// Float sums. Sums above 24 bits are rounded, so the order of the additions decides the result and
+/// must not change: S + (after - before); with a fractional radius S' = S - before, then S' +
+/// after.
 template <class Processor>
 struct Floating {
     using Sum = float;

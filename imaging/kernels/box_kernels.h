@@ -1,4 +1,4 @@
-// The inner loops of a blur: one box along a block of lines that lie side by side.
+// The inner loops of a blur: one box filter along a block of interleaved lines.
 
 #pragma once
 
@@ -8,20 +8,21 @@
 
 namespace ruvex {
 
-/// The components that a block holds at each position along its lines: a cache line of them. How
-/// they are shared out between lines and components is the caller's affair; lanes never mix.
+/// Bytes that a block holds at each position along its lines: one cache line. Each component in it
+/// is a lane, filtered independently of the others; which line and component it belongs to is up
+/// to the caller.
 inline constexpr std::int64_t kLaneBytes = 64;
 template <class T>
 inline constexpr std::int64_t kLanes = kLaneBytes / static_cast<std::int64_t>(sizeof(T));
 
-/// Runs one box in place. `block` holds `count` + weights.span positions of kLanes<T> lanes; the
-/// first lies weights.reach before the first output. The outputs end up in the first `count`
-/// positions; what lies behind them is left over.
+/// Runs one box in place. `block` holds `count` + weights.span positions of kLanes<T> lanes; its
+/// first position is weights.reach before the first output. The outputs replace the first `count`
+/// positions; the contents of the rest are meaningless afterwards.
 template <class T>
 using BoxFilter = void (*)(T* block, std::int64_t count, const BoxWeights& weights);
 
-/// One version of every loop. The fixed ones sum integers with 14-bit weights, modulo 2 to the 32;
-/// the floating ones sum floats and truncate. All versions give the same bits.
+/// One version of every loop. The fixed loops sum integers modulo 2^32 with 14-bit weights; the
+/// floating loops sum floats and truncate. All versions give the same bits.
 struct BoxKernels {
     BoxFilter<std::uint8_t> fixed8;
     BoxFilter<std::int16_t> fixed16;
@@ -30,13 +31,13 @@ struct BoxKernels {
     BoxFilter<std::int16_t> floating16;
 };
 
-/// For any processor that the build is for.
+/// The loops compiled for the build's target processor.
 const BoxKernels& plainBoxKernels();
 
-/// For x86-64 processors with AVX2. Builds for other kinds of processor do not define it.
+/// The loops for x86-64 processors with AVX2. Not defined in builds for other architectures.
 const BoxKernels& avx2BoxKernels();
 
-/// The fastest that this machine runs.
+/// The fastest version that this machine's processor supports.
 const BoxKernels& bestBoxKernels();
 
 }  // namespace ruvex

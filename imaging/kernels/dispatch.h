@@ -1,12 +1,12 @@
-// Which version of a table of loops this machine runs.
+// Choice of the version of a kernel table that this machine's processor supports.
 
 #pragma once
 
 namespace ruvex {
 
-/// The fastest version of a table that this machine runs. Each argument is a function that returns
-/// a reference to a version: `kPlain` for any processor, `kAvx2` for x86-64 processors with AVX2.
-/// Builds for other kinds of processor have no source that defines `kAvx2`.
+/// The fastest version of a kernel table that this machine's processor supports. Each argument is a
+/// function that returns a reference to a version: `kPlain` for any processor, `kAvx2` for x86-64
+/// processors with AVX2. In builds for other architectures `kAvx2` is not defined.
 template <auto kPlain, auto kAvx2>
 auto fastestVersion() -> decltype(kPlain()) {
 #if defined(__x86_64__)

@@ -1,5 +1,5 @@
-// The loops themselves, to be compiled for one processor after another: each source names a type of
-// its own, so that no version is taken for another.
+// The bodies of the noise loops, compiled once per instruction set. Everything here is a template
+// over a tag type local to the including source, so that the linker can't merge the versions.
 
 #pragma once
 

@@ -1,4 +1,4 @@
-// The inner loops of noise along rows: hashes, gradients, and the sines beside them.
+// The inner loops along rows for hash noise, gradient noise and sines.
 
 #pragma once
 
@@ -10,30 +10,31 @@ namespace ruvex {
 
 /// One version of every loop. All versions give the same bits.
 struct NoiseKernels {
-    /// Values of `count` columns from pixel number `number` on: the hash times `factor` plus
-    /// `offset`, truncated.
+    /// Writes hash * factor + offset, truncated, for `count` columns; `number` is the pixel number
+    /// of the first.
     void (*channel)(std::uint32_t number, std::int32_t count, float factor, float offset,
                     ChannelInt* to);
-    /// The same for four components with a factor each.
+    /// The same for four components, each with its own factor and no offset.
     void (*colour)(std::uint32_t number, std::int32_t count, const float* factors, RgbaInt* to);
-    /// The same, leaving the fourth component as it is.
+    /// The same for the first three components; the fourth keeps its value.
     void (*colourWithoutAlpha)(std::uint32_t number, std::int32_t count, const float* factors,
                                RgbaInt* to);
     /// Adds `weight` times one octave of gradient noise at places[i] * pace + shift to to[i].
-    /// `gradients` are the octave's table of 1024.
+    /// `gradients` is the octave's table of kGradientEntries.
     void (*octave)(const float* gradients, const float* places, std::int32_t count, float pace,
                    float shift, float weight, float* to);
-    /// The sines of angles in radians of up to maths::detail::kExactReduction, narrowed.
+    /// The sines, in single precision, of angles in radians. Their magnitude must not exceed
+    /// maths::detail::kExactReduction.
     void (*sines)(const float* angles, std::int32_t count, float* to);
 };
 
-/// For any processor that the build is for.
+/// The loops compiled for the build's target processor.
 const NoiseKernels& plainNoiseKernels();
 
-/// For x86-64 processors with AVX2. Builds for other kinds of processor do not define it.
+/// The loops for x86-64 processors with AVX2. Not defined in builds for other architectures.
 const NoiseKernels& avx2NoiseKernels();
 
-/// The fastest that this machine runs.
+/// The fastest version that this machine's processor supports.
 const NoiseKernels& bestNoiseKernels();
 
 }  // namespace ruvex

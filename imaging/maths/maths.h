@@ -1,10 +1,9 @@
-// Elementary functions of our own, for every value that a picture depends on.
+// Elementary functions with the same result on every machine, for all values that pictures use.
 //
-// C libraries differ in the last bits of these functions, and one library differs between
-// processors; a picture must not. These are double-precision polynomials of plain additions,
-// multiplications and divisions, so that every machine gives the same bits. They lie within 1 ulp
-// of the true value in the ranges that are named. A result that is kept in single precision is
-// narrowed by the caller.
+// The last bits of these functions differ between C libraries, and in one library between
+// processors. The functions here are double-precision polynomials made of additions,
+// multiplications and divisions, which give the same bits everywhere. Their error is below 1 ulp in
+// the ranges that the comments name. A caller that stores a float converts the result itself.
 
 #pragma once
 
@@ -12,13 +11,13 @@
 
 namespace ruvex::maths {
 
-/// Sine, cosine and tangent of an angle in radians. Accurate up to a magnitude of a million; beyond
-/// that still defined and periodic, but ever less accurate. NaN for infinities and NaN.
+/// Sine, cosine and tangent of an angle in radians. Accurate for |x| up to 1e6; the error grows
+/// for larger angles. NaN for infinities and NaN.
 double sin(double x);
 double cos(double x);
 double tan(double x);
 
-/// The sines of a row of angles, as sin gives them, narrowed. The two must not meet.
+/// to[i] = sin(angles[i]), converted to float. The arrays must not overlap.
 void sines(const float* angles, std::int32_t count, float* to);
 
 /// e to the x: 0 below about -745, infinity above about 709.8.
@@ -27,7 +26,7 @@ double exp(double x);
 /// The natural logarithm of x above 0; -infinity for 0, NaN below.
 double log(double x);
 
-/// x to the y for x of at least 0, with 0 to the 0 and 1 to anything being 1; NaN for x below 0.
+/// x to the power y for x >= 0. pow(0, 0) and pow(1, y) are 1; NaN for x < 0.
 double pow(double x, double y);
 
 /// Square root, correctly rounded.

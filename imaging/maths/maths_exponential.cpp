@@ -1,5 +1,5 @@
-// The polynomials are those of Sun's fdlibm 5.3 (e_exp.c, e_log.c). The power goes by way of a
-// logarithm that carries twice the precision.
+// The polynomials are those of Sun's fdlibm 5.3 (e_exp.c, e_log.c). pow is exp(y * log(x)), with
+// the logarithm in twice the precision of a double.
 
 #include <bit>
 #include <cmath>
@@ -14,29 +14,30 @@ namespace {
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 constexpr double kNotANumber = std::numeric_limits<double>::quiet_NaN();
 
-constexpr double kLn2High = 6.93147180369123816490e-01;  // 32 bits: exact times any exponent
+// ln 2 as a sum of three. The first has 32 bits: its product with any exponent is exact.
+constexpr double kLn2High = 6.93147180369123816490e-01;
 constexpr double kLn2Low = 1.90821492927058770002e-10;
-constexpr double kLn2LowTail = 1.1612227229362532e-26;  // what kLn2High + kLn2Low leave of ln 2
+constexpr double kLn2LowTail = 1.1612227229362532e-26;
 constexpr double kInvLn2 = 1.44269504088896338700e+00;
 constexpr double kSqrtHalf = 0.70710678118654752440;
 
 constexpr double kExpOverflow = 709.782712893383973096;
 constexpr double kExpUnderflow = -745.13321910194110842;
 
-// A number as the unevaluated sum of two doubles.
+// A number of twice a double's precision, as the unevaluated sum of two doubles.
 struct Double2 {
     double high;
     double low;
 };
 
-// Exact for any a and b.
+// a + b, exact.
 Double2 sum(double a, double b) {
     const double high = a + b;
     const double part = high - a;
     return {high, (a - (high - part)) + (b - part)};
 }
 
-// Exact where nothing over- or underflows (Dekker 1971).
+// a * b, exact unless a step overflows or underflows (Dekker 1971).
 Double2 product(double a, double b) {
     constexpr double kSplitter = 134217729.0;  // 2^27 + 1
     const auto split = [](double v) {
@@ -67,19 +68,19 @@ Double2 quotient(double a, const Double2& b) {
     return sum(first, rest / b.high);
 }
 
-// 2 to the n, for n that gives a normal number.
+// 2^n, for n from -1022 to 1023: the exponent bits of a double.
 double powerOfTwo(std::int64_t n) {
     return std::bit_cast<double>(static_cast<std::uint64_t>(n + 1023) << 52);
 }
 
 double scaleByPowerOfTwo(double value, std::int64_t n) {
-    // In two steps where one factor would not be a normal number; the first is exact.
+    // Where 2^n is no normal number, in two factors. The first product is exact.
     if (n > 1023) return value * powerOfTwo(1023) * powerOfTwo(n - 1023);
     if (n < -1021) return value * powerOfTwo(n + 100) * powerOfTwo(-100);
     return value * powerOfTwo(n);
 }
 
-// e to the (x + tail), for a tail far below x.
+// e^(x + tail), for |tail| much smaller than |x|: e^x = 2^k * e^r with r = x - k ln 2.
 double expWithTail(double x, double tail) {
     constexpr double kP1 = 1.66666666666666019037e-01;
     constexpr double kP2 = -2.77777777770155933842e-03;
@@ -96,7 +97,7 @@ double expWithTail(double x, double tail) {
     return scaleByPowerOfTwo(value, static_cast<std::int64_t>(k));
 }
 
-// x as m times 2 to the e, with m from the root of a half up to that of 2. x is above 0 and finite.
+// x = mantissa * 2^exponent with sqrt(1/2) <= mantissa < sqrt(2), for finite x > 0.
 struct Split {
     double mantissa;
     std::int64_t exponent;
@@ -118,16 +119,18 @@ Split split(double x) {
     return {mantissa, exponent};
 }
 
-// log(x) to some 100 bits: 2 atanh s with s = (m - 1) / (m + 1), the first terms of whose series
-// are formed in double precision twice over.
+// log(x) to about 100 bits. With x = m * 2^e it is e ln 2 + 2 atanh(s), s = (m - 1) / (m + 1), and
+// atanh(s) = s + s^3 (1/3 + z/5 + z^2/7 + ...), z = s^2. The first terms have twice a double's
+// precision.
 Double2 logTwice(double x) {
     const auto [m, exponent] = split(x);
     const auto e = static_cast<double>(exponent);
     const Double2 s = quotient(m - 1.0, sum(m, 1.0));
     const Double2 z = product(s, s);
-    // 1/5 + z/7 + ... : |z| is below 0.03, so that the terms beyond z^10 count for nothing.
+    // The terms from 1/9 to z^8 / 25. z is below 0.03, so that later terms are below the precision.
     double tail = 0.0;
     for (int n = 25; n >= 9; n -= 2) tail = 1.0 / n + z.high * tail;
+    // 1/7, 1/5 and 1/3 with the error of the double in the second number.
     const Double2 seventh{1.0 / 7.0, 7.93016446160826e-18};
     const Double2 fifth{0.2, -1.1102230246251566e-17};
     const Double2 third{1.0 / 3.0, 1.850371707708594e-17};
@@ -163,8 +166,8 @@ double pow(double x, double y) {
     if (x != x || y != y) return kNotANumber;
     if (x < 0.0) return kNotANumber;
     if (x == 0.0 || x == kInfinity) return (x == 0.0) == (y > 0.0) ? 0.0 : kInfinity;
-    // The nearest number to 1 has a logarithm of 1e-16: beyond this nothing but 0 and infinity is
-    // left, and the exact product would overflow.
+    // |log(x)| is at least 1e-16 for x other than 1: for |y| above this the result is 0 or infinity
+    // anyway, while the exact product would overflow.
     constexpr double kDecided = 1e25;
     if (std::fabs(y) > kDecided) y = y > 0.0 ? kDecided : -kDecided;
     const Double2 exponent = product(logTwice(x), {y, 0.0});

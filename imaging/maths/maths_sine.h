@@ -1,8 +1,9 @@
-// The polynomials and the reduction of sine and cosine, shared by the single value and the row.
+// The polynomials and the argument reduction of sine and cosine, for single values and for rows.
 //
-// They are those of Sun's fdlibm 5.3 (k_sin.c, k_cos.c, e_rem_pio2.c), for angles in -pi/4..pi/4.
-// Always inline, like all that sources for one processor alone use, and without branches, so that
-// rows are widened.
+// They are those of Sun's fdlibm 5.3 (k_sin.c, k_cos.c, e_rem_pio2.c); the polynomials are for
+// angles in -pi/4..pi/4. Without branches, so that loops over rows are vectorised. Always inline,
+// because sources compiled for one instruction set use them: the linker must not take their copy
+// for all.
 
 #pragma once
 
@@ -11,18 +12,19 @@
 namespace ruvex::maths::detail {
 
 inline constexpr double kPiOver4 = 7.85398163397448278999e-01;
-/// Beyond this the product of the quarter turns and the 33-bit pieces of pi/2 is no longer exact.
+/// The largest angle in radians for which the number of quarter turns times a 33-bit piece of pi/2
+/// is exact.
 inline constexpr double kExactReduction = 1.6e6;
 
-/// An angle in -pi/4..pi/4 as a sum of two doubles, and how many quarter turns were taken off.
+/// An angle in -pi/4..pi/4, as the sum high + low, and the number of quarter turns subtracted.
 struct Reduced {
     double high;
     double low;
-    double quarters;  ///< whole
+    double quarters;  ///< a whole number
 };
 
-/// Takes whole quarter turns off an angle of up to kExactReduction by pi/2 in three pieces, each
-/// subtraction but the last exact.
+/// Subtracts quarter turns from an angle of at most kExactReduction. pi/2 is the sum of three
+/// 33-bit pieces and a tail.
 [[gnu::always_inline]] inline Reduced reduce(double x) {
     constexpr double kInvPiOver2 = 6.36619772367581382433e-01;
     constexpr double kPiece1 = 1.57079632673412561417e+00;
@@ -36,7 +38,7 @@ struct Reduced {
     const double second = turns * kPiece2;
     const double afterSecond = first - second;
     const double third = turns * kPiece3;
-    // What each subtraction has rounded away is carried along.
+    // The rounding errors of the subtractions are added to the result.
     const double lostBySecond = (first - afterSecond) - second;
     const double afterThird = afterSecond - third;
     const double lostByThird = (afterSecond - afterThird) - third;
@@ -78,7 +80,7 @@ struct Reduced {
     return whole - 2.0 * std::floor(whole * 0.5) != 0.0;
 }
 
-/// The sine of a reduced angle with some more quarter turns.
+/// sin(angle + quarters * pi/2) for a reduced angle.
 [[gnu::always_inline]] inline double sine(const Reduced& angle, double quarters) {
     const double sin = sinKernel(angle.high, angle.low);
     const double cos = cosKernel(angle.high, angle.low);

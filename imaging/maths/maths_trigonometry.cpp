@@ -26,7 +26,7 @@ Reduced reduceAny(double x) {
     return detail::reduce(x);
 }
 
-// What tan(x + y) has beyond x, for |x| up to 0.6744.
+// tan(x + y) - x, for |x| up to 0.6744; y is the low part of the reduced angle.
 double tanExcess(double x, double y) {
     constexpr double kT[] = {
         3.33333333333334091986e-01, 1.33333333333201242699e-01, 5.39682539762260521377e-02,
@@ -43,12 +43,12 @@ double tanExcess(double x, double y) {
     return y + z * (s * (odd + even) + y) + kT[0] * s;
 }
 
-// tan, or -1 / tan for an odd number of quarter turns.
+// tan(x + y), or with `inverted` -1 / tan(x + y), for an odd number of quarter turns.
 double tanKernel(double x, double y, bool inverted) {
     constexpr double kNearPiOver4 = 0.6744;
     const double sign = x < 0.0 ? -1.0 : 1.0;
     if (std::fabs(x) >= kNearPiOver4) {
-        // tan(pi/4 - d) from tan d, where d is small.
+        // tan(pi/4 - d) = 1 - 2 tan(d) / (1 + tan(d)), where d is small.
         const double d = (kPiOver4 - sign * x) + (kPiOver4Low - sign * y);
         const double r = tanExcess(d, 0.0);
         const double w = d + r;
@@ -58,7 +58,7 @@ double tanKernel(double x, double y, bool inverted) {
     const double r = tanExcess(x, y);
     const double w = x + r;
     if (!inverted) return w;
-    // -1 / (x + r) to full precision, by way of a first quotient of half the bits.
+    // -1 / (x + r) to full precision: a quotient of half the bits, and its correction.
     const double z = withoutLowWord(w);
     const double v = r - (z - x);
     const double a = -1.0 / w;

@@ -41,8 +41,8 @@ Matrix3 multiply(const Matrix3& a, const Matrix3& b) {
 }
 
 Matrix3 inverse(const Matrix3& m) {
-    // The determinant of what is left without a row and a column, with its sign: indices that wrap
-    // around give the sign by themselves.
+    // The cofactor of an element: with row and column indices modulo 3 the 2 by 2 determinant
+    // already has its sign.
     const auto cofactor = [&](int row, int column) {
         const auto at = [&](int r, int c) {
             return static_cast<double>(m[(row + r) % 3 * 3 + (column + c) % 3]);

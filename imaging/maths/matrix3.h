@@ -1,4 +1,4 @@
-// Plane transforms as 3 by 3 matrices, row-vector convention: (sx, sy, sw) = (x, y, 1) times M.
+// Transforms of the plane as 3 by 3 matrices, applied to row vectors: (sx, sy, sw) = (x, y, 1) * M.
 
 #pragma once
 
@@ -6,8 +6,8 @@
 
 namespace ruvex {
 
-/// Row-major. Elements 0, 3, 6 give sx, 1, 4, 7 give sy, 2, 5, 8 give sw. Each operation acts on
-/// the right: M becomes M times the new transform.
+/// Row-major: sx comes from elements 0, 3, 6, sy from 1, 4, 7 and sw from 2, 5, 8. translate, scale
+/// and rotate multiply from the right: M becomes M * the new transform.
 using Matrix3 = std::array<float, 9>;
 
 inline constexpr Matrix3 kIdentity3{1, 0, 0, 0, 1, 0, 0, 0, 1};
@@ -17,10 +17,10 @@ void scale(Matrix3& m, float sx, float sy);
 /// `angle` in radians.
 void rotate(Matrix3& m, float angle);
 Matrix3 multiply(const Matrix3& a, const Matrix3& b);
-/// Worked out in double. A matrix without an inverse gives zeroes.
+/// The inverse, computed in double. All zeroes if there is none.
 Matrix3 inverse(const Matrix3& m);
 
-/// A position carried through a matrix; sw divides sx and sy under perspective.
+/// A transformed position. With perspective the point is (sx / sw, sy / sw).
 struct Homogeneous {
     float sx, sy, sw;
 };

@@ -1,4 +1,5 @@
-// The two hashes that all randomness comes from. Everything is modulo 2 to the 32.
+// The position hash and the random sequence that all noise is made of. All arithmetic is modulo
+// 2^32.
 
 #pragma once
 
@@ -6,22 +7,21 @@
 
 namespace ruvex {
 
-/// A 31-bit value for a position. The constant that is subtracted belongs to this system: another
-/// would make other pictures. Always inline: sources for one processor alone use it, and no copy of
-/// theirs may be taken for all.
+/// A 31-bit hash of a number: a cubic polynomial of the number mixed with itself. The multipliers,
+/// the summands and the shift are part of every picture and must not change. Always inline, because
+/// sources compiled for one instruction set use it: the linker must not take their copy for all.
 [[gnu::always_inline]] constexpr std::uint32_t positionHash(std::uint32_t n) {
     const std::uint32_t m = (n << 13) ^ n;
     return ((m * m * 15731u + 789221u) * m - 771171059u) & 0x7FFFFFFFu;
 }
 
-/// The same as a float. Hashes have 31 bits: by way of the signed type they are converted by a
-/// single instruction.
+/// The hash as a float. A conversion from a signed integer is one instruction; 31 bits fit.
 [[gnu::always_inline]] constexpr float hashAsFloat(std::uint32_t n) {
     return static_cast<float>(static_cast<std::int32_t>(positionHash(n)));
 }
 
-/// The next of a sequence, 0..32767. `state` is one word, kept by the caller; two steps of its
-/// recurrence are spent.
+/// The next number of a random sequence, 0..32767: two steps of a linear congruential generator,
+/// with 8 bits from each. `state` belongs to the caller.
 constexpr std::int32_t nextRandom(std::uint32_t& state) {
     const std::uint32_t s1 = state * 1103515245u + 12345u;
     const std::uint32_t s2 = s1 * 1103515245u + 12345u;
@@ -29,10 +29,10 @@ constexpr std::int32_t nextRandom(std::uint32_t& state) {
     return static_cast<std::int32_t>((s2 >> 16 & 255u) ^ ((s1 >> 16 & 255u) << 7));
 }
 
-/// What nextRandom is multiplied by for a fraction: 1 / 32767, not 1 / 32768.
+/// 1 / 32767 (not 1 / 32768): the factor from nextRandom to 0..1.
 inline constexpr float kUniformStep = 3.0518509e-05f;
 
-/// The next of a sequence as a fraction, 0 to 1.
+/// The next number of the sequence as a fraction, 0 to 1 inclusive.
 constexpr float uniform(std::uint32_t& state) {
     return static_cast<float>(nextRandom(state)) * kUniformStep;
 }

@@ -10,15 +10,18 @@ namespace ruvex {
 namespace {
 
 constexpr float kPi = 3.1415927f;
+// A position is near a whole number if its fraction is at most 0.01 or at least 0.99.
 constexpr float kNearWhole = 0.01f;
 constexpr float kNearNextWhole = 0.99f;
 
-// sin(pi d) / d under the window. The missing factor of pi goes out with the normalisation, except
-// at the centre, where the tap counts as 1.
+// sin(pi d) / d times the Hann window (cos(pi d / radius) + 1) / 2, for a distance d in pixels.
+// That is pi times the sinc; dividing by the sum of the taps removes the factor. At d = 0 the tap
+// is 1 and not pi: pictures depend on it.
 float sincTap(float d) {
     if (d == 0.0f) return 1.0f;
+    constexpr auto kRadius = static_cast<float>(kSincRadius);
     const float t = d * kPi;
-    const auto cosine = static_cast<float>(maths::cos(t / 5.0f));
+    const auto cosine = static_cast<float>(maths::cos(t / kRadius));
     const auto sine = static_cast<float>(maths::sin(t));
     return (cosine + 1.0f) * 0.5f * sine / d;
 }

@@ -11,12 +11,12 @@ namespace ruvex {
 inline constexpr int kSincRadius = 5;
 inline constexpr int kSincTaps = 2 * kSincRadius + 1;
 
-/// What a sample at one position of an axis reads, and how much of each.
+/// The pixels that a sample at one position on an axis reads, and their weights.
 struct SincAxis {
     float position;
-    bool nearWhole;                 ///< so near a whole number that no kernel is needed there
+    bool nearWhole;                 ///< within 0.01 of a whole number: sampled without the kernel
     std::int32_t index[kSincTaps];  ///< buffer indices, kNoPixel for the fill pixel
-    float tap[kSincTaps];           ///< their sum is 1
+    float tap[kSincTaps];           ///< weights; their sum is 1
 };
 
 SincAxis sincAxis(const TexAxis& axis, float position);

@@ -11,12 +11,14 @@ namespace ruvex {
 
 inline constexpr std::int32_t kGradientEntries = 1024;
 
-/// The noise at x from a table of kGradientEntries gradients. An exact negative whole number is
-/// taken one cell too low, where the curve meets itself. Always inline, like all that sources for
-/// one processor alone use.
+/// The noise at x from a table of kGradientEntries gradients; 0 at whole numbers. For a negative
+/// whole x the cell below is used, at whose end the value is 0 too. Always inline, because sources
+/// compiled for one instruction set use it: the linker must not take their copy for all.
 [[gnu::always_inline]] inline float gradientNoise(const float* gradients, float x) {
-    constexpr std::uint32_t kCellStep = 275;
+    constexpr std::uint32_t kCellStep = 275;  // table entries from one cell's gradient to the next
     constexpr std::uint32_t kMask = kGradientEntries - 1;
+    // f is the position in the cell. p and q are the slopes from its two ends, blended by the
+    // smoothstep s = 3f^2 - 2f^3.
     const std::int32_t whole = truncateToInt(x);
     const std::int32_t cell = x < 0.0f ? wrapSubtract(whole, 1) : whole;
     const float f = x - static_cast<float>(cell);

@@ -60,6 +60,7 @@ void VxNoiseGen::post() {
         getWindow(left, top, right, bottom);
         blur.setWindow(left, top, right, bottom);
         blur.interrupt = interrupt;
+        // The size of the blur is divided among its three boxes.
         blur.radiusX = blurX / scaleX / 3.0f;
         blur.radiusY = blurY / 3.0f;
         blur.iterations = 3;

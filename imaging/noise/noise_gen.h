@@ -1,4 +1,4 @@
-// A picture of position noise with one channel.
+// Generates a one-channel picture of hash noise.
 
 #pragma once
 
@@ -9,8 +9,8 @@
 
 namespace ruvex {
 
-/// Fills the window with hash noise from `seed`, softened by a blur where a blur size is above 0.
-/// `interrupt` should be set, for it is how want of memory shows.
+/// Fills the window with hash noise (see noise_rows.h) from `seed`, blurred if a blur size is above
+/// 0. Set `interrupt`: a lack of memory is reported through it alone.
 class VxNoiseGen : public VxImgProc1<VxTexture<ChannelInt>>,
                    public VxIPWindowStack,
                    public VxNoisyBastard {
@@ -21,18 +21,19 @@ public:
     void run() override;
     void post() override;
 
-    VxTexture<ChannelInt> work;  ///< the noise before its blur; empty without one
-    bool clampHigh = false;      ///< hold values to the type's maximum: none is above it
+    VxTexture<ChannelInt> work;  ///< the noise before the blur; empty without a blur
+    bool clampHigh = false;      ///< no effect: no value exceeds the type's maximum
     bool clampLow = false;       ///< values below 0 become 0
-    bool blurring = false;       ///< set for a run by `pre`
-    float blurX = 0.0f;          ///< blur size in pixels, held to twice the Map's by `pre`
+    bool blurring = false;       ///< set by `pre` for the run
+    float blurX = 0.0f;          ///< blur size in pixels; `pre` clamps it to twice the Map's size
     float blurY = 0.0f;
     float offset = 0.0f;  ///< added to every value
-    float scale = 0.0f;   ///< the value of a full hash
+    float scale = 0.0f;   ///< hashes 0 .. 2^31 become values 0 .. scale
 };
 
-/// Grows a processor's window by the reach of a blur and gives `work` a buffer for it. Sizes are in
-/// pixels, `sizeX` before the pixel aspect.
+/// Extends a processor's window by the blur sizes on all sides and allocates `work` for it. Sizes
+/// are in pixels; `sizeX` is divided by the pixel aspect here. If out of memory, raises that on the
+/// processor's `interrupt`.
 template <class P>
 void prepareSoftNoise(VxImgProc& processor, VxTexture<P>& work, float sizeX, float sizeY);
 

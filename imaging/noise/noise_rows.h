@@ -1,4 +1,4 @@
-// Rows of position noise.
+// Rows of hash noise: a random value for each pixel that depends on its position and a seed.
 
 #pragma once
 
@@ -9,15 +9,15 @@
 
 namespace ruvex {
 
-/// Mixin: the numbering of pixels for the position hash. A pixel's number depends on its place in
-/// image space alone, so that its noise is the same for every window and number of threads.
+/// Mixin: numbers the pixels for the position hash. A pixel's number depends only on its position
+/// in image space and the seed, so its noise is the same for every window and number of threads.
 class VxNoisyBastard {
 public:
-    static constexpr std::uint32_t kColumnStep = 7907;
-    static constexpr std::uint32_t kRowStep = 17387;
+    static constexpr std::uint32_t kColumnStep = 7907;  ///< from a pixel to its right neighbour
+    static constexpr std::uint32_t kRowStep = 17387;    ///< from a row to the next
 
-    /// The number of pixel (x, y); the components of a colour pixel use it and the three that
-    /// follow.
+    /// The number of pixel (x, y), modulo 2^32. Component k of a colour pixel hashes this number
+    /// plus k.
     std::uint32_t pixelNumber(std::int32_t x, std::int32_t y) const {
         return static_cast<std::uint32_t>(x) * kColumnStep +
                static_cast<std::uint32_t>(y) * kRowStep + seed;
@@ -26,18 +26,18 @@ public:
     std::uint32_t seed = 0;
 };
 
-/// A hash becomes a value of 0 to `scale` by this times the scale: 1 / 2147483648.
+/// 1 / 2^31: hash * (scale * kHashStep) is a value from 0 to `scale`.
 inline constexpr float kHashStep = 4.656613e-10f;
 
-/// Fills a row of channel noise from the pixel number of its first column: each value is the hash
-/// times `factor` plus `offset`, truncated.
+/// Fills `count` pixels of a row: hash * factor + offset, truncated. `number` is the pixel number
+/// of the first.
 void noiseRow(std::uint32_t number, std::int32_t count, float factor, float offset, ChannelInt* to);
 
-/// Holds the values of a row to 0 and above.
+/// Replaces negative values of a row by 0.
 void holdAboveZero(std::int32_t count, ChannelInt* row);
 
-/// Fills a row of colour noise, with a factor for each component. Without `alpha` the fourth stays
-/// as it is.
+/// The same for colour noise, with a factor for each component and no offset. Without `alpha` the
+/// fourth component keeps its value.
 void noiseRow(std::uint32_t number, std::int32_t count, const float (&factors)[4], bool alpha,
               RgbaInt* to);
 

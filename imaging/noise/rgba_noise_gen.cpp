@@ -28,6 +28,7 @@ template <std::uint32_t Mask>
 void blurComponents(VxRGBANoiseGen& noise) {
     BlurRGBAGauss<RgbaInt, Mask> blur;
     giveWindow(blur, noise);
+    // The size of the blur is divided among its three boxes.
     blur.radiusX = noise.blurX[0] / noise.scaleX / 3.0f;
     blur.radiusY = noise.blurY[0] / 3.0f;
     blur.iterations = 3;

@@ -1,4 +1,4 @@
-// A picture of position noise in colour.
+// Generates a colour picture of hash noise.
 
 #pragma once
 
@@ -9,14 +9,13 @@
 
 namespace ruvex {
 
-/// The largest of the sizes (red, green, blue, alpha) that take part; alpha has size 0 where it is
-/// not made.
+/// The largest of four blur sizes (red, green, blue, alpha). Without `alpha` the last counts as 0.
 float largestSoftness(const float (&sizes)[4], bool alpha);
 
-/// Fills the window with hash noise from `seed`, each component with a scale and a softness of its
-/// own. Components of one softness are blurred together; otherwise each is blurred by itself and
-/// turned over about the unblurred noise. `interrupt` should be set, for it is how want of memory
-/// shows.
+/// Fills the window with hash noise (see noise_rows.h) from `seed`; each component has its own
+/// scale and blur size. If all sizes are equal, the components are blurred together. Otherwise each
+/// is blurred separately, and the result is 2 * noise - blurred noise. Set `interrupt`: a lack of
+/// memory is reported through it alone.
 class VxRGBANoiseGen : public VxImgProc1<VxTexture<RgbaInt>>,
                        public VxIPWindowStack,
                        public VxNoisyBastard {
@@ -27,11 +26,11 @@ public:
     void run() override;
     void post() override;
 
-    VxTexture<RgbaInt> work;  ///< the noise before its blur; empty without one
-    bool clampHigh = false;   ///< hold values to the type's maximum: none is above it
-    bool alpha = false;       ///< the fourth component is made too; otherwise it stays as it is
-    bool blurring = false;    ///< set for a run by `pre`
-    /// Red, green, blue, alpha: blur sizes in pixels and the values of a full hash.
+    VxTexture<RgbaInt> work;  ///< the noise before the blur; empty without a blur
+    bool clampHigh = false;   ///< no effect: no value exceeds the type's maximum
+    bool alpha = false;       ///< fill the fourth component too; otherwise it keeps its value
+    bool blurring = false;    ///< set by `pre` for the run
+    /// For red, green, blue, alpha: blur sizes in pixels, and scales (see VxNoiseGen::scale).
     float blurX[4] = {};
     float blurY[4] = {};
     float scale[4] = {};

@@ -17,7 +17,7 @@ std::int32_t sizeOf(Span span) {
     return span.end - span.first;
 }
 
-// As a generator holds its blur size.
+// The blur size clamped as VxNoiseGen clamps it.
 float heldSize(float softness, Span columns) {
     return std::clamp(softness, 0.0f, 2.0f * static_cast<float>(sizeOf(columns)));
 }
@@ -76,7 +76,7 @@ void SoftNoiseRows<P>::make(std::int32_t y, int count) {
 template <class P>
 void SoftNoiseRows<P>::take(int row, std::int32_t first, std::int32_t count, P* to) const {
     block_.take(row, first, count, to);
-    // The blur along Y has a radius of 0, of which the rounding is left.
+    // The generators also blur along Y with radius 0, which changes values by its rounding.
     for (std::int32_t i = 0; i < count; ++i) {
         for (int k = 0; k < P::kComponents; ++k) to[i].c[k] = foldedInteger(to[i].c[k]);
     }

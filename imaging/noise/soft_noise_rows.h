@@ -1,4 +1,4 @@
-// Position noise softened along X, a few rows at a time.
+// Hash noise blurred along X, computed a few rows at a time.
 
 #pragma once
 
@@ -11,8 +11,8 @@
 
 namespace ruvex {
 
-/// What the noise generators (VxNoiseGen for ChannelInt, VxRGBANoiseGen for RgbaInt with alpha)
-/// make of a softness along X alone, without a picture of it. One for each worker.
+/// The same noise as VxNoiseGen (for ChannelInt) or VxRGBANoiseGen (for RgbaInt with alpha) gives
+/// with a blur along X alone, but without memory for a whole picture. Each worker has its own.
 template <class P>
 class SoftNoiseRows : private LineSource<P> {
     static constexpr std::uint32_t kAllComponents = (1u << P::kComponents) - 1;
@@ -21,10 +21,10 @@ class SoftNoiseRows : private LineSource<P> {
 public:
     struct Noise {
         std::uint32_t seed = 0;
-        float scale[4] = {};    ///< the value of a full hash; a channel has the first
+        float scale[4] = {};    ///< see VxNoiseGen::scale; ChannelInt uses the first
         float softness = 0.0f;  ///< blur size in pixels, above 0
     };
-    /// The window that the noise is for, of which a worker makes some rows.
+    /// The window of the whole noise; a worker computes some of its rows.
     struct Window {
         Span columns;
         Span rows;
@@ -34,17 +34,17 @@ public:
     SoftNoiseRows(const SoftNoiseRows&) = delete;
     SoftNoiseRows& operator=(const SoftNoiseRows&) = delete;
 
-    /// False when memory ran out; then nothing else may be called.
+    /// False if memory ran out; then nothing else may be called.
     bool usable() const { return plan_.possible() && block_.usable(); }
 
-    /// How many rows are made at once.
+    /// The largest number of rows that one call of make computes.
     static constexpr int kRows = Block::kLines;
 
-    /// Makes `count` rows, 1 to kRows, from y on.
+    /// Computes rows y to y + count - 1, 1 <= count <= kRows.
     void make(std::int32_t y, int count);
 
-    /// Copies `count` pixels of row number `row` of those made last, from column index `first` of
-    /// the window on.
+    /// Copies `count` pixels of row y + `row` of the latest make, from the window's column number
+    /// `first` on (0 is its first column).
     void take(int row, std::int32_t first, std::int32_t count, P* to) const;
 
 private:
@@ -53,7 +53,7 @@ private:
     Noise noise_;
     VxNoisyBastard numbers_;
     float factors_[4];
-    TexAxis axis_;  // of the noise before its blur
+    TexAxis axis_;  // X axis of the noise before the blur
     BoxPlan plan_;
     Block block_;
     std::int32_t row_ = 0;

@@ -18,7 +18,8 @@ double dot(const Point2& a, const Point2& b) {
     return a.x * b.x + a.y * b.y;
 }
 
-// The dome's normal for a move from `before` to `after` with the radial slope w.
+// The surface normal of the lens for a point moved from `before` to `after`: of length w along the
+// move, and sqrt(1 - w^2) upwards.
 WarpNormal domeNormal(const WarpPoint& before, const WarpPoint& after, float w) {
     const float dx = before.x - after.x;
     const float dy = before.y - after.y;
@@ -28,7 +29,8 @@ WarpNormal domeNormal(const WarpPoint& before, const WarpPoint& after, float w) 
     return {w * dx / length, w * dy / length, rise};
 }
 
-// The factor by which a point at squared distance q is pulled in, for 0 < q < 1.
+// The factor k / (1 - q + k q) for a point at squared distance q, 0 < q < 1, and exponent k,
+// written with s = q k / (1 - q). The order of the operations is part of the picture.
 float lensFactor(float q, float exponent) {
     const float s = q * exponent / (1.0f - q);
     return s / ((s + 1.0f) * q);
@@ -53,13 +55,14 @@ void VxLensWarper::bounds(WarpBounds& result) const {
 void VxLensWarper::rowSpan(WarpSpan& result, std::int32_t y) const {
     result = {0.0f, 0.0f};
     if (degenerate()) return;
-    constexpr float kStretch = 100.0f;
+    constexpr float kStretch = 100.0f;  // pixels between the two points that define the row's line
     const float yc = static_cast<float>(y) + 0.5f;
     const Homogeneous start = transform(toUnit, 0.0f, yc);
     const Homogeneous along = transform(toUnit, kStretch, yc);
     const Point2 p{start.sx, start.sy};
     const Point2 d{double{along.sx} - start.sx, double{along.sy} - start.sy};
-    // |p + t d| squared = 1.
+    // The row is p + t d in the unit plane. Solve |p + t d|^2 = 1, its intersection with the
+    // circle.
     const double a = dot(d, d);
     const double b = 2.0 * dot(p, d);
     const double c = dot(p, p) - 1.0;
@@ -120,7 +123,7 @@ float VxLensWarper::warpAmountNormal(WarpPoint& point, WarpNormal& normal, float
     return w;
 }
 
-// The same as `warp` for each pixel, without branches, so that the compiler can widen it.
+// `warp` for each pixel, without branches, so that the compiler can vectorise the loop.
 void VxLensWarper::warpRow(std::int32_t x, std::int32_t y, std::int32_t count, float* sx,
                            float* sy) const {
     const Matrix3 m = toUnit;

@@ -10,14 +10,14 @@
 namespace ruvex {
 namespace {
 
-// The columns of a row that the warper moves, held to the window.
+// The columns of a row that the warper moves, clipped to the window.
 Span movedColumns(const VxWarper& warper, const WarpBounds& bounds, std::int32_t y,
                   const RowLoop& loop) {
     const auto row = static_cast<float>(y);
     if (row < bounds.minY || row > bounds.maxY) return {loop.x0, loop.x0};
     WarpSpan span;
     warper.rowSpan(span, y);
-    // Not a number is held to the low end like everything below it.
+    // NaN gives the window's first column, like every smaller value.
     const auto column = [&](float x) {
         if (!(x > static_cast<float>(loop.x0))) return loop.x0;
         return x < static_cast<float>(loop.x1) ? truncateToInt(x) : loop.x1;
@@ -25,7 +25,7 @@ Span movedColumns(const VxWarper& warper, const WarpBounds& bounds, std::int32_t
     return {column(std::floor(span.first)), column(std::ceil(span.last))};
 }
 
-// Source positions of one worker's row.
+// Source positions of the pixels of one row.
 struct Positions {
     std::unique_ptr<float[]> x;
     std::unique_ptr<float[]> y;

@@ -1,4 +1,4 @@
-// Filling a picture through a warp.
+// Renders a picture through a warp.
 
 #pragma once
 
@@ -14,24 +14,24 @@ namespace ruvex {
 enum class WarpFilter : std::uint32_t {
     Nearest = 0,
     Bilinear = 1,
-    Corners = 2,  ///< at the centre between a pixel's warped corners
+    Corners = 2,  ///< bilinear, at the centre between the pixel's two warped corners
 };
 
-/// Copies what the warper leaves alone and resamples the rest.
+/// Resamples the pixels that the warper moves and copies the others.
 template <class P>
 class VxWarpRender : public Imager, public SimpleLineCopier {
 public:
     using Texture = VxTexture<P>;
 
-    /// Fills the window of `target`, the Map, from `source`. With a null `target` a texture of the
-    /// source's size, edge methods and range is made; the caller owns it. A Map that can't be
-    /// written is named on the standard error stream and left alone.
+    /// Fills the window of `target`, the Map, from `source`. If `target` is null, a texture with
+    /// the source's size, edge methods and range is allocated, which the caller owns. A Map without
+    /// pixels is reported on standard error, and nothing is done.
     void process(Texture*& target, const Texture& source);
 
-    VxWarper* warper = nullptr;  ///< borrowed
+    VxWarper* warper = nullptr;  ///< not owned
     WarpFilter filter = WarpFilter::Nearest;
 
-    // The steps of a run.
+    // The steps of a run, called by Imager::runOn.
     void start(const Texture*, Texture*) {}
     void work(const Texture* source, Texture* target);
     void finish(const Texture*, Texture*) {}

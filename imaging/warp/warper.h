@@ -1,4 +1,4 @@
-// Saying, for a position in a picture, where in its source to look.
+// Interface of a warp: maps a position in the output picture to a position in the source.
 
 #pragma once
 
@@ -19,40 +19,41 @@ struct WarpBounds {
     float minX, maxX, minY, maxY;
 };
 
-/// A stretch of a row, `first` not above `last`.
+/// A range of X positions in a row, first <= last.
 struct WarpSpan {
     float first, last;
 };
 
-/// A warp maps from the output to the source. What lies outside its bounds, or outside a row's
-/// span, stays where it is. After `prepare` the operations are const and safe on all threads.
+/// Maps output positions to source positions, in image space. Points outside `bounds`, or outside a
+/// row's `rowSpan`, do not move. After `prepare` the functions are const and may be called from all
+/// threads.
 class VxWarper {
 public:
     virtual ~VxWarper() = default;
 
-    /// A box that holds everything that moves.
+    /// A rectangle that contains all points that move.
     virtual void bounds(WarpBounds& result) const = 0;
-    /// The part of row y that moves; (0, 0) for none.
+    /// The part of row y in which points move; (0, 0) if none does.
     virtual void rowSpan(WarpSpan& result, std::int32_t y) const = 0;
-    /// `warpAmount` with the normal of the surface that the warp looks like.
+    /// `warpAmount` that also gives the normal of the surface the warp imitates.
     virtual float warpAmountNormal(WarpPoint& point, WarpNormal& normal, float amount) const;
-    /// `warp` with that normal.
+    /// `warp` that also gives this normal.
     virtual float warpNormal(WarpPoint& point, WarpNormal& normal) const;
-    /// Moves the point by a part of the warp: 0 is none, 1 all of it.
+    /// Moves the point by a fraction of the warp: 0 not at all, 1 like `warp`.
     virtual float warpAmount(WarpPoint& point, float amount) const = 0;
-    /// Moves the point, and returns how far out it lies, 0 to 1.
+    /// Moves the point. Returns its distance from the centre of the warp, 0 to 1.
     virtual float warp(WarpPoint& point) const = 0;
-    /// Called once width, height and aspect are known, before anything else.
+    /// Called before the other functions, once width, height and aspect are set.
     virtual void prepare() {}
 
-    /// `warp` for the pixel centres of a stretch of a row: pixel (x + i, y) gets its source
-    /// position in sx[i], sy[i].
+    /// `warp` for the centres of `count` pixels of a row: sx[i], sy[i] is the source position of
+    /// pixel (x + i, y).
     virtual void warpRow(std::int32_t x, std::int32_t y, std::int32_t count, float* sx,
                          float* sy) const;
 
     std::int32_t width = 0;
     std::int32_t height = 0;
-    float aspect = 1.0f;  ///< of a pixel
+    float aspect = 1.0f;  ///< pixel aspect
 };
 
 }  // namespace ruvex
