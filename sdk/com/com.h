@@ -1,5 +1,5 @@
-// The component basics: status codes, the root interfaces, object creation by class identifier.
-// On Windows all of these are the system's own.
+// COM basics: status codes, the root interfaces, object creation by class identifier. On Windows
+// these are the system's own.
 
 #pragma once
 
@@ -55,11 +55,12 @@ constexpr bool FAILED(HRESULT status) {
 
 inline constexpr DWORD CLSCTX_INPROC_SERVER = 1;
 
-/// The root of every interface. Who receives an interface pointer owns one reference.
+/// The base of every interface. A caller that receives an interface pointer owns one COM reference.
 struct IUnknown {
-    /// Gives the object's interface `id` with a reference taken; E_NOINTERFACE and null without it.
+    /// Stores the object's interface `id` in `*out` and adds a reference for the caller.
+    /// E_NOINTERFACE, with null in `*out`, if the object does not implement it.
     virtual HRESULT QueryInterface(const GUID& id, void** out) = 0;
-    /// Both return the new count, which is for diagnosis only.
+    /// Both return the new reference count, for diagnosis only.
     virtual ULONG AddRef() = 0;
     virtual ULONG Release() = 0;
 
@@ -68,16 +69,17 @@ protected:
 };
 
 struct IClassFactory : IUnknown {
-    /// `outer` other than null asks for aggregation, which no class of this project allows.
+    /// Creates an object and stores its interface `id` in `*out`. A non-null `outer` requests
+    /// aggregation, which no class of this project supports.
     virtual HRESULT CreateInstance(IUnknown* outer, const GUID& id, void** out) = 0;
-    /// Keeps the module loaded (not 0) or lets it go again (0).
+    /// Adds (nonzero) or removes (0) a lock that keeps the module loaded.
     virtual HRESULT LockServer(BOOL lock) = 0;
 
 protected:
     ~IClassFactory() = default;
 };
 
-/// Marks an object that may be called from any thread. Its operations are the system's own affair.
+/// Marks an object that may be called from any thread. Only the system uses its functions.
 struct IMarshal : IUnknown {
 protected:
     ~IMarshal() = default;
@@ -88,14 +90,15 @@ inline constexpr GUID IID_IClassFactory =
     ruvex::guidFromText("00000001-0000-0000-C000-000000000046");
 inline constexpr GUID IID_IMarshal = ruvex::guidFromText("00000003-0000-0000-C000-000000000046");
 
-/// Makes an object of the class from whichever module of the table (sdk/com/module_table.h) serves
-/// it; REGDB_E_CLASSNOTREG when none does.
+/// Creates an object of the class, from the first module in the table (sdk/com/module_table.h) that
+/// serves it. REGDB_E_CLASSNOTREG if none does.
 DSSDK_API HRESULT CoCreateInstance(const GUID& classId, IUnknown* outer, DWORD context,
                                    const GUID& id, void** out);
 
-/// Makes the helper to which an object that may be called from any thread delegates queries for
-/// IMarshal. The helper's IMarshal counts its references on `outer`; the returned pointer, which is
-/// released in the destructor of `outer`, does not. With a null `outer` it stands alone.
+/// Creates a free-threaded marshaler. `outer`, an object that may be called from any thread,
+/// delegates queries for IMarshal to it. References to that IMarshal count as references to
+/// `outer`;
+/// `*marshaler` does not, and the destructor of `outer` releases it. `outer` may be null.
 DSSDK_API HRESULT CoCreateFreeThreadedMarshaler(IUnknown* outer, IUnknown** marshaler);
 
 #endif

@@ -8,7 +8,7 @@
 
 namespace ruvex::detail {
 
-/// The address of the first of `Interfaces` of `object` that `id` names; null without one.
+/// A pointer to the first of `Interfaces` that has, or derives from, interface `id`; else null.
 template <class... Interfaces, class Object>
 void* findInterface(Object& object, const GUID& id) {
     void* found = nullptr;
@@ -23,9 +23,9 @@ void* findInterface(Object& object, const GUID& id) {
 /// reference, which belongs to the caller of `new`, and deletes itself when the last one is
 /// released. AddRef and Release may be called from any thread.
 ///
-/// QueryInterface gives the listed interfaces, their base interfaces, and IUnknown, which is that
-/// of the first interface. It sets `*out` to null for any other identifier. A class that gives out
-/// further interfaces overrides it and passes on what it does not know.
+/// QueryInterface gives the listed interfaces, their base interfaces, and IUnknown (the one of the
+/// first interface). For any other identifier it sets `*out` to null. A class with further
+/// interfaces overrides it and calls it for all others.
 template <class First, class... Others>
 class ComObject : public First, public Others... {
 public:
@@ -48,7 +48,7 @@ public:
 
 protected:
     ComObject() = default;
-    /// A copy is an object of its own, with one reference.
+    /// The copy is a new object with a reference count of one.
     ComObject(const ComObject&) : ComObject() {}
     ComObject& operator=(const ComObject&) = delete;
     virtual ~ComObject() = default;
@@ -57,8 +57,8 @@ private:
     std::atomic<ULONG> references_{1};
 };
 
-/// Adds interfaces to `Base`, a class derived from ComObject: they count the references of the same
-/// object. What is not among `Added` is left to the QueryInterface of `Base`.
+/// Adds interfaces to `Base`, a class derived from ComObject. They share its reference count.
+/// QueryInterface for any interface not in `Added` calls that of `Base`.
 template <class Base, class... Added>
 class ComObjectWith : public Base, public Added... {
 public:

@@ -1,4 +1,4 @@
-// A pointer that holds one reference.
+// A smart pointer that owns one COM reference.
 
 #pragma once
 
@@ -7,13 +7,13 @@
 
 #include "sdk/com/interface_traits.h"
 
-/// Holds one reference to an object through interface (or class) T and releases it at its end.
+/// Owns one reference to an object through interface (or class) T; the destructor releases it.
 template <class T>
 class ComPtr {
 public:
     ComPtr() = default;
     ComPtr(std::nullptr_t) {}
-    /// Takes a reference of its own; to take over one that exists, see `attach`.
+    /// Adds a reference. To take over the caller's reference instead, use `attach`.
     ComPtr(T* pointer) : pointer_(pointer) { addRef(); }
     ComPtr(const ComPtr& other) : ComPtr(other.pointer_) {}
     ComPtr(ComPtr&& other) noexcept : pointer_(std::exchange(other.pointer_, nullptr)) {}
@@ -33,7 +33,7 @@ public:
         return result;
     }
 
-    /// Gives the reference to the caller.
+    /// Passes the reference to the caller; afterwards this is null.
     T* detach() { return std::exchange(pointer_, nullptr); }
 
     void reset() {
@@ -46,15 +46,15 @@ public:
     explicit operator bool() const { return pointer_ != nullptr; }
     friend bool operator==(const ComPtr& a, const ComPtr& b) { return a.pointer_ == b.pointer_; }
 
-    /// Where an operation that hands out a reference stores it; lets go of what was held before.
+    /// The address for an out parameter that receives a reference. Releases the current one.
     T** put() {
         reset();
         return &pointer_;
     }
     void** putVoid() { return reinterpret_cast<void**>(put()); }
 
-    /// The object's interface U; null when it has none or there is no object. `id` is for a U
-    /// without DSInterfaceTraits.
+    /// The object's interface U; null if this is null or the object does not implement it. Pass
+    /// `id` for a U without DSInterfaceTraits.
     template <class U>
     ComPtr<U> query(const GUID& id = DSInterfaceTraits<U>::id) const {
         ComPtr<U> result;
@@ -70,7 +70,7 @@ private:
     T* pointer_ = nullptr;
 };
 
-/// Hands a reference to `pointer` out through `out`: null `out` gives E_POINTER.
+/// Stores `pointer` in `*out` with a new reference for the caller. E_POINTER if `out` is null.
 template <class T>
 HRESULT copyReference(const ComPtr<T>& pointer, T** out) {
     if (!out) return E_POINTER;

@@ -65,7 +65,7 @@ struct DSDynamicLibrary::State {
     std::string file;
     DSModuleInstance instance{};
 
-    /// A module without an entry point has nothing to say against it.
+    /// Calls the module's DllMain. True for a module without one.
     bool tell(DWORD reason) {
         return !entryPoint || entryPoint(&instance, reason, nullptr) != FALSE;
     }
@@ -78,7 +78,7 @@ struct DSDynamicLibrary::State {
 std::unique_ptr<DSDynamicLibrary> DSDynamicLibrary::load(const std::filesystem::path& file,
                                                          std::string& problem) {
     auto state = std::make_unique<State>();
-    // An absolute path, for a bare name would be looked for in the system's folders.
+    // An absolute path: dlopen searches the system's folders for a name without a slash.
     state->file = std::filesystem::absolute(file);
     state->handle = dlopen(state->file.c_str(), RTLD_NOW | RTLD_LOCAL);
     if (!state->handle) {
@@ -89,7 +89,7 @@ std::unique_ptr<DSDynamicLibrary> DSDynamicLibrary::load(const std::filesystem::
     state->instance = {state->bytes("ruvexResourcesBegin"), state->bytes("ruvexResourcesEnd"),
                        state->file.c_str()};
     if (!state->tell(DLL_PROCESS_ATTACH)) {
-        problem = "the module refuses to be attached";
+        problem = "the module's DllMain returned 0";
         dlclose(state->handle);
         return nullptr;
     }
@@ -117,7 +117,7 @@ std::filesystem::path DSDynamicLibrary::fileOfCode(const void* address) {
     Dl_info found{};
     void* entry = nullptr;
     if (!dladdr1(address, &found, &entry, RTLD_DL_LINKMAP)) return {};
-    // The running program has no name in the loader's list.
+    // In the loader's list the name of the running program is empty.
     const std::string_view name = static_cast<const link_map*>(entry)->l_name;
     std::error_code error;
     const auto file = std::filesystem::canonical(name.empty() ? "/proc/self/exe" : name, error);

@@ -1,4 +1,4 @@
-// A module's file in memory, on any system.
+// A loaded shared library, on any system.
 
 #pragma once
 
@@ -9,35 +9,34 @@
 #include "sdk/com/export.h"
 #include "sdk/com/module_instance.h"
 
-/// A loaded file. DllMain has been called: by the system where it does that, otherwise by this
-/// class.
+/// A loaded module. On Windows the system calls its DllMain; elsewhere this class does.
 class DSSDK_API DSDynamicLibrary {
 public:
-    /// Loads the file and attaches it. Null with the reason in `problem` when the system cannot
-    /// load it or its DllMain answers 0.
+    /// Loads the file and calls its DllMain. If the system can't load it, or DllMain returns 0,
+    /// returns null and stores the reason in `problem`.
     static std::unique_ptr<DSDynamicLibrary> load(const std::filesystem::path& file,
                                                   std::string& problem);
 
-    /// Detaches the module and takes it out of memory.
+    /// Calls DllMain for the detachment and unloads the module.
     ~DSDynamicLibrary();
 
     DSDynamicLibrary(const DSDynamicLibrary&) = delete;
     DSDynamicLibrary& operator=(const DSDynamicLibrary&) = delete;
 
-    /// The address of an exported name; null without one.
+    /// The address of an exported symbol; null if there is none.
     void* find(const char* name) const;
 
-    /// The handle that the module's DllMain was given.
+    /// The handle that was passed to the module's DllMain.
     HINSTANCE instance() const;
 
-    /// The full path of the file that a handle stands for; empty when it is not known.
+    /// The full path of the module with this handle; empty if unknown.
     static std::filesystem::path fileOf(HINSTANCE instance);
 
-    /// The full path of the program or library that holds this address, of code or of a constant;
-    /// empty when there is none or the system does not tell.
+    /// The full path of the program or library that contains this address of code or of a constant.
+    /// Empty if there is none or the system can't find it.
     static std::filesystem::path fileOfCode(const void* address);
 
-    /// The file name of a module: "V_Ruvex" with the system's ending.
+    /// The file name of a module: its name, such as "V_Ruvex", with the system's extension.
     static std::string fileName(const std::string& module);
 
 private:

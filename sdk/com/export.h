@@ -1,4 +1,4 @@
-// How the shared libraries of this folder give out their names.
+// The export macros of the shared libraries dssdk, dsvwr and il.
 
 #pragma once
 

@@ -1,4 +1,4 @@
-// The border over which nothing is thrown.
+// Conversion of exceptions into status codes: no exception may leave an interface function.
 
 #pragma once
 
@@ -8,8 +8,8 @@
 
 namespace ruvex {
 
-/// Runs what stands behind an operation of an interface: its status, E_OUTOFMEMORY when memory ran
-/// out, E_FAIL for anything else that was thrown.
+/// Runs the body of an interface function and returns its status. E_OUTOFMEMORY if it throws
+/// std::bad_alloc, E_FAIL for any other exception.
 template <class Operation>
 HRESULT guarded(Operation operation) noexcept {
     try {

@@ -12,7 +12,7 @@
 #ifdef _WIN32
 #include <guiddef.h>
 #else
-/// An identifier in the layout that the host's interfaces pass it in.
+/// A GUID in the memory layout of the host's interfaces.
 struct GUID {
     std::uint32_t Data1;
     std::uint16_t Data2;
@@ -44,7 +44,7 @@ constexpr bool isGuidDash(std::size_t position) {
 }  // namespace detail
 
 /// Reads the form "A41E7F12-37AB-48B5-99C9-C4B83402C0FC", digits in either case, without braces.
-/// Anything else gives no value.
+/// No value for any other text.
 constexpr std::optional<GUID> parseGuid(std::string_view text) {
     if (text.size() != kGuidTextLength) return std::nullopt;
     std::array<std::uint8_t, 16> bytes{};
@@ -69,7 +69,7 @@ constexpr std::optional<GUID> parseGuid(std::string_view text) {
     return guid;
 }
 
-/// The same for a literal; one that is not an identifier does not compile.
+/// The same for a literal. A text that is no identifier is a compile-time error.
 consteval GUID guidFromText(std::string_view text) {
     return parseGuid(text).value();
 }
@@ -101,15 +101,15 @@ inline std::string toText(const GUID& guid) {
     return text;
 }
 
-/// Orders identifiers as their texts are ordered; for std::map.
+/// Orders identifiers like their texts; for std::map.
 struct GuidLess {
     constexpr bool operator()(const GUID& a, const GUID& b) const {
         return guidBytes(a) < guidBytes(b);
     }
 };
 
-/// For std::unordered_map. Identifiers of one block differ in a few bits of Data1 only, so every
-/// byte is mixed in (FNV-1a).
+/// Hash for std::unordered_map: FNV-1a over all bytes, since related identifiers differ only in a
+/// few bits of Data1.
 struct GuidHash {
     constexpr std::size_t operator()(const GUID& guid) const {
         std::uint64_t hash = 14695981039346656037u;

@@ -1,4 +1,4 @@
-// The identifier that belongs to each interface type.
+// Maps each interface type to its identifier.
 
 #pragma once
 
@@ -6,13 +6,13 @@
 
 #include "sdk/com/com.h"
 
-/// Describes interface type `Interface`. Each interface has a specialisation beside its
-/// declaration:
+/// The identifier and base of interface type `Interface`. Each interface has a specialisation next
+/// to its declaration:
 ///
 ///     template <>
 ///     struct DSInterfaceTraits<IDSImage> : DSInterface<IID_IDSImage> {};
 ///
-/// A type without one is not an interface, and using its traits does not compile.
+/// The traits of a type without a specialisation do not compile.
 template <class Interface>
 struct DSInterfaceTraits;
 
@@ -30,8 +30,8 @@ struct DSInterfaceTraits<IClassFactory> : DSInterface<IID_IClassFactory> {};
 template <>
 struct DSInterfaceTraits<IMarshal> : DSInterface<IID_IMarshal> {};
 
-/// Whether a pointer to `Interface` may be given to a caller that asks for `id`: it is the
-/// identifier of `Interface` or of an interface that it derives from, IUnknown left aside.
+/// Whether `id` is the identifier of `Interface` or of one of its base interfaces. IUnknown does
+/// not count.
 template <class Interface>
 bool DSIsInterfaceOf(const GUID& id) {
     using Traits = DSInterfaceTraits<Interface>;

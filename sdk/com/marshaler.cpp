@@ -6,8 +6,7 @@
 
 namespace {
 
-/// The free-threaded marshaler: an object whose IMarshal belongs to the outer object and counts its
-/// references there.
+/// The free-threaded marshaler. Its IMarshal delegates queries and references to the outer object.
 class FreeThreadedMarshaler final : public ComObject<IUnknown> {
 public:
     explicit FreeThreadedMarshaler(IUnknown* outer) : marshal_(outer ? *outer : *this) {}

@@ -1,4 +1,4 @@
-// What a module needs to be loaded: how it exports its entry points, and why DllMain is called.
+// What a module's entry points need: their export macro and the reasons for calls of DllMain.
 
 #pragma once
 
@@ -11,15 +11,15 @@
 
 #else
 
-/// Stands before the declaration of each of the module's entry points. On Windows the module's
-/// definition file names them instead.
+/// Exports a function; for the declarations of the module's entry points. On Windows the module's
+/// definition file exports them.
 #define DS_MODULE_ENTRY extern "C" __attribute__((visibility("default")))
 
 inline constexpr DWORD DLL_PROCESS_DETACH = 0;
 inline constexpr DWORD DLL_PROCESS_ATTACH = 1;
 
-/// Tells the system to leave the module alone when threads start and end. Where there are no such
-/// calls there is nothing to switch off.
+/// On Windows, switches off the calls of DllMain at the start and end of threads. Elsewhere there
+/// are no such calls, and this does nothing.
 inline BOOL DisableThreadLibraryCalls(HINSTANCE) {
     return TRUE;
 }

@@ -1,4 +1,4 @@
-// The handle by which a loaded module is named to the functions that read its resources.
+// The handle of a loaded module, through which its resources are read.
 
 #pragma once
 
@@ -6,10 +6,10 @@
 #include <windows.h>
 #else
 
-/// What the loader knows of a module's resources: the compiled resource file that is embedded in
-/// the module, from `resourcesBegin` up to `resourcesEnd`. Both are null in a module without
-/// resources. `file` is the full path of the module's file, or null. The loader owns the record; it
-/// lives as long as the module is loaded.
+/// A module's file and embedded resources. The compiled resource file (.res) in the module begins
+/// at `resourcesBegin` and ends before `resourcesEnd`; both are null in a module without resources.
+/// `file` is the full path of the module's file, or null. The loader owns the record, which is
+/// valid as long as the module is loaded.
 struct DSModuleInstance {
     const unsigned char* resourcesBegin;
     const unsigned char* resourcesEnd;

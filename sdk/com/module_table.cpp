@@ -11,7 +11,8 @@ namespace {
 
 struct Entry {
     DSGetClassObject* getClassObject;
-    /// Calls of CoCreateInstance that are in the module. An entry with any stays in the list.
+    /// Running calls of CoCreateInstance that use the module. The entry can't be removed while this
+    /// is above 0.
     int users = 0;
 };
 
@@ -53,8 +54,8 @@ HRESULT DSRemoveModule(DSGetClassObject* getClassObject, DSCanUnloadNow* canUnlo
 
 namespace {
 
-/// Goes through the modules without the lock, since a class may create objects of other classes
-/// while it is made. The module that it stands at is in use.
+/// Iterates over the modules. The lock is released while a module is used, since the constructor of
+/// an object may create further objects; the entry's `users` keeps the module in the table.
 class ModuleWalk {
 public:
     ModuleWalk() : lock_(table_.mutex), at_(table_.modules.begin()) { enter(); }
@@ -64,7 +65,7 @@ public:
 
     bool done() const { return done_; }
     DSGetClassObject* getClassObject() const { return at_->getClassObject; }
-    /// Not when it is done.
+    /// Requires !done().
     void next() {
         leave();
         ++at_;
@@ -72,13 +73,13 @@ public:
     }
 
 private:
-    /// With the lock, which it lets go.
+    /// Requires the lock, and releases it.
     void enter() {
         done_ = at_ == table_.modules.end();
         if (!done_) ++at_->users;
         lock_.unlock();
     }
-    /// Takes the lock.
+    /// Acquires the lock.
     void leave() {
         lock_.lock();
         if (!done_) --at_->users;

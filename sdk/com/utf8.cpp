@@ -18,7 +18,7 @@ constexpr bool isCharacter(char32_t code) {
     return code <= kLast && !isLeading(code) && !isTrailing(code);
 }
 
-/// The unit's number, whatever the sign of wchar_t.
+/// The value of a code unit; wchar_t may be signed.
 constexpr char32_t numberOf(wchar_t unit) {
     return static_cast<char32_t>(unit) & (sizeof(wchar_t) == 2 ? 0xFFFFu : 0xFFFFFFFFu);
 }
@@ -46,7 +46,7 @@ void append(std::wstring& text, char32_t code) {
     }
 }
 
-/// How many bytes follow a first byte; -1 for one that starts no character.
+/// The number of bytes that follow a lead byte; -1 if the byte can't begin a character.
 constexpr int followers(unsigned char lead) {
     if (lead < 0x80) return 0;
     if (lead >= 0xC2 && lead <= 0xDF) return 1;
@@ -54,8 +54,8 @@ constexpr int followers(unsigned char lead) {
     return lead >= 0xF0 && lead <= 0xF4 ? 3 : -1;
 }
 
-/// The character at the start of `text`, which is not empty, and its length; a length of 1 with
-/// U+FFFD where there is none.
+/// Decodes the first character of `text`, which must not be empty, and stores its length in bytes.
+/// U+FFFD with length 1 if it is malformed.
 char32_t decode(std::string_view text, std::size_t& length) {
     constexpr char32_t kSmallest[] = {0, 0x80, 0x800, 0x10000};
     length = 1;

@@ -1,4 +1,4 @@
-// Wide text as UTF-8 and back, whatever the width of wchar_t.
+// Conversion between wide text and UTF-8, for 16-bit and 32-bit wchar_t.
 
 #pragma once
 
@@ -9,10 +9,10 @@
 
 namespace ruvex {
 
-/// Half a surrogate pair, and a number beyond the last character, become U+FFFD.
+/// An unpaired surrogate, and a code point above U+10FFFF, become U+FFFD.
 DSSDK_API std::string toUtf8(std::wstring_view text);
 
-/// Each byte that belongs to no well-formed character becomes U+FFFD.
+/// Each byte that is not part of a well-formed character becomes U+FFFD.
 DSSDK_API std::wstring fromUtf8(std::string_view text);
 
 }  // namespace ruvex

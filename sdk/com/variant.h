@@ -1,4 +1,4 @@
-// The value of a property as it crosses an interface: a type and a number of that type.
+// The value of a property in calls of interfaces: a type and a number of that type.
 
 #pragma once
 
@@ -16,7 +16,7 @@ using VARTYPE = std::uint16_t;
 
 enum : VARTYPE { VT_EMPTY = 0, VT_I4 = 3, VT_R8 = 5, VT_BOOL = 11 };
 
-/// The members stand behind an eight-byte head, as in every variant.
+/// The value follows an eight-byte header, as in the system's VARIANT.
 struct VARIANT {
     VARTYPE vt;
     std::uint16_t wReserved1;
@@ -31,7 +31,7 @@ struct VARIANT {
 
 #endif
 
-/// A whole number (VT_I4).
+/// A 32-bit integer (VT_I4).
 inline VARIANT DSVariantFromLong(LONG value) {
     VARIANT variant{};
     variant.vt = VT_I4;
@@ -39,7 +39,7 @@ inline VARIANT DSVariantFromLong(LONG value) {
     return variant;
 }
 
-/// A real (VT_R8).
+/// A 64-bit float (VT_R8).
 inline VARIANT DSVariantFromReal(double value) {
     VARIANT variant{};
     variant.vt = VT_R8;
@@ -47,7 +47,7 @@ inline VARIANT DSVariantFromReal(double value) {
     return variant;
 }
 
-/// A check box (VT_BOOL), which this host keeps as 0 or 1 in the whole number's place.
+/// A boolean (VT_BOOL), which this host stores as 0 or 1 in the integer member.
 inline VARIANT DSVariantFromBool(bool value) {
     VARIANT variant{};
     variant.vt = VT_BOOL;

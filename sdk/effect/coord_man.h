@@ -1,20 +1,20 @@
-// Who knows how world units, project pixels and the pixels being rendered hang together.
+// Conversion between world units, project pixels and pixels of the rendered picture.
 
 #pragma once
 
 #include "sdk/images/image.h"
 
-/// The coordinate manager of one render. World X counts pixels of the project frame; world Y counts
-/// them divided by the pixel aspect, so that a square in the world is a square to the eye.
+/// The coordinate manager of one render. World X is in pixels of the project frame; world Y is in
+/// pixels divided by the pixel aspect, so that a square in world units looks square.
 struct IDSCoordMan : IUnknown {
-    /// A world point in pixels of the picture being rendered.
+    /// Converts a world point to pixels of the rendered picture.
     virtual HRESULT WorldToImage(double worldX, double worldY, double* x, double* y) = 0;
-    /// The same point in pixels of the project frame. On each axis the two differ by the rendered
-    /// size over the project size.
+    /// Converts a world point to pixels of the project frame. On each axis the ratio of the two
+    /// results is the rendered size over the project size.
     virtual HRESULT WorldToProject(double worldX, double worldY, double* x, double* y) = 0;
-    /// The place of an image in whole pixels of the picture being rendered. `origin` and `size` are
-    /// the image's world origin and size times the project's user size (Y) over its world size (Y),
-    /// on both axes.
+    /// Gives an image's offset in whole pixels of the rendered picture. `origin` and `size` are the
+    /// image's world origin and world size, multiplied on both axes by the project's user size Y /
+    /// world size Y.
     virtual HRESULT ImageToPixels(DSFloatPair origin, DSFloatPair size, LONG* offsetX,
                                   LONG* offsetY) = 0;
 

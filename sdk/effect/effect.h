@@ -1,4 +1,4 @@
-// Everything that a concrete image effect builds on.
+// Includes all headers that an image effect needs.
 
 #pragma once
 

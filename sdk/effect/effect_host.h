@@ -1,17 +1,17 @@
-// What an effect may ask of its host while it renders.
+// The host's interface for an effect during a render: frames at other times and interruption.
 
 #pragma once
 
 #include "sdk/com/interface_traits.h"
 
-/// Both operations may be called from any thread, and the second one is called from many at once.
+/// Both functions may be called from any thread; QueryInterruption from several at once.
 struct IDSEffectHost : IUnknown {
-    /// Input `inputIndex` as it is at `seconds`, as an object that answers to IID_IDSImage; the
-    /// caller releases it when the frame is done. `executeContext` is the one that the effect was
-    /// given for this render. A failure, with `*frame` null, when the host refuses.
+    /// Gives input `inputIndex` at time `seconds`, an object with the interface IDSImage, which the
+    /// caller releases at the end of the frame. `executeContext` is the one that the host passed to
+    /// the effect for this render. If the host refuses, returns a failure and null in `*frame`.
     virtual HRESULT GetInputFrame(IUnknown* executeContext, ULONG inputIndex, double seconds,
                                   IUnknown** frame) = 0;
-    /// 0 to go on, anything else to stop as soon as possible.
+    /// 0: continue; any other value: stop the render as soon as possible.
     virtual HRESULT QueryInterruption() = 0;
 
 protected:

@@ -1,23 +1,23 @@
-// The records in which an effect describes itself to the host.
+// Records with which an effect describes itself to the host, and records of ranges and rectangles.
 
 #pragma once
 
 #include "sdk/com/com.h"
 #include "sdk/com/module_instance.h"
 
-/// Stands in `recordId` of a DSPLUGININFO.
+/// The value of `recordId` in a DSPLUGININFO.
 inline constexpr GUID DSID_PlugInInfo = ruvex::guidFromText("5E3D73B1-D900-11CF-828E-00A0243F1013");
-/// Stands in `recordId` of a DSIMAGEEFFECTINFO.
+/// The value of `recordId` in a DSIMAGEEFFECTINFO.
 inline constexpr GUID DSID_ImageEffectInfo =
     ruvex::guidFromText("6024B980-B7F4-11D0-82D3-00A0243F1013");
 
-/// The two identifiers that every image effect names in its DSPLUGININFO.
+/// The two category identifiers that every image effect sets in its DSPLUGININFO.
 inline constexpr GUID DSID_EffectCategory =
     ruvex::guidFromText("0BC5A2F0-5C49-11CF-A04A-00A02418CFB9");
 inline constexpr GUID DSID_ImageEffectKind =
     ruvex::guidFromText("0BC5A2F2-5C49-11CF-A04A-00A02418CFB9");
 
-/// What a plug-in is. The host sets `recordId`, the plug-in the rest.
+/// Describes a plug-in. The host sets `recordId`, the plug-in the other fields.
 struct DSPLUGININFO {
     GUID recordId = DSID_PlugInInfo;
     GUID category{};
@@ -27,8 +27,8 @@ struct DSPLUGININFO {
     ULONG last = 0;
 };
 
-/// How an image effect wants to be run. The host sets `recordId` and `family`, the effect the rest.
-/// The numbered fields have no other name: the host knows what it does with each.
+/// Describes how the host has to run an image effect. The host sets `recordId` and `family`, the
+/// effect the other fields. The host does not publish the meaning of the numbered fields.
 struct DSIMAGEEFFECTINFO {
     GUID recordId = DSID_ImageEffectInfo;
     GUID family{};
@@ -44,7 +44,7 @@ struct DSIMAGEEFFECTINFO {
     ULONG flags = 0;
 };
 
-/// How the host's tool list shows an effect. The effect fills it.
+/// An effect's entry in the host's tool list. The effect fills it.
 struct DSTOOLINFO {
     static constexpr int kTextLength = 260;
 
@@ -55,13 +55,13 @@ struct DSTOOLINFO {
     GUID classId{};
 };
 
-/// A stretch of time in seconds, both ends included.
+/// A time range in seconds, inclusive.
 struct DSTIMERANGE {
     double first;
     double last;
 };
 
-/// A rectangle of pixels; `width` and `height` count them.
+/// A rectangle in pixels.
 struct DSRECT {
     LONG x;
     LONG y;
@@ -71,7 +71,7 @@ struct DSRECT {
     friend bool operator==(const DSRECT&, const DSRECT&) = default;
 };
 
-/// Pixels that are wanted beyond each edge.
+/// The number of pixels that an effect needs outside each edge.
 struct DSOVERSCAN {
     LONG left;
     LONG right;

@@ -5,7 +5,7 @@
 
 namespace {
 
-/// Turns the animation of one property into the plain value that it has at that time.
+/// Replaces the animation of a property by its value at `seconds`.
 HRESULT freeze(IDSProperties& properties, const GUID& id, double seconds) {
     ULONG keyCount = 0;
     HRESULT status = properties.GetKeys(id, nullptr, 0, &keyCount);

@@ -1,4 +1,4 @@
-// The host's base class for effects on pictures.
+// The host's base class of image effects.
 
 #pragma once
 
@@ -6,24 +6,24 @@
 #include "sdk/effect/image_effect_interface.h"
 #include "sdk/effect/plug_in.h"
 
-/// Keeps what the host hands in and answers the questions that need no more than that. A concrete
-/// effect adds at least Execute and Clone.
+/// Stores the images, regions and interfaces that the host sets, and implements the functions that
+/// only need these. A concrete effect implements at least Execute and Clone.
 class DSSDK_API CDSImageEffect : public ComObjectWith<CDSPlugInEffect, IDSImageEffect> {
 public:
-    /// Refuses a null pointer and leaves the record alone.
+    /// Does not change the record. E_POINTER for null.
     HRESULT GetImageEffectInfo(DSIMAGEEFFECTINFO* info) override;
-    /// E_INVALIDARG for a rate that is not above 0 and finite.
+    /// E_INVALIDARG unless the rate is finite and above 0.
     HRESULT SetSampleRate(double framesPerSecond) override;
-    /// Asks the image for its format and hands it to TestFormat.
+    /// Returns TestFormat of the image's format.
     HRESULT IsFormatSupported(IDSImage* image) override;
     /// S_FALSE for every format.
     HRESULT TestFormat(const GUID& format) override;
     HRESULT Setup() override { return S_OK; }
-    /// Lets go of all images and of the host's interfaces.
+    /// Releases all images and the host's interfaces.
     HRESULT Cleanup() override;
-    /// The region of interest, or the whole input; empty without an input.
+    /// Gives the region of interest or, without one, the whole input; empty without an input.
     HRESULT GetInputBbox(DSRECT* box) override;
-    /// Both are 0 on every edge.
+    /// Both give 0 for every edge.
     HRESULT GetInputOverscan(DSOVERSCAN* overscan) override;
     HRESULT GetOutputOverscan(DSOVERSCAN* overscan) override;
     HRESULT SetInput(IDSImage* image) override;
@@ -35,7 +35,7 @@ public:
     HRESULT SetQuality(LONG level) override;
     HRESULT SetInput2(IDSImage* image) override;
     HRESULT SetInput2Offset(LONG offsetX, LONG offsetY) override;
-    /// Finds nothing to object to.
+    /// Always S_OK.
     HRESULT Verify() override { return S_OK; }
     HRESULT CloneAtTime(double seconds, const GUID& id, void** out) override;
     HRESULT SetDirection(double value) override;
@@ -55,12 +55,11 @@ public:
 
 protected:
     CDSImageEffect() = default;
-    /// Copies everything that the host has handed in; the host replaces it for each clone.
+    /// Copies the images and interfaces from the host; the host sets new ones for each clone.
     CDSImageEffect(const CDSImageEffect&) = default;
     ~CDSImageEffect() override = default;
 
-    /// Called at the start of Execute; a result other than 0 ends it. The base has nothing to
-    /// prepare.
+    /// Called at the start of Execute, which returns any result other than 0. Does nothing here.
     virtual HRESULT PrepareData() { return S_OK; }
 
     ComPtr<IDSImage> input;

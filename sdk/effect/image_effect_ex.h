@@ -1,11 +1,11 @@
-// An image effect that tells of its time dependency and of the aliases of its properties.
+// An image effect with property aliases and a time dependency.
 
 #pragma once
 
 #include "sdk/effect/image_effect.h"
 
 struct IDSGraphDataAliases : IUnknown {
-    /// The property that an identifier means: itself, unless it is an alias.
+    /// Gives the property of an alias. An identifier that is no alias is given back.
     virtual HRESULT GetAliasedProperty(const GUID& alias, GUID* id) = 0;
 
 protected:
@@ -13,7 +13,7 @@ protected:
 };
 
 struct IDSTimeDependency : IUnknown {
-    /// The input times that the frame at `seconds` may ask for.
+    /// Gives the range of input times that the frame at `seconds` may request.
     virtual HRESULT GetTimeDependency(double seconds, DSTIMERANGE* range) = 0;
 
 protected:
@@ -33,7 +33,7 @@ class DSSDK_API CDSImageEffectEx
     : public ComObjectWith<CDSImageEffect, IDSGraphDataAliases, IDSTimeDependency> {
 public:
     HRESULT GetAliasedProperty(const GUID& alias, GUID* id) override;
-    /// All of time: an effect may ask for its input at any other time.
+    /// Gives the range of all times: an effect may request its input at any time.
     HRESULT GetTimeDependency(double seconds, DSTIMERANGE* range) override;
 
 protected:

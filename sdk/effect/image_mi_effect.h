@@ -1,4 +1,4 @@
-// An image effect with more than one input: the class that concrete effects derive from.
+// An image effect with more than one input: the base class of concrete effects.
 
 #pragma once
 
@@ -6,8 +6,8 @@
 
 struct IDSImageMIEffect : IUnknown {
     virtual HRESULT GetNumInputs(ULONG* count) = 0;
-    /// The inputs that are set, each with a reference: writes at most `capacity` of them and gives
-    /// their number in `fetched`. S_FALSE when there were more.
+    /// Gives the inputs that are set, each with a reference for the caller: writes at most
+    /// `capacity` of them and their number to `fetched`. S_FALSE if there are more.
     virtual HRESULT EnumInputs(ULONG capacity, IDSImage** inputs, ULONG* fetched) = 0;
 
 protected:
@@ -21,14 +21,14 @@ struct DSInterfaceTraits<IDSImageMIEffect> : DSInterface<IID_IDSImageMIEffect> {
 
 class DSSDK_API CDSImageMIEffect : public ComObjectWith<CDSImageEffectEx, IDSImageMIEffect> {
 public:
-    /// How many of the two inputs are set.
+    /// Gives the number of inputs that are set, 0 to 2.
     HRESULT GetNumInputs(ULONG* count) override;
     HRESULT EnumInputs(ULONG capacity, IDSImage** inputs, ULONG* fetched) override;
 
 protected:
     CDSImageMIEffect() = default;
-    /// Copies all that the bases copy: what the host has handed in, the name, the pages and the
-    /// aliases; not the references, the observers and the animations.
+    /// Copies what the bases copy: the images and interfaces from the host, the name, the pages and
+    /// the aliases. Not copied: the reference count, the observers and the animations.
     CDSImageMIEffect(const CDSImageMIEffect&) = default;
     ~CDSImageMIEffect() override = default;
 };

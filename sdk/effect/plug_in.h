@@ -1,4 +1,4 @@
-// What every plug-in answers to, and the host's base class for it.
+// The interface of every plug-in, and the host's base class that implements it.
 
 #pragma once
 
@@ -9,12 +9,12 @@
 #include "sdk/properties/aliased_property_container.h"
 
 struct IDSPlugIn : IUnknown {
-    /// Makes the object ready: called once, before anything else but GetInfo.
+    /// Initialises the object. Called once; only GetInfo may be called before.
     virtual HRESULT Init() = 0;
     virtual HRESULT Term() = 0;
     virtual HRESULT GetInfo(DSPLUGININFO* info) = 0;
     virtual HRESULT GetToolInfo(DSTOOLINFO* info) = 0;
-    /// Gives every property its default; animations end.
+    /// Sets every property to its default value and removes all animations.
     virtual HRESULT SetDefaults() = 0;
     /// The class identifiers of the plug-in's property pages, in the order in which they are shown.
     virtual HRESULT GetPropertyPageCount(ULONG* count) = 0;
@@ -32,9 +32,9 @@ struct DSInterfaceTraits<IDSPlugIn> : DSInterface<IID_IDSPlugIn> {};
 class DSSDK_API CDSPlugInEffect : public ComObjectWith<CDSAliasedPropertyContainer, IDSPlugIn> {
 public:
     HRESULT Init() override { return S_OK; }
-    /// Lets go of the observers. May be called more than once.
+    /// Releases the observers. May be called more than once.
     HRESULT Term() override;
-    /// Both refuse a null pointer with E_POINTER and leave the record alone.
+    /// Both return E_POINTER for null and do not change the record.
     HRESULT GetInfo(DSPLUGININFO* info) override;
     HRESULT GetToolInfo(DSTOOLINFO* info) override;
     HRESULT SetDefaults() override;
@@ -49,7 +49,7 @@ protected:
 
     /// Appends a page to the host's list.
     void AddPropertyPage(const GUID& classId) { propertyPages.push_back(classId); }
-    /// Takes every entry of a page out of the list; false when there was none.
+    /// Removes every entry of a page from the list; false if there was none.
     bool RemovePropertyPage(const GUID& classId);
 
     std::wstring name;

@@ -13,7 +13,7 @@ CDSMemoryImage::CDSMemoryImage(LONG width, LONG height, const GUID& format, std:
 ComPtr<CDSMemoryImage> CDSMemoryImage::create(LONG width, LONG height, const GUID& format) {
     const int bytesPerPixel = DSBytesPerPixel(format);
     if (width < 1 || height < 1 || bytesPerPixel == 0) return nullptr;
-    // Two sizes of 31 bits and a factor of 8 fit into 64 bits.
+    // Can't overflow: two 31-bit sizes and at most 8 bytes per pixel.
     const std::uint64_t bytes = std::uint64_t{1} * static_cast<std::uint64_t>(width) *
                                 static_cast<std::uint64_t>(height) *
                                 static_cast<std::uint64_t>(bytesPerPixel);

@@ -1,4 +1,4 @@
-// A picture over memory of its own.
+// An image that owns its pixels.
 
 #pragma once
 
@@ -9,11 +9,11 @@
 #include "sdk/com/com_ptr.h"
 #include "sdk/images/image.h"
 
-/// An image that owns its pixels, zero at first. Origin (0, 0), world size = size in pixels, ready.
-/// Set up by one thread, read by any.
+/// Initially all pixels are zero, the status is 0, the world origin is (0, 0) and the world size is
+/// the size in pixels. One thread sets it up; then any number of threads may read it.
 class IL_API CDSMemoryImage final : public ComObject<IDSImage> {
 public:
-    /// Null when the format is unknown, a size is below 1, or there is no memory for the pixels.
+    /// Null if the format is unknown, a size is below 1, or memory ran out.
     static ComPtr<CDSMemoryImage> create(LONG width, LONG height, const GUID& format);
 
     HRESULT GetStatus() override;
@@ -25,7 +25,7 @@ public:
 
     void setWorldSize(DSFloatPair size) { worldSize_ = size; }
     void setWorldOrigin(DSFloatPair origin) { worldOrigin_ = origin; }
-    /// What the readiness test answers from now on; 0 is ready.
+    /// Sets the result of GetStatus; 0 means that the pixels are available.
     void setStatus(HRESULT status) { status_ = status; }
 
     LONG width() const { return width_; }
@@ -33,7 +33,7 @@ public:
     const GUID& format() const { return format_; }
     std::byte* bytes() { return pixels_.data(); }
     const std::byte* bytes() const { return pixels_.data(); }
-    /// All pixels: width * height * bytes a pixel.
+    /// Size of all pixels: width * height * bytes per pixel.
     std::size_t byteCount() const { return pixels_.size(); }
 
     CDSMemoryImage(const CDSMemoryImage&) = delete;

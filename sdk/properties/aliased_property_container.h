@@ -1,4 +1,4 @@
-// Lets a property answer to further identifiers.
+// A property container whose properties can have further identifiers (aliases).
 
 #pragma once
 
@@ -7,7 +7,7 @@
 
 #include "sdk/properties/property_container.h"
 
-/// An identifier that is an alias is replaced by the property's own before anything is looked up.
+/// In every look-up of a property, an alias is first replaced by the property's own identifier.
 class DSSDK_API CDSAliasedPropertyContainer : public CDSPropertyContainer {
 public:
     HRESULT GetValue(const GUID& id, double seconds, VARIANT* value) override;
@@ -16,9 +16,9 @@ public:
     HRESULT ClearKeys(const GUID& id) override;
     HRESULT GetKeys(const GUID& id, DSKey* keys, ULONG capacity, ULONG* count) override;
 
-    /// `alias` stands for `id` from now on, in this object and its copies.
+    /// Makes `alias` another identifier of property `id`, in this object and its later copies.
     void AddPropertyAlias(const GUID& alias, const GUID& id);
-    /// The property that an identifier means: itself, unless it is an alias.
+    /// The property of an alias. An identifier that is no alias is returned unchanged.
     const GUID& ResolveAlias(const GUID& id) const;
 
 protected:

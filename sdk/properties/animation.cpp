@@ -9,7 +9,7 @@ bool isFinite(const DSKey& key) {
     return std::isfinite(key.time) && std::isfinite(key.value);
 }
 
-/// Keeps the last of every run of keys with one time.
+/// Of consecutive keys with the same time, keeps only the last.
 void dropRepeatedTimes(std::vector<DSKey>& keys) {
     std::size_t kept = 0;
     for (const DSKey& key : keys) {
@@ -23,7 +23,7 @@ void dropRepeatedTimes(std::vector<DSKey>& keys) {
 
 std::optional<DSAnimation> DSAnimation::fromKeys(std::vector<DSKey> keys) {
     if (keys.empty() || !std::all_of(keys.begin(), keys.end(), isFinite)) return std::nullopt;
-    // Stable, so that of equal times the last given is still the last.
+    // Stable: of keys with the same time, the one given last must stay last.
     std::stable_sort(keys.begin(), keys.end(),
                      [](const DSKey& a, const DSKey& b) { return a.time < b.time; });
     dropRepeatedTimes(keys);

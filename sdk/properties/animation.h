@@ -1,4 +1,4 @@
-// The course of a real over time.
+// The animation of a real: key frames over time.
 
 #pragma once
 
@@ -7,7 +7,7 @@
 
 #include "sdk/com/com.h"
 
-/// At `time`, in seconds, the property has `value`.
+/// A key frame: at `time`, in seconds, the property has `value`.
 struct DSKey {
     double time;
     double value;
@@ -15,15 +15,15 @@ struct DSKey {
     friend bool operator==(const DSKey&, const DSKey&) = default;
 };
 
-/// At least one key, sorted by time, each time once. Linear between keys, held outside them.
+/// At least one key frame, sorted by time, without two at the same time. The value is interpolated
+/// linearly between keys, and constant before the first and after the last.
 class DSSDK_API DSAnimation {
 public:
-    /// Sorts the keys; of several with one time the last given wins. No value for an empty list or
-    /// when a time or value is not finite.
+    /// Sorts the keys; of several with the same time, the one given last counts. No value if the
+    /// list is empty or a time or value is not finite.
     static std::optional<DSAnimation> fromKeys(std::vector<DSKey> keys);
 
-    /// The value at a time: a binary search and one interpolation. A time that is NaN reads the
-    /// last key.
+    /// The value at `time` in seconds, by binary search. For NaN the value of the last key.
     double valueAt(double time) const;
 
     const std::vector<DSKey>& keys() const { return keys_; }

@@ -7,7 +7,7 @@
 
 namespace {
 
-/// The plain value of a property, from its member and into it.
+/// Reads and writes the class member that holds a property's plain value.
 class Member {
 public:
     Member(CDSBasePropertyContainer& container, const CDSPropertiesMapEntry& entry)
@@ -114,8 +114,8 @@ HRESULT CDSBasePropertyContainer::Unadvise(ULONG cookie) {
 }
 
 HRESULT CDSBasePropertyContainer::OnPropertyChanged(const GUID& id, ULONG classification) {
-    // Observers may come and go while one is told, hence from cookie to cookie, which rise. What
-    // came since has seen the change.
+    // An observer may add or remove observers, so continue by cookie (cookies rise) and not by
+    // iterator. Observers added during the loop are not notified.
     const ULONG last = lastCookie_;
     ULONG told = 0;
     for (;;) {

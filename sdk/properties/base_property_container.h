@@ -1,4 +1,4 @@
-// An object with plain properties.
+// Base class of objects with properties, without animation.
 
 #pragma once
 
@@ -9,8 +9,8 @@
 #include "sdk/com/com_ptr.h"
 #include "sdk/properties/properties.h"
 
-/// Holds the plain values behind the static map, and the observers. The host serialises calls on
-/// one object, except for AddRef and Release.
+/// Implements properties that are declared in a static map, and notifies observers. The host must
+/// serialise calls on one object, except AddRef and Release.
 class DSSDK_API CDSBasePropertyContainer : public ComObject<IDSProperties> {
 public:
     HRESULT GetPropertyCount(ULONG* count) override;
@@ -20,8 +20,8 @@ public:
     HRESULT Advise(IDSPropertyObserver* observer, ULONG* cookie) override;
     HRESULT Unadvise(ULONG cookie) override;
 
-    /// Called after every change of a value or of keys; tells the observers that there are now. An
-    /// object calls it itself when it has changed its members.
+    /// Called after every change of a value or of key frames; notifies the observers. A class that
+    /// changes its members directly has to call it.
     virtual HRESULT OnPropertyChanged(const GUID& id, ULONG classification);
 
 protected:
@@ -31,15 +31,15 @@ protected:
     CDSBasePropertyContainer& operator=(const CDSBasePropertyContainer&) = delete;
     ~CDSBasePropertyContainer() override;
 
-    /// The property-map query: a class with properties overrides it and returns its static map, see
-    /// `InitStaticPropertyMap`. Null, the base's answer, is a class without properties.
+    /// The class's property map. A class with properties overrides this and returns its static map,
+    /// see `InitStaticPropertyMap`. Null: the class has no properties.
     virtual const CDSPropertiesMap* GetPropertyMap() { return nullptr; }
 
-    /// For that override: builds the map at the first query and gives the same one ever after.
+    /// For the override: builds the map in the first call; later calls return the same one.
     static const CDSPropertiesMap* InitStaticPropertyMap(
         DSStaticPropertiesMap& storage, std::span<const CDSPropertiesMapEntry> entries);
 
-    /// The map's entry; null for an unknown identifier.
+    /// The entry in the property map; null for an unknown identifier.
     const CDSPropertiesMapEntry* FindProperty(const GUID& id);
 
     void RemoveObservers() { observers_.clear(); }
@@ -50,7 +50,7 @@ private:
         ComPtr<IDSPropertyObserver> target;
     };
 
-    /// In the order of their cookies.
+    /// Sorted by cookie.
     std::vector<Observer> observers_;
     ULONG lastCookie_ = 0;
 };

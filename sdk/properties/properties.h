@@ -1,4 +1,4 @@
-// Properties as the host sees them: values, keys and notifications by identifier.
+// The host's interfaces to properties: values, key frames and notifications, by identifier.
 
 #pragma once
 
@@ -6,13 +6,13 @@
 #include "sdk/properties/animation.h"
 #include "sdk/properties/property_def.h"
 
-/// Stands where no property is meant.
+/// The identifier for "no property".
 inline constexpr GUID GUID_NoProperty = ruvex::guidFromText("96BBD590-4EBD-11D0-82B5-00A0243F1013");
-/// A notification with this identifier concerns every property.
+/// A notification with this identifier is about all properties.
 inline constexpr GUID GUID_AllProperties =
     ruvex::guidFromText("5B192010-2C0D-11D0-82AB-00A0243F1013");
 
-/// Told after a property has changed, on the thread that changed it.
+/// Is notified after a property has changed, on the thread that changed it.
 struct IDSPropertyObserver : IUnknown {
     virtual HRESULT PropertyChanged(const GUID& id, ULONG classification) = 0;
 
@@ -20,31 +20,32 @@ protected:
     ~IDSPropertyObserver() = default;
 };
 
-/// An unknown identifier, a value of another type than the property's, and a real that is not
-/// finite give E_INVALIDARG and change nothing; a missing pointer gives E_POINTER. Keys and
-/// observers may find no memory: E_OUTOFMEMORY, and nothing is changed.
+/// Errors of all functions, which then change nothing: E_INVALIDARG for an unknown identifier, a
+/// value of another type than the property's, or a real that is not finite; E_POINTER for a null
+/// pointer; E_OUTOFMEMORY if there is no memory for key frames or observers.
 struct IDSProperties : IUnknown {
     virtual HRESULT GetPropertyCount(ULONG* count) = 0;
-    /// Definition `index`, in the order of declaration; it lives as long as the module is loaded.
+    /// Gives definition `index`, in the order of declaration. Valid while the module is loaded.
     virtual HRESULT GetPropertyDef(ULONG index, const CDSParamDef** definition) = 0;
 
-    /// The value at `seconds`: the animated one, else the plain one.
+    /// Gives the value at `seconds`: from the animation if there is one, else the plain value.
     virtual HRESULT GetValue(const GUID& id, double seconds, VARIANT* value) = 0;
-    /// Stores the plain value of a property that is not animated; sets the key at `seconds` of one
-    /// that is.
+    /// Sets the plain value of a property that is not animated. Of an animated one, sets the key
+    /// frame at `seconds`.
     virtual HRESULT SetValue(const GUID& id, double seconds, const VARIANT* value) = 0;
 
-    /// Animates a real by the keys, in any order; of several at one time the last wins. What it was
-    /// animated by before is forgotten; no keys end the animation. E_INVALIDARG for a property that
-    /// cannot be animated.
+    /// Replaces the animation of a real by these key frames, in any order; of several at the same
+    /// time the last counts. A `count` of 0 removes the animation. E_INVALIDARG for a property that
+    /// can't be animated.
     virtual HRESULT SetKeys(const GUID& id, const DSKey* keys, ULONG count) = 0;
-    /// Ends an animation: the plain value holds again. S_FALSE when there was none.
+    /// Removes an animation; the property has its plain value again. S_FALSE if there was none.
     virtual HRESULT ClearKeys(const GUID& id) = 0;
-    /// The sorted keys: writes at most `capacity` of them and gives their full number in `count`.
-    /// `keys` may be null when `capacity` is 0.
+    /// Gives the key frames, sorted by time: writes at most `capacity` of them, and the number of
+    /// all to `count`. `keys` may be null if `capacity` is 0.
     virtual HRESULT GetKeys(const GUID& id, DSKey* keys, ULONG capacity, ULONG* count) = 0;
 
-    /// Observers are told in the order in which they came; the object holds a reference to each.
+    /// Adds an observer, keeps a reference to it and gives a cookie for Unadvise. Observers are
+    /// notified in the order in which they were added.
     virtual HRESULT Advise(IDSPropertyObserver* observer, ULONG* cookie) = 0;
     virtual HRESULT Unadvise(ULONG cookie) = 0;
 

@@ -1,4 +1,4 @@
-// Adds animation of reals to a property container.
+// A property container with animated reals.
 
 #pragma once
 
@@ -7,8 +7,8 @@
 
 #include "sdk/properties/base_property_container.h"
 
-/// Keeps an animation beside each real that has one. Reading a real that has none costs the same
-/// as reading its member, as long as nothing is animated; otherwise a scan over what is.
+/// Stores the animations of reals. Reading a value searches the list of animations, so it is as
+/// fast as reading the member while nothing is animated.
 class DSSDK_API CDSPropertyContainer : public CDSBasePropertyContainer {
 public:
     HRESULT GetValue(const GUID& id, double seconds, VARIANT* value) override;
@@ -23,8 +23,8 @@ public:
         return animation ? animation->valueAt(seconds) : memberValue;
     }
 
-    /// The animation of a real, for readers of many times in a row; null for one that has none. It
-    /// stays good until keys of this object change.
+    /// The animation of a real, for reading its values at many times; null if it is not animated.
+    /// Valid until key frames of this object change.
     const DSAnimation* FindAnimation(const GUID& id) const {
         for (const Animated& animated : animated_) {
             if (animated.id == id) return &animated.animation;
@@ -32,16 +32,16 @@ public:
         return nullptr;
     }
 
-    /// Takes over all animations of another object of the class; its own are forgotten.
+    /// Replaces all animations by copies of those of another object of the class.
     void CopyAnimation(const CDSPropertyContainer& source) { animated_ = source.animated_; }
 
 protected:
     CDSPropertyContainer() = default;
-    /// Animations do not come along: see `CopyAnimation`.
+    /// Does not copy animations; see `CopyAnimation`.
     CDSPropertyContainer(const CDSPropertyContainer& source) : CDSBasePropertyContainer(source) {}
     ~CDSPropertyContainer() override = default;
 
-    /// Ends all animations without telling the observers.
+    /// Removes all animations without notifying the observers.
     void RemoveAnimations() { animated_.clear(); }
 
 private:

@@ -1,4 +1,4 @@
-// How a class declares its properties: a static list of definitions, each tied to a member.
+// The static property map of a class: definitions, each with the member that holds its value.
 
 #pragma once
 
@@ -16,13 +16,14 @@ class CDSBasePropertyContainer;
 /// The classification of an effect's parameters.
 inline constexpr ULONG DSCLASS_EFFECT_PARAMETER = 32768;
 
-/// What the host may do with a property: keep a plain value; keep a value and animate it; keep a
-/// value that only the user interface reads.
+/// Capabilities of a property: a plain value; a value that can be animated; a value that only the
+/// user interface reads.
 inline constexpr ULONG DSCAPS_PLAIN = 4;
 inline constexpr ULONG DSCAPS_ANIMATABLE = 5;
 inline constexpr ULONG DSCAPS_USER_INTERFACE = 532;
 
-/// A property by itself. The strings are found in `module`; id and short id may be the same.
+/// The definition of a property. The string numbers refer to the string table of `module`; id and
+/// short id may be the same.
 struct CDSParamDef {
     GUID id;
     HINSTANCE module;
@@ -38,9 +39,9 @@ struct CDSParamDef {
     bool animatable() const { return capabilities == DSCAPS_ANIMATABLE && type == VT_R8; }
 };
 
-/// Ties a definition to the member that holds its plain value: a double for VT_R8, a 32-bit signed
-/// integer for VT_I4 and VT_BOOL. The function gives the member's address in an object of the class
-/// that declares the map; `index` is handed to it, so that one function can serve a whole table.
+/// A definition, and the member that holds the plain value: a double for VT_R8, a 32-bit signed
+/// integer for VT_I4 and VT_BOOL. The function returns the member's address in an object of the
+/// class; it receives `index`, so that one function can serve all entries.
 struct CDSPropertiesMapEntry {
     using MemberAddress = void*(CDSBasePropertyContainer& container, std::uint32_t index);
 
@@ -55,9 +56,9 @@ void* DSMemberOf(CDSBasePropertyContainer& container, std::uint32_t) {
     return &(static_cast<Class&>(container).*Member);
 }
 
-/// The static map of one class, read by all its objects on any thread. A view: the entries live as
-/// long as the class's module. It needs no memory, so that no query of a property can run out of
-/// it.
+/// The property map of a class, shared by all its objects and threads. It is a view of entries that
+/// exist as long as the class's module, and allocates nothing, so that looking up a property can't
+/// fail for lack of memory.
 class DSSDK_API CDSPropertiesMap {
 public:
     explicit CDSPropertiesMap(std::span<const CDSPropertiesMapEntry> entries) noexcept
@@ -66,14 +67,14 @@ public:
     /// In the order of declaration.
     std::span<const CDSPropertiesMapEntry> entries() const { return entries_; }
 
-    /// Null when the class has no such property. A walk over the entries.
+    /// The entry of a property, by linear search; null if the class has no such property.
     const CDSPropertiesMapEntry* find(const GUID& id) const;
 
 private:
     std::span<const CDSPropertiesMapEntry> entries_;
 };
 
-/// Where a class keeps its map: a static object of the class, filled at the first query.
+/// Storage for the map of a class: a static object, filled by the first InitStaticPropertyMap.
 struct DSStaticPropertiesMap {
     std::once_flag once;
     std::optional<CDSPropertiesMap> map;

@@ -20,7 +20,7 @@ struct Registry {
     }
 };
 
-/// Runs one operation on the store in use. Nothing is thrown into a module.
+/// Runs an operation on the store in use; exceptions become status codes.
 template <class Operation>
 HRESULT onStore(Operation operation) {
     Registry& registry = Registry::get();
@@ -31,7 +31,7 @@ HRESULT onStore(Operation operation) {
     });
 }
 
-/// The module's string; empty when it has none of that number.
+/// String `stringId` of the module's string table; empty if there is none.
 std::wstring textOf(HINSTANCE module, UINT stringId) {
     wchar_t buffer[260];
     const int length = LoadStringW(module, stringId, buffer, static_cast<int>(std::size(buffer)));

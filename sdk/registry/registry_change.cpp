@@ -6,7 +6,7 @@
 namespace ruvex {
 namespace {
 
-/// A key and all below it, keys before those below them; nothing for a key that is not there.
+/// Appends a registry key and all its subkeys, parents first; nothing if the key does not exist.
 void append(const std::wstring& path, std::vector<RegistrySnapshot>& keys) {
     const RegistryKey key = RegistryKey::open(path);
     if (!key) return;
@@ -46,7 +46,7 @@ RegistryChange::~RegistryChange() {
     try {
         putBack();
     } catch (const std::exception&) {
-        // Neither memory nor leave to look: as far as it got.
+        // Out of memory, or no permission to read a key: the rest is not restored.
     }
 }
 

@@ -1,4 +1,4 @@
-// Changes of the system's registry that happen as a whole or not at all. Windows alone.
+// A transaction over keys of the system's registry. Windows only.
 
 #pragma once
 
@@ -10,15 +10,15 @@
 
 namespace ruvex {
 
-/// A key with its values, by its whole path.
+/// The full path and the values of a registry key.
 struct RegistrySnapshot {
     std::wstring path;
     std::vector<RegistryValue> values;
 };
 
-/// Keeps what lies at some places of the registry, each with all below it, and puts it back at its
-/// end unless the change was kept. What cannot be put back, since it cannot be written, could not
-/// be changed before either.
+/// Saves some registry keys with their subkeys; the destructor restores them unless the change was
+/// committed with `keep`. A key that can't be written can't be restored, but then it can't have
+/// been changed either.
 class RegistryChange {
 public:
     /// Throws RegistryUnreadable.
@@ -33,7 +33,7 @@ private:
     void putBack() const;
 
     std::vector<std::wstring> places_;
-    /// Keys before those below them.
+    /// Parents before their subkeys.
     std::vector<RegistrySnapshot> before_;
     bool kept_ = false;
 };

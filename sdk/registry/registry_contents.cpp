@@ -32,7 +32,7 @@ HRESULT removeClass(DSRegistryContents& contents, const GUID& classId) {
 }
 
 HRESULT addFamilies(DSRegistryContents& contents, std::span<const DSRegisteredFamily> entries) {
-    // On a copy, so that running out of memory leaves the table as it was.
+    // On a copy, so that the table is unchanged if memory runs out.
     DSRegistryContents changed = contents;
     for (const DSRegisteredFamily& entry : entries) removeMatching(changed, entry);
     changed.families.insert(changed.families.end(), entries.begin(), entries.end());

@@ -1,4 +1,4 @@
-// The registry's table in memory: how entries come and go, and its text in a file.
+// The registry's contents in memory: adding and removing entries, and its text form.
 
 #pragma once
 
@@ -10,17 +10,17 @@
 
 namespace ruvex {
 
-/// The operations of a DSRegistryStore on a table in memory.
+/// The functions of DSRegistryStore, applied to contents in memory.
 HRESULT addClass(DSRegistryContents& contents, const DSRegisteredClass& entry);
 HRESULT removeClass(DSRegistryContents& contents, const GUID& classId);
 HRESULT addFamilies(DSRegistryContents& contents, std::span<const DSRegisteredFamily> entries);
 HRESULT removeFamilies(DSRegistryContents& contents, const GUID& classId,
                        std::span<const GUID> families);
 
-/// One line an entry, its fields parted by tabs, in UTF-8; `parseRegistry` reads it back.
+/// The contents as UTF-8 text: one line per entry, fields separated by tabs.
 DSSDK_API std::string registryText(const DSRegistryContents& contents);
 
-/// No value for anything that `registryText` does not write.
+/// Parses the result of `registryText`. No value for any other text.
 DSSDK_API std::optional<DSRegistryContents> parseRegistry(std::string_view text);
 
 }  // namespace ruvex

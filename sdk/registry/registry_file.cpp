@@ -1,4 +1,4 @@
-// The registry where the system has none of its own: a file.
+// A registry in a file, for systems without a registry.
 
 #include <cerrno>
 #include <cstdlib>
@@ -14,7 +14,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// An open file, or none.
+/// Owns a file descriptor, or none.
 class Descriptor {
 public:
     Descriptor(const fs::path& file, int flags)
@@ -54,7 +54,7 @@ bool writeAll(const Descriptor& file, std::string_view text) {
     return fsync(file.number()) == 0;
 }
 
-/// The file appears complete or stays as it was.
+/// Writes the file atomically: it is replaced as a whole, or unchanged. False on failure.
 bool replace(const fs::path& file, std::string_view text) {
     fs::path partial = file;
     partial += '.';
@@ -90,8 +90,8 @@ public:
     HRESULT read(DSRegistryContents& contents) override;
 
 private:
-    /// One change, with the folder locked so that processes take turns: the file itself is no place
-    /// for a lock, since it is replaced.
+    /// Makes one change while the folder is locked against other processes. The file itself can't
+    /// be locked, since every change replaces it.
     template <class Edit>
     HRESULT edit(Edit change);
     HRESULT write(const DSRegistryContents& contents);
@@ -132,8 +132,8 @@ HRESULT FileRegistry::write(const DSRegistryContents& contents) {
     return replace(file_, ruvex::registryText(contents)) ? S_OK : REGDB_E_WRITEREGDB;
 }
 
-/// The user's data folder by the usual rule of the desktop; the current one for a user without
-/// home.
+/// The user's data folder (XDG_DATA_HOME, or .local/share in the home folder); without a home
+/// folder the current folder.
 fs::path dataFolder() {
     const auto folder = [](const char* name) {
         const char* value = std::getenv(name);

@@ -7,8 +7,8 @@ namespace {
 
 const HKEY kRoot = HKEY_LOCAL_MACHINE;
 
-/// Asked before anything is removed, for not every system looks at the rights to a key when it
-/// removes it.
+/// Whether the key may be deleted. Checked before anything is deleted, since not every system
+/// checks the permissions of a key when it deletes it.
 bool isRemovable(const std::wstring& path) {
     HKEY key = nullptr;
     if (RegOpenKeyExW(kRoot, path.c_str(), 0, KEY_READ | KEY_SET_VALUE | DELETE, &key) !=
@@ -96,7 +96,7 @@ std::vector<RegistryValue> RegistryKey::values() const {
     }
     std::vector<RegistryValue> values;
     for (DWORD index = 0;; ++index) {
-        // The system's lengths leave out the zero behind a name.
+        // The length that the system gives does not include the terminating zero.
         DWORD length = longestName + 1;
         DWORD bytes = longestData;
         RegistryValue value{std::wstring(length, L'\0'), 0, std::vector<BYTE>(bytes + 1)};
@@ -132,7 +132,7 @@ bool removeRegistryTree(const std::wstring& path) {
     if (!registryKeyExists(path)) return true;
     if (!isRemovable(path)) return false;
     if (RegDeleteTreeW(kRoot, path.c_str()) != ERROR_SUCCESS) return false;
-    // The key itself goes with the tree on some systems and stays, empty, on others.
+    // On some systems this deletes the key itself too, on others it remains, empty.
     RegDeleteKeyW(kRoot, path.c_str());
     return !registryKeyExists(path);
 }

@@ -1,4 +1,4 @@
-// Keys of the system's registry. Windows alone.
+// Keys of the system's registry. Windows only.
 
 #pragma once
 
@@ -10,13 +10,13 @@
 
 namespace ruvex {
 
-/// There is something at a place of the registry that is not to be read.
+/// A registry key or value exists but can't be read.
 class RegistryUnreadable : public std::runtime_error {
 public:
-    RegistryUnreadable() : std::runtime_error("the registry is not to be read") {}
+    RegistryUnreadable() : std::runtime_error("the registry can't be read") {}
 };
 
-/// A value of any type, as it is stored. The key's own has an empty name.
+/// A registry value of any type, as raw bytes. A key's default value has an empty name.
 struct RegistryValue {
     std::wstring name;
     DWORD type;
@@ -25,13 +25,14 @@ struct RegistryValue {
     friend bool operator==(const RegistryValue&, const RegistryValue&) = default;
 };
 
-/// An open key; closed at its end. Paths are below HKEY_LOCAL_MACHINE.
+/// An open registry key; the destructor closes it. Paths are relative to HKEY_LOCAL_MACHINE.
 class RegistryKey {
 public:
-    /// For reading. Null inside, which `operator bool` tells, when the key is not there. Throws
-    /// RegistryUnreadable.
+    /// Opens a key for reading. If it does not exist, `operator bool` of the result is false.
+    /// Throws RegistryUnreadable.
     static RegistryKey open(const std::wstring& path);
-    /// Makes it and those above it where they are missing; null when it is not to be written.
+    /// Opens a key for writing; creates it and its parents if missing. If it can't be written,
+    /// `operator bool` of the result is false.
     static RegistryKey create(const std::wstring& path);
 
     ~RegistryKey();
@@ -40,7 +41,7 @@ public:
 
     explicit operator bool() const { return key_ != nullptr; }
 
-    /// An empty name is the key's own value.
+    /// Sets a text value; an empty name is the key's default value. False on failure.
     bool set(const wchar_t* name, const std::wstring& text) const;
     bool set(const wchar_t* name, DWORD number) const;
     bool set(const RegistryValue& value) const;
@@ -48,10 +49,10 @@ public:
     std::optional<std::wstring> text(const wchar_t* name) const;
     std::optional<DWORD> number(const wchar_t* name) const;
 
-    /// All of them. Throws RegistryUnreadable.
+    /// All values of the key. Throws RegistryUnreadable.
     std::vector<RegistryValue> values() const;
 
-    /// The names of the keys directly below. Throws RegistryUnreadable.
+    /// The names of the direct subkeys. Throws RegistryUnreadable.
     std::vector<std::wstring> names() const;
 
 private:
@@ -63,10 +64,10 @@ private:
 /// Throws RegistryUnreadable.
 bool registryKeyExists(const std::wstring& path);
 
-/// Removes a key with all below it; one that is not there counts as removed.
+/// Deletes a key with all subkeys. True if it is deleted or did not exist.
 bool removeRegistryTree(const std::wstring& path);
 
-/// Removes a key that has none below it; others stay.
+/// Deletes a key unless it has subkeys.
 void removeRegistryKeyIfEmpty(const std::wstring& path);
 
 }  // namespace ruvex

@@ -1,4 +1,4 @@
-// Where the table of installed effects is kept.
+// Storage of the registry: in memory, in a file or in the system's registry.
 
 #pragma once
 
@@ -14,7 +14,7 @@ struct DSRegisteredClass {
     GUID classId;
     UINT stringId;
     std::wstring description;
-    std::filesystem::path module;  ///< the file that serves the class; empty when it is not known
+    std::filesystem::path module;  ///< the file of the class's module; empty if unknown
 
     friend bool operator==(const DSRegisteredClass&, const DSRegisteredClass&) = default;
 };
@@ -28,7 +28,7 @@ struct DSRegisteredFamily {
     friend bool operator==(const DSRegisteredFamily&, const DSRegisteredFamily&) = default;
 };
 
-/// Both in the order of registration.
+/// The registered classes and families, each in the order of registration.
 struct DSRegistryContents {
     std::vector<DSRegisteredClass> classes;
     std::vector<DSRegisteredFamily> families;
@@ -37,34 +37,34 @@ struct DSRegistryContents {
     friend bool operator==(const DSRegistryContents&, const DSRegistryContents&) = default;
 };
 
-/// One operation at a time. An operation that fails leaves the store as it was. What is not to be
-/// read gives REGDB_E_READREGDB, what is not to be written REGDB_E_WRITEREGDB, and what is no
-/// registry REGDB_E_INVALIDVALUE.
+/// A store is not thread-safe. A function that fails leaves the store unchanged. It returns
+/// REGDB_E_READREGDB if the store can't be read, REGDB_E_WRITEREGDB if it can't be written, and
+/// REGDB_E_INVALIDVALUE if its contents are malformed.
 class DSSDK_API DSRegistryStore {
 public:
     virtual ~DSRegistryStore() = default;
 
-    /// An entry of the same class is replaced, in its place.
+    /// Adds an entry, or replaces the entry of the same class at its position.
     virtual HRESULT addClass(const DSRegisteredClass& entry) = 0;
-    /// REGDB_E_CLASSNOTREG when there is no such entry.
+    /// Removes an entry; REGDB_E_CLASSNOTREG if there is none.
     virtual HRESULT removeClass(const GUID& classId) = 0;
-    /// Entries of one class in the order of its families. What it had of these families is
-    /// replaced.
+    /// Adds entries of one class, in the order of its families. Replaces its existing entries in
+    /// these families.
     virtual HRESULT addFamilies(std::span<const DSRegisteredFamily> entries) = 0;
-    /// REGDB_E_CLASSNOTREG when the class is in none of them.
+    /// Removes the class's entries in these families; REGDB_E_CLASSNOTREG if there are none.
     virtual HRESULT removeFamilies(const GUID& classId, std::span<const GUID> families) = 0;
     virtual HRESULT read(DSRegistryContents& contents) = 0;
 };
 
-/// A store that ends with the process, empty at first.
+/// A store in memory, initially empty.
 DSSDK_API std::shared_ptr<DSRegistryStore> DSMemoryRegistry();
 
-/// A small text file, shared by processes that take turns. Its folder is made when it is first
-/// needed; the file is there as long as something is registered, and is replaced as a whole. There
-/// is none where the system has a registry of its own.
+/// A store in a small text file, which several processes may share: changes lock it and replace it
+/// as a whole. Its folder is created when first needed; the file exists only while something is
+/// registered. Not available on Windows.
 DSSDK_API std::shared_ptr<DSRegistryStore> DSFileRegistry(std::filesystem::path file);
 
-/// The one that every program on the machine sees: the system's own, where classes are entered so
-/// that CoCreateInstance finds them; elsewhere the user's file, which is RUVEX_REGISTRY of the
-/// environment, or ruvex/registry in the user's data folder.
+/// The store that all programs share. On Windows: the system's registry, with classes where
+/// CoCreateInstance looks for them. Elsewhere: the file named by the environment variable
+/// RUVEX_REGISTRY, or ruvex/registry in the user's data folder.
 DSSDK_API std::shared_ptr<DSRegistryStore> DSSystemRegistry();

@@ -1,4 +1,4 @@
-// The registry's table as text.
+// The registry's contents as text.
 
 #include <charconv>
 #include <initializer_list>
@@ -13,7 +13,7 @@ constexpr std::string_view kHead = "V_Ruvex registry 1\n";
 constexpr std::string_view kClass = "class";
 constexpr std::string_view kFamily = "family";
 
-/// A field that holds neither tab nor line end.
+/// The text with tabs and line ends escaped.
 std::string escaped(std::string_view text) {
     std::string field;
     for (const char c : text) {
@@ -132,8 +132,8 @@ std::optional<DSRegistryContents> parseRegistry(std::string_view text) {
         if (!readLine(rest.substr(0, end), contents)) return std::nullopt;
         rest.remove_prefix(end + 1);
     }
-    // Numbers, identifiers and letters have several forms, of which one is written. Whatever has
-    // another one, or lines in another order, was not written here.
+    // Accept only what registryText writes: other spellings of a number or identifier, or another
+    // order of lines, are refused.
     return registryText(contents) == text ? std::optional(contents) : std::nullopt;
 }
 

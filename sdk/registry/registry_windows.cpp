@@ -1,5 +1,5 @@
-// The system's registry: classes are entered where the system's own CoCreateInstance looks for
-// them, and once more, with what it has no place for, under a key of the host's.
+// The store in the system's registry. Classes are registered where the system's CoCreateInstance
+// looks for them. A key of the host has the same classes with the fields that have no place there.
 
 #include <algorithm>
 #include <utility>
@@ -37,7 +37,7 @@ std::wstring familiesOf(const GUID& id) {
     return kFamilies + L"\\" + braced(id);
 }
 
-/// An entry with its place in the order of registration, which the system does not keep.
+/// An entry with its number in the order of registration, which the system does not preserve.
 template <class Entry>
 using Placed = std::pair<DWORD, Entry>;
 
@@ -127,7 +127,7 @@ void removeIfEmpty(const std::wstring& path) {
     if (key && key.names().empty()) ruvex::removeRegistryKeyIfEmpty(path);
 }
 
-/// Nothing is left behind of a host without effects.
+/// Deletes the host's keys if no effect is registered any more.
 void removeEmptyKeys() {
     for (const std::wstring& path : {kClasses, kFamilies, kHost}) removeIfEmpty(path);
 }
@@ -141,7 +141,7 @@ HRESULT reading(Operation operation) {
     }
 }
 
-/// One change of what lies at these places. It is kept if it succeeds.
+/// Runs a transaction over these keys: the change is kept only if the operation succeeds.
 template <class Operation>
 HRESULT changing(std::initializer_list<std::wstring> places, Operation operation) {
     return reading([&] {

@@ -1,4 +1,4 @@
-// Little-endian numbers out of a run of bytes, never past its end.
+// Reads little-endian numbers from a span of bytes, with bounds checks.
 
 #pragma once
 
@@ -9,8 +9,8 @@
 
 namespace ruvex {
 
-/// Reads from the front on. The first read past the end fails the reader: from there on every read
-/// gives 0 or nothing, so that a caller may read a whole structure and ask once.
+/// Reads in sequence from the first byte on. After a read past the end the reader has failed, and
+/// every further read gives 0 or an empty span: a caller may read a whole structure and check once.
 class ByteReader {
 public:
     explicit ByteReader(std::span<const unsigned char> bytes) : bytes_(bytes) {}
@@ -19,7 +19,7 @@ public:
     std::size_t position() const { return position_; }
     std::size_t remaining() const { return bytes_.size() - position_; }
 
-    /// The next `count` bytes; empty when there are fewer.
+    /// The next `count` bytes; empty if there are fewer.
     std::span<const unsigned char> take(std::size_t count) {
         if (failed_ || count > remaining()) {
             failed_ = true;
@@ -41,7 +41,7 @@ public:
         return low | high << 16;
     }
 
-    /// Goes on to the next multiple of 4 from the front. The padding behind the last structure may
+    /// Skips to the next offset that is a multiple of 4. The padding after the last structure may
     /// be missing.
     void alignTo4() { position_ = std::min((position_ + 3) & ~std::size_t{3}, bytes_.size()); }
 

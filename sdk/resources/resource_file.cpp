@@ -5,11 +5,12 @@
 namespace ruvex {
 namespace {
 
-/// Stands before a type or name that is a number.
+/// The marker before a type or name that is a number.
 constexpr std::uint16_t kNumberMark = 0xFFFF;
-/// Version of the data, memory flags, language, version, characteristics: behind type and name.
+/// Bytes of the fields after type and name: data version, memory flags, language, version,
+/// characteristics.
 constexpr std::size_t kHeaderTail = 16;
-/// Strings come in blocks of 16; block n holds the identifiers from (n - 1) * 16 on.
+/// String tables are stored in blocks of 16 strings; block n begins with identifier (n - 1) * 16.
 constexpr std::uint16_t kStringsPerBlock = 16;
 
 ResourceName readName(ByteReader& reader) {
@@ -21,8 +22,8 @@ ResourceName readName(ByteReader& reader) {
     return {std::nullopt, ResourceText(start.take(2 * length))};
 }
 
-/// The record at the reader's position, with the reader moved behind it; none at the end of the
-/// file and where the sizes that the record gives cannot be true.
+/// Reads the record at the reader's position. No value at the end of the file, and if the sizes in
+/// the record exceed the file.
 std::optional<ResourceRecord> readRecord(ByteReader& reader) {
     const std::size_t start = reader.position();
     const std::uint32_t dataSize = reader.u32();

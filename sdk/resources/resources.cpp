@@ -17,8 +17,7 @@ constexpr bool isTrailing(char16_t unit) {
     return unit >= 0xDC00 && unit <= 0xDFFF;
 }
 
-/// The code point at unit `i`, which moves on behind it; half a pair becomes the replacement
-/// character.
+/// The code point at unit `i`; advances `i` past it. An unpaired surrogate becomes U+FFFD.
 wchar_t takeCodePoint(const ruvex::ResourceText& text, std::size_t& i) {
     const char16_t unit = text[i++];
     if (isLeading(unit) && i < text.size() && isTrailing(text[i])) {

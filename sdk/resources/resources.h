@@ -1,4 +1,4 @@
-// The system's way to a module's strings, where the system has none of its own.
+// LoadStringW for systems without it: reads a module's string table.
 
 #pragma once
 
@@ -7,12 +7,11 @@
 
 #ifndef _WIN32
 
-/// Copies the string `id` of the module's resources into `buffer`, which holds `size` characters,
-/// and ends it with a zero; what does not fit is cut off. Returns the number of characters copied
-/// without the zero: 0 for an unknown string, an empty buffer or no module. It needs no memory.
-/// Only the low 16 bits of `id` count. A character is a whole code point here, where wchar_t has
-/// room for one. Unlike the system's, a size of 0 does not give out a pointer to the resource
-/// itself.
+/// Copies string `id` of the module's string table into `buffer`, which has room for `size`
+/// characters, truncated if necessary and terminated by a zero. Returns the number of characters
+/// without the zero: 0 for an unknown string, an empty buffer or no module. Allocates nothing. Only
+/// the low 16 bits of `id` count. With a 32-bit wchar_t, a character is a code point. Unlike the
+/// system's function, a size of 0 does not give a pointer to the resource.
 DSSDK_API int LoadStringW(HINSTANCE module, unsigned int id, wchar_t* buffer, int size);
 
 #endif

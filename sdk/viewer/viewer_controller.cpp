@@ -39,7 +39,7 @@ HRESULT VWControllerRemoveContext(ULONG id) {
         const std::lock_guard lock(all.mutex);
         const auto found = std::ranges::find(all.contexts, id, &VWContext::id);
         if (found == all.contexts.end()) return E_INVALIDARG;
-        // Let go without the lock: a tool that ends may ask for the viewer again.
+        // Release it after the lock: the destructor of a tool may call the viewer again.
         removed = std::move(*found);
         all.contexts.erase(found);
     }

@@ -1,4 +1,4 @@
-// The host's viewer: which tools draw over it.
+// The tools that draw over the host's viewer.
 
 #pragma once
 
@@ -6,17 +6,18 @@
 
 #include "sdk/com/com_ptr.h"
 
-/// The type of a context for an interactive tool.
+/// The context type of an interactive tool.
 inline constexpr ULONG VWCONTEXT_INTERACTIVE_TOOL = 19;
 
-/// Has the viewer of `object` show `tool` until the context is removed. The host holds a reference
-/// to each of the interfaces; the last two and the number are kept as they are given. `*id` names
-/// the context. E_POINTER for a missing tool, object or `id`; E_OUTOFMEMORY. Any thread.
+/// Shows `tool` in the viewer of `object` until the context is removed; `*id` identifies the
+/// context. The host keeps a reference to each interface. The last two interfaces and the number
+/// are stored unchanged. E_POINTER for a null tool, object or `id`; E_OUTOFMEMORY. May be called
+/// from any thread.
 DSVWR_API HRESULT VWControllerPushContext(ULONG type, IUnknown* tool, IUnknown* object,
                                           IUnknown* first, IUnknown* second, double number,
                                           ULONG* id);
 
-/// E_INVALIDARG for a context that is not there.
+/// Removes a context; E_INVALIDARG if there is none with this `id`.
 DSVWR_API HRESULT VWControllerRemoveContext(ULONG id);
 
 struct VWContext {
@@ -29,5 +30,5 @@ struct VWContext {
     double number;
 };
 
-/// The host's side: all contexts, the latest last.
+/// For hosts: all contexts, in the order in which they were added.
 DSVWR_API std::vector<VWContext> VWControllerContexts();
