@@ -18,8 +18,9 @@ std::uint32_t channelsToRestore(const VxDsEffect& effect, const ChannelMask& mas
     return channels;
 }
 
-// Cuts a stretch to the pixels that exist on the axes of both images: a window outside the output
-// would be held to its edge, and give that edge pixels that the input does not have.
+// Clips the range first..last to the pixels that both images have on this axis. Without this, a
+// processor would clip a window outside the output to the output's edge, where the input has no
+// pixels.
 void cut(std::int32_t& first, std::int32_t& last, const TexAxis& input, const TexAxis& output) {
     first = std::max({first, input.origin, output.offset});
     last = std::min(

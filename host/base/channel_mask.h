@@ -1,4 +1,4 @@
-// Giving channels back to the input that the user keeps from the effect.
+// The channel mask: restores the input's channels that the effect must not change.
 
 #pragma once
 
@@ -7,22 +7,23 @@
 
 namespace ruvex {
 
-/// Which channels the effect may change; 0 gives one back to the input.
+/// The channels that the effect may change; a channel with 0 is copied from the input.
 struct ChannelMask {
     std::int32_t red, green, blue, alpha;
 };
 
-/// Copies the channels whose mask is 0 from `input` to `output`, within the effect's region and
-/// the input's own rectangle. Alpha takes part only where the effect says so. The input's range
-/// becomes the whole of it.
+/// Copies the channels with mask 0 from `input` to `output`, within the effect's region and the
+/// input's rectangle; alpha only if `effect.alphaMaskable` is set. Sets the input's valid range to
+/// the whole input.
 template <class P>
 void fixChannelMask(VxDsEffect& effect, VxTexture<P>& output, VxTexture<P>& input,
                     const ChannelMask& mask);
 
-/// The part of `effect`'s region that the finishing steps work in, in rows of the output.
+/// The region of `effect` for the finishing steps, in pixels of the output: for a field of half
+/// height, rows are halved.
 PixelRegion finishingRegion(const VxDsEffect& effect);
 
-/// The field that a processor which skips rows is told; 0 is all rows.
+/// The field mode for processors: 0 all rows; 1 or 2 if the other field's rows are skipped.
 std::int32_t fieldOf(const VxDsEffect& effect);
 
 extern template void fixChannelMask(VxDsEffect&, VxTexture<Rgba8>&, VxTexture<Rgba8>&,

@@ -1,4 +1,4 @@
-// The identifiers of the classes that the module serves. The effect's own is shared with its hosts.
+// The class identifiers that the module registers. The effect's own is in sdk/effect, for hosts.
 
 #pragma once
 
@@ -15,7 +15,7 @@ inline constexpr GUID kShashPageId = guidFromText("A58AD5AB-4CD7-4929-8E39-32128
 inline constexpr GUID kEffectsPageId = guidFromText("D69C227D-225A-48B8-998B-9AC1F8E2154E");
 inline constexpr GUID kToolClassId = guidFromText("6EBC28D8-0306-446E-9285-F5BF7111D075");
 inline constexpr GUID kHelpPageId = guidFromText("633BF221-759B-4B4A-B863-64706872769D");
-/// Shared between effects of the family, whence the block of another one.
+/// The crop page is shared with other effects of the family, so its identifier looks different.
 inline constexpr GUID kCropPageId = guidFromText("D9885DBA-EAB5-4D09-ADFE-A35A1E0693C3");
 
 }  // namespace ruvex

@@ -8,12 +8,12 @@
 namespace ruvex {
 namespace {
 
-// A fraction of an axis in whole pixels.
+// A fraction of an axis as a buffer index, truncated.
 std::int32_t along(const TexAxis& axis, float fraction) {
     return truncateToInt(static_cast<float>(axis.size) * fraction);
 }
 
-// The same in image space.
+// The same as an image-space coordinate.
 std::int32_t placed(const TexAxis& axis, float fraction) {
     return truncateToInt(static_cast<float>(axis.size) * fraction +
                          static_cast<float>(axis.origin));

@@ -1,4 +1,4 @@
-// The crop window of the input, and blanking what lies outside it.
+// The crop of the input, and the blanking of the output outside it.
 
 #pragma once
 
@@ -9,13 +9,13 @@
 
 namespace ruvex {
 
-/// Sets the index model of an input by the effect's crop: the window, and with crop mode 2 the edge
-/// methods and the edge colour. No pixel moves.
+/// Sets the valid range of an input's axes to the effect's crop window and, for
+/// CropMode::WindowEdges, its edge methods and fill pixel. No pixel is copied.
 template <class P>
 void applyCrop(const VxDsEffect& effect, VxTexture<P>& texture);
 
-/// Clears to zero what of `output` lies outside the crop of `input`, within `region` (all of the
-/// output without one). The effect's interruption record stops it.
+/// Sets the pixels of `output` outside the crop window of `input` to zero, within `region` (without
+/// a value: the whole output). Stops when the effect is interrupted.
 template <class P>
 void blankOutside(VxDsEffect& effect, VxTexture<P>& output, const VxTexture<P>& input,
                   const std::optional<PixelRegion>& region);

@@ -1,4 +1,4 @@
-// What a clone may write into the effect that it was made from.
+// The state that a clone may write to the effect it was cloned from.
 
 #pragma once
 
@@ -8,9 +8,9 @@
 
 namespace ruvex {
 
-/// The geometry that an effect shows to its user, shared between the effect and its clones. A clone
-/// renders on a thread of its own and may outlive its source, hence the lock and the shared
-/// ownership.
+/// The geometry of the latest frame, which the on-screen controls use, shared by an effect and its
+/// clones. It has a lock, since a clone renders on another thread, and is held by shared pointers,
+/// since a clone may outlive its source.
 class EffectLink {
 public:
     FrameGeometry geometry() const {

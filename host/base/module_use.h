@@ -1,4 +1,4 @@
-// What the module knows of itself: its handle, and how many things keep it loaded.
+// The module's handle and its count of live objects, while which it must stay loaded.
 
 #pragma once
 
@@ -9,13 +9,13 @@
 
 namespace ruvex {
 
-/// The module's handle, stored at load, before any object is made.
+/// The module's handle. DllMain sets it at load, before any object is created.
 extern HINSTANCE moduleInstance;
 
-/// Live class factories, server locks and live objects of the whole module.
+/// The number of live objects, live class factories and server locks of the module.
 extern std::atomic<std::int32_t> objectCount;
 
-/// Keeps the module loaded as long as it lives. A copy counts for itself.
+/// Keeps the module loaded during its lifetime, by counting in objectCount.
 class ModuleUse {
 public:
     ModuleUse() { ++objectCount; }

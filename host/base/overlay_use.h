@@ -1,4 +1,4 @@
-// An effect's on-screen controls, as long as pages want them.
+// Shows an effect's on-screen controls while property pages use them.
 
 #pragma once
 
@@ -6,24 +6,24 @@
 
 namespace ruvex {
 
-/// Counts its users; the first one brings up the tool in the viewer, the last one takes it away.
-/// The user-interface thread alone.
+/// Counts the pages that use the controls. The first one shows the tool in the viewer, the last one
+/// removes it. Only for the user-interface thread.
 class OverlayUse {
 public:
     OverlayUse() = default;
-    /// What a clone does not share.
+    /// A clone starts without users.
     OverlayUse(const OverlayUse&) : OverlayUse() {}
     OverlayUse& operator=(const OverlayUse&) = delete;
     ~OverlayUse() { endAll(); }
 
-    /// One user more, who inspects `object`. A tool that cannot be made or shown is the status, and
-    /// there are no more users than before.
+    /// Adds a user that edits `object`. If the tool can't be created or shown, returns the error
+    /// and adds no user.
     HRESULT begin(IUnknown& object);
-    /// One user less; without users nothing.
+    /// Removes a user. Does nothing if there is none.
     void end();
     void endAll();
 
-    /// Null without users.
+    /// The tool in the viewer; null without users.
     IUnknown* tool() const { return tool_.get(); }
 
 private:

@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::int32_t kFullMask = 255;
 
-// One image's pixels along a row of the output, without an edge method: null outside.
+// The pixels of an image along a row of the output. Null outside the image; no edge method applies.
 template <class P>
 class RowReader {
 public:

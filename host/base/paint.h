@@ -1,4 +1,4 @@
-// Painting the effect onto the picture through a brush's mask.
+// Blends the effect with its input through the mask of a paint stroke.
 
 #pragma once
 
@@ -10,15 +10,15 @@ namespace ruvex {
 
 using MaskTexture = VxTexture<Channel8>;
 
-/// Blends the Map, which holds the effect, with the input by a mask byte: 0 is the input, 255 the
-/// effect. Where there is no mask the input shows; where there is no input, nothing does.
+/// Blends the Map, which holds the effect, with the input according to the mask: 0 is the input,
+/// 255 the effect. Outside the mask the result is the input; outside the input it is zero.
 template <class P>
 class VxDsPaintCombiner : public Combiner<VxTexture<P>, VxTexture<P>, MaskTexture> {
 public:
     void work(VxTexture<P>* input, MaskTexture* mask, VxTexture<P>* output) override;
 };
 
-/// Runs it over the effect's region. The input is seen whole, whatever its crop.
+/// Runs VxDsPaintCombiner over the effect's region, with the whole input regardless of its crop.
 template <class P>
 void paintThroughMask(VxDsEffect& effect, VxTexture<P>& output, const VxTexture<P>& input,
                       MaskTexture& mask);

@@ -1,4 +1,4 @@
-// Reading parameters at a time.
+// Reads the parameters of an effect at any time.
 
 #pragma once
 
@@ -9,18 +9,19 @@ namespace ruvex {
 
 /// Reals are read in two ways, here and in everything built on it. The plain names (`real`, `at`)
 /// give the value that the render uses, clamped as the parameter's row says. `raw` in a name gives
-/// the value as it is stored or interpolated, whatever its size, and these readers want that:
-/// - what looks back over earlier frames (signal_level.cpp, signal_walks.cpp): the clamps apply to
-///   the frame itself, and pictures depend on earlier values being free of them;
-/// - integrals over time and the player: speeds have no clamp, so that raw is the same and cheaper;
+/// the stored or interpolated value without a clamp. Raw values are used by:
+/// - walks over earlier frames (signal_level.cpp, signal_walks.cpp): pictures depend on the clamps
+///   not being applied to the values at earlier times;
+/// - integrals over time and the player: speeds have no clamp, so the raw value is the same and is
+///   read faster;
 /// - the crop (ruvex_execute.cpp): its edges have no clamp, and its colour is clamped as a
 /// fraction.
 
-/// One real over time, for readers of many moments in a row. Good as long as the parameters of its
-/// object do not change.
+/// A real over time, for reading its values at many times. Valid until the parameters of its object
+/// change.
 class ParameterCurve {
 public:
-    /// `animation` may be null: the value is `constant` then, which is ignored otherwise.
+    /// Without an `animation` (null) the value is `constant`, which is ignored otherwise.
     ParameterCurve(ParameterId id, const DSAnimation* animation, double constant)
         : id_(id), animation_(animation), constant_(constant) {}
 
@@ -29,7 +30,7 @@ public:
     }
     double at(double seconds) const { return renderClamp(id_, rawAt(seconds)); }
 
-    /// Whether the raw value is `value` at any time, without a key.
+    /// Whether the parameter is not animated and its raw value is `value`.
     bool alwaysIs(double value) const { return !animation_ && constant_ == value; }
 
 private:
@@ -38,8 +39,8 @@ private:
     double constant_;
 };
 
-/// Reads the parameters of one effect object, which must outlive the reader and must not change
-/// meanwhile. Reals are the animated ones; everything else is the same at any time.
+/// Reads the parameters of one effect object, which must outlive the reader and must not change in
+/// the meantime. Only reals can be animated; all other kinds have the same value at any time.
 class ParameterReader {
 public:
     ParameterReader(const CDSPropertyContainer& container, const ParameterValues& values)

@@ -9,21 +9,21 @@
 
 namespace ruvex {
 
-/// One member a parameter: a double for each real, a 32-bit integer for each other kind. They hold
-/// their defaults from the start.
+/// One member for each parameter: a double for a real, a 32-bit integer for every other kind. The
+/// constructor sets the defaults.
 class ParameterValues {
 public:
     ParameterValues() { setDefaults(); }
 
     void setDefaults();
 
-    /// Reals as they are stored, whatever the clamp of the render.
+    /// The stored value of a real, without the render's clamp.
     double& rawReal(ParameterId id) { return values_[index(id)].real; }
     double rawReal(ParameterId id) const { return values_[index(id)].real; }
     std::int32_t& integer(ParameterId id) { return values_[index(id)].integer; }
     std::int32_t integer(ParameterId id) const { return values_[index(id)].integer; }
 
-    /// Where the host's property map finds the member of a row.
+    /// The address of a parameter's member, for the property map.
     void* member(ParameterId id);
 
 private:

@@ -1,4 +1,4 @@
-// Where the pictures of a frame lie, in the project's units and in pixels.
+// Position and size of a frame's pictures, in world units and in pixels.
 
 #pragma once
 
@@ -9,8 +9,8 @@
 
 namespace ruvex {
 
-/// One picture: its size and origin in world units scaled to the project's height, and the place
-/// of its first pixel in whole pixels of the picture being rendered.
+/// One picture: its world size and world origin times projectWorldScale(), and the offset of its
+/// first pixel in whole pixels of the rendered picture.
 struct PictureGeometry {
     DSFloatPair size{};
     DSFloatPair origin{};
@@ -29,18 +29,17 @@ struct FrameGeometry {
     friend bool operator==(const FrameGeometry&, const FrameGeometry&) = default;
 };
 
-/// The pixel aspect of the project: user size over world size, both in Y. 1.0 when one of the two
-/// can't be read.
+/// The pixel aspect of the project: user size Y / world size Y. 1.0 if one of them can't be read.
 double projectAspect();
 
-/// The same quotient as a scale of world units; 0.0 when any of the project's four sizes can't be
-/// read.
+/// The same quotient, as the scale factor of world units; 0.0 if any of the project's four sizes
+/// can't be read.
 double projectWorldScale();
 
-/// A size of the project frame by name; 0 when it can't be read.
+/// A size of the project frame by name (see sdk/effect/content.h); 0 if it can't be read.
 double projectSize(const wchar_t* name);
 
-/// Geometry of an image; all 0 for a null image, offsets 0 without a coordinate manager.
+/// The geometry of an image. All 0 for a null image; offsets 0 without a coordinate manager.
 PictureGeometry pictureGeometry(IDSImage* image, IDSCoordMan* coordMan);
 
 }  // namespace ruvex

@@ -16,7 +16,7 @@ VxDsEffect::VxDsEffect(const VxDsEffect& source)
       crop(source.crop),
       region(source.region),
       frameOffsetValue(source.frameOffsetValue),
-      // What the source shows, which a clone of it may have written since its own last frame.
+      // From the link: a clone of `source` may have updated it after the last frame of `source`.
       geometry(source.link->geometry()),
       maskFlagA(source.maskFlagA),
       alphaMaskable(source.alphaMaskable),

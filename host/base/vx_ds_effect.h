@@ -1,4 +1,4 @@
-// What an image effect of this family holds beside the host's own classes.
+// Base class of this family's image effects, in addition to the host's base classes.
 
 #pragma once
 
@@ -13,34 +13,34 @@
 
 namespace ruvex {
 
-/// What an object family means for an effect that runs in it. The host's record of the effect goes
-/// by these numbers.
+/// The kind of effect, which follows from the object family under which the host runs it. The
+/// numbers appear in the host's record of the effect.
 enum class EffectKind : std::int32_t {
-    Unknown = 0,  ///< the host has not asked yet
+    Unknown = 0,  ///< the host has not set a family yet
     Filter = 1,
     FilterWithoutPages = 2,
     WithoutInput = 3,
     Paint = 4,
     Transition = 5,
-    Unused = 6,  ///< needs an input; no family has it
+    Unused = 6,  ///< needs an input; no family uses it
     OptionalInput = 7,
 };
 
-/// How a frame of two fields is rendered.
+/// How the fields of an interlaced frame are rendered.
 enum class FieldHandling : std::int32_t {
-    None = 0,        ///< like any frame
+    None = 0,        ///< fields are not treated separately
     HalfHeight = 1,  ///< each field as an image of half height
-    SkipRows = 2,    ///< processors leave out the other field's rows
+    SkipRows = 2,    ///< processors skip the other field's rows
 };
 
-/// What the crop parameters do to the input.
+/// The effect of the crop parameters on the input.
 enum class CropMode : std::int32_t {
     None = 0,
-    Window = 1,       ///< they set the crop window
-    WindowEdges = 2,  ///< edge methods and the edge colour apply beyond it, too
+    Window = 1,       ///< set the crop window
+    WindowEdges = 2,  ///< also set the edge methods and the edge colour outside the window
 };
 
-/// A place in the output, both ends inclusive.
+/// A rectangle in the output, inclusive.
 struct PixelRegion {
     std::int32_t x0 = 0, x1 = 0, y0 = 0, y1 = 0;
 
@@ -51,30 +51,29 @@ struct PixelOffset {
     std::int32_t x = 0, y = 0;
 };
 
-/// The crop at a frame's time.
+/// The crop of a frame.
 struct CropState {
     /// Fractions of the picture from the left and from row 0; not clamped.
     float left = 0.0f, right = 0.0f, bottom = 0.0f, top = 0.0f;
-    /// Red, green, blue and alpha in 0..1. Alpha stays 0.
+    /// Red, green, blue and alpha, 0..1. Alpha is always 0.
     float edgeColour[4] = {};
 };
 
-/// The program's own base for image effects: the render state that an Execute sets up and its
-/// processors read. A copy takes over everything but what belongs to the user interface and to a
-/// frame that is under way.
+/// Holds the parameters, and the render state that Execute sets and its processors read. A copy
+/// does not copy the state of the user interface and of a frame in progress.
 class VxDsEffect {
 public:
     /// An offset for the frame at `time`, in pixels.
     virtual PixelOffset frameOffset(double time);
-    /// What to answer to a host that wants to aggregate the effect.
+    /// The status for a host that tries to aggregate the effect.
     virtual HRESULT aggregationResult() = 0;
-    /// A further check of what the host has handed in; 0 is good.
+    /// A further check of what the host has set, at the end of Verify; 0 is success.
     virtual HRESULT extraVerify() = 0;
 
-    /// A page that inspects `object` wants the on-screen controls: 0, E_POINTER without an object,
-    /// or why there is no tool. Paint has no controls, and its pages get 0.
+    /// Called by a page that edits `object`: shows the on-screen controls. 0, E_POINTER for null,
+    /// or the error if there is no tool. For paint effects does nothing and returns 0.
     HRESULT beginOverlay(IUnknown* object);
-    /// It wants them no more.
+    /// The page no longer uses the on-screen controls.
     void endOverlay() { overlay.end(); }
 
     /// Whether the frame is one field, rendered as an image of half height.
@@ -88,30 +87,30 @@ public:
     float fieldScaleY = 1.0f;  ///< 0.5 for an image of half height
     CropMode cropMode = CropMode::None;
     std::uint32_t capabilityFlags = 0;
-    std::uint32_t infoFlags = 0;  ///< bit 0: the pages have been linked
+    std::uint32_t infoFlags = 0;  ///< bit 0: the property pages have been added
     InterruptionRecord interruption;
     ParameterValues parameters;
     CropState crop;
     PixelRegion region;
     PixelOffset frameOffsetValue;
-    FrameGeometry geometry;  ///< of the Execute that runs
+    FrameGeometry geometry;  ///< of the current Execute
     std::int32_t maskFlagA = 0;
-    std::int32_t alphaMaskable = 0;  ///< the alpha channel takes part in the channel mask
+    std::int32_t alphaMaskable = 0;  ///< nonzero: the channel mask applies to alpha too
 
     OverlayUse overlay;
 
-    /// What this effect shows to its user; written by itself and by its clones.
+    /// The geometry for the on-screen controls; written by this effect and its clones.
     std::shared_ptr<EffectLink> link;
     /// The link of the effect that this one was cloned from, or null.
     std::shared_ptr<EffectLink> sourceEffect;
 
 protected:
     VxDsEffect();
-    /// A clone: the same render state, a link of its own, and `source` as its source.
+    /// Creates a clone with the same render state, a new link, and `source` as its source effect.
     VxDsEffect(const VxDsEffect& source);
     VxDsEffect& operator=(const VxDsEffect&) = delete;
-    /// Not virtual: an effect ends through its reference count, and pages that see no more than
-    /// this class find `frameOffset` in the first slot.
+    /// Not virtual: an effect is deleted through its reference count, and `frameOffset` must be in
+    /// the first slot of the virtual table for pages that only know this class.
     ~VxDsEffect() = default;
 };
 

@@ -1,4 +1,4 @@
-// The factory of one served class.
+// The class factory of a class that the module serves.
 
 #pragma once
 
@@ -10,28 +10,29 @@
 
 namespace ruvex {
 
-/// Makes objects of class T, which the host uses through its `Face`, the base by which T is an
-/// IUnknown. Any thread.
+/// Creates objects of class T. `Face` is the base class of T whose IUnknown is the object's. May be
+/// called from any thread.
 template <class T, class Face>
 class CDsClassFactory : public ComObject<IClassFactory> {
 public:
-    /// Adds IMarshal to what it gives.
+    /// Also gives IMarshal.
     HRESULT QueryInterface(const GUID& id, void** out) override;
-    /// No aggregation: an `outer` gives CLASS_E_NOAGGREGATION.
+    /// CLASS_E_NOAGGREGATION for an `outer` other than null.
     HRESULT CreateInstance(IUnknown* outer, const GUID& id, void** out) override;
     HRESULT LockServer(BOOL lock) override;
     ~CDsClassFactory() override;
 
 protected:
-    /// Makes one object, with one reference; 0 also when memory ran out and `*object` is null.
+    /// Creates an object with one reference. If memory ran out, returns 0 and null in `*object`.
     virtual HRESULT CreateObject(T** object);
 
 private:
     HRESULT queryMarshaler(const GUID& id, void** out);
 
-    /// First, so that it ends last: the module may go at once when its count falls to 0.
+    /// The first member, so that it is destroyed last: the module may be unloaded as soon as its
+    /// count is 0.
     ModuleUse use_;
-    /// An object may ask for another of its class while it is made.
+    /// Recursive, since the constructor of an object may create another object of the class.
     std::recursive_mutex creating_;
     IUnknown* marshaler_ = nullptr;
 };

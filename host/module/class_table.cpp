@@ -15,7 +15,7 @@ IClassFactory* makeFactory() {
     return new (std::nothrow) CDsClassFactory<T, Face>();
 }
 
-// The tool names a string that the table of strings does not have.
+// The string number of kToolClassId is not in the string table; the class has no description.
 constexpr ServedClass kClasses[] = {
     {kRuvexClassId, 2, makeFactory<Ruvex, IDSImageEffect>},
     {kRuvexPageId, 4, nullptr},

@@ -11,16 +11,16 @@ namespace ruvex {
 
 struct ServedClass {
     GUID classId;
-    UINT stringId;  ///< the string that describes the class
-    /// Makes the class's factory, with one reference; null when memory ran out. Itself null for a
-    /// class that is registered, so that the host knows its place, but not to be had.
+    UINT stringId;  ///< number of the class's description in the string table
+    /// Creates the class's factory with one reference; returns null if memory ran out. The pointer
+    /// is null for a class that is registered but of which no objects can be created.
     IClassFactory* (*makeFactory)();
 };
 
-/// In the order in which they are registered and compared.
+/// All classes, in the order in which they are registered and looked up.
 std::span<const ServedClass> servedClasses();
 
-/// The object families that the effect is registered under, in that order.
+/// The object families under which the effect is registered, in this order.
 std::span<const GUID> servedFamilies();
 
 }  // namespace ruvex

@@ -10,7 +10,7 @@ namespace {
 
 constexpr UINT kNameString = 1;
 constexpr int kMaxName = 260;
-/// The host keeps it beside each family. No other value was ever released.
+/// The version that the host stores with each family. It has been 1 in every release.
 constexpr ULONG kFamilyVersion = 1;
 
 const GUID& effectClassId() {
@@ -73,7 +73,7 @@ HRESULT DllRegisterServer() {
 
 HRESULT DllUnregisterServer() {
     HRESULT failure = S_OK;
-    // The failure that counts comes last here, so that it is the one that stays.
+    // The failure of a later class replaces that of an earlier one; that of the families wins.
     for (const ruvex::ServedClass& served : ruvex::servedClasses()) {
         const HRESULT status = DSUnregisterCOMEffect(served.classId);
         if (FAILED(status)) failure = status;
