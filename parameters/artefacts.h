@@ -10,8 +10,8 @@
 
 namespace ruvex {
 
-/// One fault that has a threshold: nothing of it is seen up to there, and at a level of 1 it is at
-/// its maximum. Rows and the texts that they point at are constants.
+/// One fault with a threshold: up to the threshold it has no effect, and at a level of 1 it has its
+/// maximum. Rows and their texts are constants.
 struct Artefact {
     std::string_view id;          ///< "snow": one word, for headings and names in files
     std::string_view name;        ///< "Creeping lines", for people
@@ -21,16 +21,16 @@ struct Artefact {
     /// Unit of the amount: None for a fraction of 1 (its maximum is in percent), otherwise the
     /// maximum's own unit.
     Unit unit;
-    double FrameValues::*amount;  ///< where a frame's amount is found
+    double FrameValues::*amount;  ///< the member with a frame's amount
     std::string_view plotColour;  ///< "#rrggbb", told apart from all others on white
 
     constexpr bool isFraction() const { return unit == Unit::None; }
 };
 
-/// All of them, in the order of the amounts in FrameValues.
+/// All artefacts, in the order of the amounts in FrameValues.
 std::span<const Artefact> artefacts();
 
-/// The artefact with that identifier; null where there is none.
+/// The artefact with this identifier; null if there is none.
 const Artefact* findArtefact(std::string_view id);
 
 }  // namespace ruvex

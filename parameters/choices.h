@@ -18,7 +18,7 @@ inline constexpr Choice kPresets[] = {
     {1141, "Bad B&W TV"},    {1142, "Offset Guns"}, {1143, "Security Camera"},
     {1144, "Aerial SpyCam"}, {1145, "NightVision"}, {1146, "Cable Out"}};
 
-/// What is seen beyond an edge of the crop. Each axis has its own strings, with the same texts.
+/// What is shown outside the crop. Each axis has its own strings, with the same texts.
 inline constexpr Choice kXEdgeMethods[] = {
     {5010, "Colour"}, {5011, "Repeat"}, {5012, "Reflect"}, {5013, "Wrap"}};
 inline constexpr Choice kYEdgeMethods[] = {

@@ -22,8 +22,8 @@ bool labelsMatch(std::string_view a, std::string_view b) {
 std::size_t labelDistance(std::string_view a, std::string_view b) {
     const std::string from = bareLabel(a);
     const std::string to = bareLabel(b);
-    // One row of the table of distances between all beginnings: costs[j] turns what was read of
-    // `from` into the first j characters of `to`.
+    // One row of the Levenshtein table: costs[j] is the distance from the characters of `from` read
+    // so far to the first j characters of `to`.
     std::vector<std::size_t> costs(to.size() + 1);
     std::iota(costs.begin(), costs.end(), std::size_t{0});
     for (std::size_t i = 0; i < from.size(); ++i) {

@@ -1,4 +1,4 @@
-// How a label that a person types is compared with one of ours.
+// Comparison of a label that a user types with the labels of the table.
 
 #pragma once
 
@@ -15,7 +15,8 @@ std::string bareLabel(std::string_view label);
 /// True when both have the same bare form.
 bool labelsMatch(std::string_view a, std::string_view b);
 
-/// The number of characters to insert, remove or exchange to come from one bare form to the other.
+/// The Levenshtein distance of the bare forms: the least number of characters to insert, remove or
+/// replace.
 std::size_t labelDistance(std::string_view a, std::string_view b);
 
 }  // namespace ruvex

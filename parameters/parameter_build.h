@@ -11,14 +11,15 @@ namespace ruvex::build {
 using Id = ParameterId;
 using Page = ParameterPage;
 
-/// The effect's own parameters share all but the last two of the first eight digits.
+/// The identifiers of the effect's own parameters differ in two digits, the last of the first
+/// eight.
 constexpr GUID own(unsigned lastTwoDigits) {
     GUID guid = guidFromText("A41E7F00-37AB-48B5-99C9-C4B83402C0FC");
     guid.Data1 |= lastTwoDigits;
     return guid;
 }
 
-/// The crop is shared code and has a block of identifiers to itself.
+/// The crop is code shared with other effects; its identifiers are another block.
 constexpr GUID crop(unsigned lastTwoDigits) {
     GUID guid = guidFromText("F2A92C00-2302-11D3-AB91-0000E8D8077F");
     guid.Data1 |= lastTwoDigits;
@@ -53,7 +54,7 @@ constexpr Numbers pixels(double low, double high) {
     return numbers(low, high, Unit::Pixels);
 }
 
-/// A row with what every kind has. The string of the hint follows that of the name.
+/// A row with the fields that all kinds have. The hint's string number is the name's plus 1.
 constexpr ParameterRow common(Page page, Id id, const GUID& identifier, std::string_view label,
                               double defaultValue, int nameString, std::string_view hint) {
     ParameterRow row{};
@@ -78,7 +79,7 @@ constexpr ParameterRow withNumbers(ParameterRow row, const Numbers& numbers) {
     return row;
 }
 
-/// A number that can be animated.
+/// A real, which can be animated.
 constexpr ParameterRow real(Page page, Id id, const GUID& identifier, std::string_view label,
                             double defaultValue, const Numbers& numbers, int nameString,
                             std::string_view hint) {
@@ -109,7 +110,7 @@ constexpr ParameterRow choice(Page page, Id id, const GUID& identifier, std::str
     return row;
 }
 
-/// On or off, off to begin with.
+/// A check box, off by default.
 constexpr ParameterRow checkBox(Page page, Id id, const GUID& identifier, std::string_view label,
                                 int nameString, std::string_view hint) {
     ParameterRow row = common(page, id, identifier, label, 0, nameString, hint);
@@ -117,20 +118,20 @@ constexpr ParameterRow checkBox(Page page, Id id, const GUID& identifier, std::s
     return row;
 }
 
-/// A row that is stored and shown, but that the render never reads.
+/// Marks a row that is stored and shown, but never read by the render.
 constexpr ParameterRow unread(ParameterRow row) {
     row.rendered = false;
     return row;
 }
 
-/// A choice or check box of the pages' own; the host stores it apart from the picture's values.
+/// Marks a choice or check box that only the pages use; the host stores it separately.
 constexpr ParameterRow forPagesAlone(ParameterRow row) {
     row.kind = row.kind == ParameterKind::Bool ? ParameterKind::UiBool : ParameterKind::UiInt;
     return unread(row);
 }
 
-/// A channel mask of the host's: 0 keeps the channel of the input, anything else takes the
-/// effect's. Both of its strings hold the same sentence, each in a block of its own.
+/// A channel mask of the host: 0 keeps the input's channel, any other value takes the effect's. The
+/// name and the hint have the same text, in strings of different blocks.
 constexpr ParameterRow channelMask(Id id, const GUID& identifier, std::string_view label,
                                    int nameString, int hintString, std::string_view sentence) {
     ParameterRow row = common(Page::Host, id, identifier, label, 1, nameString, sentence);

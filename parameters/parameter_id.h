@@ -6,9 +6,9 @@
 
 namespace ruvex {
 
-/// One enumerator a parameter, in the order of the table: the effect's own in the order of its
-/// members, the crop in the order of its map, then the host's four channel masks. The order is
-/// part of the property map that documents were saved with, so new ones go before `Count` only.
+/// One enumerator for each parameter, in the order of the table: the effect's own parameters, the
+/// crop, then the host's four channel masks. Saved documents depend on this order, so add new ones
+/// only directly before `Count`.
 enum class ParameterId {
     TvType,
     Seed,

@@ -22,15 +22,14 @@ constexpr bool isCheckBox(ParameterKind kind) {
     return kind == ParameterKind::Bool || kind == ParameterKind::UiBool;
 }
 
-/// The unit of a value. Pixels are those of the project frame, so that a value keeps its look at
-/// any render size; WorkPixels are those of the picture at the size being worked on.
+/// The unit of a value. Pixels are pixels of the project frame, so that a value looks the same at
+/// any render size; WorkPixels are pixels of the picture at the work size.
 enum class Unit { None, Percent, Pixels, WorkPixels, PixelsPerSecond, Degrees, Seconds, Frames };
 
-/// The property page where the user finds a parameter. The channel masks are on none of ours: the
-/// host shows them itself.
+/// The property page of a parameter. Host: the channel masks, which the host shows itself.
 enum class ParameterPage { Main, Guns, Breakup1, Breakup2, Shash, Effects, Cropping, Help, Host };
 
-/// Both ends belong to the range; `high` is infinite where only the low end counts.
+/// A range of values, inclusive. `high` is infinite if there is only a lower limit.
 struct Range {
     double low;
     double high;
@@ -45,13 +44,13 @@ struct Choice {
     std::string_view label;
 };
 
-/// One parameter. Rows and the texts that they point at are constants.
+/// One parameter. Rows and their texts are constants.
 struct ParameterRow {
     ParameterId id;
     ParameterKind kind;
     ParameterPage page;
     GUID identifier;
-    /// The name on the pages, and the name that a user types.
+    /// The name on the pages and the command line.
     std::string_view label;
     /// The text of the host's name string; differs from the label for the channel masks only.
     std::string_view name;
@@ -59,25 +58,25 @@ struct ParameterRow {
     std::string_view hint;
     int nameString;
     int hintString;
-    /// Whole for every kind but Real.
+    /// A whole number for every kind but Real.
     double defaultValue;
-    /// The range of the page's number control; none for combos, check boxes and the masks.
+    /// The range of the page's number control; no value for combo boxes, check boxes and masks.
     std::optional<Range> controlRange;
-    /// The range that a page gives its control once it has initialised, where that is wider.
+    /// A wider range that the page sets on its control after initialisation, if any.
     std::optional<Range> widerRange;
-    /// The range that the render clamps the value to; none where it uses any value.
+    /// The range to which the render clamps the value; no value if it does not clamp.
     std::optional<Range> clamp;
     Unit unit;
     /// The labels of an enumeration, from value 0 up; empty for the other kinds.
     std::span<const Choice> choices;
-    /// False for what is stored and shown, but never read when a frame is made.
+    /// False for a parameter that is stored and shown, but not used in a render.
     bool rendered;
-    /// The decimals that a number control shows; none: the control's own default.
+    /// The number of decimals that a number control shows; no value: the control's default.
     std::optional<int> decimals;
 
     /// The default of a parameter that is stored as an integer.
     constexpr int defaultInt() const { return static_cast<int>(defaultValue); }
-    /// The widest range that the user can enter; none where any number of the kind will do.
+    /// The widest range that the user can enter; no value if there is no limit.
     constexpr std::optional<Range> enteredRange() const {
         return widerRange ? widerRange : controlRange;
     }

@@ -1,4 +1,4 @@
-// The table of parameters itself. Whatever shows or stores a parameter is made from its row here.
+// The table of parameters. Everything that shows or stores a parameter is made from its row here.
 
 #pragma once
 
@@ -10,7 +10,7 @@
 namespace ruvex {
 namespace build {
 
-/// The rows in the order of ParameterId. A row that is not clamped is used by the render at any
+/// The rows in the order of ParameterId. A row without a clamp is used by the render with any
 /// value, inside or outside the control's range.
 inline constexpr std::array<ParameterRow, kParameterCount> kRows = {
     choice(Page::Main, Id::TvType, own(0x76), "TV Type", 0, kTvTypes, 1000, "The type of TV."),
@@ -163,8 +163,8 @@ inline constexpr std::array<ParameterRow, kParameterCount> kRows = {
     forPagesAlone(checkBox(Page::Help, Id::HideOverlayControls, own(0xB4), "Hide Overlay Controls",
                            1147, "Turn overlay elements off and on.")),
 
-    // The crop, in the order of its map. A41E7FAF and F2A92C6A, the colour groups' places in the
-    // two blocks, stay unused: the groups have strings and a chip but no value of their own.
+    // The crop. The identifiers A41E7FAF and F2A92C6A belong to the two colour groups and stay
+    // unused: a group has strings and a colour chip, but no value.
     real(Page::Cropping, Id::CropLeft, crop(0x64), "Crop Left", 0, percent(0, 100), 5000,
          "Left crop boundary."),
     real(Page::Cropping, Id::CropRight, crop(0x65), "Crop Right", 100, percent(0, 100), 5002,

@@ -48,7 +48,7 @@ const ParameterRow& nearestParameter(std::string_view label) {
 double renderClamp(ParameterId id, double value) {
     const auto& clamp = row(id).clamp;
     if (!clamp) return value;
-    // The negated comparison sends NaN to the low end as well.
+    // Negated, so that NaN gives the low end too.
     if (!(value >= clamp->low)) return clamp->low;
     return std::min(value, clamp->high);
 }

@@ -16,20 +16,18 @@ std::span<const ParameterRow> parameterTable();
 /// The row of one parameter; `id` is never Count.
 const ParameterRow& row(ParameterId id);
 
-/// The row whose label `label` is, without regard to case and spaces; null where there is none.
+/// The row with this label, ignoring case and spaces; null if there is none.
 const ParameterRow* findParameter(std::string_view label);
 
-/// The row with this identifier; null where there is none.
+/// The row with this identifier; null if there is none.
 const ParameterRow* findParameter(const GUID& identifier);
 
-/// The row whose label takes the fewest single changes of a character to come from `label`, again
-/// without regard to case and spaces; the first in the table where several are as near. For
-/// telling a user what was perhaps meant.
+/// The row whose label has the smallest labelDistance from `label`, the first of several. For
+/// suggestions in error messages.
 const ParameterRow& nearestParameter(std::string_view label);
 
-/// The value that the render uses for `value`: clamped as the row says, or unchanged where the row
-/// has no clamp. NaN counts as below every range and gives the low end of the clamp;
-/// without a clamp it stays NaN.
+/// The value that the render uses for `value`: clamped as the row says, or unchanged if the row has
+/// no clamp. A clamp turns NaN into its low end.
 double renderClamp(ParameterId id, double value);
 
 /// "%", "px" and so on, for words and tables; empty for a plain number.

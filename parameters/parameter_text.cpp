@@ -26,8 +26,8 @@ std::string_view trimmed(std::string_view text) {
     return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
 }
 
-/// The whole text as a number of type T; none for anything before or behind the number, and for a
-/// number that T does not hold.
+/// Parses the whole text as a number of type T. No value if there is anything before or after the
+/// number, or if it is out of the range of T.
 template <class T>
 std::optional<T> readNumber(std::string_view text) {
     if (text.starts_with('+') && !text.starts_with("+-")) text.remove_prefix(1);
@@ -117,7 +117,7 @@ std::string formatValue(const ParameterRow& row, double value) {
 }
 
 std::string formatNumber(double value) {
-    // Whole numbers up to 2 to the 53 would otherwise turn into 1e+05 and the like.
+    // Up to here write plain decimals; the shortest form would give 1e+05 for 100000.
     constexpr double kLongestPlain = 1e15;
     constexpr double kSmallestPlain = 1e-6;
     const double size = std::fabs(value);

@@ -1,4 +1,4 @@
-// A parameter's value as text, and back. Never depends on the machine's locale.
+// Conversion between a parameter's value and text, independent of the locale.
 
 #pragma once
 
@@ -9,9 +9,8 @@
 
 namespace ruvex {
 
-/// The result of reading a text. Ok and Warning carry the value, which is whole for every kind but
-/// Real; Warning and Error carry a sentence for the user that names the parameter and what it
-/// takes.
+/// The result of parsing. Ok and Warning have a value, a whole number for every kind but Real.
+/// Warning and Error have a message for the user with the parameter and its allowed values.
 struct ParsedValue {
     enum class Severity { Ok, Warning, Error };
 
@@ -24,19 +23,19 @@ struct ParsedValue {
     int whole() const { return static_cast<int>(value); }
 };
 
-/// Reads a value of `row`'s kind; spaces around it are let go.
+/// Parses a value of `row`'s kind; spaces around it are ignored.
 /// - Real: a finite decimal number, with or without exponent. Int: a whole number.
 /// - Enumerations: a label, without regard to case and spaces, or its number from 0 up.
 /// - Check boxes: on, off, true, false, yes, no, 1, 0, in any case.
-/// A number outside the range that the user can enter is an error; only a warning where the render
+/// A number outside the range that the user can enter is an error, or only a warning if the render
 /// clamps it.
 ParsedValue parseValue(const ParameterRow& row, std::string_view text);
 
-/// The shortest text from which parseValue reads the same value: the label of an enumeration, on or
-/// off, or a number. A value that the row has no label for is given as a number.
+/// The shortest text that parseValue turns into the same value: a label of an enumeration, on or
+/// off, or a number. A value without a label is written as a number.
 std::string formatValue(const ParameterRow& row, double value);
 
-/// The shortest decimal text that reads back as `value`, without an exponent in the common range.
+/// The shortest decimal text that parses to `value`; without an exponent below 1e15.
 std::string formatNumber(double value);
 
 /// What the row takes, in words: "0..100 %", "at least 0", "Colour, B & W or Tint", "on or off".

@@ -15,9 +15,9 @@ constexpr std::string_view kNames[kPresetCount] = {
 // The preset leaves the parameter as it is.
 constexpr double kKept = std::numeric_limits<double>::quiet_NaN();
 
-// Each is a whole look and takes nothing from the defaults: its radius of the fish eye and its seed
-// differ from them. Border Alpha and the crop belong to no look. Only the two looks of a tinted
-// television choose the tint.
+// A preset sets all parameters of a look, even those with default values, and its own radius of the
+// fish eye and seed. No preset sets Border Alpha and the crop. Only the two presets of a tinted
+// television set the tint.
 constexpr PresetRow kTable[] = {
     {ParameterId::TvType, {0, 0, 1, 0, 1, 2, 2, 0}},
     {ParameterId::Seed, {7, 7, 20, 7, 30, 30, 30, 7}},

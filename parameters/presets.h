@@ -12,8 +12,8 @@ namespace ruvex {
 
 inline constexpr int kPresetCount = 8;
 
-/// One parameter's values in the presets, in the presets' order. A preset that has none for it
-/// leaves the parameter as it is.
+/// The values of one parameter in the presets, in the order of presetNames. A preset without a
+/// value does not change the parameter.
 struct PresetRow {
     ParameterId id;
     double values[kPresetCount];
@@ -21,13 +21,13 @@ struct PresetRow {
     std::optional<double> value(int preset) const;
 };
 
-/// The names, in the order of the list that the user chooses from.
+/// The names of the presets, in the order of the user's list.
 std::span<const std::string_view> presetNames();
 
-/// All rows, in the order in which a preset is written.
+/// All rows, in the order in which applying a preset sets the parameters.
 std::span<const PresetRow> presetTable();
 
-/// The preset with that name, without regard to case and spaces; none where there is none.
+/// The index of the preset with this name, ignoring case and spaces; no value if there is none.
 std::optional<int> findPreset(std::string_view name);
 
 }  // namespace ruvex

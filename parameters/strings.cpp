@@ -8,8 +8,8 @@
 namespace ruvex::strings {
 namespace {
 
-/// The strings that belong to no parameter. An even number up to 16 describes a class to the host;
-/// the odd number before it is the page's title. The spelling is the released one.
+/// The strings that belong to no parameter. An even number up to 16 is the description of a class;
+/// the odd number before it is the page's title. Released spellings do not change.
 constexpr Entry kModuleStrings[] = {
     {1, "V_Ruvex"},
     {2, "Osterlin's Ruvex Effect"},

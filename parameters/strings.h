@@ -1,4 +1,4 @@
-// Every text that the module's string resources hold, by its identifier.
+// The module's string table: all texts by their number.
 
 #pragma once
 
@@ -13,11 +13,11 @@ struct Entry {
     std::string_view text;
 };
 
-/// The whole table, in rising order of identifiers, each of them once.
+/// The whole table, sorted by number, without duplicates.
 std::span<const Entry> table();
 
-/// The text of a string; empty where the table has none. The identifier that the tool is
-/// registered with has no text, and never had one.
+/// The text of a string; empty if there is none. The number with which the tool is registered has
+/// no text.
 std::string_view text(int id);
 
 }  // namespace ruvex::strings
