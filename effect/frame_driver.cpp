@@ -22,11 +22,11 @@
 namespace ruvex {
 namespace {
 
-// Beyond these the whole picture is transparent black.
+// Above these values the whole picture is transparent black.
 constexpr float kWhiteDotGone = 0.99f;
 constexpr float kNoResolution = 0.01f;
 
-// A weaker fish eye is none, and so is a smaller blur.
+// A fish eye or blur below its limit is not applied.
 constexpr float kLeastFishEye = 0.1f;
 constexpr float kLeastBlur = 0.1f;
 
@@ -106,7 +106,7 @@ void FrameDriver<P>::showCropped() {
     copier.process(&inputTexture_, &outputTexture_);
 }
 
-// Each step looks once more whether the host has stopped the frame.
+// Each step first checks whether the host has stopped the frame.
 template <class P>
 void FrameDriver<P>::finish() {
     if (interrupted()) return;
@@ -177,7 +177,8 @@ void FrameDriver<P>::clearOutput() {
     generator.process(&outputTexture_);
 }
 
-// False when the frame that is to be seen is another one and the host refuses it.
+// Sets the source to the frame that the tape shows. False if that is a frame at another time and
+// the host refuses to give it.
 template <class P>
 bool FrameDriver<P>::chooseSourceFrame() {
     tape_ = tapePosition(reader_, time_);
@@ -236,7 +237,7 @@ void FrameDriver<P>::fishEye() {
     source_ = &lensTexture_;
 }
 
-// In place: at full resolution and without a fish eye that is the host's own input.
+// Blurs in place: at full resolution and without a fish eye, that changes the host's input image.
 template <class P>
 void FrameDriver<P>::blur() {
     const double size = parameters().real(ParameterId::Blur);
@@ -279,7 +280,7 @@ void FrameDriver<P>::scanLines() {
     adder.process(lines, outputTexture_);
 }
 
-// The finishing steps see the host's current input, not the frame that was fetched.
+// The finishing steps use the host's current input, not a frame fetched from another time.
 template <class P>
 void FrameDriver<P>::releaseRepeat() {
     source_ = nullptr;

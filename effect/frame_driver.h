@@ -18,8 +18,8 @@
 
 namespace ruvex {
 
-/// Renders one frame of pixel type P and ends with it: nothing of a frame outlives the frame. Made
-/// on the stack of an Execute that has set up the effect's render state. What it is given must
+/// Renders one frame of pixel type P. Execute creates it on the stack after it has set up the
+/// effect's render state; no state is kept for the next frame. The constructor's arguments must
 /// outlive it.
 template <class P>
 class FrameDriver {
@@ -27,14 +27,14 @@ public:
     FrameDriver(VxDsEffect& effect, const FrameHost& host, const ParameterReader& reader,
                 const FrameTime& time);
 
-    /// The whole frame: the stage chain and the finishing steps, or the cropped input where that is
-    /// to be shown instead. Returns 0, or what `process` returned.
+    /// Renders the whole frame: the stage chain and the finishing steps, or only the cropped input
+    /// if that is to be shown. Returns 0 or the error of `process`.
     HRESULT renderFrame();
 
 private:
     using Texture = VxTexture<P>;
 
-    // Around the chain.
+    // Before and after the chain.
     void wrapImages();
     void showCropped();
     void finish();
@@ -79,11 +79,11 @@ private:
     Texture outputTexture_;
     Texture inputTexture_;
     MaskTexture maskTexture_;
-    ComPtr<IDSImage> repeatImage_;  // the input at another time, and a view of it
+    ComPtr<IDSImage> repeatImage_;  // the input at another time, and its texture
     Texture repeatTexture_;
     ScaledBuffers<P> scaled_;
     Texture lensTexture_;
-    Texture* source_ = nullptr;  // what the next stage reads
+    Texture* source_ = nullptr;  // the input of the next stage
 };
 
 extern template class FrameDriver<Rgba8>;

@@ -1,4 +1,4 @@
-// The images and interfaces that the host hands in for one frame.
+// The images and interfaces that the host has set for one frame.
 
 #pragma once
 
@@ -8,13 +8,13 @@
 
 namespace ruvex {
 
-/// Borrowed for the length of an Execute. Every pointer may be null, but `output` in a frame that
-/// is rendered.
+/// Owns nothing; valid during an Execute. Every pointer may be null, except `output` of a frame
+/// that is rendered.
 struct FrameHost {
     IDSImage* input = nullptr;
     IDSImage* output = nullptr;
     IDSImage* pixelMask = nullptr;
-    std::int32_t maskOffsetX = 0;  ///< place of the mask in the input, in pixels
+    std::int32_t maskOffsetX = 0;  ///< offset of the mask in the input, pixels
     std::int32_t maskOffsetY = 0;
     IDSCoordMan* coordMan = nullptr;
     IDSEffectHost* effectHost = nullptr;

@@ -11,7 +11,7 @@ FrameIntegral::FrameIntegral(const ParameterCurve& curve, double hostRate, doubl
 double FrameIntegral::upTo(double end) {
     while (end >= next_) {
         const auto reached = static_cast<float>(next_);
-        // So late that a frame is less than the precision of the moment: no step gets any further.
+        // The time is so large that adding a frame does not change it in single precision.
         if (reached == moment_) break;
         sum_ += curve_.rawAt(moment_) * step_;
         moment_ = reached;

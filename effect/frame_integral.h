@@ -6,16 +6,16 @@
 
 namespace ruvex {
 
-/// The integral of a curve from `start` to one end after another. Its steps are one frame long. The
-/// moment at which a step begins is narrowed to single precision, so that steps drift a little;
-/// pictures depend on that. Rising ends are reached by one walk, without starting anew.
+/// The integral of a curve from `start` to several ends in rising order, in steps of one frame. The
+/// time of each step is rounded to single precision, so that steps drift a little; pictures depend
+/// on that. Each call of upTo continues where the previous one stopped.
 class FrameIntegral {
 public:
     /// `hostRate` in frames per second, times in seconds.
     FrameIntegral(const ParameterCurve& curve, double hostRate, double start);
 
-    /// The integral up to `end`, which must not lie before the end that was asked for last. An end
-    /// before the start gives 0.
+    /// The integral up to `end`, which must not be before that of the previous call. 0 for an end
+    /// before the start.
     double upTo(double end);
 
 private:
@@ -26,7 +26,7 @@ private:
     double sum_ = 0.0;
 };
 
-/// The integral of a curve over start..end.
+/// The integral of a curve from `start` to `end`.
 double integrateParameter(const ParameterCurve& curve, double hostRate, double start, double end);
 
 }  // namespace ruvex

@@ -1,4 +1,4 @@
-// All parameters as they are at the time of one frame.
+// The values of all parameters at the time of one frame.
 
 #pragma once
 
@@ -9,7 +9,7 @@
 
 namespace ruvex {
 
-/// Good as long as the reader's object does not change.
+/// Valid until the reader's object changes.
 class FrameParameters {
 public:
     /// Reads every real at `seconds`, clamped for the render.
@@ -24,7 +24,7 @@ public:
 
 private:
     ParameterReader reader_;
-    std::array<double, kParameterCount> reals_{};  // 0 for what is no real
+    std::array<double, kParameterCount> reals_{};  // 0 for parameters of other kinds
 };
 
 }  // namespace ruvex

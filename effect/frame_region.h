@@ -1,4 +1,4 @@
-// The part of the picture that the processors of a frame are given.
+// The part of the picture that the processors of a frame render.
 
 #pragma once
 
@@ -9,8 +9,8 @@
 
 namespace ruvex {
 
-/// The region for processors at full size; none without a region of interest. In a field rendered
-/// as an image of half height, rows count half.
+/// The region for processors at full size; no value without a region of interest. For a field that
+/// is rendered as an image of half height, rows are halved.
 inline std::optional<PixelRegion> frameRegion(const VxDsEffect& effect, bool roiSet) {
     if (!roiSet) return std::nullopt;
     PixelRegion region = effect.region;
@@ -32,7 +32,7 @@ inline std::optional<PixelRegion> scaledRegion(const std::optional<PixelRegion>&
                        scaled(region->y1)};
 }
 
-/// Gives a processor its region and the effect's interruption record.
+/// Sets a processor's window and interruption record.
 template <class Processor>
 void prepare(Processor& processor, VxDsEffect& effect, const std::optional<PixelRegion>& region) {
     processor.interrupt = &effect.interruption;

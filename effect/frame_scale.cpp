@@ -7,7 +7,7 @@
 namespace ruvex {
 namespace {
 
-// Narrows pixels / size; 0 where the size is unknown or means nothing.
+// pixels / size in single precision; 0 if the size is unknown or not positive.
 float pixelsPer(float pixels, double size) {
     return size > 0.0 || size < 0.0 ? static_cast<float>(pixels / size) : 0.0f;
 }
@@ -16,7 +16,7 @@ float wholePixels(double size) {
     return static_cast<float>(truncateToInt(size));
 }
 
-// Scales the project size to the size being rendered, by the two ways to convert one world point.
+// Scales the project size to the rendered size: the ratio of one world point's two conversions.
 void scaleToRender(IDSCoordMan& coordMan, FrameScale& scale) {
     double imageX = 0.0, imageY = 0.0, projectX = 0.0, projectY = 0.0;
     if (FAILED(coordMan.WorldToImage(1.0, 1.0, &imageX, &imageY)) ||

@@ -6,11 +6,11 @@
 
 namespace ruvex {
 
-/// Members of single precision were narrowed once, from a double result.
+/// Float members are rounded once, from a result in double.
 struct FrameScale {
-    float pixelsX = 0.0f;  ///< project size scaled to the size being rendered
+    float pixelsX = 0.0f;  ///< project size in pixels of the rendered picture
     float pixelsY = 0.0f;
-    float scaleX = 0.0f;  ///< render pixels for a pixel of the project frame
+    float scaleX = 0.0f;  ///< render pixels per pixel of the project frame
     float scaleY = 0.0f;
     float scaleMean = 0.0f;
     float pixelAspect = 0.0f;  ///< scaleY over scaleX; 0 when the project's size is unknown
@@ -19,7 +19,7 @@ struct FrameScale {
     float aspectMember() const { return pixelAspect > 0.001f ? pixelAspect : 0.001f; }
 };
 
-/// Scale factors are 0 where the project's size can't be read.
+/// The scale factors are 0 if the project's size can't be read.
 FrameScale frameScale(const FrameHost& host);
 
 }  // namespace ruvex

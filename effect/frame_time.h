@@ -1,4 +1,4 @@
-// When a frame is, and the moments of the frames before it.
+// The time of a frame, and the times of the frames before it.
 
 #pragma once
 
@@ -7,13 +7,13 @@
 
 namespace ruvex {
 
-/// Made once a frame. The host gives the rate in double precision; frame numbers and the moments of
-/// walks are worked out with the rate in single precision, and pictures depend on which is used.
+/// Computed once per frame. The host gives the rate as a double. Frame numbers and the times in
+/// walks are computed with the rate as a float; pictures depend on which one is used.
 struct FrameTime {
     double seconds;    ///< time of the frame in the output
-    double hostRate;   ///< frames per second as the host gives them, for the steps of integrals
-    float singleRate;  ///< the same narrowed, for frame numbers and moments
-    float frame;       ///< number of the frame in the output; whole but for rounding
+    double hostRate;   ///< frames per second, from the host; for the steps of integrals
+    float singleRate;  ///< the same as a float; for frame numbers and times in walks
+    float frame;       ///< number of the frame in the output; a whole number except for rounding
 
     FrameTime(double time, double framesPerSecond)
         : seconds(time),
@@ -22,16 +22,16 @@ struct FrameTime {
           frame(static_cast<float>(singleRate * time)) {}
 };
 
-/// A walk back over the frames ends at a frame number of this or below: frame 0, but for rounding.
+/// A walk back over earlier frames ends at a frame number of this value or less.
 inline constexpr double kWalkEnd = 0.01;
 
-/// Whether a walk back goes on at `frame`. Frame numbers are single precision; one so large that
-/// subtracting 1 no longer changes it ends the walk.
+/// Whether a walk back continues at `frame`. Frame numbers are floats: the walk also ends at one so
+/// large that subtracting 1 does not change it.
 inline bool walksOn(float frame) {
     return frame > kWalkEnd && frame - 1.0f != frame;
 }
 
-/// The moments, in seconds, of `frame`, `frame` - 1, ... down to the first one, latest first.
+/// The times in seconds of the frames `frame`, `frame` - 1, ... down to the first, latest first.
 inline std::vector<float> momentsBack(float frame, float frameRate) {
     std::vector<float> moments;
     if (walksOn(frame)) moments.reserve(static_cast<std::size_t>(frame) + 1);

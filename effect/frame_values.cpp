@@ -10,7 +10,7 @@
 namespace ruvex {
 namespace {
 
-// What the artefact does at a level: a fraction or pixels, as the artefact counts.
+// The amount of an artefact at a level, in the artefact's unit.
 double amountOf(const Artefact& artefact, const ParameterReader& reader, double seconds,
                 float level) {
     const double amount = stageAmountDouble(level, reader.real(artefact.maximum, seconds),

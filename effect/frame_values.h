@@ -1,4 +1,4 @@
-// The values behind a frame, for front ends that show them.
+// The values that determine a frame, for front ends that show them.
 
 #pragma once
 
@@ -8,7 +8,7 @@
 
 namespace ruvex {
 
-/// The values of the frame at that time, worked out as the render does, without a picture.
+/// The values of the frame at this time, computed as in a render, but without a picture.
 FrameValues valuesOfFrame(const ParameterReader& reader, const FrameTime& time);
 
 }  // namespace ruvex

@@ -27,7 +27,7 @@ struct ReadyImage {
     void* pixels = nullptr;
 };
 
-// What can be read of the image, with a null pointer for one that is not to be touched.
+// The image's pixels and size; a null pointer if it is not ready or has another format.
 ReadyImage readyImage(IDSImage* image, const GUID& format, std::int32_t pixelSize) {
     ReadyImage ready;
     GUID found{};
@@ -37,7 +37,7 @@ ReadyImage readyImage(IDSImage* image, const GUID& format, std::int32_t pixelSiz
     return ready;
 }
 
-// Keeps the rows of one field: half the height, twice the step.
+// Reduces the texture to the rows of one field: half the height, twice the stride.
 template <class P>
 void takeField(VxTexture<P>& texture, std::int32_t fieldSelector) {
     if (fieldSelector == 2) texture.data += texture.stride;

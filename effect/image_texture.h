@@ -1,4 +1,4 @@
-// Host images as textures, without a copy.
+// Views of host images as textures, without copying pixels.
 
 #pragma once
 
@@ -11,24 +11,25 @@
 
 namespace ruvex {
 
-/// How an image is wrapped.
+/// The properties of a view of an image.
 struct ImageView {
     std::int32_t offsetX = 0;  ///< becomes the texture's origin
     std::int32_t offsetY = 0;
-    bool useCrop = false;     ///< this kind of image has a crop window
-    bool cropAllowed = true;  ///< and this frame wants it
+    bool useCrop = false;     ///< the crop applies to this kind of image
+    bool cropAllowed = true;  ///< and is wanted in this frame
     bool flipRows = false;    ///< row 0 of the texture is the image's last row
 };
 
-/// Makes `texture` a view of `image`: of every second row of it where the effect renders fields as
-/// images of half height. Empty for an image that is null, not ready, or of another pixel format.
-/// Channel8 is the pixel of a paint mask, which has no crop.
+/// Makes `texture` a view of `image`, or of every second row if the effect renders fields as images
+/// of half height. `texture` becomes empty if the image is null, not ready, or of another pixel
+/// format. Channel8 is for paint masks, which have no crop.
 template <class P>
 void textureFromImage(const VxDsEffect& effect, VxTexture<P>& texture, IDSImage* image,
                       const ImageView& view);
 
-/// Asks the host for input `inputIndex` (-1 is 0) at another time and wraps it. The texture is good
-/// as long as the image that is returned; null, and an untouched texture, when the host refuses.
+/// Requests input `inputIndex` (-1 means 0) at another time from the host and makes `texture` a
+/// view of it, valid during the lifetime of the returned image. If the host refuses, returns null
+/// and does not change `texture`.
 template <class P>
 ComPtr<IDSImage> fetchInputFrame(const VxDsEffect& effect, const FrameHost& host,
                                  VxTexture<P>& texture, double seconds, bool cropAllowed,

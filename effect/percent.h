@@ -1,11 +1,11 @@
-// Percentages of parameters as the render reads them.
+// Conversion of percentages, as the render does it.
 
 #pragma once
 
 namespace ruvex {
 
-/// The percent factor of the whole render: the single-precision value of 0.01 widened to double.
-/// Pictures depend on its last bits.
+/// The factor from percent to a fraction: 0.01 as a float, converted to double. Pictures depend on
+/// its last bits.
 inline constexpr double kPercent = 0.01f;
 
 /// A percentage as a fraction in single precision: 100 is exactly 1.

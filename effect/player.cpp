@@ -10,16 +10,16 @@ namespace ruvex {
 namespace {
 
 constexpr double kNormalSpeed = 100.0;
-// A position this close below a frame counts as the frame.
+// A position less than this below a whole frame counts as that frame.
 constexpr double kRoundingMargin = 0.01;
 
 bool slow(double speed) {
     return std::fabs(speed) < kNormalSpeed;
 }
 
-// The integral of Play Speed, in seconds of the clip. As long as the tape has run at its normal
-// speed from the start, the moment reached takes the place of the sum with its drift: a tape at
-// normal speed shows the frame of the output, however late.
+// The integral of Play Speed, in seconds of the clip. If the tape has always run at normal speed,
+// the result is the time itself and not the sum, which drifts: so the tape shows the output's own
+// frame at any time.
 double playedSeconds(const ParameterCurve& speed, double hostRate, double end) {
     if (!(end > 0.0)) return 0.0;
     if (speed.alwaysIs(kNormalSpeed)) return end;

@@ -1,4 +1,4 @@
-// The simulated player: which source frame is shown at an output time, and how it is being played.
+// The simulated player: the source frame at an output time, and the state of the tape.
 
 #pragma once
 
@@ -10,30 +10,30 @@
 
 namespace ruvex {
 
-/// Where the tape is.
+/// The position of the tape.
 struct TapePosition {
-    double playTime = 0.0;        ///< seconds of the clip played; below 0 after winding back
+    double playTime = 0.0;        ///< seconds of the clip; negative after rewinding past the start
     float sourcePosition = 0.0f;  ///< the same in frames
     std::int32_t sourceFrame = 0;
-    float shownFrame = 0.0f;  ///< the frame that is looked at, with frames repeated
+    float shownFrame = 0.0f;  ///< the shown frame, after frame repetition
 };
 
-/// A Play Speed of 100 all along gives the output's own frame.
+/// The tape position at a time. A constant Play Speed of 100 gives the output's own frame.
 TapePosition tapePosition(const ParameterReader& reader, const FrameTime& time);
 
-/// The whole frame that a position stands for. A position just below a frame is that frame, which
-/// keeps the rounding of integrals from showing the one before.
+/// The frame number of a position, rounded down. A position just below a whole frame counts as that
+/// frame, because integrals have rounding errors.
 std::int32_t frameAtPosition(float position);
 
-/// The frame that stands for `frame` when each is shown `repeat` times; frames before 0 round
-/// towards 0. Anything below 1 counts as 1.
+/// The shown frame when every frame is shown `repeat` times: `frame` rounded towards 0 to a
+/// multiple of `repeat`. A `repeat` below 1 counts as 1.
 std::int32_t repeatedFrame(std::int32_t frame, std::int32_t repeat);
 
-/// How the tape runs at a moment.
+/// The state of the tape at a time.
 struct PlayStatus {
     PlayState state = PlayState::Normal;
-    std::int32_t framesAtLowSpeed = 0;  ///< for how many frames, ending now, it has been slow
-    float speedAtStart = 1.0f;          ///< the speed before that; 1 is normal
+    std::int32_t framesAtLowSpeed = 0;  ///< number of frames since slow play began
+    float speedAtStart = 1.0f;          ///< the speed before slow play began; 1 is normal
 };
 
 PlayStatus playStatusAt(const ParameterReader& reader, const FrameTime& time);

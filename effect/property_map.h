@@ -8,8 +8,9 @@
 
 namespace ruvex {
 
-/// One entry for each row, in the table's order, tied to the members of a Ruvex. The module handle
-/// must be known at the first call, which makes them; they live as long as the module.
+/// One entry for each row of the table, in its order, with the member of Ruvex that holds the
+/// value. The first call builds the entries and needs the module handle; they are valid as long as
+/// the module.
 std::span<const CDSPropertiesMapEntry> propertyMapEntries();
 
 }  // namespace ruvex

@@ -1,4 +1,4 @@
-// Working at a reduced size: the picture is scaled down before the television and up after it.
+// Reduced resolution: the picture is scaled down before the television and up after it.
 
 #pragma once
 
@@ -14,16 +14,17 @@ namespace ruvex {
 template <class P>
 struct ScaledBuffers {
     VxTexture<P> source;  ///< the input at the work size, with its edge methods and crop window
-    VxTexture<P> result;  ///< where the television draws; its edges repeat
+    VxTexture<P> result;  ///< the television's output; its edge method is kEdgeHold
 };
 
-/// Allocates both at `res` (below 1) times the render size. Memory that runs out leaves buffers
-/// that processors refuse, and the frame goes on.
+/// Allocates both at `res` (below 1) times the render size. If memory runs out, the buffers have no
+/// pixels; processors report that, and the frame continues.
 template <class P>
 void allocateScaled(ScaledBuffers<P>& buffers, const VxTexture<P>& input, const FrameScale& scale,
                     float res);
 
-/// Fills `to`, `factor` of the size of `from`, by the nearest pixels. `region` is of `to`.
+/// Scales `from` by `factor` into `to` with nearest-neighbour sampling. `region` is a region of
+/// `to`.
 template <class P>
 void moveScaled(VxDsEffect& effect, VxTexture<P>& from, VxTexture<P>& to, float factor,
                 const std::optional<PixelRegion>& region);

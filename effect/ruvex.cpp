@@ -12,8 +12,7 @@
 namespace ruvex {
 namespace {
 
-// What the effect is capable of, as the host's descriptions have it: everything but bit 5. Bit 6
-// is the channel mask.
+// The capability flags in the host's record: bits 0 to 6 except bit 5. Bit 6 is the channel mask.
 constexpr std::uint32_t kCapabilities = 95;
 
 constexpr UINT kNameString = 1;

@@ -1,4 +1,4 @@
-// The effect as the host sees it.
+// The effect's main class, with which the host works.
 
 #pragma once
 
@@ -12,10 +12,11 @@
 
 namespace ruvex {
 
-/// Asks an effect of this family for its `VxDsEffect`, as the class identifier does.
+/// QueryInterface of an effect of this family with this identifier, or with the class identifier,
+/// gives its `VxDsEffect`.
 inline constexpr GUID kVxDsEffectId = guidFromText("53A973D2-298B-11D3-AB9A-0000E8D8077F");
 
-/// Simulates faulty television reception. Renders that run at the same time do so on clones.
+/// Simulates faulty television reception. Concurrent renders need separate objects (clones).
 class Ruvex final : public VxDsEffect, public CDSImageMIEffect, public IRuvexControl {
 public:
     Ruvex();
@@ -57,7 +58,7 @@ private:
     ParameterReader reader() const { return {*this, parameters}; }
 
     ModuleUse use_;
-    /// As IRuvexControl::setWorkerCount was given it: 0 is the number of the machine's processors.
+    /// The argument of IRuvexControl::setWorkerCount; 0: the machine's number of processors.
     std::int32_t workers_ = 0;
 };
 

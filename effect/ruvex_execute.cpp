@@ -12,7 +12,7 @@
 namespace ruvex {
 namespace {
 
-// Asks the host whether to stop. `context` is the effect host.
+// Asks the host whether to stop the render. `context` is the effect host.
 std::uint32_t hostTest(void* context, std::atomic<std::uint32_t>* progress) {
     auto* host = static_cast<IDSEffectHost*>(context);
     if (!host || host->QueryInterruption() == S_OK) return 0;
@@ -45,7 +45,7 @@ HRESULT Ruvex::Execute(double seconds) {
         try {
             return renderByFormat(seconds);
         } catch (const std::bad_alloc&) {
-            // Inside a frame want of memory is no status: the picture stays as far as it got.
+            // Running out of memory during a frame is no error status: the frame stays incomplete.
             raiseOutOfMemory(&interruption);
             return S_OK;
         }
@@ -121,7 +121,7 @@ void Ruvex::readCrop(double seconds) {
 void Ruvex::reportToSource() {
     link->setGeometry(geometry);
     if (!sourceEffect) return;
-    // A source shows its user where the picture lies; a second input has no place of its own there.
+    // The source effect's on-screen controls use the geometry; they ignore the second input's.
     sourceEffect->setGeometry(
         {.output = geometry.output, .input = geometry.input, .input2 = geometry.input});
 }

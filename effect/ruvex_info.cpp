@@ -90,7 +90,7 @@ HRESULT Ruvex::GetImageEffectInfo(DSIMAGEEFFECTINFO* info) {
     return S_OK;
 }
 
-/// Tells the host, once, which pages there are, for the kinds that have any.
+/// Adds the property pages to the host's list, once, for the kinds of effect that have pages.
 HRESULT Ruvex::linkPages() {
     if (bit(infoFlags, 0)) return S_OK;
     if (effectKind == EffectKind::Filter || effectKind == EffectKind::Paint) {

@@ -15,7 +15,7 @@ float single(double value) {
     return static_cast<float>(value);
 }
 
-// An unknown type is a colour television.
+// The stored number as a type of television; an unknown number is a colour television.
 TvType tvType(std::int32_t stored) {
     const TvType type{stored};
     return type == TvType::BlackAndWhite || type == TvType::Tint ? type : TvType::Colour;
@@ -68,7 +68,8 @@ void fillGuns(SignalParameters& signal, const FrameState& frame) {
     signal.gunBlueY = down(ParameterId::GunAlignBlueY);
 }
 
-// The cycles that an oscillation has gone through: it stands still while the tape does.
+// The number of cycles of an oscillation so far. It follows the play time, and so stops with the
+// tape.
 float phaseOf(const FrameState& frame, ParameterId speed) {
     return fractionOf(integrateParameter(frame.reader.curve(speed), frame.time.hostRate, 0.0,
                                          frame.tape.playTime));

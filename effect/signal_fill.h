@@ -1,4 +1,4 @@
-// Filling in the television's parameters for one frame.
+// Computes the television's parameters for one frame.
 
 #pragma once
 
@@ -10,7 +10,7 @@
 
 namespace ruvex {
 
-/// All that the television's parameters are made from. References are borrowed.
+/// The inputs of signalParameters. The references are not owned.
 struct FrameState {
     const ParameterReader& reader;
     const FrameParameters& parameters;
@@ -27,8 +27,8 @@ struct FrameState {
 /// `white` is the stored value of white of the frame's pixel type.
 SignalParameters signalParameters(const FrameState& frame, float white);
 
-/// An angle in degrees as the creeping lines take it: whole degrees, in radians from 0 to 2 pi,
-/// moved a twentieth of a degree off an exact axis, on which they could not be drawn.
+/// The angle of the creeping lines in radians, 0 to 2 pi, from whole degrees. An angle exactly on
+/// an axis is moved by a twentieth of a degree, since the lines can't be drawn there.
 float lineAngleRadians(double degrees);
 
 }  // namespace ruvex

@@ -13,7 +13,7 @@ namespace {
 constexpr std::int32_t kLevelOctaves = 8;
 constexpr float kSeedSpread = 100.0f;
 
-// Not a number becomes 0, an undisturbed signal.
+// NaN becomes 0, an undisturbed signal.
 float clampToUnit(float value) {
     return value > 0.0f ? std::min(value, 1.0f) : 0.0f;
 }
@@ -23,7 +23,7 @@ float seedOffsetOf(std::int32_t seed) {
     return uniform(state) * kSeedSpread;
 }
 
-// Percent to fraction, in single precision throughout.
+// A percentage as a level, computed in float.
 float levelOf(double percent) {
     return static_cast<float>(percent) * 0.01f;
 }
@@ -56,8 +56,8 @@ std::vector<float> SignalLevel::atEarlier(const std::vector<float>& moments) con
     FrameIntegral phase(speed_, hostRate_, 0.0);
     for (std::size_t i = moments.size(); i-- > 0;) {
         const double moment = moments[i];
-        // Master Breakup is not clamped, and a Breakup Variation below 0 varies by 0: the level
-        // that comes of it is still clamped to 0..1.
+        // Raw values: Master Breakup is not clamped here, and a negative Breakup Variation counts
+        // as 0. The resulting level is clamped to 0..1.
         levels[i] = levelOf(master_.rawAt(moment));
         if (variation_.rawAt(moment) == 0.0) continue;
         levels[i] = varied(levels[i], variation_.at(moment), phase.upTo(moment));

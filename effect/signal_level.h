@@ -1,4 +1,4 @@
-// How poor the signal is: one level, 0 to 1, for each moment.
+// The signal level at any time: 0 is an undisturbed signal, 1 the worst.
 
 #pragma once
 
@@ -9,18 +9,18 @@
 
 namespace ruvex {
 
-/// The level over the time line of one frame's request. Nothing is kept from frame to frame.
+/// Computes levels for one frame. No state is kept from frame to frame.
 class SignalLevel {
 public:
     /// `hostRate` in frames per second.
     SignalLevel(const ParameterReader& reader, double hostRate);
 
-    /// The level of the frame at `seconds`. Its variation runs on the play time, so that a paused
-    /// tape keeps its level.
+    /// The level of the frame at `seconds`. Its variation follows the play time, so that it does
+    /// not vary while the tape is paused.
     float at(double seconds, double playTime) const;
 
-    /// The levels at earlier moments in seconds, latest first. Their variation runs on the moments
-    /// themselves, whatever the tape does. One walk along the time line serves them all.
+    /// The levels at earlier times in seconds, latest first. Their variation follows these times
+    /// and not the tape. All are computed in one walk over time.
     std::vector<float> atEarlier(const std::vector<float>& moments) const;
 
 private:
@@ -30,7 +30,7 @@ private:
     ParameterCurve variation_;
     ParameterCurve speed_;
     double hostRate_;
-    float seedOffset_;  // moves the variation along its noise curve
+    float seedOffset_;  // offset of the variation on its noise curve
 };
 
 }  // namespace ruvex

@@ -7,7 +7,7 @@
 namespace ruvex {
 namespace {
 
-// The moments of one walk and the levels at them, latest first.
+// The times of a walk back and the levels at these times, latest first.
 struct Past {
     std::vector<float> moments;
     std::vector<float> levels;
@@ -20,7 +20,7 @@ Past pastOf(const SignalLevel& levels, float frame, float frameRate) {
     return past;
 }
 
-// How a walk begins: the frame, and the level at it.
+// The start of a walk: a frame and its level.
 struct Start {
     const ParameterReader& reader;
     const FrameTime& time;
@@ -49,8 +49,9 @@ std::int32_t verticalOffset(const Start& start) {
         stageAmountDouble(start.breakup, max, start.threshold(ParameterId::VertOffsetThreshold)));
 }
 
-// Goes back to the latest time at which the level was not above the roll threshold: the roll starts
-// anew after every recovery. The sum, from `sum` on, is cut to a whole number at every step.
+// Adds the roll speed for every frame since the level was last at or below the roll threshold: the
+// roll restarts when the signal has recovered. The sum begins with `sum` and is truncated to an
+// integer at every step.
 std::int32_t verticalRoll(const Start& start, const Past& past, std::int32_t sum) {
     const ParameterCurve speedMax = start.reader.curve(ParameterId::VertRollSpeedMax);
     const ParameterCurve thresholds = start.reader.curve(ParameterId::VertRollThreshold);
@@ -91,7 +92,7 @@ SignalWalks walkBack(const ParameterReader& reader, const SignalLevel& levels,
     if (actsAt(breakup, start.threshold(ParameterId::VertRollThreshold))) {
         walks.verticalSum = verticalRoll(start, tape, walks.verticalSum);
     }
-    // At normal speed the tape's frames are the output's, and one walk serves both.
+    // At normal speed the tape and the output have the same frames, and one walk is enough.
     const bool sameFrames = time.frame == sourcePosition;
     const Past output = sameFrames ? Past{} : pastOf(levels, time.frame, time.singleRate);
     walks.shashFramesOn = shashFrames(start, sameFrames ? tape : output);

@@ -1,4 +1,4 @@
-// The signal at one frame: its level, and what its faults have added up to over the time before.
+// The signal at one frame: its level, and the sums of some faults over the frames before it.
 
 #pragma once
 
@@ -10,12 +10,12 @@
 
 namespace ruvex {
 
-/// What some faults remember. Nothing is kept from frame to frame: it is worked out anew for each
-/// frame by walking back over the frames before it.
+/// Sums of faults over earlier frames. No state is kept from frame to frame: each frame computes
+/// them again in a walk back over the frames before it.
 struct SignalWalks {
-    double lineSum = 0.0;            ///< how far the creeping lines have crept, project pixels
-    std::int32_t verticalSum = 0;    ///< vertical offset and roll together, project pixels
-    std::int32_t shashFramesOn = 0;  ///< for how many frames there has been shash
+    double lineSum = 0.0;            ///< distance the creeping lines have moved, project pixels
+    std::int32_t verticalSum = 0;    ///< vertical offset plus vertical roll, project pixels
+    std::int32_t shashFramesOn = 0;  ///< number of frames since the shash began
 };
 
 struct SignalState {
@@ -23,12 +23,12 @@ struct SignalState {
     SignalWalks walks;
 };
 
-/// The signal of a frame, with the tape where it stands at that time.
+/// The signal of a frame, for the tape's position at that time.
 SignalState signalAt(const ParameterReader& reader, const FrameTime& time,
                      const TapePosition& tape);
 
-/// The walks of a frame whose level is `breakup`, with the tape at `sourcePosition` in frames.
-/// Lines and roll go by the tape's frames, shash by the output's.
+/// The walks of a frame with level `breakup` and the tape at `sourcePosition` in frames. Lines and
+/// roll are summed over the tape's frames, shash over the output's.
 SignalWalks walkBack(const ParameterReader& reader, const SignalLevel& levels,
                      const FrameTime& time, float sourcePosition, float breakup);
 
