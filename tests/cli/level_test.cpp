@@ -4,6 +4,8 @@
 #include <iterator>
 
 #include "media/stills/raw_frame.h"
+#include "parameters/artefacts.h"
+#include "parameters/parameter_table.h"
 #include "tests/cli/csv_table.h"
 #include "tests/cli/xml_check.h"
 #include "tests/media/test_clips.h"
@@ -35,16 +37,16 @@ std::vector<double> numbers(const std::vector<std::string>& texts) {
     return result;
 }
 
-const char* const kAmounts[] = {
-    "colour_degrade", "ghost_distance", "edge_distortion", "snow",
-    "shash",          "line_speed",     "vertical_offset", "roll_speed"};
-
+// The names of the artefacts' columns are frozen with their table.
 TEST(Level, TheNamesOfTheColumnsStay) {
+    std::string amounts;
+    for (const Artefact& artefact : artefacts()) {
+        amounts.append(artefact.amountName).append(",");
+    }
     const std::string out = level({"--frames", "0-0", "--csv"}).out;
     EXPECT_EQ(out.substr(0, out.find('\n')),
-              "frame,time,play_time,source_frame,shown_frame,level,colour_degrade,ghost_distance,"
-              "edge_distortion,snow,shash,line_speed,vertical_offset,roll_speed,line_travel,"
-              "vertical_sum,shash_frames");
+              "frame,time,play_time,source_frame,shown_frame,level," + amounts +
+                  "line_travel,vertical_sum,shash_frames");
 }
 
 TEST(Level, FramesStandAtTheirTimes) {
@@ -82,12 +84,13 @@ TEST(Level, AmountsRampFromTheirThresholds) {
 TEST(Level, AmountsRiseWithTheLevelToTheirMaximum) {
     const CsvTable table = values({"--frames", "0-100", "--rate", "25", "--set",
                                    "Breakup Variation=0", "--key", "Master Breakup=0:0 4:100"});
-    const double most[] = {1.0, 50.0, 100.0, 0.6, 1.0, 100.0, 200.0, 1000.0};
-    for (std::size_t i = 0; i < std::size(kAmounts); ++i) {
-        const std::vector<double> amounts = numbers(table.at(kAmounts[i]));
-        EXPECT_TRUE(std::is_sorted(amounts.begin(), amounts.end())) << kAmounts[i];
-        EXPECT_EQ(amounts.front(), 0.0) << kAmounts[i];
-        EXPECT_NEAR(amounts.back(), most[i], most[i] * 1e-6) << kAmounts[i];
+    for (const Artefact& artefact : artefacts()) {
+        const std::vector<double> amounts = numbers(table.at(std::string(artefact.amountName)));
+        const double part = artefact.isFraction() ? 0.01 : 1.0;
+        const double most = row(artefact.maximum).defaultValue * part;
+        EXPECT_TRUE(std::is_sorted(amounts.begin(), amounts.end())) << artefact.id;
+        EXPECT_EQ(amounts.front(), 0.0) << artefact.id;
+        EXPECT_NEAR(amounts.back(), most, most * 1e-6) << artefact.id;
     }
 }
 
