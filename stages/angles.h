@@ -1,4 +1,4 @@
-// Angles in radians, in the single precision that the stages reckon with.
+// Angles in radians, in single precision.
 
 #pragma once
 

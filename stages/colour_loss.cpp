@@ -3,7 +3,7 @@
 namespace ruvex {
 namespace {
 
-// The limits of the stages, compared in double.
+// The amounts at which the stages Swap and Drain end; compared in double.
 constexpr double kSwapEnds = 0.2;
 constexpr double kDrainEnds = 0.4;
 

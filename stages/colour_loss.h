@@ -1,11 +1,11 @@
-// How a failing signal loses its colour.
+// The loss of colour as the signal level rises.
 
 #pragma once
 
 namespace ruvex {
 
-/// How far the colour has degraded: the stage that an amount has reached, and the weight k by which
-/// channels are swapped or drained.
+/// The state of the colour: its stage, and the weight k (0 to 1) with which channels are swapped or
+/// drained in this stage.
 struct ColourLoss {
     enum class Stage { None, Swap, Drain, Grey };
 
@@ -13,8 +13,8 @@ struct ColourLoss {
     float weight = 0.0f;
 };
 
-/// The stage and the weight for an amount of loss, a fraction. The weight is not used in the stages
-/// None and Grey.
+/// The stage and weight for an amount of loss, a fraction. The stages None and Grey do not use the
+/// weight.
 ColourLoss colourLoss(float amount);
 
 }  // namespace ruvex

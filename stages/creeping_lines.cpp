@@ -14,17 +14,18 @@
 namespace ruvex {
 namespace {
 
-// Between these a line is nearer to the vertical.
-constexpr float kSteepFrom = 0.7853982f;
-constexpr float kSteepTo = 2.3561945f;
-// Dots stand on every third row or column.
+// Angles between which a line is closer to the vertical than to the horizontal.
+constexpr float kSteepFrom = 0.7853982f;  // pi / 4
+constexpr float kSteepTo = 2.3561945f;    // 3 pi / 4
+// A line has a dot on every third row (steep) or column (shallow).
 constexpr std::int32_t kDotStep = 3;
 
 float sine(float angle) {
     return static_cast<float>(maths::sin(angle));
 }
 
-// The lines go the other way in the lower half turn.
+// How far the lines have moved along a row when they have moved by `offset` across their direction.
+// For angles above a half turn they move in the other direction.
 float creepOf(float angle, float offset) {
     if (angle < kQuarterTurn) return -(offset / sine(angle));
     if (angle < kHalfTurn) return -(offset / sine(kHalfTurn - angle));
@@ -32,7 +33,7 @@ float creepOf(float angle, float offset) {
     return offset / sine(kWholeTurn - angle);
 }
 
-// v rounded up, by truncation.
+// v rounded up to a whole number.
 float wholeAbove(float v) {
     const std::int32_t whole = truncateToInt(v);
     const bool up = v > 0.0f && static_cast<float>(whole) != v;
@@ -40,11 +41,11 @@ float wholeAbove(float v) {
 }
 
 struct LineFamily {
-    float angle;  // 0 to pi
-    float slope;
-    float step;    // between neighbours along a row
-    float reach;   // along the row over the picture's height; negative beyond a quarter turn
-    float period;  // of the whole family along a row
+    float angle;   // radians, 0 to pi
+    float slope;   // rows per column
+    float step;    // columns from one line to the next along a row
+    float reach;   // columns a line covers over the picture's height; negative above pi / 2
+    float period;  // columns after which the whole family repeats along a row
     std::int32_t lines;
     float strength;
 };
@@ -109,7 +110,7 @@ private:
         const float xb = clampedAcross(static_cast<float>(rows_.end) * dxdy + p);
         const float yb = (xb - p) / dxdy;
         std::int32_t row = truncateToInt((xa - p) / dxdy);
-        // A line that meets the picture in no row that can be counted has no dots in it.
+        // The row is out of the range of integers: the line has no dots in the picture.
         if (row == std::numeric_limits<std::int32_t>::min()) return;
         for (float column = xa; yb > static_cast<float>(row);
              row += kDotStep, column += dxdy * kDotStep) {
@@ -136,7 +137,7 @@ private:
         }
     }
 
-    // Outside the picture nothing happens, and no random number is used.
+    // Outside the picture nothing is painted and no random number is drawn.
     void paint(std::int32_t x, std::int32_t y) {
         const auto inside = [](const TexAxis& axis, std::int32_t at) {
             const std::int64_t index = std::int64_t{at} - axis.offset;
@@ -151,7 +152,8 @@ private:
         }
     }
 
-    // A colour television's lines sparkle in random colours.
+    // Colour television: blends each component with a random value. The weight of that is a random
+    // number from half to all of the strength.
     void sparkle(P& pixel) {
         for (int k = 0; k < 3; ++k) {
             const float g = (uniform(seed_) * 0.5f + 0.5f) * family_.strength;
@@ -162,7 +164,8 @@ private:
         }
     }
 
-    // A black-and-white one's are lighter, alpha too. Eight bits take the result as it comes.
+    // Black-and-white television: blends all components, alpha too, with white, with such a weight.
+    // The result wraps in 8 bits; in S2.14 it is clamped to 0 and above.
     void whiten(P& pixel) {
         const float g = (uniform(seed_) * 0.5f + 0.5f) * family_.strength;
         for (int k = 0; k < 4; ++k) {

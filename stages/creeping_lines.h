@@ -1,4 +1,4 @@
-// The thin dotted diagonals of interference that crawl across a bad picture.
+// Creeping lines: thin dotted diagonal lines that move across the picture.
 
 #pragma once
 
@@ -8,10 +8,10 @@
 
 namespace ruvex {
 
-/// Paints the lines' dots of one worker's rows into `picture`, in place. Every worker works out the
-/// same lines; the colours of their dots depend on where its share begins. A shallow line's
-/// rounding can put a dot a row beyond the share: the workers' shares are drawn one after the other
-/// on one thread, so that the later one wins.
+/// Paints the dots of the lines on one worker's rows into `picture`. All shares have the same
+/// lines, but the colours of the dots depend on where a share begins. Because of rounding, a dot of
+/// a shallow line can be one row outside the share. Therefore one thread has to draw all shares,
+/// one after the other, so that the later one overwrites.
 template <class P>
 void drawCreepingLines(const SignalParameters& signal, VxTexture<P>& picture, Span rows);
 

@@ -11,22 +11,22 @@
 namespace ruvex {
 namespace {
 
-// Above and below the picture this part of a margin, the outer one, holds noise; the rest is black.
+// The outer part of the margins above and below the picture has noise; the rest is black.
 constexpr float kBorderNoisePart = 0.4f;
-// Frames draw from seeds this far apart; a row's noise starts anywhere in this much of its curve
-// and passes this many units of it over the width.
+// The distance between the seeds of two frames; the range of a row's random start on the noise
+// curve; and the length of the curve that a row covers.
 constexpr float kBorderSeedStep = 100.0f;
 constexpr float kBorderNoiseSpread = 1000.0f;
 constexpr float kBorderNoiseCells = 50.0f;
 constexpr std::int32_t kBorderNoiseOctaves = 8;
 constexpr double kFaintestSpeck = 0.2;
 
-// The sync pulses of the left side, in parts of the margin from the picture's outer edge; the right
-// side mirrors them.
+// The sync pulses on the left, as fractions of the margin from its outer edge. The right side is a
+// mirror image.
 constexpr float kPulse1Begin = 0.2f, kPulse1End = 0.3f;
 constexpr float kPulse2Begin = 0.4f, kPulse2End = 0.5f;
 
-// The part of a band that lies in the worker's rows.
+// The rows first .. end - 1 clipped to the worker's rows.
 Span clampedTo(const Span& rows, std::int32_t first, std::int32_t end) {
     return {std::clamp(first, rows.first, rows.end), std::clamp(end, rows.first, rows.end)};
 }

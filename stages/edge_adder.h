@@ -1,4 +1,4 @@
-// What lies outside the active picture: the blanking interval with its noise and sync pulses.
+// The blanking interval around the active picture, with noise and sync pulses.
 
 #pragma once
 
@@ -12,22 +12,22 @@
 
 namespace ruvex {
 
-/// Paints the margins of a padded picture, of which vertical roll and edge distortion uncover
-/// something. The noise of a row depends on where its worker's share begins.
+/// Paints the margins of a padded picture. Vertical roll and edge distortion move parts of them
+/// into view. The noise of a row depends on where the worker's share begins.
 template <class P>
 class EdgeAdder : public VxImgProc1<VxTexture<P>> {
 public:
     void run() override;
 
-    /// The padded rectangle in image space; right and bottom are one past the end. `right` is
-    /// written and never read: the bars of that side go by the window's columns.
+    /// The padded rectangle in image space; right and bottom are one past the end. `right` is not
+    /// used: the pulses of that side are placed by the window's columns.
     std::int32_t left = 0, right = 0, top = 0, bottom = 0;
     BorderAlpha borderAlpha = BorderAlpha::None;
     std::uint32_t seed = 0;
     std::int32_t sourceFrame = 0;
-    const VxGradientNoise* noiseTable = nullptr;  ///< borrowed
-    /// Borrowed, indices from the texture's first row. Other rows take part in the order of random
-    /// numbers and aren't painted. Null stands for all.
+    const VxGradientNoise* noiseTable = nullptr;  ///< not owned
+    /// The rows to paint, as indices from the texture's first row; not owned. For other rows random
+    /// numbers are drawn, but nothing is painted. Null: all rows.
     const RowsRead* rowsRead = nullptr;
 
 private:

@@ -13,7 +13,7 @@
 namespace ruvex {
 namespace {
 
-// A ghost begins anywhere in this much of its noise curve.
+// The range of a ghost's random start on its noise curve.
 constexpr float kPlaceSpreadOfGhosts = 100.0f;
 constexpr std::int32_t kGhostOctaves = 4;
 

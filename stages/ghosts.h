@@ -1,4 +1,4 @@
-// Ghosts: weaker copies of the picture beside itself.
+// Ghosts: weaker copies of the picture, displaced along X.
 
 #pragma once
 
@@ -10,26 +10,26 @@
 
 namespace ruvex {
 
-/// Whether there are any at this level.
+/// Whether there are ghosts at the signal's level.
 bool hasGhosts(const SignalParameters& signal);
 
-/// The ghosts of one frame. One for each worker, whose scratch it holds.
+/// The ghosts of one frame. Each worker has its own object, with scratch memory.
 template <class P>
 class Ghosts {
 public:
     explicit Ghosts(const SignalParameters& signal);
 
-    /// False when memory ran out, or for more ghosts than a buffer may hold.
+    /// False if memory ran out or there are too many ghosts for a buffer.
     bool usable() const { return offsets_ && weights_ && rows_; }
 
-    /// Adds them to `count` pixels of a row that wraps after `width`: `row` holds it twice, one
-    /// after the other, and `first`, 0 to width - 1, is the first of the pixels. `count` is at most
-    /// `width`. `to` must lie elsewhere.
+    /// Writes `count` pixels of a row with the ghosts to `to`. The row wraps after `width` pixels,
+    /// so `row` must hold it twice in succession. `first`, 0 to width - 1, is the first of the
+    /// pixels; `count` is at most `width`. `to` must not overlap `row`.
     void add(const P* row, std::int32_t width, std::int32_t first, std::int32_t count, P* to);
 
 private:
     std::int32_t count_;
-    std::unique_ptr<std::int32_t[]> offsets_;  // columns to the right that each reads
+    std::unique_ptr<std::int32_t[]> offsets_;  // displacement of each ghost, columns to the right
     std::unique_ptr<float[]> weights_;         // negative for a negative image
     std::unique_ptr<const P*[]> rows_;
 };

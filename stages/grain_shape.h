@@ -1,4 +1,4 @@
-// How noise is shaped before it is added to a picture.
+// The parameters of noise that is added to a picture: offset, dead band and components.
 
 #pragma once
 
@@ -6,13 +6,13 @@
 
 namespace ruvex {
 
-/// In raw units of the picture.
+/// Values are raw values of the picture's pixel type.
 struct GrainShape {
     float low[4] = {};       ///< added to the noise of each component
-    bool banded = false;     ///< there is a dead band: noise inside it becomes 0
-    float cut = 0.0f;        ///< how far the band reaches to both sides of 0
-    float stretch = 1.0f;    ///< noise beyond the band is multiplied by this
-    std::uint32_t keep = 0;  ///< components that get no noise: bit 0 is red
+    bool banded = false;     ///< there is a dead band: noise from -cut to cut becomes 0
+    float cut = 0.0f;        ///< half the width of the dead band
+    float stretch = 1.0f;    ///< noise outside the band is multiplied by this
+    std::uint32_t keep = 0;  ///< components without noise: bit 0 is red
 };
 
 }  // namespace ruvex

@@ -11,7 +11,7 @@
 
 namespace ruvex {
 
-/// One worker's scratch for a value of each column. Null when memory ran out.
+/// A worker's scratch memory with one float per column. Null if memory ran out.
 class ScratchRow : public std::unique_ptr<float[]> {
 public:
     explicit ScratchRow(Span columns)
@@ -19,16 +19,17 @@ public:
               columns.end > columns.first ? columns.end - columns.first : 0)]) {}
 };
 
-/// One worker's scratch for the noise of rows of one width. Made once, before the rows.
+/// Computes noise for rows of one width. Each worker makes one before its rows; it holds scratch
+/// memory.
 class NoiseRow {
 public:
     explicit NoiseRow(Span columns) : columns_(columns), places_(columns), values_(columns) {}
 
-    /// False when memory ran out.
+    /// False if memory ran out.
     bool usable() const { return places_ && values_; }
 
-    /// The noise of each column from the first, at the places that place(x) gives for column x as a
-    /// float. Good until the next call.
+    /// The noise of each column, at position place(x) on the noise curve; x is the column number,
+    /// as a float. Valid until the next call.
     template <class Place>
     const float* make(const VxGradientNoise& noise, std::int32_t octaves, Place place) {
         const std::int32_t count = columns_.end - columns_.first;

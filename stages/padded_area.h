@@ -1,4 +1,4 @@
-// The picture with its margins, and which of its rows a frame reads.
+// The geometry of the picture with its margins, and the rows of it that a frame reads.
 
 #pragma once
 
@@ -16,7 +16,7 @@ struct PaddedArea {
     std::int32_t marginY = 0;
     std::int32_t width = 0;  ///< of the picture and both margins
     std::int32_t height = 0;
-    Span rows{0, 0};  ///< the part that the frame's window needs; the rest is not made
+    Span rows{0, 0};  ///< the rows that the frame's window needs; others are not computed
     Span columns{0, 0};
 
     /// The index of a column or row, 0 to the size - 1, wrapped.
@@ -35,10 +35,10 @@ private:
     }
 };
 
-/// The rows that are read: a few stretches, which wrap after `height`.
+/// The rows that are read: up to three ranges, which wrap after `height`.
 struct RowsRead {
     std::int32_t height = 1;
-    std::array<Span, 3> spans{};  ///< row indices before they wrap
+    std::array<Span, 3> spans{};  ///< row indices before wrapping
 
     bool has(std::int32_t row) const {
         for (const Span& span : spans) {

@@ -12,15 +12,15 @@
 namespace ruvex {
 namespace {
 
-// A margin in whole pixels, 0 for a size below 0 or not a number. The upper limit is beyond what
-// memory can be allocated for.
+// A margin in whole pixels; 0 for negative sizes and NaN. The upper limit is larger than any
+// picture for which memory can be allocated.
 std::int32_t clampedMargin(float margin) {
     constexpr std::int32_t kLargest = 1 << 28;
     return std::clamp(truncateToInt(margin), 0, kLargest);
 }
 
-// Rows [first, end) as indices of a picture that begins at `origin` and wraps; all of it where they
-// leave 32 bits.
+// Rows first .. end - 1 as row indices of a picture that begins at `origin` and wraps. All rows if
+// the indices would exceed 32 bits.
 Span indicesOf(std::int64_t first, std::int64_t end, std::int32_t origin, std::int32_t height) {
     const std::int64_t from = wrapSubtract(saturate(first), origin);
     const std::int64_t to = from + (end - first);
@@ -32,14 +32,14 @@ std::int32_t paddedOriginY(const SignalParameters& signal, const PaddedArea& are
     return wrapSubtract(signal.verticalOffset, area.marginY);
 }
 
-// Copies a picture into the middle of a larger one, whose offsets say where that lies, and clears
-// what is around it. Rows of the margins that nothing reads stay as they are.
+// Copies a picture into a larger one, at the place given by their offsets, and clears the margins.
+// Rows of the margins that are not read are not cleared.
 template <class P>
 class Padder : public VxImgProc2<VxTexture<P>, VxTexture<P>> {
 public:
     void run() override;
 
-    const RowsRead* rowsRead = nullptr;  // borrowed; null is all
+    const RowsRead* rowsRead = nullptr;  // not owned; null: all rows
 };
 
 template <class P>
@@ -127,8 +127,8 @@ bool padSource(const SignalParameters& signal, const PaddedArea& area, const Row
         raiseOutOfMemory(run.interrupt);
         return false;
     }
-    // Wrap in both directions makes the picture roll with its border as one closed loop. The
-    // vertical offset comes in by way of the origin, at reading.
+    // With kEdgeWrap on both axes, picture and border roll as a closed loop. The origin contains
+    // the vertical offset.
     padded.setOrigin(-area.marginX, paddedOriginY(signal, area));
     padded.x.offset = -area.marginX;
     padded.y.offset = -area.marginY;

@@ -1,4 +1,4 @@
-// The source with its margins: the picture as it is sent, blanking interval and all.
+// The source picture with its margins, which are the blanking interval.
 
 #pragma once
 
@@ -9,18 +9,18 @@
 
 namespace ruvex {
 
-/// Margins of a seventh of the picture's width, corrected by the aspect, and a tenth of its height.
-/// `rows` and `columns` are left for the caller.
+/// The area with margins of 1/7 of the picture's width (corrected by the pixel aspect) and 1/10 of
+/// its height. The caller sets `rows` and `columns`.
 PaddedArea paddedArea(const SignalParameters& signal, const VxTexIndexer& source, float scaleY);
 
-/// The layout of a picture that covers the area.
+/// The layout of a texture that covers the area.
 VxTexIndexer paddedLayout(const VxTexIndexer& source, const PaddedArea& area);
 
-/// Which rows of the padded source are read for `rows` of the signal, each gun at its own height.
+/// The rows of the padded source that the three guns read for `rows` of the signal.
 RowsRead rowsRead(const SignalParameters& signal, const PaddedArea& area, Span rows);
 
-/// Makes `padded` of `source`: the picture in the middle, and its border. Only the rows that are
-/// read are made. False when memory ran out or the frame was stopped.
+/// Fills `padded` with `source` and the border around it; only the rows that are read. False if
+/// memory ran out or the frame was stopped.
 template <class P>
 bool padSource(const SignalParameters& signal, const PaddedArea& area, const RowsRead& rows,
                VxTexture<P>& source, VxTexture<P>& padded, const VxImgProc& run);

@@ -1,4 +1,4 @@
-// Pixels as machine words, a form in which compilers vectorise loops well.
+// Pixels as machine words, a form in which compilers can vectorise loops.
 
 #pragma once
 
@@ -9,8 +9,8 @@
 
 namespace ruvex::detail {
 
-/// The components of a pixel as integers, and back. All of it depends on a tag type local
-/// to the including source, so that no other code can end up with its processor's instructions.
+/// Converts between a pixel and its components as integers. A template over a tag type local to the
+/// including source, so that the linker can't merge versions for different instruction sets.
 template <class P, class Processor>
 struct PixelWords;
 
@@ -21,7 +21,7 @@ struct PixelWords<Rgba8, Processor> {
     [[gnu::always_inline]] explicit PixelWords(const Rgba8* pixel) {
         std::memcpy(&word, pixel, sizeof word);
     }
-    /// Of four components that fit.
+    /// From four components, which must be in the component's range.
     [[gnu::always_inline]] PixelWords(std::int32_t r, std::int32_t g, std::int32_t b,
                                       std::int32_t alpha)
         : word((static_cast<std::uint32_t>(alpha) << 24) | (static_cast<std::uint32_t>(b) << 16) |
@@ -31,7 +31,7 @@ struct PixelWords<Rgba8, Processor> {
     [[gnu::always_inline]] std::int32_t component() const {
         return static_cast<std::int32_t>(word >> (8 * K) & 0xFFu);
     }
-    /// Writes three components that fit, and this pixel's alpha.
+    /// Writes three components, which must be in range, and this pixel's alpha.
     [[gnu::always_inline]] void store(std::int32_t r, std::int32_t g, std::int32_t b,
                                       Rgba8* to) const {
         const std::uint32_t result = (word & 0xFF000000u) | (static_cast<std::uint32_t>(b) << 16) |

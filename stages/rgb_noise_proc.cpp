@@ -16,11 +16,10 @@ namespace {
 constexpr float kLeastAspect = 0.001f;
 constexpr std::uint32_t kAlphaOnly = 8;
 
-// Pixels that are worked on at a time: their noise stays in the nearest cache.
+// Pixels per step: so few that their noise stays in the first-level cache.
 constexpr std::int32_t kTile = 64;
 
-// Sparse grain: what lies inside a dead band about 0 is silent, and the rest is stretched back to
-// the full range.
+// Sparse grain: noise inside the dead band becomes 0, and the rest is stretched to the full range.
 void setBand(GrainShape& shape, float sparseness, float reach) {
     shape.banded = sparseness > 0.0f;
     shape.cut = sparseness * reach;
@@ -35,7 +34,8 @@ void giveRun(Generator& generator, const VxImgProc& from, std::uint32_t seed) {
     generator.scaleY = 1.0f / generator.scaleX;
 }
 
-// Adds the noise of `count` pixels from (x, y) on, at most kTile, to what the source has there.
+// Adds noise to `count` source pixels (at most kTile) from (x, y) on, and stores the sums in the
+// target.
 template <class P>
 void addNoise(const VxTexture<P>& source, VxTexture<P>& target, std::int32_t x, std::int32_t y,
               std::int32_t count, const float* noise, const GrainShape& shape) {
@@ -48,7 +48,7 @@ void addNoise(const VxTexture<P>& source, VxTexture<P>& target, std::int32_t x, 
              });
 }
 
-// Softened noise as floats, four for each pixel.
+// Converts blurred noise to floats, four per pixel.
 void widen(const RgbaInt* noise, std::int32_t count, float* to) {
     const std::int32_t* const values = noise->c;
     for (std::int32_t i = 0; i < 4 * count; ++i) to[i] = static_cast<float>(values[i]);
@@ -74,7 +74,7 @@ void VxRGBNoiseProc<P>::pre() {
     }
 }
 
-// Whether the noise is softened along rows alone, which needs no picture of it.
+// Whether the noise is blurred along X only, which SoftNoiseRows does without a whole picture.
 template <class P>
 bool VxRGBNoiseProc<P>::softensRows() const {
     if (!(softX[0] / 3.0f > 0.0f) || this->scaleX != 1.0f || softY[0] != 0.0f) return false;
@@ -85,7 +85,7 @@ bool VxRGBNoiseProc<P>::softensRows() const {
     return alpha;
 }
 
-// The value of a full hash in a picture of softened noise.
+// The scale of the noise generators (see VxNoiseGen::scale): the range of the noise in raw values.
 template <class P>
 float VxRGBNoiseProc<P>::scaleOf(int component) const {
     constexpr float kWhite = StagePixel<P>::kWhite;
@@ -191,7 +191,7 @@ GrainShape VxRGBNoiseProc<P>::colourShape() const {
     return shape;
 }
 
-// Calls noise(x, count, to) for stretches of a row and adds what it writes.
+// Divides a row into tiles, calls noise(x, count, to) for each and adds the noise that it writes.
 template <class P>
 template <class Noise>
 void VxRGBNoiseProc<P>::addToRow(std::int32_t y, const GrainShape& shape, Noise noise) {
@@ -204,7 +204,7 @@ void VxRGBNoiseProc<P>::addToRow(std::int32_t y, const GrainShape& shape, Noise 
     }
 }
 
-// A fresh value for each pixel.
+// Adds noise without a blur.
 template <class P>
 void VxRGBNoiseProc<P>::runHashes(const GrainShape& shape) {
     float factors[4] = {};
@@ -227,7 +227,7 @@ void VxRGBNoiseProc<P>::runHashes(const GrainShape& shape) {
     }
 }
 
-// A picture of noise, softened before.
+// Adds noise from a picture that `pre` has blurred.
 template <class P>
 template <class Noise>
 void VxRGBNoiseProc<P>::runPicture(VxTexture<Noise>& picture, const GrainShape& shape) {
@@ -240,7 +240,7 @@ void VxRGBNoiseProc<P>::runPicture(VxTexture<Noise>& picture, const GrainShape& 
     }
 }
 
-// Noise that is softened along rows, a few rows at a time.
+// Adds noise that is blurred along X, a few rows at a time.
 template <class P>
 template <class Noise>
 void VxRGBNoiseProc<P>::runSoftRows(const GrainShape& shape) {

@@ -1,4 +1,4 @@
-// Signed noise added to a picture: the snow of a weak signal.
+// Adds signed noise to a picture: the snow of a weak signal.
 
 #pragma once
 
@@ -11,9 +11,10 @@
 
 namespace ruvex {
 
-/// A fresh value for each pixel, or for each of its components, with a dead band around 0 that
-/// makes the grain sparse without making it weaker. Grain is softened where a softness is above 0.
-/// The value depends on a pixel's place alone. Source and target may be one texture.
+/// Adds a random value to each pixel (Grey) or to each of its components (Colour). A dead band
+/// around 0 makes the grain sparse without making it weaker. A softness above 0 blurs the noise.
+/// The value depends only on the seed and the pixel's position. Source and target may be the same
+/// texture.
 template <class P>
 class VxRGBNoiseProc : public VxImgProc2<VxTexture<P>, VxTexture<P>>, public VxNoisyBastard {
 public:
@@ -24,20 +25,21 @@ public:
     void post() override;
 
     bool alpha = false;       ///< the fourth component gets noise too
-    bool blurring = false;    ///< set for a run by `pre`
-    float sparseness = 0.0f;  ///< the dead band, 0 to 1; at 1 or more nothing is done
-    /// The softened noise; empty where it is softened along rows alone, a few at a time.
+    bool blurring = false;    ///< set by `pre` for the run
+    float sparseness = 0.0f;  ///< the dead band as a fraction of the range; 1 and above: no noise
+    /// The blurred noise; empty if it is blurred along X only, a few rows at a time.
     VxTexture<ChannelInt> greyNoise;
     VxTexture<RgbaInt> colourNoise;
     Mode mode = Mode::Colour;
-    /// Red, green, blue, alpha: softness in pixels, range of the noise as fractions of white.
+    /// For red, green, blue, alpha: blur sizes in pixels, and the noise's range in fractions of
+    /// white.
     float softX[4] = {};
     float softY[4] = {};
     float amountMin[4] = {-0.05f, -0.05f, -0.05f, -0.05f};
     float amountMax[4] = {0.05f, 0.05f, 0.05f, 0.05f};
 
 private:
-    // Ends of the noise of a component, in raw units.
+    // The smallest and largest noise of a component, raw values.
     struct Range {
         float low, high;
     };

@@ -46,8 +46,8 @@ bool overlap(const VxTexture<P>& a, const VxTexture<P>& b) {
 
 }  // namespace
 
-// The passes in the order in which they run. That of the ghosts does nothing: they are added to a
-// row of the signal while it is in the cache. It stays because passes are counted.
+// The passes in the order in which they run. The ghosts' pass does nothing, since the signal pass
+// adds them to each row while it is in the cache; it stays because passes are numbered.
 template <class P>
 const typename RuvexSampler<P>::Pass RuvexSampler<P>::kPasses[] = {
     // Signal
@@ -67,7 +67,7 @@ const typename RuvexSampler<P>::Pass RuvexSampler<P>::kPasses[] = {
      .acts = &RuvexSampler::transportShows,
      .run = &RuvexSampler::runTransport,
      .after = &RuvexSampler::afterTransport},
-    // White dot, last: without one the passes end before it.
+    // White dot. The last pass, because it is left out if there is no white dot.
     {.sharesRows = true,
      .acts = &RuvexSampler::whiteDotOn,
      .run = &RuvexSampler::runWhiteDot,
@@ -108,8 +108,8 @@ bool RuvexSampler<P>::displaced() const {
            hasGhosts(signal);
 }
 
-// A picture that stays where it is can be read from the source, unless that is written at the same
-// time. The border begins where the picture ends, which may be within the source.
+// A picture without displacement is read directly from the source, unless the work picture shares
+// its memory. The border begins at signal.height, which may be inside the source.
 template <class P>
 bool RuvexSampler<P>::needsPadding() const {
     const std::int32_t bottom = truncateToInt(static_cast<float>(area_.marginY) + signal.height);
@@ -140,15 +140,16 @@ bool RuvexSampler<P>::windowIsWhole() const {
            this->y1 == wrapAdd(y.offset, y.size);
 }
 
-// A part of a frame has a picture of its own to work in, for stages may write beside the window.
-// So has one that the finished picture is mixed with, or read for.
+// Whether the stages may work in the output (or dotTexture). They need a separate work picture if
+// the window is only a part of the frame, since stages may write outside the window; and if the
+// transport pass reads it or shash is mixed with it.
 template <class P>
 bool RuvexSampler<P>::worksInPicture() const {
     return windowIsWhole() && !transportShows() && (!(shashMix_ > 0.0f) || !pictureShows());
 }
 
-// A picture like the output. Stages work in place: each pixel is read where it is written, wherever
-// the host places the output.
+// Allocates a texture like the output. Its origin is set to its offset: stages work in place, so
+// each pixel must be read where it is written, whatever the offset of the host's output.
 template <class P>
 bool RuvexSampler<P>::makeLike(Texture& texture, Contents contents) {
     texture.allocateLayout(*this->target, contents);
@@ -163,7 +164,7 @@ bool RuvexSampler<P>::makeLike(Texture& texture, Contents contents) {
 
 template <class P>
 bool RuvexSampler<P>::makeWork() {
-    // Wherever nothing is written, nothing but zeroes may be read.
+    // Pixels that are read without being written must be zero.
     const Contents contents =
         windowIsWhole() && pictureShows() ? Contents::Undefined : Contents::Zero;
     if (whiteDotOn() && !makeLike(dotTexture, contents)) return false;
@@ -178,7 +179,7 @@ bool RuvexSampler<P>::makeWork() {
     return true;
 }
 
-// Workers are started only for a pass that has rows for them.
+// Starts workers only for a pass that runs and shares its rows.
 template <class P>
 void RuvexSampler<P>::prePass() {
     const Pass& now = currentPass();
@@ -219,7 +220,7 @@ void RuvexSampler<P>::runSignal() {
     makeAll(wideRows);
 }
 
-// A line may reach a row beyond a share: one worker draws all shares, one after the other.
+// A line may have a dot one row outside a share: one thread draws all shares, one after the other.
 template <class P>
 void RuvexSampler<P>::runLines() {
     const std::int32_t workers = useThreads_ ? workerCount() : 1;
@@ -289,8 +290,9 @@ void RuvexSampler<P>::snow() {
         noise.softX[k] = signal.snowSoftness * signal.scale * this->scaleY;
     }
     if (signal.tvType == TvType::BlackAndWhite) noise.mode = VxRGBNoiseProc<P>::Mode::Grey;
-    // A paused frame keeps its snow.
-    noise.seed = seedFromFloat(std::fabs(static_cast<float>(signal.sourceFrame) * 12541.0f)) + 1u;
+    // The seed follows the source frame, so that the snow of a paused frame does not change.
+    constexpr float kSeedStep = 12541.0f;  // distance between the seeds of two frames
+    noise.seed = seedFromFloat(std::fabs(static_cast<float>(signal.sourceFrame) * kSeedStep)) + 1u;
     noise.sparseness = signal.snowSparseness;
     noise.alpha = true;
     giveWindow(noise);

@@ -13,14 +13,14 @@
 
 namespace ruvex {
 
-/// Made for one frame: set `signal`, window, aspect and `interrupt`, then process(source, output).
-/// It runs five passes (signal, ghosts, creeping lines, transport, white dot), and after each of
-/// them what runs once: copies, snow, shash. The table of passes stands in the source. Running out
-/// of memory stops the frame by way of `interrupt`, which must be set for that to be seen; what a
-/// stopped frame has written is no picture.
+/// Used for one frame: set `signal`, window, aspect and `interrupt`, then call
+/// process(source, output). It runs five passes (signal, ghosts, creeping lines, transport, white
+/// dot); some have a step after them that runs once (copies, snow, shash). The table of passes is
+/// in the source. If memory runs out, the frame is stopped through `interrupt`, which must be set;
+/// the output of a stopped frame is incomplete.
 ///
-/// Whatever a frame does not need is not made: no margins without displacement, and no work picture
-/// where the stages can work in the finished one.
+/// Pictures that a frame does not need are not allocated: no margins without displacement, and no
+/// work picture if the stages can work in the output.
 template <class P>
 class RuvexSampler : public VxImgProc2<VxTexture<P>, VxTexture<P>>, public VxIPWindowStack {
 public:
@@ -36,20 +36,20 @@ public:
 
     SignalParameters signal;
 
-    /// The source with its margins, to the end of pass 0. Empty where nothing is displaced.
+    /// The source with its margins, until the end of pass 0. Empty without displacement.
     Texture paddedSource;
-    /// The picture of passes 0 to 2 and buffer of the shash picture. Often a view of the output or
-    /// of `dotTexture`.
+    /// The picture of passes 0 to 2, and the buffer of the shash. Often a view of the output or of
+    /// `dotTexture`.
     Texture workTexture;
     Texture dotTexture;  ///< the finished picture that the white dot shrinks
 
 private:
-    /// One pass of the table. Its number is its place there.
+    /// One pass. Its number is its index in the table.
     struct Pass {
-        bool sharesRows;                     ///< each worker runs it over a share of the rows
-        bool (RuvexSampler::*acts)() const;  ///< null for one that never does
-        void (RuvexSampler::*run)();         ///< over one worker's rows, if it acts
-        void (RuvexSampler::*after)();       ///< once when all rows are done, in any case; or null
+        bool sharesRows;                     ///< the rows are divided among the workers
+        bool (RuvexSampler::*acts)() const;  ///< whether it does anything; null: never
+        void (RuvexSampler::*run)();         ///< processes one worker's rows, if it acts
+        void (RuvexSampler::*after)();       ///< called once after all rows, always; or null
         bool active(const RuvexSampler& sampler) const { return acts && (sampler.*acts)(); }
     };
     static const Pass kPasses[];
@@ -89,7 +89,7 @@ private:
     ToneTables<P> tables_;
     PaddedArea area_;
     float shashMix_ = 0.0f;
-    bool useThreads_ = true;  ///< as it was set before the run
+    bool useThreads_ = true;  ///< the caller's setting of useThreads
 };
 
 extern template class RuvexSampler<Rgba8>;

@@ -1,4 +1,4 @@
-// The line structure of a tube: rows darkened in a sawtooth.
+// Scanlines: rows darkened by a sawtooth.
 
 #pragma once
 
@@ -9,14 +9,14 @@
 
 namespace ruvex {
 
-/// Dims all four components of a row by a factor that rises from a quarter at the first row of a
-/// period to nearly 1 at its last. Source and target may be one texture.
+/// Multiplies all four components of a row by a factor that rises from 1/4 in the first row of a
+/// period to nearly 1 in its last. Source and target may be the same texture.
 template <class P>
 class VxScanLineAdder : public VxImgProc2<VxTexture<P>, VxTexture<P>> {
 public:
     void run() override;
 
-    std::int32_t lineWidth = 0;  ///< the period in rows; 1 and below change nothing
+    std::int32_t lineWidth = 0;  ///< the period in rows; 1 and below: no change
 
 private:
     float factorOf(std::int32_t y) const;

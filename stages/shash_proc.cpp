@@ -18,46 +18,47 @@
 namespace ruvex {
 namespace {
 
-// Frames draw from seeds this far apart, and those of grey noise from seeds this far.
+// The distance between the seeds of two frames, and that for grey noise.
 constexpr float kShashSeedStep = 100.0f;
 constexpr float kSnowSeedStep = 12541.0f;
-// A row's noise starts anywhere in this much of its curve.
+// The range of a row's random start on the noise curve.
 constexpr float kShashNoiseSpread = 100.0f;
 
-// Grain: the longest of its waves, in pixels of the project frame, and the last place in a table of
-// sines, where phases are drawn from.
+// Grain: the longest of its waves, in pixels of the project frame; the last index in the table of
+// sines, up to which phases are drawn; and the angle between its entries, in turns.
 constexpr float kGrainPeriod = 2000.0f;
 constexpr float kLastSine = 1023.0f;
-constexpr float kSineStep = 0.0009765625f;  // 1/1024 of a turn
+constexpr float kSineStep = 0.0009765625f;  // 1/1024
 
-// Bars: two waves with a period of 100 to 500 project pixels, shared by 16 and by 8 rows, the
-// latter 4 rows off. Each group of rows takes its numbers from a place of its own, 11 apart.
+// Bars: two waves with a random period of 100 to 500 project pixels. Groups of 16 rows have the
+// same first wave, and groups of 8 rows, offset by 4 rows, the same second wave. The seeds of two
+// groups differ by 11.
 constexpr std::int32_t kRowsOfWave1 = 16;
 constexpr std::int32_t kRowsOfWave2 = 8;
 constexpr std::int32_t kOffsetOfWave2 = 4;
 constexpr std::int32_t kWaveSeedStep = 11;
 constexpr float kShortestWave = 100.0f;
 constexpr float kWaveRange = 400.0f;
-constexpr float kWaveLight = 0.2f;  // of white, for each of the two waves
-constexpr float kMostFloor = 0.3f;  // of white; the floor is drawn for each frame
-constexpr float kBarCell = 50.0f;   // of its noise, in project pixels
+constexpr float kWaveLight = 0.2f;  // amplitude of each wave, fraction of white
+constexpr float kMostFloor = 0.3f;  // limit of a frame's random base light, fraction of white
+constexpr float kBarCell = 50.0f;   // cell of the noise, project pixels
 constexpr std::int32_t kBarOctaves = 3;
 
-// Dashes: the cell of their noise in project pixels, and lengths of 0 to 10 of them.
+// Dashes: the cell of their noise in project pixels, and the longest dash in project pixels.
 constexpr float kDashCell = 10.0f;
 constexpr std::int32_t kDashOctaves = 2;
 constexpr float kLengths = 10.0f;
-constexpr double kColouredShare = 0.7;  // of the dashes; the others are white
+constexpr double kColouredShare = 0.7;  // fraction of coloured dashes; the others are white
 
-// Grey noise: its range as fractions of white, and its softness in project pixels. The range of the
-// streaks goes beyond white, so that most of it is clipped.
+// Grey noise: its range in fractions of white, and the softness of streaks in project pixels. Their
+// range exceeds white, so that much of it is clamped.
 constexpr float kSnowMost = 0.9f;
 constexpr float kStreaksMost = 1.32f;
 constexpr float kStreaksSoftness = 0.1f;
 
-// A fraction from an integer: the hash of 31 bits times 2 to the -30 lies in 0 to 2.
+// A random fraction for a number: the 31-bit hash times 2^-30 is 0 to 2.
 float rnd(std::uint32_t n) {
-    constexpr float kHashStep30 = 9.313226e-10f;
+    constexpr float kHashStep30 = 9.313226e-10f;  // 2^-30
     return (1.0f - hashAsFloat(n) * kHashStep30 + 1.0f) * 0.5f;
 }
 
@@ -70,7 +71,7 @@ template <class P>
 constexpr P kShashWhitePixel =
     allOf<P>(static_cast<typename P::Component>(StagePixel<P>::kShashWhite));
 
-// A component by truncation; what does not fit wraps.
+// Truncates to a component; values out of range wrap.
 template <class P>
 typename P::Component wrapped(float value) {
     return static_cast<typename P::Component>(truncateToInt(value));
@@ -144,7 +145,7 @@ void VxShashProc<P>::grain(Span rows, Span columns) {
     }
 }
 
-// The light of a row of bars, in raw units: two beating waves on odd rows.
+// The light of a row of bars, raw values: on odd rows the sum of two waves.
 template <class P>
 class BarLight {
 public:
@@ -185,7 +186,7 @@ private:
     ScratchRow angles_, wave_, light_;
 };
 
-// Grains on black even rows and on odd rows with light.
+// Grains: even rows are black below them, odd rows have light.
 template <class P>
 void VxShashProc<P>::bars(Span rows, Span columns) {
     std::uint32_t base = frameSeed();
@@ -205,8 +206,8 @@ void VxShashProc<P>::bars(Span rows, Span columns) {
     }
 }
 
-// The colours of a row of dashes, in runs of random length. All randomness of a worker's rows is
-// one sequence.
+// The colours of a row of dashes, in runs of random length. All rows of a worker use one random
+// sequence.
 template <class P>
 class DashColours {
 public:
@@ -219,7 +220,7 @@ public:
         P colour{};
         drawColour(colour);
         std::int32_t length = drawLength();
-        // Only the first can be empty, where the scale is negative.
+        // The first dash is empty if a negative scale makes its length negative; no later one is.
         std::int64_t end = std::int64_t{std::max(length, -1)} + 1;
         for (std::int32_t x = 0; x < count;) {
             const auto stop = static_cast<std::int32_t>(std::min<std::int64_t>(end, count));

@@ -1,4 +1,4 @@
-// The picture that a television shows where there is no signal at all.
+// Shash: the picture of a television without a signal.
 
 #pragma once
 
@@ -12,8 +12,8 @@
 
 namespace ruvex {
 
-/// Draws one of five patterns, which depend on a seed and a frame number alone. Rows of grain, bars
-/// and dashes take their random values in the order of a worker's share, so that they depend on the
+/// Draws one of five patterns, which depend on a seed and a frame number. The rows of grain, bars
+/// and dashes draw random numbers in the order of a worker's share, so they also depend on the
 /// number of workers.
 template <class P>
 class VxShashProc : public VxImgProc1<VxTexture<P>> {
@@ -23,10 +23,10 @@ public:
     void run() override;
     void postPass() override;
 
-    const VxGradientNoise* noiseTable = nullptr;  ///< borrowed
+    const VxGradientNoise* noiseTable = nullptr;  ///< not owned
     std::uint32_t seed = 0;
     std::int32_t outputFrame = 0;
-    float scaleA = 1.0f;                ///< work pixels for a pixel of the project frame
+    float scaleA = 1.0f;                ///< work pixels per pixel of the project frame
     ShashType type = ShashType::Grain;  ///< one of the five patterns; any other draws nothing
 
 private:

@@ -8,37 +8,37 @@ namespace ruvex {
 
 class VxGradientNoise;
 
-/// The choices below stand for the parameters' values of the same numbers. A stage compares for the
-/// values that it knows; what it makes of any other number is part of its arithmetic.
+/// The enumerators have the numbers of the parameters' stored values. A stored value may be another
+/// number; pictures depend on what each stage does with it.
 
 enum class TvType : std::int32_t { Colour = 0, BlackAndWhite = 1, Tint = 2 };
 
-/// How the tape runs.
+/// The state of the tape, from its speed in percent.
 enum class PlayState : std::int32_t {
-    Winding = 0,  ///< a speed of 100 % or more in size, but not exactly 100 %
-    Slow = 1,     ///< below 100 % in size; a pause is 0 %
-    Normal = 2,   ///< exactly 100 %
+    Winding = 0,  ///< |speed| >= 100, but not exactly 100
+    Slow = 1,     ///< |speed| < 100; 0 is a pause
+    Normal = 2,   ///< exactly 100
 };
 
-/// The alpha of what lies outside the picture.
+/// The alpha of the border around the picture.
 enum class BorderAlpha : std::int32_t { None = 0, Full = 1, Banded = 2 };
 
-/// The patterns of a set without a signal.
+/// The patterns of a television without a signal.
 enum class ShashType : std::int32_t {
     Grain = 0,
     Bars = 1,
     Dashes = 2,
     Snow = 3,
     Streaks = 4,
-    Random = 5,  ///< one of the five, anew after each period
+    Random = 5,  ///< one of the five, chosen again after each period
 };
 
-/// Plain values, filled in once a frame. Lengths are pixels of the work size, amounts and
-/// thresholds fractions, unless something else is said.
+/// Plain values, computed once per frame. Unless noted otherwise, lengths are in pixels of the work
+/// size, and amounts and thresholds are fractions.
 struct SignalParameters {
     TvType tvType = TvType::Colour;
     std::int32_t seed = 0;
-    std::int32_t sourceFrame = 0;  ///< before frames are repeated
+    std::int32_t sourceFrame = 0;  ///< before frame repetition
     std::int32_t outputFrame = 0;
     float scale = 0.0f;  ///< work pixels for a pixel of the project frame, on the mean
     // Always 0: the picture begins at the origin of image space.
@@ -54,7 +54,7 @@ struct SignalParameters {
     float gunRed = 0.0f;
     float gunGreen = 0.0f;
     float gunBlue = 0.0f;
-    float tint[4] = {};  ///< red, green, blue in stored units; the fourth is never written
+    float tint[4] = {};  ///< red, green, blue, raw values; the fourth is unused
     float colourDegradeMax = 0.0f;
     float colourThreshold = 0.0f;
 
@@ -80,7 +80,7 @@ struct SignalParameters {
     float lineOffset = 0.0f;
     float lineThreshold = 0.0f;
 
-    bool dvdMode = false;  ///< a DVD player, which shows no fault of a tape
+    bool dvdMode = false;  ///< a DVD player, without the faults of a tape
     PlayState playState = PlayState::Winding;
     std::int32_t framesAtLowSpeed = 0;
     float playSpeedAtStart = 0.0f;      ///< 1 is normal

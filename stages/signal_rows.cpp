@@ -17,16 +17,17 @@
 namespace ruvex {
 namespace {
 
-// Where on its noise curve a television begins: a seed chooses from this much of it.
+// The range of the random start on the noise curve, which the seed determines.
 constexpr float kPlaceSpread = 100.0f;
 
-// The bands of electromagnetic interference: the cells of their noise over the picture's height,
-// and how far apart the seeds of frames lie.
+// The bands of electromagnetic interference: the number of noise cells over the picture's height,
+// the octaves, and the distance between the seeds of two frames.
 constexpr float kBandsInPicture = 25.0f;
 constexpr std::int32_t kBandOctaves = 2;
 constexpr std::uint32_t kBandsSeedStep = 20;
 
-// Edges are pulled by a bow of half a sine wave over the picture's height, this high and cut at 1.
+// The envelope of the edge distortion over the picture's height: half a sine wave of this
+// amplitude, clamped to 1.
 constexpr float kBowHeight = 3.0f;
 
 bool inColour(const SignalParameters& signal) {
@@ -38,7 +39,7 @@ std::int32_t luminance(const P& pixel) {
     return (std::int32_t{pixel.c[0]} + pixel.c[1] + pixel.c[2]) / 3;
 }
 
-// The red, green and blue of a row by way of the tables.
+// Replaces red, green and blue of a row by the tables' entries.
 template <class P>
 void lookUp(const ToneTables<P>& tables, P* pixels, std::int32_t count) {
     using Pixel = StagePixel<P>;
@@ -88,8 +89,8 @@ SignalRows<P>::SignalRows(const SignalParameters& signal, const ToneTables<P>& t
 template <class P>
 float SignalRows<P>::interferenceGain(float y) const {
     if (!(signal_.emInterference > 0.0f)) return 1.0f;
-    // The seed starts afresh on every row: the offset is the same all over a frame, and the
-    // interference a smooth pattern of bands.
+    // Every row starts with the same seed, so the random offset is the same in the whole frame, and
+    // the interference forms smooth bands.
     std::uint32_t seed = static_cast<std::uint32_t>(signal_.seed) +
                          static_cast<std::uint32_t>(signal_.sourceFrame) * kBandsSeedStep;
     const float place = uniform(seed) * kPlaceSpread + y / (height_ / kBandsInPicture);
@@ -106,7 +107,7 @@ typename SignalRows<P>::Row SignalRows<P>::rowState(std::int32_t row) const {
         phase_;
     const float n = signal_.noiseTable->fractalNoise(place, signal_.edgeOctaves);
     const float bow = static_cast<float>(maths::sin(y * kHalfTurn / height_)) * kBowHeight;
-    // The picture's first and last rows stay straight, and so do the margins.
+    // No displacement in the picture's first and last rows and in the margins.
     const float envelope = bow > 0.0f ? std::min(bow, 1.0f) : 0.0f;
     state.shift = truncateToInt(std::fabs(n) * envelope * edgeAmount_);
     return state;
@@ -117,7 +118,7 @@ void SignalRows<P>::make(std::int32_t y, Span columns, P* to) {
     const Row row = rowState(y);
     const std::int32_t x = wrapAdd(columns.first, row.shift);
     const std::int32_t count = columns.end - columns.first;
-    // A tint has its own colours, which the set's saturation leaves alone.
+    // The saturation does not apply to the colours of a tint.
     float saturation = 1.0f;
     if (!inColour(signal_)) {
         grey(y, x, count, to);
@@ -138,7 +139,7 @@ void SignalRows<P>::make(std::int32_t y, Span columns, P* to) {
     bestRowKernels<P>().saturate(to, count, saturation, row.gain);
 }
 
-// Black and white, or a tint: a pixel's luminance chooses its colour.
+// Black and white, or a tint: the luminance of a pixel determines its colour.
 template <class P>
 void SignalRows<P>::grey(std::int32_t y, std::int32_t x, std::int32_t count, P* to) const {
     const P* const tones = tables_.tintTable.get();
@@ -182,8 +183,8 @@ void SignalRows<P>::guns(std::int32_t y, std::int32_t x, std::int32_t count, P* 
     bestRowKernels<P>().loseColourApart(red, green, blue, count, loss_, to);
 }
 
-// Columns are truncated towards zero, where one is read twice: they are read in stretches in which
-// each is the next of the one before.
+// Column positions are truncated towards zero, so the column at zero is read twice. The columns are
+// read in ranges of consecutive ones.
 template <class P>
 void SignalRows<P>::readGun(float offsetX, std::int32_t y, std::int32_t x, std::int32_t count,
                             P* to) const {

@@ -1,4 +1,4 @@
-// The signal itself: rows torn sideways, colour lost, guns out of line, brightness and contrast.
+// The signal pass: edge distortion, loss of colour, misaligned guns, brightness and contrast.
 
 #pragma once
 
@@ -13,34 +13,33 @@
 
 namespace ruvex {
 
-/// How far the edges are pulled at this level, in pixels.
+/// The largest displacement of the edge distortion at the signal's level, in pixels.
 float edgeAmount(const SignalParameters& signal);
 
-/// Whether the guns hit the screen in different places.
+/// Whether a gun is offset by at least one pixel; only in colour.
 bool gunsApart(const SignalParameters& signal);
 
-/// Makes rows of the signal, one after the other. One for each worker; what it is given must
+/// Computes rows of the signal. Each worker has its own object. The constructor's arguments must
 /// outlive it.
 template <class P>
 class SignalRows {
 public:
-    /// Reads `source` through its edge methods. `longest` is the largest number of columns that
-    /// will be asked for.
+    /// Outside `source` its edge methods apply. `longest` is the largest number of columns in a
+    /// call of make.
     SignalRows(const SignalParameters& signal, const ToneTables<P>& tables,
                const VxTexture<P>& source, std::int32_t longest);
 
-    /// False when memory ran out; then nothing else may be called.
+    /// False if memory ran out; then nothing else may be called.
     bool usable() const { return usable_; }
 
-    /// Writes the columns of row y, both in image space, to `to`, which must lie elsewhere than
-    /// what is read.
+    /// Computes `columns` of row y (image space) into `to`, which must not overlap the source.
     void make(std::int32_t y, Span columns, P* to);
 
 private:
-    // What all pixels of a row share.
+    // The values that are the same for all pixels of a row.
     struct Row {
-        std::int32_t shift;  // columns further right that it reads
-        float gain;          // of the interference
+        std::int32_t shift;  // displacement: reads this many columns further right
+        float gain;          // factor of the interference
     };
 
     Row rowState(std::int32_t y) const;
@@ -57,7 +56,7 @@ private:
     float phase_;
     float saturation_;
     ColourLoss loss_;
-    float height_;  // of the picture
+    float height_;  // height of the picture
     bool guns_;
     std::int32_t longest_;
     std::unique_ptr<P[]> gunRows_;  // one row for each of the three guns

@@ -1,4 +1,4 @@
-// Reading a stretch of a row through its edge methods, run by run.
+// Reads pixels of a row run by run; outside the source its edge methods apply.
 
 #pragma once
 
@@ -9,9 +9,9 @@
 
 namespace ruvex {
 
-/// Calls piece(pixels, step, done, length) for the runs of `count` pixels from image-space (x, y)
-/// on: `length` pixels, `step` apart, follow the `done` first ones. Columns count modulo 2 to the
-/// 32, so that a stretch may begin anywhere.
+/// Calls piece(pixels, step, done, length) for each run of the `count` pixels from image-space (x,
+/// y) on. A run has `length` pixels, `step` pixels apart; `done` is the number of pixels before it.
+/// Columns are computed modulo 2^32.
 template <class P, class Piece>
 void overRuns(const VxTexture<P>& source, std::int32_t x, std::int32_t y, std::int32_t count,
               Piece piece) {
@@ -23,7 +23,8 @@ void overRuns(const VxTexture<P>& source, std::int32_t x, std::int32_t y, std::i
     }
 }
 
-/// The pixels of a run as consecutive pixels: themselves where they are, else copied to `scratch`.
+/// The pixels of a run as consecutive pixels: the run itself if its step is 1, else a copy in
+/// `scratch`.
 template <class P>
 const P* inLine(const P* pixels, std::int32_t step, std::int32_t length, P* scratch) {
     if (step == 1) return pixels;

@@ -21,7 +21,7 @@ struct StagePixel {
     static constexpr float kShashWhite = kTop;
     static constexpr Component kWhiteComponent = static_cast<Component>(kWhite);
 
-    /// Clamps to 0..top and truncates. Not a number stores 0.
+    /// Clamps to 0..top and truncates; NaN becomes 0.
     static Component clamp(float value) {
         if (!(value > 0.0f)) return 0;
         return static_cast<Component>(value < kTop ? static_cast<std::int32_t>(value) : kTopInt);

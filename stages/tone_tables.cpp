@@ -12,7 +12,7 @@ namespace {
 // The lower half of the contrast curve, m being 0 to a half; the upper half mirrors it. This one is
 // for a contrast below 0, the next for one of 0 and above.
 float softened(float m, float contrast) {
-    constexpr double kLeast = 1.5259021896696422e-05;  // 1 / 65535
+    constexpr double kLeast = 1.5259021896696422e-05;  // 1 / 65535, the smallest tone but 0
     if (m < kLeast) m = 1.5259022e-05f;
     return static_cast<float>(maths::pow(m * 2.0, (contrast + 0.5) * 2.0) * 0.5);
 }
@@ -21,11 +21,11 @@ float hardened(float m, float contrast) {
     constexpr double kStep = 3.4028234663852886e+38;  // the largest float: a hard step
     const auto e = static_cast<float>(contrast >= 0.5 ? kStep : 0.5 / (0.5 - contrast));
     const auto base = static_cast<float>(m * 2.0);
-    if (e == 1.0f) return static_cast<float>(base * 0.5);  // what pow gives, sooner
+    if (e == 1.0f) return static_cast<float>(base * 0.5);  // pow(base, 1), faster
     return static_cast<float>(static_cast<float>(maths::pow(base, e)) * 0.5);
 }
 
-// The tone at which a tint shows its own colour. It is fixed.
+// The tone that is shown in the colour of the tint.
 constexpr float kTintMid = 0.5f;
 
 template <class P>
@@ -59,7 +59,7 @@ bool buildTable(std::unique_ptr<std::int32_t[]>& table, float brightness, float 
     return true;
 }
 
-// The table of a gun, copied from another's where they are as bright.
+// Builds the table of a gun, as a copy of another gun's if both have the same brightness.
 template <class P>
 bool gunLike(std::unique_ptr<std::int32_t[]>& table, float brightness,
              const std::unique_ptr<std::int32_t[]>& other, float otherBrightness,
@@ -80,7 +80,7 @@ bool changesNothing(const std::unique_ptr<std::int32_t[]>& table) {
     return true;
 }
 
-// Black to the tint's colour to white.
+// The colour of tone c: from black at 0 through the tint at kTintMid to white at 1.
 template <class P>
 P tinted(float c, const float (&tint)[4]) {
     constexpr float kWhite = StagePixel<P>::kWhite;

@@ -10,15 +10,15 @@
 
 namespace ruvex {
 
-/// A symmetric curve about 0.5 for x from 0 up; `contrast` 0 is the identity, 0.5 and above a hard
-/// step. For contrast of 0 and above, values above 1 pass unchanged. Never below 0.
+/// A contrast curve for x >= 0, symmetric about 0.5. `contrast` 0 is the identity, 0.5 and above a
+/// hard step. For `contrast` >= 0, values above 1 are unchanged. The result is never below 0.
 float contrastCurve(float x, float contrast);
 
-/// Each table is worked out once a frame, value by value, and not pixel by pixel. Which tables
-/// exist follows the type of television; the others are null.
+/// Tables of tones, computed once per frame. The type of television determines which tables exist;
+/// the others are null.
 template <class P>
 struct ToneTables {
-    /// Entries of a table: every value from 0 to the largest that a stage keeps.
+    /// Entries of a table: one for every value from 0 to PixelTraits::kTop.
     static constexpr std::int32_t kEntries = static_cast<std::int32_t>(PixelTraits<P>::kTop) + 1;
 
     std::unique_ptr<std::int32_t[]> lutMono;
@@ -26,9 +26,9 @@ struct ToneTables {
     std::unique_ptr<std::int32_t[]> lutGreen;
     std::unique_ptr<std::int32_t[]> lutBlue;
     std::unique_ptr<P[]> tintTable;
-    bool identity = false;  ///< the three of the guns leave every value as it is
+    bool identity = false;  ///< the tables of all three guns are identities
 
-    /// False when memory ran out.
+    /// False if memory ran out.
     bool build(const SignalParameters& signal);
     void clear();
 };

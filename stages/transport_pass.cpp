@@ -14,61 +14,60 @@
 namespace ruvex {
 namespace {
 
-// Noise has its place on a curve: the start of a row is drawn from this many units of it, two
-// octaves deep.
+// The range of a row's random start on the noise curve, and the octaves of the noise.
 constexpr float kTapeNoiseSpread = 1000.0f;
 constexpr std::int32_t kTapeNoiseOctaves = 2;
 
-// A winding tape shows bands of tears and streaks. Lengths are parts of the picture's height: a
-// band half as high as a 20th of it, a fifth apart from the next, trembling by up to a 250th.
+// A winding tape shows bands of tears and streaks. As fractions of the picture's height: half the
+// height of a band is 1/20, the distance between bands 1/5, their trembling up to 1/250.
 constexpr int kBands = 6;
 constexpr float kBandsInHeight = 5.0f;
 constexpr float kBandHalfPart = 20.0f;
 constexpr float kTremblePart = 250.0f;
-// At normal speed a band would stand a tenth of the height higher than on a tape at rest.
+// Bands move up with the speed: at normal speed by 1/10 of the height.
 constexpr float kSpeedPart = 10.0f;
-// Which way a half of a band is pulled follows noise that changes about once in ten frames.
+// The direction in which half of a band is displaced follows noise with a cell of ten frames.
 constexpr float kFramesOfSign = 10.0f;
 constexpr float kSignSpread = 100.0f;
-// Neighbouring frames draw from seeds this far apart.
+// The distance between the seeds of two frames.
 constexpr std::uint32_t kWindingSeedStep = 200;
 constexpr std::uint32_t kSlowSeedStep = 10;
 
-// The bright streak of a band: its rows are a third of the band's, and its light is a bow of half a
-// sine wave, 2/49 of the picture's height long, cut off where it is below 0.
+// The bright streak of a band: 1/3 of the band's rows. Its light is half a sine wave, 2/49 of the
+// picture's height long; negative values count as 0.
 constexpr float kBrightPart = 3.0f;
 constexpr float kBrightCells = 35.0f;
-constexpr double kBrightLeast = 0.2;  // fainter specks are left out
+constexpr double kBrightLeast = 0.2;  // weaker specks are not drawn
 constexpr double kBowPeak = 1.5;
 constexpr float kBowPart = 49.0f;
-constexpr float kBowLead = 0.020408163f;  // 1/49: the bow begins this far above the centre
-// The thin streak: a 30th of the band's rows, of which only the strongest specks are seen.
+constexpr float kBowLead = 0.020408163f;  // 1/49: distance from the wave's start to the centre
+// The thin streak: 1/30 of the band's rows, with only the strongest specks.
 constexpr float kThinPart = 30.0f;
 constexpr float kThinCells = 20.0f;
 constexpr double kThinLeast = 0.8;
 constexpr float kThinGain = 3.0f;
 
-// Slow play doubles the image, a 150th of the width aside. The shake of the heads: the second image
-// is stronger in every other frame.
+// Slow play shows a second image, displaced by 1/150 of the width and stronger in every other
+// frame.
 constexpr float kDoublePart = 150.0f;
 constexpr float kDoubleOdd = 0.6f;
 constexpr float kDoubleEven = 0.4f;
-// For its first frames a tear runs up the picture, a hundredth of the height a frame. It begins at
-// 0.6 of the height and, after five frames, once more at 0.3.
+// In the first frames of slow play a tear moves up the picture by 1/100 of the height per frame. It
+// starts at 0.6 of the height and, after five frames, again at 0.3.
 constexpr std::int32_t kTearFrames = 10;
 constexpr std::int32_t kTearRestart = 5;
 constexpr float kTearFrom = 0.6f;
 constexpr float kTearFromAgain = 0.3f;
 constexpr double kTearStep = 0.01;
 constexpr float kTearHalfPart = 15.0f;
-constexpr float kTearShift = 0.5f;  // in heights of a half of the tear
+constexpr float kTearShift = 0.5f;  // displacement, fraction of half the tear's height
 constexpr float kTearMix = 0.25f;
-// Noise in the top fifth of the picture, strongest at the upper edge.
+// Noise in the top 1/5 of the picture, strongest at the upper edge.
 constexpr float kTopPart = 0.2f;
 constexpr float kTopCells = 10.0f;
 constexpr float kTopStrength = 0.5f;
 
-// A tear: how far its two halves are pulled at their widest, and how much red and blue swap.
+// A tear: the largest displacement of its two halves, and the amount by which red and blue swap.
 struct Tear {
     std::int32_t centre;
     std::int32_t half;
@@ -119,7 +118,7 @@ private:
     Span rowsWithin(std::int32_t first, std::int32_t end) const {
         return {std::clamp(first, rows_.first, rows_.end), std::clamp(end, rows_.first, rows_.end)};
     }
-    // The rows of a streak of half height `half` about a centre, each end truncated.
+    // The rows from centre - half to centre + half of a streak, each end truncated.
     Span streakRows(std::int32_t centre, float half) const {
         const auto c = static_cast<float>(centre);
         return rowsWithin(truncateToInt(c - half), truncateToInt(c + half));
@@ -134,7 +133,7 @@ private:
             pixel.c[k] = StagePixel<P>::clamp((StagePixel<P>::kWhite - c) * f + c);
         }
     }
-    // The noise of a row's columns, with so many cells across the picture.
+    // The noise of a row's columns, with `cells` noise cells across the picture's width.
     const float* noiseAlong(float cells, float start) {
         return noiseRow_.make(*signal_.noiseTable, kTapeNoiseOctaves,
                               [&](float x) { return x / (width_ * scaleY_ / cells) + start; });
@@ -162,8 +161,8 @@ std::int32_t Transport<P>::bandCentre(int band, std::uint32_t& seed) const {
                            uniformWithin(seed, -tremble, tremble) -
                            height_ * signal_.playSpeedAtStart / kSpeedPart;
     const std::int32_t centre = truncateToInt(position);
-    // A band that has left at the top comes back below the last, but only once: at high speeds it
-    // can be further up and stays out of sight.
+    // A band that has left the picture at the top reappears below the last one, but only once: at
+    // high speeds it may have moved further and is not visible.
     if (static_cast<float>(centre) < originY - half) {
         return truncateToInt(height_ * static_cast<float>(kBands) / kBandsInHeight +
                              static_cast<float>(centre));
@@ -205,7 +204,7 @@ void Transport<P>::tear(const Tear& tear) {
     for (std::int32_t y = band.first; y < band.end; ++y) {
         if (stopped()) return;
         const bool upper = y <= tear.centre;
-        // From 0 at the edge of the tear to 1 at its centre.
+        // 0 at the edge of the tear, 1 at its centre.
         const float depth = static_cast<float>(upper ? y - low : high - y) / b;
         const float shift = (upper ? tear.shiftTop : tear.shiftBottom) * (depth * depth);
         const float swap = upper ? tear.mix * static_cast<float>(y - low) / b : 0.0f;
@@ -213,7 +212,7 @@ void Transport<P>::tear(const Tear& tear) {
     }
 }
 
-// Pulls a row sideways and swaps red and blue by a part of `swap`, 0 to 1.
+// Displaces a row along X and swaps red and blue by the fraction `swap`, 0 to 1.
 template <class P>
 void Transport<P>::tearRow(std::int32_t y, float shift, float swap) {
     P* to = target_.writeAt(columns_.first, y);
@@ -229,8 +228,8 @@ void Transport<P>::tearRow(std::int32_t y, float shift, float swap) {
     }
 }
 
-// Whitens the rows by noise of `cells` across the picture, times gain(y), where that is above
-// `least`.
+// Blends the rows with white where noise * gain(y) is above `least`; the noise has `cells` cells
+// across the picture's width.
 template <class P>
 template <class Gain>
 void Transport<P>::streak(Span rows, float cells, double least, std::uint32_t& seed, Gain gain) {

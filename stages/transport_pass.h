@@ -1,4 +1,4 @@
-// The faults of a video recorder's picture when it isn't playing at normal speed.
+// The faults of a video tape that does not play at normal speed.
 
 #pragma once
 
@@ -8,12 +8,11 @@
 
 namespace ruvex {
 
-/// Whether the pass changes anything: a video tape that winds, plays slowly or is paused.
+/// Whether the pass changes anything: for a video tape that winds, plays slowly or is paused.
 bool transportActs(const SignalParameters& signal);
 
-/// Runs the pass over a worker's rows and columns. Reads `source`; `target` must hold a copy of it,
-/// of which only the changed pixels are written. The places of later bands can differ by a little
-/// from worker to worker.
+/// Runs the pass over a worker's rows and columns. `target` must hold a copy of `source`; only
+/// changed pixels are written. The positions of later bands can differ slightly between workers.
 template <class P>
 void runTransportPass(const SignalParameters& signal, float scaleY, const VxTexture<P>& source,
                       VxTexture<P>& target, Span rows, Span columns, InterruptionRecord* interrupt);

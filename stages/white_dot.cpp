@@ -10,15 +10,15 @@
 namespace ruvex {
 namespace {
 
-// What is left of the picture, as a part of its size, is e to the power of White Dot (0 to 1) times
-// its softness times one of these rates, and never less than the least size.
+// The factor to which the picture shrinks is exp(White Dot (0 to 1) * softness * rate) plus the
+// least size; one rate for each axis.
 constexpr float kRateX = -100.0f;
 constexpr float kRateY = -300.0f;
 constexpr double kLeastSize = 0.005;
-// The picture's upper rows shrink as if White Dot were up to a tenth further.
+// The picture's upper rows shrink as if White Dot were larger by up to 1/10.
 constexpr float kTiltPart = 10.0f;
 
-// The glow reaches this many pixels of the project frame beyond a dot of White Dot 1.
+// The reach of the glow at White Dot 1, in pixels of the project frame.
 constexpr float kGlowReach = 5.0f;
 constexpr std::int32_t kGlowIterations = 3;
 constexpr float kGlowRadiusPart = 3.0f;  // each of the three blurs has a third of the reach
@@ -31,7 +31,7 @@ float shrunk(float exponent) {
 struct DotGeometry {
     float width, height;
     float shrinkY;
-    std::int32_t top, bottom;  // painted rows, bottom exclusive
+    std::int32_t top, bottom;  // painted rows: top .. bottom - 1
 };
 
 DotGeometry dotGeometry(const SignalParameters& signal) {
@@ -46,7 +46,7 @@ DotGeometry dotGeometry(const SignalParameters& signal) {
     return dot;
 }
 
-// A row of the picture. Beyond its ends its first and last pixel go on.
+// A row of the picture. Outside it the first and the last pixel are repeated.
 template <class P>
 class SourceRow {
 public:
@@ -66,8 +66,8 @@ private:
     const P* row_;
 };
 
-// Sums the pixels from column `sx` on that shrink into one, `skip` of them, each as much brighter
-// as its width has shrunk; what is brighter than the top stays there.
+// The sum of the `skip` pixels from column `sx` on that shrink into one, scaled by how much their
+// width has shrunk and clamped to the top of the range.
 template <class P>
 void concentrate(const SourceRow<P>& source, float sx, float skip, float shrink, P& to) {
     float sum[3] = {};

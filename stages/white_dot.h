@@ -1,4 +1,4 @@
-// The picture collapsing to a bright point when the set is switched off.
+// The white dot: the picture shrinks to a bright point when the television is switched off.
 
 #pragma once
 
@@ -8,14 +8,14 @@
 
 namespace ruvex {
 
-/// Shrinks `picture` into the cleared `target` over a worker's rows and columns. The light of the
-/// picture is concentrated: source pixels are summed and not averaged, up to the top of the range.
+/// Shrinks `picture` into `target`, which must be cleared, over a worker's rows and columns. Source
+/// pixels are summed and not averaged, up to the top of the range, so that the dot is bright.
 template <class P>
 void shrinkToDot(const SignalParameters& signal, const VxTexture<P>& picture, VxTexture<P>& target,
                  Span rows, Span columns, InterruptionRecord* interrupt);
 
-/// Gives the dot its halo, a blur in place around the shrunken picture. On all threads. `scaleY` is
-/// the inverse of the pixel aspect.
+/// Blurs the shrunken picture in place, which gives the dot a halo. Runs on all worker threads.
+/// `scaleY` is 1 / pixel aspect.
 template <class P>
 void glowAroundDot(const SignalParameters& signal, float scaleY, VxTexture<P>& target,
                    InterruptionRecord* interrupt);

@@ -37,7 +37,7 @@ void WideRows<P>::makeRow(std::int32_t y) {
 template <class P>
 void WideRows<P>::make(std::int32_t y, Span columns, P* to) {
     makeRow(y);
-    // A window wider than the area sees it more than once.
+    // In a window wider than the area, the area is repeated.
     for (std::int32_t x = columns.first; x < columns.end;) {
         const std::int32_t first = area_.columnIndex(x);
         const std::int32_t count = std::min(area_.width, columns.end - x);

@@ -1,4 +1,4 @@
-// Rows of the signal with their margins, for stages that read beyond the picture's left and right.
+// Rows of the signal with their margins, for stages that read outside the picture's left and right.
 
 #pragma once
 
@@ -11,17 +11,17 @@
 
 namespace ruvex {
 
-/// Makes a row at a time and takes the window's pixels from it, with ghosts if there are any. One
-/// for each worker; what it is given must outlive it.
+/// Computes a whole row and copies the window's pixels from it, with ghosts if there are any. Each
+/// worker has its own object. The constructor's arguments must outlive it.
 template <class P>
 class WideRows {
 public:
     WideRows(const SignalParameters& signal, const PaddedArea& area, SignalRows<P>& rows);
 
-    /// False when memory ran out; then nothing else may be called.
+    /// False if memory ran out; then nothing else may be called.
     bool usable() const { return row_ && (!ghosts_ || ghosts_->usable()); }
 
-    /// Writes the columns of row y, both in image space, to `to`.
+    /// Computes `columns` of row y (image space) into `to`.
     void make(std::int32_t y, Span columns, P* to);
 
 private:
@@ -30,7 +30,7 @@ private:
     const PaddedArea& area_;
     SignalRows<P>& rows_;
     std::optional<Ghosts<P>> ghosts_;
-    std::unique_ptr<P[]> row_;  // all columns, twice
+    std::unique_ptr<P[]> row_;  // all columns of a row, twice in succession
 };
 
 extern template class WideRows<Rgba8>;

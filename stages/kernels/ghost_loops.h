@@ -1,4 +1,4 @@
-// The loop of the ghosts, compiled once for each kind of processor.
+// The loop of the ghosts, compiled once per instruction set.
 
 #pragma once
 
@@ -13,8 +13,8 @@ template <class P, class Processor>
 struct GhostLoops {
     using Component = typename P::Component;
 
-    // None of the three is inlined: only as a function's arguments are the stretches known to lie
-    // apart, without which the loops stay narrow.
+    // None of the three is inlined: the compiler uses __restrict only on function arguments, and
+    // vectorises the loops only if the arrays do not overlap.
     template <int Width>
     [[gnu::noinline]] static void begin(const Component* __restrict row, float* __restrict base,
                                         float* __restrict sum) {
@@ -35,7 +35,8 @@ struct GhostLoops {
         }
     }
 
-    // `Width` components at once: their sums stay near from ghost to ghost.
+    // `Width` components at once, so that their sums stay in the first-level cache from ghost to
+    // ghost.
     template <int Width>
     static void block(const Component* row, const P* const* ghosts, std::ptrdiff_t at,
                       const float* weights, std::int32_t ghostCount, Component* to) {

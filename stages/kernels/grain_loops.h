@@ -1,4 +1,4 @@
-// The loops of snow, compiled once for each kind of processor.
+// The loops of snow, compiled once per instruction set.
 
 #pragma once
 
@@ -17,7 +17,7 @@ template <class P, class Processor>
 struct GrainLoops {
     using Component = typename P::Component;
 
-    // Components at a time, and how often the four of a pixel are repeated for that.
+    // The number of components per step: the four of a pixel are repeated to this width.
     static constexpr int kWidth = 32;
 
     static void hashColour(std::uint32_t number, std::int32_t count, const float* factors,
@@ -40,10 +40,10 @@ struct GrainLoops {
         }
     }
 
-    // Grain of the four components, over and over, as wide as the loop below.
+    // GrainShape's values of the four components, repeated kWidth / 4 times.
     struct Lanes {
         float low[kWidth];
-        std::int32_t keep[kWidth];  // all bits where a component stays
+        std::int32_t keep[kWidth];  // all bits set for a component without noise
 
         explicit Lanes(const GrainShape& shape) {
             for (int k = 0; k < kWidth; ++k) {
@@ -53,8 +53,8 @@ struct GrainLoops {
         }
     };
 
-    // Not inlined: only as a function's arguments are the stretches known to lie apart, without
-    // which the loop stays narrow.
+    // Not inlined: the compiler uses __restrict only on function arguments, and vectorises the loop
+    // only if the arrays do not overlap.
     template <bool Banded, int Width>
     [[gnu::noinline]] static void block(const Component* __restrict from,
                                         const float* __restrict values,
@@ -65,7 +65,7 @@ struct GrainLoops {
         for (int k = 0; k < Width; ++k) {
             float v = values[k] + lanes.low[k];
             if (Banded) {
-                // Noise without any reach, which stretches to no number, is silent as well.
+                // Written so that NaN (noise of range 0, stretched) becomes 0 too.
                 const bool below = v < 0.0f;
                 const float left = (v + (below ? cut : -cut)) * stretch;
                 const float lower = left < 0.0f ? left : 0.0f;
@@ -85,7 +85,7 @@ struct GrainLoops {
         const Lanes lanes(shape);
         constexpr std::int32_t kPixels = kWidth / 4;
         for (std::int32_t i = 0; i < count;) {
-            // `to` may be where the pixels come from.
+            // Buffered, since `to` may be `from`.
             Component result[kWidth];
             const std::int32_t n = count - i >= kPixels ? kPixels : 1;
             if (n == kPixels) {

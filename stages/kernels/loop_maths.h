@@ -1,5 +1,5 @@
-// Helpers of the television's inner loops. Always inline: the loops are compiled once for each kind
-// of processor, and the linker must not take one copy of a helper for all.
+// Helpers of the television's inner loops. Always inline: the loops are compiled once per
+// instruction set, and the linker must not take one copy of a helper for all.
 
 #pragma once
 
@@ -13,7 +13,7 @@ namespace ruvex::detail {
     return __builtin_fabsf(value);
 }
 
-/// The components of a row of pixels, one after the other: pixels have nothing between them.
+/// The components of a row of pixels as one array; there is no padding between pixels.
 template <class P>
 [[gnu::always_inline]] inline const typename P::Component* components(const P* row) {
     return reinterpret_cast<const typename P::Component*>(row);
@@ -23,8 +23,8 @@ template <class P>
     return reinterpret_cast<typename P::Component*>(row);
 }
 
-/// Clamps to 0..top and truncates. Not a number becomes 0. Written so that loops of it are
-/// vectorised.
+/// Clamps to 0..top and truncates; NaN becomes 0. Written so that the compiler vectorises loops of
+/// it.
 template <class P>
 [[gnu::always_inline]] inline std::int32_t clampedToRange(float value) {
     constexpr float kTop = PixelTraits<P>::kTop;

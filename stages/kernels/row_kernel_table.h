@@ -1,4 +1,4 @@
-// The table of loops, filled once for each kind of processor.
+// The table of loops, filled once per instruction set.
 
 #pragma once
 

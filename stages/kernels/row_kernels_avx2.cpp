@@ -1,4 +1,4 @@
-// Compiled with -mavx2. What it defines runs on processors with AVX2 alone.
+// Compiled with -mavx2: the code in this file may run only on processors with AVX2.
 
 #include "stages/kernels/row_kernel_table.h"
 

@@ -1,4 +1,4 @@
-// The loops of the picture without a signal, compiled once for each kind of processor.
+// The loops of the shash patterns (no signal), compiled once per instruction set.
 
 #pragma once
 
@@ -18,28 +18,29 @@ struct ShashLoops {
     static constexpr float kWhite = PixelTraits<P>::kTop;
     static constexpr auto kWhiteInt = static_cast<std::int32_t>(kWhite);
 
-    // The table of sines, whose last entry is also the table's mask.
+    // The last index of the table of sines, which is also the mask for indices.
     static constexpr std::uint32_t kLastSine = 1023;
 
-    // Points are white where the magnitude of the mean is above kPoint, and fade over the 5 percent
-    // below.
+    // Points are white where the magnitude of the waves' mean is above kPoint, and fade over the 5
+    // % below it.
     static constexpr float kPoint = 0.44f;
     static constexpr float kPointFrom = 0.41799998f;   // 0.95 kPoint
     static constexpr float kPointFade = 0.022000015f;  // kPoint - kPointFrom
 
-    // Grains are white above kGrain. They begin at half of it, but their value rises from 0 only at
-    // 0.8 of it: what lies between is negative.
+    // Grains are white where the noise is above kGrain. They begin at half of that, but the ramp is
+    // 0 at 0.8 of it: the values in between are negative.
     static constexpr float kGrain = 0.61f;
     static constexpr float kGrainFrom = 0.305f;
     static constexpr float kGrainZero = 0.488f;
     static constexpr float kGrainFade = 0.305f;
 
-    // Dashes have their full colour above kDash, and fade over a fifth of that below.
+    // Dashes have their full colour where the noise is above kDash, and fade over a fifth of it
+    // below.
     static constexpr float kDash = 0.15f;
     static constexpr float kDashFrom = 0.120000005f;
     static constexpr float kDashFade = 0.030000001f;  // kDash - kDashFrom
 
-    // What a component keeps of an integer.
+    // Wraps an integer to the range of a component.
     [[gnu::always_inline]] static std::int32_t wrapped(std::int32_t value) {
         return static_cast<Component>(value);
     }
@@ -48,12 +49,12 @@ struct ShashLoops {
         Words(r, g, b, alpha).store(to);
     }
 
-    // The entry of the table of sines at a place, counted modulo its length.
+    // The index in the table of sines for a place, modulo the table's length.
     [[gnu::always_inline]] static std::uint32_t entry(float place) {
         return static_cast<std::uint32_t>(truncateToInt(place)) & kLastSine;
     }
 
-    // Points of white where the mean of four waves is high, with a narrow ramp at their edges.
+    // White points where the mean of four waves is high, with a narrow ramp at their edges.
     static void points(const float* __restrict sines, const float* __restrict places,
                        const float* phases, const float* harmonics, std::int32_t count,
                        P* __restrict to) {
@@ -74,7 +75,7 @@ struct ShashLoops {
         }
     }
 
-    // Grains of noise over light. Eight bits wrap a negative grain to a bright fringe.
+    // Grains of noise on top of the light. In 8 bits a negative grain wraps to a bright fringe.
     static void bars(const float* __restrict noise, const float* __restrict light,
                      std::int32_t count, P* __restrict to) {
         for (std::int32_t i = 0; i < count; ++i) {
@@ -88,8 +89,7 @@ struct ShashLoops {
         }
     }
 
-    // Dashes of the colours given where the noise is high; at their edges the alpha that was there
-    // stays.
+    // Dashes of the given colours where the noise is high. Their edges keep the existing alpha.
     static void dashes(const float* __restrict noise, const P* __restrict colours,
                        std::int32_t count, P* __restrict to) {
         for (std::int32_t i = 0; i < count; ++i) {

@@ -1,5 +1,5 @@
-// The loops of the signal pass, compiled once for each kind of processor. Each source gives a tag
-// type of its own, so that the linker cannot take one version for another.
+// The loops of the signal pass, compiled once per instruction set. Each source uses its own tag
+// type, so that the linker can't merge the versions.
 
 #pragma once
 
@@ -13,14 +13,14 @@ namespace ruvex::detail {
 template <class P, class Processor>
 struct SignalLoops {
     using Words = PixelWords<P, Processor>;
-    // A part k of the way from `from` to `to`, truncated. The weights are 0 to 1, so that it fits.
+    // from + (to - from) * k, truncated. 0 <= k <= 1, so the result fits.
     [[gnu::always_inline]] static std::int32_t towards(std::int32_t from, std::int32_t to,
                                                        float k) {
         return static_cast<std::int32_t>(static_cast<float>(to - from) * k +
                                          static_cast<float>(from));
     }
 
-    // Calls colour(words, i) for each pixel, which stores it.
+    // Calls colour(words, i) for each pixel i; it has to store the result.
     template <class Colour>
     [[gnu::always_inline]] static void forEach(const P* from, std::int32_t count, Colour colour) {
 #pragma GCC ivdep
@@ -46,8 +46,8 @@ struct SignalLoops {
             });
     }
 
-    // Blue is worked out from the new red, so that just before the swap ends both channels carry
-    // what was blue.
+    // Blue is computed from the new red, so that just before the end of the swap both channels have
+    // the old blue.
     static void drain(const P* from, std::int32_t count, float k, P* to) {
         forEach(
             from, count, [=](const Words& w, std::int32_t i) __attribute__((always_inline)) {
@@ -84,8 +84,8 @@ struct SignalLoops {
         }
     }
 
-    // The same where each gun reads a pixel of its own; every channel is swapped with the other one
-    // of its own pixel.
+    // The same when each gun reads another pixel: a channel is swapped within the pixel that its
+    // gun reads.
     template <class Colour>
     [[gnu::always_inline]] static void forEachApart(const P* __restrict red,
                                                     const P* __restrict green,
