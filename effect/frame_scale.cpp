@@ -7,7 +7,7 @@
 namespace ruvex {
 namespace {
 
-// pixels / size in single precision; 0 if the size is unknown or not positive.
+// pixels / size in single precision; 0 if the size is 0 (unknown) or NaN.
 float pixelsPer(float pixels, double size) {
     return size > 0.0 || size < 0.0 ? static_cast<float>(pixels / size) : 0.0f;
 }

@@ -13,9 +13,9 @@ struct FrameScale {
     float scaleX = 0.0f;  ///< render pixels per pixel of the project frame
     float scaleY = 0.0f;
     float scaleMean = 0.0f;
-    float pixelAspect = 0.0f;  ///< scaleY over scaleX; 0 when the project's size is unknown
+    float pixelAspect = 0.0f;  ///< scaleY / scaleX; 0 if the project's size is unknown
 
-    /// The aspect that processors take: never below 0.001, so that nothing divides by 0.
+    /// The pixel aspect for processors: at least 0.001, since they divide by it.
     float aspectMember() const { return pixelAspect > 0.001f ? pixelAspect : 0.001f; }
 };
 

@@ -15,7 +15,7 @@ namespace ruvex {
 struct SignalWalks {
     double lineSum = 0.0;            ///< distance the creeping lines have moved, project pixels
     std::int32_t verticalSum = 0;    ///< vertical offset plus vertical roll, project pixels
-    std::int32_t shashFramesOn = 0;  ///< number of frames since the shash began
+    std::int32_t shashFramesOn = 0;  ///< number of frames with shash up to this one
 };
 
 struct SignalState {

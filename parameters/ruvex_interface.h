@@ -30,7 +30,7 @@ struct FrameValues {
 
     double lineTravel;           ///< distance the creeping lines have moved, project pixels
     std::int32_t verticalSum;    ///< vertical offset plus vertical roll, project pixels
-    std::int32_t shashFramesOn;  ///< number of frames since the shash began
+    std::int32_t shashFramesOn;  ///< number of frames with shash up to this one
 };
 
 /// The most workers that an effect object can be given.

@@ -11,7 +11,8 @@ namespace ruvex {
 using MaskTexture = VxTexture<Channel8>;
 
 /// Blends the Map, which holds the effect, with the input according to the mask: 0 is the input,
-/// 255 the effect. Outside the mask the result is the input; outside the input it is zero.
+/// 255 the effect. Outside the mask the result is the input; outside the input, zero takes its
+/// place.
 template <class P>
 class VxDsPaintCombiner : public Combiner<VxTexture<P>, VxTexture<P>, MaskTexture> {
 public:
