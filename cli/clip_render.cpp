@@ -8,7 +8,7 @@
 #include "cli/job_report.h"
 #include "cli/messages.h"
 #include "cli/stop_signals.h"
-#include "jobs/resume.h"
+#include "jobs/frames_to_make.h"
 #include "jobs/run_render.h"
 #include "looks/session_look.h"
 

@@ -6,12 +6,26 @@
 #include <string>
 #include <vector>
 
-#include "cli/level_options.h"
+#include "cli/command_table.h"
+#include "cli/parameter_options.h"
 #include "jobs/frame_range.h"
 #include "looks/parameter_change.h"
 #include "media/rational.h"
 
 namespace ruvex::cli {
+
+/// The options of `ruvex level`, as typed; empty where one was not given.
+struct LevelOptions {
+    std::string input;
+    std::string rate;
+    std::string size;
+    std::string frames;
+    ParameterOptions parameters;
+    std::string plot;
+    bool csv = false;
+};
+
+OptionTable levelOptions(LevelOptions& options);
 
 struct LevelJob {
     media::Rational rate{25, 1};

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "cli/parameter_option.h"
+#include "cli/typed_parameter.h"
 #include "cli/usage_error.h"
 #include "files/words.h"
 #include "looks/look_file.h"

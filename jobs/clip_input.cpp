@@ -24,16 +24,16 @@ ComPtr<IDSImage> ClipInput::frame(std::int64_t number) {
     if (found == nullptr) {
         return {};
     }
-    if (held_.field) {
-        media::takeField(*found, *held_.field, field_);
+    if (atHand_.field) {
+        media::takeField(*found, *atHand_.field, field_);
         found = &field_;
     }
     return toImage(project_, *found);
 }
 
 const media::Frame* ClipInput::find(std::int64_t number) {
-    if (held_.frame != nullptr && held_.number == number) {
-        return held_.frame;
+    if (atHand_.frame != nullptr && atHand_.number == number) {
+        return atHand_.frame;
     }
     return clip_->readOther(number, frame_) ? &frame_ : nullptr;
 }

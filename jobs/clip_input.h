@@ -30,15 +30,16 @@ public:
 
     /// As long as this lives, requests for frame `number` are served from `frame`, which is not
     /// read again, and every request gets the named field of its frame only.
-    class Hold {
+    class FrameAtHand {
     public:
-        Hold(ClipInput& input, std::int64_t number, const media::Frame& frame, media::Field field)
+        FrameAtHand(ClipInput& input, std::int64_t number, const media::Frame& frame,
+                    media::Field field)
             : input_(input) {
-            input_.held_ = {number, &frame, field};
+            input_.atHand_ = {number, &frame, field};
         }
-        ~Hold() { input_.held_ = {}; }
-        Hold(const Hold&) = delete;
-        Hold& operator=(const Hold&) = delete;
+        ~FrameAtHand() { input_.atHand_ = {}; }
+        FrameAtHand(const FrameAtHand&) = delete;
+        FrameAtHand& operator=(const FrameAtHand&) = delete;
 
     private:
         ClipInput& input_;
@@ -54,7 +55,7 @@ public:
     void rethrowFailure();
 
 private:
-    struct Held {
+    struct AtHand {
         std::int64_t number = 0;
         const media::Frame* frame = nullptr;
         std::optional<media::Field> field{};
@@ -67,7 +68,7 @@ private:
     std::shared_ptr<SharedClip> clip_;
     runtime::Project project_;
     ClipEnds ends_;
-    Held held_;
+    AtHand atHand_;
     media::Frame frame_;
     media::Frame field_;
     std::exception_ptr failure_;

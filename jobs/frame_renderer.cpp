@@ -72,7 +72,7 @@ bool FrameRenderer::renderField(media::Field field, double time, std::int64_t nu
         std::ranges::fill(fieldResult_.bytes(), std::byte{});
     } else {
         media::takeField(source, field, fieldSource_);
-        const ClipInput::Hold hold(*input_, number, source, field);
+        const ClipInput::FrameAtHand atHand(*input_, number, source, field);
         done = renderer_.render(
             {number, time, fieldSource_, fieldMasks_.at(media::fieldIndex(field)), region},
             fieldResult_);

@@ -5,29 +5,15 @@
 #include <functional>
 #include <list>
 #include <memory>
-#include <optional>
-#include <set>
 #include <stdexcept>
 #include <stop_token>
 #include <string>
 
 #include "jobs/frame_renderer.h"
 #include "jobs/frame_ring.h"
+#include "jobs/frames_to_make.h"
 
 namespace ruvex::jobs {
-
-/// The frames to render: a range without those whose results exist already.
-struct FramesToMake {
-    FrameRange range;
-    std::set<std::int64_t> made{};
-    bool endless = false;  ///< The input may end before the range does, and the render with it.
-
-    /// How many; empty if that is not known beforehand.
-    std::optional<std::int64_t> count() const {
-        if (endless) return std::nullopt;
-        return range.count() - static_cast<std::int64_t>(made.size());
-    }
-};
 
 /// A frame that could not be read or rendered. The sentence says why.
 class FrameFailure : public std::runtime_error {

@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "files/partial_file.h"
-#include "jobs/resume.h"
+#include "jobs/frames_to_make.h"
 #include "media/file_kind.h"
 
 namespace ruvex::jobs {

@@ -16,7 +16,7 @@ namespace ruvex::runtime {
 class Module {
 public:
     /// Loads the module in that file. Throws Error when there is no such file, when it cannot be
-    /// loaded, when an export is missing, or when the module refuses to be attached.
+    /// loaded, when an export is missing, or when its DllMain returns 0.
     static std::shared_ptr<Module> load(const std::filesystem::path& file);
 
     /// Loads the module that is registered for a class. Throws Error when there is none.

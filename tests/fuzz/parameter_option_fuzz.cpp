@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "cli/parameter_option.h"
+#include "cli/typed_parameter.h"
 #include "cli/usage_error.h"
 #include "parameters/parameter_text.h"
 #include "tests/fuzz/fuzz.h"

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "cli/command_parser.h"
-#include "cli/level_options.h"
+#include "cli/level_job.h"
 #include "cli/render_options.h"
 
 namespace ruvex::fuzz {

@@ -108,7 +108,7 @@ TEST_P(Rendering, EachFieldIsAPictureAtItsOwnTime) {
     for (const Field field : {Field::Bottom, Field::Top}) {
         Frame source, wanted, found;
         // Between two frames the effect asks for the frame before.
-        const ClipInput::Hold hold(*input, 1, whole, field);
+        const ClipInput::FrameAtHand atHand(*input, 1, whole, field);
         media::takeField(whole, field, source);
         media::makeRoom(wanted, source.size(), GetParam());
         const double time = (field == Field::Bottom ? 1.0 : 1.5) / 25.0;

@@ -5,7 +5,7 @@
 #include <thread>
 
 #include "files/whole_file.h"
-#include "jobs/resume.h"
+#include "jobs/frames_to_make.h"
 #include "media/media_error.h"
 #include "tests/jobs/job_clip.h"
 

@@ -1,4 +1,4 @@
-#include "jobs/resume.h"
+#include "jobs/frames_to_make.h"
 
 #include "files/numbered_path.h"
 #include "media/file_kind.h"

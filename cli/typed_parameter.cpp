@@ -1,4 +1,4 @@
-#include "cli/parameter_option.h"
+#include "cli/typed_parameter.h"
 
 #include <charconv>
 #include <cmath>
