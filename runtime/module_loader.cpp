@@ -55,10 +55,18 @@ struct Module::Table {
     std::mutex mutex;
     std::map<std::filesystem::path, std::unique_ptr<Library>> libraries;
 
-    /// Never destroyed: the code of modules that stay in memory may run until the process ends.
+    /// Destroyed at the end, or when the plug-in that this is linked into is unloaded; but not
+    /// while modules are loaded, since the code of a module that stays in memory may run until the
+    /// end.
     static Table& get() {
-        static Table& table = *new Table;
-        return table;
+        struct Holder {
+            Table& table = *new Table;
+            ~Holder() {
+                if (table.libraries.empty()) delete &table;
+            }
+        };
+        static const Holder holder;
+        return holder.table;
     }
 
     Library& find(const std::filesystem::path& file) {
