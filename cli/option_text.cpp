@@ -1,6 +1,7 @@
 #include "cli/option_text.h"
 
 #include <charconv>
+#include <filesystem>
 #include <limits>
 #include <optional>
 #include <vector>
@@ -103,6 +104,12 @@ int parseWhole(const std::string& option, std::string_view text, int low, int hi
                    : "a whole number from " + std::to_string(low) + " to " + std::to_string(high));
     }
     return *value;
+}
+
+void checkJsonName(const std::string& option, const std::string& file, const std::string& kind) {
+    if (file.empty() || std::filesystem::path(file).extension() == ".json") return;
+    throw UsageError(option + ": " + file + " is not the name of a " + kind +
+                     " file. Use one that ends in .json.");
 }
 
 }  // namespace ruvex::cli

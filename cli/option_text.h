@@ -24,4 +24,8 @@ double parsePart(const std::string& option, std::string_view text);
 /// A whole number from `low` to `high`.
 int parseWhole(const std::string& option, std::string_view text, int low, int high);
 
+/// Checks the name of a JSON file that is going to be written; `kind` is "look" or "job". An empty
+/// name is allowed. The ending keeps a misplaced name from replacing a clip.
+void checkJsonName(const std::string& option, const std::string& file, const std::string& kind);
+
 }  // namespace ruvex::cli

@@ -1,8 +1,8 @@
 #include "cli/parameter_choice.h"
 
 #include <algorithm>
-#include <filesystem>
 
+#include "cli/option_text.h"
 #include "cli/typed_parameter.h"
 #include "cli/usage_error.h"
 #include "files/words.h"
@@ -50,19 +50,12 @@ std::vector<ParameterChange> readPreset(const std::string& name,
 
 std::vector<ParameterChange> readParameters(const ParameterOptions& options,
                                             std::vector<std::string>& warnings) {
-    checkLookFileName(options.saveParams);
+    checkJsonName("--save-params", options.saveParams, "look");
     std::vector<ParameterChange> changes;
     if (!options.preset.empty()) append(changes, readPreset(options.preset, warnings));
     if (!options.params.empty()) append(changes, looks::readLookFile(options.params, warnings));
     append(changes, readSingle(options, warnings));
     return changes;
-}
-
-void checkLookFileName(const std::string& file) {
-    if (!file.empty() && std::filesystem::path(file).extension() != ".json") {
-        throw UsageError("--save-params: " + file +
-                         " is not the name of a look file. Use one that ends in .json.");
-    }
 }
 
 }  // namespace ruvex::cli

@@ -17,8 +17,4 @@ namespace ruvex::cli {
 std::vector<looks::ParameterChange> readParameters(const ParameterOptions& options,
                                                    std::vector<std::string>& warnings);
 
-/// Throws UsageError for a --save-params that is not the name of a look file, so that a misplaced
-/// name never costs a clip. An empty one is fine.
-void checkLookFileName(const std::string& file);
-
 }  // namespace ruvex::cli

@@ -5,19 +5,13 @@
 
 #include "cli/clip_render.h"
 #include "cli/messages.h"
+#include "cli/option_text.h"
 #include "cli/shell_text.h"
 #include "cli/typed_job.h"
 #include "jobs/job_file.h"
 
 namespace ruvex::cli {
 namespace {
-
-void checkJobFileName(const std::string& file) {
-    if (!file.empty() && std::filesystem::path(file).extension() != ".json") {
-        throw UsageError("--save-job: " + file +
-                         " is not the name of a job file. Use one that ends in .json.");
-    }
-}
 
 int runRender(const RenderOptions& options) {
     std::vector<std::string> warnings;
@@ -33,7 +27,7 @@ int runRender(const RenderOptions& options) {
 
 int runTypedJob(const jobs::RenderJob& job, const RenderOptions& options,
                 std::function<std::string(std::int64_t frame)> command) {
-    checkJobFileName(options.saveJob);
+    checkJsonName("--save-job", options.saveJob, "job");
     const Talk talk = talkOf(options.talk);
     if (!options.saveJob.empty()) {
         jobs::writeJob(job, options.saveJob);

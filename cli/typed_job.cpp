@@ -64,7 +64,7 @@ jobs::RenderJob typedJob(const RenderOptions& options, std::vector<std::string>&
     readInput(options, job);
     readOutput(options, job);
     readPicture(options, job);
-    job.parameters = looks::lastChanges(readParameters(options.parameters, warnings));
+    job.parameters = readParameters(options.parameters, warnings);
     job.comparison = comparison;
     inOptionWords([&] { checkJob(job); });
     return job;
