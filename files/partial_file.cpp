@@ -1,14 +1,15 @@
 #include "files/partial_file.h"
 
-#include <atomic>
 #include <cerrno>
 #include <chrono>
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include "files/file_error.h"
 #include "files/numbered_path.h"
+#include "files/partial_name.h"
 #include "files/whole_file.h"
 
 namespace ruvex::files {
@@ -16,19 +17,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr const char* kPartial = ".partial-";
-
 /// A younger file may belong to a program that has not locked it yet.
 constexpr std::chrono::seconds kAgeOfAbandoned{1};
-
-/// A hidden name that no other process, and no other file of this one, uses.
-fs::path partialName(const fs::path& final) {
-    static std::atomic<unsigned> count = 0;
-    std::string name = ".";
-    name += final.filename().string();
-    name += kPartial + std::to_string(getpid()) + "-" + std::to_string(count++);
-    return final.parent_path() / name;
-}
 
 class Descriptor {
 public:
@@ -53,13 +43,6 @@ private:
     int fd_;
 };
 
-/// The final name of a temporary file; empty if the name is not a temporary one.
-std::string finalNameOf(const std::string& name) {
-    const auto end = name.rfind(kPartial);
-    const bool partial = name.starts_with('.') && end != std::string::npos && end > 0;
-    return partial ? name.substr(1, end - 1) : std::string();
-}
-
 /// Whether the program that made the file has ended without removing it.
 bool isAbandoned(const fs::path& file) {
     std::error_code error;
@@ -71,19 +54,44 @@ bool isAbandoned(const fs::path& file) {
     return opened.get() >= 0 && flock(opened.get(), LOCK_EX | LOCK_NB) == 0;
 }
 
+/// The file that a link leads to, which does not have to exist; any other file itself. A loop of
+/// links ends at one of them.
+fs::path linkTarget(fs::path file) {
+    constexpr int kMostLinks = 40;
+    std::error_code error;
+    for (int links = 0; links < kMostLinks && fs::is_symlink(file, error); ++links) {
+        // An absolute target replaces the folder.
+        file = file.parent_path() / fs::read_symlink(file, error);
+    }
+    return file;
+}
+
+/// Throws FileError unless the file may be replaced: it is missing, or a file that may be written.
+void checkReplaceable(const fs::path& file) {
+    std::error_code error;
+    const fs::file_status status = fs::status(file, error);
+    if (fs::is_regular_file(status)) {
+        // A rename asks for the right to write the folder only.
+        const Descriptor opened(file, O_WRONLY | O_CLOEXEC);
+        if (opened.get() < 0) throw FileError(writeFailure(file, errno));
+    } else if (fs::exists(status)) {
+        throw FileError("Cannot write " + file.string() +
+                        ": something that is not a file has that name. Choose another name.");
+    } else if (fs::is_symlink(file, error)) {
+        throw FileError("Cannot write " + file.string() + ": its links lead in a circle.");
+    }
+}
+
 }  // namespace
 
-PartialFile::PartialFile(const fs::path& final) : final_(final), partial_(partialName(final)) {
-    std::error_code ignored;
-    // A rename would replace a folder or a device by a file.
-    if (fs::exists(final_, ignored) && !fs::is_regular_file(final_, ignored)) {
-        partial_.clear();
-        throw FileError("Cannot write " + final_.string() +
-                        ": something that is not a file has that name. Choose another name.");
-    }
+PartialFile::PartialFile(const fs::path& final) : final_(linkTarget(final)) {
+    checkReplaceable(final_);
+    partial_ = partialName(final_);
     lock_ = open(partial_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
     if (lock_ < 0) {
-        throw FileError(writeFailure(final_, errno));
+        const int code = errno;
+        partial_.clear();
+        throw FileError(writeFailure(final_, code));
     }
     // On a file system without locks, abandoned files have to be removed by hand.
     flock(lock_, LOCK_EX | LOCK_NB);
@@ -108,8 +116,18 @@ void PartialFile::write(std::span<const std::byte> bytes) {
     }
 }
 
+void PartialFile::keepMode() const {
+    constexpr mode_t kPermissions = 0777;
+    struct stat older {};
+    // A file system without permissions refuses, and has none to keep.
+    if (stat(final_.c_str(), &older) == 0) {
+        static_cast<void>(fchmod(lock_, older.st_mode & kPermissions));
+    }
+}
+
 void PartialFile::commit() {
     // Some file systems report a failed write only when a descriptor of the file is closed.
+    keepMode();
     const int copy = dup(lock_);
     if (copy >= 0 && close(copy) != 0) throw FileError(writeFailure(final_, errno));
     std::error_code error;
@@ -122,12 +140,14 @@ void PartialFile::commit() {
 
 void removeAbandoned(const fs::path& final) {
     if (!final.has_filename()) return;
-    const NumberedPath ours(final);
+    const NumberedPath names(final);
+    const fs::path one = linkTarget(names.plain());
     std::error_code error;
-    fs::directory_iterator entry(folderOf(final), error);
+    fs::directory_iterator entry(folderOf(names.isPattern() ? final : one), error);
     for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
-        const std::string name = finalNameOf(entry->path().filename().string());
-        if (!name.empty() && ours.fits(name) && isAbandoned(*entry)) {
+        const std::string name = entry->path().filename().string();
+        const bool ours = names.isPattern() ? isPartialOf(name, names) : isPartialOf(name, one);
+        if (ours && isAbandoned(*entry)) {
             std::error_code ignored;
             fs::remove(*entry, ignored);
         }

@@ -9,11 +9,12 @@
 namespace ruvex::files {
 
 /// A temporary file beside the final one, so that the last step is a rename within one file system.
-/// The final name is untouched until `commit`; without a commit the temporary file is removed.
+/// The final name is untouched until `commit`; without a commit the temporary file is removed. A
+/// link is followed: the file that it leads to is replaced, and the link stays.
 class PartialFile {
 public:
-    /// Throws FileError if the folder does not exist or cannot be written to, and if something
-    /// that is not a file has the final name.
+    /// Throws FileError if the folder does not exist or cannot be written to, and if the final name
+    /// is that of something that is not a file, or of a file that may not be written.
     explicit PartialFile(const std::filesystem::path& final);
     ~PartialFile();
     PartialFile(const PartialFile&) = delete;
@@ -29,11 +30,13 @@ public:
     /// Makes `bytes` the whole contents of the temporary file. Throws FileError.
     void write(std::span<const std::byte> bytes);
 
-    /// Renames the temporary file to the final name and replaces an older file there. Throws
-    /// FileError.
+    /// Renames the temporary file to the final name and replaces an older file there, whose
+    /// permissions it takes over. Throws FileError.
     void commit();
 
 private:
+    void keepMode() const;
+
     std::filesystem::path final_;
     std::filesystem::path partial_;
     int lock_ = -1;  ///< Locked as long as the temporary file is in use.

@@ -19,7 +19,7 @@ bool isComplete(const fs::path& file, media::FrameSize size) {
         if (media::rawDepth(media::fileKind(file))) {
             options.size = size;
         }
-        const auto reader = media::openReader(file, options);
+        const auto reader = media::openReader(files::asNumberedPath(file), options);
         media::Frame frame;
         return reader->info().size == size && reader->read(reader->info().first, frame);
     } catch (const media::MediaError&) {

@@ -2,6 +2,7 @@
 
 #include <unistd.h>
 
+#include "files/numbered_path.h"
 #include "media/file_kind.h"
 #include "media/media_error.h"
 #include "media/pixels/frame_convert.h"
@@ -36,7 +37,7 @@ std::unique_ptr<FrameReader> openReader(const std::filesystem::path& path,
                          " stores its own size. A size can be given for raw frames only.");
     }
     if (!isStill(kind)) {
-        return std::make_unique<VideoReader>(path, options);
+        return std::make_unique<VideoReader>(files::NumberedPath(path).plain(), options);
     }
     return std::make_unique<StillReader>(path, options);
 }

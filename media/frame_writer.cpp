@@ -2,6 +2,7 @@
 
 #include <unistd.h>
 
+#include "files/numbered_path.h"
 #include "media/file_kind.h"
 #include "media/media_error.h"
 #include "media/stills/still_writer.h"
@@ -59,9 +60,9 @@ std::unique_ptr<FrameWriter> openWriter(const std::filesystem::path& path,
     }
     switch (fileKind(path)) {
         case FileKind::Video:
-            return std::make_unique<VideoWriter>(path, options);
+            return std::make_unique<VideoWriter>(files::NumberedPath(path).plain(), options);
         case FileKind::Y4m:
-            return std::make_unique<StreamWriter>(path, options);
+            return std::make_unique<StreamWriter>(files::NumberedPath(path).plain(), options);
         case FileKind::Stream:
             return std::make_unique<StreamWriter>(STDOUT_FILENO, "standard output", options);
         default:

@@ -28,6 +28,40 @@ TEST(NumberedPath, OtherNamesAreTakenAsTheyAre) {
     }
 }
 
+TEST(NumberedPath, DoubledPercentSignsStandForOne) {
+    const auto plain = [](const char* path) {
+        EXPECT_FALSE(NumberedPath(path).isPattern()) << path;
+        return NumberedPath(path).file(7);
+    };
+    EXPECT_EQ(plain("dir/a%%d.png"), "dir/a%d.png");
+    EXPECT_EQ(plain("a%%03d.png"), "a%03d.png");
+    EXPECT_EQ(plain("a%%%%d.png"), "a%%d.png");
+    EXPECT_EQ(plain("100%%.png"), "100%%.png");
+    EXPECT_EQ(plain("a%%b%%00d.png"), "a%%b%%00d.png");
+    EXPECT_EQ(NumberedPath("a%%%d.png").file(7), "a%7.png");
+    EXPECT_EQ(NumberedPath("%%d.%d.%%d").file(7), "%d.7.%d");
+    EXPECT_EQ(NumberedPath("%d.%d").file(7), "7.%d");
+    EXPECT_EQ(NumberedPath("%%d.%02d").plain(), "%d.%02d");
+    EXPECT_TRUE(NumberedPath("%%d").fits("%d"));
+    EXPECT_TRUE(NumberedPath("%%d.%d").fits("%d.3"));
+}
+
+TEST(NumberedPath, AnyFileCanBeNamed) {
+    for (const char* name :
+         {"a.png", "a%d.png", "%%d", "%%%05d%d", "100%", "%%", "50%%_%0d", "a/%d"}) {
+        const NumberedPath path(asNumberedPath(name));
+        EXPECT_FALSE(path.isPattern()) << name;
+        EXPECT_EQ(path.plain(), name);
+    }
+}
+
+TEST(NumberedPath, FindsAFileWithAFieldInItsName) {
+    TempFolder folder;
+    touch(folder, "a%d.png");
+    EXPECT_TRUE(NumberedPath(folder.file("a%%d.png")).existing());
+    EXPECT_FALSE(NumberedPath(folder.file("a%d.png")).existing());
+}
+
 TEST(NumberedPath, FindsFirstAndLast) {
     TempFolder folder;
     for (const char* name :
