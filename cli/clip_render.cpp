@@ -8,6 +8,8 @@
 #include "cli/job_report.h"
 #include "cli/messages.h"
 #include "cli/stop_signals.h"
+#include "files/numbered_path.h"
+#include "jobs/files_written.h"
 #include "jobs/frames_to_make.h"
 #include "jobs/run_render.h"
 #include "looks/session_look.h"
@@ -46,6 +48,18 @@ void saveParams(const jobs::RenderPlan& plan, const std::filesystem::path& file)
     looks::saveLook(session, file);
 }
 
+/// Beside what planRender has checked: the file that the job or the look is from, and the
+/// parameters that are saved.
+void checkReadFilesKept(const jobs::RenderPlan& plan, const RenderManner& manner) {
+    jobs::FilesWritten output;
+    output.addOutput(plan.output, plan.frames);
+    output.checkKept(manner.readFrom, "file that the parameters are from");
+    jobs::FilesWritten params;
+    params.add(manner.saveParams);
+    params.checkInputKept(plan.input);
+    params.checkKept(files::NumberedPath(plan.mask).plain(), "mask");
+}
+
 int runPlan(const jobs::RenderPlan& plan, const RenderManner& manner,
             std::unique_ptr<media::FrameReader> reader) {
     const StopSignals signals;
@@ -66,6 +80,7 @@ int renderClip(const jobs::RenderJob& job, const RenderManner& manner) {
         auto reader = media::openReader(job.input, jobs::readingOf(job));
         std::vector<jobs::Note> notes;
         const jobs::RenderPlan plan = planRender(job, reader->info(), notes);
+        checkReadFilesKept(plan, manner);
         if (manner.talk != Talk::Quiet) printNotes(notes, manner.fieldText);
         return runPlan(plan, manner, std::move(reader));
     } catch (const jobs::JobError& error) {

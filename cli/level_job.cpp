@@ -8,6 +8,7 @@
 #include "cli/usage_error.h"
 #include "files/words.h"
 #include "jobs/clip_choice.h"
+#include "jobs/files_written.h"
 #include "jobs/render_job.h"
 #include "media/frame_reader.h"
 
@@ -53,6 +54,10 @@ void chooseFromClip(const std::filesystem::path& input, const Choices& choices, 
         jobs::checkNoStream(input);
         jobs::checkRawSize({.input = input, .size = choices.size});
         const auto reader = media::openReader(input, {.size = choices.size});
+        jobs::FilesWritten written;
+        written.add(job.plot);
+        written.add(job.saveParams);
+        written.checkInputKept(input);
         job.rate = chooseRate(input, reader->info(), choices.rate, notes);
         job.frames = chooseFrames(input, reader->info(), choices.frames);
     });

@@ -4,14 +4,32 @@
 #include <utility>
 
 #include "cli/clip_render.h"
+#include "cli/job_words.h"
 #include "cli/messages.h"
 #include "cli/option_text.h"
 #include "cli/shell_text.h"
 #include "cli/typed_job.h"
+#include "cli/usage_error.h"
+#include "jobs/files_written.h"
 #include "jobs/job_file.h"
 
 namespace ruvex::cli {
 namespace {
+
+/// A job that is saved is not run: what belongs to a run cannot be had with it.
+void checkSaveJob(const jobs::RenderJob& job, const RenderOptions& options) {
+    const bool params = !options.parameters.saveParams.empty();
+    if (params || options.dryRun) {
+        throw UsageError(std::string("--save-job and ") + (params ? "--save-params" : "--dry-run") +
+                         " do not go together. Use them one after the other.");
+    }
+    inOptionWords([&] {
+        jobs::FilesWritten written;
+        written.add(options.saveJob);
+        written.checkInputKept(job.input);
+        written.checkKept(options.parameters.params, "look file");
+    });
+}
 
 int runRender(const RenderOptions& options) {
     std::vector<std::string> warnings;
@@ -30,12 +48,14 @@ int runTypedJob(const jobs::RenderJob& job, const RenderOptions& options,
     checkJsonName("--save-job", options.saveJob, "job");
     const Talk talk = talkOf(options.talk);
     if (!options.saveJob.empty()) {
+        checkSaveJob(job, options);
         jobs::writeJob(job, options.saveJob);
         return 0;
     }
     return renderClip(job, {.talk = talk,
                             .dryRun = options.dryRun,
                             .saveParams = options.parameters.saveParams,
+                            .readFrom = options.parameters.params,
                             .repeat = std::move(command)});
 }
 

@@ -90,15 +90,6 @@ media::FileKind inputKind(const RenderJob& job) {
     return job.inputFormat.value_or(job.size ? media::FileKind::RawRgba8 : media::FileKind::Y4m);
 }
 
-void checkNotReplaced(const fs::path& file, const char* what, const fs::path& output) {
-    std::error_code ignored;
-    if (media::fileKind(file) == media::FileKind::Stream) return;
-    if (file == output || fs::equivalent(file, output, ignored)) {
-        throw JobError(JobField::Output, "The output would replace the " + std::string(what) +
-                                             ", " + file.string() + ". Choose another name.");
-    }
-}
-
 void checkOutput(const RenderJob& job) {
     if (!media::canWrite(job.output)) {
         throw JobError(JobField::Output, job.output.string() +
@@ -110,8 +101,6 @@ void checkOutput(const RenderJob& job) {
     if (!fault.empty()) {
         throw JobError(JobField::Output, job.output.string() + ": " + fault);
     }
-    checkNotReplaced(job.input, "input", job.output);
-    checkNotReplaced(job.mask, "mask", job.output);
 }
 
 /// Only a sequence of files can be continued.

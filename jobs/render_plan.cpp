@@ -4,6 +4,7 @@
 
 #include "files/numbered_path.h"
 #include "jobs/clip_choice.h"
+#include "jobs/files_written.h"
 #include "media/file_kind.h"
 #include "media/media_error.h"
 #include "media/pixels/fields.h"
@@ -41,6 +42,13 @@ void checkRoomForFrames(const RenderPlan& plan) {
     }
 }
 
+void checkReadFilesKept(const RenderPlan& plan) {
+    FilesWritten written;
+    written.addOutput(plan.output, plan.frames);
+    written.checkInputKept(plan.input);
+    written.checkKept(files::NumberedPath(plan.mask).plain(), "mask");
+}
+
 /// Microseconds that a number of frames takes.
 std::int64_t duration(std::int64_t frames, const media::Rational& rate) {
     constexpr double kMicrosecondsPerSecond = 1e6;
@@ -51,7 +59,7 @@ std::int64_t duration(std::int64_t frames, const media::Rational& rate) {
 /// longer than they are.
 media::AudioSource soundOf(const media::ClipInfo& clip, const RenderPlan& plan) {
     if (media::fileKind(plan.input) != media::FileKind::Video) return {};
-    media::AudioSource sound{plan.input};
+    media::AudioSource sound{files::NumberedPath(plan.input).plain()};
     sound.zero = clip.start + duration(plan.frames.first, plan.rate);
     if (plan.frames.first > clip.first) sound.from = sound.zero;
     if (plan.frames.last < clip.last) {
@@ -152,6 +160,7 @@ RenderPlan planRender(const RenderJob& job, const media::ClipInfo& clip, std::ve
     checkPictureSize(JobField::Input, plan.size, plan.depth, job.input);
     checkRegionInside(job, plan.size);
     checkRoomForFrames(plan);
+    checkReadFilesKept(plan);
     const media::FrameSize project = job.projectSize.value_or(plan.size);
     plan.project = {project.width, project.height, job.pixelAspect, plan.rate.value()};
     plan.writing = writingOf(job, clip, plan);

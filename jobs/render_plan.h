@@ -39,8 +39,8 @@ struct RenderPlan {
 };
 
 /// Checks the job and completes it from what is known of its input. Throws JobError for what
-/// this clip cannot give, such as frames or a region outside it, or several frames in one still.
-/// Adds what the user should know to `notes`.
+/// this clip cannot give, such as frames or a region outside it, or several frames in one still,
+/// and if the render would write a file that it reads. Adds what the user should know to `notes`.
 RenderPlan planRender(const RenderJob& job, const media::ClipInfo& clip, std::vector<Note>& notes);
 
 }  // namespace ruvex::jobs
