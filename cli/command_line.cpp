@@ -1,8 +1,8 @@
 #include "cli/command_line.h"
 
-#include <cstdio>
 #include <iostream>
 #include <new>
+#include <system_error>
 
 #include "cli/command_parser.h"
 #include "cli/commands.h"
@@ -14,13 +14,22 @@ namespace ruvex::cli {
 namespace {
 
 int complain(const char* sentence, int status) {
-    std::fprintf(stderr, "ruvex: %s\n", sentence);
+    printMessage(sentence);
     return status;
 }
 
 int print(const std::string& text) {
     std::cout << text;
     return finishOutput();
+}
+
+/// What the system has refused, and what to do about it.
+std::string reasonOf(const std::system_error& error) {
+    if (error.code() == std::errc::resource_unavailable_try_again) {
+        return "the system starts no more threads: the limit on processes is reached. End other "
+               "programs, use fewer --workers and --jobs, or raise the limit (ulimit -u).";
+    }
+    return error.what();
 }
 
 int parseAndRun(int argc, const char* const* argv) {
@@ -44,6 +53,8 @@ int runCommandLine(int argc, const char* const* argv) {
         return complain(error.what(), kWrongCommandLine);
     } catch (const std::bad_alloc&) {
         return complain("there is not enough memory for frames of this size.", kFailed);
+    } catch (const std::system_error& error) {
+        return complain(reasonOf(error).c_str(), kFailed);
     } catch (const std::exception& error) {
         return complain(error.what(), kFailed);
     }

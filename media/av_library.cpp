@@ -6,9 +6,11 @@ extern "C" {
 }
 
 #include <array>
+#include <cerrno>
 #include <cstdio>
 #include <mutex>
 #include <new>
+#include <system_error>
 
 namespace ruvex::media {
 namespace {
@@ -89,6 +91,15 @@ std::string takeLibraryError() {
         line.pop_back();
     }
     return line;
+}
+
+int openCodec(AVCodecContext& context, const AVCodec& codec) {
+    const int code = avcodec_open2(&context, &codec, nullptr);
+    if (code == AVERROR(ENOMEM)) throw std::bad_alloc();
+    if (code == AVERROR(EAGAIN)) {
+        throw std::system_error(EAGAIN, std::generic_category(), "a codec's threads");
+    }
+    return code;
 }
 
 std::string libraryReason(int code) {

@@ -51,6 +51,10 @@ std::string takeLibraryError();
 /// An error code of the libraries in words.
 std::string libraryReason(int code);
 
+/// avcodec_open2, whose code it returns. Throws std::bad_alloc or std::system_error where memory or
+/// threads have run out, for which the file is not to blame.
+int openCodec(AVCodecContext& context, const AVCodec& codec);
+
 /// Why a call has failed: the message that takeLibraryError gives, or else the code in words.
 std::string takeLibraryReason(int code);
 

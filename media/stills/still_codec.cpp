@@ -42,9 +42,9 @@ MediaError damaged(const std::filesystem::path& file) {
                       (detail.empty() ? "." : " (" + detail + ")."));
 }
 
-void openCodec(const AVCodec* codec, AVCodecContext& context) {
+void openStillCodec(const AVCodec* codec, AVCodecContext& context) {
     context.thread_count = 1;
-    if (codec == nullptr || avcodec_open2(&context, codec, nullptr) < 0) {
+    if (codec == nullptr || openCodec(context, *codec) < 0) {
         throw MediaError(
             "This build of the FFmpeg libraries lacks the codec of a still picture. Install a "
             "build "
@@ -83,7 +83,7 @@ AvFrame decodeStill(FileKind kind, const std::filesystem::path& file,
     // When strict, the TIFF decoder also refuses files for tags that it does not know.
     const int strict = kind == FileKind::Tiff ? 0 : AV_EF_EXPLODE;
     context->err_recognition = AV_EF_CRCCHECK | strict;
-    openCodec(codec, *context);
+    openStillCodec(codec, *context);
     AvFrame picture = newAvFrame();
     const AvPacket packet = packetOf(bytes);
     if (avcodec_send_packet(context.get(), packet.get()) < 0 ||
@@ -115,7 +115,7 @@ AvPacket encodeStill(FileKind kind, const std::filesystem::path& file, AVFrame& 
     if (row.option != nullptr) {
         av_opt_set(context->priv_data, row.option, row.value, 0);
     }
-    openCodec(codec, *context);
+    openStillCodec(codec, *context);
     AvPacket packet = newAvPacket();
     int result = avcodec_send_frame(context.get(), &picture);
     result = result < 0 ? result : avcodec_send_frame(context.get(), nullptr);

@@ -30,7 +30,7 @@ void VideoDecoder::openDecoder() {
     codec_->err_recognition = AV_EF_CRCCHECK;
     int code = avcodec_parameters_to_context(codec_.get(), &parameters);
     codec_->pkt_timebase = file_->stream().time_base;
-    code = code < 0 ? code : avcodec_open2(codec_.get(), codec, nullptr);
+    code = code < 0 ? code : openCodec(*codec_, *codec);
     if (code < 0) {
         throw undecodable(path_, code);
     }

@@ -137,7 +137,7 @@ AvCodec openEncoder(const VideoCodec& codec, const std::filesystem::path& path,
     } else {
         setQuality(*coder, codec, options.quality);
     }
-    const int code = avcodec_open2(coder.get(), &encoder, nullptr);
+    const int code = openCodec(*coder, encoder);
     if (code < 0) {
         throw MediaError("Cannot write " + path.string() + ": " + takeLibraryReason(code) + ".");
     }
