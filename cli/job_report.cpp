@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "cli/text_table.h"
+#include "files/words.h"
 #include "media/pixels/fields.h"
 #include "parameters/parameter_text.h"
 
@@ -19,7 +20,8 @@ std::string fieldsText(media::FieldOrder fields, const std::string& before) {
 }
 
 std::string inputText(const jobs::RenderPlan& plan, const media::ClipInfo& clip) {
-    std::string text = plan.input.string() + ": " + toText(clip.size) + ", " + bitsText(clip.depth);
+    std::string text = files::printable(plan.input.string()) + ": " + toText(clip.size) + ", " +
+                       bitsText(clip.depth);
     text.append(", ").append(toText(plan.rate)).append(" frames a second, frames ");
     text.append(clip.lastKnown ? toText(jobs::FrameRange{clip.first, clip.last})
                                : "from " + std::to_string(clip.first) + " on");
@@ -27,7 +29,7 @@ std::string inputText(const jobs::RenderPlan& plan, const media::ClipInfo& clip)
 }
 
 std::string outputText(const jobs::RenderPlan& plan) {
-    return plan.output.string() + ": " + toText(plan.writing.size) + ", " +
+    return files::printable(plan.output.string()) + ": " + toText(plan.writing.size) + ", " +
            media::codecName(plan.output, plan.writing.codec);
 }
 
@@ -86,7 +88,7 @@ std::string jobReport(const jobs::RenderPlan& plan, const media::ClipInfo& clip,
                                   {"Frames", framesText(plan, frames)},
                                   {"Chain", chainText(plan)}};
     if (!plan.mask.empty()) {
-        lines.push_back({"Mask", plan.mask.string()});
+        lines.push_back({"Mask", files::printable(plan.mask.string())});
     }
     for (const looks::ParameterChange& change : plan.parameters) {
         std::visit(

@@ -1,6 +1,5 @@
 #include "cli/level_command.h"
 
-#include <cstdio>
 #include <iostream>
 #include <memory>
 #include <span>
@@ -46,7 +45,7 @@ int runLevel(const LevelOptions& options) {
     const auto series = looks::levelSeries(session, job.frames.first, job.frames.last,
                                            job.rate.value(), signals.token());
     if (!series) {
-        std::fputs("ruvex: stopped; the levels were not printed.\n", stderr);
+        printMessage("stopped; the levels were not printed.");
         return kStopped;
     }
     if (!job.plot.empty()) {

@@ -4,24 +4,29 @@
 #include <iostream>
 
 #include "cli/exit_status.h"
+#include "files/words.h"
 
 namespace ruvex::cli {
 
+void printMessage(std::string_view sentence) {
+    std::fprintf(stderr, "ruvex: %s\n", files::printable(sentence).c_str());
+}
+
 void printWarnings(const std::vector<std::string>& warnings) {
     for (const std::string& warning : warnings) {
-        std::fprintf(stderr, "ruvex: warning: %s\n", warning.c_str());
+        printMessage("warning: " + warning);
     }
 }
 
 int reportStop(const std::filesystem::path& result) {
-    std::fprintf(stderr, "ruvex: stopped; %s is not complete.\n", result.string().c_str());
+    printMessage("stopped; " + result.string() + " is not complete.");
     return kStopped;
 }
 
 int finishOutput() {
     std::cout.flush();
     if (!std::cout) {
-        std::fputs("ruvex: the list could not be written. The disk may be full.\n", stderr);
+        printMessage("the list could not be written. The disk may be full.");
         return kFailed;
     }
     return 0;

@@ -4,9 +4,14 @@
 
 #include <filesystem>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace ruvex::cli {
+
+/// Prints a line on the standard error stream, safe for any terminal: control characters, such as a
+/// file name may hold, are shown as escapes.
+void printMessage(std::string_view sentence);
 
 /// Prints one line each on the standard error stream.
 void printWarnings(const std::vector<std::string>& warnings);

@@ -7,6 +7,7 @@
 #include "cli/messages.h"
 #include "cli/text_table.h"
 #include "cli/usage_error.h"
+#include "files/words.h"
 #include "runtime/module_report.h"
 
 namespace ruvex::cli {
@@ -68,7 +69,8 @@ void printParameters(const ModuleReport& report) {
 }
 
 void printReport(const ModuleReport& report) {
-    std::cout << report.name << ": " << report.description << '\n' << report.file.string() << '\n';
+    std::cout << report.name << ": " << report.description << '\n'
+              << files::printable(report.file.string()) << '\n';
     printClasses(report);
     printFamilies(report);
     printFormats(report);

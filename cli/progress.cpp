@@ -5,6 +5,8 @@
 #include <cstdio>
 #include <unistd.h>
 
+#include "cli/messages.h"
+
 namespace ruvex::cli {
 namespace {
 
@@ -90,7 +92,7 @@ void Progress::show() {
         std::fprintf(stderr, "\r%-*s", width_, text.c_str());
         std::fflush(stderr);
     } else {
-        std::fprintf(stderr, "ruvex: %s\n", text.c_str());
+        printMessage(text);
     }
 }
 

@@ -1,6 +1,10 @@
 #include "cli/shell_text.h"
 
+#include <array>
+#include <cstdio>
+
 #include "cli/value_kind.h"
+#include "files/words.h"
 
 namespace ruvex::cli {
 namespace {
@@ -36,9 +40,28 @@ void append(std::string& text, const Option& option, const std::vector<std::stri
     }
 }
 
+/// In the quotation marks that know escapes.
+std::string escapedWord(std::string_view word) {
+    std::string text = "$'";
+    for (const char letter : word) {
+        if (letter == '\'' || letter == '\\') {
+            text.append("\\").append(1, letter);
+        } else if (letter >= ' ' && letter <= '~') {
+            text += letter;
+        } else {
+            // Three digits always, so that a digit that follows is not read as one more.
+            std::array<char, 5> octal{};
+            std::snprintf(octal.data(), octal.size(), "\\%03o", static_cast<unsigned char>(letter));
+            text += octal.data();
+        }
+    }
+    return text + "'";
+}
+
 }  // namespace
 
 std::string shellQuoted(std::string_view word) {
+    if (!files::isPrintable(word)) return escapedWord(word);
     if (!word.empty() && word.find_first_not_of(kPlain) == std::string_view::npos) {
         return std::string(word);
     }

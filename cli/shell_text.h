@@ -10,7 +10,8 @@
 namespace ruvex::cli {
 
 /// The word as a shell reads it back, whatever it holds; in quotation marks only where it needs
-/// them.
+/// them. Can be printed on any terminal: a word with control characters becomes $'...' with
+/// escapes, which bash, zsh and ksh know.
 std::string shellQuoted(std::string_view word);
 
 /// "ruvex NAME ..." with every option of the table that has a value, in the table's order. Typed

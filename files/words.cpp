@@ -58,13 +58,22 @@ std::string printable(std::string_view text, std::size_t most) {
         const std::size_t length = letterLength(text);
         const std::string letter =
             length > 0 ? std::string(text.substr(0, length)) : escaped(byteAt(text, 0));
-        if (shown.size() + letter.size() > most) {
+        if (letter.size() > most - shown.size()) {
             return shown + "...";
         }
         shown += letter;
         text.remove_prefix(std::max<std::size_t>(length, 1));
     }
     return shown;
+}
+
+bool isPrintable(std::string_view text) {
+    while (!text.empty()) {
+        const std::size_t length = letterLength(text);
+        if (length == 0) return false;
+        text.remove_prefix(length);
+    }
+    return true;
 }
 
 }  // namespace ruvex::files

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -23,8 +24,12 @@ inline std::string lowerCase(std::string text) {
     return text;
 }
 
-/// The text made safe for any terminal: control characters and bytes that are not UTF-8 become
-/// escapes such as \x1B. A result longer than `most` bytes is cut there and ends in "...".
-std::string printable(std::string_view text, std::size_t most);
+/// The text made safe for any terminal: control characters, line ends too, and bytes that are not
+/// UTF-8 become escapes such as \x1B. A result longer than `most` bytes is cut there and ends in
+/// "...".
+std::string printable(std::string_view text, std::size_t most = SIZE_MAX);
+
+/// Whether `printable` leaves the text as it is.
+bool isPrintable(std::string_view text);
 
 }  // namespace ruvex::files

@@ -5,13 +5,15 @@
 #include <gtest/gtest.h>
 #include <memory>
 
+#include "files/words.h"
+
 namespace ruvex::cli {
 namespace {
 
 /// What a shell makes of a word.
 std::string throughShell(const std::string& quoted) {
-    const std::unique_ptr<FILE, int (*)(FILE*)> pipe(
-        popen(std::string("printf %s ").append(quoted).c_str(), "r"), pclose);
+    const std::string script = "bash <<'END'\nprintf %s " + quoted + "\nEND\n";
+    const std::unique_ptr<FILE, int (*)(FILE*)> pipe(popen(script.c_str(), "r"), pclose);
     std::string text;
     std::array<char, 256> part{};
     for (std::size_t n = 0; (n = fread(part.data(), 1, part.size(), pipe.get())) > 0;) {
@@ -21,11 +23,34 @@ std::string throughShell(const std::string& quoted) {
 }
 
 TEST(ShellQuoted, AShellReadsItBack) {
-    for (const char* word :
-         {"a",   "a b", "it's",  "''",  "$HOME", "`ls`", "\\", "a\nb",         "*",
-          "~",   "\"",  "Größe", "a;b", "-x",    "#",    "!",  "out.%05d.png", "X Edge Method=Wrap",
-          "B&W", "(",   "{a,b}"}) {
+    for (const char* word : {"a",
+                             "a b",
+                             "it's",
+                             "''",
+                             "$HOME",
+                             "`ls`",
+                             "\\",
+                             "a\nb",
+                             "*",
+                             "~",
+                             "\"",
+                             "Größe",
+                             "a;b",
+                             "-x",
+                             "#",
+                             "!",
+                             "out.%05d.png",
+                             "X Edge Method=Wrap",
+                             "B&W",
+                             "(",
+                             "{a,b}",
+                             "\x1B[31mred",
+                             "\r\t'\\",
+                             "\x01"
+                             "7",
+                             "caf\xE9"}) {
         EXPECT_EQ(throughShell(shellQuoted(word)), word);
+        EXPECT_TRUE(files::isPrintable(shellQuoted(word)));
     }
 }
 
