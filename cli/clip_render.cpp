@@ -61,8 +61,8 @@ void checkReadFilesKept(const jobs::RenderPlan& plan, const RenderManner& manner
 }
 
 int runPlan(const jobs::RenderPlan& plan, const RenderManner& manner,
-            std::unique_ptr<media::FrameReader> reader) {
-    const StopSignals signals;
+            std::unique_ptr<media::FrameReader> reader, const std::stop_source& stop) {
+    const StopSignals signals(stop);
     if (manner.dryRun) {
         std::cout << jobReport(plan, reader->info(), framesToMake(plan, signals.token()));
         return finishOutput();
@@ -77,12 +77,16 @@ int runPlan(const jobs::RenderPlan& plan, const RenderManner& manner,
 
 int renderClip(const jobs::RenderJob& job, const RenderManner& manner) {
     try {
-        auto reader = media::openReader(job.input, jobs::readingOf(job));
+        // Until the clip is open, a signal ends the program as usual.
+        const std::stop_source stop;
+        media::ReadOptions reading = jobs::readingOf(job);
+        reading.stop = stop.get_token();
+        auto reader = media::openReader(job.input, reading);
         std::vector<jobs::Note> notes;
         const jobs::RenderPlan plan = planRender(job, reader->info(), notes);
         checkReadFilesKept(plan, manner);
         if (manner.talk != Talk::Quiet) printNotes(notes, manner.fieldText);
-        return runPlan(plan, manner, std::move(reader));
+        return runPlan(plan, manner, std::move(reader), stop);
     } catch (const jobs::JobError& error) {
         throw UsageError(sentenceOf(error, manner.fieldText));
     } catch (const jobs::FrameFailure& failure) {

@@ -19,7 +19,8 @@ void printWarnings(const std::vector<std::string>& warnings) {
 }
 
 int reportStop(const std::filesystem::path& result) {
-    printMessage("stopped; " + result.string() + " is not complete.");
+    const std::string name = result == "-" ? "standard output" : result.string();
+    printMessage("stopped; " + name + " is not complete.");
     return kStopped;
 }
 

@@ -3,6 +3,7 @@
 #include <array>
 #include <csignal>
 #include <semaphore.h>
+#include <utility>
 
 namespace ruvex::cli {
 namespace {
@@ -32,7 +33,7 @@ bool isIgnored(int signal) {
 
 }  // namespace
 
-StopSignals::StopSignals() {
+StopSignals::StopSignals(std::stop_source source) : source_(std::move(source)) {
     sem_init(&arrived, 0, 0);
     watcher_ = std::jthread([this](const std::stop_token& ended) { watch(ended); });
     for (const int signal : kSignals) {

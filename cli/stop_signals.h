@@ -8,11 +8,12 @@
 namespace ruvex::cli {
 
 /// As long as this lives, SIGINT, SIGTERM and SIGHUP request a stop instead of ending the program;
-/// a signal that was ignored before stays ignored. A file that exceeds the limit on sizes makes a
-/// write fail instead of ending the program. One object at a time.
+/// a signal that was ignored before, as nohup has it, stays ignored. A file that exceeds the limit
+/// on sizes makes a write fail instead of ending the program. One object at a time.
 class StopSignals {
 public:
-    StopSignals();
+    /// Requests the stop of `source`.
+    explicit StopSignals(std::stop_source source = {});
     ~StopSignals();
     StopSignals(const StopSignals&) = delete;
     StopSignals& operator=(const StopSignals&) = delete;

@@ -5,6 +5,7 @@
 #include "files/partial_file.h"
 #include "jobs/frames_to_make.h"
 #include "media/file_kind.h"
+#include "media/media_error.h"
 
 namespace ruvex::jobs {
 namespace {
@@ -20,19 +21,15 @@ std::shared_ptr<SharedClip> clipOf(const RenderPlan& plan,
     return std::make_shared<SharedClip>(std::move(reader), std::move(openAgain));
 }
 
-}  // namespace
-
-RenderEnd runRender(const RenderPlan& plan, RenderEvents& events, const std::stop_token& stop) {
-    return runRender(plan, media::openReader(plan.input, plan.reading), events, stop);
-}
-
-RenderEnd runRender(const RenderPlan& plan, std::unique_ptr<media::FrameReader> reader,
-                    RenderEvents& events, const std::stop_token& stop) {
+RenderEnd render(const RenderPlan& plan, std::unique_ptr<media::FrameReader> reader,
+                 RenderEvents& events, const std::stop_token& stop) {
     const FramesToMake frames = framesToMake(plan, stop);
     events.begun(frames);
     Pipeline pipeline(plan, clipOf(plan, std::move(reader)), stop);
     files::removeAbandoned(plan.output);
-    const auto writer = media::openWriter(plan.output, plan.writing);
+    media::WriteOptions writing = plan.writing;
+    writing.stop = stop;
+    const auto writer = media::openWriter(plan.output, writing);
     for (const std::string& remark : writer->remarks()) {
         events.remark(remark);
     }
@@ -44,6 +41,27 @@ RenderEnd runRender(const RenderPlan& plan, std::unique_ptr<media::FrameReader> 
     writer->finish();
     events.finished();
     return RenderEnd::Finished;
+}
+
+}  // namespace
+
+RenderEnd runRender(const RenderPlan& plan, RenderEvents& events, const std::stop_token& stop) {
+    try {
+        media::ReadOptions reading = plan.reading;
+        reading.stop = stop;
+        return render(plan, media::openReader(plan.input, reading), events, stop);
+    } catch (const media::Stopped&) {
+        return RenderEnd::Stopped;
+    }
+}
+
+RenderEnd runRender(const RenderPlan& plan, std::unique_ptr<media::FrameReader> reader,
+                    RenderEvents& events, const std::stop_token& stop) {
+    try {
+        return render(plan, std::move(reader), events, stop);
+    } catch (const media::Stopped&) {
+        return RenderEnd::Stopped;
+    }
 }
 
 }  // namespace ruvex::jobs

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <memory>
 #include <optional>
+#include <stop_token>
 
 #include "media/clip_info.h"
 #include "media/file_kind.h"
@@ -24,6 +25,8 @@ struct ReadOptions {
     std::optional<FileKind> format{};
     /// Field order, overriding what the input says.
     std::optional<FieldOrder> fields{};
+    /// A request to stop makes opening and reading throw Stopped where they would wait.
+    std::stop_token stop{};
 };
 
 /// Reads a clip: a video, a still, numbered stills, raw frames or a stream. Not thread-safe.

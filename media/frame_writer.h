@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <memory>
 #include <optional>
+#include <stop_token>
 #include <string>
 #include <vector>
 
@@ -35,6 +36,8 @@ struct WriteOptions {
     Chroma chroma = Chroma::Unspecified;          ///< For Y4M; 4:2:0 where unspecified.
     FieldOrder fields = FieldOrder::Progressive;  ///< Field order marked in video and Y4M.
     ClipTags tags{};                              ///< For video.
+    /// A request to stop makes opening and writing throw Stopped where they would wait.
+    std::stop_token stop{};
 };
 
 /// Writes frames in the order of their numbers. A file appears under its final name only when it is

@@ -3,16 +3,20 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <span>
+#include <stop_token>
 #include <string>
 
 namespace ruvex::media {
 
-/// Reads a file descriptor, which the caller owns and closes.
+/// Reads a file descriptor, which the caller owns and closes. A requested stop ends the wait for
+/// bytes that do not come: any method may throw Stopped.
 class InputStream {
 public:
     /// `name` is for messages.
-    InputStream(int descriptor, std::string name) : fd_(descriptor), name_(std::move(name)) {}
+    InputStream(int descriptor, std::string name, std::stop_token stop = {})
+        : fd_(descriptor), name_(std::move(name)), stop_(std::move(stop)) {}
 
     const std::string& name() const { return name_; }
 
@@ -27,13 +31,18 @@ public:
 private:
     int fd_;
     std::string name_;
+    std::stop_token stop_;
 };
 
-/// Writes to a file descriptor, which the caller owns and closes.
+/// Writes to a file descriptor, which the caller owns and closes. A requested stop ends the wait
+/// for a reader that takes nothing: `write` may throw Stopped.
 class OutputStream {
 public:
     /// `name` is for messages.
-    OutputStream(int descriptor, std::string name) : fd_(descriptor), name_(std::move(name)) {}
+    OutputStream(int descriptor, std::string name, std::stop_token stop = {});
+    ~OutputStream();
+    OutputStream(const OutputStream&) = delete;
+    OutputStream& operator=(const OutputStream&) = delete;
 
     const std::string& name() const { return name_; }
 
@@ -42,8 +51,14 @@ public:
     void write(const std::string& text) { write(std::as_bytes(std::span(text))); }
 
 private:
+    /// Returns how many bytes were written.
+    std::size_t writeSome(std::span<const std::byte> bytes);
+
     int fd_;
+    int pipe_ = -1;  ///< A pipe, opened so that a write does not block; owned.
     std::string name_;
+    std::stop_token stop_;
+    std::size_t mostAtOnce_ = SIZE_MAX;
 };
 
 }  // namespace ruvex::media

@@ -55,7 +55,7 @@ StreamReader::StreamReader(int descriptor, std::string name, const ReadOptions& 
     : FrameReader(options.depth),
       name_(name),
       alpha_(options.alpha),
-      source_(openSource(InputStream(descriptor, std::move(name)), options)) {
+      source_(openSource(InputStream(descriptor, std::move(name), options.stop), options)) {
     if (!advance()) {
         throw MediaError("Cannot read " + name_ + ": it has no frames.");
     }

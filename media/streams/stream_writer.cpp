@@ -37,7 +37,7 @@ Y4mHeader headerFor(const WriteOptions& options) {
 }  // namespace
 
 StreamWriter::StreamWriter(int descriptor, std::string name, const WriteOptions& options)
-    : options_(options), stream_(descriptor, std::move(name)) {
+    : options_(options), stream_(descriptor, std::move(name), options.stop) {
     // Without this, a reader that ends early would kill the process instead of failing the write.
     std::signal(SIGPIPE, SIG_IGN);
     begin();

@@ -1,9 +1,12 @@
 #include <chrono>
+#include <csignal>
+#include <fcntl.h>
 #include <filesystem>
 #include <gtest/gtest.h>
-#include <signal.h>
 #include <thread>
+#include <unistd.h>
 
+#include "files/whole_file.h"
 #include "media/stills/raw_frame.h"
 #include "tests/cli/run_command.h"
 #include "tests/media/test_clips.h"
@@ -60,7 +63,59 @@ TEST_P(StopSignal, EndsTheRenderOfASingleFrameToo) {
     EXPECT_EQ(folder.names(), std::vector<std::string>{"in.rgba8"});
 }
 
-INSTANTIATE_TEST_SUITE_P(Signals, StopSignal, testing::Values(SIGINT, SIGTERM));
+TEST_P(StopSignal, EndsTheWaitForAnInputThatIsSilent) {
+    files::TempFolder folder;
+    int input[2];
+    ASSERT_EQ(pipe2(input, O_CLOEXEC), 0);
+    RunningCommand command({"render", "-", "-o", folder.file("out.mkv"), "--size", "8x8"},
+                           input[0]);
+    const media::Frame frame({8, 8}, media::Depth::Bits8);
+    ASSERT_EQ(files::writeAll(input[1], frame.bytes()), 0);
+    ASSERT_TRUE(waitForStart(folder, 0));
+    EXPECT_FALSE(command.endsWithin(200ms));
+    command.send(GetParam());
+    EXPECT_TRUE(command.endsWithin(2s));
+    close(input[1]);
+    close(input[0]);
+    EXPECT_EQ(command.wait().status, 130);
+    EXPECT_TRUE(folder.names().empty());
+}
+
+TEST_P(StopSignal, EndsTheWaitForAReaderThatTakesNothing) {
+    files::TempFolder folder;
+    // Its frame is larger than a pipe.
+    media::writeRawFrame(folder.file("in.rgba8"), media::Frame({400, 400}, media::Depth::Bits8));
+    RunningCommand command({"render", folder.file("in.rgba8"), "-o", "-", "--output-format",
+                            "rgba8", "--size", "400x400", "--set", "Master Breakup=0"});
+    EXPECT_FALSE(command.endsWithin(1s));
+    command.send(GetParam());
+    EXPECT_TRUE(command.endsWithin(2s));
+    EXPECT_EQ(command.wait().status, 130);
+}
+
+// As nohup starts programs.
+TEST(HangUp, DoesNotEndACommandThatIgnoresIt) {
+    files::TempFolder folder;
+    int input[2];
+    ASSERT_EQ(pipe2(input, O_CLOEXEC), 0);
+    const auto before = std::signal(SIGHUP, SIG_IGN);
+    RunningCommand command({"render", "-", "-o", folder.file("out.mkv"), "--size", "8x8"},
+                           input[0]);
+    std::signal(SIGHUP, before);
+    const media::Frame frame({8, 8}, media::Depth::Bits8);
+    ASSERT_EQ(files::writeAll(input[1], frame.bytes()), 0);
+    ASSERT_TRUE(waitForStart(folder, 0));
+    command.send(SIGHUP);
+    EXPECT_FALSE(command.endsWithin(500ms));
+    ASSERT_EQ(files::writeAll(input[1], frame.bytes()), 0);
+    close(input[1]);
+    close(input[0]);
+    const Outcome outcome = command.wait();
+    EXPECT_EQ(outcome.status, 0) << outcome.err;
+    EXPECT_EQ(media::probe(folder.file("out.mkv"), "stream=nb_read_frames"), "nb_read_frames=2\n");
+}
+
+INSTANTIATE_TEST_SUITE_P(Signals, StopSignal, testing::Values(SIGINT, SIGTERM, SIGHUP));
 
 }  // namespace
 }  // namespace ruvex::cli

@@ -6,6 +6,7 @@
 #include <spawn.h>
 #include <stdexcept>
 #include <sys/wait.h>
+#include <thread>
 #include <unistd.h>
 
 extern char** environ;
@@ -37,7 +38,7 @@ void readAll(int out, int err, Outcome& outcome) {
 
 }  // namespace
 
-RunningCommand::RunningCommand(const Arguments& arguments) {
+RunningCommand::RunningCommand(const Arguments& arguments, int input) {
     int out[2];
     int err[2];
     if (pipe(out) != 0 || pipe(err) != 0) {
@@ -45,6 +46,9 @@ RunningCommand::RunningCommand(const Arguments& arguments) {
     }
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
+    if (input != STDIN_FILENO) {
+        posix_spawn_file_actions_adddup2(&actions, input, STDIN_FILENO);
+    }
     posix_spawn_file_actions_adddup2(&actions, out[1], STDOUT_FILENO);
     posix_spawn_file_actions_adddup2(&actions, err[1], STDERR_FILENO);
     for (const int fd : {out[0], out[1], err[0], err[1]}) {
@@ -74,6 +78,17 @@ RunningCommand::~RunningCommand() {
 
 void RunningCommand::send(int signal) const {
     kill(process_, signal);
+}
+
+bool RunningCommand::endsWithin(std::chrono::milliseconds time) const {
+    constexpr std::chrono::milliseconds kPause{5};
+    for (auto waited = kPause * 0; waited < time; waited += kPause) {
+        siginfo_t ended{};
+        waitid(P_PID, static_cast<id_t>(process_), &ended, WEXITED | WNOHANG | WNOWAIT);
+        if (ended.si_pid == process_) return true;
+        std::this_thread::sleep_for(kPause);
+    }
+    return false;
 }
 
 Outcome RunningCommand::wait() {

@@ -2,8 +2,10 @@
 
 #pragma once
 
+#include <chrono>
 #include <string>
 #include <sys/types.h>
+#include <unistd.h>
 #include <vector>
 
 namespace ruvex::cli {
@@ -27,12 +29,15 @@ Outcome ruvex(const Arguments& arguments);
 /// The command while it runs.
 class RunningCommand {
 public:
-    explicit RunningCommand(const Arguments& arguments);
+    /// `input` becomes its standard input.
+    explicit RunningCommand(const Arguments& arguments, int input = STDIN_FILENO);
     ~RunningCommand();
     RunningCommand(const RunningCommand&) = delete;
     RunningCommand& operator=(const RunningCommand&) = delete;
 
     void send(int signal) const;
+    /// Whether it ends before the time is over. What it prints is not read.
+    bool endsWithin(std::chrono::milliseconds time) const;
     /// Once only.
     Outcome wait();
 
