@@ -39,6 +39,12 @@ void setAspect(Processor& processor, const FrameScale& scale) {
     processor.scaleY = 1.0f / processor.scaleX;
 }
 
+// Whether a texture that has a size got no memory for its pixels.
+template <class P>
+bool lacksMemory(const VxTexture<P>& texture) {
+    return texture.allocationFailed && texture.x.size > 0 && texture.y.size > 0;
+}
+
 float inverseRadius(float radius) {
     constexpr float kNearlyNothing = 2.3509887e-38f;
     return std::fabs(radius) < kNearlyNothing ? 0.0f : 1.0f / radius;
@@ -213,6 +219,10 @@ void FrameDriver<P>::measureSignal() {
 template <class P>
 void FrameDriver<P>::scaleDown() {
     allocateScaled(scaled_, *source_, scale_, res());
+    // The frame goes on without these buffers, but it will not be what it should.
+    if (lacksMemory(scaled_.source) || lacksMemory(scaled_.result)) {
+        noteOutOfMemory(&effect_.interruption);
+    }
     Texture repeating;
     repeating.refer(*source_);
     repeating.setEdgeMethods(kEdgeHold, kEdgeHold);
@@ -226,6 +236,7 @@ void FrameDriver<P>::fishEye() {
     if (!parameters().on(ParameterId::FishEye) || !(std::fabs(power) > kLeastFishEye)) return;
     VxLensWarper lens = lensOf(parameters(), scale_, res());
     lensTexture_.cloneLayout(*source_, Contents::Zero);
+    if (lacksMemory(lensTexture_)) return raiseOutOfMemory(&effect_.interruption);
     VxWarpRender<P> render;
     render.warper = &lens;
     render.filter =

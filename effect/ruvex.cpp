@@ -116,6 +116,11 @@ std::int32_t Ruvex::frameValues(double seconds, double framesPerSecond, FrameVal
     });
 }
 
+FrameOutcome Ruvex::frameOutcome() const {
+    if (interruption.progress == kOutOfMemoryCode) return FrameOutcome::OutOfMemory;
+    return interruption.interrupted != 0 ? FrameOutcome::Stopped : FrameOutcome::Finished;
+}
+
 std::int32_t Ruvex::workerCount() const {
     const WorkerCountScope workers(workers_);
     return ruvex::workerCount();

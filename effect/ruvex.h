@@ -41,6 +41,7 @@ public:
     std::int32_t workerCount() const override;
     std::int32_t frameValues(double seconds, double framesPerSecond,
                              FrameValues* values) const override;
+    FrameOutcome frameOutcome() const override;
 
 protected:
     const CDSPropertiesMap* GetPropertyMap() override;

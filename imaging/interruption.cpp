@@ -21,9 +21,13 @@ bool interruptCheck(InterruptionRecord* record) {
     return record->interrupted.load(std::memory_order_relaxed) != 0;
 }
 
+void noteOutOfMemory(InterruptionRecord* record) {
+    if (record) record->progress.store(kOutOfMemoryCode, std::memory_order_relaxed);
+}
+
 void raiseOutOfMemory(InterruptionRecord* record) {
     if (!record) return;
-    record->progress.store(kOutOfMemoryCode, std::memory_order_relaxed);
+    noteOutOfMemory(record);
     record->interrupted.store(1, std::memory_order_relaxed);
 }
 

@@ -7,7 +7,7 @@
 
 namespace ruvex {
 
-/// Code in `progress`: a processor stopped the render because it ran out of memory.
+/// Code in `progress`: there was not enough memory for the frame.
 inline constexpr std::uint32_t kOutOfMemoryCode = 1000;
 /// Code in `progress`: the host asked to stop the render.
 inline constexpr std::uint32_t kHostStopCode = 10000;
@@ -31,6 +31,9 @@ struct InterruptionRecord {
 
 /// Whether the render has to stop; asks the host. False for a null record.
 bool interruptCheck(InterruptionRecord* record);
+
+/// Stores kOutOfMemoryCode without stopping the render. Does nothing for a null record.
+void noteOutOfMemory(InterruptionRecord* record);
 
 /// Stops the render with kOutOfMemoryCode. Does nothing for a null record.
 void raiseOutOfMemory(InterruptionRecord* record);

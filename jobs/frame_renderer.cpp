@@ -1,9 +1,11 @@
 #include "jobs/frame_renderer.h"
 
 #include <algorithm>
+#include <new>
 #include <utility>
 
 #include "jobs/field_region.h"
+#include "jobs/frame_memory.h"
 #include "jobs/mask.h"
 
 namespace ruvex::jobs {
@@ -42,6 +44,15 @@ FrameRenderer FrameRenderer::clone() const {
 }
 
 bool FrameRenderer::render(std::int64_t number, const media::Frame& source, media::Frame& result) {
+    try {
+        return renderFrame(number, source, result);
+    } catch (const std::bad_alloc&) {
+        throw FrameOutOfMemory(number);
+    }
+}
+
+bool FrameRenderer::renderFrame(std::int64_t number, const media::Frame& source,
+                                media::Frame& result) {
     media::makeRoom(result, plan_.writing.size, plan_.depth);
     if (!plan_.comparison) return renderEffect(number, source, result);
     media::makeRoom(after_, plan_.size, plan_.depth);

@@ -32,14 +32,15 @@ public:
 
     /// Renders frame `number`, whose picture is `source`, into `result`, which gets the size and
     /// depth of the plan's output; a comparison shows both. False if a stop was requested; the
-    /// result is then unfinished. Throws media::MediaError and runtime::Error, which names the
-    /// frame.
+    /// result is then unfinished. Throws media::MediaError; FrameOutOfMemory; and runtime::Error,
+    /// which names the frame.
     bool render(std::int64_t number, const media::Frame& source, media::Frame& result);
 
 private:
     FrameRenderer(const FrameRenderer& other, std::shared_ptr<ClipInput> input);
 
     void readMasks();
+    bool renderFrame(std::int64_t number, const media::Frame& source, media::Frame& result);
     bool renderEffect(std::int64_t number, const media::Frame& source, media::Frame& result);
     bool renderField(media::Field field, double time, std::int64_t number,
                      const media::Frame& source, media::Frame& result);

@@ -1,8 +1,10 @@
 #include "jobs/picture_renderer.h"
 
 #include <cstring>
+#include <new>
 #include <utility>
 
+#include "jobs/frame_memory.h"
 #include "looks/ruvex_control.h"
 #include "looks/session_look.h"
 #include "runtime/error.h"
@@ -54,19 +56,30 @@ PictureRenderer PictureRenderer::clone(const std::shared_ptr<ClipInput>& input) 
 
 bool PictureRenderer::render(const PictureTask& task, media::Frame& result) {
     if (stop_.stop_requested()) return false;
-    input_->forgetFailure();
     try {
-        const auto output = runtime::makeProjectImage(project_, result.width(), result.height(),
-                                                      formatOf(result.depth()));
-        runtime::RenderRequest request = requestFor(task);
-        request.output = output;
-        session_.render(request);
-        input_->rethrowFailure();
-        std::memcpy(result.bytes().data(), output->bytes(), result.bytes().size());
+        renderPicture(task, result);
+    } catch (const std::bad_alloc&) {
+        throw FrameOutOfMemory(task.frame);
+    } catch (const runtime::OutOfMemory&) {
+        throw FrameOutOfMemory(task.frame);
     } catch (const runtime::Error& error) {
         throw runtime::Error("frame " + std::to_string(task.frame) + ": " + error.what());
     }
     return !session_.interrupted();
+}
+
+void PictureRenderer::renderPicture(const PictureTask& task, media::Frame& result) {
+    input_->forgetFailure();
+    const auto output = runtime::makeProjectImage(project_, result.width(), result.height(),
+                                                  formatOf(result.depth()));
+    runtime::RenderRequest request = requestFor(task);
+    request.output = output;
+    session_.render(request);
+    input_->rethrowFailure();
+    if (looks::ruvexControl(session_).frameOutcome() == FrameOutcome::OutOfMemory) {
+        throw std::bad_alloc();
+    }
+    std::memcpy(result.bytes().data(), output->bytes(), result.bytes().size());
 }
 
 runtime::RenderRequest PictureRenderer::requestFor(const PictureTask& task) const {

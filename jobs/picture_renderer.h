@@ -32,13 +32,14 @@ public:
 
     /// Renders into `result`, whose size and depth are the picture's; what lies outside the region
     /// becomes 0. False if a stop was requested; the result is then unfinished. Throws
-    /// media::MediaError and runtime::Error, which names the frame.
+    /// media::MediaError; FrameOutOfMemory; and runtime::Error, which names the frame.
     bool render(const PictureTask& task, media::Frame& result);
 
 private:
     PictureRenderer(runtime::Project project, std::shared_ptr<ClipInput> input,
                     std::stop_token stop, runtime::EffectSession session);
 
+    void renderPicture(const PictureTask& task, media::Frame& result);
     runtime::RenderRequest requestFor(const PictureTask& task) const;
 
     runtime::Project project_;

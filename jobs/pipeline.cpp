@@ -1,9 +1,11 @@
 #include "jobs/pipeline.h"
 
+#include <new>
 #include <thread>
 #include <utility>
 #include <vector>
 
+#include "jobs/frame_memory.h"
 #include "media/media_error.h"
 #include "runtime/error.h"
 
@@ -33,6 +35,8 @@ private:
         throw FrameFailure(slot.number, std::string(error.what()) + ".");
     } catch (const media::MediaError& error) {
         throw FrameFailure(slot.number, error.what());
+    } catch (const std::bad_alloc&) {
+        throw FrameFailure(slot.number, outOfMemorySentence(slot.number) + ".");
     }
 }
 

@@ -33,6 +33,13 @@ struct FrameValues {
     std::int32_t shashFramesOn;  ///< number of frames with shash up to this one
 };
 
+/// What became of a frame. The output of a frame that is not finished holds pixels without meaning.
+enum class FrameOutcome : std::int32_t {
+    Finished = 0,
+    Stopped = 1,      ///< the host asked the effect to stop
+    OutOfMemory = 2,  ///< there was not enough memory for the frame
+};
+
 /// The most workers that an effect object can be given.
 inline constexpr std::int32_t kMostWorkers = 1024;
 
@@ -55,10 +62,14 @@ struct IRuvexControl {
     virtual std::int32_t frameValues(double seconds, double framesPerSecond,
                                      FrameValues* values) const = 0;
 
+    /// What became of the frame of the last Execute that returned 0, which says nothing about that
+    /// by itself; Finished before the first. Must not be called while this object renders.
+    virtual FrameOutcome frameOutcome() const = 0;
+
 protected:
     ~IRuvexControl() = default;
 };
 
-inline constexpr GUID kRuvexControlId = guidFromText("6B1E5A80-7C54-4A0E-8E0B-0D1B7F2C9A31");
+inline constexpr GUID kRuvexControlId = guidFromText("2F4A90C6-93D1-4E57-A4B8-5C06E1D7382B");
 
 }  // namespace ruvex

@@ -16,6 +16,12 @@ public:
     using std::runtime_error::runtime_error;
 };
 
+/// There was not enough memory.
+class OutOfMemory : public Error {
+public:
+    using Error::Error;
+};
+
 /// A failed call into the module. The sentence ends with the status code in hexadecimal.
 class StatusError : public Error {
 public:

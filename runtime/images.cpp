@@ -8,11 +8,13 @@
 namespace ruvex::runtime {
 
 ComPtr<CDSMemoryImage> makeImage(int width, int height, const GUID& format) {
+    const auto cannot = [&] {
+        return "cannot make an image of " + std::to_string(width) + "x" + std::to_string(height) +
+               " pixels";
+    };
+    if (width < 1 || height < 1 || DSBytesPerPixel(format) == 0) throw Error(cannot());
     auto image = CDSMemoryImage::create(width, height, format);
-    if (!image) {
-        throw Error("cannot make an image of " + std::to_string(width) + "x" +
-                    std::to_string(height) + " pixels");
-    }
+    if (!image) throw OutOfMemory(cannot() + ": out of memory");
     return image;
 }
 

@@ -8,8 +8,8 @@
 
 namespace ruvex::runtime {
 
-/// A new image, all bytes 0. Throws Error for an unknown format, for a size below 1 and when there
-/// is not enough memory.
+/// A new image, all bytes 0. Throws Error for an unknown format and for a size below 1, OutOfMemory
+/// if there is not enough memory.
 ComPtr<CDSMemoryImage> makeImage(int width, int height, const GUID& format);
 
 /// The same with the world size of the project frame, which it fills at any number of pixels.

@@ -88,6 +88,27 @@ TEST_F(Control, BadQuestionsAreRefused) {
     }
 }
 
+TEST_F(Control, TheOutcomeIsThatOfTheLastFrame) {
+    EXPECT_EQ(control().frameOutcome(), FrameOutcome::Finished) << "no frame yet";
+    const auto input = randomPicture<Rgba8>(24, 18, 40);
+    std::stop_source stop;
+    runtime::EffectSession session(
+        {.module = builtModule(), .project = renderer_.project(), .stop = stop.get_token()});
+    const auto& outcome = *static_cast<IRuvexControl*>(session.ownInterface(kRuvexControlId));
+    const auto render = [&] {
+        runtime::RenderRequest request;
+        request.input = imageOf(renderer_.project(), input);
+        request.output = runtime::makeImage(24, 18, MFIF_RGBA_RAW_32);
+        session.render(request);
+    };
+    render();
+    EXPECT_EQ(outcome.frameOutcome(), FrameOutcome::Finished);
+    stop.request_stop();
+    render();
+    EXPECT_EQ(outcome.frameOutcome(), FrameOutcome::Stopped);
+    EXPECT_EQ(control().frameOutcome(), FrameOutcome::Finished) << "another object";
+}
+
 // With any one of the project's sizes unreadable, every stage still has numbers to work with.
 TEST_F(Control, AnyUnreadableSizeStillGivesAPicture) {
     renderer_.set(Id::FishEye, 1);

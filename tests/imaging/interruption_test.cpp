@@ -80,6 +80,14 @@ TEST(Interruption, RunningOutOfMemoryStopsWithItsCode) {
     EXPECT_TRUE(interruptCheck(&record));
 }
 
+TEST(Interruption, RunningOutOfMemoryMayBeNotedWithoutAStop) {
+    InterruptionRecord record;
+    noteOutOfMemory(&record);
+    EXPECT_EQ(record.progress, kOutOfMemoryCode);
+    EXPECT_FALSE(interruptCheck(&record));
+    noteOutOfMemory(nullptr);
+}
+
 TEST(Interruption, ResetStartsANewFrame) {
     InterruptionRecord record;
     raiseOutOfMemory(&record);

@@ -41,6 +41,7 @@ public:
     std::int32_t frameValues(double, double, ruvex::FrameValues*) const override {
         return E_NOTIMPL;
     }
+    FrameOutcome frameOutcome() const override { return FrameOutcome::Finished; }
 
     using CDSPlugInEffect::AddPropertyPage;
     using CDSPlugInEffect::RemovePropertyPage;
