@@ -4,6 +4,7 @@
 
 #include "files/numbered_path.h"
 #include "jobs/clip_choice.h"
+#include "jobs/empty_frames.h"
 #include "jobs/files_written.h"
 #include "media/file_kind.h"
 #include "media/media_error.h"
@@ -166,6 +167,7 @@ RenderPlan planRender(const RenderJob& job, const media::ClipInfo& clip, std::ve
     plan.writing = writingOf(job, clip, plan);
     plan.fields = fieldsToRender(job, clip, plan.writing.fields);
     checkPictureSize(JobField::Output, plan.writing.size, plan.depth, job.output);
+    if (const auto note = emptyFramesNote(plan)) notes.push_back(*note);
     return plan;
 }
 
