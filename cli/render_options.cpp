@@ -15,6 +15,7 @@ const char* const kRenderNotes = R"(Files, by the ending of their names:
   -                       standard input or output: Y4M or raw frames, one after the other
   anything else           video in: whatever the FFmpeg libraries read
 A number in a name stands for a sequence: shot.%05d.png is shot.00000.png, shot.00001.png, ...
+%%d stands for %d as it is.
 Raw frames have no header; their first row is row 0 of the chain, the picture's bottom line.
 The sound of a video is copied into a video, cut to --frames.)";
 
@@ -61,7 +62,8 @@ OptionTable renderOptions(RenderOptions& options) {
         {"--pixel-aspect", "A", "Width of a project pixel over its height; default: 1",
          &options.pixelAspect},
         {"--region", "X,Y,W,H",
-         "Render this part only, rows counted from the bottom; the rest is left at zero",
+         "Render this part only, rows counted from the bottom; the rest is left at zero, but for "
+         "the halo of White Dot, which reaches beyond the part",
          &options.region},
         {"--fields", "",
          "Render each field of interlaced video as a picture of its own, at its own time, and "
