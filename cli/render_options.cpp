@@ -59,7 +59,7 @@ OptionTable renderOptions(RenderOptions& options) {
         {"--project-size", "WxH",
          "Project frame that lengths in parameters refer to; default: the input's size",
          &options.projectSize},
-        {"--pixel-aspect", "A", "Width of a project pixel over its height; default: 1",
+        {"--pixel-aspect", "A", "Width of a project pixel over its height, 0.1 to 10; default: 1",
          &options.pixelAspect},
         {"--region", "X,Y,W,H",
          "Render this part only, rows counted from the bottom; the rest is left at zero, but for "

@@ -1,6 +1,6 @@
 #include "jobs/render_job.h"
 
-#include <cmath>
+#include <algorithm>
 #include <utility>
 
 #include "files/numbered_path.h"
@@ -39,9 +39,20 @@ void checkRate(const RenderJob& job) {
     }
 }
 
+/// Written so that NaN is outside too.
 void checkPixelAspect(const RenderJob& job) {
-    if (!(job.pixelAspect > 0.0) || !std::isfinite(job.pixelAspect)) {
-        throw JobError(JobField::PixelAspect, "it has to be above 0 and finite.");
+    if (!(job.pixelAspect >= kLeastPixelAspect && job.pixelAspect <= kMostPixelAspect)) {
+        throw JobError(JobField::PixelAspect, "it has to be from 0.1 to 10.");
+    }
+}
+
+void checkProjectSize(const RenderJob& job) {
+    checkSize(JobField::ProjectSize, job.projectSize);
+    if (job.projectSize &&
+        std::max(job.projectSize->width, job.projectSize->height) > kLongestProjectSide) {
+        throw JobError(JobField::ProjectSize, toText(*job.projectSize) +
+                                                  " is too large; both sides have to be at most " +
+                                                  std::to_string(kLongestProjectSide) + ".");
     }
 }
 
@@ -145,7 +156,7 @@ void checkJob(const RenderJob& job) {
     checkStreamFormat(JobField::InputFormat, job.inputFormat, job.input);
     checkStreamFormat(JobField::OutputFormat, job.outputFormat, job.output);
     checkSize(JobField::Size, job.size);
-    checkSize(JobField::ProjectSize, job.projectSize);
+    checkProjectSize(job);
     checkRate(job);
     checkPixelAspect(job);
     checkFrameNumbers(job);

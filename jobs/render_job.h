@@ -19,6 +19,12 @@ namespace ruvex::jobs {
 /// More would only hold more frames in memory.
 inline constexpr int kMostFramesAtOnce = 256;
 
+/// A project frame beyond these limits shrinks lengths so far that a picture would hold millions of
+/// creeping lines, each too close to the next to be seen.
+inline constexpr double kLeastPixelAspect = 0.1;
+inline constexpr double kMostPixelAspect = 10.0;
+inline constexpr int kLongestProjectSide = 65536;
+
 /// Plain values. An optional without a value leaves the choice to the input or to the usual value
 /// of the result's kind.
 struct RenderJob {
@@ -35,11 +41,13 @@ struct RenderJob {
     std::optional<FrameRange> frames{};             ///< All of the clip without it.
     std::optional<media::Depth> depth{};            ///< Of the chain.
     std::optional<int> workers{};                   ///< Shares of a picture's rows.
-    std::optional<media::FrameSize> projectSize{};  ///< The input's size without it.
-    double pixelAspect = 1.0;                       ///< Width of a project pixel over its height.
-    std::optional<Region> region{};                 ///< The whole picture without it.
-    bool fields = false;                            ///< Render each field by itself.
-    std::filesystem::path mask{};                   ///< Empty: no mask.
+    std::optional<media::FrameSize>
+        projectSize{};         ///< Up to kLongestProjectSide; the input's size without it.
+    double pixelAspect = 1.0;  ///< Width of a project pixel over its height, from kLeastPixelAspect
+                               ///< to kMostPixelAspect.
+    std::optional<Region> region{};  ///< The whole picture without it.
+    bool fields = false;             ///< Render each field by itself.
+    std::filesystem::path mask{};    ///< Empty: no mask.
     ClipEnds ends = ClipEnds::Blank;
     std::optional<Comparison> comparison{};  ///< Without it the result is the render alone.
     int framesAtOnce = 1;                    ///< 1 to kMostFramesAtOnce; no picture depends on it.

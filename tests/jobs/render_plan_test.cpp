@@ -1,5 +1,6 @@
 #include "jobs/render_plan.h"
 
+#include <cmath>
 #include <cstdint>
 #include <functional>
 #include <gtest/gtest.h>
@@ -133,7 +134,19 @@ TEST(RenderPlan, NamesTheFieldThatIsWrong) {
                   j.projectSize = media::FrameSize{0, 5};
               }),
               ProjectSize);
-    EXPECT_EQ(wrongField([](RenderJob& j) { j.pixelAspect = 0.0; }), PixelAspect);
+    EXPECT_EQ(wrongField([](RenderJob& j) {
+                  j.projectSize = media::FrameSize{65536, 65536};
+              }),
+              std::nullopt);
+    for (const media::FrameSize large : {media::FrameSize{65537, 5}, media::FrameSize{5, 65537}}) {
+        EXPECT_EQ(wrongField([&](RenderJob& j) { j.projectSize = large; }), ProjectSize);
+    }
+    for (const double aspect : {0.1, 10.0}) {
+        EXPECT_EQ(wrongField([&](RenderJob& j) { j.pixelAspect = aspect; }), std::nullopt);
+    }
+    for (const double aspect : {0.0, 0.099, 10.01, 1000.0, HUGE_VAL, std::nan("")}) {
+        EXPECT_EQ(wrongField([&](RenderJob& j) { j.pixelAspect = aspect; }), PixelAspect);
+    }
     EXPECT_EQ(wrongField([](RenderJob& j) { j.fields = true; }), Fields);
     EXPECT_EQ(wrongField([](RenderJob& j) { j.mask = "mask.mp4"; }), Mask);
     EXPECT_EQ(wrongField([](RenderJob& j) {
