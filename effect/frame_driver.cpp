@@ -190,6 +190,8 @@ bool FrameDriver<P>::chooseSourceFrame() {
     tape_ = tapePosition(reader_, time_);
     source_ = &inputTexture_;
     if (effect_.effectKind == EffectKind::Paint || tape_.shownFrame == time_.frame) return true;
+    // The position of a stopped frame has no meaning.
+    if (interrupted()) return true;
     constexpr std::int32_t kFirstInput = -1;
     repeatImage_ = fetchInputFrame(effect_, host_, repeatTexture_,
                                    tape_.shownFrame / time_.singleRate, true, kFirstInput);

@@ -6,13 +6,14 @@ FrameIntegral::FrameIntegral(const ParameterCurve& curve, double hostRate, doubl
     : curve_(curve),
       step_(1.0 / hostRate),
       moment_(static_cast<float>(start)),
-      next_(moment_ + step_) {}
+      next_(moment_ + step_),
+      check_(curve.interruption()) {}
 
 double FrameIntegral::upTo(double end) {
     while (end >= next_) {
         const auto reached = static_cast<float>(next_);
         // The time is so large that adding a frame does not change it in single precision.
-        if (reached == moment_) break;
+        if (reached == moment_ || check_.stops()) break;
         sum_ += curve_.rawAt(moment_) * step_;
         moment_ = reached;
         next_ = moment_ + step_;

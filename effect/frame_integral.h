@@ -2,13 +2,15 @@
 
 #pragma once
 
+#include "effect/walk_check.h"
 #include "host/base/parameter_reader.h"
 
 namespace ruvex {
 
 /// The integral of a curve from `start` to several ends in rising order, in steps of one frame. The
 /// time of each step is rounded to single precision, so that steps drift a little; pictures depend
-/// on that. Each call of upTo continues where the previous one stopped.
+/// on that. Each call of upTo continues where the previous one stopped. Ends early, with a result
+/// that has no meaning, when the curve's frame is stopped.
 class FrameIntegral {
 public:
     /// `hostRate` in frames per second, times in seconds.
@@ -24,6 +26,7 @@ private:
     float moment_;
     double next_;
     double sum_ = 0.0;
+    WalkCheck check_;
 };
 
 /// The integral of a curve from `start` to `end`.

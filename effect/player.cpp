@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "effect/percent.h"
+#include "effect/walk_check.h"
 #include "imaging/maths/wrap.h"
 #include "imaging/pixel_convert.h"
 
@@ -21,6 +22,7 @@ bool slow(double speed) {
 // the result is the time itself and not the sum, which drifts: so the tape shows the output's own
 // frame at any time.
 double playedSeconds(const ParameterCurve& speed, double hostRate, double end) {
+    WalkCheck check(speed.interruption());
     if (!(end > 0.0)) return 0.0;
     if (speed.alwaysIs(kNormalSpeed)) return end;
     const double step = 1.0 / hostRate;
@@ -30,7 +32,7 @@ double playedSeconds(const ParameterCurve& speed, double hostRate, double end) {
     bool normal = true;
     while (end >= next) {
         const auto reached = static_cast<float>(next);
-        if (reached == moment) break;
+        if (reached == moment || check.stops()) break;
         const double value = speed.rawAt(moment);
         normal = normal && value == kNormalSpeed;
         sum = normal ? kNormalSpeed * reached : sum + value * step;
@@ -77,7 +79,8 @@ PlayStatus playStatusAt(const ParameterReader& reader, const FrameTime& time) {
     play.state = slow(speed)             ? PlayState::Slow
                  : speed == kNormalSpeed ? PlayState::Normal
                                          : PlayState::Winding;
-    for (float frame = time.frame; slow(speed) && walksOn(frame);) {
+    WalkCheck check(reader.interruption());
+    for (float frame = time.frame; slow(speed) && walksOn(frame) && !check.stops();) {
         ++play.framesAtLowSpeed;
         frame -= 1.0f;
         speed = curve.rawAt(frame / time.singleRate);

@@ -56,12 +56,13 @@ HRESULT Ruvex::renderByFormat(double seconds) {
     GUID format{};
     output->GetFormat(&format);
     const FrameHost host = frameHost();
+    const ParameterReader parametersOfFrame(*this, parameters, &interruption);
     const FrameTime time(seconds, host.sampleRate);
     if (format == MFIF_RGBA_RAW_32) {
-        return FrameDriver<Rgba8>(*this, host, reader(), time).renderFrame();
+        return FrameDriver<Rgba8>(*this, host, parametersOfFrame, time).renderFrame();
     }
     if (format == MFIF_RGBA_S2_14) {
-        return FrameDriver<RgbaS214>(*this, host, reader(), time).renderFrame();
+        return FrameDriver<RgbaS214>(*this, host, parametersOfFrame, time).renderFrame();
     }
     return S_OK;
 }

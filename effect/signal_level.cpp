@@ -4,6 +4,7 @@
 
 #include "effect/frame_integral.h"
 #include "effect/percent.h"
+#include "effect/walk_check.h"
 #include "imaging/maths/random.h"
 #include "imaging/noise/gradient_noise.h"
 
@@ -54,7 +55,9 @@ float SignalLevel::at(double seconds, double playTime) const {
 std::vector<float> SignalLevel::atEarlier(const std::vector<float>& moments) const {
     std::vector<float> levels(moments.size());
     FrameIntegral phase(speed_, hostRate_, 0.0);
+    WalkCheck check(master_.interruption());
     for (std::size_t i = moments.size(); i-- > 0;) {
+        if (check.stops()) break;
         const double moment = moments[i];
         // Raw values: Master Breakup is not clamped here, and a negative Breakup Variation counts
         // as 0. The resulting level is clamped to 0..1.

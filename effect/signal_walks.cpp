@@ -1,6 +1,7 @@
 #include "effect/signal_walks.h"
 
 #include "effect/percent.h"
+#include "effect/walk_check.h"
 #include "imaging/pixel_convert.h"
 #include "stages/threshold.h"
 
@@ -32,9 +33,10 @@ struct Start {
 double creepingLines(const Start& start, const Past& past) {
     const ParameterCurve speedMax = start.reader.curve(ParameterId::LineSpeedMax);
     const ParameterCurve threshold = start.reader.curve(ParameterId::LineThreshold);
+    WalkCheck check(start.reader.interruption());
     double sum = 0.0;
     float level = start.breakup;
-    for (std::size_t i = 0; i < past.moments.size(); ++i) {
+    for (std::size_t i = 0; i < past.moments.size() && !check.stops(); ++i) {
         const double moment = past.moments[i];
         const double speed = speedMax.rawAt(moment) / start.time.singleRate;
         sum += stageAmountDouble(level, speed, fractionOf(threshold.rawAt(moment)));
@@ -55,8 +57,9 @@ std::int32_t verticalOffset(const Start& start) {
 std::int32_t verticalRoll(const Start& start, const Past& past, std::int32_t sum) {
     const ParameterCurve speedMax = start.reader.curve(ParameterId::VertRollSpeedMax);
     const ParameterCurve thresholds = start.reader.curve(ParameterId::VertRollThreshold);
+    WalkCheck check(start.reader.interruption());
     float level = start.breakup;
-    for (std::size_t i = 0; i < past.moments.size(); ++i) {
+    for (std::size_t i = 0; i < past.moments.size() && !check.stops(); ++i) {
         const double moment = past.moments[i];
         const float threshold = fractionOf(thresholds.rawAt(moment));
         if (!(threshold < 1.0f)) break;

@@ -186,7 +186,8 @@ private:
 }  // namespace
 
 template <class P>
-void drawCreepingLines(const SignalParameters& signal, VxTexture<P>& picture, Span rows) {
+void drawCreepingLines(const SignalParameters& signal, VxTexture<P>& picture, Span rows,
+                       InterruptionRecord* interrupt) {
     if (!actsAt(signal.breakup, signal.lineThreshold) || rows.first >= rows.end) return;
     const float width = signal.width - static_cast<float>(signal.originX);
     const float height = signal.height - static_cast<float>(signal.originY);
@@ -195,11 +196,14 @@ void drawCreepingLines(const SignalParameters& signal, VxTexture<P>& picture, Sp
     const float start = uniform(seed) * width + creepOf(signal.lineAngle, signal.lineOffset);
     LineDrawer<P> drawer(signal, family, picture, rows, seed);
     for (std::int32_t i = 0; i < family.lines; ++i) {
+        if (interruptCheck(interrupt)) return;
         drawer.drawLine(static_cast<float>(i) * family.step + start);
     }
 }
 
-template void drawCreepingLines(const SignalParameters&, VxTexture<Rgba8>&, Span);
-template void drawCreepingLines(const SignalParameters&, VxTexture<RgbaS214>&, Span);
+template void drawCreepingLines(const SignalParameters&, VxTexture<Rgba8>&, Span,
+                                InterruptionRecord*);
+template void drawCreepingLines(const SignalParameters&, VxTexture<RgbaS214>&, Span,
+                                InterruptionRecord*);
 
 }  // namespace ruvex

@@ -12,10 +12,16 @@ namespace ruvex {
 /// lines, but the colours of the dots depend on where a share begins. Because of rounding, a dot of
 /// a shallow line can be one row outside the share. Therefore one thread has to draw all shares,
 /// one after the other, so that the later one overwrites.
+///
+/// The number of lines depends on their spacing and not on the picture: there may be millions, so
+/// `interrupt` (may be null) is checked before each line.
 template <class P>
-void drawCreepingLines(const SignalParameters& signal, VxTexture<P>& picture, Span rows);
+void drawCreepingLines(const SignalParameters& signal, VxTexture<P>& picture, Span rows,
+                       InterruptionRecord* interrupt);
 
-extern template void drawCreepingLines(const SignalParameters&, VxTexture<Rgba8>&, Span);
-extern template void drawCreepingLines(const SignalParameters&, VxTexture<RgbaS214>&, Span);
+extern template void drawCreepingLines(const SignalParameters&, VxTexture<Rgba8>&, Span,
+                                       InterruptionRecord*);
+extern template void drawCreepingLines(const SignalParameters&, VxTexture<RgbaS214>&, Span,
+                                       InterruptionRecord*);
 
 }  // namespace ruvex

@@ -226,7 +226,8 @@ void RuvexSampler<P>::runLines() {
     const std::int32_t workers = useThreads_ ? workerCount() : 1;
     for (std::int32_t worker = 0; worker < workers; ++worker) {
         const RowShare share = shareOfRows(this->y1 - this->y0, workers, worker);
-        drawCreepingLines(signal, workTexture, Span{this->y0 + share.first, this->y0 + share.end});
+        drawCreepingLines(signal, workTexture, Span{this->y0 + share.first, this->y0 + share.end},
+                          this->interrupt);
     }
 }
 

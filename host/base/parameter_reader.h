@@ -3,6 +3,7 @@
 #pragma once
 
 #include "host/base/parameter_values.h"
+#include "imaging/interruption.h"
 #include "sdk/properties/property_container.h"
 
 namespace ruvex {
@@ -22,8 +23,9 @@ namespace ruvex {
 class ParameterCurve {
 public:
     /// Without an `animation` (null) the value is `constant`, which is ignored otherwise.
-    ParameterCurve(ParameterId id, const DSAnimation* animation, double constant)
-        : id_(id), animation_(animation), constant_(constant) {}
+    ParameterCurve(ParameterId id, const DSAnimation* animation, double constant,
+                   InterruptionRecord* interrupt)
+        : id_(id), animation_(animation), constant_(constant), interrupt_(interrupt) {}
 
     double rawAt(double seconds) const {
         return animation_ ? animation_->valueAt(seconds) : constant_;
@@ -33,18 +35,24 @@ public:
     /// Whether the parameter is not animated and its raw value is `value`.
     bool alwaysIs(double value) const { return !animation_ && constant_ == value; }
 
+    /// That of the curve's reader.
+    InterruptionRecord* interruption() const { return interrupt_; }
+
 private:
     ParameterId id_;
     const DSAnimation* animation_;
     double constant_;
+    InterruptionRecord* interrupt_;
 };
 
 /// Reads the parameters of one effect object, which must outlive the reader and must not change in
 /// the meantime. Only reals can be animated; all other kinds have the same value at any time.
 class ParameterReader {
 public:
-    ParameterReader(const CDSPropertyContainer& container, const ParameterValues& values)
-        : container_(&container), values_(&values) {}
+    /// `interrupt` (may be null) belongs to the frame that the parameters are read for.
+    ParameterReader(const CDSPropertyContainer& container, const ParameterValues& values,
+                    InterruptionRecord* interrupt = nullptr)
+        : container_(&container), values_(&values), interrupt_(interrupt) {}
 
     double rawReal(ParameterId id, double seconds) const {
         return container_->GetValueDirect(row(id).identifier, values_->rawReal(id), seconds);
@@ -53,14 +61,19 @@ public:
         return renderClamp(id, rawReal(id, seconds));
     }
     ParameterCurve curve(ParameterId id) const {
-        return {id, container_->FindAnimation(row(id).identifier), values_->rawReal(id)};
+        return {id, container_->FindAnimation(row(id).identifier), values_->rawReal(id),
+                interrupt_};
     }
     std::int32_t integer(ParameterId id) const { return values_->integer(id); }
     bool on(ParameterId id) const { return integer(id) != 0; }
 
+    /// What a long walk over time has to check; null for values without a frame.
+    InterruptionRecord* interruption() const { return interrupt_; }
+
 private:
     const CDSPropertyContainer* container_;
     const ParameterValues* values_;
+    InterruptionRecord* interrupt_;
 };
 
 }  // namespace ruvex

@@ -117,5 +117,59 @@ TEST(HangUp, DoesNotEndACommandThatIgnoresIt) {
 
 INSTANTIATE_TEST_SUITE_P(Signals, StopSignal, testing::Values(SIGINT, SIGTERM, SIGHUP));
 
+/// A frame that takes far longer than a stop: a name, its number, and options.
+struct LongFrame {
+    const char* name;
+    const char* number;
+    Arguments options;
+};
+
+class StopOfALongFrame : public testing::TestWithParam<LongFrame> {};
+
+TEST_P(StopOfALongFrame, IsAnsweredWithinTwoSeconds) {
+    const LongFrame& frame = GetParam();
+    files::TempFolder folder;
+    const std::string picture = "in." + std::string(frame.number) + ".rgba8";
+    media::writeRawFrame(folder.file(picture),
+                         media::noiseFrame({320, 240}, media::Depth::Bits8, 1));
+    Arguments arguments = {"render",   folder.file("in.%d.rgba8"),
+                           "-o",       folder.file("out.mkv"),
+                           "--size",   "320x240",
+                           "--frames", frame.number};
+    arguments.insert(arguments.end(), frame.options.begin(), frame.options.end());
+    RunningCommand command(arguments);
+    ASSERT_TRUE(waitForStart(folder, 1));
+    std::this_thread::sleep_for(200ms);
+    const auto sent = std::chrono::steady_clock::now();
+    command.send(SIGINT);
+    const Outcome outcome = command.wait();
+    EXPECT_LT(std::chrono::steady_clock::now() - sent, 2s);
+    EXPECT_EQ(outcome.status, 130) << "the frame was faster than the stop: " << outcome.err;
+    EXPECT_EQ(folder.names(), std::vector<std::string>{picture});
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Frames, StopOfALongFrame,
+    testing::Values(
+        LongFrame{"Lines",
+                  "0",
+                  {"--pixel-aspect", "10", "--project-size", "65536x65536", "--workers", "240",
+                   "--set", "Master Breakup=90", "--set", "Breakup Variation=0", "--set",
+                   "Line Threshold=0", "--set", "Line Spacing=1", "--set", "Line Angle=45"}},
+        LongFrame{"Levels", "16777214", {"--preset", "Bad Colour TV"}},
+        LongFrame{"Walks", "16777214", {"--ends", "loop",
+                                        "--rate", "16",
+                                        "--key",  "Play Speed=0:101 1:50 2000000:99",
+                                        "--key",  "Breakup Speed=0:10 1:50 1000000:20",
+                                        "--key",  "Breakup Variation=0:10 1:20",
+                                        "--key",  "Master Breakup=0:90 1:99 1000000:95",
+                                        "--key",  "Edge Speed=0:10 1:20",
+                                        "--key",  "Ghosting Speed=0:10 1:20",
+                                        "--key",  "Line Speed Max=0:10 1:20",
+                                        "--key",  "Line Threshold=0:0 1:1 1000000:2",
+                                        "--key",  "Vert Roll Threshold=0:0 1:1 1000000:2",
+                                        "--key",  "Vert Roll Speed Max=0:0 1:1 1000000:2"}}),
+    [](const auto& given) { return std::string(given.param.name); });
+
 }  // namespace
 }  // namespace ruvex::cli

@@ -145,5 +145,42 @@ TEST(SignalWalks, SpeedsBeyondAnyPictureAreCutToTheLowestNumber) {
     EXPECT_EQ(walksOf(set, 3).verticalSum, INT32_MIN);
 }
 
+// The stop of a frame as late in a clip as there are frames.
+class WalksOfAStoppedFrame : public testing::Test {
+protected:
+    // A walk may take this many steps until it asks.
+    static constexpr std::uint64_t kFewSteps = 10000;
+    static constexpr double kRate = 25.0;
+
+    WalksOfAStoppedFrame() {
+        record_.reset(nullptr, [](void*, std::atomic<std::uint32_t>*) { return 1u; });
+    }
+
+    InterruptionRecord record_;
+    const FrameTime time_{16777214 / kRate, kRate};
+};
+
+TEST_F(WalksOfAStoppedFrame, EndEarly) {
+    ParameterSet set;
+    set.set(Id::BreakupVariation, 100).set(Id::LineThreshold, 0).set(Id::VertRollThreshold, 0);
+    const ParameterReader reader = set.reader(&record_);
+    const auto before = fractalNoiseCalls();
+    TapePosition tape;
+    tape.playTime = time_.seconds;
+    tape.sourcePosition = time_.frame;
+    signalAt(reader, time_, tape);
+    EXPECT_LT(fractalNoiseCalls() - before, kFewSteps);
+    EXPECT_NE(record_.interrupted, 0);
+}
+
+TEST_F(WalksOfAStoppedFrame, EndEarlyInThePlayer) {
+    ParameterSet set;
+    set.set(Id::PlaySpeed, 50);
+    tapePosition(set.reader(&record_), time_);
+    EXPECT_NE(record_.interrupted, 0) << "the walk asks";
+    EXPECT_LT(playStatusAt(set.reader(&record_), time_).framesAtLowSpeed, int{kFewSteps});
+    EXPECT_GT(tapePosition(set.reader(), time_).playTime, time_.seconds / 4);
+}
+
 }  // namespace
 }  // namespace ruvex::test

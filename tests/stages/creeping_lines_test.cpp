@@ -22,7 +22,7 @@ template <class P>
 Dots dotsOf(const SignalParameters& signal, int width, int height,
             const std::vector<Span>& shares) {
     Canvas<P> canvas(width, height);
-    for (const Span& rows : shares) drawCreepingLines(signal, canvas.texture, rows);
+    for (const Span& rows : shares) drawCreepingLines(signal, canvas.texture, rows, nullptr);
     Dots dots;
     for (int y = 0; y < height; ++y) {
         for (int x = 0; x < width; ++x) {
@@ -120,6 +120,48 @@ TYPED_TEST(Lines, FarOutGeometryEndsAndPaintsNothingOutside) {
     SUCCEED() << "it comes to an end, and the sanitizers see no fault";
 }
 
+// Counts the checks and stops the render at one of them.
+struct StopAt {
+    explicit StopAt(int number) : last(number) { record.reset(this, ask); }
+
+    static std::uint32_t ask(void* context, std::atomic<std::uint32_t>*) {
+        auto& self = *static_cast<StopAt*>(context);
+        return ++self.checks == self.last ? 1u : 0u;
+    }
+
+    int last;
+    int checks = 0;
+    InterruptionRecord record;
+};
+
+TYPED_TEST(Lines, AStopIsAnsweredAtTheNextLine) {
+    SignalParameters signal = lineSignal(60, 40, 30);
+    // Over a million lines.
+    signal.lineSpacing = 0.00005f;
+    StopAt stop(4);
+    Canvas<TypeParam> canvas(60, 40);
+    drawCreepingLines(signal, canvas.texture, Span{0, 40}, &stop.record);
+    EXPECT_EQ(stop.checks, 4);
+    int lit = 0;
+    for (const auto& pixel : canvas.memory) lit += pixel != TypeParam{};
+    EXPECT_LE(lit, 3 * (60 / 3 + 1)) << "dots of the three lines before the stop";
+}
+
+TYPED_TEST(Lines, ACheckChangesNoDot) {
+    SignalParameters signal = lineSignal(60, 40, 70);
+    signal.tvType = TvType::Colour;
+    signal.lineSpacing = 0.3f;
+    Canvas<TypeParam> with(60, 40);
+    Canvas<TypeParam> without(60, 40);
+    StopAt never(-1);
+    for (const Span rows : {Span{0, 20}, Span{20, 40}}) {
+        drawCreepingLines(signal, with.texture, rows, &never.record);
+        drawCreepingLines(signal, without.texture, rows, nullptr);
+    }
+    EXPECT_GT(never.checks, 100);
+    EXPECT_EQ(with.memory, without.memory);
+}
+
 TYPED_TEST(Lines, AColourSetKeepsItsAlphaAndAnotherLightensIt) {
     for (const int type : {0, 1, 2}) {
         SignalParameters signal = lineSignal(60, 40, 30);
@@ -127,7 +169,7 @@ TYPED_TEST(Lines, AColourSetKeepsItsAlphaAndAnotherLightensIt) {
         signal.breakup = 1.0f;
         signal.lineSpacing = 4.0f;
         Canvas<TypeParam> canvas(60, 40);
-        drawCreepingLines(signal, canvas.texture, Span{0, 40});
+        drawCreepingLines(signal, canvas.texture, Span{0, 40}, nullptr);
         int lit = 0;
         for (const auto& pixel : canvas.memory) lit += pixel.c[3] != 0;
         EXPECT_EQ(lit > 0, type != 0) << type;

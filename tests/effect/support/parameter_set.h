@@ -34,7 +34,9 @@ public:
     }
 
     /// Good as long as this set, and until it changes.
-    ParameterReader reader() const { return {*this, values_}; }
+    ParameterReader reader(InterruptionRecord* interrupt = nullptr) const {
+        return {*this, values_, interrupt};
+    }
 
 private:
     const CDSPropertiesMap* GetPropertyMap() override {
