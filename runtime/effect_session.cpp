@@ -152,7 +152,8 @@ void EffectSession::State::handIn(const RenderRequest& request) {
 
 void EffectSession::State::execute(const RenderRequest& request) {
     const std::string frame = "the frame at " + std::to_string(request.seconds) + " s";
-    requireDone(effect->Verify(), "the effect lacks something to render " + frame);
+    requireDone(effect->Verify(), "the effect cannot render " + frame +
+                                      " with the images and the region that it was given");
     require(effect->BeginFrame(request.seconds), "cannot begin " + frame);
     const HRESULT status = effect->Execute(request.seconds);
     effect->EndFrame();

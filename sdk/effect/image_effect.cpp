@@ -33,6 +33,26 @@ HRESULT noOverscan(DSOVERSCAN* overscan) {
     return S_OK;
 }
 
+/// S_OK if the region has pixels and begins in the picture, otherwise E_INVALIDARG. A null picture
+/// is not known yet: its size is not checked.
+HRESULT checkRegion(const DSRECT& region, IDSImage* picture) {
+    if (region.width < 1 || region.height < 1 || region.x < 0 || region.y < 0) return E_INVALIDARG;
+    if (!picture) return S_OK;
+    LONG width = 0;
+    LONG height = 0;
+    if (const HRESULT status = picture->GetSize(&width, &height); FAILED(status)) return status;
+    return region.x < width && region.y < height ? S_OK : E_INVALIDARG;
+}
+
+/// S_OK if two images have one format, otherwise E_INVALIDARG.
+HRESULT checkSameFormat(IDSImage& one, IDSImage& other) {
+    GUID format{};
+    GUID otherFormat{};
+    if (const HRESULT status = one.GetFormat(&format); FAILED(status)) return status;
+    if (const HRESULT status = other.GetFormat(&otherFormat); FAILED(status)) return status;
+    return format == otherFormat ? S_OK : E_INVALIDARG;
+}
+
 }  // namespace
 
 HRESULT CDSImageEffect::GetImageEffectInfo(DSIMAGEEFFECTINFO* info) {
@@ -103,7 +123,10 @@ HRESULT CDSImageEffect::SetPixelMask(IDSImage* mask, LONG offsetX, LONG offsetY)
 }
 
 HRESULT CDSImageEffect::SetROI(const DSRECT* region) {
-    if (region && (region->width < 1 || region->height < 1)) return E_INVALIDARG;
+    if (region) {
+        if (const HRESULT status = checkRegion(*region, output.get()); FAILED(status))
+            return status;
+    }
     roiSet = region != nullptr;
     roi = region ? *region : DSRECT{};
     return S_OK;
@@ -123,6 +146,18 @@ HRESULT CDSImageEffect::SetInput2Offset(LONG offsetX, LONG offsetY) {
     input2OffsetX = offsetX;
     input2OffsetY = offsetY;
     return S_OK;
+}
+
+HRESULT CDSImageEffect::Verify() {
+    if (!output) return S_OK;
+    const HRESULT supported = IsFormatSupported(output.get());
+    if (supported != S_OK) return FAILED(supported) ? supported : E_INVALIDARG;
+    for (const auto* image : {&input, &input2}) {
+        if (!*image) continue;
+        if (const HRESULT status = checkSameFormat(**image, *output); FAILED(status)) return status;
+    }
+    // The region may have been set before the output.
+    return roiSet ? checkRegion(roi, output.get()) : S_OK;
 }
 
 HRESULT CDSImageEffect::CloneAtTime(double seconds, const GUID& id, void** out) {

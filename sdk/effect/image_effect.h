@@ -7,7 +7,8 @@
 #include "sdk/effect/plug_in.h"
 
 /// Stores the images, regions and interfaces that the host sets, and implements the functions that
-/// only need these. A concrete effect implements at least Execute and Clone.
+/// only need these. A concrete effect implements at least TestFormat, Execute and Clone. One that
+/// overrides Verify calls it here first.
 class DSSDK_API CDSImageEffect : public ComObjectWith<CDSPlugInEffect, IDSImageEffect> {
 public:
     /// Does not change the record. E_POINTER for null.
@@ -30,13 +31,16 @@ public:
     HRESULT SetOutput(IDSImage* image) override;
     HRESULT SetChannelMask(ULONG mask) override;
     HRESULT SetPixelMask(IDSImage* mask, LONG offsetX, LONG offsetY) override;
-    /// E_INVALIDARG for a region without pixels.
+    /// E_INVALIDARG, and no change, for a region without pixels and for one that begins outside the
+    /// output. It may end outside.
     HRESULT SetROI(const DSRECT* region) override;
     HRESULT SetQuality(LONG level) override;
     HRESULT SetInput2(IDSImage* image) override;
     HRESULT SetInput2Offset(LONG offsetX, LONG offsetY) override;
-    /// Always S_OK.
-    HRESULT Verify() override { return S_OK; }
+    /// E_INVALIDARG if the output's format is not supported, if an input has another format than
+    /// the output, and for a region that begins outside the output. Which images are needed is the
+    /// effect's to check; without an output nothing is checked here.
+    HRESULT Verify() override;
     HRESULT CloneAtTime(double seconds, const GUID& id, void** out) override;
     HRESULT SetDirection(double value) override;
     HRESULT SetPressure(double value) override;

@@ -30,12 +30,13 @@ struct IDSImageEffect : IUnknown {
     virtual HRESULT SetChannelMask(ULONG mask) = 0;
     /// Sets the mask of a paint stroke and its offset in the input, in pixels.
     virtual HRESULT SetPixelMask(IDSImage* mask, LONG offsetX, LONG offsetY) = 0;
-    /// The region to render, in pixels of the output; null for all of it.
+    /// The region to render, in pixels of the output, in which it begins; null for all of it.
     virtual HRESULT SetROI(const DSRECT* region) = 0;
     virtual HRESULT SetQuality(LONG level) = 0;
     virtual HRESULT SetInput2(IDSImage* image) = 0;
     virtual HRESULT SetInput2Offset(LONG offsetX, LONG offsetY) = 0;
-    /// Checks whether everything needed for a render is set: 0, or an error code.
+    /// Checks whether everything needed for a render is set, and whether the images and the region
+    /// go together: 0, or an error code.
     virtual HRESULT Verify() = 0;
     /// Renders the frame at `seconds` into the output.
     virtual HRESULT Execute(double seconds) = 0;

@@ -4,6 +4,7 @@
 #include <thread>
 
 #include "imaging/tex_axis.h"
+#include "runtime/error.h"
 #include "tests/effect/support/poor_project.h"
 
 namespace ruvex::test {
@@ -215,14 +216,25 @@ TYPED_TEST(Frame, WithoutAnInputThereIsNothingToSee) {
     }
 }
 
+// Verify refuses formats that do not go together. A host that does not call it gets these pictures.
+void executeUnverified(IDSImageEffect& effect, IDSImage& input, IDSImage& output) {
+    EXPECT_EQ(effect.Setup(), S_OK);
+    EXPECT_EQ(effect.SetInput(&input), S_OK);
+    EXPECT_EQ(effect.SetOutput(&output), S_OK);
+    EXPECT_EQ(effect.Verify(), E_INVALIDARG);
+    EXPECT_EQ(effect.Execute(0.0), S_OK);
+    EXPECT_EQ(effect.Cleanup(), S_OK);
+}
+
 TYPED_TEST(Frame, AnInputOfTheOtherFormatIsNotRead) {
-    using Other = std::conditional_t<sizeof(TypeParam) == 4, RgbaS214, Rgba8>;
     Renderer renderer(kSmall);
-    const auto picture = renderer.render(
-        randomPicture<TypeParam>(24, 18, 15), 0.0, {}, [&](runtime::RenderRequest& request) {
-            request.input = imageOf(renderer.project(), randomPicture<Other>(24, 18, 15));
-        });
-    EXPECT_TRUE(allZero(picture));
+    const bool deep = sizeof(TypeParam) == sizeof(RgbaS214);
+    const auto other = runtime::makeImage(24, 18, deep ? MFIF_RGBA_RAW_32 : MFIF_RGBA_S2_14);
+    std::memset(other->bytes(), 55, other->byteCount());
+    const auto output = imageOf(kSmall, randomPicture<TypeParam>(24, 18, 15));
+    const auto scope = renderer.session().enter();
+    executeUnverified(renderer.session().effect(), *other, *output);
+    EXPECT_TRUE(allZero(pictureOf<TypeParam>(*output)));
 }
 
 TYPED_TEST(Frame, AnInputThatIsNotReadyIsNotRead) {
@@ -285,13 +297,30 @@ TYPED_TEST(Frame, EightClonesAtOnceRenderWhatOneRendersAlone) {
 
 TEST(FrameFormat, AnUnknownOutputFormatLeavesTheOutputAlone) {
     Renderer renderer(kSmall);
-    runtime::RenderRequest request;
-    request.input = imageOf(kSmall, randomPicture<Rgba8>(24, 18, 20));
-    auto output = runtime::makeImage(24, 18, MFIF_A_RAW_8);
+    const auto input = imageOf(kSmall, randomPicture<Rgba8>(24, 18, 20));
+    const auto output = runtime::makeImage(24, 18, MFIF_A_RAW_8);
     std::memset(output->bytes(), 77, output->byteCount());
-    request.output = output;
-    renderer.session().render(request);
+    const auto scope = renderer.session().enter();
+    executeUnverified(renderer.session().effect(), *input, *output);
     EXPECT_EQ(output->bytes()[100], std::byte{77});
+}
+
+TEST(FrameFormat, ASessionRefusesToRenderFromOneFormatIntoAnother) {
+    Renderer renderer(kSmall);
+    runtime::RenderRequest request;
+    request.input = runtime::makeImage(24, 18, MFIF_RGBA_RAW_32);
+    request.output = runtime::makeImage(24, 18, MFIF_RGBA_S2_14);
+    EXPECT_THROW(renderer.session().render(request), runtime::StatusError);
+}
+
+TEST(FrameRegion, ASessionRefusesARegionThatBeginsOutsideThePicture) {
+    Renderer renderer(kSmall);
+    const auto input = randomPicture<Rgba8>(24, 18, 23);
+    for (const DSRECT outside :
+         {DSRECT{-1, 0, 9, 9}, DSRECT{0, -1, 9, 9}, DSRECT{24, 0, 9, 9}, DSRECT{0, 18, 9, 9}}) {
+        EXPECT_THROW(renderer.render(input, 0.0, outside), runtime::StatusError);
+    }
+    EXPECT_EQ(renderer.render(input, 0.0, DSRECT{23, 17, 9, 9}).at(23, 17), input.at(23, 17));
 }
 
 }  // namespace

@@ -81,6 +81,50 @@ TEST_F(ImageEffect, TheInputBoxIsTheRegionOrTheWholeInput) {
     EXPECT_EQ(effect->SetROI(&empty), E_INVALIDARG);
 }
 
+TEST_F(ImageEffect, RefusesARegionThatBeginsOutsideThePicture) {
+    const auto out = picture(0);
+    effect->SetInput(out.get());
+    effect->SetOutput(out.get());
+    const DSRECT inside{1, 2, 9, 9};
+    EXPECT_EQ(effect->SetROI(&inside), S_OK) << "it may end outside";
+    EXPECT_EQ(effect->Verify(), S_OK);
+    for (const DSRECT outside : {DSRECT{-1, 0, 2, 2}, DSRECT{0, -1, 2, 2}, DSRECT{2, 0, 2, 2},
+                                 DSRECT{0, 3, 2, 2}, DSRECT{INT32_MIN, INT32_MAX, 2, 2}}) {
+        EXPECT_EQ(effect->SetROI(&outside), E_INVALIDARG) << outside.x << ", " << outside.y;
+        DSRECT box{};
+        effect->GetInputBbox(&box);
+        EXPECT_EQ(box, inside) << "the region is as before";
+    }
+}
+
+TEST_F(ImageEffect, RefusesARegionOutsideAnOutputThatComesLater) {
+    const DSRECT region{2, 0, 2, 2};
+    EXPECT_EQ(effect->SetROI(&region), S_OK) << "there is no picture yet";
+    const auto small = picture(0);
+    effect->SetInput(small.get());
+    effect->SetOutput(small.get());
+    EXPECT_EQ(effect->Verify(), E_INVALIDARG);
+    effect->SetROI(nullptr);
+    EXPECT_EQ(effect->Verify(), S_OK);
+}
+
+TEST_F(ImageEffect, RefusesImagesOfDifferentFormats) {
+    const auto shallow = picture(0);
+    const auto deep = CDSMemoryImage::create(2, 3, MFIF_RGBA_S2_14);
+    const auto mask = CDSMemoryImage::create(2, 3, MFIF_A_RAW_8);
+    effect->SetInput(shallow.get());
+    effect->SetOutput(deep.get());
+    EXPECT_EQ(effect->Verify(), E_INVALIDARG);
+    effect->SetInput(deep.get());
+    EXPECT_EQ(effect->Verify(), S_OK);
+    effect->SetInput2(shallow.get());
+    EXPECT_EQ(effect->Verify(), E_INVALIDARG);
+    effect->SetInput2(nullptr);
+    effect->SetInput(mask.get());
+    effect->SetOutput(mask.get());
+    EXPECT_EQ(effect->Verify(), E_INVALIDARG) << "a format that the effect does not support";
+}
+
 TEST_F(ImageEffect, FormatsAreTestedThroughTheImage) {
     EXPECT_EQ(effect->IsFormatSupported(picture(0).get()), S_OK);
     const auto mask = CDSMemoryImage::create(1, 1, MFIF_A_RAW_8);

@@ -62,6 +62,7 @@ HRESULT CopyEffect::TestFormat(const GUID& format) {
 }
 
 HRESULT CopyEffect::Verify() {
+    if (const HRESULT status = CDSImageMIEffect::Verify(); FAILED(status)) return status;
     return input && output ? S_OK : E_POINTER;
 }
 

@@ -68,9 +68,9 @@ struct Shot {
         inputPlace = {place(), place()};
         outputPlace = {place(), place()};
         if (random.chance(40)) {
-            region = DSRECT{random.whole(-9, 40), random.whole(-9, 30), random.whole(1, 50),
-                            random.whole(1, 50)};
-            if (random.chance(10)) region->x = INT32_MAX;
+            // It begins in the output and may end outside.
+            region = DSRECT{random.whole(0, outputWidth - 1), random.whole(0, outputHeight - 1),
+                            random.whole(1, 50), random.whole(1, 50)};
             if (random.chance(10)) region->height = INT32_MAX;
         }
         maskX = random.chance(80) ? random.whole(-5, 5) : INT32_MAX;
