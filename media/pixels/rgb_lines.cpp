@@ -9,8 +9,10 @@ extern "C" {
 #include <vector>
 
 #include "media/frame.h"
+#include "media/pixels/component_read.h"
 #include "media/pixels/plane_line.h"
 #include "media/pixels/sample_convert.h"
+#include "media/pixels/yuv_coding.h"
 
 namespace ruvex::media {
 namespace {
@@ -34,15 +36,6 @@ int sourceOf(const AVPixFmtDescriptor& format, int channel) {
         return alpha ? format.nb_components - 1 : -1;
     }
     return grey ? 0 : channel;
-}
-
-/// Reads a component of any format by the library's own function, which is slower than
-/// ComponentLine.
-void readComponent(const AVFrame& picture, const AVPixFmtDescriptor& format, int component, int y,
-                   Line& line) {
-    const auto* const* data = const_cast<const std::uint8_t**>(picture.data);
-    av_read_image_line2(line.data(), const_cast<const std::uint8_t**>(data), picture.linesize,
-                        &format, 0, y, component, picture.width, 0, sizeof(std::uint16_t));
 }
 
 /// A line of equal values, for the alpha of a picture that has none.
@@ -91,6 +84,27 @@ void store(const Values& values, int white, Channel to) {
     }
 }
 
+/// Stores luma of limited range.
+template <class Values>
+void storeLimited(const Values& values, const CodeRange& range, Channel to) {
+    const auto level = [&range](int white) {
+        return [&range, white](int value) {
+            return nearestQuotient((value - range.black) * white, range.luma);
+        };
+    };
+    if (to.frame.depth() == Depth::S214) {
+        storeValues(values, to.frame.row16(to.row), to.frame.width(), to.channel,
+                    [at = level(kWhiteS214)](int value) {
+                        return static_cast<std::int16_t>(at(value));
+                    });
+    } else {
+        storeValues(values, to.frame.row8(to.row), to.frame.width(), to.channel,
+                    [at = level(kWhite8)](int value) {
+                        return static_cast<std::uint8_t>(std::clamp(at(value), 0, kWhite8));
+                    });
+    }
+}
+
 /// `line` is working memory. A palette entry is a 32-bit word 0xAARRGGBB.
 void unpackPaletteLine(const AVFrame& picture, int y, int row, Line& line, Frame& frame) {
     constexpr int kShift[kChannels] = {16, 8, 0, 24};
@@ -118,13 +132,33 @@ void unpackChannel(const AVFrame& picture, const AVPixFmtDescriptor& format, int
     }
 }
 
+/// Whether the picture is grey of limited range. Below 8 bits there is no limited range.
+bool isLimitedGrey(const AVFrame& picture, const AVPixFmtDescriptor& format) {
+    return format.nb_components <= 2 && !isPalette(format) && format.comp[0].depth >= 8 &&
+           picture.color_range == AVCOL_RANGE_MPEG;
+}
+
+/// Stores the grey of a line in red, green and blue.
+void unpackLimitedGrey(const AVFrame& picture, const AVPixFmtDescriptor& format, int y, int row,
+                       Line& line, Frame& frame) {
+    const CodeRange range = codeRange({.bits = format.comp[0].depth});
+    readComponent(picture, format, 0, y, line);
+    for (int channel = 0; channel < kAlpha; ++channel) {
+        storeLimited(line, range, {frame, row, channel});
+    }
+}
+
 void unpackLine(const AVFrame& picture, const AVPixFmtDescriptor& format, int y, int row,
                 Line& line, Frame& frame) {
     if (picture.format == AV_PIX_FMT_RGBA && frame.depth() == Depth::Bits8) {
         std::memcpy(frame.row(row), planeLine(picture, 0, y), frame.rowBytes());
         return;
     }
-    for (int channel = 0; channel < kChannels; ++channel) {
+    const bool limited = isLimitedGrey(picture, format);
+    if (limited) {
+        unpackLimitedGrey(picture, format, y, row, line, frame);
+    }
+    for (int channel = limited ? kAlpha : 0; channel < kChannels; ++channel) {
         const int component = sourceOf(format, channel);
         if (component < 0) {
             store(ConstantLine{1}, 1, {frame, row, channel});

@@ -21,7 +21,8 @@ int bitsPerComponent(AVPixelFormat format);
 bool hasAlpha(AVPixelFormat format);
 
 /// Converts the picture into `frame`, which has its size, at the frame's depth. Grey goes to red,
-/// green and blue. Alpha is white if the picture has none.
+/// green and blue; it is of full range unless the picture is marked as limited. Alpha is white if
+/// the picture has none.
 void unpackRgb(const AVFrame& picture, Frame& frame);
 
 /// Converts the frame into a picture of its size: an 8-bit frame into RGBA or BGRA, an S2.14 frame

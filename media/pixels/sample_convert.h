@@ -14,6 +14,14 @@ namespace ruvex::media {
 /// White of unsigned 16-bit components.
 inline constexpr int kWhite16 = 65535;
 
+/// dividend / divisor, rounded to the nearest, halves up; `divisor` is above 0, and twice the
+/// dividend fits an int.
+constexpr int nearestQuotient(int dividend, int divisor) {
+    const int doubled = 2 * dividend + divisor;
+    const int quotient = doubled / (2 * divisor);
+    return quotient - (doubled % (2 * divisor) < 0 ? 1 : 0);
+}
+
 /// S2.14 from an unsigned value, 0 to `white`; `white` is 1 to 65535.
 constexpr std::int16_t s214FromScale(int value, int white) {
     return static_cast<std::int16_t>((value * kWhiteS214 + white / 2) / white);

@@ -40,18 +40,6 @@ bool isFullRange(const AVFrame& picture) {
     }
 }
 
-/// YUV, and grey of limited range.
-bool needsScaler(const AVFrame& picture) {
-    const auto format = static_cast<AVPixelFormat>(picture.format);
-    const bool grey = av_pix_fmt_desc_get(format)->nb_components <= 2;
-    return !isRgbOrGrey(format) || (grey && picture.color_range == AVCOL_RANGE_MPEG);
-}
-
-/// The RGB format that packRgb gives the scaler.
-AVPixelFormat packedFormat(Depth depth) {
-    return depth == Depth::Bits8 ? AV_PIX_FMT_RGBA : AV_PIX_FMT_RGBA64LE;
-}
-
 }  // namespace
 
 int matrixInUse(int tagged, int height) {
@@ -67,12 +55,18 @@ PictureToFrame::PictureToFrame(const AVFrame& like, std::filesystem::path path)
       size_{like.width, like.height},
       depth_(bitsPerComponent(format_) > 8 ? Depth::S214 : Depth::Bits8) {
     checkFrameSize(size_, depth_, path_.string());
-    if (needsScaler(like)) {
+    if (isRgbOrGrey(format_)) {
+        return;
+    }
+    checkMatrix(like);
+    if (isYuv(format_)) {
+        prepareYuv(format_, like);
+    } else {
         prepareScaler(like);
     }
 }
 
-void PictureToFrame::prepareScaler(const AVFrame& like) {
+void PictureToFrame::checkMatrix(const AVFrame& like) const {
     const bool unmarked = like.colorspace == AVCOL_SPC_UNSPECIFIED ||
                           like.colorspace == AVCOL_SPC_RESERVED || like.colorspace == AVCOL_SPC_RGB;
     if (!unmarked && !isKnownMatrix(like.colorspace)) {
@@ -80,18 +74,27 @@ void PictureToFrame::prepareScaler(const AVFrame& like) {
                          av_color_space_name(like.colorspace) +
                          ", is not supported. Convert it to BT.709 first.");
     }
-    coding_ = {.matrix = matrixInUse(like.colorspace, size_.height),
-               .full = isFullRange(like),
-               .bits = bitsPerComponent(format_),
-               .alpha = hasAlpha()};
-    // The scaler's conversion to 16-bit RGB does not reach white. For deep pictures it therefore
-    // only interpolates chroma to 4:4:4, and unpackDeepYuv does the rest.
+}
+
+void PictureToFrame::prepareYuv(AVPixelFormat format, const AVFrame& like) {
+    const YuvCoding coding{.matrix = matrixInUse(like.colorspace, size_.height),
+                           .full = isFullRange(like),
+                           .bits = bitsPerComponent(format)};
+    yuv_.emplace(size_, format, coding, like.chroma_location);
+}
+
+/// The scaler's conversion to 16-bit RGB does not reach white. Deep pictures are therefore converted
+/// to YUV first.
+void PictureToFrame::prepareScaler(const AVFrame& like) {
     const bool deep = depth_ == Depth::S214;
-    const AVPixelFormat deepYuv = coding_.alpha ? AV_PIX_FMT_YUVA444P16LE : AV_PIX_FMT_YUV444P16LE;
+    const AVPixelFormat deepYuv = hasAlpha() ? AV_PIX_FMT_YUVA444P16LE : AV_PIX_FMT_YUV444P16LE;
     const AVPixelFormat to = deep ? deepYuv : AV_PIX_FMT_RGBA;
     scaled_ = newPicture(size_.width, size_.height, to);
-    scaler_.emplace(ScalerForm{size_, format_, to, like.chroma_location, coding_.matrix,
-                               coding_.full, deep ? coding_.full : true});
+    scaler_.emplace(ScalerForm{size_, format_, to, matrixInUse(like.colorspace, size_.height),
+                               isFullRange(like)});
+    if (deep) {
+        prepareYuv(to, like);
+    }
 }
 
 bool PictureToFrame::hasAlpha() const {
@@ -115,30 +118,29 @@ Frame PictureToFrame::convert(const AVFrame& picture) {
                          " changes its size or pixel format within the clip, "
                          "which is not supported. Convert it first.");
     }
-    Frame frame(size_, depth_);
     if (!scaler_) {
-        unpackRgb(picture, frame);
-        return frame;
+        return unpack(picture);
     }
-    scaler_->scale(picture, *scaled_, picture.interlaced_frame != 0);
-    if (depth_ == Depth::S214) {
-        unpackDeepYuv(*scaled_, coding_, frame);
+    scaler_->scale(picture, *scaled_);
+    return unpack(*scaled_);
+}
+
+Frame PictureToFrame::unpack(const AVFrame& picture) {
+    Frame frame(size_, depth_);
+    if (yuv_) {
+        yuv_->unpack(picture, picture.interlaced_frame != 0, frame);
     } else {
-        unpackRgb(*scaled_, frame);
+        unpackRgb(picture, frame);
     }
     return frame;
 }
 
-FrameToYuv::FrameToYuv(FrameSize size, Depth depth, const YuvForm& form)
-    : form_(form),
-      packed_(newPicture(size.width, size.height, packedFormat(depth))),
-      scaler_({size, packedFormat(depth), form.format, form.siting, form.matrix, true, form.full}) {
-}
+FrameToYuv::FrameToYuv(FrameSize size, const YuvForm& form)
+    : size_(size), format_(form.format), packer_(size, form) {}
 
 AvFrame FrameToYuv::convert(const Frame& frame) {
-    packRgb(frame, *packed_);
-    AvFrame picture = newPicture(frame.width(), frame.height(), form_.format);
-    scaler_.scale(*packed_, *picture, form_.interlaced);
+    AvFrame picture = newPicture(size_.width, size_.height, format_);
+    packer_.pack(frame, *picture);
     return picture;
 }
 

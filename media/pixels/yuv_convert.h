@@ -7,9 +7,10 @@
 
 #include "media/av_library.h"
 #include "media/clip_info.h"
-#include "media/pixels/deep_yuv.h"
 #include "media/pixels/picture_scaler.h"
 #include "media/pixels/rgb_lines.h"
+#include "media/pixels/yuv_pack.h"
+#include "media/pixels/yuv_unpack.h"
 
 namespace ruvex::media {
 
@@ -30,44 +31,39 @@ public:
     /// Of a component of the pictures.
     int bits() const { return bitsPerComponent(format_); }
     Chroma chroma() const;
-    /// A picture marked as interlaced is converted as such; see PictureScaler::scale. Throws
+    /// A picture marked as interlaced is converted as such; see YuvUnpacker::unpack. Throws
     /// MediaError if its format or size differs from that of `like`.
     Frame convert(const AVFrame& picture);
 
 private:
+    /// Throws MediaError if the matrix is not supported.
+    void checkMatrix(const AVFrame& like) const;
+    void prepareYuv(AVPixelFormat format, const AVFrame& like);
     void prepareScaler(const AVFrame& like);
+    Frame unpack(const AVFrame& picture);
 
     std::filesystem::path path_;
     AVPixelFormat format_;
     FrameSize size_;
     Depth depth_;
-    std::optional<PictureScaler> scaler_;  ///< Empty for RGB and full-range grey.
-    AvFrame scaled_;  ///< The scaler's result: RGBA, or YUV(A) 4:4:4 of 16 bits for S2.14 frames.
-    YuvCoding coding_;
+    std::optional<PictureScaler> scaler_;  ///< For formats that nothing else here takes.
+    AvFrame scaled_;                       ///< The scaler's result: RGBA, or deep YUV.
+    std::optional<YuvUnpacker> yuv_;       ///< Empty for RGB and grey.
 };
 
-/// A kind of YUV pictures.
-struct YuvForm {
-    AVPixelFormat format;
-    int matrix;                                          ///< One that matrixInUse returns.
-    bool full = false;                                   ///< Full range, not limited range.
-    AVChromaLocation siting = AVCHROMA_LOC_UNSPECIFIED;  ///< Chroma siting; for 4:2:0.
-    bool interlaced = false;  ///< Each field has chroma lines of its own; for 4:2:0.
-};
-
-/// Converts frames into pictures of a YUV format.
+/// Converts frames into pictures of a YUV format; see YuvPacker.
 class FrameToYuv {
 public:
-    /// Size and depth of the frames. Throws MediaError if there is no such conversion.
-    FrameToYuv(FrameSize size, Depth depth, const YuvForm& form);
+    FrameToYuv(FrameSize size, const YuvForm& form);
 
-    /// A new picture for each call, since encoders keep some for later.
+    /// Converts a frame of this size and of either depth. A new picture for each call, since
+    /// encoders keep some for later.
     AvFrame convert(const Frame& frame);
 
 private:
-    YuvForm form_;
-    AvFrame packed_;
-    PictureScaler scaler_;
+    FrameSize size_;
+    AVPixelFormat format_;
+    YuvPacker packer_;
 };
 
 }  // namespace ruvex::media

@@ -65,7 +65,7 @@ AvFrame toFloat(const Frame& frame, AlphaForm alpha) {
 AvFrame toJpeg(const Frame& frame) {
     const AVPixelFormat format = storedFormat(FileKind::Jpeg, frame.depth());
     AvFrame picture =
-        FrameToYuv(frame.size(), frame.depth(), {format, AVCOL_SPC_SMPTE170M, true}).convert(frame);
+        FrameToYuv(frame.size(), {format, AVCOL_SPC_SMPTE170M, true}).convert(frame);
     markJpeg(*picture);
     return picture;
 }

@@ -56,7 +56,7 @@ void StreamWriter::begin() {
     }
     header_ = headerFor(options_);
     const int matrix = matrixInUse(options_.colour.matrix, options_.size.height);
-    convert_.emplace(options_.size, options_.depth,
+    convert_.emplace(options_.size,
                      YuvForm{header_.format, matrix, header_.full, header_.siting,
                              options_.fields != FieldOrder::Progressive});
     bytes_.resize(static_cast<std::size_t>(

@@ -1,5 +1,7 @@
 #include "media/video/video_decoder.h"
 
+#include <string_view>
+
 #include "media/av_library.h"
 #include "media/media_error.h"
 
@@ -9,6 +11,12 @@ namespace {
 MediaError undecodable(const std::filesystem::path& path, int code) {
     return MediaError(path.string() + " is damaged: a frame cannot be decoded (" +
                       takeLibraryReason(code) + ").");
+}
+
+/// The range of pictures without a mark. Y4M without a range tag is of limited range, grey too.
+AVColorRange usualRange(const AVFormatContext& file) {
+    const bool y4m = file.iformat->name == std::string_view("yuv4mpegpipe");
+    return y4m ? AVCOL_RANGE_MPEG : AVCOL_RANGE_UNSPECIFIED;
 }
 
 }  // namespace
@@ -78,6 +86,9 @@ bool VideoDecoder::next(AVFrame& picture) {
     }
     if (picture.decode_error_flags != 0 || (picture.flags & AV_FRAME_FLAG_CORRUPT) != 0) {
         throw undecodable(path_, AVERROR_INVALIDDATA);
+    }
+    if (picture.color_range == AVCOL_RANGE_UNSPECIFIED) {
+        picture.color_range = usualRange(file_->format());
     }
     picture.pts = picture.pts == AV_NOPTS_VALUE ? picture.best_effort_timestamp : picture.pts;
     return true;

@@ -20,7 +20,7 @@ public:
     const AVFormatContext& file() const { return file_->format(); }
 
     /// Decodes the next picture; its `pts` is in the stream's time base, and AV_NOPTS_VALUE if it
-    /// is unknown. False at the end.
+    /// is unknown. Its range is that of the file, or of the file's format. False at the end.
     bool next(AVFrame& picture);
 
     /// Seeks to the key frame at or before `time`, in the stream's time base. False if the file

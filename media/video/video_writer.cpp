@@ -91,7 +91,7 @@ void VideoWriter::openCoder(const WriteOptions& options) {
     coder_ = openEncoder(codec_, path_, options, globalHeader);
     if (!codec_.exact) {
         convert_.emplace(
-            options.size, options.depth,
+            options.size,
             YuvForm{coder_->pix_fmt, coder_->colorspace, coder_->color_range == AVCOL_RANGE_JPEG,
                     AVCHROMA_LOC_LEFT, isInterlaced(*coder_)});
     }

@@ -142,7 +142,7 @@ TEST(FieldColours, AreWrittenApart) {
 }
 
 // Compared with the libraries' own filter for interlaced pictures, which sites chroma at a quarter
-// and at three quarters of the distance between the lines of a field.
+// and at three quarters of the distance between the lines of a field. It is not exact.
 TEST(FieldColours, LieWhereTheyDoInTheirField) {
     files::TempFolder folder;
     runFfmpeg(movingPicture("64x48", "25", 0.04) +
@@ -155,7 +155,10 @@ TEST(FieldColours, LieWhereTheyDoInTheirField) {
                   "vflip\" -f rawvideo",
               folder.file("b.rgba8"));
     const Frame frame = firstFrame(folder.file("a.y4m"), {.fields = FieldOrder::TopFirst});
-    EXPECT_EQ(frame, readRawFrame(folder.file("b.rgba8"), {64, 48}, Depth::Bits8));
+    const Frame theirs = readRawFrame(folder.file("b.rgba8"), {64, 48}, Depth::Bits8);
+    for (std::size_t i = 0; i < frame.bytes().size(); ++i) {
+        ASSERT_NEAR(static_cast<int>(frame.bytes()[i]), static_cast<int>(theirs.bytes()[i]), 1);
+    }
     EXPECT_NE(frame, firstFrame(folder.file("a.y4m"), {.fields = FieldOrder::Progressive}));
 }
 
