@@ -19,10 +19,7 @@ bool FrameReader::read(std::int64_t number, Frame& frame) {
     if (!readOwn(number, frame)) {
         return false;
     }
-    const Depth depth = depth_.value_or(info().depth);
-    if (frame.depth() != depth) {
-        frame = convertDepth(std::move(frame), depth);
-    }
+    frame = convertDepth(std::move(frame), depthOfFrames());
     return true;
 }
 

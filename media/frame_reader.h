@@ -47,9 +47,12 @@ public:
 protected:
     explicit FrameReader(std::optional<Depth> depth) : depth_(depth) {}
 
+    /// Of the frames that `read` gives.
+    Depth depthOfFrames() const { return depth_.value_or(info().depth); }
+
 private:
-    /// Stores frame `number`, from info().first to info().last, at the input's own depth. False if
-    /// a stream has ended before it.
+    /// Stores frame `number`, from info().first to info().last, at the input's own depth or at
+    /// depthOfFrames(). False if a stream has ended before it.
     virtual bool readOwn(std::int64_t number, Frame& frame) = 0;
 
     std::optional<Depth> depth_;

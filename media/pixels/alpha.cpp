@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <utility>
+
+#include "media/pixels/frame_convert.h"
 
 namespace ruvex::media {
 namespace {
@@ -36,14 +39,25 @@ void changeFrame(Frame& frame, Change change) {
     }
 }
 
-}  // namespace
-
-void unpremultiply(Frame& frame) {
-    changeFrame(frame, [](double colour, double share) { return colour / share; });
+/// Changes the frame at the greater of its depth and `depth`, and returns it at `depth`.
+template <class Change>
+Frame changedAtGreaterDepth(Frame frame, Depth depth, Change change) {
+    const bool deep = frame.depth() == Depth::S214 || depth == Depth::S214;
+    frame = convertDepth(std::move(frame), deep ? Depth::S214 : Depth::Bits8);
+    changeFrame(frame, change);
+    return convertDepth(std::move(frame), depth);
 }
 
-void premultiply(Frame& frame) {
-    changeFrame(frame, [](double colour, double share) { return colour * share; });
+}  // namespace
+
+Frame unpremultiplied(Frame frame, Depth depth) {
+    return changedAtGreaterDepth(std::move(frame), depth,
+                                 [](double colour, double share) { return colour / share; });
+}
+
+Frame premultiplied(Frame frame, Depth depth) {
+    return changedAtGreaterDepth(std::move(frame), depth,
+                                 [](double colour, double share) { return colour * share; });
 }
 
 }  // namespace ruvex::media

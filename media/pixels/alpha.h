@@ -10,12 +10,15 @@ namespace ruvex::media {
 /// alpha (0 to 1).
 enum class AlphaForm { Straight, Premultiplied };
 
-/// Divides red, green and blue by alpha, rounded to the nearest and clamped to the range of the
-/// component's type. Where alpha is 0, colours are kept.
-void unpremultiply(Frame& frame);
+/// Returns the frame at `depth` with red, green and blue divided by alpha, rounded to the nearest
+/// and clamped to the range of the component's type. Where alpha is 0, colours are kept. The
+/// division is done at the greater of the two depths, so that nothing is rounded to 8 bits before
+/// it must be.
+Frame unpremultiplied(Frame frame, Depth depth);
 
-/// Multiplies red, green and blue by alpha, rounded to the nearest. Where alpha is 0, colours are
-/// kept, so that `unpremultiply` restores them.
-void premultiply(Frame& frame);
+/// Returns the frame at `depth` with red, green and blue multiplied by alpha, rounded to the
+/// nearest. Where alpha is 0, colours are kept, so that `unpremultiplied` restores them. The
+/// multiplication is done at the greater of the two depths.
+Frame premultiplied(Frame frame, Depth depth);
 
 }  // namespace ruvex::media

@@ -24,9 +24,9 @@ void readComponent(const AVFrame& picture, const AVPixFmtDescriptor& format, int
     } else {
         // The libraries' own function reads any format, but more slowly.
         const auto* const* data = const_cast<const std::uint8_t**>(picture.data);
-        av_read_image_line2(values.data(), const_cast<const std::uint8_t**>(data),
-                            picture.linesize, &format, 0, y, component,
-                            static_cast<int>(values.size()), 0, sizeof(std::uint16_t));
+        av_read_image_line2(values.data(), const_cast<const std::uint8_t**>(data), picture.linesize,
+                            &format, 0, y, component, static_cast<int>(values.size()), 0,
+                            sizeof(std::uint16_t));
     }
 }
 

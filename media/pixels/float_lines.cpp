@@ -38,13 +38,15 @@ void unpackLine(const std::array<const float*, kChannels>& line, AlphaForm form,
     }
 }
 
-void packLine(const std::int16_t* pixel, AlphaForm form, int width,
+/// `white` is that of the frame.
+template <typename T>
+void packLine(const T* pixel, double white, AlphaForm form, int width,
               const std::array<float*, kChannels>& line) {
     for (int x = 0; x < width; ++x, pixel += kChannels) {
-        const double alpha = static_cast<double>(pixel[kAlpha]) / kWhiteS214;
+        const double alpha = pixel[kAlpha] / white;
         const double factor = form == AlphaForm::Straight || alpha == 0 ? 1.0 : alpha;
         for (std::size_t channel = 0; channel < kAlpha; ++channel) {
-            line[channel][x] = static_cast<float>(factor * pixel[channel] / kWhiteS214);
+            line[channel][x] = static_cast<float>(factor * pixel[channel] / white);
         }
         line[kAlpha][x] = static_cast<float>(alpha);
     }
@@ -76,7 +78,12 @@ void packFloat(const Frame& frame, AlphaForm alpha, AVFrame& picture) {
         for (std::size_t channel = 0; channel < kChannels; ++channel) {
             line[channel] = planeLine<float>(picture, kPlane[channel], y);
         }
-        packLine(frame.row16(chainRowOfLine(y, frame.height())), alpha, frame.width(), line);
+        const int row = chainRowOfLine(y, frame.height());
+        if (frame.depth() == Depth::Bits8) {
+            packLine(frame.row8(row), kWhite8, alpha, frame.width(), line);
+        } else {
+            packLine(frame.row16(row), kWhiteS214, alpha, frame.width(), line);
+        }
     }
 }
 

@@ -1,4 +1,4 @@
-// Conversion between pictures of floating-point RGB (white is 1.0) and S2.14 frames.
+// Conversion between pictures of floating-point RGB (white is 1.0) and frames.
 
 #pragma once
 
@@ -19,8 +19,9 @@ bool isFloat(AVPixelFormat format);
 /// divided by their alpha before rounding. Alpha is white if the picture has none.
 void unpackFloat(const AVFrame& picture, AlphaForm alpha, Frame& frame);
 
-/// Converts an S2.14 frame into a GBRAPF32LE picture of its size. Straight components are exactly
-/// value / 16384. unpackFloat restores the frame in both alpha forms.
+/// Converts a frame of either depth into a GBRAPF32LE picture of its size. Components are computed
+/// as value / white and multiplied by alpha, and only then rounded to floats. unpackFloat restores
+/// an S2.14 frame in both alpha forms, and an 8-bit one as convertDepth converts it to S2.14.
 void packFloat(const Frame& frame, AlphaForm alpha, AVFrame& picture);
 
 }  // namespace ruvex::media

@@ -93,10 +93,9 @@ void storeLimited(const Values& values, const CodeRange& range, Channel to) {
         };
     };
     if (to.frame.depth() == Depth::S214) {
-        storeValues(values, to.frame.row16(to.row), to.frame.width(), to.channel,
-                    [at = level(kWhiteS214)](int value) {
-                        return static_cast<std::int16_t>(at(value));
-                    });
+        storeValues(
+            values, to.frame.row16(to.row), to.frame.width(), to.channel,
+            [at = level(kWhiteS214)](int value) { return static_cast<std::int16_t>(at(value)); });
     } else {
         storeValues(values, to.frame.row8(to.row), to.frame.width(), to.channel,
                     [at = level(kWhite8)](int value) {

@@ -83,8 +83,8 @@ void PictureToFrame::prepareYuv(AVPixelFormat format, const AVFrame& like) {
     yuv_.emplace(size_, format, coding, like.chroma_location);
 }
 
-/// The scaler's conversion to 16-bit RGB does not reach white. Deep pictures are therefore converted
-/// to YUV first.
+/// The scaler's conversion to 16-bit RGB does not reach white. Deep pictures are therefore
+/// converted to YUV first.
 void PictureToFrame::prepareScaler(const AVFrame& like) {
     const bool deep = depth_ == Depth::S214;
     const AVPixelFormat deepYuv = hasAlpha() ? AV_PIX_FMT_YUVA444P16LE : AV_PIX_FMT_YUV444P16LE;

@@ -20,8 +20,8 @@ int whiteOf(const Frame& frame) {
     return frame.depth() == Depth::Bits8 ? kWhite8 : kWhiteS214;
 }
 
-/// Code values of a line: zero + range * value / unit, rounded to the nearest, halves up, clamped to
-/// 0 to top. `unit` is a value that stands for 1.
+/// Code values of a line: zero + range * value / unit, rounded to the nearest, halves up, clamped
+/// to 0 to top. `unit` is a value that stands for 1.
 ///
 /// Luma and colour differences of whole pixels are integers times 1 / unit, and all products here
 /// integers below 2^53, which doubles hold exactly. A quotient that is not half way between two
@@ -94,8 +94,7 @@ YuvPacker::YuvPacker(FrameSize size, const YuvForm& form)
       size_(size),
       coding_{form.matrix, form.full, bitsPerComponent(form.format)},
       shares_(lumaShares(form.matrix)),
-      across_(
-          ChromaResampler::decimator(chromaGrid(form.format, form.siting).across, size.width)),
+      across_(ChromaResampler::decimator(chromaGrid(form.format, form.siting).across, size.width)),
       pixels_(static_cast<std::size_t>(size.width) * kChannels),
       plain_(static_cast<std::size_t>(size.width)),
       chroma_(static_cast<std::size_t>(across_.size()) * 2) {
@@ -138,11 +137,10 @@ void YuvPacker::packChroma(const Frame& frame, const Part& part, AVFrame& pictur
     const auto width = static_cast<std::size_t>(across_.size());
     LineCache cache(part.down.taps(), 2 * across_.size());
     for (int i = 0; i < part.down.size(); ++i) {
-        cache.weightedSum(part.down.first(i), part.down.weights(i), chroma_,
-                          [&](int line, double* values) {
-                              readDifferences(frame, part.lines.first + line * part.lines.step,
-                                              values);
-                          });
+        cache.weightedSum(
+            part.down.first(i), part.down.weights(i), chroma_, [&](int line, double* values) {
+                readDifferences(frame, part.lines.first + line * part.lines.step, values);
+            });
         const int y = part.lines.first + i * part.lines.step;
         blue.store({chroma_.data(), width}, picture, kBluePlane, y);
         red.store({chroma_.data() + width, width}, picture, kRedPlane, y);

@@ -51,9 +51,9 @@ private:
     ChromaResampler across_;
     std::vector<Part> parts_;
     // Working memory, a line each.
-    std::vector<double> pixels_;   ///< The components of a chain row, clamped.
-    std::vector<double> plain_;    ///< One value for each pixel.
-    std::vector<double> chroma_;   ///< Decimated both ways: blue, then red.
+    std::vector<double> pixels_;  ///< The components of a chain row, clamped.
+    std::vector<double> plain_;   ///< One value for each pixel.
+    std::vector<double> chroma_;  ///< Decimated both ways: blue, then red.
 };
 
 }  // namespace ruvex::media

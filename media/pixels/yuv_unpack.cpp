@@ -51,8 +51,8 @@ public:
             pixel[0] = nearest<T>(luma + rv_ * red);
             pixel[1] = nearest<T>(luma - gu_ * blue - gv_ * red);
             pixel[2] = nearest<T>(luma + bu_ * blue);
-            pixel[kAlpha] =
-                line.alpha == nullptr ? static_cast<T>(white_) : nearest<T>(line.alpha[x] * alpha0_);
+            pixel[kAlpha] = line.alpha == nullptr ? static_cast<T>(white_)
+                                                  : nearest<T>(line.alpha[x] * alpha0_);
         }
     }
 
@@ -60,12 +60,13 @@ private:
     /// Rounds to the nearest, halves up, and clamps to the range of T. Values are above -4 whites.
     template <typename T>
     static T nearest(double value) {
-        // The conversion to an integer truncates, which rounds down where the value is not negative.
+        // The conversion to an integer truncates, which rounds down where the value is not
+        // negative.
         constexpr int kLift = 4 * kWhiteS214;
         const int rounded = static_cast<int>(value + (kLift + 0.5)) - kLift;
         // Of integers the compiler clamps without branches; colours are often near the limits.
-        return static_cast<T>(std::clamp<int>(rounded, std::numeric_limits<T>::min(),
-                                              std::numeric_limits<T>::max()));
+        return static_cast<T>(
+            std::clamp<int>(rounded, std::numeric_limits<T>::min(), std::numeric_limits<T>::max()));
     }
 
     CodeRange range_;
@@ -137,11 +138,10 @@ void YuvUnpacker::unpackPart(const AVFrame& picture, const Part& part, Frame& fr
     const bool withAlpha = (format_.flags & AV_PIX_FMT_FLAG_ALPHA) != 0;
     LineCache cache(part.down.taps(), 2 * chromaWidth_);
     for (int i = 0; i < part.lines.count; ++i) {
-        cache.weightedSum(part.down.first(i), part.down.weights(i), chroma_,
-                          [&](int line, double* values) {
-                              readChroma(picture, part.lines.first + line * part.lines.step,
-                                         values);
-                          });
+        cache.weightedSum(
+            part.down.first(i), part.down.weights(i), chroma_, [&](int line, double* values) {
+                readChroma(picture, part.lines.first + line * part.lines.step, values);
+            });
         across_.resample(chroma_.data(), blue_.data());
         across_.resample(chroma_.data() + chromaWidth_, red_.data());
         const int y = part.lines.first + i * part.lines.step;

@@ -22,20 +22,30 @@ AVPixelFormat formatOf(const AVFrame& picture) {
     return static_cast<AVPixelFormat>(picture.format);
 }
 
-Frame fromFloat(const std::filesystem::path& file, const AVFrame& picture, AlphaForm alpha) {
+/// A picture as a frame, with the depth of the file.
+struct Decoded {
+    Frame frame;
+    Depth depth;
+};
+
+Decoded fromFloat(const std::filesystem::path& file, const AVFrame& picture, AlphaForm alpha,
+                  std::optional<Depth> depth) {
     const FrameSize size{picture.width, picture.height};
     checkFrameSize(size, Depth::S214, file.string());
     Frame frame(size, Depth::S214);
     unpackFloat(picture, alpha, frame);
-    return frame;
+    return {convertDepth(std::move(frame), depth.value_or(Depth::S214)), Depth::S214};
 }
 
-Frame fromInteger(const std::filesystem::path& file, const AVFrame& picture, AlphaForm alpha) {
-    Frame frame = PictureToFrame(picture, file).convert(picture);
-    if (alpha == AlphaForm::Premultiplied && hasAlpha(formatOf(picture))) {
-        unpremultiply(frame);
-    }
-    return frame;
+Decoded fromInteger(const std::filesystem::path& file, const AVFrame& picture, AlphaForm alpha,
+                    std::optional<Depth> depth) {
+    PictureToFrame convert(picture, file);
+    const Depth wanted = depth.value_or(convert.depth());
+    const bool divides = alpha == AlphaForm::Premultiplied && convert.hasAlpha();
+    Frame frame = convert.convert(picture);
+    return {divides ? unpremultiplied(std::move(frame), wanted)
+                    : convertDepth(std::move(frame), wanted),
+            convert.depth()};
 }
 
 /// Marks the picture with the matrix and range of JPEG files, which do not depend on the size.
@@ -50,22 +60,19 @@ AvFrame toPicture(const Frame& frame, FileKind kind, AlphaForm alpha) {
         packRgb(frame, *picture);
         return picture;
     }
-    Frame multiplied = frame;
-    premultiply(multiplied);
-    packRgb(multiplied, *picture);
+    packRgb(premultiplied(frame, frame.depth()), *picture);
     return picture;
 }
 
 AvFrame toFloat(const Frame& frame, AlphaForm alpha) {
     AvFrame picture = newPicture(frame.width(), frame.height(), AV_PIX_FMT_GBRAPF32LE);
-    packFloat(convertDepth(frame, Depth::S214), alpha, *picture);
+    packFloat(frame, alpha, *picture);
     return picture;
 }
 
 AvFrame toJpeg(const Frame& frame) {
     const AVPixelFormat format = storedFormat(FileKind::Jpeg, frame.depth());
-    AvFrame picture =
-        FrameToYuv(frame.size(), {format, AVCOL_SPC_SMPTE170M, true}).convert(frame);
+    AvFrame picture = FrameToYuv(frame.size(), {format, AVCOL_SPC_SMPTE170M, true}).convert(frame);
     markJpeg(*picture);
     return picture;
 }
@@ -83,7 +90,8 @@ AvFrame pictureOf(FileKind kind, const Frame& frame, AlphaForm alpha) {
 
 }  // namespace
 
-Still readStill(const std::filesystem::path& file, std::optional<AlphaForm> alpha) {
+Still readStill(const std::filesystem::path& file, std::optional<AlphaForm> alpha,
+                std::optional<Depth> depth) {
     const FileKind kind = fileKind(file);
     const std::vector<std::byte> bytes = files::readWhole(file);
     if (const std::string fault = stillFault(kind, bytes); !fault.empty()) {
@@ -95,10 +103,10 @@ Still readStill(const std::filesystem::path& file, std::optional<AlphaForm> alph
     }
     const AlphaForm form = alpha.value_or(usualAlpha(kind));
     const Orientation orientation = orientationOf(*picture);
-    Frame frame = isFloat(formatOf(*picture)) ? fromFloat(file, *picture, form)
-                                              : fromInteger(file, *picture, form);
-    return {setUpright(std::move(frame), orientation), hasAlpha(formatOf(*picture)),
-            setUpright(pixelAspectOf(*picture), orientation)};
+    Decoded decoded = isFloat(formatOf(*picture)) ? fromFloat(file, *picture, form, depth)
+                                                  : fromInteger(file, *picture, form, depth);
+    return {setUpright(std::move(decoded.frame), orientation), decoded.depth,
+            hasAlpha(formatOf(*picture)), setUpright(pixelAspectOf(*picture), orientation)};
 }
 
 void writeStill(const std::filesystem::path& file, const Frame& frame,

@@ -14,7 +14,8 @@ namespace ruvex::media {
 
 /// A decoded file.
 struct Still {
-    Frame frame;  ///< Straight colours; S2.14 if the file has more than 8 bits a component.
+    Frame frame;                 ///< Straight colours.
+    Depth depth = Depth::Bits8;  ///< Of the file: S2.14 if it has more than 8 bits a component.
     bool hasAlpha = false;
     Rational pixelAspect{1, 1};  ///< Width of a pixel over its height.
 };
@@ -34,9 +35,10 @@ constexpr AlphaForm usualAlpha(FileKind kind) {
 }
 
 /// Reads a still of the kind that its extension says. `alpha` is the form of the file's colours;
-/// default: usualAlpha. Throws MediaError if the file is missing, cut off, damaged or of another
-/// kind.
-Still readStill(const std::filesystem::path& file, std::optional<AlphaForm> alpha = {});
+/// default: usualAlpha. `depth` is the depth of the frame; default: the file's. Throws MediaError
+/// if the file is missing, cut off, damaged or of another kind.
+Still readStill(const std::filesystem::path& file, std::optional<AlphaForm> alpha = {},
+                std::optional<Depth> depth = {});
 
 /// Writes a still of the kind that its extension says; the file appears only when it is complete.
 /// PNG, TIFF and DPX: RGBA of 8 bits a component for 8-bit frames, else of 16 bits, clamped to

@@ -1,7 +1,6 @@
 #include "media/stills/still_reader.h"
 
 #include "media/media_error.h"
-#include "media/pixels/frame_convert.h"
 #include "media/stills/raw_frame.h"
 #include "media/stills/still_file.h"
 
@@ -45,7 +44,7 @@ void StillReader::openRaw(std::optional<FrameSize> size, Depth depth) {
 void StillReader::openStill() {
     const Still first = readStill(files_.file(info_.first), alpha_);
     info_.size = first.frame.size();
-    info_.depth = first.frame.depth();
+    info_.depth = first.depth;
     info_.hasAlpha = first.hasAlpha;
     info_.pixelAspect = first.pixelAspect;
 }
@@ -55,17 +54,16 @@ bool StillReader::readOwn(std::int64_t number, Frame& frame) {
     if (rawDepth(kind_)) {
         frame = readRawFrame(file, info_.size, info_.depth);
         if (alpha_ == AlphaForm::Premultiplied) {
-            unpremultiply(frame);
+            frame = unpremultiplied(std::move(frame), depthOfFrames());
         }
         return true;
     }
-    frame = readStill(file, alpha_).frame;
+    frame = readStill(file, alpha_, depthOfFrames()).frame;
     if (frame.size() != info_.size) {
         throw MediaError(file.string() + " is " + toText(frame.size()) +
                          ", but the first picture, " + files_.file(info_.first).string() + ", is " +
                          toText(info_.size) + ". All pictures of a sequence need the same size.");
     }
-    frame = convertDepth(std::move(frame), info_.depth);
     return true;
 }
 

@@ -20,11 +20,9 @@ void StillWriter::write(std::int64_t number, const Frame& frame) {
     }
     const std::filesystem::path file = files_.file(number);
     if (const auto depth = rawDepth(kind_)) {
-        Frame raw = convertDepth(frame, *depth);
-        if (options_.alpha == AlphaForm::Premultiplied) {
-            premultiply(raw);
-        }
-        writeRawFrame(file, raw);
+        writeRawFrame(file, options_.alpha == AlphaForm::Premultiplied
+                                ? premultiplied(frame, *depth)
+                                : convertDepth(frame, *depth));
     } else {
         writeStill(file, frame, {options_.pixelAspect, options_.alpha, options_.quality});
     }

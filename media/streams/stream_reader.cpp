@@ -68,7 +68,7 @@ bool StreamReader::advance() {
         return false;
     }
     if (alpha_ == AlphaForm::Premultiplied && info().hasAlpha) {
-        unpremultiply(*frame);
+        frame = unpremultiplied(std::move(*frame), depthOfFrames());
     }
     if (kept_.size() >= mostFrames(*frame)) {
         kept_.pop_front();

@@ -56,32 +56,29 @@ void StreamWriter::begin() {
     }
     header_ = headerFor(options_);
     const int matrix = matrixInUse(options_.colour.matrix, options_.size.height);
-    convert_.emplace(options_.size,
-                     YuvForm{header_.format, matrix, header_.full, header_.siting,
-                             options_.fields != FieldOrder::Progressive});
+    convert_.emplace(options_.size, YuvForm{header_.format, matrix, header_.full, header_.siting,
+                                            options_.fields != FieldOrder::Progressive});
     bytes_.resize(static_cast<std::size_t>(
         av_image_get_buffer_size(header_.format, options_.size.width, options_.size.height, 1)));
     stream_.write(formatY4mHeader(header_));
 }
 
 void StreamWriter::write(std::int64_t, const Frame& frame) {
+    const Depth depth = rawDepth(options_.format.value_or(FileKind::Y4m)).value_or(frame.depth());
     if (options_.alpha == AlphaForm::Premultiplied) {
-        Frame multiplied = frame;
-        premultiply(multiplied);
-        writeStored(multiplied);
+        writeStored(premultiplied(frame, depth));
+    } else if (depth != frame.depth()) {
+        writeStored(convertDepth(frame, depth));
     } else {
         writeStored(frame);
     }
 }
 
 void StreamWriter::writeStored(const Frame& frame) {
-    const auto depth = rawDepth(options_.format.value_or(FileKind::Y4m));
-    if (!depth) {
-        writeY4m(frame);
-    } else if (*depth == frame.depth()) {
+    if (rawDepth(options_.format.value_or(FileKind::Y4m))) {
         stream_.write(frame.bytes());
     } else {
-        stream_.write(convertDepth(frame, *depth).bytes());
+        writeY4m(frame);
     }
 }
 

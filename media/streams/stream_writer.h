@@ -25,6 +25,7 @@ public:
 
 private:
     void begin();
+    /// `frame` has the alpha form, and for raw frames the depth, of the stream.
     void writeStored(const Frame& frame);
     void writeY4m(const Frame& frame);
 

@@ -90,10 +90,9 @@ void VideoWriter::openCoder(const WriteOptions& options) {
     const bool globalHeader = (format_->oformat->flags & AVFMT_GLOBALHEADER) != 0;
     coder_ = openEncoder(codec_, path_, options, globalHeader);
     if (!codec_.exact) {
-        convert_.emplace(
-            options.size,
-            YuvForm{coder_->pix_fmt, coder_->colorspace, coder_->color_range == AVCOL_RANGE_JPEG,
-                    AVCHROMA_LOC_LEFT, isInterlaced(*coder_)});
+        convert_.emplace(options.size, YuvForm{coder_->pix_fmt, coder_->colorspace,
+                                               coder_->color_range == AVCOL_RANGE_JPEG,
+                                               AVCHROMA_LOC_LEFT, isInterlaced(*coder_)});
     }
 }
 
@@ -116,9 +115,9 @@ AvFrame VideoWriter::toPicture(const Frame& frame) {
     if (alpha_ != AlphaForm::Premultiplied) {
         return pack(frame);
     }
-    Frame multiplied = frame;
-    premultiply(multiplied);
-    return pack(multiplied);
+    // The product has more bits than an 8-bit frame, which deep YUV can hold.
+    const bool deep = !codec_.exact && bitsPerComponent(coder_->pix_fmt) > 8;
+    return pack(premultiplied(frame, deep ? Depth::S214 : frame.depth()));
 }
 
 AvFrame VideoWriter::pack(const Frame& frame) {
