@@ -53,7 +53,7 @@ void chooseFromClip(const std::filesystem::path& input, const Choices& choices, 
     inOptionWords([&] {
         jobs::checkNoStream(input);
         jobs::checkRawSize({.input = input, .size = choices.size});
-        const auto reader = media::openReader(input, {.size = choices.size});
+        const auto reader = media::openReader(input, {.size = choices.size, .rate = choices.rate});
         jobs::FilesWritten written;
         written.add(job.plot);
         written.add(job.saveParams);

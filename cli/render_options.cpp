@@ -31,7 +31,8 @@ OptionTable renderOptions(RenderOptions& options) {
          "First and last frame, inclusive, or one frame; default: all. Frame k is at time k / rate",
          &options.frames},
         {"--rate", "R",
-         "Frames a second where the input does not say: 25, 29.97, 30000/1001; default: 25",
+         "Frames a second of stills, raw frames and video of variable frame rate: 25, 29.97, "
+         "30000/1001; default: 25, for video the slowest rate that keeps every picture",
          &options.rate},
         {"--size", "WxH", "Size of raw input frames", &options.size},
         {"--depth", "8|16", "Bits a channel in the chain; default: by the input", &options.depth},

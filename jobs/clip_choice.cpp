@@ -8,6 +8,25 @@ namespace ruvex::jobs {
 
 static_assert(media::kEndless == kFrameNumberEnd - 1, "a stream ends where frame numbers do");
 
+namespace {
+
+void noteUneven(const std::filesystem::path& input, const media::ClipInfo& clip,
+                const media::Rational& rate, bool named, std::vector<Note>& notes) {
+    std::string sentence = "The frames of " + input.string() +
+                           " are of uneven length: they are rendered at a constant " +
+                           toText(rate) + " frames a second.";
+    if (clip.leftOut > 0) {
+        sentence.append(" ").append(std::to_string(clip.leftOut)).append(" of its ");
+        sentence.append(std::to_string(clip.pictures));
+        sentence.append(
+            " pictures are left out: at this rate they share a frame with the next one.");
+    }
+    notes.push_back(
+        {JobField::Input, sentence, named ? std::nullopt : std::optional(JobField::Rate)});
+}
+
+}  // namespace
+
 void checkNoStream(const std::filesystem::path& input) {
     if (media::fileKind(input) == media::FileKind::Stream) {
         throw JobError(JobField::Input, "standard input has no known length. Use a file.");
@@ -21,7 +40,9 @@ media::Rational chooseRate(const std::filesystem::path& input, const media::Clip
                                              " has a rate of its own, " + toText(*clip.rate) +
                                              "."});
     }
-    return clip.rate.value_or(named.value_or(kUsualRate));
+    const media::Rational rate = clip.rate.value_or(named.value_or(kUsualRate));
+    if (clip.uneven) noteUneven(input, clip, rate, named.has_value(), notes);
+    return rate;
 }
 
 FrameRange chooseFrames(const std::filesystem::path& input, const media::ClipInfo& clip,

@@ -18,7 +18,8 @@ inline constexpr media::Rational kUsualRate{25, 1};
 /// For renders that need to know the whole clip beforehand. Throws JobError for streams.
 void checkNoStream(const std::filesystem::path& input);
 
-/// The clip's own rate, else `named`, else kUsualRate. A `named` rate that is ignored is noted.
+/// The clip's own rate, else `named`, else kUsualRate. Notes a `named` rate that is ignored, and a
+/// clip of variable frame rate with the number of its pictures that are left out.
 media::Rational chooseRate(const std::filesystem::path& input, const media::ClipInfo& clip,
                            std::optional<media::Rational> named, std::vector<Note>& notes);
 

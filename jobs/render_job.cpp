@@ -130,7 +130,8 @@ media::ReadOptions readingOf(const RenderJob& job) {
             .depth = job.depth,
             .alpha = job.alpha,
             .format = job.inputFormat,
-            .fields = job.fieldOrder};
+            .fields = job.fieldOrder,
+            .rate = job.rate};
 }
 
 void checkRawSize(const RenderJob& job) {

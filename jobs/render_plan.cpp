@@ -113,18 +113,10 @@ media::WriteOptions writingOf(const RenderJob& job, const media::ClipInfo& clip,
             .tags = tagsOf(clip, plan)};
 }
 
-void noteRemarks(const RenderJob& job, const media::ClipInfo& clip, const media::Rational& rate,
-                 std::vector<Note>& notes) {
-    const std::string name = job.input.string();
-    if (clip.uneven) {
-        notes.push_back({JobField::Input, "The frames of " + name +
-                                              " are of uneven length: they are rendered at a "
-                                              "constant " +
-                                              toText(rate) + " frames a second."});
-    }
+void noteFields(const RenderJob& job, const media::ClipInfo& clip, std::vector<Note>& notes) {
     if (clip.fields != media::FieldOrder::Progressive && !job.fields && !job.fieldOrder) {
         notes.push_back({JobField::Input,
-                         name + " is interlaced, " + toText(clip.fields) +
+                         job.input.string() + " is interlaced, " + toText(clip.fields) +
                              ". Its frames are rendered whole, not each field by itself.",
                          JobField::Fields});
     }
@@ -155,7 +147,7 @@ RenderPlan planRender(const RenderJob& job, const media::ClipInfo& clip, std::ve
     plan.size = clip.size;
     plan.depth = job.depth.value_or(clip.depth);
     plan.rate = chooseRate(job.input, clip, job.rate, notes);
-    noteRemarks(job, clip, plan.rate, notes);
+    noteFields(job, clip, notes);
     plan.frames = chooseFrames(job.input, clip, job.frames);
     plan.endless = !clip.lastKnown && !job.frames;
     checkPictureSize(JobField::Input, plan.size, plan.depth, job.input);

@@ -35,12 +35,14 @@ struct ClipInfo {
     FrameSize size;
     Depth depth = Depth::Bits8;    ///< S2.14 for more than 8 bits a component.
     std::optional<Rational> rate;  ///< Frames a second; empty if the input does not say.
-    /// Whether the frame rate of the file varies, so that frames are repeated or skipped to give
-    /// the constant `rate`.
+    /// Whether the frame rate of the file varies, so that its pictures are moved, repeated or left
+    /// out to give the constant `rate`.
     bool uneven = false;
-    std::int64_t first = 0;  ///< Number of the first frame.
-    std::int64_t last = 0;   ///< Number of the last frame, inclusive; kEndless for a stream.
-    bool lastKnown = true;   ///< False for a stream.
+    std::int64_t pictures = 0;  ///< Pictures that an uneven file stores.
+    std::int64_t leftOut = 0;   ///< Those of them that no frame shows.
+    std::int64_t first = 0;     ///< Number of the first frame.
+    std::int64_t last = 0;      ///< Number of the last frame, inclusive; kEndless for a stream.
+    bool lastKnown = true;      ///< False for a stream.
     bool hasAlpha = false;
     Rational pixelAspect{1, 1};  ///< Width of a pixel over its height.
     ColourTags colour;

@@ -25,6 +25,9 @@ struct ReadOptions {
     std::optional<FileKind> format{};
     /// Field order, overriding what the input says.
     std::optional<FieldOrder> fields{};
+    /// Frames a second for a video of variable frame rate; default: as chooseFrameRate finds.
+    /// Ignored for other inputs.
+    std::optional<Rational> rate{};
     /// A request to stop makes opening and reading throw Stopped where they would wait.
     std::stop_token stop{};
 };

@@ -6,6 +6,7 @@
 
 #include "media/av_library.h"
 #include "media/media_error.h"
+#include "media/video/frame_rate.h"
 
 namespace ruvex::media {
 namespace {
@@ -36,19 +37,16 @@ std::optional<Rational> rateFrom(const AVRational& rate) {
     return standardRate(makeRational(rate.num, rate.den));
 }
 
-/// The rate to which a video of variable frame rate is resampled: the lowest common rate of at
-/// least 99 % of its average, so that about one frame in a hundred may be skipped but not more.
-/// Above all common rates it is the average, rounded up.
-Rational commonRate(const Rational& average) {
-    constexpr double kLeastShare = 0.99;
-    constexpr Rational kRates[] = {{24000, 1001}, {24, 1}, {25, 1},       {30000, 1001}, {30, 1},
-                                   {48, 1},       {50, 1}, {60000, 1001}, {60, 1}};
-    for (const Rational& rate : kRates) {
-        if (rate.value() >= average.value() * kLeastShare) {
-            return rate;
+/// The rates that the container names. The average is wrong if the last frame lasts longer; the
+/// base rate counts fields in some files and is far too high for a variable frame rate.
+std::vector<Rational> declaredRates(const AVStream& stream) {
+    std::vector<Rational> rates;
+    for (const auto& rate : {rateFrom(stream.avg_frame_rate), rateFrom(stream.r_frame_rate)}) {
+        if (rate) {
+            rates.push_back(*rate);
         }
     }
-    return {static_cast<std::int64_t>(std::ceil(average.value())), 1};
+    return rates;
 }
 
 /// Whether a packet is marked as damaged. The mark is ignored for MPEG transport streams, where any
@@ -72,7 +70,7 @@ bool isEndReported() {
 
 }  // namespace
 
-VideoIndex::VideoIndex(const std::filesystem::path& path) {
+VideoIndex::VideoIndex(const std::filesystem::path& path, std::optional<Rational> named) {
     VideoFile file(path);
     takeLibraryError();
     timed_ = !lacksTimes(file);
@@ -88,7 +86,7 @@ VideoIndex::VideoIndex(const std::filesystem::path& path) {
                 return a.time == b.time;
             }) == frames_.end();
     }
-    chooseRate(file.stream());
+    chooseRate(file.stream(), named);
 }
 
 void VideoIndex::collect(VideoFile& file, const std::filesystem::path& path) {
@@ -120,57 +118,48 @@ void VideoIndex::startAt(std::int64_t time) {
     }
 }
 
+std::vector<std::int64_t> VideoIndex::times() const {
+    std::vector<std::int64_t> times(frames_.size());
+    std::transform(frames_.begin(), frames_.end(), times.begin(),
+                   [](const Shown& frame) { return frame.time; });
+    return times;
+}
+
 void VideoIndex::sample() {
-    const auto placeOf = [this](std::int64_t time) {
-        const auto units = static_cast<double>(time - frames_.front().time);
-        return std::llround(units * framesPerUnit_);
-    };
-    const Shown& last = frames_.back();
-    const std::int64_t end =
-        std::max<std::int64_t>(placeOf(last.time + last.duration), placeOf(last.time) + 1);
-    if (end > kMostSamples) {
+    const std::vector<std::int64_t> shown = times();
+    std::vector<std::int64_t> places = placesOf({shown, unit_}, rate_);
+    const double seconds =
+        static_cast<double>(shown.back() - shown.front() + frames_.back().duration) * unit_.value();
+    const double end =
+        std::max(std::round(seconds * rate_.value()), static_cast<double>(places.back() + 1));
+    if (end > static_cast<double>(kMostSamples)) {
         throw MediaError(
             "The video is too long for its frame rate. Convert it to a constant frame rate first.");
     }
+    places.push_back(static_cast<std::int64_t>(end));
     samples_.assign(static_cast<std::size_t>(end), 0);
+    leftOut_ = 0;
     for (std::size_t i = 0; i < frames_.size(); ++i) {
-        const std::int64_t from = placeOf(frames_[i].time);
-        const std::int64_t to = i + 1 < frames_.size() ? placeOf(frames_[i + 1].time) : end;
-        for (std::int64_t place = from; place < to; ++place) {
-            samples_[static_cast<std::size_t>(place)] = static_cast<std::int64_t>(i);
-        }
+        leftOut_ += places[i] == places[i + 1] ? 1 : 0;
+        std::fill(samples_.begin() + places[i], samples_.begin() + places[i + 1],
+                  static_cast<std::int64_t>(i));
     }
 }
 
-void VideoIndex::chooseRate(const AVStream& stream) {
-    // The average rate is wrong if the last frame lasts longer. The base rate counts fields in some
-    // files and is far too high for a variable frame rate. The right one fits the frames' times.
-    const auto average = rateFrom(stream.avg_frame_rate);
-    const auto base = rateFrom(stream.r_frame_rate);
-    for (const auto& rate : {average, base}) {
-        if (rate && timed_ && liesOnGrid(*rate, stream.time_base)) {
-            rate_ = *rate;
-            return;
-        }
+void VideoIndex::chooseRate(const AVStream& stream, std::optional<Rational> named) {
+    const std::vector<Rational> declared = declaredRates(stream);
+    if (!timed_) {
+        rate_ = declared.empty() ? rate_ : declared.front();
+        return;
     }
-    rate_ = average.value_or(base.value_or(rate_));
-    if (timed_ && average) {
-        uneven_ = true;
-        rate_ = commonRate(*average);
-        framesPerUnit_ = rate_.value() * stream.time_base.num / stream.time_base.den;
+    unit_ = makeRational(stream.time_base.num, stream.time_base.den);
+    const std::vector<std::int64_t> shown = times();
+    const FrameRate chosen = chooseFrameRate({shown, unit_}, declared);
+    uneven_ = chosen.uneven;
+    rate_ = uneven_ ? named.value_or(chosen.rate) : chosen.rate;
+    if (uneven_) {
         sample();
     }
-}
-
-bool VideoIndex::liesOnGrid(const Rational& rate, const AVRational& unit) const {
-    const double framesPerUnit = rate.value() * unit.num / unit.den;
-    for (std::size_t i = 0; i < frames_.size(); ++i) {
-        const double place = static_cast<double>(frames_[i].time - frames_[0].time) * framesPerUnit;
-        if (std::abs(place - static_cast<double>(i)) >= 0.5) {
-            return false;
-        }
-    }
-    return true;
 }
 
 std::optional<std::int64_t> VideoIndex::numberAt(std::int64_t time) const {

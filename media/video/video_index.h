@@ -20,8 +20,10 @@ namespace ruvex::media {
 /// that is shown at its time. Otherwise samples are the stored frames.
 class VideoIndex {
 public:
-    /// Throws MediaError if the file is cut off, or has no frames or too many samples.
-    explicit VideoIndex(const std::filesystem::path& path);
+    /// A video of variable frame rate is resampled to the rate `named`, or else to one that
+    /// chooseFrameRate finds. Throws MediaError if the file is cut off, or has no frames or too
+    /// many samples.
+    explicit VideoIndex(const std::filesystem::path& path, std::optional<Rational> named = {});
 
     /// The number of samples.
     std::int64_t count() const {
@@ -32,6 +34,11 @@ public:
 
     /// Whether the frame rate varies.
     bool uneven() const { return uneven_; }
+
+    /// The number of stored frames.
+    std::int64_t pictures() const { return static_cast<std::int64_t>(frames_.size()); }
+    /// The number of stored frames that no sample shows, because the next one has the same place.
+    std::int64_t leftOut() const { return leftOut_; }
 
     /// The number of the stored frame that is shown as `sample`, 0 to count() - 1.
     std::int64_t shownAs(std::int64_t sample) const {
@@ -61,18 +68,17 @@ private:
     };
 
     void collect(VideoFile& file, const std::filesystem::path& path);
-    void chooseRate(const AVStream& stream);
+    void chooseRate(const AVStream& stream, std::optional<Rational> named);
     /// Fills `samples_`: each frame from the sample nearest to its time until the next frame's.
     void sample();
-    /// Whether each frame lies within half a frame of its time at a constant `rate`; `unit` is the
-    /// time base.
-    bool liesOnGrid(const Rational& rate, const AVRational& unit) const;
+    std::vector<std::int64_t> times() const;
 
     std::vector<Shown> frames_;
     Rational rate_{25, 1};
     bool timed_ = true;
     bool uneven_ = false;
-    double framesPerUnit_ = 0;           ///< Samples in one unit of the time base, if uneven.
+    Rational unit_{1, 1};                ///< The time base: seconds in a unit.
+    std::int64_t leftOut_ = 0;           ///< Stored frames without a sample.
     std::vector<std::int64_t> samples_;  ///< Numbers of stored frames, if uneven.
 };
 

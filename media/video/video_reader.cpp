@@ -63,7 +63,7 @@ VideoReader::VideoReader(const std::filesystem::path& path, const ReadOptions& o
       path_(path),
       alpha_(options.alpha),
       fields_(options.fields),
-      index_(path),
+      index_(path, options.rate),
       decoder_(path),
       picture_(newAvFrame()) {
     if (!decoder_.next(*picture_)) {
@@ -86,6 +86,8 @@ void VideoReader::describe(const AVFrame& first) {
     info_.depth = convert_->depth();
     info_.rate = index_.rate();
     info_.uneven = index_.uneven();
+    info_.pictures = index_.pictures();
+    info_.leftOut = index_.leftOut();
     info_.last = index_.count() - 1;
     info_.hasAlpha = convert_->hasAlpha();
     info_.pixelAspect = setUpright(pixelAspectOf(first, decoder_.stream()), orientation_);

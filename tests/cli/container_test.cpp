@@ -128,20 +128,87 @@ TEST(Sound, IsCopiedWhereverItsContainerTakesIt) {
     }
 }
 
+/// Makes a clip of 3 s with the pictures of `rate` frames a second that `select` chooses.
+void makeUneven(const fs::path& file, const std::string& rate, const std::string& select) {
+    media::runFfmpeg(media::movingPicture("96x64", rate, 3) +
+                         " -f lavfi -i sine=frequency=440 -t 3 -vf \"select='" + select +
+                         "'\" -vsync vfr -c:v libx264 -c:a aac",
+                     file);
+}
+
+/// The frames that differ from the one before them, as a render reads them.
+int changesIn(const fs::path& file, const media::ReadOptions& options = {}) {
+    const auto reader = media::openReader(file, options);
+    media::Frame frame;
+    media::Frame before;
+    int changes = 0;
+    for (std::int64_t k = 0; reader->read(k, frame); ++k) {
+        changes += frame == before ? 0 : 1;
+        before = frame;
+    }
+    return changes;
+}
+
 TEST(UnevenVideo, IsSaidAndKeepsItsDuration) {
     files::TempFolder folder;
     const fs::path in = folder.file("in.mkv");
     const fs::path out = folder.file("out.mp4");
-    media::runFfmpeg(
-        media::movingPicture("96x64", "30", 3) +
-            " -f lavfi -i sine=frequency=440 -t 3 -vf \"select='lt(n,30)+not(mod(n,3))'\" "
-            "-vsync vfr -c:v libx264 -c:a aac",
-        in);
+    makeUneven(in, "30", "lt(n,30)+not(mod(n,3))");
     const Outcome outcome = ruvex({"render", in.string(), "-o", out.string()});
     ASSERT_EQ(outcome.status, 0) << outcome.err;
     EXPECT_NE(outcome.err.find("uneven"), std::string::npos) << outcome.err;
     EXPECT_NEAR(durationOf(out), durationOf(in), 0.1);
     EXPECT_EQ(soundOf(folder, out), soundOf(folder, in));
+}
+
+struct UnevenClip {
+    const char* rate;    ///< Of the clip that the pictures are taken from.
+    const char* select;  ///< Which of its pictures.
+    int pictures;
+    const char* rendered;  ///< The rate of the result.
+};
+
+class UnevenClips : public testing::TestWithParam<UnevenClip> {};
+
+TEST_P(UnevenClips, LoseNoPicture) {
+    files::TempFolder folder;
+    const UnevenClip& clip = GetParam();
+    for (const char* name : {"in.mkv", "in.mp4"}) {
+        makeUneven(folder.file(name), clip.rate, clip.select);
+        const fs::path out = folder.file("out.mkv");
+        const Outcome outcome = ruvex({"render", folder.file(name), "-o", out});
+        ASSERT_EQ(outcome.status, 0) << outcome.err;
+        EXPECT_EQ(media::probe(out, "stream=r_frame_rate"),
+                  "r_frame_rate=" + std::string(clip.rendered) + "\n");
+        EXPECT_EQ(changesIn(folder.file(name)), clip.pictures) << name;
+        EXPECT_TRUE(holds(outcome.err, "uneven length")) << outcome.err;
+        EXPECT_FALSE(holds(outcome.err, "left out")) << outcome.err;
+        EXPECT_EQ(std::count(outcome.err.begin(), outcome.err.end(), '\n'), 1) << outcome.err;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Clips, UnevenClips,
+    testing::Values(UnevenClip{"60", "between(n,60,119)+not(mod(n,5))", 84, "60/1"},
+                    UnevenClip{"30", "not(eq(n,45))", 89, "30/1"},
+                    UnevenClip{"30000/1001", "not(eq(n,45))", 89, "30000/1001"},
+                    UnevenClip{"30", "not(mod(n,2))*not(between(n,20,40))", 34, "15/1"}));
+
+TEST(UnevenVideo, TakesAnotherRateAndCountsWhatThatLeavesOut) {
+    files::TempFolder folder;
+    const fs::path in = folder.file("in.mp4");
+    makeUneven(in, "60", "between(n,60,119)+not(mod(n,5))");
+    const fs::path out = folder.file("out.mkv");
+    const Outcome outcome = ruvex({"render", in, "-o", out, "--rate", "30"});
+    ASSERT_EQ(outcome.status, 0) << outcome.err;
+    EXPECT_EQ(media::probe(out, "stream=r_frame_rate"), "r_frame_rate=30/1\n");
+    const int left = changesIn(in, {.rate = media::Rational{30, 1}});
+    EXPECT_LT(left, 84);
+    EXPECT_TRUE(holds(outcome.err, std::to_string(84 - left) + " of its 84 pictures are left out"))
+        << left << outcome.err;
+    // A faster rate than that of the grid is taken too.
+    EXPECT_EQ(ruvex({"render", in, "-o", out, "--rate", "240", "--frames", "0-9"}).status, 0);
+    EXPECT_EQ(media::probe(out, "stream=r_frame_rate"), "r_frame_rate=240/1\n");
 }
 
 TEST(Storage, ChoicesThatDoNotFitAreWrongCommandLines) {
