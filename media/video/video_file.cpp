@@ -1,7 +1,10 @@
 #include "media/video/video_file.h"
 
+#include <fstream>
+
 #include "media/av_library.h"
 #include "media/media_error.h"
+#include "media/video/container_end.h"
 
 namespace ruvex::media {
 namespace {
@@ -40,6 +43,11 @@ AVFormatContext* open(const fs::path& path) {
 
 }  // namespace
 
+bool isCutOff(const fs::path& path, const AVFormatContext& format, std::uint64_t frameBytes) {
+    std::ifstream file(path, std::ios::binary);
+    return isCutOff(file, format.iformat->name, frameBytes);
+}
+
 std::string cutOff(const fs::path& path) {
     const std::string detail = takeLibraryError();
     return path.string() + " is cut off or damaged: it ends before its last frame" +
@@ -54,7 +62,9 @@ VideoFile::VideoFile(const fs::path& path) : path_(path) {
     const int code = avformat_find_stream_info(format_.get(), nullptr);
     stream_ = av_find_best_stream(format_.get(), AVMEDIA_TYPE_VIDEO, -1, -1, nullptr, 0);
     if (code < 0 || stream_ < 0) {
-        throw MediaError("Cannot read " + path.string() + ": there is no video in it.");
+        throw MediaError(isCutOff(path, *format_)
+                             ? cutOff(path)
+                             : "Cannot read " + path.string() + ": there is no video in it.");
     }
     for (unsigned i = 0; i < format_->nb_streams; ++i) {
         const bool wanted = static_cast<int>(i) == stream_;

@@ -36,6 +36,10 @@ private:
     int stream_ = -1;
 };
 
+/// Whether a file is shorter than its container says; see media/video/container_end.h.
+bool isCutOff(const std::filesystem::path& path, const AVFormatContext& format,
+              std::uint64_t frameBytes = 0);
+
 /// The message for a file that ends before its last frame.
 std::string cutOff(const std::filesystem::path& path);
 

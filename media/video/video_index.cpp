@@ -92,8 +92,10 @@ VideoIndex::VideoIndex(const std::filesystem::path& path, std::optional<Rational
 void VideoIndex::collect(VideoFile& file, const std::filesystem::path& path) {
     const AvPacket packet = newAvPacket();
     int packets = 0;
+    std::uint64_t frameBytes = 0;
     bool damaged = false;
     for (; file.next(*packet); ++packets) {
+        frameBytes = static_cast<std::uint64_t>(packet->size);
         damaged = damaged || marksDamage(file.format(), *packet);
         if ((packet->flags & AV_PKT_FLAG_DISCARD) == 0) {
             timed_ = timed_ && packet->pts != AV_NOPTS_VALUE;
@@ -101,10 +103,10 @@ void VideoIndex::collect(VideoFile& file, const std::filesystem::path& path) {
                 {packet->pts, packet->duration, (packet->flags & AV_PKT_FLAG_KEY) != 0});
         }
     }
-    // A file that is cut off shows differently by container: an index of more frames than there
-    // are, or only a message.
+    // A file that is cut off shows differently by container: by lengths that reach beyond its end,
+    // an index of more frames than there are, or only a message.
     const bool missing = packets < avformat_index_get_entries_count(&file.stream());
-    if (damaged || missing || isEndReported()) {
+    if (damaged || missing || isCutOff(path, file.format(), frameBytes) || isEndReported()) {
         throw MediaError(cutOff(path));
     }
 }
