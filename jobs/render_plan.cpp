@@ -1,5 +1,6 @@
 #include "jobs/render_plan.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "files/numbered_path.h"
@@ -27,6 +28,16 @@ void checkRegionInside(const RenderJob& job, media::FrameSize size) {
                        std::int64_t{job.region->y} + job.region->height > size.height)) {
         throw JobError(JobField::Region,
                        "it reaches beyond the picture, which is " + toText(size) + ".");
+    }
+}
+
+/// checkJob has looked at the size that the job names.
+void checkProjectOfInput(const RenderJob& job, media::FrameSize size) {
+    if (!job.projectSize && std::max(size.width, size.height) > kLongestProjectSide) {
+        throw JobError(JobField::ProjectSize,
+                       "the project frame has the input's size, " + toText(size) +
+                           ", but both sides have to be at most " +
+                           std::to_string(kLongestProjectSide) + ". Give a smaller one.");
     }
 }
 
@@ -152,6 +163,7 @@ RenderPlan planRender(const RenderJob& job, const media::ClipInfo& clip, std::ve
     plan.endless = !clip.lastKnown && !job.frames;
     checkPictureSize(JobField::Input, plan.size, plan.depth, job.input);
     checkRegionInside(job, plan.size);
+    checkProjectOfInput(job, plan.size);
     checkRoomForFrames(plan);
     checkReadFilesKept(plan);
     const media::FrameSize project = job.projectSize.value_or(plan.size);

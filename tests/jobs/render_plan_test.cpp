@@ -141,6 +141,15 @@ TEST(RenderPlan, NamesTheFieldThatIsWrong) {
     for (const media::FrameSize large : {media::FrameSize{65537, 5}, media::FrameSize{5, 65537}}) {
         EXPECT_EQ(wrongField([&](RenderJob& j) { j.projectSize = large; }), ProjectSize);
     }
+    media::ClipInfo wide = clip();
+    wide.size = {65537, 5};
+    EXPECT_EQ(wrongField([](RenderJob&) {}, wide), ProjectSize);
+    EXPECT_EQ(wrongField(
+                  [](RenderJob& j) {
+                      j.projectSize = media::FrameSize{1000, 5};
+                  },
+                  wide),
+              std::nullopt);
     for (const double aspect : {0.1, 10.0}) {
         EXPECT_EQ(wrongField([&](RenderJob& j) { j.pixelAspect = aspect; }), std::nullopt);
     }
