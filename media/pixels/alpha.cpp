@@ -3,61 +3,72 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
-#include <utility>
-
-#include "media/pixels/frame_convert.h"
 
 namespace ruvex::media {
 namespace {
 
-/// Replaces every colour component of pixels whose alpha is not 0 by change(component, alpha).
-template <typename T, class Change>
-void changeColours(Frame& frame, Change change) {
-    auto* pixel = reinterpret_cast<T*>(frame.bytes().data());
-    auto* const end = pixel + frame.bytes().size() / sizeof(T);
-    for (; pixel != end; pixel += kChannels) {
-        for (int channel = 0; pixel[kAlpha] != 0 && channel < kAlpha; ++channel) {
-            const double changed =
-                change(static_cast<double>(pixel[channel]), static_cast<double>(pixel[kAlpha]));
-            pixel[channel] = static_cast<T>(
-                std::clamp(std::round(changed), static_cast<double>(std::numeric_limits<T>::min()),
-                           static_cast<double>(std::numeric_limits<T>::max())));
+/// What the component type of a frame's pixels says.
+template <typename T>
+struct ComponentOf;
+template <>
+struct ComponentOf<std::uint8_t> {
+    static constexpr Depth kDepth = Depth::Bits8;
+    static constexpr double kWhite = kWhite8;
+};
+template <>
+struct ComponentOf<std::int16_t> {
+    static constexpr Depth kDepth = Depth::S214;
+    static constexpr double kWhite = kWhiteS214;
+};
+
+/// Rounded to the nearest and clamped to the range of T.
+template <typename T>
+T nearestOf(double value) {
+    return static_cast<T>(std::clamp(std::round(value),
+                                     static_cast<double>(std::numeric_limits<T>::min()),
+                                     static_cast<double>(std::numeric_limits<T>::max())));
+}
+
+/// The frame with components of type To. Of pixels whose alpha is not 0, each colour component is
+/// change(component, alpha), with alpha from 0 to 1, and is rounded once.
+template <typename From, typename To, class Change>
+Frame changedInto(const Frame& frame, Change change) {
+    constexpr double kScale = ComponentOf<To>::kWhite / ComponentOf<From>::kWhite;
+    Frame changed(frame.size(), ComponentOf<To>::kDepth);
+    const auto* from = reinterpret_cast<const From*>(frame.bytes().data());
+    auto* to = reinterpret_cast<To*>(changed.bytes().data());
+    auto* const end = to + changed.bytes().size() / sizeof(To);
+    for (; to != end; from += kChannels, to += kChannels) {
+        const double alpha = from[kAlpha] / ComponentOf<From>::kWhite;
+        for (int channel = 0; channel < kAlpha; ++channel) {
+            const double colour = from[channel];
+            to[channel] = nearestOf<To>((alpha == 0 ? colour : change(colour, alpha)) * kScale);
         }
+        to[kAlpha] = nearestOf<To>(from[kAlpha] * kScale);
     }
+    return changed;
+}
+
+template <typename From, class Change>
+Frame changedFrom(const Frame& frame, Depth depth, Change change) {
+    return depth == Depth::Bits8 ? changedInto<From, std::uint8_t>(frame, change)
+                                 : changedInto<From, std::int16_t>(frame, change);
 }
 
 template <class Change>
-void changeFrame(Frame& frame, Change change) {
-    if (frame.depth() == Depth::Bits8) {
-        changeColours<std::uint8_t>(frame, [change](double colour, double alpha) {
-            return change(colour, alpha / kWhite8);
-        });
-    } else {
-        changeColours<std::int16_t>(frame, [change](double colour, double alpha) {
-            return change(colour, alpha / kWhiteS214);
-        });
-    }
-}
-
-/// Changes the frame at the greater of its depth and `depth`, and returns it at `depth`.
-template <class Change>
-Frame changedAtGreaterDepth(Frame frame, Depth depth, Change change) {
-    const bool deep = frame.depth() == Depth::S214 || depth == Depth::S214;
-    frame = convertDepth(std::move(frame), deep ? Depth::S214 : Depth::Bits8);
-    changeFrame(frame, change);
-    return convertDepth(std::move(frame), depth);
+Frame changed(const Frame& frame, Depth depth, Change change) {
+    return frame.depth() == Depth::Bits8 ? changedFrom<std::uint8_t>(frame, depth, change)
+                                         : changedFrom<std::int16_t>(frame, depth, change);
 }
 
 }  // namespace
 
-Frame unpremultiplied(Frame frame, Depth depth) {
-    return changedAtGreaterDepth(std::move(frame), depth,
-                                 [](double colour, double share) { return colour / share; });
+Frame unpremultiplied(const Frame& frame, Depth depth) {
+    return changed(frame, depth, [](double colour, double alpha) { return colour / alpha; });
 }
 
-Frame premultiplied(Frame frame, Depth depth) {
-    return changedAtGreaterDepth(std::move(frame), depth,
-                                 [](double colour, double share) { return colour * share; });
+Frame premultiplied(const Frame& frame, Depth depth) {
+    return changed(frame, depth, [](double colour, double alpha) { return colour * alpha; });
 }
 
 }  // namespace ruvex::media

@@ -43,8 +43,7 @@ Decoded fromInteger(const std::filesystem::path& file, const AVFrame& picture, A
     const Depth wanted = depth.value_or(convert.depth());
     const bool divides = alpha == AlphaForm::Premultiplied && convert.hasAlpha();
     Frame frame = convert.convert(picture);
-    return {divides ? unpremultiplied(std::move(frame), wanted)
-                    : convertDepth(std::move(frame), wanted),
+    return {divides ? unpremultiplied(frame, wanted) : convertDepth(std::move(frame), wanted),
             convert.depth()};
 }
 

@@ -54,7 +54,7 @@ bool StillReader::readOwn(std::int64_t number, Frame& frame) {
     if (rawDepth(kind_)) {
         frame = readRawFrame(file, info_.size, info_.depth);
         if (alpha_ == AlphaForm::Premultiplied) {
-            frame = unpremultiplied(std::move(frame), depthOfFrames());
+            frame = unpremultiplied(frame, depthOfFrames());
         }
         return true;
     }

@@ -68,7 +68,7 @@ bool StreamReader::advance() {
         return false;
     }
     if (alpha_ == AlphaForm::Premultiplied && info().hasAlpha) {
-        frame = unpremultiplied(std::move(*frame), depthOfFrames());
+        frame = unpremultiplied(*frame, depthOfFrames());
     }
     if (kept_.size() >= mostFrames(*frame)) {
         kept_.pop_front();

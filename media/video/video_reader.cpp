@@ -113,7 +113,7 @@ Frame VideoReader::toFrame() {
     picture_->interlaced_frame = fieldsOf(*picture_) != FieldOrder::Progressive ? 1 : 0;
     Frame frame = convert_->convert(*picture_);
     if (alpha_ == AlphaForm::Premultiplied && convert_->hasAlpha()) {
-        frame = unpremultiplied(std::move(frame), depthOfFrames());
+        frame = unpremultiplied(frame, depthOfFrames());
     }
     return setUpright(std::move(frame), orientation_);
 }
