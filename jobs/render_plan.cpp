@@ -67,17 +67,17 @@ std::int64_t duration(std::int64_t frames, const media::Rational& rate) {
     return std::llround(static_cast<double>(frames) * kMicrosecondsPerSecond / rate.value());
 }
 
-/// The sound that belongs to the frames; all of it where all frames are rendered, since it may be
-/// longer than they are.
-media::AudioSource soundOf(const media::ClipInfo& clip, const RenderPlan& plan) {
+/// The sound and the subtitles that belong to the frames; all of them where all frames are
+/// rendered, since they may be longer than the frames.
+media::CopySource copiedOf(const media::ClipInfo& clip, const RenderPlan& plan) {
     if (media::fileKind(plan.input) != media::FileKind::Video) return {};
-    media::AudioSource sound{files::NumberedPath(plan.input).plain()};
-    sound.zero = clip.start + duration(plan.frames.first, plan.rate);
-    if (plan.frames.first > clip.first) sound.from = sound.zero;
+    media::CopySource copied{files::NumberedPath(plan.input).plain()};
+    copied.zero = clip.start + duration(plan.frames.first, plan.rate);
+    if (plan.frames.first > clip.first) copied.from = copied.zero;
     if (plan.frames.last < clip.last) {
-        sound.to = clip.start + duration(plan.frames.last + 1, plan.rate);
+        copied.to = clip.start + duration(plan.frames.last + 1, plan.rate);
     }
-    return sound;
+    return copied;
 }
 
 /// The order in which fields are rendered; Progressive for whole frames.
@@ -113,10 +113,11 @@ media::WriteOptions writingOf(const RenderJob& job, const media::ClipInfo& clip,
             .rate = plan.rate,
             .pixelAspect = clip.pixelAspect,
             .colour = clip.colour,
+            .hdr = clip.hdr,
             .alpha = job.alpha,
             .quality = job.quality,
             .codec = job.codec,
-            .audio = soundOf(clip, plan),
+            .copied = copiedOf(clip, plan),
             .format = job.outputFormat,
             .bits = clip.bits,
             .chroma = clip.chroma,

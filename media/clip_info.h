@@ -7,6 +7,7 @@
 
 #include "media/clip_tags.h"
 #include "media/frame.h"
+#include "media/hdr_metadata.h"
 #include "media/rational.h"
 
 namespace ruvex::media {
@@ -46,6 +47,7 @@ struct ClipInfo {
     bool hasAlpha = false;
     Rational pixelAspect{1, 1};  ///< Width of a pixel over its height.
     ColourTags colour;
+    HdrMetadata hdr;
     std::int64_t start = 0;  ///< Time stamp of the first frame in the file, in microseconds.
     int bits = 8;            ///< Bits of a component of the input.
     Chroma chroma = Chroma::Unspecified;

@@ -12,7 +12,7 @@
 #include "media/clip_info.h"
 #include "media/file_kind.h"
 #include "media/pixels/alpha.h"
-#include "media/video/audio_copy.h"
+#include "media/video/stream_copy.h"
 
 namespace ruvex::media {
 
@@ -23,12 +23,13 @@ struct WriteOptions {
     Rational rate{25, 1};        ///< Frames a second; for video and Y4M.
     Rational pixelAspect{1, 1};  ///< Width of a pixel over its height.
     ColourTags colour{};         ///< For video and Y4M; see matrixInUse for an unspecified matrix.
+    HdrMetadata hdr{};           ///< For video.
     /// Whether stored colours are premultiplied; default: premultiplied for EXR, else straight.
     std::optional<AlphaForm> alpha{};
     /// 1 to 100, the best; for lossy formats, each of which has its default. Refused for others.
     std::optional<int> quality{};
     std::optional<std::string> codec{};  ///< For video; a name that findVideoCodec knows.
-    AudioSource audio{};                 ///< For video: audio to copy.
+    CopySource copied{};                 ///< For video: whose audio, subtitles and so on to copy.
     /// Format of standard output: Y4m, RawRgba8 or RawS214; default: Y4m.
     std::optional<FileKind> format{};
     /// Bits of a component of Y4M for S2.14 frames: 9, 10, 12 or 14; any other value gives 16.

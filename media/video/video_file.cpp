@@ -43,6 +43,27 @@ AVFormatContext* open(const fs::path& path) {
 
 }  // namespace
 
+bool isCover(const AVStream& stream) {
+    constexpr int kCover = AV_DISPOSITION_ATTACHED_PIC | AV_DISPOSITION_TIMED_THUMBNAILS;
+    return (stream.disposition & kCover) != 0;
+}
+
+int findVideo(AVFormatContext& format) {
+    const auto best = [&format](int wanted) {
+        return av_find_best_stream(&format, AVMEDIA_TYPE_VIDEO, wanted, -1, nullptr, 0);
+    };
+    const int found = best(-1);
+    if (found < 0 || !isCover(*format.streams[found])) {
+        return found;
+    }
+    for (int i = 0; i < static_cast<int>(format.nb_streams); ++i) {
+        if (!isCover(*format.streams[i]) && best(i) == i) {
+            return i;
+        }
+    }
+    return AVERROR_STREAM_NOT_FOUND;
+}
+
 bool isCutOff(const fs::path& path, const AVFormatContext& format, std::uint64_t frameBytes) {
     std::ifstream file(path, std::ios::binary);
     return isCutOff(file, format.iformat->name, frameBytes);
@@ -60,8 +81,8 @@ VideoFile::VideoFile(const fs::path& path) : path_(path) {
     format_.reset(open(path));
     format_->flags |= AVFMT_FLAG_GENPTS;
     const int code = avformat_find_stream_info(format_.get(), nullptr);
-    stream_ = av_find_best_stream(format_.get(), AVMEDIA_TYPE_VIDEO, -1, -1, nullptr, 0);
-    if (code < 0 || stream_ < 0) {
+    stream_ = code < 0 ? -1 : findVideo(*format_);
+    if (stream_ < 0) {
         throw MediaError(isCutOff(path, *format_)
                              ? cutOff(path)
                              : "Cannot read " + path.string() + ": there is no video in it.");

@@ -9,7 +9,7 @@
 
 namespace ruvex::media {
 
-/// A file and its best video stream as the FFmpeg libraries choose it; other streams are skipped.
+/// A file and its video stream, as findVideo chooses it; other streams are skipped.
 class VideoFile {
 public:
     /// Throws MediaError if the file cannot be opened or has no video.
@@ -35,6 +35,13 @@ private:
     std::unique_ptr<AVFormatContext, Close> format_;
     int stream_ = -1;
 };
+
+/// Whether a video stream is a cover picture or a picture of a chapter.
+bool isCover(const AVStream& stream);
+
+/// The index of the video stream to render: the one that the FFmpeg libraries call the best, but no
+/// cover picture. Below 0 if there is none.
+int findVideo(AVFormatContext& format);
 
 /// Whether a file is shorter than its container says; see media/video/container_end.h.
 bool isCutOff(const std::filesystem::path& path, const AVFormatContext& format,

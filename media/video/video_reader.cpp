@@ -93,9 +93,11 @@ void VideoReader::describe(const AVFrame& first) {
     info_.pixelAspect = setUpright(pixelAspectOf(first, decoder_.stream()), orientation_);
     info_.colour = {first.color_primaries, first.color_trc, first.colorspace,
                     first.color_range == AVCOL_RANGE_JPEG};
-    info_.start = first.pts == AV_NOPTS_VALUE
-                      ? 0
-                      : av_rescale_q(first.pts, decoder_.stream().time_base, {1, AV_TIME_BASE});
+    const AVStream& stream = decoder_.stream();
+    info_.hdr = readHdr(first, stream);
+    const std::int64_t start = first.pts == AV_NOPTS_VALUE ? stream.start_time : first.pts;
+    info_.start =
+        start == AV_NOPTS_VALUE ? 0 : av_rescale_q(start, stream.time_base, {1, AV_TIME_BASE});
     info_.bits = convert_->bits();
     info_.chroma = convert_->chroma();
     info_.fields = setUpright(fieldsOf(first), first.height, orientation_);

@@ -68,11 +68,7 @@ VideoWriter::VideoWriter(const std::filesystem::path& path, const WriteOptions& 
 }
 
 std::vector<std::string> VideoWriter::remarks() const {
-    std::vector<std::string> remarks;
-    for (const std::string& codec : audio_->leftOut()) {
-        remarks.push_back("Audio coded as " + codec + " is left out: " + path_.string() +
-                          " cannot hold it.");
-    }
+    std::vector<std::string> remarks = copy_->losses();
     if (fields_ != FieldOrder::Progressive && !isInterlaced(*coder_)) {
         remarks.push_back(path_.string() + " is not marked as interlaced: its codec, " +
                           codec_.title + ", cannot code these frames as interlaced.");
@@ -106,7 +102,9 @@ void VideoWriter::openContainer(const WriteOptions& options) {
     stream->avg_frame_rate = coder_->framerate;
     stream->sample_aspect_ratio = coder_->sample_aspect_ratio;
     writeTags(options.tags, *format_, *stream);
-    audio_.emplace(options.audio, *format_);
+    writeHdr(options.hdr, *stream);
+    copy_.emplace(options.copied, path_.string(),
+                  av_rescale_q(1, coder_->time_base, {1, AV_TIME_BASE}), *format_);
     check(avio_open(&format_->pb, ("file:" + file_.path().string()).c_str(), AVIO_FLAG_WRITE));
     check(avformat_write_header(format_.get(), nullptr));
 }
@@ -140,7 +138,7 @@ void VideoWriter::write(std::int64_t, const Frame& frame) {
     picture->interlaced_frame = isInterlaced(*coder_) ? 1 : 0;
     picture->top_field_first = coder_->field_order == AV_FIELD_TT ? 1 : 0;
     encode(picture.get());
-    check(audio_->writeUntil(av_rescale_q(written_, coder_->time_base, {1, AV_TIME_BASE})));
+    check(copy_->writeUntil(av_rescale_q(written_, coder_->time_base, {1, AV_TIME_BASE})));
 }
 
 void VideoWriter::encode(const AVFrame* picture) {
@@ -158,7 +156,13 @@ void VideoWriter::encode(const AVFrame* picture) {
         if (packet_->dts > packet_->pts || packet_->dts < packet_->pts - kMostReordered) {
             packet_->dts = packet_->pts;
         }
-        av_packet_rescale_ts(packet_.get(), coder_->time_base, format_->streams[0]->time_base);
+        const AVRational unit = format_->streams[0]->time_base;
+        // Rounded up: the container's edit list would round a fraction of a millisecond down.
+        const std::int64_t lead =
+            av_rescale_q_rnd(copy_->lead(), {1, AV_TIME_BASE}, unit, AV_ROUND_UP);
+        av_packet_rescale_ts(packet_.get(), coder_->time_base, unit);
+        packet_->pts += lead;
+        packet_->dts += lead;
         check(av_interleaved_write_frame(format_.get(), packet_.get()));
         check(format_->pb->error);
     }
@@ -166,7 +170,7 @@ void VideoWriter::encode(const AVFrame* picture) {
 
 void VideoWriter::finish() {
     encode(nullptr);
-    check(audio_->writeUntil(INT64_MAX));
+    check(copy_->writeUntil(INT64_MAX));
     check(av_write_trailer(format_.get()));
     avio_flush(format_->pb);
     check(format_->pb->error);

@@ -8,7 +8,7 @@
 #include "media/av_library.h"
 #include "media/frame_writer.h"
 #include "media/pixels/yuv_convert.h"
-#include "media/video/audio_copy.h"
+#include "media/video/stream_copy.h"
 #include "media/video/video_codec.h"
 
 namespace ruvex::media {
@@ -18,8 +18,9 @@ namespace ruvex::media {
 ///   bits for S2.14 frames;
 /// - ProRes 4444: YUV 4:4:4 of 10 bits, with alpha;
 /// - FFV1: RGB with alpha, 8 or 16 bits a component, lossless.
-/// Frames with a field order are coded as interlaced if the codec can. Audio is copied. The time of
-/// frame k is k / rate, rounded to the container's time base.
+/// Frames with a field order are coded as interlaced if the codec can. What the source of the
+/// options has beside its pictures is copied; see StreamCopy. The time of frame k is k / rate after
+/// that of the first, rounded to the container's time base.
 class VideoWriter : public FrameWriter {
 public:
     /// Throws MediaError, also for options that storageFault refuses.
@@ -57,7 +58,7 @@ private:
     std::unique_ptr<AVFormatContext, Free> format_;
     AvCodec coder_;
     AvPacket packet_;
-    std::optional<AudioCopy> audio_;
+    std::optional<StreamCopy> copy_;
     std::optional<FrameToYuv> convert_;  ///< Empty for a codec that takes RGB.
     std::int64_t written_ = 0;           ///< Frames written so far.
 };

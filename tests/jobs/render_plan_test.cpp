@@ -93,14 +93,14 @@ TEST(RenderPlan, TheSoundIsCutToTheFrames) {
     media::ClipInfo info = clip();
     info.start = 1000;
     const RenderPlan whole = planOf(job(), info);
-    EXPECT_EQ(whole.writing.audio.from, INT64_MIN);
-    EXPECT_EQ(whole.writing.audio.to, INT64_MAX);
-    EXPECT_EQ(whole.writing.audio.zero, 1000);
+    EXPECT_EQ(whole.writing.copied.from, INT64_MIN);
+    EXPECT_EQ(whole.writing.copied.to, INT64_MAX);
+    EXPECT_EQ(whole.writing.copied.zero, 1000);
     RenderJob part = job();
     part.frames = FrameRange{25, 49};
     const RenderPlan cut = planOf(part, info);
-    EXPECT_EQ(cut.writing.audio.from, 1001000);
-    EXPECT_EQ(cut.writing.audio.to, 2001000);
+    EXPECT_EQ(cut.writing.copied.from, 1001000);
+    EXPECT_EQ(cut.writing.copied.to, 2001000);
 }
 
 TEST(RenderPlan, NamesTheFieldThatIsWrong) {

@@ -7,6 +7,21 @@
 #include <stdio.h>
 
 namespace ruvex::media {
+namespace {
+
+/// What a command prints. Fails the test if the command fails.
+std::string outputOf(const std::string& command) {
+    std::string text;
+    FILE* pipe = popen(command.c_str(), "r");
+    std::array<char, 256> part{};
+    while (pipe != nullptr && fgets(part.data(), part.size(), pipe) != nullptr) {
+        text += part.data();
+    }
+    EXPECT_EQ(pipe == nullptr ? -1 : pclose(pipe), 0) << command;
+    return text;
+}
+
+}  // namespace
 
 std::string quoted(const std::filesystem::path& path) {
     std::string text;
@@ -42,17 +57,13 @@ std::string movingPicture(const std::string& size, const std::string& rate, doub
 }
 
 std::string probe(const std::filesystem::path& file, const std::string& entries) {
-    const std::string command =
+    return outputOf(
         "ffprobe -v error -count_frames -select_streams v:0 -of default=nw=1 -show_entries " +
-        entries + " " + quoted(file);
-    std::string text;
-    FILE* pipe = popen(command.c_str(), "r");
-    std::array<char, 256> part{};
-    while (pipe != nullptr && fgets(part.data(), part.size(), pipe) != nullptr) {
-        text += part.data();
-    }
-    EXPECT_EQ(pipe == nullptr ? -1 : pclose(pipe), 0) << command;
-    return text;
+        entries + " " + quoted(file));
+}
+
+std::string listed(const std::filesystem::path& file, const std::string& options) {
+    return outputOf("ffprobe -v error -of csv=p=0 " + options + " " + quoted(file));
 }
 
 void cutTo(const std::filesystem::path& file, double part) {

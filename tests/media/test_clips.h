@@ -28,6 +28,9 @@ std::string movingPicture(const std::string& size, const std::string& rate, doub
 /// Entries of the first video stream by the ffprobe command, one in a line ("width=64").
 std::string probe(const std::filesystem::path& file, const std::string& entries);
 
+/// What the ffprobe command prints with these options, comma-separated without names of sections.
+std::string listed(const std::filesystem::path& file, const std::string& options);
+
 /// The message of the MediaError that `action` throws; empty if it throws none.
 template <class Action>
 std::string complaintOf(Action action);

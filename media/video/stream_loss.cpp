@@ -1,0 +1,79 @@
+#include "media/video/stream_loss.h"
+
+#include <cctype>
+
+#include "files/words.h"
+#include "media/video/video_file.h"
+
+namespace ruvex::media {
+namespace {
+
+std::string codecOf(const AVStream& stream) {
+    return avcodec_get_name(stream.codecpar->codec_id);
+}
+
+std::string tagOf(const AVStream& stream, const char* name) {
+    const AVDictionaryEntry* entry = av_dict_get(stream.metadata, name, nullptr, 0);
+    constexpr std::size_t kLongestQuote = 60;
+    return entry == nullptr ? "" : files::printable(entry->value, kLongestQuote);
+}
+
+/// The codec, or where the libraries do not know it the container's four letters for it.
+std::string dataKind(const AVStream& stream) {
+    const bool unknown = stream.codecpar->codec_id == AV_CODEC_ID_NONE ||
+                         stream.codecpar->codec_id == AV_CODEC_ID_BIN_DATA;
+    const unsigned tag = stream.codecpar->codec_tag;
+    const bool letters = tag != 0 && std::isalnum(static_cast<int>(tag & 0xFF)) != 0;
+    if (!unknown || !letters) {
+        return codecOf(stream);
+    }
+    char text[AV_FOURCC_MAX_STRING_SIZE];
+    return files::printable(av_fourcc_make_string(text, tag), AV_FOURCC_MAX_STRING_SIZE);
+}
+
+std::string videoLoss(const AVStream& stream, const std::string& name) {
+    if (isCover(stream)) {
+        return "The cover picture is left out: " + name + " cannot hold it.";
+    }
+    return "Video stream " + std::to_string(stream.index) + " (" + codecOf(stream) + ", " +
+           std::to_string(stream.codecpar->width) + "x" + std::to_string(stream.codecpar->height) +
+           ") is left out: only one video stream is rendered.";
+}
+
+std::string attachmentLoss(const AVStream& stream, const std::string& name) {
+    const std::string file = tagOf(stream, "filename");
+    return "The attachment " + (file.empty() ? codecOf(stream) : file) + " is left out: " + name +
+           " cannot hold it.";
+}
+
+}  // namespace
+
+bool isKeptOtherwise(const AVStream& stream, const AVFormatContext& file) {
+    if (stream.codecpar->codec_type != AVMEDIA_TYPE_DATA) {
+        return false;
+    }
+    const bool timecode = stream.codecpar->codec_tag == MKTAG('t', 'm', 'c', 'd');
+    // The demuxer discards the streams that it reads chapters from.
+    const bool chapters = file.nb_chapters > 0 && stream.discard == AVDISCARD_ALL;
+    return timecode || chapters;
+}
+
+std::string lossSentence(const AVStream& stream, const std::string& name) {
+    switch (stream.codecpar->codec_type) {
+        case AVMEDIA_TYPE_AUDIO:
+            return "Audio coded as " + codecOf(stream) + " is left out: " + name +
+                   " cannot hold it.";
+        case AVMEDIA_TYPE_SUBTITLE:
+            return "Subtitles coded as " + codecOf(stream) + " are left out: " + name +
+                   " cannot hold them.";
+        case AVMEDIA_TYPE_VIDEO:
+            return videoLoss(stream, name);
+        case AVMEDIA_TYPE_ATTACHMENT:
+            return attachmentLoss(stream, name);
+        default:
+            return "Data stream " + std::to_string(stream.index) + " (" + dataKind(stream) +
+                   ") is left out: data is not copied.";
+    }
+}
+
+}  // namespace ruvex::media
