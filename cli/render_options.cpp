@@ -17,7 +17,8 @@ const char* const kRenderNotes = R"(Files, by the ending of their names:
 A number in a name stands for a sequence: shot.%05d.png is shot.00000.png, shot.00001.png, ...
 %%d stands for %d as it is.
 Raw frames have no header; their first row is row 0 of the chain, the picture's bottom line.
-The sound of a video is copied into a video, cut to --frames.)";
+Sound, subtitles, chapters and attached files of a video are copied into a video that can hold them,
+cut to --frames.)";
 
 OptionTable renderOptions(RenderOptions& options) {
     OptionTable table = {

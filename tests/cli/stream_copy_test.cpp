@@ -70,11 +70,11 @@ protected:
 
     /// Four seconds of video with subtitles in `coding`, chapters, and what `more` says.
     fs::path clip(const std::string& name, const std::string& coding, const std::string& more) {
-        media::runFfmpeg(media::movingPicture("64x48", "25", 4) + " -i " +
-                             media::quoted(folder.file("s.srt")) + " -i " +
-                             media::quoted(folder.file("chapters")) +
-                             " -map 0 -map 1 -map_chapters 2 -c:v libx264 -c:s " + coding + more,
-                         folder.file(name));
+        media::runFfmpeg(
+            media::movingPicture("64x48", "25", 4) + " -i " + media::quoted(folder.file("s.srt")) +
+                " -i " + media::quoted(folder.file("chapters")) +
+                " -t 4 -map 0 -map 1 -map_chapters 2 -c:v libx264 -c:s " + coding + more,
+            folder.file(name));
         return folder.file(name);
     }
     std::string attachment() const {
@@ -156,7 +156,7 @@ TEST_F(StreamCopies, FurtherVideoAndDataAreTold) {
     EXPECT_EQ(lines(outcome.err), 1) << outcome.err;
     media::runFfmpeg(media::movingPicture("64x48", "25", 1) + " -f data -i " +
                          media::quoted(folder.file("notes.bin")) +
-                         " -map 0 -map 1 -c:v mpeg2video -c:d copy",
+                         " -t 1 -map 0 -map 1 -c:v mpeg2video -c:d copy",
                      folder.file("in.ts"));
     const Outcome data = render(folder.file("in.ts"), "out.mkv");
     EXPECT_TRUE(holds(data.err, "Data stream 1 (bin_data) is left out")) << data.err;
@@ -221,16 +221,20 @@ TEST_F(StreamCopies, MasteringDisplayAndLightLevelsAreKept) {
     }
 }
 
-/// Time stamps by the check sum of a packet of sound.
+/// Time stamps by the check sum of a packet of sound. Packets without a time are left out.
 std::map<std::string, double> soundTimes(const fs::path& file) {
+    constexpr std::size_t kSumLength = 36;  // "MD5:" and 32 digits.
     std::istringstream lines(
         media::listed(file,
                       "-select_streams a -show_packets -show_data_hash MD5 -show_entries "
                       "packet=pts_time,data_hash"));
     std::map<std::string, double> times;
     for (std::string line; std::getline(lines, line);) {
-        const auto comma = line.find(',');
-        times.emplace(line.substr(line.find("MD5:", comma)), std::stod(line));
+        const auto comma = line.find(",MD5:");
+        double time = 0;
+        if (comma != std::string::npos && std::istringstream(line) >> time) {
+            times.emplace(line.substr(comma + 1, kSumLength), time);
+        }
     }
     return times;
 }
