@@ -37,6 +37,9 @@ AvCodec newAvCodec(const AVCodec* codec);
 /// the width. Throws std::bad_alloc.
 AvFrame newPicture(int width, int height, AVPixelFormat format);
 
+/// The unit of this project's times: seconds in a microsecond.
+inline constexpr AVRational kMicroseconds = {1, AV_TIME_BASE};
+
 /// The fraction in the libraries' type; both terms must fit 31 bits.
 AVRational toAvRational(const Rational& value);
 

@@ -6,8 +6,6 @@
 namespace ruvex::media {
 namespace {
 
-constexpr AVRational kMicroseconds = {1, AV_TIME_BASE};
-
 /// Adds an empty chapter, which `output` owns.
 AVChapter& addChapter(AVFormatContext& output) {
     auto* grown = static_cast<AVChapter**>(

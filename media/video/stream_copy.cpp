@@ -12,7 +12,6 @@
 namespace ruvex::media {
 namespace {
 
-constexpr AVRational kMicroseconds = {1, AV_TIME_BASE};
 constexpr int kNoStream = -1;
 
 constexpr std::int64_t kMillisecond = 1000;  // Microseconds.

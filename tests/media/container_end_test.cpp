@@ -43,7 +43,7 @@ std::string arguments(const MuxedClip& clip) {
            " -frames:v " + std::to_string(kFrames);
 }
 
-std::string contentOf(const std::filesystem::path& file) {
+std::string storedBytes(const std::filesystem::path& file) {
     std::ifstream stream(file, std::ios::binary);
     return {std::istreambuf_iterator<char>(stream), {}};
 }
@@ -59,7 +59,7 @@ std::string probedFrames(const std::filesystem::path& file) {
     return probe(file, "stream=nb_read_frames");
 }
 
-std::int64_t framesOf(const std::filesystem::path& file) {
+std::int64_t readFrames(const std::filesystem::path& file) {
     const auto reader = openReader(file);
     Frame frame;
     std::int64_t count = 0;
@@ -75,15 +75,15 @@ TEST_P(ContainerEnd, IsMissedWhereverAFileIsCutOff) {
     files::TempFolder folder;
     const auto file = folder.file(GetParam().name);
     runFfmpeg(arguments(GetParam()), file);
-    EXPECT_GT(framesOf(file), kFrames - 3);
-    EXPECT_EQ("nb_read_frames=" + std::to_string(framesOf(file)) + "\n", probedFrames(file));
-    const std::string whole = contentOf(file);
+    EXPECT_GT(readFrames(file), kFrames - 3);
+    EXPECT_EQ("nb_read_frames=" + std::to_string(readFrames(file)) + "\n", probedFrames(file));
+    const std::string whole = storedBytes(file);
     EXPECT_FALSE(isCutOffText(whole, GetParam().format));
     for (const double part : {0.2, 0.35, 0.5, 0.6, 0.77, 0.9, 0.98}) {
         const auto length = static_cast<std::size_t>(static_cast<double>(whole.size()) * part);
         EXPECT_TRUE(isCutOffText(whole.substr(0, length), GetParam().format)) << part;
         std::ofstream(file, std::ios::binary) << whole.substr(0, length);
-        const std::string said = complaintOf([&] { framesOf(file); });
+        const std::string said = complaintOf([&] { readFrames(file); });
         EXPECT_NE(said.find(file.string()), std::string::npos) << part << said;
         EXPECT_NE(said.find("cut off"), std::string::npos) << part << said;
     }
@@ -105,8 +105,8 @@ TEST_P(ContainerEnd, IsNotMissedInWhatWasWrittenToAPipe) {
     const std::string command = "ffmpeg -nostdin -v error -y " + arguments(GetParam()) + " -f " +
                                 format + " pipe:1 </dev/null | cat >" + quoted(file);
     ASSERT_EQ(std::system(command.c_str()), 0);
-    EXPECT_GT(framesOf(file), kFrames - 3);
-    EXPECT_EQ("nb_read_frames=" + std::to_string(framesOf(file)) + "\n", probedFrames(file));
+    EXPECT_GT(readFrames(file), kFrames - 3);
+    EXPECT_EQ("nb_read_frames=" + std::to_string(readFrames(file)) + "\n", probedFrames(file));
 }
 
 INSTANTIATE_TEST_SUITE_P(Clips, ContainerEnd, testing::ValuesIn(kClips), [](const auto& tested) {
@@ -122,9 +122,9 @@ TEST(ContainerEnd, IsFoundBesideAnAttachmentThatCannotBeDecoded) {
     runFfmpeg(movingPicture("96x64", "25", 4) + " -c:v libx264 -attach " +
                   quoted(folder.file("blob")) + " -metadata:s:t mimetype=application/octet-stream",
               file);
-    EXPECT_EQ(framesOf(file), 100);
+    EXPECT_EQ(readFrames(file), 100);
     cutTo(file, 0.5);
-    EXPECT_NE(complaintOf([&] { framesOf(file); }).find("cut off"), std::string::npos);
+    EXPECT_NE(complaintOf([&] { readFrames(file); }).find("cut off"), std::string::npos);
 }
 
 // The index of an AVI is not required, and some programs count the header in the file's length.
@@ -132,7 +132,7 @@ TEST(ContainerEnd, OfAnAviWithoutAnIndexIsThere) {
     files::TempFolder folder;
     const auto file = folder.file("a.avi");
     runFfmpeg(movingPicture("96x64", "25", 2) + " -c:v mpeg4", file);
-    std::string bytes = contentOf(file);
+    std::string bytes = storedBytes(file);
     bytes.resize(bytes.find("idx1"));
     const auto storeLength = [&](std::size_t length) {
         for (int i = 0; i < 4; ++i) {
@@ -141,9 +141,9 @@ TEST(ContainerEnd, OfAnAviWithoutAnIndexIsThere) {
         std::ofstream(file, std::ios::binary) << bytes;
     };
     storeLength(bytes.size() - 8);
-    EXPECT_EQ(framesOf(file), 50);
+    EXPECT_EQ(readFrames(file), 50);
     storeLength(bytes.size());
-    EXPECT_EQ(framesOf(file), 50);
+    EXPECT_EQ(readFrames(file), 50);
 }
 
 TEST(ContainerEnd, BytesBehindItDoNoHarm) {
@@ -152,7 +152,7 @@ TEST(ContainerEnd, BytesBehindItDoNoHarm) {
         const auto file = folder.file(name);
         runFfmpeg(movingPicture("96x64", "25", 1), file);
         std::ofstream(file, std::ios::binary | std::ios::app) << std::string(9, '\0');
-        EXPECT_EQ(framesOf(file), 25) << name;
+        EXPECT_EQ(readFrames(file), 25) << name;
     }
 }
 
@@ -160,7 +160,7 @@ TEST(ContainerEnd, OfAnEditedFileIsThere) {
     files::TempFolder folder;
     runFfmpeg(movingPicture("96x64", "25", 4) + " -c:v libx264 -g 12", folder.file("a.mp4"));
     runFfmpeg("-ss 1.5 -i " + quoted(folder.file("a.mp4")) + " -t 1 -c copy", folder.file("b.mp4"));
-    EXPECT_EQ(complaintOf([&] { EXPECT_GT(framesOf(folder.file("b.mp4")), 20); }), "");
+    EXPECT_EQ(complaintOf([&] { EXPECT_GT(readFrames(folder.file("b.mp4")), 20); }), "");
 }
 
 }  // namespace
