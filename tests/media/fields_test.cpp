@@ -1,5 +1,6 @@
 #include "media/pixels/fields.h"
 
+#include <cstdlib>
 #include <fstream>
 #include <gtest/gtest.h>
 
@@ -141,6 +142,15 @@ TEST(FieldColours, AreWrittenApart) {
     }
 }
 
+/// The mean difference of the components of two 8-bit pictures of one size.
+double meanDifference(const Frame& a, const Frame& b) {
+    double sum = 0;
+    for (std::size_t i = 0; i < a.bytes().size(); ++i) {
+        sum += std::abs(static_cast<int>(a.bytes()[i]) - static_cast<int>(b.bytes()[i]));
+    }
+    return sum / static_cast<double>(a.bytes().size());
+}
+
 // Compared with the libraries' own filter for interlaced pictures, which sites chroma at a quarter
 // and at three quarters of the distance between the lines of a field. It is not exact.
 TEST(FieldColours, LieWhereTheyDoInTheirField) {
@@ -156,10 +166,9 @@ TEST(FieldColours, LieWhereTheyDoInTheirField) {
               folder.file("b.rgba8"));
     const Frame frame = firstFrame(folder.file("a.y4m"), {.fields = FieldOrder::TopFirst});
     const Frame theirs = readRawFrame(folder.file("b.rgba8"), {64, 48}, Depth::Bits8);
-    for (std::size_t i = 0; i < frame.bytes().size(); ++i) {
-        ASSERT_NEAR(static_cast<int>(frame.bytes()[i]), static_cast<int>(theirs.bytes()[i]), 2);
-    }
-    EXPECT_NE(frame, firstFrame(folder.file("a.y4m"), {.fields = FieldOrder::Progressive}));
+    EXPECT_LT(meanDifference(frame, theirs), 0.05);
+    const Frame progressive = firstFrame(folder.file("a.y4m"), {.fields = FieldOrder::Progressive});
+    EXPECT_GT(meanDifference(progressive, theirs), 0.5);
 }
 
 // Six lines have three chroma lines, which two fields cannot share evenly.
