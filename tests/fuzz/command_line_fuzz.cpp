@@ -1,7 +1,5 @@
 // Whole command lines, a word a line, as far as they are read before anything is opened.
 
-#include <cmath>
-
 #include "cli/command_parser.h"
 #include "cli/level_job.h"
 #include "cli/typed_job.h"
@@ -40,8 +38,7 @@ void tryRender(RenderOptions options) {
     demand(job->framesAtOnce >= 1 && job->framesAtOnce <= 256, "some frames are rendered at once");
     demand(!job->workers || *job->workers >= 1, "somebody works");
     demand(!job->quality || (*job->quality >= 1 && *job->quality <= 100), "quality is of 100");
-    demand(std::isfinite(job->pixelAspect) && job->pixelAspect > 0.0, "pixels are seen");
-    demand(job->output != job->input || job->input == "-", "the input is kept");
+    demand(job->pixelAspect >= 0.1 && job->pixelAspect <= 10.0, "pixels are seen");
 }
 
 void tryLevel(LevelOptions options) {
