@@ -6,7 +6,7 @@
 namespace ruvex::looks {
 namespace {
 
-std::string refusal(const std::string& text) {
+std::string jsonRefusal(const std::string& text) {
     try {
         parseJson(text);
     } catch (const JsonError& error) {
@@ -29,21 +29,21 @@ TEST(ParseJson, KeepsWhatTheTextHolds) {
 }
 
 TEST(ParseJson, RefusesTwoMembersOfOneName) {
-    EXPECT_EQ(refusal(R"({"a": 1, "b": 2, "a": 1})"), "'a' occurs twice.");
-    EXPECT_EQ(refusal(R"([{"a": {"b": 1, "b": {}}}])"), "'b' occurs twice.");
-    EXPECT_EQ(refusal(R"({"a": {"a": [{"a": 1}, {"a": 2}]}, "b": {"a": 3}})"), "");
+    EXPECT_EQ(jsonRefusal(R"({"a": 1, "b": 2, "a": 1})"), "'a' occurs twice.");
+    EXPECT_EQ(jsonRefusal(R"([{"a": {"b": 1, "b": {}}}])"), "'b' occurs twice.");
+    EXPECT_EQ(jsonRefusal(R"({"a": {"a": [{"a": 1}, {"a": 2}]}, "b": {"a": 3}})"), "");
 }
 
 TEST(ParseJson, RefusesWhatIsNotJson) {
     for (const char* text : {"", "{", "[1,]", "{\"a\"}", "1 2", "nul", "[1e999]", "\"\xE9\""}) {
-        EXPECT_TRUE(refusal(text).starts_with("this is not valid JSON: ")) << text;
+        EXPECT_TRUE(jsonRefusal(text).starts_with("this is not valid JSON: ")) << text;
     }
 }
 
 TEST(ParseJson, RefusesDeepNesting) {
-    EXPECT_EQ(refusal(nested(16)), "");
-    EXPECT_EQ(refusal(nested(17)), "the brackets are nested too deeply.");
-    EXPECT_EQ(refusal(nested(100000)), "the brackets are nested too deeply.");
+    EXPECT_EQ(jsonRefusal(nested(16)), "");
+    EXPECT_EQ(jsonRefusal(nested(17)), "the brackets are nested too deeply.");
+    EXPECT_EQ(jsonRefusal(nested(100000)), "the brackets are nested too deeply.");
 }
 
 // A comparison of each name with all others would take 10^11 steps, which is minutes.
@@ -54,7 +54,7 @@ TEST(ParseJson, TakesTimeByTheLengthAlone) {
         text.append("\"").append(std::to_string(i)).append("\":0,");
     }
     const auto start = std::chrono::steady_clock::now();
-    EXPECT_EQ(refusal(text + "\"7\":0}"), "'7' occurs twice.");
+    EXPECT_EQ(jsonRefusal(text + "\"7\":0}"), "'7' occurs twice.");
     EXPECT_EQ(parseJson(text + "\"x\":0}").size(), kMembers + 1u);
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
 }
