@@ -53,7 +53,9 @@ void saveParams(const jobs::RenderPlan& plan, const std::filesystem::path& file)
 void checkReadFilesKept(const jobs::RenderPlan& plan, const RenderManner& manner) {
     jobs::FilesWritten output;
     output.addOutput(plan.output, plan.frames);
-    output.checkKept(manner.readFrom, "file that the parameters are from");
+    for (const std::filesystem::path& file : manner.readFrom) {
+        output.checkKept(file, "file that the parameters are from");
+    }
     jobs::FilesWritten params;
     params.add(manner.saveParams);
     params.checkInputKept(plan.input);

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "cli/job_words.h"
 #include "cli/progress.h"
@@ -18,8 +19,8 @@ struct RenderManner {
     Talk talk = Talk::Usual;
     bool dryRun = false;                 ///< Only report what would be done.
     std::filesystem::path saveParams{};  ///< Write the parameters in use there; empty: do not.
-    std::filesystem::path readFrom{};    ///< The look file or the job file; empty: there is none.
-    FieldText fieldText = optionText;    ///< What the user calls the fields of the job.
+    std::vector<std::filesystem::path> readFrom{};  ///< The look files, or the job file.
+    FieldText fieldText = optionText;               ///< What the user calls the fields of the job.
     /// The command that renders one frame alone, for the message about a frame that failed.
     std::function<std::string(std::int64_t frame)> repeat{};
 };

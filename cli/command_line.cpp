@@ -26,8 +26,9 @@ int print(const std::string& text) {
 /// What the system has refused, and what to do about it.
 std::string reasonOf(const std::system_error& error) {
     if (error.code() == std::errc::resource_unavailable_try_again) {
-        return "the system starts no more threads: the limit on processes is reached. End other "
-               "programs, use fewer --workers and --jobs, or raise the limit (ulimit -u).";
+        return "the system starts no more threads: a limit on processes or on memory is reached. "
+               "End other programs, use fewer --workers and --jobs, or raise the limits "
+               "(ulimit -u, ulimit -v).";
     }
     return error.what();
 }

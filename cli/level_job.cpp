@@ -54,15 +54,23 @@ void chooseFromClip(const std::filesystem::path& input, const Choices& choices, 
         jobs::checkNoStream(input);
         jobs::checkRawSize({.input = input, .size = choices.size});
         const auto reader = media::openReader(input, {.size = choices.size, .rate = choices.rate});
-        jobs::FilesWritten written;
-        written.add(job.plot);
-        written.add(job.saveParams);
-        written.checkInputKept(input);
         job.rate = chooseRate(input, reader->info(), choices.rate, notes);
         job.frames = chooseFrames(input, reader->info(), choices.frames);
     });
     for (const jobs::Note& note : notes) {
         job.warnings.push_back(sentenceOf(note));
+    }
+}
+
+/// A look may be saved over the file that it was read from.
+void checkReadFilesKept(const LevelOptions& options) {
+    jobs::FilesWritten plot;
+    plot.add(options.plot);
+    jobs::FilesWritten all = plot;
+    all.add(options.parameters.saveParams);
+    if (!options.input.empty()) all.checkInputKept(options.input);
+    for (const std::filesystem::path& look : lookFilesOf(options.parameters)) {
+        plot.checkKept(look, "look file");
     }
 }
 
@@ -96,6 +104,7 @@ LevelJob makeLevelJob(const LevelOptions& options) {
     LevelJob job;
     const Choices choices = choicesOf(options);
     checkPlotName(options);
+    inOptionWords([&] { checkReadFilesKept(options); });
     job.plot = options.plot;
     job.saveParams = options.parameters.saveParams;
     job.parameters = readParameters(options.parameters, job.warnings);

@@ -8,6 +8,7 @@
 #include "files/words.h"
 #include "looks/look_file.h"
 #include "looks/presets.h"
+#include "parameters/presets.h"
 
 namespace ruvex::cli {
 namespace {
@@ -56,6 +57,13 @@ std::vector<ParameterChange> readParameters(const ParameterOptions& options,
     if (!options.params.empty()) append(changes, looks::readLookFile(options.params, warnings));
     append(changes, readSingle(options, warnings));
     return changes;
+}
+
+std::vector<std::filesystem::path> lookFilesOf(const ParameterOptions& options) {
+    std::vector<std::filesystem::path> files;
+    if (!options.preset.empty() && !findPreset(options.preset)) files.emplace_back(options.preset);
+    if (!options.params.empty()) files.emplace_back(options.params);
+    return files;
 }
 
 }  // namespace ruvex::cli

@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -16,5 +17,8 @@ namespace ruvex::cli {
 /// files::FileError for files. May add to `warnings`.
 std::vector<looks::ParameterChange> readParameters(const ParameterOptions& options,
                                                    std::vector<std::string>& warnings);
+
+/// The look files that the options read.
+std::vector<std::filesystem::path> lookFilesOf(const ParameterOptions& options);
 
 }  // namespace ruvex::cli

@@ -7,6 +7,7 @@
 #include "cli/job_words.h"
 #include "cli/messages.h"
 #include "cli/option_text.h"
+#include "cli/parameter_choice.h"
 #include "cli/shell_text.h"
 #include "cli/typed_job.h"
 #include "cli/usage_error.h"
@@ -27,7 +28,9 @@ void checkSaveJob(const jobs::RenderJob& job, const RenderOptions& options) {
         jobs::FilesWritten written;
         written.add(options.saveJob);
         written.checkInputKept(job.input);
-        written.checkKept(options.parameters.params, "look file");
+        for (const std::filesystem::path& look : lookFilesOf(options.parameters)) {
+            written.checkKept(look, "look file");
+        }
     });
 }
 
@@ -55,7 +58,7 @@ int runTypedJob(const jobs::RenderJob& job, const RenderOptions& options,
     return renderClip(job, {.talk = talk,
                             .dryRun = options.dryRun,
                             .saveParams = options.parameters.saveParams,
-                            .readFrom = options.parameters.params,
+                            .readFrom = lookFilesOf(options.parameters),
                             .repeat = std::move(command)});
 }
 

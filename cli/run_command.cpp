@@ -53,7 +53,7 @@ int run(const RunOptions& options) {
     if (talk != Talk::Quiet) printWarnings(warnings);
     return renderClip(job, {.talk = talk,
                             .dryRun = options.dryRun,
-                            .readFrom = options.job,
+                            .readFrom = {options.job},
                             .fieldText = jobFileText,
                             .repeat = [&](std::int64_t frame) {
                                 RunOptions one{.job = options.job, .frames = std::to_string(frame)};

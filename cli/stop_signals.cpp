@@ -1,9 +1,16 @@
 #include "cli/stop_signals.h"
 
 #include <array>
+#include <cerrno>
 #include <csignal>
+#include <cstdlib>
+#include <ctime>
 #include <semaphore.h>
 #include <utility>
+
+#include "cli/exit_status.h"
+#include "cli/messages.h"
+#include "files/partial_file.h"
 
 namespace ruvex::cli {
 namespace {
@@ -31,6 +38,26 @@ bool isIgnored(int signal) {
     return current.sa_handler == SIG_IGN;
 }
 
+/// A stop is answered within two seconds; a little is left for the end of the program.
+timespec afterGrace() {
+    constexpr long kGraceInNanoseconds = 1'500'000'000;
+    constexpr long kNanosecondsPerSecond = 1'000'000'000;
+    timespec time{};
+    clock_gettime(CLOCK_MONOTONIC, &time);
+    const long nanoseconds = time.tv_nsec + kGraceInNanoseconds;
+    time.tv_sec += nanoseconds / kNanosecondsPerSecond;
+    time.tv_nsec = nanoseconds % kNanosecondsPerSecond;
+    return time;
+}
+
+/// Ends the program in the midst of what cannot be stopped, such as a library that decodes a large
+/// picture.
+[[noreturn]] void endNow() {
+    files::removeUnfinished();
+    printMessage("stopped; the result is not complete.");
+    std::_Exit(kStopped);
+}
+
 }  // namespace
 
 StopSignals::StopSignals(std::stop_source source) : source_(std::move(source)) {
@@ -53,8 +80,15 @@ StopSignals::~StopSignals() {
 }
 
 void StopSignals::watch(const std::stop_token& ended) {
+    while (sem_wait(&arrived) != 0) {
+    }
+    if (ended.stop_requested()) return;
+    source_.request_stop();
+    const timespec deadline = afterGrace();
     while (!ended.stop_requested()) {
-        if (sem_wait(&arrived) == 0 && !ended.stop_requested()) source_.request_stop();
+        if (sem_clockwait(&arrived, CLOCK_MONOTONIC, &deadline) != 0 && errno == ETIMEDOUT) {
+            endNow();
+        }
     }
 }
 

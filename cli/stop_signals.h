@@ -8,8 +8,10 @@
 namespace ruvex::cli {
 
 /// As long as this lives, SIGINT, SIGTERM and SIGHUP request a stop instead of ending the program;
-/// a signal that was ignored before, as nohup has it, stays ignored. A file that exceeds the limit
-/// on sizes makes a write fail instead of ending the program. One object at a time.
+/// a signal that was ignored before, as nohup has it, stays ignored. If this still lives 1.5
+/// seconds after such a signal, the program ends with status kStopped, and its temporary files are
+/// removed. A file that exceeds the limit on sizes makes a write fail instead of ending the
+/// program. One object at a time.
 class StopSignals {
 public:
     /// Requests the stop of `source`.

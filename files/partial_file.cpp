@@ -3,6 +3,8 @@
 #include <cerrno>
 #include <chrono>
 #include <fcntl.h>
+#include <mutex>
+#include <set>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -54,6 +56,17 @@ bool isAbandoned(const fs::path& file) {
     return opened.get() >= 0 && flock(opened.get(), LOCK_EX | LOCK_NB) == 0;
 }
 
+/// The temporary files of this process. Never destroyed: threads may use it until the end.
+struct Unfinished {
+    std::mutex lock;
+    std::set<fs::path> files;
+};
+
+Unfinished& unfinished() {
+    static auto* const all = new Unfinished;
+    return *all;
+}
+
 /// The file that a link leads to, which does not have to exist; any other file itself. A loop of
 /// links ends at one of them.
 fs::path linkTarget(fs::path file) {
@@ -93,14 +106,20 @@ PartialFile::PartialFile(const fs::path& final) : final_(linkTarget(final)) {
         partial_.clear();
         throw FileError(writeFailure(final_, code));
     }
+    {
+        const std::scoped_lock hold(unfinished().lock);
+        unfinished().files.insert(partial_);
+    }
     // On a file system without locks, abandoned files have to be removed by hand.
     flock(lock_, LOCK_EX | LOCK_NB);
 }
 
 PartialFile::~PartialFile() {
-    std::error_code ignored;
     if (!partial_.empty()) {
+        std::error_code ignored;
         fs::remove(partial_, ignored);
+        const std::scoped_lock hold(unfinished().lock);
+        unfinished().files.erase(partial_);
     }
     if (lock_ >= 0) {
         close(lock_);
@@ -135,7 +154,17 @@ void PartialFile::commit() {
     if (error) {
         throw FileError(writeFailure(final_, error.value()));
     }
+    const std::scoped_lock hold(unfinished().lock);
+    unfinished().files.erase(partial_);
     partial_.clear();
+}
+
+void removeUnfinished() {
+    const std::scoped_lock hold(unfinished().lock);
+    for (const fs::path& file : unfinished().files) {
+        std::error_code ignored;
+        fs::remove(file, ignored);
+    }
 }
 
 void removeAbandoned(const fs::path& final) {

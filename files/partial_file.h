@@ -42,6 +42,10 @@ private:
     int lock_ = -1;  ///< Locked as long as the temporary file is in use.
 };
 
+/// Removes the temporary files of all PartialFile objects of this process, for a program that ends
+/// at once, without their destructors. May be called while other threads make or complete files.
+void removeUnfinished();
+
 /// Removes the temporary files of `final`, a file or a numbered sequence, that killed programs have
 /// left behind. Files that a running program still writes are locked and stay.
 void removeAbandoned(const std::filesystem::path& final);

@@ -9,6 +9,7 @@ extern "C" {
 #include "media/file_kind.h"
 #include "media/media_error.h"
 #include "media/pixels/frame_convert.h"
+#include "media/video/stream_loss.h"
 
 namespace ruvex::media {
 namespace {
@@ -89,6 +90,11 @@ void StreamWriter::writeY4m(const Frame& frame) {
                             header_.format, picture->width, picture->height, 1);
     stream_.write("FRAME\n");
     stream_.write(bytes_);
+}
+
+std::vector<std::string> StreamWriter::remarks() const {
+    if (options_.copied.path.empty()) return {};
+    return lossesOf(options_.copied.path, stream_.name());
 }
 
 void StreamWriter::finish() {

@@ -3,6 +3,7 @@
 #include <cctype>
 
 #include "files/words.h"
+#include "media/media_error.h"
 #include "media/video/video_file.h"
 
 namespace ruvex::media {
@@ -74,6 +75,24 @@ std::string lossSentence(const AVStream& stream, const std::string& name) {
             return "Data stream " + std::to_string(stream.index) + " (" + dataKind(stream) +
                    ") is left out: data is not copied.";
     }
+}
+
+std::vector<std::string> lossesOf(const std::filesystem::path& video, const std::string& name) try {
+    const VideoFile file(video);
+    const AVFormatContext& format = file.format();
+    std::vector<std::string> losses;
+    for (unsigned i = 0; i < format.nb_streams; ++i) {
+        const AVStream& stream = *format.streams[i];
+        if (&stream != &file.stream() && !isKeptOtherwise(stream, format)) {
+            losses.push_back(lossSentence(stream, name));
+        }
+    }
+    if (format.nb_chapters > 0) {
+        losses.push_back("The chapters are left out: " + name + " cannot hold them.");
+    }
+    return losses;
+} catch (const MediaError&) {
+    return {};
 }
 
 }  // namespace ruvex::media

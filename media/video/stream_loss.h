@@ -2,7 +2,9 @@
 
 #pragma once
 
+#include <filesystem>
 #include <string>
+#include <vector>
 
 #include "media/av_library.h"
 
@@ -14,5 +16,9 @@ bool isKeptOtherwise(const AVStream& stream, const AVFormatContext& file);
 
 /// A sentence for a stream that is left out of the output `name`.
 std::string lossSentence(const AVStream& stream, const std::string& name);
+
+/// A sentence for each stream of a video file, and for its chapters, that an output which holds
+/// pictures alone leaves out. None for a file that cannot be opened.
+std::vector<std::string> lossesOf(const std::filesystem::path& video, const std::string& name);
 
 }  // namespace ruvex::media

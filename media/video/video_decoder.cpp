@@ -8,7 +8,9 @@
 namespace ruvex::media {
 namespace {
 
+/// Throws std::bad_alloc where memory has run out, for which the file is not to blame.
 MediaError undecodable(const std::filesystem::path& path, int code) {
+    if (code == AVERROR(ENOMEM)) throw std::bad_alloc();
     return MediaError(path.string() + " is damaged: a frame cannot be decoded (" +
                       takeLibraryReason(code) + ").");
 }

@@ -79,9 +79,11 @@ public:
         const Watchdog watchdog(giveUp_);
         runtime::EffectSession session = makeSession(giveUp_.get_token());
         const auto start = Clock::now();
-        for (std::size_t i = 0; i < kFrames; ++i) wanted_[i] = render(session, i, counts_);
+        for (std::size_t i = 0; i < kFrames; ++i)
+            wanted_[i] = render(session, giveUp_.get_token(), i, counts_);
         const Seconds ofFrame = Seconds(Clock::now() - start) / static_cast<double>(kFrames);
-        for (std::size_t i = kFrames; i-- > 0;) compare(i, render(session, i, counts_), "again");
+        for (std::size_t i = kFrames; i-- > 0;)
+            compare(i, render(session, giveUp_.get_token(), i, counts_), "again");
         renderAtOnce(session, ofFrame);
         counts_.cases = 1;
         counts_.slow = giveUp_.stop_requested() ? 1 : 0;
@@ -115,7 +117,9 @@ private:
         return request;
     }
 
-    Outcome render(runtime::EffectSession& session, std::size_t index, Counts& counts) const {
+    /// `stop` is the session's.
+    Outcome render(runtime::EffectSession& session, const std::stop_token& stop, std::size_t index,
+                   Counts& counts) const {
         ++counts.frames;
         const runtime::RenderRequest request = requestOf(tasks_[index]);
         try {
@@ -124,7 +128,10 @@ private:
             ++counts.refused;
             return std::string(error.what());
         }
-        if (session.interrupted()) {
+        const FrameOutcome outcome = looks::ruvexControl(session).frameOutcome();
+        if (outcome == FrameOutcome::OutOfMemory) return "out of memory";
+        if (session.interrupted() || outcome == FrameOutcome::Stopped) {
+            if (!stop.stop_requested()) throw Difference("a frame was stopped and nobody asked");
             ++counts.stopped;
             return Stopped{};
         }
@@ -148,7 +155,7 @@ private:
         for (std::size_t k = 0; k < byClones.size(); ++k) {
             threads.emplace_back([&, k, clone = session.clone()]() mutable {
                 for (std::size_t i = 0; i < kFrames; ++i) {
-                    byClones[k].push_back(render(clone, inOrder(k, i), counts[k]));
+                    byClones[k].push_back(renderOrFail(clone, inOrder(k, i), counts[k]));
                 }
             });
         }
@@ -161,6 +168,16 @@ private:
             for (std::size_t i = 0; i < kFrames; ++i) {
                 compare(inOrder(k, i), byClones[k][i], "by a clone among others");
             }
+        }
+    }
+
+    /// An exception would end the thread, and the program: its words are an outcome that no picture
+    /// agrees with.
+    Outcome renderOrFail(runtime::EffectSession& session, std::size_t index, Counts& counts) const {
+        try {
+            return render(session, giveUp_.get_token(), index, counts);
+        } catch (const Difference& difference) {
+            return std::string(difference.what());
         }
     }
 
@@ -179,7 +196,7 @@ private:
             requested = Clock::now();
             source.request_stop();
         });
-        Outcome outcome = render(session, 0, counts_);
+        Outcome outcome = render(session, source.get_token(), 0, counts_);
         const auto ended = Clock::now();
         stopper.join();
         counts_.longestStop = std::max<Seconds>(counts_.longestStop, ended - requested);

@@ -120,10 +120,23 @@ TEST_F(ReplacedInput, MayBeTheMask) {
 
 TEST_F(ReplacedInput, MayBeTheFileOfTheParameters) {
     fs::create_symlink("look.json", folder.file("out.png"));
+    fs::create_symlink("look.json", folder.file("out.svg"));
     before = contents();
-    expectRefused(
-        {"render", place("a.0.png"), "-o", place("out.png"), "--params", place("look.json")},
-        "file that the parameters are from");
+    const std::string look = place("./look.json");
+    for (const char* option : {"--preset", "--params"}) {
+        SCOPED_TRACE(option);
+        for (const char* command : {"render", "compare"}) {
+            expectRefused({command, place("a.0.png"), "-o", place("out.png"), option, look},
+                          "file that the parameters are from");
+        }
+        expectRefused({"render", place("a.0.png"), "-o", place("b.png"), option, look, "--save-job",
+                       place("look.json")},
+                      "look file");
+        expectRefused({"level", place("a.%d.png"), option, look, "--plot", place("out.svg")},
+                      "look file");
+        expectRefused({"level", "--frames", "0-1", option, look, "--plot", place("out.svg")},
+                      "look file");
+    }
 }
 
 TEST_F(ReplacedInput, IsSeenByEveryCommand) {
