@@ -39,7 +39,7 @@ Rational fromAv(const AVRational& value) {
 MasteringDisplay fromRecord(const AVMasteringDisplayMetadata& record) {
     MasteringDisplay display;
     if (record.has_primaries != 0) {
-        MasteringDisplay::Colours& colours = display.colours.emplace();
+        DisplayColours& colours = display.colours.emplace();
         for (std::size_t axis = 0; axis < 2; ++axis) {
             for (std::size_t i = 0; i < 3; ++i) {
                 colours.primaries[i][axis] = fromAv(record.display_primaries[i][axis]);

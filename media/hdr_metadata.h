@@ -13,20 +13,22 @@ struct AVStream;
 
 namespace ruvex::media {
 
+/// CIE 1931 coordinates x, y of red, green, blue and white.
+struct DisplayColours {
+    std::array<std::array<Rational, 2>, 3> primaries{};
+    std::array<Rational, 2> white{};
+};
+
+/// Candela per square metre.
+struct DisplayLuminance {
+    Rational least;
+    Rational most;
+};
+
 /// The display on which a video was graded (SMPTE ST 2086).
 struct MasteringDisplay {
-    /// CIE 1931 coordinates x, y of red, green, blue and white.
-    struct Colours {
-        std::array<std::array<Rational, 2>, 3> primaries{};
-        std::array<Rational, 2> white{};
-    };
-    /// Candela per square metre.
-    struct Luminance {
-        Rational least;
-        Rational most;
-    };
-    std::optional<Colours> colours{};
-    std::optional<Luminance> luminance{};
+    std::optional<DisplayColours> colours{};
+    std::optional<DisplayLuminance> luminance{};
 };
 
 /// Candela per square metre (CTA-861.3).
