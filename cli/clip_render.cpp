@@ -8,7 +8,6 @@
 #include "cli/job_report.h"
 #include "cli/messages.h"
 #include "cli/stop_signals.h"
-#include "files/numbered_path.h"
 #include "jobs/files_written.h"
 #include "jobs/frames_to_make.h"
 #include "jobs/run_render.h"
@@ -58,8 +57,7 @@ void checkReadFilesKept(const jobs::RenderPlan& plan, const RenderManner& manner
     }
     jobs::FilesWritten params;
     params.add(manner.saveParams);
-    params.checkInputKept(plan.input);
-    params.checkKept(files::NumberedPath(plan.mask).plain(), "mask");
+    params.checkInputKept(plan.input, plan.mask);
 }
 
 int runPlan(const jobs::RenderPlan& plan, const RenderManner& manner,

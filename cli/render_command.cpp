@@ -27,7 +27,7 @@ void checkSaveJob(const jobs::RenderJob& job, const RenderOptions& options) {
     inOptionWords([&] {
         jobs::FilesWritten written;
         written.add(options.saveJob);
-        written.checkInputKept(job.input);
+        written.checkInputKept(job.input, job.mask);
         for (const std::filesystem::path& look : lookFilesOf(options.parameters)) {
             written.checkKept(look, "look file");
         }

@@ -145,8 +145,8 @@ void PartialFile::keepMode() const {
 }
 
 void PartialFile::commit() {
-    // Some file systems report a failed write only when a descriptor of the file is closed.
     keepMode();
+    // Some file systems report a failed write only when a descriptor of the file is closed.
     const int copy = dup(lock_);
     if (copy >= 0 && close(copy) != 0) throw FileError(writeFailure(final_, errno));
     std::error_code error;

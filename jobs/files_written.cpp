@@ -50,7 +50,12 @@ void FilesWritten::checkKept(const fs::path& file, const char* what) const {
     check(files::identityOf(file), file, what);
 }
 
-void FilesWritten::checkInputKept(const fs::path& input) const {
+void FilesWritten::checkInputKept(const fs::path& input, const fs::path& mask) const {
+    checkClipKept(input);
+    checkKept(files::NumberedPath(mask).plain(), "mask");
+}
+
+void FilesWritten::checkClipKept(const fs::path& input) const {
     constexpr const char* kInput = "input";
     const files::NumberedPath names(input);
     if (isStream(input)) return check(files::identityOf(STDIN_FILENO), "standard input", kInput);

@@ -24,14 +24,17 @@ public:
     /// it as: "mask". An empty path is no file.
     void checkKept(const std::filesystem::path& file, const char* what) const;
 
-    /// The same for an input of a render: a file, all files of a sequence, or "-".
-    void checkInputKept(const std::filesystem::path& input) const;
+    /// The same for the input of a render (a file, all files of a sequence, or "-") and its mask,
+    /// which may be empty.
+    void checkInputKept(const std::filesystem::path& input,
+                        const std::filesystem::path& mask = {}) const;
 
 private:
     using Identity = std::optional<files::FileIdentity>;
 
     void add(const Identity& identity, const std::filesystem::path& file);
     void check(const Identity& identity, const std::filesystem::path& file, const char* what) const;
+    void checkClipKept(const std::filesystem::path& input) const;
 
     std::map<files::FileIdentity, std::filesystem::path> files_;
 };

@@ -57,8 +57,7 @@ void checkRoomForFrames(const RenderPlan& plan) {
 void checkReadFilesKept(const RenderPlan& plan) {
     FilesWritten written;
     written.addOutput(plan.output, plan.frames);
-    written.checkInputKept(plan.input);
-    written.checkKept(files::NumberedPath(plan.mask).plain(), "mask");
+    written.checkInputKept(plan.input, plan.mask);
 }
 
 /// Microseconds that a number of frames takes.

@@ -154,12 +154,18 @@ TEST_F(ReplacedInput, IsSeenByEveryCommand) {
 TEST_F(ReplacedInput, IsSeenInWhatIsWrittenBesideTheResult) {
     fs::create_symlink("a.1.png", folder.file("link.json"));
     fs::create_symlink("a.1.png", folder.file("link.svg"));
+    fs::create_symlink("mask.png", folder.file("mask.json"));
     before = contents();
     const std::string in = place("a.%d.png");
     expectRefused({"render", in, "-o", place("b.%d.png"), "--save-params", place("link.json")},
                   "input");
     expectRefused({"render", in, "-o", place("b.%d.png"), "--save-job", place("link.json")},
                   "input");
+    for (const char* option : {"--save-params", "--save-job"}) {
+        expectRefused({"render", in, "-o", place("b.%d.png"), "--mask", place("mask.png"), option,
+                       place("mask.json")},
+                      "mask");
+    }
     expectRefused({"level", in, "--plot", place("link.svg")}, "input");
     expectRefused({"level", in, "--save-params", place("link.json")}, "input");
 }
