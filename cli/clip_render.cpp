@@ -5,6 +5,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "cli/closing_line.h"
 #include "cli/job_report.h"
 #include "cli/messages.h"
 #include "cli/stop_signals.h"
@@ -12,6 +13,7 @@
 #include "jobs/frames_to_make.h"
 #include "jobs/run_render.h"
 #include "looks/session_look.h"
+#include "media/file_kind.h"
 
 namespace ruvex::cli {
 namespace {
@@ -29,10 +31,22 @@ public:
     void remark(const std::string& sentence) override {
         if (talk_ != Talk::Quiet) printWarnings({sentence});
     }
-    void frameWritten(std::int64_t) override { progress_->step(); }
-    void finished() override { progress_->finish(); }
+    void frameWritten() override { progress_->step(); }
+    void finished() override {
+        progress_->endLine();
+        if (talk_ != Talk::Quiet && tells()) {
+            printMessage(closingLine(plan_, progress_->done(), progress_->seconds()));
+        }
+    }
 
 private:
+    /// A still is made at once: there is nothing to tell, unless more is wanted.
+    bool tells() const {
+        const bool still =
+            media::isStill(media::fileKind(plan_.output)) && plan_.frames.count() == 1;
+        return !still || talk_ == Talk::Verbose;
+    }
+
     const jobs::RenderPlan& plan_;
     const media::ClipInfo clip_;
     Talk talk_;

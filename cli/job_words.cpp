@@ -28,6 +28,10 @@ std::string optionText(JobField field) {
             return "--field-order";
         case JobField::OutputFormat:
             return "--output-format";
+        case JobField::OutputSize:
+            return "--output-size";
+        case JobField::ResultAlpha:
+            return "--result-alpha";
         case JobField::ProjectSize:
             return "--project-size";
         case JobField::PixelAspect:

@@ -20,6 +20,10 @@ media::AlphaForm parseAlpha(const std::string& option, const std::string& text) 
     return parseChoice<media::AlphaForm>(option, text, "a form of alpha");
 }
 
+jobs::ResultAlpha parseResultAlpha(const std::string& option, const std::string& text) {
+    return parseChoice<jobs::ResultAlpha>(option, text, "a kind of alpha");
+}
+
 media::FileKind parseStreamFormat(const std::string& option, const std::string& text) {
     return parseChoice<media::FileKind>(option, text, "a kind of stream");
 }

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "jobs/clip_ends.h"
+#include "jobs/result_alpha.h"
 #include "media/clip_info.h"
 #include "media/file_kind.h"
 #include "media/pixels/alpha.h"
@@ -13,6 +14,9 @@ namespace ruvex::cli {
 
 /// "straight" or "premultiplied".
 media::AlphaForm parseAlpha(const std::string& option, const std::string& text);
+
+/// "effect" or "opaque".
+jobs::ResultAlpha parseResultAlpha(const std::string& option, const std::string& text);
 
 /// "y4m", "rgba8" or "s214".
 media::FileKind parseStreamFormat(const std::string& option, const std::string& text);

@@ -12,17 +12,13 @@ namespace ruvex::cli {
 /// How much a command says of its progress.
 enum class Talk { Quiet, Usual, Verbose };
 
-/// "50 of 200 frames, 25.0 a second, 6 s left". `frames` is nothing where the end is not known;
-/// what cannot be told yet is left out.
-std::string progressText(std::int64_t done, std::optional<std::int64_t> frames, double seconds);
-
-/// "7 s", "2 min 05 s", "1 h 02 min"; rounded.
-std::string durationText(double seconds);
+/// "50 of 200 frames, 25.0 a second, 6 s left". `frames` is empty where the end is not known, and
+/// `rate`, in frames a second, is 0 where it is not known yet.
+std::string progressText(std::int64_t done, std::optional<std::int64_t> frames, double rate);
 
 /// Writes to the standard error stream: on a terminal one line that changes, elsewhere a line now
-/// and then, so that a short render is silent there; nothing when quiet. When verbose, a last line
-/// tells what it took. The line ends with the object, so that what follows stands on a line of its
-/// own.
+/// and then; nothing when quiet. The line ends with the object or with endLine, so that what
+/// follows stands on a line of its own.
 class Progress {
 public:
     explicit Progress(std::optional<std::int64_t> frames, Talk talk = Talk::Usual);
@@ -33,13 +29,17 @@ public:
     /// One more frame is done.
     void step();
 
-    /// All of them are.
-    void finish();
+    /// Ends the line on the terminal.
+    void endLine();
+
+    /// Since the object was made.
+    double seconds() const;
+    std::int64_t done() const { return done_; }
 
 private:
     using Clock = std::chrono::steady_clock;
 
-    double seconds() const;
+    double rate() const;
     void show();
 
     Talk talk_;
@@ -48,7 +48,8 @@ private:
     std::int64_t done_ = 0;
     int width_ = 0;  ///< Of the line on the terminal.
     Clock::time_point start_ = Clock::now();
-    Clock::time_point last_ = start_;
+    Clock::time_point first_ = start_;  ///< When the first frame was done.
+    Clock::time_point last_ = start_;   ///< When the line was last written.
 };
 
 }  // namespace ruvex::cli

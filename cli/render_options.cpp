@@ -41,6 +41,14 @@ OptionTable renderOptions(RenderOptions& options) {
          "How input and output store colour beside alpha; default: EXR premultiplied, everything "
          "else straight. The effect works on straight colour",
          &options.alpha},
+        {"--result-alpha", "effect|opaque",
+         "Alpha of the result: as the effect gives it, or full; default: effect for inputs with "
+         "alpha and for raw frames, else opaque",
+         &options.resultAlpha},
+        {"--output-size", "WxH",
+         "Render at the input's size, and scale the result to this one by area averaging; default: "
+         "the input's size",
+         &options.outputSize},
         {"--codec", "ffv1|h264|h265|prores",
          "How video is coded; default: H.264 in .mp4 and .m4v, ProRes 4444 in .mov, FFV1 in "
          ".mkv",

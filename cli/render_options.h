@@ -20,6 +20,8 @@ struct RenderOptions {
     std::string frames;
     std::string depth;
     std::string alpha;
+    std::string resultAlpha;
+    std::string outputSize;
     std::string codec;
     std::string quality;
     std::string inputFormat;

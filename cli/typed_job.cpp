@@ -34,6 +34,8 @@ void readInput(const RenderOptions& options, jobs::RenderJob& job) {
 void readOutput(const RenderOptions& options, jobs::RenderJob& job) {
     job.output = options.output;
     job.outputFormat = ifGiven("--output-format", options.outputFormat, parseStreamFormat);
+    job.outputSize = ifGiven("--output-size", options.outputSize, parseSize);
+    job.resultAlpha = ifGiven("--result-alpha", options.resultAlpha, parseResultAlpha);
     if (!options.codec.empty()) job.codec = options.codec;
     job.quality = ifGiven("--quality", options.quality, wholeFrom(1, 100));
     job.resume = options.resume;

@@ -46,7 +46,8 @@ std::optional<Note> emptyFramesNote(const RenderPlan& plan) {
     return Note{JobField::Input,
                 "At a Resolution below " + shown + ", nothing is left of " +
                     (plan.fields == media::FieldOrder::Progressive ? "pictures" : "fields") +
-                    " of " + toText(picture) + ": such frames are black and transparent."};
+                    " of " + toText(picture) + ": such frames are black" +
+                    (plan.opaque ? "." : " and transparent.")};
 }
 
 }  // namespace ruvex::jobs

@@ -7,6 +7,8 @@
 #include "jobs/field_region.h"
 #include "jobs/frame_memory.h"
 #include "jobs/mask.h"
+#include "jobs/output_scaling.h"
+#include "media/pixels/alpha.h"
 
 namespace ruvex::jobs {
 
@@ -17,6 +19,7 @@ FrameRenderer::FrameRenderer(const RenderPlan& plan, std::shared_ptr<SharedClip>
       input_(std::make_shared<ClipInput>(clip_, plan.project, plan.ends)),
       renderer_(plan, input_, std::move(stop)) {
     if (!plan.mask.empty()) readMasks();
+    if (const auto scaling = outputScaling(plan)) scaler_.emplace(*scaling);
 }
 
 void FrameRenderer::readMasks() {
@@ -37,7 +40,8 @@ FrameRenderer::FrameRenderer(const FrameRenderer& other, std::shared_ptr<ClipInp
       input_(std::move(input)),
       renderer_(other.renderer_.clone(input_)),
       mask_(other.mask_),
-      fieldMasks_(other.fieldMasks_) {}
+      fieldMasks_(other.fieldMasks_),
+      scaler_(other.scaler_) {}
 
 FrameRenderer FrameRenderer::clone() const {
     return {*this, std::make_shared<ClipInput>(clip_, plan_.project, plan_.ends)};
@@ -45,15 +49,23 @@ FrameRenderer FrameRenderer::clone() const {
 
 bool FrameRenderer::render(std::int64_t number, const media::Frame& source, media::Frame& result) {
     try {
-        return renderFrame(number, source, result);
+        return renderResult(number, source, result);
     } catch (const std::bad_alloc&) {
         throw FrameOutOfMemory(number);
     }
 }
 
+bool FrameRenderer::renderResult(std::int64_t number, const media::Frame& source,
+                                 media::Frame& result) {
+    if (!renderFrame(number, source, scaler_ ? unscaled_ : result)) return false;
+    if (scaler_) scaler_->scale(unscaled_, result);
+    if (plan_.opaque) media::makeOpaque(result);
+    return true;
+}
+
 bool FrameRenderer::renderFrame(std::int64_t number, const media::Frame& source,
                                 media::Frame& result) {
-    media::makeRoom(result, plan_.writing.size, plan_.depth);
+    media::makeRoom(result, renderedSize(plan_), plan_.depth);
     if (!plan_.comparison) return renderEffect(number, source, result);
     media::makeRoom(after_, plan_.size, plan_.depth);
     if (!renderEffect(number, source, after_)) return false;

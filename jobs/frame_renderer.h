@@ -4,11 +4,13 @@
 
 #include <array>
 #include <memory>
+#include <optional>
 #include <stop_token>
 
 #include "jobs/clip_input.h"
 #include "jobs/picture_renderer.h"
 #include "jobs/render_plan.h"
+#include "media/pixels/area_scaler.h"
 #include "media/pixels/fields.h"
 
 namespace ruvex::jobs {
@@ -40,6 +42,8 @@ private:
     FrameRenderer(const FrameRenderer& other, std::shared_ptr<ClipInput> input);
 
     void readMasks();
+    bool renderResult(std::int64_t number, const media::Frame& source, media::Frame& result);
+    /// In the size that is rendered.
     bool renderFrame(std::int64_t number, const media::Frame& source, media::Frame& result);
     bool renderEffect(std::int64_t number, const media::Frame& source, media::Frame& result);
     bool renderField(media::Field field, double time, std::int64_t number,
@@ -53,7 +57,9 @@ private:
     std::array<ComPtr<IDSImage>, 2> fieldMasks_;  ///< Of top and bottom fields; may be null.
     media::Frame fieldSource_;
     media::Frame fieldResult_;
-    media::Frame after_;  ///< The render that a comparison shows.
+    media::Frame after_;                       ///< The render that a comparison shows.
+    std::optional<media::AreaScaler> scaler_;  ///< Empty where the result is as large as rendered.
+    media::Frame unscaled_;
 };
 
 }  // namespace ruvex::jobs

@@ -19,6 +19,8 @@ enum class JobField {
     FieldOrder,
     Output,
     OutputFormat,
+    OutputSize,
+    ResultAlpha,
     Codec,
     Quality,
     Frames,

@@ -28,6 +28,8 @@ void visitFields(Job& job, const Visitor& visitor) {
     visitor(JobField::FieldOrder, job.fieldOrder);
     visitor(JobField::Output, job.output);
     visitor(JobField::OutputFormat, job.outputFormat);
+    visitor(JobField::OutputSize, job.outputSize);
+    visitor(JobField::ResultAlpha, job.resultAlpha);
     visitor(JobField::Codec, job.codec);
     visitor(JobField::Quality, job.quality);
     visitor(JobField::Frames, job.frames);

@@ -19,6 +19,13 @@ std::span<const NamedChoice<media::FieldOrder>> namedChoices() {
 }
 
 template <>
+std::span<const NamedChoice<ResultAlpha>> namedChoices() {
+    using enum ResultAlpha;
+    static constexpr NamedChoice<ResultAlpha> kAll[] = {{Effect, "effect"}, {Opaque, "opaque"}};
+    return kAll;
+}
+
+template <>
 std::span<const NamedChoice<ClipEnds>> namedChoices() {
     using enum ClipEnds;
     static constexpr NamedChoice<ClipEnds> kAll[] = {

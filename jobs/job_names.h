@@ -9,6 +9,7 @@
 
 #include "jobs/clip_ends.h"
 #include "jobs/comparison.h"
+#include "jobs/result_alpha.h"
 #include "media/clip_info.h"
 #include "media/file_kind.h"
 #include "media/pixels/alpha.h"
@@ -22,9 +23,9 @@ struct NamedChoice {
 };
 
 /// All choices of a kind, with their names. Choice is one of AlphaForm ("straight",
-/// "premultiplied"), FieldOrder ("top", "bottom", "none"), ClipEnds ("blank", "hold", "loop"),
-/// Comparison::Kind ("sideBySide", "split"), or FileKind, of which only the kinds that a stream may
-/// hold have names ("y4m", "rgba8", "s214").
+/// "premultiplied"), FieldOrder ("top", "bottom", "none"), ResultAlpha ("effect", "opaque"),
+/// ClipEnds ("blank", "hold", "loop"), Comparison::Kind ("sideBySide", "split"), or FileKind, of
+/// which only the kinds that a stream may hold have names ("y4m", "rgba8", "s214").
 template <class Choice>
 std::span<const NamedChoice<Choice>> namedChoices();
 
@@ -32,6 +33,8 @@ template <>
 std::span<const NamedChoice<media::AlphaForm>> namedChoices();
 template <>
 std::span<const NamedChoice<media::FieldOrder>> namedChoices();
+template <>
+std::span<const NamedChoice<ResultAlpha>> namedChoices();
 template <>
 std::span<const NamedChoice<ClipEnds>> namedChoices();
 template <>

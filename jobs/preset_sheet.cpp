@@ -6,6 +6,7 @@
 
 #include "jobs/frame_renderer.h"
 #include "looks/presets.h"
+#include "media/pixels/area_scaler.h"
 #include "media/pixels/frame_convert.h"
 #include "media/stills/contact_sheet.h"
 #include "parameters/presets.h"
@@ -18,8 +19,8 @@ constexpr int kColumns = 3;
 constexpr int kLongestSide = 720;
 
 media::Frame small(const media::Frame& frame) {
-    return media::scaleDown(media::convertDepth(frame, media::Depth::Bits8),
-                            media::fitInto(frame.size(), kLongestSide));
+    return media::areaScaled(media::convertDepth(frame, media::Depth::Bits8),
+                             media::fitInto(frame.size(), kLongestSide));
 }
 
 }  // namespace

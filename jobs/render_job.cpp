@@ -157,6 +157,7 @@ void checkJob(const RenderJob& job) {
     checkStreamFormat(JobField::InputFormat, job.inputFormat, job.input);
     checkStreamFormat(JobField::OutputFormat, job.outputFormat, job.output);
     checkSize(JobField::Size, job.size);
+    checkSize(JobField::OutputSize, job.outputSize);
     checkProjectSize(job);
     checkRate(job);
     checkPixelAspect(job);

@@ -11,6 +11,7 @@
 #include "jobs/comparison.h"
 #include "jobs/frame_range.h"
 #include "jobs/job_error.h"
+#include "jobs/result_alpha.h"
 #include "looks/parameter_change.h"
 #include "media/frame_reader.h"
 
@@ -36,11 +37,14 @@ struct RenderJob {
     std::optional<media::FieldOrder> fieldOrder{};  ///< Of the input.
     std::filesystem::path output{};                 ///< "-" is standard output.
     std::optional<media::FileKind> outputFormat{};  ///< Of standard output.
-    std::optional<std::string> codec{};             ///< Of video: "ffv1".
-    std::optional<int> quality{};                   ///< Of lossy kinds: 1 to 100.
-    std::optional<FrameRange> frames{};             ///< All of the clip without it.
-    std::optional<media::Depth> depth{};            ///< Of the chain.
-    std::optional<int> workers{};                   ///< Shares of a picture's rows.
+    /// The result is scaled to this size after it has been rendered; the input's size without it.
+    std::optional<media::FrameSize> outputSize{};
+    std::optional<ResultAlpha> resultAlpha{};  ///< By the input without it; see usualResultAlpha.
+    std::optional<std::string> codec{};        ///< Of video: "ffv1".
+    std::optional<int> quality{};              ///< Of lossy kinds: 1 to 100.
+    std::optional<FrameRange> frames{};        ///< All of the clip without it.
+    std::optional<media::Depth> depth{};       ///< Of the chain.
+    std::optional<int> workers{};              ///< Shares of a picture's rows.
     std::optional<media::FrameSize>
         projectSize{};         ///< Up to kLongestProjectSide; the input's size without it.
     double pixelAspect = 1.0;  ///< Width of a project pixel over its height, from kLeastPixelAspect

@@ -7,6 +7,7 @@
 #include "jobs/clip_choice.h"
 #include "jobs/empty_frames.h"
 #include "jobs/files_written.h"
+#include "jobs/output_scaling.h"
 #include "media/file_kind.h"
 #include "media/media_error.h"
 #include "media/pixels/fields.h"
@@ -107,10 +108,12 @@ media::ClipTags tagsOf(const media::ClipInfo& clip, const RenderPlan& plan) {
 
 media::WriteOptions writingOf(const RenderJob& job, const media::ClipInfo& clip,
                               const RenderPlan& plan) {
-    return {.size = job.comparison ? comparedSize(*job.comparison, plan.size) : plan.size,
+    const media::FrameSize rendered = renderedSize(plan);
+    const media::FrameSize size = job.outputSize.value_or(rendered);
+    return {.size = size,
             .depth = plan.depth,
             .rate = plan.rate,
-            .pixelAspect = clip.pixelAspect,
+            .pixelAspect = scaledPixelAspect(clip.pixelAspect, rendered, size),
             .colour = clip.colour,
             .hdr = clip.hdr,
             .alpha = job.alpha,
@@ -122,6 +125,21 @@ media::WriteOptions writingOf(const RenderJob& job, const media::ClipInfo& clip,
             .chroma = clip.chroma,
             .fields = job.fieldOrder.value_or(clip.fields),
             .tags = tagsOf(clip, plan)};
+}
+
+bool holdsRawFrames(const RenderJob& job) {
+    const media::FileKind kind = media::fileKind(job.output);
+    return media::rawDepth(kind == media::FileKind::Stream ? job.outputFormat.value_or(kind) : kind)
+        .has_value();
+}
+
+/// Whether the result is made opaque. The holes that the effect makes in a picture without alpha
+/// would let other tracks of a time line through; who makes raw frames wants what the effect made.
+bool isOpaque(const RenderJob& job, const media::ClipInfo& clip,
+              const media::WriteOptions& writing) {
+    if (!storesAlpha(job.output, writing)) return false;
+    if (job.resultAlpha) return *job.resultAlpha == ResultAlpha::Opaque;
+    return !clip.hasAlpha && !holdsRawFrames(job);
 }
 
 void noteFields(const RenderJob& job, const media::ClipInfo& clip, std::vector<Note>& notes) {
@@ -152,6 +170,10 @@ RenderPlan planFromJob(const RenderJob& job) {
 
 }  // namespace
 
+media::FrameSize renderedSize(const RenderPlan& plan) {
+    return plan.comparison ? comparedSize(*plan.comparison, plan.size) : plan.size;
+}
+
 RenderPlan planRender(const RenderJob& job, const media::ClipInfo& clip, std::vector<Note>& notes) {
     checkJob(job);
     RenderPlan plan = planFromJob(job);
@@ -169,6 +191,7 @@ RenderPlan planRender(const RenderJob& job, const media::ClipInfo& clip, std::ve
     const media::FrameSize project = job.projectSize.value_or(plan.size);
     plan.project = {project.width, project.height, job.pixelAspect, plan.rate.value()};
     plan.writing = writingOf(job, clip, plan);
+    plan.opaque = isOpaque(job, clip, plan.writing);
     plan.fields = fieldsToRender(job, clip, plan.writing.fields);
     checkPictureSize(JobField::Output, plan.writing.size, plan.depth, job.output);
     if (const auto note = emptyFramesNote(plan)) notes.push_back(*note);

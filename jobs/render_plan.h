@@ -32,11 +32,16 @@ struct RenderPlan {
     std::filesystem::path mask;  ///< Empty: no mask.
     ClipEnds ends = ClipEnds::Blank;
     std::optional<Comparison> comparison;
+    bool opaque = false;  ///< Set the alpha of the result to full.
     int framesAtOnce = 1;
     bool resume = false;
     std::filesystem::path output;
     media::WriteOptions writing;
 };
+
+/// The size of what is rendered, both pictures of a comparison included. The result is scaled from
+/// it to the size in `plan.writing`.
+media::FrameSize renderedSize(const RenderPlan& plan);
 
 /// Checks the job and completes it from what is known of its input. Throws JobError for what
 /// this clip cannot give, such as frames or a region outside it, or several frames in one still,

@@ -29,13 +29,13 @@ RenderEnd render(const RenderPlan& plan, std::unique_ptr<media::FrameReader> rea
     files::removeAbandoned(plan.output);
     media::WriteOptions writing = plan.writing;
     writing.stop = stop;
+    writing.written = [&] { events.frameWritten(); };
     const auto writer = media::openWriter(plan.output, writing);
     for (const std::string& remark : writer->remarks()) {
         events.remark(remark);
     }
     const bool all = pipeline.run(frames, [&](std::int64_t number, const media::Frame& result) {
         writer->write(number, result);
-        events.frameWritten(number);
     });
     if (!all) return RenderEnd::Stopped;
     writer->finish();

@@ -2,7 +2,6 @@
 
 #pragma once
 
-#include <cstdint>
 #include <memory>
 #include <stop_token>
 #include <string>
@@ -20,8 +19,9 @@ public:
     virtual void begun(const FramesToMake& frames) { static_cast<void>(frames); }
     /// A sentence about the result that the user should know.
     virtual void remark(const std::string& sentence) { static_cast<void>(sentence); }
-    /// A frame was handed to the writer.
-    virtual void frameWritten(std::int64_t number) { static_cast<void>(number); }
+    /// A frame has been written. An encoder holds frames back, so this may be a while after it was
+    /// rendered.
+    virtual void frameWritten() {}
     /// The result is complete.
     virtual void finished() {}
 };

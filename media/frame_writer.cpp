@@ -42,6 +42,20 @@ std::string codecName(const std::filesystem::path& path, const std::optional<std
     }
 }
 
+bool storesAlpha(const std::filesystem::path& path, const WriteOptions& options) {
+    switch (fileKind(path)) {
+        case FileKind::Jpeg:
+        case FileKind::Y4m:
+            return false;
+        case FileKind::Stream:
+            return rawDepth(options.format.value_or(FileKind::Y4m)).has_value();
+        case FileKind::Video:
+            return findVideoCodec(path, options.codec)->alpha;
+        default:
+            return true;
+    }
+}
+
 std::string writableEndings() {
     return ".mp4, .m4v, .mov, .mkv, .y4m, .png, .tif, .tiff, .exr, .dpx, .jpg, .jpeg, .rgba8, "
            ".s214";

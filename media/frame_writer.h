@@ -3,10 +3,12 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <stop_token>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "media/clip_info.h"
@@ -39,6 +41,9 @@ struct WriteOptions {
     ClipTags tags{};                              ///< For video.
     /// A request to stop makes opening and writing throw Stopped where they would wait.
     std::stop_token stop{};
+    /// Called on the writing thread for each frame that has been written. An encoder holds frames
+    /// back, so this may be calls of `write` later, or in `finish`.
+    std::function<void()> written{};
 };
 
 /// Writes frames in the order of their numbers. A file appears under its final name only when it is
@@ -49,7 +54,8 @@ public:
     FrameWriter(const FrameWriter&) = delete;
     FrameWriter& operator=(const FrameWriter&) = delete;
 
-    /// `frame` must have the size and depth of the options. Throws MediaError.
+    /// `frame` must have the size and depth of the options. Throws MediaError, and what
+    /// WriteOptions::written throws.
     virtual void write(std::int64_t number, const Frame& frame) = 0;
 
     /// Completes the result; to be called once, after the last frame. Throws MediaError.
@@ -59,7 +65,15 @@ public:
     virtual std::vector<std::string> remarks() const { return {}; }
 
 protected:
-    FrameWriter() = default;
+    explicit FrameWriter(std::function<void()> written) : written_(std::move(written)) {}
+
+    /// To be called for each frame that has been written.
+    void reportWritten() const {
+        if (written_) written_();
+    }
+
+private:
+    std::function<void()> written_;
 };
 
 /// Opens a writer for the kind of file that the extension says:
@@ -79,6 +93,9 @@ bool canWrite(const std::filesystem::path& path);
 /// `codec` must be valid for openWriter.
 std::string codecName(const std::filesystem::path& path,
                       const std::optional<std::string>& codec = {});
+
+/// Whether the result holds alpha. `path` and the options must be valid for openWriter.
+bool storesAlpha(const std::filesystem::path& path, const WriteOptions& options);
 
 /// The extensions that openWriter knows, for messages.
 std::string writableEndings();

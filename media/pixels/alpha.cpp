@@ -61,6 +61,15 @@ Frame changed(const Frame& frame, Depth depth, Change change) {
                                          : changedFrom<std::int16_t>(frame, depth, change);
 }
 
+template <typename T>
+void fillAlpha(Frame& frame) {
+    auto* component = reinterpret_cast<T*>(frame.bytes().data());
+    auto* const end = component + frame.bytes().size() / sizeof(T);
+    for (; component != end; component += kChannels) {
+        component[kAlpha] = static_cast<T>(ComponentOf<T>::kWhite);
+    }
+}
+
 }  // namespace
 
 Frame unpremultiplied(const Frame& frame, Depth depth) {
@@ -69,6 +78,14 @@ Frame unpremultiplied(const Frame& frame, Depth depth) {
 
 Frame premultiplied(const Frame& frame, Depth depth) {
     return changed(frame, depth, [](double colour, double alpha) { return colour * alpha; });
+}
+
+void makeOpaque(Frame& frame) {
+    if (frame.depth() == Depth::Bits8) {
+        fillAlpha<std::uint8_t>(frame);
+    } else {
+        fillAlpha<std::int16_t>(frame);
+    }
 }
 
 }  // namespace ruvex::media

@@ -18,4 +18,7 @@ Frame unpremultiplied(const Frame& frame, Depth depth);
 /// kept, so that `unpremultiplied` restores them. Components are rounded once, to the nearest.
 Frame premultiplied(const Frame& frame, Depth depth);
 
+/// Sets alpha to full; colours are kept.
+void makeOpaque(Frame& frame);
+
 }  // namespace ruvex::media

@@ -1,11 +1,7 @@
 #include "media/pixels/frame_convert.h"
 
 #include <algorithm>
-#include <cstring>
-#include <new>
 
-#include "media/av_library.h"
-#include "media/pixels/plane_line.h"
 #include "media/pixels/sample_convert.h"
 
 namespace ruvex::media {
@@ -37,27 +33,6 @@ FrameSize fitInto(FrameSize size, int most) {
         return std::max(1, static_cast<int>((std::int64_t{side} * most + longer / 2) / longer));
     };
     return {fitted(size.width), fitted(size.height)};
-}
-
-Frame scaleDown(Frame frame, FrameSize size) {
-    if (frame.size() == size) {
-        return frame;
-    }
-    const Scaler scaler(sws_getContext(
-        frame.width(), frame.height(), AV_PIX_FMT_RGBA, size.width, size.height, AV_PIX_FMT_RGBA,
-        SWS_AREA | SWS_ACCURATE_RND | SWS_BITEXACT, nullptr, nullptr, nullptr));
-    if (!scaler) {
-        throw std::bad_alloc();
-    }
-    const AvFrame scaled = newPicture(size.width, size.height, AV_PIX_FMT_RGBA);
-    const std::uint8_t* from = frame.row8(0);
-    const int stride = static_cast<int>(frame.rowBytes());
-    sws_scale(scaler.get(), &from, &stride, 0, frame.height(), scaled->data, scaled->linesize);
-    Frame result(size, Depth::Bits8);
-    for (int y = 0; y < size.height; ++y) {
-        std::memcpy(result.row(y), planeLine(*scaled, 0, y), result.rowBytes());
-    }
-    return result;
 }
 
 }  // namespace ruvex::media

@@ -1,4 +1,4 @@
-// Frames converted to another depth or scaled to a smaller size.
+// Frames converted to another depth, and sizes fitted into others.
 
 #pragma once
 
@@ -13,9 +13,5 @@ Frame convertDepth(Frame frame, Depth depth);
 /// The largest size of the same proportions whose longer side has at most `most` pixels; the
 /// shorter side is rounded, at least 1. A size within the limit is returned unchanged.
 FrameSize fitInto(FrameSize size, int most);
-
-/// An 8-bit frame scaled to a smaller size by area averaging. A frame of this size is returned
-/// unchanged.
-Frame scaleDown(Frame frame, FrameSize size);
 
 }  // namespace ruvex::media

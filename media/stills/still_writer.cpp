@@ -8,12 +8,12 @@
 namespace ruvex::media {
 
 StillWriter::StillWriter(const std::filesystem::path& path, const WriteOptions& options)
-    : files_(path), kind_(fileKind(path)), options_(options) {
+    : FrameWriter(options.written), files_(path), kind_(fileKind(path)), options_(options) {
     checkFrameSize(options.size, options.depth, path.string());
 }
 
 void StillWriter::write(std::int64_t number, const Frame& frame) {
-    if (!files_.isPattern() && written_ > 0) {
+    if (!files_.isPattern() && count_ > 0) {
         throw MediaError(files_.text() +
                          " holds one frame only. For several, use a pattern of numbered files "
                          "such as shot.%05d.png.");
@@ -26,7 +26,8 @@ void StillWriter::write(std::int64_t number, const Frame& frame) {
     } else {
         writeStill(file, frame, {options_.pixelAspect, options_.alpha, options_.quality});
     }
-    ++written_;
+    ++count_;
+    reportWritten();
 }
 
 }  // namespace ruvex::media

@@ -23,7 +23,7 @@ private:
     files::NumberedPath files_;
     FileKind kind_;
     WriteOptions options_;
-    int written_ = 0;
+    int count_ = 0;  ///< Frames written so far.
 };
 
 }  // namespace ruvex::media

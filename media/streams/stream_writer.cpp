@@ -38,14 +38,19 @@ Y4mHeader headerFor(const WriteOptions& options) {
 }  // namespace
 
 StreamWriter::StreamWriter(int descriptor, std::string name, const WriteOptions& options)
-    : options_(options), stream_(descriptor, std::move(name), options.stop) {
+    : FrameWriter(options.written),
+      options_(options),
+      stream_(descriptor, std::move(name), options.stop) {
     // Without this, a reader that ends early would kill the process instead of failing the write.
     std::signal(SIGPIPE, SIG_IGN);
     begin();
 }
 
 StreamWriter::StreamWriter(const std::filesystem::path& path, const WriteOptions& options)
-    : options_(options), file_(path), stream_(file_->descriptor(), path.string()) {
+    : FrameWriter(options.written),
+      options_(options),
+      file_(path),
+      stream_(file_->descriptor(), path.string()) {
     options_.format = FileKind::Y4m;
     begin();
 }
@@ -73,6 +78,7 @@ void StreamWriter::write(std::int64_t, const Frame& frame) {
     } else {
         writeStored(frame);
     }
+    reportWritten();
 }
 
 void StreamWriter::writeStored(const Frame& frame) {

@@ -48,7 +48,8 @@ bool VideoWriter::canWrite(const std::filesystem::path& path) {
 }
 
 VideoWriter::VideoWriter(const std::filesystem::path& path, const WriteOptions& options)
-    : path_(path),
+    : FrameWriter(options.written),
+      path_(path),
       codec_(codecOf(path, options)),
       alpha_(options.alpha),
       fields_(options.fields),
@@ -129,7 +130,7 @@ AvFrame VideoWriter::pack(const Frame& frame) {
 
 void VideoWriter::write(std::int64_t, const Frame& frame) {
     const AvFrame picture = toPicture(frame);
-    picture->pts = written_++;
+    picture->pts = sent_++;
     // The ProRes encoder takes the marks of its frames from these fields.
     picture->color_primaries = coder_->color_primaries;
     picture->color_trc = coder_->color_trc;
@@ -138,7 +139,7 @@ void VideoWriter::write(std::int64_t, const Frame& frame) {
     picture->interlaced_frame = isInterlaced(*coder_) ? 1 : 0;
     picture->top_field_first = coder_->field_order == AV_FIELD_TT ? 1 : 0;
     encode(picture.get());
-    check(copy_->writeUntil(av_rescale_q(written_, coder_->time_base, {1, AV_TIME_BASE})));
+    check(copy_->writeUntil(av_rescale_q(sent_, coder_->time_base, {1, AV_TIME_BASE})));
 }
 
 void VideoWriter::encode(const AVFrame* picture) {
@@ -165,6 +166,7 @@ void VideoWriter::encode(const AVFrame* picture) {
         packet_->dts += lead;
         check(av_interleaved_write_frame(format_.get(), packet_.get()));
         check(format_->pb->error);
+        reportWritten();
     }
 }
 

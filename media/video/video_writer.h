@@ -60,7 +60,7 @@ private:
     AvPacket packet_;
     std::optional<StreamCopy> copy_;
     std::optional<FrameToYuv> convert_;  ///< Empty for a codec that takes RGB.
-    std::int64_t written_ = 0;           ///< Frames written so far.
+    std::int64_t sent_ = 0;              ///< Frames sent to the encoder so far.
 };
 
 }  // namespace ruvex::media

@@ -123,7 +123,7 @@ TEST(Sound, IsCopiedWhereverItsContainerTakesIt) {
                          in);
         const Outcome outcome = ruvex({"render", in, "-o", folder.file(to)});
         EXPECT_EQ(outcome.status, 0) << outcome.err;
-        EXPECT_EQ(outcome.err, "") << coding;
+        EXPECT_EQ(outcome.messages(), "") << coding;
         EXPECT_EQ(soundOf(folder, folder.file(to)), soundOf(folder, in)) << coding;
     }
 }
@@ -183,7 +183,7 @@ TEST_P(UnevenClips, LoseNoPicture) {
         EXPECT_EQ(changesIn(folder.file(name)), clip.pictures) << name;
         EXPECT_TRUE(holds(outcome.err, "uneven length")) << outcome.err;
         EXPECT_FALSE(holds(outcome.err, "left out")) << outcome.err;
-        EXPECT_EQ(std::count(outcome.err.begin(), outcome.err.end(), '\n'), 1) << outcome.err;
+        EXPECT_EQ(std::ranges::count(outcome.messages(), '\n'), 1) << outcome.err;
     }
 }
 

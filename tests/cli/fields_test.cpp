@@ -256,7 +256,7 @@ TEST(FieldsOfVideo, AreFoundByItsMarks) {
     EXPECT_NE(whole.err.find("bottom field first"), std::string::npos) << whole.err;
     const Outcome fields = ruvex(job + Arguments{"--fields"});
     EXPECT_EQ(fields.status, 0);
-    EXPECT_EQ(fields.err, "");
+    EXPECT_EQ(fields.messages(), "");
     EXPECT_EQ(media::probe(folder.file("out.mkv"), "stream=field_order,nb_read_frames"),
               "field_order=bb\nnb_read_frames=10\n");
     ASSERT_EQ(ruvex(job + Arguments{"--field-order", "none"}).status, 0);

@@ -193,7 +193,8 @@ TEST(RenderStills, CropBottomCropsWhatIsBelow) {
         "-filter_complex 'vstack,format=rgb24' -frames:v 1",
         folder.file("a.png"));
     expectDone({folder.file("a.png"), "-o", folder.file("b.png"), "--set", "Display Cropped=on",
-                "--set", "Crop Bottom=50", "--set", "Blank Cropped=on"});
+                "--set", "Crop Bottom=50", "--set", "Blank Cropped=on", "--result-alpha",
+                "effect"});
     media::runFfmpeg(
         "-i '" + folder.file("b.png").string() + "' -vf format=rgba -f rawvideo -pix_fmt rgba",
         folder.file("b.rgba8"));

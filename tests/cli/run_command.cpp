@@ -2,6 +2,7 @@
 
 #include <array>
 #include <poll.h>
+#include <regex>
 #include <signal.h>
 #include <spawn.h>
 #include <stdexcept>
@@ -37,6 +38,11 @@ void readAll(int out, int err, Outcome& outcome) {
 }
 
 }  // namespace
+
+std::string Outcome::messages() const {
+    static const std::regex kClosingLine(R"(ruvex: [^\n]*: \d+ frames? in [^\n]*\.\n$)");
+    return std::regex_replace(err, kClosingLine, "");
+}
 
 RunningCommand::RunningCommand(const Arguments& arguments, int input) {
     int out[2];

@@ -14,6 +14,9 @@ struct Outcome {
     int status = -1;  ///< The exit status; -1 if a signal ended the command.
     std::string out;
     std::string err;
+
+    /// `err` without the line that tells what a finished render took and made.
+    std::string messages() const;
 };
 
 using Arguments = std::vector<std::string>;

@@ -95,7 +95,7 @@ TEST_F(StreamCopies, SubtitlesChaptersAndAttachmentsAreCopied) {
     const fs::path in = clip("in.mkv", "srt", attachment());
     const Outcome outcome = render(in, "out.mkv");
     EXPECT_EQ(outcome.status, 0);
-    EXPECT_EQ(outcome.err, "");
+    EXPECT_EQ(outcome.messages(), "");
     const fs::path out = folder.file("out.mkv");
     expectNear(subtitlesOf(out), {0.5, 1.0, 2.0, 1.8}, 0.001);
     expectNear(chaptersOf(out), {0, 1.5, 1.5, 4}, 0.001);
@@ -125,14 +125,14 @@ TEST_F(StreamCopies, SubtitlesOfMp4StayInMp4) {
     const fs::path in = clip("in.mp4", "mov_text", "");
     for (const char* name : {"out.mp4", "out.mov"}) {
         const Outcome outcome = render(in, name);
-        EXPECT_EQ(outcome.err, "");
+        EXPECT_EQ(outcome.messages(), "");
         EXPECT_EQ(subtitlesOf(folder.file(name)), subtitlesOf(in)) << name;
         expectNear(chaptersOf(folder.file(name)), {0, 1.5, 1.5, 4}, 0.001);
     }
     const Outcome other = render(in, "out.mkv");
     EXPECT_EQ(other.status, 0);
     EXPECT_TRUE(holds(other.err, "mov_text are left out")) << other.err;
-    EXPECT_EQ(lines(other.err), 1) << other.err;
+    EXPECT_EQ(lines(other.messages()), 1) << other.err;
 }
 
 TEST_F(StreamCopies, WhatTheContainerCannotHoldIsToldInOneLineEach) {
@@ -142,7 +142,7 @@ TEST_F(StreamCopies, WhatTheContainerCannotHoldIsToldInOneLineEach) {
         EXPECT_EQ(outcome.status, 0);
         EXPECT_TRUE(holds(outcome.err, "subrip are left out")) << outcome.err;
         EXPECT_TRUE(holds(outcome.err, "notes.bin is left out")) << outcome.err;
-        EXPECT_EQ(lines(outcome.err), 2) << outcome.err;
+        EXPECT_EQ(lines(outcome.messages()), 2) << outcome.err;
         expectNear(chaptersOf(folder.file(name)), {0, 1.5, 1.5, 4}, 0.001);
     }
 }
@@ -153,14 +153,14 @@ TEST_F(StreamCopies, FurtherVideoAndDataAreTold) {
     EXPECT_EQ(outcome.status, 0);
     EXPECT_TRUE(holds(outcome.err, "(h264, 64x48) is left out")) << outcome.err;
     // The time code and the titles of chapters are streams too, and kept.
-    EXPECT_EQ(lines(outcome.err), 1) << outcome.err;
+    EXPECT_EQ(lines(outcome.messages()), 1) << outcome.err;
     media::runFfmpeg(media::movingPicture("64x48", "25", 1) + " -f data -i " +
                          media::quoted(folder.file("notes.bin")) +
                          " -t 1 -map 0 -map 1 -c:v mpeg2video -c:d copy",
                      folder.file("in.ts"));
     const Outcome data = render(folder.file("in.ts"), "out.mkv");
     EXPECT_TRUE(holds(data.err, "Data stream 1 (bin_data) is left out")) << data.err;
-    EXPECT_EQ(lines(data.err), 1) << data.err;
+    EXPECT_EQ(lines(data.messages()), 1) << data.err;
 }
 
 TEST_F(StreamCopies, ACoverIsKeptAndNotTakenForTheVideo) {
@@ -172,7 +172,7 @@ TEST_F(StreamCopies, ACoverIsKeptAndNotTakenForTheVideo) {
                      in);
     for (const char* name : {"out.mp4", "out.mkv"}) {
         const Outcome outcome = render(in, name);
-        EXPECT_EQ(outcome.err, "");
+        EXPECT_EQ(outcome.messages(), "");
         EXPECT_EQ(media::probe(folder.file(name), "stream=width,nb_read_frames"),
                   "width=64\nnb_read_frames=25\n");
         EXPECT_EQ(media::listed(folder.file(name),
@@ -181,7 +181,7 @@ TEST_F(StreamCopies, ACoverIsKeptAndNotTakenForTheVideo) {
                   "png,32,1\n");
     }
     // From Matroska, where a cover is an attachment, and into QuickTime, which has none.
-    EXPECT_EQ(render(folder.file("out.mkv"), "again.mkv").err, "");
+    EXPECT_EQ(render(folder.file("out.mkv"), "again.mkv").messages(), "");
     EXPECT_EQ(media::listed(folder.file("again.mkv"),
                             "-select_streams v:1 -show_entries stream=codec_name"),
               "png\n");
@@ -209,9 +209,9 @@ TEST_F(StreamCopies, MasteringDisplayAndLightLevelsAreKept) {
                          "-color_trc smpte2084 -colorspace bt2020nc",
                      in);
     for (const char* name : {"out.mkv", "out.mp4", "out.mov"}) {
-        EXPECT_EQ(render(in, name).err, "");
+        EXPECT_EQ(render(in, name).messages(), "");
         // Once rendered, also from the container alone, without marks in the pictures.
-        EXPECT_EQ(render(folder.file(name), "again.mkv").err, "");
+        EXPECT_EQ(render(folder.file(name), "again.mkv").messages(), "");
         for (const char* file : {name, "again.mkv"}) {
             const std::string data = media::listed(
                 folder.file(file), "-select_streams v -show_entries stream_side_data");
@@ -279,7 +279,7 @@ TEST(SoundBeforeThePicture, IsPlayed) {
     makeLate(in, "0.5", "-c:v libx264 -c:a aac");
     for (const char* name : {"out.mp4", "out.mov", "out.mkv"}) {
         const fs::path out = folder.file(name);
-        EXPECT_EQ(ruvex({"render", in, "-o", out}).err, "");
+        EXPECT_EQ(ruvex({"render", in, "-o", out}).messages(), "");
         EXPECT_NEAR(soundDelay(in, out), 0, 0.001) << name;
         EXPECT_GE(soundTimes(out).size(), soundTimes(in).size()) << name;
         EXPECT_GT(pictureTime(out), 0.45) << name;
@@ -287,7 +287,8 @@ TEST(SoundBeforeThePicture, IsPlayed) {
         EXPECT_FALSE(holds(media::listed(out, "-select_streams a -show_entries packet=flags"), "D"))
             << name;
     }
-    EXPECT_EQ(ruvex({"render", in, "-o", folder.file("cut.mp4"), "--frames", "10-20"}).err, "");
+    EXPECT_EQ(ruvex({"render", in, "-o", folder.file("cut.mp4"), "--frames", "10-20"}).messages(),
+              "");
     EXPECT_NEAR(pictureTime(folder.file("cut.mp4")), 0, 0.001);
 }
 
@@ -303,7 +304,7 @@ TEST(Sound, KeepsItsTimeToAMillisecond) {
             makeLate(in, late, coding);
             for (const char* container : {"out.mkv", "out.mp4"}) {
                 const fs::path out = folder.file(container);
-                EXPECT_EQ(ruvex({"render", in, "-o", out}).err, "");
+                EXPECT_EQ(ruvex({"render", in, "-o", out}).messages(), "");
                 // A millisecond in Matroska is the unit of both files' times.
                 EXPECT_NEAR(soundDelay(in, out), 0, 0.00101) << name << late << container;
             }

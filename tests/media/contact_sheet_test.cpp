@@ -79,26 +79,12 @@ TEST(TextLabel, WhatDoesNotFitIsCutOff) {
     EXPECT_EQ(textLabel("W", {1, 1}, {.fontSize = 40}).size(), (FrameSize{1, 1}));
 }
 
-TEST(ScaleDown, FitsTheLongerSide) {
+TEST(FitInto, FitsTheLongerSide) {
     EXPECT_EQ(fitInto({720, 576}, 720), (FrameSize{720, 576}));
     EXPECT_EQ(fitInto({1920, 1080}, 720), (FrameSize{720, 405}));
     EXPECT_EQ(fitInto({1080, 1920}, 720), (FrameSize{405, 720}));
     EXPECT_EQ(fitInto({5000, 1}, 720), (FrameSize{720, 1}));
     EXPECT_EQ(fitInto({1, 1}, 720), (FrameSize{1, 1}));
-}
-
-TEST(ScaleDown, GivesTheMeanOfWhatAPixelCovers) {
-    const Frame frame = noiseFrame({64, 32}, Depth::Bits8, 3);
-    const Frame half = scaleDown(frame, {32, 16});
-    for (int y = 0; y < 16; ++y) {
-        for (int i = 0; i < 32 * kChannels; ++i) {
-            const int at = i / kChannels * 2 * kChannels + i % kChannels;
-            const int sum = frame.row8(2 * y)[at] + frame.row8(2 * y)[at + kChannels] +
-                            frame.row8(2 * y + 1)[at] + frame.row8(2 * y + 1)[at + kChannels];
-            ASSERT_NEAR(half.row8(y)[i], sum / 4.0, 1.5) << i << ' ' << y;
-        }
-    }
-    EXPECT_EQ(scaleDown(frame, frame.size()), frame);
 }
 
 TEST(ContactSheet, PicturesStandInRowsWithTheirLabels) {

@@ -156,5 +156,28 @@ TEST_P(NoRoom, AFullDiskIsSaidAndNothingIsLeft) {
 INSTANTIATE_TEST_SUITE_P(Kinds, NoRoom,
                          testing::Values("a.mp4", "a.mkv", "a.png", "a.exr", "a.rgba8"));
 
+/// How many frames a writer has reported as written after each of `frames` calls of `write`, and
+/// after `finish`.
+std::vector<int> reportsOf(const std::filesystem::path& path, int frames) {
+    int reported = 0;
+    std::vector<int> reports;
+    const auto writer = openWriter(path, {.size = {32, 16}, .written = [&] { ++reported; }});
+    for (int k = 0; k < frames; ++k) {
+        writer->write(k, noiseFrame({32, 16}, Depth::Bits8, static_cast<unsigned>(k)));
+        reports.push_back(reported);
+    }
+    writer->finish();
+    reports.push_back(reported);
+    return reports;
+}
+
+TEST(WrittenFrames, AreReportedWhenTheyHaveLeftTheEncoder) {
+    const files::TempFolder folder;
+    EXPECT_EQ(reportsOf(folder.file("out.%d.png"), 3), (std::vector{1, 2, 3, 3}));
+    EXPECT_EQ(reportsOf(folder.file("out.y4m"), 3), (std::vector{1, 2, 3, 3}));
+    // The encoder looks ahead before it codes a frame.
+    EXPECT_EQ(reportsOf(folder.file("out.mp4"), 3), (std::vector{0, 0, 0, 3}));
+}
+
 }  // namespace
 }  // namespace ruvex::media

@@ -1,0 +1,68 @@
+// The line that a finished render ends with.
+
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <regex>
+
+#include "cli/amount_text.h"
+#include "tests/cli/run_command.h"
+#include "tests/media/test_clips.h"
+#include "tests/support/temp_folder.h"
+
+namespace ruvex::cli {
+namespace {
+
+class ClosingLine : public testing::Test {
+protected:
+    ClosingLine() {
+        media::runFfmpeg(media::movingPicture("64x48", "25", 0.2), folder.file("clip.mp4"));
+    }
+
+    Outcome render(const std::string& out, const Arguments& more = {}) const {
+        Arguments line = {"render", folder.file("clip.mp4"), "-o", out};
+        line.insert(line.end(), more.begin(), more.end());
+        Outcome outcome = ruvex(line);
+        EXPECT_EQ(outcome.status, 0) << outcome.err;
+        return outcome;
+    }
+
+    /// The pattern of the line for a result.
+    static std::regex lineFor(const std::string& out, const std::string& end) {
+        return std::regex("ruvex: " + out +
+                          ": 5 frames in [0-9]+\\.[0-9] s(, [0-9]+\\.[0-9] a second)?; " + end +
+                          "\\.\n");
+    }
+
+    files::TempFolder folder;
+};
+
+TEST_F(ClosingLine, TellsFramesTimeSpeedSizeAndFile) {
+    const std::string out = folder.file("out.mkv");
+    const std::string printed = render(out, {"--output-size", "32x24"}).err;
+    const std::string bytes = bytesText(std::filesystem::file_size(out));
+    EXPECT_TRUE(std::regex_match(printed, lineFor(out, "32x24, " + bytes))) << printed;
+}
+
+TEST_F(ClosingLine, AddsUpTheFilesOfASequence) {
+    const std::string printed = render(folder.file("out.%d.png")).err;
+    std::uintmax_t bytes = 0;
+    for (int k = 0; k < 5; ++k) {
+        bytes += std::filesystem::file_size(folder.file("out." + std::to_string(k) + ".png"));
+    }
+    EXPECT_TRUE(holds(printed, "64x48, " + bytesText(bytes) + ".")) << printed;
+}
+
+TEST_F(ClosingLine, KnowsNoBytesOfAStream) {
+    const std::string printed = render("-").err;
+    EXPECT_TRUE(std::regex_match(printed, lineFor("standard output", "64x48"))) << printed;
+}
+
+TEST_F(ClosingLine, IsNotSaidWhenQuietOrOfAStill) {
+    EXPECT_EQ(render(folder.file("out.mkv"), {"--quiet"}).err, "");
+    EXPECT_EQ(render(folder.file("out.png"), {"--frames", "1"}).err, "");
+    EXPECT_TRUE(
+        holds(render(folder.file("out.png"), {"--frames", "1", "--verbose"}).err, "1 frame in "));
+}
+
+}  // namespace
+}  // namespace ruvex::cli
