@@ -4,6 +4,8 @@
 
 #include <cstdint>
 
+#include "imaging/float_arithmetic.h"
+
 namespace ruvex {
 
 /// The parameters of a colour pixel: how a component is stored, its range, the value of white, and

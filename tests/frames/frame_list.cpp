@@ -1,6 +1,7 @@
 #include "tests/frames/frame_list.h"
 
 #include <algorithm>
+#include <bit>
 #include <cstring>
 
 #include "parameters/ruvex_interface.h"
@@ -94,10 +95,17 @@ Picture<P> renderChain(const ChainCase& look, int workers) {
                            });
 }
 
+/// Components in little-endian order, as raw files hold them, whatever the processor's order is.
 template <class P>
 FrameBytes bytesOf(const Picture<P>& picture) {
     FrameBytes frame{std::vector<std::byte>(picture.pixels.size() * sizeof(P)), sizeof(P)};
     std::memcpy(frame.bytes.data(), picture.pixels.data(), frame.bytes.size());
+    if constexpr (std::endian::native == std::endian::big) {
+        constexpr auto kBytes = static_cast<std::ptrdiff_t>(sizeof(typename P::Component));
+        for (auto at = frame.bytes.begin(); at != frame.bytes.end(); at += kBytes) {
+            std::reverse(at, at + kBytes);
+        }
+    }
     return frame;
 }
 

@@ -10,7 +10,7 @@
 
 namespace ruvex::test {
 
-/// The pixels of a picture as they lie in memory.
+/// The pixels of a picture: components of a byte each, or of two, the lower one first.
 struct FrameBytes {
     std::vector<std::byte> bytes;
     std::size_t pixelSize;
