@@ -11,6 +11,8 @@ set_target_properties(V_Ruvex dssdk dsvwr il PROPERTIES INSTALL_RPATH "$ORIGIN")
 install(TARGETS ruvex RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 install(TARGETS V_Ruvex dssdk dsvwr il LIBRARY DESTINATION ${RUVEX_PRIVATE_LIBDIR})
 install(FILES "${PROJECT_SOURCE_DIR}/README.md" DESTINATION ${RUVEX_DOCDIR})
+# Beside the README, which links to them.
+install(DIRECTORY "${PROJECT_SOURCE_DIR}/docs" DESTINATION ${RUVEX_DOCDIR})
 install(FILES "${PROJECT_SOURCE_DIR}/LICENSE" DESTINATION ${RUVEX_DOCDIR} RENAME copyright)
 
 # The presets as files, written by the command itself.
@@ -26,17 +28,28 @@ install(DIRECTORY "${preset_files}/" DESTINATION ${CMAKE_INSTALL_DATADIR}/ruvex/
 
 # The manual page and the shells' completions, from the command's own tables.
 set(told "${PROJECT_BINARY_DIR}/told")
-add_custom_command(OUTPUT "${told}/ruvex.1" "${told}/ruvex" "${told}/ruvex.fish"
+add_custom_command(OUTPUT "${told}/ruvex.1" "${told}/ruvex" "${told}/_ruvex" "${told}/ruvex.fish"
   COMMAND ${CMAKE_COMMAND} -E make_directory "${told}"
   COMMAND ruvex help --man > "${told}/ruvex.1"
   COMMAND ruvex help --completion bash > "${told}/ruvex"
+  COMMAND ruvex help --completion zsh > "${told}/_ruvex"
   COMMAND ruvex help --completion fish > "${told}/ruvex.fish"
   DEPENDS ruvex
   VERBATIM)
 add_custom_target(told ALL DEPENDS "${told}/ruvex.1")
 install(FILES "${told}/ruvex.1" DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 install(FILES "${told}/ruvex" DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
+install(FILES "${told}/_ruvex" DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions)
 install(FILES "${told}/ruvex.fish" DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)
+
+# Everything that an installation needs, for the package.
+add_custom_target(installation DEPENDS ruvex V_Ruvex preset_files told)
+
+# Takes away what the last `cmake --install` of this build has installed.
+add_custom_target(uninstall
+  COMMAND ${CMAKE_COMMAND} -DMANIFEST=${PROJECT_BINARY_DIR}/install_manifest.txt
+          -P "${PROJECT_SOURCE_DIR}/cmake/Uninstall.cmake"
+  VERBATIM)
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME ruvex)

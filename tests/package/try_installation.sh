@@ -6,9 +6,15 @@ prefix=$1
 ruvex=$prefix/bin/ruvex
 for file in bin/ruvex lib/ruvex/V_Ruvex.so lib/ruvex/libdssdk.so lib/ruvex/libdsvwr.so lib/ruvex/libil.so \
         share/doc/ruvex/copyright share/man/man1/ruvex.1 share/bash-completion/completions/ruvex \
+        share/zsh/vendor-completions/_ruvex share/doc/ruvex/README.md \
         share/fish/vendor_completions.d/ruvex.fish "share/ruvex/presets/Bad Colour TV.json"; do
     [ -s "$prefix/$file" ] || { echo "$file is missing" >&2; exit 1; }
 done
+
+# Each file and picture that the README links to.
+while read -r link; do
+    [ -e "$prefix/share/doc/ruvex/$link" ] || { echo "README.md links to $link, which is missing" >&2; exit 1; }
+done < <(grep -o '](docs/[^)#]*' "$prefix/share/doc/ruvex/README.md" | cut -c3-)
 
 # Only what lies in the installation may be loaded of our own.
 LD_TRACE_LOADED_OBJECTS=1 "$ruvex" | grep -E 'libdssdk|libdsvwr|libil\.so' | grep -vF "$(realpath "$prefix")" &&
