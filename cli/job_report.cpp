@@ -73,7 +73,10 @@ std::string changeText(const looks::Animation& animation) {
     std::string text = std::string(row(animation.id).label) + ":";
     for (const looks::Key& key : animation.keys) {
         text.append(" ").append(formatNumber(key.seconds)).append(" s ");
-        text.append(formatValue(row(animation.id), key.value)).append(",");
+        text.append(formatValue(row(animation.id), key.value));
+        if (key.mode != looks::KeyMode::Linear)
+            text.append(" ").append(looks::keyModeName(key.mode));
+        text += ",";
     }
     text.pop_back();
     return text;

@@ -55,15 +55,27 @@ std::optional<double> parseSeconds(std::string_view text) {
     return value;
 }
 
+looks::KeyMode parseMode(std::string_view text) {
+    if (const auto mode = looks::keyModeNamed(text)) return *mode;
+    throw UsageError("--key: " + files::inQuotes(text) + " is not a mode of a key; write " +
+                     looks::keyModeNames() + ", as in 1.5:80:hold.");
+}
+
+/// "T:V" or "T:V:MODE".
 looks::Key parseKey(const ParameterRow& row, const std::string& text,
                     std::vector<std::string>& warnings) {
-    const auto colon = text.find(':');
-    const auto seconds = parseSeconds(std::string_view(text).substr(0, colon));
-    if (colon == std::string::npos || !seconds) {
+    const std::string_view all = text;
+    const auto colon = all.find(':');
+    const auto seconds = parseSeconds(all.substr(0, colon));
+    if (colon == std::string_view::npos || !seconds) {
         throw UsageError("--key: " + files::inQuotes(text) +
                          " is not a key. Write seconds and value, as in 1.5:80.");
     }
-    return {*seconds, parseUsable("--key", row, text.substr(colon + 1), warnings)};
+    const std::string_view rest = all.substr(colon + 1);
+    const auto second = rest.find(':');
+    const double value = parseUsable("--key", row, rest.substr(0, second), warnings);
+    if (second == std::string_view::npos) return {*seconds, value};
+    return {*seconds, value, parseMode(rest.substr(second + 1))};
 }
 
 }  // namespace

@@ -13,8 +13,8 @@ namespace ruvex::cli {
 /// parameter does not take. What the render will only hold to its range goes to `warnings`.
 looks::Setting parseSetting(const std::string& text, std::vector<std::string>& warnings);
 
-/// "NAME=T:V T:V ...", T in seconds. Throws UsageError, also for a parameter that is not real and
-/// for two keys at one time.
+/// "NAME=T:V T:V:MODE ...", T in seconds; the mode is linear, hold or smooth. Throws UsageError,
+/// also for a parameter that is not real and for two keys at one time.
 looks::Animation parseAnimation(const std::string& text, std::vector<std::string>& warnings);
 
 }  // namespace ruvex::cli

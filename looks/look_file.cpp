@@ -10,6 +10,7 @@ namespace {
 
 constexpr const char* kSeconds = "seconds";
 constexpr const char* kValue = "value";
+constexpr const char* kMode = "mode";
 constexpr const char* kKeysForm = "[{\"seconds\": 0, \"value\": 100}, ...]";
 
 [[noreturn]] void fail(const std::string& sentence) {
@@ -36,14 +37,29 @@ double valueOf(const ParameterRow& row, const Json& value, std::vector<std::stri
     return parsed.value;
 }
 
+/// Whether it has the members of a key and no others. The mode may be left out.
+bool isKey(const Json& key) {
+    if (!key.is_object() || !key.contains(kSeconds) || !key.contains(kValue)) return false;
+    return key[kSeconds].is_number() && key.size() == (key.contains(kMode) ? 3u : 2u);
+}
+
+KeyMode modeOf(const ParameterRow& row, const Json& key) {
+    if (!key.contains(kMode)) return KeyMode::Linear;
+    const Json& name = key[kMode];
+    const auto mode = name.is_string() ? keyModeNamed(name.get<std::string>()) : std::nullopt;
+    if (!mode) {
+        fail(name.dump() + " is not a mode of a key of " + std::string(row.label) + ". Write " +
+             keyModeNames() + ".");
+    }
+    return *mode;
+}
+
 Key keyOf(const ParameterRow& row, const Json& key, std::vector<std::string>& warnings) {
-    const bool good = key.is_object() && key.size() == 2 && key.contains(kSeconds) &&
-                      key.contains(kValue) && key[kSeconds].is_number();
-    if (!good) {
+    if (!isKey(key)) {
         fail(key.dump() + " is not a key of " + std::string(row.label) + ". Write keys as in " +
              kKeysForm + ".");
     }
-    return {key[kSeconds].get<double>(), valueOf(row, key[kValue], warnings)};
+    return {key[kSeconds].get<double>(), valueOf(row, key[kValue], warnings), modeOf(row, key)};
 }
 
 Animation animationOf(const ParameterRow& row, const Json& keys,
@@ -86,13 +102,19 @@ std::string jsonOf(const Setting& setting) {
     return toJson(setting).dump();
 }
 
+/// Nothing for a linear key.
+std::string modeMember(KeyMode mode) {
+    if (mode == KeyMode::Linear) return "";
+    return std::string(", \"") + kMode + "\": " + Json(keyModeName(mode)).dump();
+}
+
 /// One line. The library's writer would leave out the spaces or give each key four lines.
 std::string jsonOf(const Animation& animation) {
     std::string text;
     for (const Key& key : animation.keys) {
         text.append(text.empty() ? "[" : ", ").append("{\"").append(kSeconds).append("\": ");
         text.append(Json(key.seconds).dump()).append(", \"").append(kValue).append("\": ");
-        text.append(Json(key.value).dump()).append("}");
+        text.append(Json(key.value).dump()).append(modeMember(key.mode)).append("}");
     }
     return text + "]";
 }

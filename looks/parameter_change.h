@@ -8,6 +8,7 @@
 #include <variant>
 #include <vector>
 
+#include "looks/key_mode.h"
 #include "parameters/parameter_table.h"
 
 namespace ruvex::looks {
@@ -23,6 +24,7 @@ struct Setting {
 struct Key {
     double seconds = 0.0;
     double value = 0.0;
+    KeyMode mode = KeyMode::Linear;  ///< Of the segment that begins here.
 
     friend bool operator==(const Key&, const Key&) = default;
 };
@@ -51,6 +53,9 @@ std::string noSuchParameter(std::string_view name);
 
 /// The message for a parameter that is stored but never changes the picture.
 std::string doesNotRender(const ParameterRow& row);
+
+/// Adds `seconds` to the time of each key. False if the times are then not finite or two are equal.
+bool shiftKeys(Animation& animation, double seconds);
 
 /// Sorts the keys by time. Returns the first of two keys at one time, null if there are none.
 const Key* sortKeys(Animation& animation);

@@ -15,7 +15,7 @@ void apply(runtime::EffectSession& session, const Setting& setting) {
 void apply(runtime::EffectSession& session, const Animation& animation) {
     std::vector<DSKey> keys;
     for (const Key& key : animation.keys) {
-        keys.push_back({key.seconds, key.value});
+        keys.push_back({key.seconds, key.value, key.mode});
     }
     session.setKeys(row(animation.id).identifier, keys);
 }
@@ -25,7 +25,7 @@ ParameterChange stateOf(const runtime::EffectSession& session, const ParameterRo
     if (keys.empty()) return Setting{row.id, session.value(row.identifier)};
     Animation animation{row.id, {}};
     for (const DSKey& key : keys) {
-        animation.keys.push_back({key.time, key.value});
+        animation.keys.push_back({key.time, key.value, key.mode});
     }
     return animation;
 }

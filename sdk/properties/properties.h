@@ -31,12 +31,13 @@ struct IDSProperties : IUnknown {
     /// Gives the value at `seconds`: from the animation if there is one, else the plain value.
     virtual HRESULT GetValue(const GUID& id, double seconds, VARIANT* value) = 0;
     /// Sets the plain value of a property that is not animated. Of an animated one, sets the key
-    /// frame at `seconds`.
+    /// frame at `seconds`, which keeps its mode; a new one gets the mode of the segment that it
+    /// divides.
     virtual HRESULT SetValue(const GUID& id, double seconds, const VARIANT* value) = 0;
 
     /// Replaces the animation of a real by these key frames, in any order; of several at the same
     /// time the last counts. A `count` of 0 removes the animation. E_INVALIDARG for a property that
-    /// can't be animated.
+    /// can't be animated, and for an unknown mode.
     virtual HRESULT SetKeys(const GUID& id, const DSKey* keys, ULONG count) = 0;
     /// Removes an animation; the property has its plain value again. S_FALSE if there was none.
     virtual HRESULT ClearKeys(const GUID& id) = 0;
@@ -58,6 +59,6 @@ inline constexpr GUID IID_IDSPropertyObserver =
 template <>
 struct DSInterfaceTraits<IDSPropertyObserver> : DSInterface<IID_IDSPropertyObserver> {};
 inline constexpr GUID IID_IDSProperties =
-    ruvex::guidFromText("3C0B7A51-6D2E-4F0B-9A77-52D1C4E08A14");
+    ruvex::guidFromText("3C0B7A51-6D2E-4F0B-9A77-52D1C4E08A1A");
 template <>
 struct DSInterfaceTraits<IDSProperties> : DSInterface<IID_IDSProperties> {};

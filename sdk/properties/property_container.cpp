@@ -20,7 +20,7 @@ HRESULT CDSPropertyContainer::SetValue(const GUID& id, double seconds, const VAR
     if (value->vt != VT_R8) return E_INVALIDARG;
     return ruvex::guarded([&] {
         std::vector<DSKey> keys = animation->keys();
-        keys.push_back({seconds, value->dblVal});
+        keys.push_back({seconds, value->dblVal, animation->modeAt(seconds)});
         return SetKeys(id, keys.data(), static_cast<ULONG>(keys.size()));
     });
 }

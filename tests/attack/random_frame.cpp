@@ -53,7 +53,8 @@ looks::ParameterChange randomChange(Random& random, const ParameterRow& row) {
     looks::Animation animation{row.id, {}};
     double seconds = random.real(-3.0f, 1.0f);
     for (int keys = random.whole(1, 4); keys > 0; --keys) {
-        animation.keys.push_back({seconds, randomReal(random, row)});
+        const auto mode = static_cast<looks::KeyMode>(random.whole(0, 2));
+        animation.keys.push_back({seconds, randomReal(random, row), mode});
         seconds += random.real(0.001f, 2.0f);
     }
     return animation;

@@ -84,6 +84,23 @@ TEST(Animation, KeysAreSortedByTime) {
     EXPECT_EQ(animation.keys[2].value, 30.0);
 }
 
+TEST(Animation, AKeyCanNameItsMode) {
+    Warnings warnings;
+    const looks::Animation animation =
+        parseAnimation("Resolution=0:1 1:2:hold 2:3:smooth 3:4:linear", warnings);
+    const std::vector<looks::Key> wanted = {
+        {0, 1}, {1, 2, looks::KeyMode::Hold}, {2, 3, looks::KeyMode::Smooth}, {3, 4}};
+    EXPECT_EQ(animation.keys, wanted);
+}
+
+TEST(Animation, AnUnknownModeIsRefusedWithTheOnesThatThereAre) {
+    for (const char* text : {"Resolution=0:1:fast", "Resolution=0:1:", "Resolution=0:1:Hold",
+                             "Resolution=0:1:hold:smooth"}) {
+        const std::string said = refusal(text, true);
+        EXPECT_NE(said.find("linear, hold or smooth"), std::string::npos) << text << said;
+    }
+}
+
 TEST(Animation, OnlyRealParametersHaveKeys) {
     EXPECT_NE(refusal("Seed=0:1 1:2", true).find("--set"), std::string::npos);
     EXPECT_NE(refusal("TV Type=0:1", true), "");

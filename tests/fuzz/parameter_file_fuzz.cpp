@@ -62,7 +62,8 @@ void demandSame(const Animation& a, const ParameterChange& b) {
            "keys are read as they were");
     for (std::size_t i = 0; i < a.keys.size(); ++i) {
         demand(fuzz::sameBits(animation->keys[i].seconds, a.keys[i].seconds) &&
-                   fuzz::sameBits(animation->keys[i].value, a.keys[i].value),
+                   fuzz::sameBits(animation->keys[i].value, a.keys[i].value) &&
+                   animation->keys[i].mode == a.keys[i].mode,
                "to the bit");
     }
 }

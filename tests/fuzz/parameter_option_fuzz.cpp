@@ -48,7 +48,8 @@ void trySetting(const std::string& text) {
 std::string textOf(const looks::Animation& animation) {
     std::string text = std::string(row(animation.id).label) + "=";
     for (const looks::Key& key : animation.keys) {
-        text += formatNumber(key.seconds) + ":" + formatNumber(key.value) + " ";
+        text += formatNumber(key.seconds) + ":" + formatNumber(key.value) + ":";
+        text.append(looks::keyModeName(key.mode)).append(" ");
     }
     return text;
 }
@@ -69,7 +70,8 @@ void tryAnimation(const std::string& text) {
     demand(again.id == found->id && again.keys.size() == found->keys.size(), "keys read back");
     for (std::size_t i = 0; i < again.keys.size(); ++i) {
         demand(fuzz::sameBits(again.keys[i].seconds, found->keys[i].seconds) &&
-                   fuzz::sameBits(again.keys[i].value, found->keys[i].value),
+                   fuzz::sameBits(again.keys[i].value, found->keys[i].value) &&
+                   again.keys[i].mode == found->keys[i].mode,
                "to the bit");
     }
     demand(first.size() == second.size(), "and warn of the same");

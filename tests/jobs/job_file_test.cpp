@@ -60,9 +60,10 @@ RenderJob storedJob(const fs::path& folder) {
     job.comparison = Comparison{Comparison::Kind::Split, 0.25};
     job.framesAtOnce = 2;
     job.resume = true;
-    job.parameters = {looks::Setting{ParameterId::TvType, 1},
-                      looks::Animation{ParameterId::SnowMax, {{0, -0.5}, {2, 60}}},
-                      looks::Setting{ParameterId::FishEye, 1}};
+    job.parameters = {
+        looks::Setting{ParameterId::TvType, 1},
+        looks::Animation{ParameterId::SnowMax, {{0, -0.5, looks::KeyMode::Hold}, {2, 60}}},
+        looks::Setting{ParameterId::FishEye, 1}};
     return job;
 }
 

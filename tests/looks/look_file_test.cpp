@@ -47,6 +47,7 @@ void expectSame(const Animation& a, const ParameterChange& b) {
     for (std::size_t i = 0; i < keys.size(); ++i) {
         EXPECT_TRUE(sameBits(a.keys[i].seconds, keys[i].seconds)) << row(a.id).label;
         EXPECT_TRUE(sameBits(a.keys[i].value, keys[i].value)) << row(a.id).label;
+        EXPECT_EQ(a.keys[i].mode, keys[i].mode) << row(a.id).label;
     }
 }
 
@@ -99,7 +100,7 @@ private:
         Animation animation{row.id, {}};
         double seconds = real(-10, 10);
         for (int i = whole(1, 6); i > 0; --i) {
-            animation.keys.push_back({seconds, value(row)});
+            animation.keys.push_back({seconds, value(row), static_cast<KeyMode>(whole(0, 2))});
             seconds += std::pow(10.0, real(-9, 3));
         }
         return animation;
@@ -147,6 +148,20 @@ TEST(ParameterFile, TakesEachKindOfValue) {
     EXPECT_TRUE(read(" \n{ }\n").empty());
 }
 
+TEST(ParameterFile, AModeStandsWhereItIsNotLinear) {
+    const Changes changes = {Animation{
+        ParameterId::Resolution, {{0, 1, KeyMode::Hold}, {1, 2}, {2, 3, KeyMode::Smooth}, {3, 4}}}};
+    const std::string text = lookFileText(changes);
+    EXPECT_EQ(text,
+              "{\n  \"Resolution\": [{\"seconds\": 0.0, \"value\": 1.0, \"mode\": \"hold\"}, "
+              "{\"seconds\": 1.0, \"value\": 2.0}, "
+              "{\"seconds\": 2.0, \"value\": 3.0, \"mode\": \"smooth\"}, "
+              "{\"seconds\": 3.0, \"value\": 4.0}]\n}\n");
+    EXPECT_EQ(read(text), changes);
+    EXPECT_EQ(read(R"({"Resolution": [{"mode": "linear", "seconds": 1, "value": 2}]})"),
+              (Changes{Animation{ParameterId::Resolution, {{1, 2}}}}));
+}
+
 TEST(ParameterFile, KeysAreSortedByTime) {
     const Changes changes = read(R"({"Resolution": [{"seconds": 2, "value": 30},
                                                     {"value": 100, "seconds": -1}]})");
@@ -181,6 +196,11 @@ TEST(ParameterFile, EveryRefusalNamesTheFileAndWhatIsWrong) {
         {R"({"Resolution": [{"seconds": "0", "value": 1}]})", "is not a key"},
         {R"({"Resolution": [{"seconds": 0, "value": 1, "ease": 2}]})", "is not a key"},
         {R"({"Resolution": [{"seconds": 0, "value": "x"}]})", "Resolution takes"},
+        {R"({"Resolution": [{"seconds": 0, "value": 1, "mode": "fast"}]})",
+         "Write linear, hold or smooth"},
+        {R"({"Resolution": [{"seconds": 0, "value": 1, "mode": 1}]})", "linear, hold or smooth"},
+        {R"({"Resolution": [{"seconds": 0, "value": 1, "mode": "hold", "ease": 2}]})",
+         "is not a key"},
         {R"({"Snow Max": [{"seconds": 0, "value": 201}]})", "-200..200"},
         {R"({"Resolution": [{"seconds": 1, "value": 1}, {"seconds": 1.0, "value": 2}]})",
          "two keys at 1 s"},

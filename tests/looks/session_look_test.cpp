@@ -38,7 +38,8 @@ TEST(SessionLook, ANewSessionHasTheDefaults) {
 
 TEST(SessionLook, WhatIsAppliedIsReadBack) {
     runtime::EffectSession session = newSession();
-    const Animation snow{ParameterId::SnowMax, {{-1.0, 5.0}, {0.5, 70.0}}};
+    const Animation snow{ParameterId::SnowMax,
+                         {{-1.0, 5.0, KeyMode::Hold}, {0.5, 70.0, KeyMode::Smooth}}};
     applyChanges(session,
                  Changes{Setting{ParameterId::TvType, 2}, snow,
                          Setting{ParameterId::Resolution, 12.5}, Setting{ParameterId::FishEye, 1}});
@@ -69,6 +70,19 @@ TEST(SessionLook, ASavedLookGivesTheSameSession) {
     applyChanges(other, readLook(folder.file("look.json"), warnings));
     EXPECT_EQ(changesOf(other), changesOf(session));
     EXPECT_TRUE(warnings.empty());
+}
+
+TEST(SessionLook, KeysThatHoldAndEaseGiveTheirLevels) {
+    const auto levelAtOneSecond = [](KeyMode mode) {
+        runtime::EffectSession session = newSession();
+        applyChanges(session,
+                     Changes{Setting{ParameterId::BreakupVariation, 0},
+                             Animation{ParameterId::MasterBreakup, {{0.0, 0, mode}, {4.0, 100}}}});
+        return levelSeries(session, 25, 25, 25.0)->front().level;
+    };
+    EXPECT_NEAR(levelAtOneSecond(KeyMode::Linear), 0.25f, 1e-6);
+    EXPECT_EQ(levelAtOneSecond(KeyMode::Hold), 0.0f);
+    EXPECT_NEAR(levelAtOneSecond(KeyMode::Smooth), 0.15625f, 1e-6);
 }
 
 TEST(Looks, APresetsNameGoesBeforeAFiles) {

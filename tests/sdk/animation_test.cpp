@@ -1,5 +1,6 @@
 #include "sdk/properties/animation.h"
 
+#include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
 #include <random>
@@ -52,6 +53,40 @@ TEST(Animation, OfKeysAtOneTimeTheLastGivenWins) {
 
 TEST(Animation, ZeroAndMinusZeroAreOneTime) {
     EXPECT_EQ(animate({{0.0, 1.0}, {-0.0, 2.0}}).keys().size(), 1u);
+}
+
+TEST(Animation, AHeldKeyKeepsItsValueUntilTheNextOne) {
+    const auto animation =
+        animate({{1.0, 10.0, DSKeyMode::Hold}, {3.0, 20.0}, {5.0, 30.0, DSKeyMode::Hold}});
+    EXPECT_EQ(animation.valueAt(1.0), 10.0);
+    EXPECT_EQ(animation.valueAt(std::nextafter(3.0, 0.0)), 10.0);
+    EXPECT_EQ(animation.valueAt(3.0), 20.0);
+    EXPECT_EQ(animation.valueAt(4.0), 25.0);
+    EXPECT_EQ(animation.valueAt(6.0), 30.0);
+}
+
+TEST(Animation, ASmoothKeyEasesToTheNextOne) {
+    const auto animation = animate({{1.0, 10.0, DSKeyMode::Smooth}, {3.0, 20.0}, {5.0, 30.0}});
+    EXPECT_EQ(animation.valueAt(1.0), 10.0);
+    // A quarter of the way: 10 * 1/16 * (3 - 1/2).
+    EXPECT_EQ(animation.valueAt(1.5), 11.5625);
+    EXPECT_EQ(animation.valueAt(2.0), 15.0);
+    EXPECT_EQ(animation.valueAt(2.5), 18.4375);
+    EXPECT_EQ(animation.valueAt(3.0), 20.0);
+    EXPECT_EQ(animation.valueAt(3.5), 22.5);
+}
+
+TEST(Animation, TheModeIsThatOfTheKeyThatBeginsTheSegment) {
+    const auto animation = animate({{1.0, 0.0, DSKeyMode::Hold}, {3.0, 1.0, DSKeyMode::Smooth}});
+    EXPECT_EQ(animation.modeAt(0.5), DSKeyMode::Linear);
+    EXPECT_EQ(animation.modeAt(1.0), DSKeyMode::Hold);
+    EXPECT_EQ(animation.modeAt(2.9), DSKeyMode::Hold);
+    EXPECT_EQ(animation.modeAt(3.0), DSKeyMode::Smooth);
+    EXPECT_EQ(animation.modeAt(9.0), DSKeyMode::Smooth);
+}
+
+TEST(Animation, RefusesAnUnknownMode) {
+    EXPECT_FALSE(DSAnimation::fromKeys({{0.0, 1.0, static_cast<DSKeyMode>(3)}}));
 }
 
 TEST(Animation, RefusesWhatIsNotANumber) {

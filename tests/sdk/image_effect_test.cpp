@@ -1,5 +1,6 @@
 #include "sdk/effect/image_effect.h"
 
+#include <algorithm>
 #include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
@@ -173,6 +174,21 @@ TEST_F(ImageEffect, ACloneRendersWithTheParametersItWasMadeWith) {
     EXPECT_EQ(value.lVal, 5);
     clone->GetValue(kDelayId, 5.0, &value);
     EXPECT_EQ(value.dblVal, 6.0);
+}
+
+TEST_F(ImageEffect, ACloneHasTheModesOfTheKeys) {
+    const DSKey keys[] = {{0.0, 1.0, DSKeyMode::Smooth}, {4.0, 17.0, DSKeyMode::Hold}, {8.0, 0.0}};
+    effect->SetKeys(kDelayId, keys, 3);
+    ComPtr<IDSProperties> clone;
+    ASSERT_EQ(effect->Clone(IID_IDSProperties, clone.putVoid()), S_OK);
+    DSKey cloned[3] = {};
+    ULONG count = 0;
+    ASSERT_EQ(clone->GetKeys(kDelayId, cloned, 3, &count), S_OK);
+    EXPECT_TRUE(std::ranges::equal(cloned, keys));
+    ASSERT_EQ(effect->CloneAtTime(1.0, IID_IDSProperties, clone.putVoid()), S_OK);
+    VARIANT value{};
+    clone->GetValue(kDelayId, 0.0, &value);
+    EXPECT_EQ(value.dblVal, 3.5);
 }
 
 TEST_F(ImageEffect, ACloneAtATimeStandsStill) {

@@ -146,6 +146,23 @@ TEST_F(Properties, SettingAnAnimatedRealSetsAKey) {
     EXPECT_EQ(set(kDelayId, DSVariantFromLong(1), 1.0), E_INVALIDARG);
 }
 
+TEST_F(Properties, AKeyThatIsSetTakesTheModeOfItsSegment) {
+    constexpr DSKeyMode kHold = DSKeyMode::Hold;
+    animate(kDelayId, {{0.0, 1.0, kHold}, {2.0, 2.0}});
+    set(kDelayId, DSVariantFromReal(5.0), 0.0);
+    set(kDelayId, DSVariantFromReal(6.0), 1.0);
+    set(kDelayId, DSVariantFromReal(7.0), -1.0);
+    const std::vector<DSKey> wanted = {
+        {-1.0, 7.0}, {0.0, 5.0, kHold}, {1.0, 6.0, kHold}, {2.0, 2.0}};
+    EXPECT_EQ(effect->FindAnimation(kDelayId)->keys(), wanted);
+}
+
+TEST_F(Properties, AnUnknownModeIsRefusedAndChangesNothing) {
+    animate(kDelayId, {{0.0, 1.0}});
+    EXPECT_EQ(animate(kDelayId, {{0.0, 2.0, static_cast<DSKeyMode>(7)}}), E_INVALIDARG);
+    EXPECT_EQ(real(kDelayId), 1.0);
+}
+
 TEST_F(Properties, KeysAreReadInPieces) {
     animate(kDelayId, {{2.0, 20.0}, {1.0, 10.0}});
     ULONG count = 0;
