@@ -1,6 +1,7 @@
 #include "cli/option_text.h"
 
 #include <charconv>
+#include <cmath>
 #include <filesystem>
 #include <limits>
 #include <optional>
@@ -93,6 +94,15 @@ double parsePart(const std::string& option, std::string_view text) {
         refuse(option, text, "a part of the picture; write a number from 0 to 1, as in 0.5");
     }
     return *value;
+}
+
+double parseSeconds(const std::string& option, std::string_view text) {
+    const bool negative = text.starts_with('-');
+    const auto value = number<double>(negative ? text.substr(1) : text);
+    if (!value || !std::isfinite(*value)) {
+        refuse(option, text, "a time in seconds; write a number, as in 12.5 or -0.4");
+    }
+    return negative ? -*value : *value;
 }
 
 int parseWhole(const std::string& option, std::string_view text, int low, int high) {

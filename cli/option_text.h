@@ -21,6 +21,8 @@ jobs::Region parseRegion(const std::string& option, std::string_view text);
 media::Rational parseFraction(const std::string& option, std::string_view text);
 /// A decimal number from 0 to 1.
 double parsePart(const std::string& option, std::string_view text);
+/// A finite number of seconds, which may be negative.
+double parseSeconds(const std::string& option, std::string_view text);
 /// A whole number from `low` to `high`.
 int parseWhole(const std::string& option, std::string_view text, int low, int high);
 

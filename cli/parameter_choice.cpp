@@ -19,13 +19,10 @@ void append(std::vector<ParameterChange>& changes, const std::vector<ParameterCh
     changes.insert(changes.end(), more.begin(), more.end());
 }
 
-/// The changes of --set and --key.
-std::vector<ParameterChange> readSingle(const ParameterOptions& options,
-                                        std::vector<std::string>& warnings) {
+/// The changes of --key.
+std::vector<ParameterChange> readKeys(const ParameterOptions& options,
+                                      std::vector<std::string>& warnings) {
     std::vector<ParameterChange> changes;
-    for (const std::string& text : options.settings) {
-        changes.emplace_back(parseSetting(text, warnings));
-    }
     for (const std::string& text : options.keys) {
         looks::Animation animation = parseAnimation(text, warnings);
         const auto same = [&](const auto& change) { return rowOf(change).id == animation.id; };
@@ -36,6 +33,37 @@ std::vector<ParameterChange> readSingle(const ParameterOptions& options,
         changes.emplace_back(std::move(animation));
     }
     return changes;
+}
+
+/// The changes of --set and --key. Keys replace a value of the same parameter.
+std::vector<ParameterChange> readSingle(const ParameterOptions& options,
+                                        std::vector<std::string>& warnings) {
+    std::vector<ParameterChange> changes;
+    for (const std::string& text : options.settings) {
+        changes.emplace_back(parseSetting(text, warnings));
+    }
+    append(changes, readKeys(options, warnings));
+    return changes;
+}
+
+/// Shifts the keys of the look files by --key-offset.
+void shiftLook(const std::string& offset, std::vector<ParameterChange>& changes,
+               std::vector<std::string>& warnings) {
+    const double seconds = parseSeconds("--key-offset", offset);
+    bool anyKeys = false;
+    for (ParameterChange& change : changes) {
+        auto* animation = std::get_if<looks::Animation>(&change);
+        if (animation == nullptr) continue;
+        anyKeys = true;
+        if (!shiftKeys(*animation, seconds)) {
+            throw UsageError("--key-offset: " + offset + " s is too far for the keys of " +
+                             files::inQuotes(row(animation->id).label) +
+                             ": their times would be too large or the same.");
+        }
+    }
+    if (!anyKeys) {
+        warnings.emplace_back("--key-offset is ignored: --preset and --params have no keys.");
+    }
 }
 
 std::vector<ParameterChange> readPreset(const std::string& name,
@@ -55,6 +83,7 @@ std::vector<ParameterChange> readParameters(const ParameterOptions& options,
     std::vector<ParameterChange> changes;
     if (!options.preset.empty()) append(changes, readPreset(options.preset, warnings));
     if (!options.params.empty()) append(changes, looks::readLookFile(options.params, warnings));
+    if (!options.keyOffset.empty()) shiftLook(options.keyOffset, changes, warnings);
     append(changes, readSingle(options, warnings));
     return changes;
 }

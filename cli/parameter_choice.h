@@ -12,8 +12,8 @@
 namespace ruvex::cli {
 
 /// The changes in the order in which they are made: preset, look file, settings, keys. A later one
-/// replaces an earlier one of the same parameter. Throws UsageError, also for a parameter that
-/// --set and --key, or two --key, are given for, which is a mistake; looks::LookFileError and
+/// replaces an earlier one of the same parameter. The keys of preset and look file are shifted by
+/// --key-offset. Throws UsageError, also for two --key of one parameter; looks::LookFileError and
 /// files::FileError for files. May add to `warnings`.
 std::vector<looks::ParameterChange> readParameters(const ParameterOptions& options,
                                                    std::vector<std::string>& warnings);

@@ -15,10 +15,12 @@ struct ParameterOptions {
     std::string params;
     std::vector<std::string> settings;
     std::vector<std::string> keys;
+    std::string keyOffset;
     std::string saveParams;
 };
 
-/// --preset, --params, --set, --key and --save-params, in the order in which they take hold.
+/// --preset, --params, --key-offset, --set, --key and --save-params, in the order in which they
+/// take effect.
 OptionTable parameterOptions(ParameterOptions& options);
 
 }  // namespace ruvex::cli

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 #include "files/words.h"
 #include "parameters/label_match.h"
@@ -37,6 +38,14 @@ std::string noSuchParameter(std::string_view name) {
 
 std::string doesNotRender(const ParameterRow& row) {
     return files::inQuotes(row.label) + " does not change the picture.";
+}
+
+bool shiftKeys(Animation& animation, double seconds) {
+    for (Key& key : animation.keys) {
+        key.seconds += seconds;
+        if (!std::isfinite(key.seconds)) return false;
+    }
+    return sortKeys(animation) == nullptr;
 }
 
 const Key* sortKeys(Animation& animation) {

@@ -48,6 +48,14 @@ TEST(OptionText, FractionsAndWholeNumbers) {
     }
 }
 
+TEST(OptionText, SecondsMayBeNegative) {
+    EXPECT_EQ(parseSeconds("--key-offset", "12.5"), 12.5);
+    EXPECT_EQ(parseSeconds("--key-offset", "-0.4"), -0.4);
+    for (const char* text : {"", "-", "--1", "1s", "inf", "-inf", "nan", "1e999", " 1", "1:00"}) {
+        EXPECT_THROW(parseSeconds("--key-offset", text), UsageError) << text;
+    }
+}
+
 TEST(OptionText, ComplaintsNameTheOptionAndTheText) {
     try {
         parseSize("--project-size", "7by5");

@@ -91,6 +91,50 @@ TEST_F(ParameterFiles, PresetParamsSetAndKeyGoOverEachOtherInThisOrder) {
     EXPECT_EQ(saved["Resolution"], Json::parse(R"([{"seconds": 0, "value": 4}])"));
 }
 
+TEST_F(ParameterFiles, KeysReplaceTheValueOfSet) {
+    const Json saved = inUse({"--key", "Snow Max=0:0 1:90", "--set", "Snow Max=90"});
+    EXPECT_EQ(saved["Snow Max"],
+              Json::parse(R"([{"seconds": 0, "value": 0}, {"seconds": 1, "value": 90}])"));
+    const Outcome twice = level({"--key", "Snow Max=0:0", "--key", "snow max=1:90"});
+    EXPECT_EQ(twice.status, 2);
+    EXPECT_NE(twice.err.find("given twice"), std::string::npos) << twice.err;
+}
+
+TEST_F(ParameterFiles, ModesOfKeysAreSaved) {
+    const Json saved = inUse({"--key", "Snow Max=0:0:hold 1:90:smooth 2:5"});
+    EXPECT_EQ(saved["Snow Max"], Json::parse(R"([{"seconds": 0, "value": 0, "mode": "hold"},
+                                                 {"seconds": 1, "value": 90, "mode": "smooth"},
+                                                 {"seconds": 2, "value": 5}])"));
+}
+
+TEST_F(ParameterFiles, AnOffsetShiftsTheKeysOfTheLookAlone) {
+    write("look.json", R"({"Seed": 3, "Snow Max": [{"seconds": 0, "value": 5, "mode": "hold"},
+                                                   {"seconds": 1, "value": 6}]})");
+    write("more.json", R"({"Line Angle": [{"seconds": 2, "value": 5}]})");
+    const Json saved = inUse({"--preset", path("look.json"), "--params", path("more.json"),
+                              "--key-offset", "-1.5", "--key", "Resolution=0:4"});
+    EXPECT_EQ(saved["Snow Max"], Json::parse(R"([{"seconds": -1.5, "value": 5, "mode": "hold"},
+                                                 {"seconds": -0.5, "value": 6}])"));
+    EXPECT_EQ(saved["Line Angle"], Json::parse(R"([{"seconds": 0.5, "value": 5}])"));
+    EXPECT_EQ(saved["Resolution"], Json::parse(R"([{"seconds": 0, "value": 4}])"));
+    EXPECT_EQ(saved["Seed"], 3);
+}
+
+TEST_F(ParameterFiles, AnOffsetWithoutKeysIsWarnedOf) {
+    const Outcome outcome = level({"--preset", "Good TV", "--key-offset", "3"});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_NE(outcome.err.find("--key-offset is ignored"), std::string::npos) << outcome.err;
+}
+
+TEST_F(ParameterFiles, AnOffsetThatNoTimeHoldsIsRefused) {
+    write("near.json", R"({"Snow Max": [{"seconds": 0, "value": 5},
+                                        {"seconds": 1e-9, "value": 6}]})");
+    write("far.json", R"({"Snow Max": [{"seconds": 1e308, "value": 5}]})");
+    EXPECT_EQ(level({"--params", path("near.json"), "--key-offset", "1e12"}).status, 2);
+    EXPECT_EQ(level({"--params", path("far.json"), "--key-offset", "1e308"}).status, 2);
+    EXPECT_EQ(level({"--params", path("near.json"), "--key-offset", "soon"}).status, 2);
+}
+
 TEST_F(ParameterFiles, AFileChangesOnlyWhatItNames) {
     write("look.json", R"({"Seed": 77})");
     Json wanted = inUse({"--preset", "Cable Out"});

@@ -88,6 +88,11 @@ void tryNumbers(std::string_view text) {
            "a whole number reads back");
 }
 
+void trySeconds(std::string_view text) {
+    const auto seconds = accepted([&] { return parseSeconds(kOption, text); });
+    demand(!seconds || std::isfinite(*seconds), "a time is finite");
+}
+
 void tryWords(const std::string& text) {
     const bool ends = accepted([&] { return parseEnds(kOption, text); }).has_value();
     demand(ends == (text == "blank" || text == "hold" || text == "loop"), "three ends are known");
@@ -111,6 +116,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     tryRegion(text);
     tryFraction(text);
     tryNumbers(text);
+    trySeconds(text);
     tryWords(std::string(text));
     return 0;
 }
