@@ -1,12 +1,15 @@
 #include "cli/parameter_choice.h"
 
 #include <algorithm>
+#include <set>
+#include <utility>
 
 #include "cli/option_text.h"
 #include "cli/typed_parameter.h"
 #include "cli/usage_error.h"
 #include "files/words.h"
 #include "looks/look_file.h"
+#include "looks/parameter_needs.h"
 #include "looks/presets.h"
 #include "parameters/presets.h"
 
@@ -86,6 +89,29 @@ std::vector<ParameterChange> readParameters(const ParameterOptions& options,
     if (!options.keyOffset.empty()) shiftLook(options.keyOffset, changes, warnings);
     append(changes, readSingle(options, warnings));
     return changes;
+}
+
+std::vector<std::string> effectWarnings(const ParameterOptions& options,
+                                        const std::vector<ParameterChange>& changes) {
+    // Each --set and --key has made one change, after those of the look.
+    const std::size_t typed = options.settings.size() + options.keys.size();
+    std::set<ParameterId> asked;
+    for (std::size_t i = 0; i < changes.size(); ++i) {
+        const ParameterId id = rowOf(changes[i]).id;
+        const bool keyed = std::holds_alternative<looks::Animation>(changes[i]);
+        if (keyed || i + typed >= changes.size()) {
+            asked.insert(id);
+        } else {
+            asked.erase(id);
+        }
+    }
+    const looks::ValueRanges values(changes);
+    std::vector<std::string> warnings;
+    for (const ParameterId id : asked) {
+        std::string why = looks::whyWithoutEffect(id, values);
+        if (!why.empty()) warnings.push_back(std::move(why));
+    }
+    return warnings;
 }
 
 std::vector<std::filesystem::path> lookFilesOf(const ParameterOptions& options) {

@@ -18,6 +18,11 @@ namespace ruvex::cli {
 std::vector<looks::ParameterChange> readParameters(const ParameterOptions& options,
                                                    std::vector<std::string>& warnings);
 
+/// A warning for each parameter of --set and --key, and each keyed one of a look, that cannot
+/// change any picture because of the others. `changes` is what readParameters gave.
+std::vector<std::string> effectWarnings(const ParameterOptions& options,
+                                        const std::vector<looks::ParameterChange>& changes);
+
 /// The look files that the options read.
 std::vector<std::filesystem::path> lookFilesOf(const ParameterOptions& options);
 

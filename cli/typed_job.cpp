@@ -1,6 +1,7 @@
 #include "cli/typed_job.h"
 
 #include <limits>
+#include <utility>
 
 #include "cli/job_words.h"
 #include "cli/media_options.h"
@@ -67,6 +68,9 @@ jobs::RenderJob typedJob(const RenderOptions& options, std::vector<std::string>&
     readOutput(options, job);
     readPicture(options, job);
     job.parameters = readParameters(options.parameters, warnings);
+    for (std::string& warning : effectWarnings(options.parameters, job.parameters)) {
+        warnings.push_back(std::move(warning));
+    }
     job.comparison = comparison;
     inOptionWords([&] { checkJob(job); });
     return job;
