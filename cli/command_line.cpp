@@ -2,12 +2,15 @@
 
 #include <iostream>
 #include <new>
+#include <string>
 #include <system_error>
+#include <vector>
 
 #include "cli/command_parser.h"
 #include "cli/commands.h"
 #include "cli/exit_status.h"
 #include "cli/messages.h"
+#include "cli/slips.h"
 #include "cli/usage_error.h"
 
 namespace ruvex::cli {
@@ -33,6 +36,14 @@ std::string reasonOf(const std::system_error& error) {
     return error.what();
 }
 
+/// A refusal of values that the parser had taken, with what was probably meant.
+int complainOf(const UsageError& error, int argc, const char* const* argv) {
+    const std::vector<std::string> words(argv + 1, argv + argc);
+    const std::string meant = meantInstead(commands(), words);
+    complain(error.what(), kWrongCommandLine);
+    return meant.empty() ? kWrongCommandLine : complain(meant.c_str(), kWrongCommandLine);
+}
+
 int parseAndRun(int argc, const char* const* argv) {
     ParsedLine line;
     try {
@@ -51,7 +62,7 @@ int runCommandLine(int argc, const char* const* argv) {
     try {
         return parseAndRun(argc, argv);
     } catch (const UsageError& error) {
-        return complain(error.what(), kWrongCommandLine);
+        return complainOf(error, argc, argv);
     } catch (const std::bad_alloc&) {
         return complain("there is not enough memory for frames of this size.", kFailed);
     } catch (const std::system_error& error) {

@@ -7,6 +7,7 @@
 
 #include "cli/exit_status.h"
 #include "cli/messages.h"
+#include "cli/slips.h"
 #include "cli/usage_error.h"
 #include "files/words.h"
 
@@ -28,27 +29,52 @@ struct Parser {
     }
 };
 
+/// A refusal, with what was probably meant.
+[[noreturn]] void refuse(const std::string& sentence, const std::vector<Command>& commands,
+                         const std::vector<std::string>& words) {
+    const std::string meant = meantInstead(commands, words);
+    throw UsageError(meant.empty() ? sentence : sentence + " " + meant);
+}
+
 std::string unknownCommand(const std::string& name) {
     return "There is no command " + files::inQuotes(name) + ". 'ruvex --help' lists them.";
 }
 
-/// The first word, where it is the name of none of the commands. To the parser there is just none.
-void checkCommand(const CLI::App& app) {
-    const std::vector<std::string> words = app.remaining();
-    if (app.get_subcommands().empty() && !words.empty() && !words.front().starts_with('-')) {
-        throw UsageError(unknownCommand(words.front()));
+/// What is wrong with the words.
+std::string faultOf(const CLI::App& app, const CLI::ParseError& error) {
+    // In the order in which they were typed; the parser's own sentence turns them round.
+    const std::vector<std::string> left = app.remaining(true);
+    if (app.get_subcommands().empty() && !left.empty()) {
+        return left.front().starts_with('-')
+                   ? "There is no option " + files::inQuotes(left.front()) + "."
+                   : unknownCommand(left.front());
     }
+    if (dynamic_cast<const CLI::RequiredError*>(&error) != nullptr &&
+        app.get_subcommands().empty()) {
+        return "A command is required. 'ruvex --help' lists them.";
+    }
+    if (dynamic_cast<const CLI::ArgumentMismatch*>(&error) != nullptr) {
+        const std::string text = error.what();
+        return text.substr(0, text.find(':')) + " lacks its value.";
+    }
+    if (left.empty() || dynamic_cast<const CLI::ExtrasError*>(&error) == nullptr) {
+        return std::string(error.what()) + ".";
+    }
+    std::string text =
+        left.size() == 1 ? "This word is not expected:" : "These words are not expected:";
+    for (const std::string& word : left) text += " " + word;
+    return text + ".";
 }
 
-/// Help and version are no failures; everything else is one of the command line.
+/// The text of help or version, which the parser reports as errors.
 std::string textAskedFor(const CLI::App& app, const CLI::ParseError& error) {
-    if (error.get_exit_code() != static_cast<int>(CLI::ExitCodes::Success)) {
-        checkCommand(app);
-        throw UsageError(error.what());
-    }
     std::ostringstream text;
     app.exit(error, text, text);
     return text.str();
+}
+
+bool isRequestForText(const CLI::ParseError& error) {
+    return error.get_exit_code() == static_cast<int>(CLI::ExitCodes::Success);
 }
 
 /// An empty text stands for none, which is not enough here.
@@ -69,7 +95,8 @@ ParsedLine parseCommandLine(const std::vector<Command>& commands, int argc,
     try {
         parser.app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
-        return {nullptr, textAskedFor(parser.app, error)};
+        if (isRequestForText(error)) return {nullptr, textAskedFor(parser.app, error)};
+        refuse(faultOf(parser.app, error), commands, {argv + 1, argv + argc});
     }
     const auto meant =
         std::ranges::find_if(parser.declared, [](auto& one) { return one.first->parsed(); });
@@ -85,7 +112,7 @@ std::string helpText(const std::vector<Command>& commands, const std::string& na
     for (const auto& [app, command] : parser.declared) {
         if (name == command->name) return app->help("ruvex");
     }
-    throw UsageError(unknownCommand(name));
+    refuse(unknownCommand(name), commands, {name});
 }
 
 }  // namespace ruvex::cli

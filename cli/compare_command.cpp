@@ -8,6 +8,7 @@
 #include "cli/shell_text.h"
 #include "cli/typed_job.h"
 #include "cli/usage_error.h"
+#include "cli/whole_sequence.h"
 
 namespace ruvex::cli {
 namespace {
@@ -52,6 +53,12 @@ int runCompare(const CompareOptions& options) {
     std::vector<std::string> warnings;
     const jobs::Comparison comparison = comparisonOf(options);
     const jobs::RenderJob job = typedJob(options.render, warnings, comparison);
+    if (auto whole = wholeSequence(options.render)) {
+        CompareOptions all = options;
+        all.render = *whole;
+        const std::string command = commandText("compare", compareOptions(all));
+        warnings.push_back(wholeSequenceText(options.render, command));
+    }
     if (talkOf(options.render.talk) != Talk::Quiet) printWarnings(warnings);
     return runTypedJob(job, options.render, [&](std::int64_t frame) {
         CompareOptions one = options;

@@ -11,6 +11,7 @@
 #include "cli/shell_text.h"
 #include "cli/typed_job.h"
 #include "cli/usage_error.h"
+#include "cli/whole_sequence.h"
 #include "jobs/files_written.h"
 #include "jobs/job_file.h"
 
@@ -37,6 +38,10 @@ void checkSaveJob(const jobs::RenderJob& job, const RenderOptions& options) {
 int runRender(const RenderOptions& options) {
     std::vector<std::string> warnings;
     const jobs::RenderJob job = typedJob(options, warnings);
+    if (auto whole = wholeSequence(options)) {
+        const std::string command = commandText("render", renderOptions(*whole));
+        warnings.push_back(wholeSequenceText(options, command));
+    }
     if (talkOf(options.talk) != Talk::Quiet) printWarnings(warnings);
     return runTypedJob(job, options, [&](std::int64_t frame) {
         RenderOptions one = oneFrame(options, frame);

@@ -7,6 +7,7 @@
 #include "files/whole_file.h"
 #include "files/words.h"
 #include "looks/look_file.h"
+#include "parameters/label_match.h"
 #include "parameters/presets.h"
 
 namespace ruvex::looks {
@@ -31,6 +32,11 @@ std::string allNames() {
     return all;
 }
 
+std::string suggestion(const std::string& name) {
+    const std::string_view similar = similarLabel(name, presetNames());
+    return similar.empty() ? "" : " Did you mean " + files::inQuotes(similar) + "?";
+}
+
 }  // namespace
 
 std::vector<ParameterChange> presetChanges(int preset) {
@@ -47,7 +53,8 @@ std::vector<ParameterChange> readLook(const std::string& name, std::vector<std::
     if (const std::optional<int> preset = findPreset(name)) return presetChanges(*preset);
     if (namesFile(name)) return readLookFile(name, warnings);
     throw UnknownLook("there is no preset " + files::inQuotes(name) +
-                      ", and no file of that name. The presets are " + allNames() + ".");
+                      ", and no file of that name." + suggestion(name) + " The presets are " +
+                      allNames() + ".");
 }
 
 void writePresetFiles(const std::filesystem::path& folder) {

@@ -38,4 +38,19 @@ std::size_t labelDistance(std::string_view a, std::string_view b) {
     return costs.back();
 }
 
+std::string_view similarLabel(std::string_view name, std::span<const std::string_view> labels) {
+    // Longer names are no typing errors, and their distances take long.
+    constexpr std::size_t kLongest = 100;
+    if (name.size() > kLongest) return {};
+    std::string_view nearest;
+    std::size_t least = bareLabel(name).size() / 3 + 1;
+    for (const std::string_view label : labels) {
+        const std::size_t distance = labelDistance(label, name);
+        if (distance >= least) continue;
+        least = distance;
+        nearest = label;
+    }
+    return nearest;
+}
+
 }  // namespace ruvex

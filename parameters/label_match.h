@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -18,5 +19,9 @@ bool labelsMatch(std::string_view a, std::string_view b);
 /// The Levenshtein distance of the bare forms: the least number of characters to insert, remove or
 /// replace.
 std::size_t labelDistance(std::string_view a, std::string_view b);
+
+/// The most similar label, if at most every third character of the name is wrong; empty if none is
+/// so similar.
+std::string_view similarLabel(std::string_view name, std::span<const std::string_view> labels);
 
 }  // namespace ruvex

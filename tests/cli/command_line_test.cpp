@@ -142,7 +142,6 @@ TEST_F(OneFrame, WrongValuesEndWithTwoAndLeaveNothing) {
                                 {"--region", "0,0,0,0"},
                                 {"--rate", "-1"},
                                 {"--size", "0x3"},
-                                {"--set", "Resolution=5", "--key", "Resolution=0:1"},
                                 {"--key", "Resolution=0:1", "--key", "Resolution=1:1"}}) {
         const Outcome outcome = render(more);
         EXPECT_EQ(outcome.status, 2) << more[1] << outcome.err;
