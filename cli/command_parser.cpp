@@ -1,11 +1,9 @@
 #include "cli/command_parser.h"
 
 #include <CLI/CLI.hpp>
-#include <algorithm>
-#include <sstream>
 #include <utility>
 
-#include "cli/exit_status.h"
+#include "cli/help_text.h"
 #include "cli/messages.h"
 #include "cli/slips.h"
 #include "cli/usage_error.h"
@@ -16,13 +14,15 @@ namespace {
 
 /// The parser, and where in it each command stands.
 struct Parser {
-    CLI::App app{"Faulty television: runs clips through the V_Ruvex effect.", "ruvex"};
+    CLI::App app{"", "ruvex"};
     std::vector<std::pair<const CLI::App*, const Command*>> declared;
 
     explicit Parser(const std::vector<Command>& commands) {
+        // Commands have the same two flags. The parser reports them as two kinds of exceptions.
+        app.set_help_flag("-h");
+        app.set_help_all_flag("--help");
         app.set_version_flag("--version", "ruvex " RUVEX_VERSION);
         app.require_subcommand(1);
-        app.footer(exitStatusText());
         for (const Command& command : commands) {
             declared.emplace_back(&declareCommand(app, command), &command);
         }
@@ -66,15 +66,25 @@ std::string faultOf(const CLI::App& app, const CLI::ParseError& error) {
     return text + ".";
 }
 
-/// The text of help or version, which the parser reports as errors.
-std::string textAskedFor(const CLI::App& app, const CLI::ParseError& error) {
-    std::ostringstream text;
-    app.exit(error, text, text);
-    return text.str();
+/// The command that was named; null if there is none.
+const Command* namedCommand(const Parser& parser) {
+    for (const auto& [app, command] : parser.declared) {
+        if (app->parsed()) return command;
+    }
+    return nullptr;
 }
 
-bool isRequestForText(const CLI::ParseError& error) {
-    return error.get_exit_code() == static_cast<int>(CLI::ExitCodes::Success);
+/// The text of help or version, which the parser reports as errors; empty for other errors.
+std::string textAskedFor(const Parser& parser, const std::vector<Command>& commands,
+                         const CLI::ParseError& error) {
+    if (error.get_exit_code() != static_cast<int>(CLI::ExitCodes::Success)) return "";
+    const bool isLong = dynamic_cast<const CLI::CallForAllHelp*>(&error) != nullptr;
+    if (!isLong && dynamic_cast<const CLI::CallForHelp*>(&error) == nullptr) {
+        return std::string(error.what()) + "\n";
+    }
+    const HelpLength length = isLong ? HelpLength::Long : HelpLength::Short;
+    const Command* command = namedCommand(parser);
+    return command == nullptr ? programHelp(commands, length) : commandHelp(*command, length);
 }
 
 /// An empty text stands for none, which is not enough here.
@@ -95,22 +105,19 @@ ParsedLine parseCommandLine(const std::vector<Command>& commands, int argc,
     try {
         parser.app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
-        if (isRequestForText(error)) return {nullptr, textAskedFor(parser.app, error)};
+        std::string text = textAskedFor(parser, commands, error);
+        if (!text.empty()) return {nullptr, std::move(text)};
         refuse(faultOf(parser.app, error), commands, {argv + 1, argv + argc});
     }
-    const auto meant =
-        std::ranges::find_if(parser.declared, [](auto& one) { return one.first->parsed(); });
-    checkRequired(*meant->second);
-    return {meant->second, {}};
+    const Command* meant = namedCommand(parser);
+    checkRequired(*meant);
+    return {meant, {}};
 }
 
 std::string helpText(const std::vector<Command>& commands, const std::string& name) {
-    const Parser parser(commands);
-    if (name.empty()) {
-        return parser.app.help();
-    }
-    for (const auto& [app, command] : parser.declared) {
-        if (name == command->name) return app->help("ruvex");
+    if (name.empty()) return programHelp(commands, HelpLength::Long);
+    for (const Command& command : commands) {
+        if (name == command.name) return commandHelp(command, HelpLength::Long);
     }
     refuse(unknownCommand(name), commands, {name});
 }

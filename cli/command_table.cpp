@@ -2,8 +2,6 @@
 
 #include <CLI/CLI.hpp>
 
-#include "cli/exit_status.h"
-
 namespace ruvex::cli {
 namespace {
 
@@ -41,19 +39,6 @@ void declareNeeds(CLI::App& parser, const OptionTable& options) {
     }
 }
 
-std::string footerOf(const Command& command) {
-    std::string text = command.notes;
-    if (!text.empty()) text += "\n\n";
-    if (!command.examples.empty()) {
-        text += "Examples:\n";
-        for (const char* example : command.examples) {
-            text.append("  ").append(example) += '\n';
-        }
-        text += '\n';
-    }
-    return text + exitStatusText();
-}
-
 }  // namespace
 
 std::string longName(const Option& option) {
@@ -67,7 +52,6 @@ CLI::App& declareCommand(CLI::App& parser, const Command& command) {
         declareOption(declared, option);
     }
     declareNeeds(declared, command.options);
-    declared.footer(footerOf(command));
     return declared;
 }
 

@@ -48,8 +48,8 @@ struct Command {
     std::function<int()> run;
 };
 
-/// Adds the command, with its options and help, to what the parser knows. `command` must live until
-/// the command line is parsed.
+/// Adds the command with its options to what the parser knows. `command` must live until the
+/// command line is parsed.
 CLI::App& declareCommand(CLI::App& parser, const Command& command);
 
 }  // namespace ruvex::cli

@@ -23,7 +23,7 @@ struct CompareOptions {
 OptionTable compareOptions(CompareOptions& options) {
     OptionTable table = renderOptions(options.render);
     const OptionTable own = {
-        {"--side-by-side", "", "All of both pictures, before on the left; the usual way",
+        {"--side-by-side", "", "All of both pictures, before on the left; this is the default",
          &options.sideBySide},
         {"--split", "", "One picture: before to the left of a thin white line, after to its right",
          &options.split},

@@ -76,7 +76,7 @@ std::string bashValue(const Option& option) {
 }
 
 std::vector<std::string> optionNames(const Command& command) {
-    std::vector<std::string> names = {"--help"};
+    std::vector<std::string> names = {"-h", "--help"};
     for (const Option& option : command.options) {
         for (const std::string& name : namesOf(option)) names.push_back(name);
     }
@@ -134,7 +134,7 @@ std::string fishOption(const Command& command, const Option& option) {
 
 std::string bashCompletion(const std::vector<Command>& commands) {
     std::vector<std::string> first = commandNames(commands);
-    first.insert(first.end(), {"--help", "--version"});
+    first.insert(first.end(), {"-h", "--help", "--version"});
     std::string text = kBashHead;
     text += "    if [ \"$COMP_CWORD\" -le 1 ]; then " + bashWords(first) + "; return; fi\n";
     text += "    case $command:$before in\n";

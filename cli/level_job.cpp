@@ -83,12 +83,14 @@ OptionTable levelOptions(LevelOptions& options) {
     const OptionTable parameters = parameterOptions(options.parameters);
     table.insert(table.end(), parameters.begin(), parameters.end());
     const OptionTable list = {
-        {"--frames", "A-B",
+        {"-f,--frames", "A-B",
          "First and last frame, inclusive, or one frame; default: all of the clip. Required "
          "without "
          "INPUT",
          &options.frames},
-        {"--rate", "R", "Frames a second where no input says: 25, 29.97, 30000/1001; default: 25",
+        {"--rate", "R",
+         "Frames a second of stills, raw frames and video of variable frame rate: 25, 29.97, "
+         "30000/1001; default: 25, for video the slowest rate that keeps every picture",
          &options.rate},
         {"--size", "WxH", "Size of raw input frames", &options.size},
         {"--csv", "", "Comma-separated values with all their digits, instead of a table",

@@ -130,7 +130,8 @@ std::string manPage(const std::vector<Command>& commands) {
         ".SH DESCRIPTION\n"
         "Runs clips through the V_Ruvex effect, which simulates poor reception and the winding of "
         "a "
-        "tape. Each command lists its options with\n.BR \\-\\-help .\n.SH COMMANDS\n";
+        "tape. Each command lists its options with\n.BR \\-\\-help ,\nand in short with\n.BR \\-h "
+        ".\n.SH COMMANDS\n";
     for (const Command& command : commands) {
         addCommand(page, commands, command);
     }

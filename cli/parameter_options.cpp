@@ -4,7 +4,7 @@ namespace ruvex::cli {
 
 OptionTable parameterOptions(ParameterOptions& options) {
     return {
-        {"--preset", "NAME|FILE",
+        {"-p,--preset", "NAME|FILE",
          "One of the looks of 'ruvex presets', or a look file of your own; --params, --set "
          "and "
          "--key go over it, in this order",
@@ -15,13 +15,13 @@ OptionTable parameterOptions(ParameterOptions& options) {
          &options.params},
         {"--key-offset", "SECONDS",
          "Add this to the times of the keys of --preset and --params, to fit a look to a cut; may "
-         "be negative; keys of --key stay where they are. Default: 0",
+         "be negative; default: 0. Keys of --key stay where they are",
          &options.keyOffset},
-        {"--set", "\"NAME=VALUE\"",
+        {"-s,--set", "\"NAME=VALUE\"",
          "A parameter by its label; enumerations by label or number, check boxes on or off. "
          "Repeatable",
          &options.settings},
-        {"--key", "\"NAME=T:V T:V ...\"",
+        {"-k,--key", "\"NAME=T:V T:V ...\"",
          "Keys of a real parameter, seconds and value; linear in between. T:V:hold keeps its value "
          "until the next key, T:V:smooth eases to the next one. Repeatable",
          &options.keys},

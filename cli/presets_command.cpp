@@ -43,13 +43,15 @@ OptionTable presetsOptions(PresetsOptions& all) {
         {"--frame", "N", "Which frame; default: the one in the middle", &options.frame, false,
          kSheet},
         {"--rate", "R",
-         "Frames a second where the input does not say: 25, 29.97, 30000/1001; default: 25",
+         "Frames a second of stills, raw frames and video of variable frame rate: 25, 29.97, "
+         "30000/1001; default: 25, for video the slowest rate that keeps every picture",
          &options.rate, false, kSheet},
         {"--size", "WxH", "Size of raw input frames", &options.size, false, kSheet},
         {"--depth", "8|16", "Bits a channel in the chain; default: by the input", &options.depth,
          false, kSheet},
         {"--workers", "N",
-         "Shares that each picture is cut into; default: the machine's processors",
+         "Shares that each picture is cut into; default: the machine's processors. The same number "
+         "gives the same picture on every machine",
          &options.workers, false, kSheet},
     };
 }

@@ -28,7 +28,7 @@ OptionTable renderOptions(RenderOptions& options) {
     const OptionTable parameters = parameterOptions(options.parameters);
     table.insert(table.end(), parameters.begin(), parameters.end());
     const OptionTable picture = {
-        {"--frames", "A-B",
+        {"-f,--frames", "A-B",
          "First and last frame, inclusive, or one frame; default: all. Frame k is at time k / rate",
          &options.frames},
         {"--rate", "R",
@@ -72,8 +72,8 @@ OptionTable renderOptions(RenderOptions& options) {
         {"--pixel-aspect", "A", "Width of a project pixel over its height, 0.1 to 10; default: 1",
          &options.pixelAspect},
         {"--region", "X,Y,W,H",
-         "Render this part only, rows counted from the bottom; the rest is left at zero, but for "
-         "the halo of White Dot, which reaches beyond the part",
+         "Render this part only, rows counted from the bottom; default: the whole picture. The "
+         "rest is left at zero, but for the halo of White Dot, which reaches beyond the part",
          &options.region},
         {"--fields", "",
          "Render each field of interlaced video as a picture of its own, at its own time, and "
@@ -103,7 +103,7 @@ OptionTable renderOptions(RenderOptions& options) {
          &options.resume},
         {"--dry-run", "", "Report what would be done, and write nothing", &options.dryRun},
         {"--save-job", "FILE.json",
-         "Render nothing; write the render as a job, which 'ruvex run' does later or elsewhere",
+         "Write the render as a job, which 'ruvex run' does later or elsewhere; render nothing",
          &options.saveJob},
     };
     table.insert(table.end(), work.begin(), work.end());

@@ -25,7 +25,7 @@ struct RunOptions {
 OptionTable runOptions(RunOptions& options) {
     OptionTable table = {
         {"JOB.json", "", "A job that --save-job has written", &options.job, true},
-        {"--frames", "A-B", "Render these frames only, in place of those that the job names",
+        {"-f,--frames", "A-B", "Render these frames only; default: those that the job names",
          &options.frames},
         {"--resume", "",
          "Continue a numbered sequence: files that are complete pictures of the right size are "

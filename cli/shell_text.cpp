@@ -12,6 +12,12 @@ namespace {
 constexpr std::string_view kPlain =
     "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789%+,-./:=@_";
 
+/// "-o", as the examples have it; other options by their long names, which say what they are.
+std::string shownName(const Option& option) {
+    const std::string name = namesOf(option).front();
+    return name == "-o" ? name : longName(option);
+}
+
 void appendValue(std::string& text, const Option& option, const std::string& value) {
     text += ' ';
     if (isPlace(option)) {
@@ -22,7 +28,7 @@ void appendValue(std::string& text, const Option& option, const std::string& val
         // Only the longer form takes a value after an equals sign.
         text.append(longName(option)).append("=").append(shellQuoted(value));
     } else {
-        text.append(namesOf(option).front()).append(" ").append(shellQuoted(value));
+        text.append(shownName(option)).append(" ").append(shellQuoted(value));
     }
 }
 

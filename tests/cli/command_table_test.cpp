@@ -5,6 +5,7 @@
 #include <set>
 
 #include "cli/commands.h"
+#include "cli/help_text.h"
 
 namespace ruvex::cli {
 namespace {
@@ -61,11 +62,10 @@ TEST(CommandTable, RequiredAndNeededOptionsAreAskedFor) {
 
 TEST(CommandTable, TheHelpHoldsAllThatTheTableSays) {
     Values values;
-    CLI::App app;
-    const Command command = commandOver(values);
-    const std::string help = declareCommand(app, command).help();
-    for (const char* part : {"Try it", "INPUT", "What goes in", "-r,--rate R", "How fast", "--loud",
-                             "A note.", "Examples:\n  ruvex try this", "Exit status"}) {
+    const std::string help = commandHelp(commandOver(values), HelpLength::Long);
+    for (const char* part : {"Try it", "Usage: ruvex try INPUT [OPTIONS]", "INPUT",
+                             "What goes in. Required.", "-r,--rate R", "How fast. Requires --loud.",
+                             "--loud", "A note.", "Examples:\n  ruvex try this", "Exit status"}) {
         EXPECT_NE(help.find(part), std::string::npos) << part << '\n' << help;
     }
 }

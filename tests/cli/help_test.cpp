@@ -5,12 +5,15 @@
 #include <fstream>
 #include <gtest/gtest.h>
 #include <memory>
+#include <set>
 #include <sstream>
 
 #include "cli/commands.h"
 #include "cli/completion.h"
 #include "cli/exit_status.h"
+#include "cli/help_text.h"
 #include "cli/man_page.h"
+#include "cli/option_group.h"
 #include "cli/value_kind.h"
 #include "parameters/parameter_table.h"
 #include "parameters/presets.h"
@@ -60,6 +63,72 @@ TEST(Help, TellsOfEachCommandWhatItsOwnHelpTells) {
     EXPECT_EQ(ruvex({"help", "rendre"}).status, 2);
     EXPECT_EQ(ruvex({"help", "render", "--man"}).status, 2);
     EXPECT_EQ(ruvex({"help", "--completion", "tcsh"}).status, 2);
+}
+
+/// Lines of at most 80 characters.
+void expectNarrow(const std::string& text) {
+    std::istringstream lines(text);
+    for (std::string line; std::getline(lines, line);) EXPECT_LE(line.size(), 80u) << line;
+}
+
+TEST(Help, IsShortWithOneDash) {
+    for (const Command& command : commands()) {
+        const Outcome shorter = ruvex({command.name, "-h"});
+        EXPECT_EQ(shorter.status, 0);
+        EXPECT_EQ(shorter.out, commandHelp(command, HelpLength::Short));
+        EXPECT_LT(shorter.out.size(), commandHelp(command, HelpLength::Long).size());
+        for (const Option& option : command.options) {
+            EXPECT_TRUE(holds(shorter.out, std::string("\n  ") + option.name)) << option.name;
+        }
+        const std::string options = shorter.out.substr(0, shorter.out.find("\nExamples:"));
+        expectNarrow(options);
+    }
+    EXPECT_EQ(ruvex({"-h"}).out, programHelp(commands(), HelpLength::Short));
+    EXPECT_EQ(ruvex({"render", "-h", "--nonsense"}).status, 0);
+}
+
+TEST(Help, ListsManyOptionsInGroups) {
+    for (const char* name : {"render", "compare", "level"}) {
+        const auto command = std::ranges::find_if(
+            commands(), [&](const Command& one) { return std::string(one.name) == name; });
+        for (const Option& option : command->options) {
+            EXPECT_NE(groupOf(option), OptionGroup::Other) << name << ' ' << option.name;
+        }
+        const std::string help = ruvex({name, "--help"}).out;
+        std::size_t at = 0;
+        for (const char* title : {"\nInput and output:\n", "\nLook:\n", "\nTime:\n", "\nHelp:\n"}) {
+            EXPECT_NE(help.find(title, at), std::string::npos) << title;
+            at = std::min(help.find(title, at), help.size());
+        }
+    }
+}
+
+/// Options without which nothing happens, so that they have no default.
+bool hasNoDefault(const std::string& name) {
+    static const std::set<std::string> names = {
+        "--params",  "--preset", "--save-params", "--size", "--mask", "--save-job",
+        "--save-to", "--sheet",  "--output",      "--plot", "--man",  "--completion"};
+    return names.contains(name);
+}
+
+TEST(Help, NamesTheDefaultOfEachOptionThatHasOne) {
+    for (const Command& command : commands()) {
+        for (const Option& option : command.options) {
+            if (!std::holds_alternative<std::string*>(option.value)) continue;
+            if (isPlace(option) || hasNoDefault(longName(option))) continue;
+            EXPECT_TRUE(holds(option.help, "default: ")) << command.name << ' ' << option.name;
+        }
+    }
+}
+
+TEST(Help, TellsTheSameOfTheRateEverywhere) {
+    std::set<std::string> texts;
+    for (const Command& command : commands()) {
+        for (const Option& option : command.options) {
+            if (longName(option) == "--rate") texts.insert(option.help);
+        }
+    }
+    EXPECT_EQ(texts.size(), 1u);
 }
 
 // As a reader sees it, so that nothing is lost in the typesetter's language.
@@ -144,7 +213,7 @@ TEST(Completion, OffersEveryCommandAndOption) {
     for (const Command& command : commands()) {
         EXPECT_EQ(std::ranges::count(first, command.name), 1) << command.name;
         const Words options = offered({command.name, "-"});
-        std::size_t expected = 1;
+        std::size_t expected = 2;  // -h and --help
         for (const Option& option : command.options) {
             for (const std::string& name : namesOf(option)) {
                 EXPECT_EQ(std::ranges::count(options, name), 1) << command.name << ' ' << name;
@@ -162,6 +231,8 @@ TEST(Completion, OffersWhatAnOptionTakes) {
     EXPECT_EQ(offered({"render", "--preset", "Bad\\ C"}), Words{"Bad Colour TV"});
     EXPECT_EQ(offered({"render", "--preset", "\"Bad C"}), Words{"Bad Colour TV"});
     EXPECT_EQ(offered({"compare", "--set", "Snow M"}), Words{"Snow Max="});
+    EXPECT_EQ(offered({"compare", "-s", "Snow M"}), Words{"Snow Max="});
+    EXPECT_EQ(offered({"render", "-p", "Bad C"}), Words{"Bad Colour TV"});
     EXPECT_EQ(offered({"help", "le"}), Words{"level"});
     EXPECT_EQ(offered({"render", "ruvex.b"}), Words{"ruvex.bash"});
     EXPECT_EQ(offered({"render", "--rate", ""}), Words{});
