@@ -49,8 +49,10 @@ void fill(Random& random, ParameterSet& set, Id id) {
         return;
     }
     std::vector<DSKey> keys;
-    for (int n = random.whole(1, 5); n > 0; --n)
-        keys.push_back({random.real(-1.0f, 9.0f), value()});
+    for (int n = random.whole(1, 5); n > 0; --n) {
+        const double time = random.real(-1.0f, 9.0f);
+        keys.push_back({time, value(), static_cast<DSKeyMode>(random.whole(0, 2))});
+    }
     set.animate(id, keys);
 }
 
