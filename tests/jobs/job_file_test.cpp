@@ -60,10 +60,9 @@ RenderJob storedJob(const fs::path& folder) {
     job.comparison = Comparison{Comparison::Kind::Split, 0.25};
     job.framesAtOnce = 2;
     job.resume = true;
-    job.parameters = {
-        looks::Setting{ParameterId::TvType, 1},
-        looks::Animation{ParameterId::SnowMax, {{0, -0.5, looks::KeyMode::Hold}, {2, 60}}},
-        looks::Setting{ParameterId::FishEye, 1}};
+    job.parameters = {looks::Setting{ParameterId::TvType, 1},
+                      looks::Animation{ParameterId::SnowMax, {{0, -0.5}, {2, 60}}},
+                      looks::Setting{ParameterId::FishEye, 1}};
     return job;
 }
 
@@ -143,6 +142,16 @@ TEST(JobFile, OfAParameterTheLastChangeCounts) {
     const auto back = parse(jobText(job, {})).parameters;
     EXPECT_EQ(back, looks::lastChanges(job.parameters));
     EXPECT_EQ(back.size(), 2u);
+}
+
+TEST(JobFile, HasTheModesOfKeys) {
+    RenderJob job;
+    job.input = "a.mp4";
+    job.output = "b.mp4";
+    job.parameters = {
+        looks::Animation{ParameterId::SnowMax,
+                         {{0, 5, looks::KeyMode::Hold}, {1, 6, looks::KeyMode::Smooth}, {2, 60}}}};
+    EXPECT_TRUE(parse(jobText(job, {})) == job) << jobText(job, {});
 }
 
 // The file stays as it is when later versions come.
