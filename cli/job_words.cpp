@@ -40,6 +40,12 @@ std::string optionText(JobField field) {
             return "--split-at";
         case JobField::FramesAtOnce:
             return "--jobs";
+        case JobField::EncoderSpeed:
+            return "--encoder-speed";
+        case JobField::ExrPixels:
+            return "--exr-pixels";
+        case JobField::ExrCompression:
+            return "--exr-compression";
         case JobField::Parameters:
             return "--set";
         default:

@@ -1,5 +1,6 @@
 #include "cli/media_options.h"
 
+#include "cli/option_text.h"
 #include "cli/usage_error.h"
 #include "files/words.h"
 #include "jobs/job_names.h"
@@ -34,6 +35,20 @@ media::FieldOrder parseFieldOrder(const std::string& option, const std::string& 
 
 jobs::ClipEnds parseEnds(const std::string& option, const std::string& text) {
     return parseChoice<jobs::ClipEnds>(option, text, "a way to continue at the ends of a clip");
+}
+
+int parseQuality(const std::string& option, const std::string& text) try {
+    return parseWhole(option, text, 1, 100);
+} catch (const UsageError& error) {
+    throw UsageError(std::string(error.what()) + " 100 is the best quality.");
+}
+
+media::ExrPixels parseExrPixels(const std::string& option, const std::string& text) {
+    return parseChoice<media::ExrPixels>(option, text, "a type of EXR pixels");
+}
+
+media::ExrCompression parseExrCompression(const std::string& option, const std::string& text) {
+    return parseChoice<media::ExrCompression>(option, text, "a compression of EXR");
 }
 
 media::Depth parseDepth(const std::string& option, const std::string& text) {

@@ -9,6 +9,7 @@
 #include "media/clip_info.h"
 #include "media/file_kind.h"
 #include "media/pixels/alpha.h"
+#include "media/stills/exr_form.h"
 
 namespace ruvex::cli {
 
@@ -26,6 +27,15 @@ media::FieldOrder parseFieldOrder(const std::string& option, const std::string& 
 
 /// "blank", "hold" or "loop".
 jobs::ClipEnds parseEnds(const std::string& option, const std::string& text);
+
+/// A quality from 1 to 100.
+int parseQuality(const std::string& option, const std::string& text);
+
+/// "half" or "float".
+media::ExrPixels parseExrPixels(const std::string& option, const std::string& text);
+
+/// "none", "rle", "zip1" or "zip16".
+media::ExrCompression parseExrCompression(const std::string& option, const std::string& text);
 
 /// "8" or "16".
 media::Depth parseDepth(const std::string& option, const std::string& text);

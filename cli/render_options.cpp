@@ -11,6 +11,7 @@ const char* const kRenderNotes = R"(Files, by the ending of their names:
   .mp4 .m4v               video out: H.264, without alpha
   .mov                    video out: ProRes 4444, with alpha
   .mkv                    video out: FFV1, without loss, with alpha
+  .mxf                    video out: DNxHR HQX, with sound as PCM of 48 kHz
   .y4m                    video out without compression, and without alpha
   -                       standard input or output: Y4M or raw frames, one after the other
   anything else           video in: whatever the FFmpeg libraries read
@@ -49,13 +50,25 @@ OptionTable renderOptions(RenderOptions& options) {
          "Render at the input's size, and scale the result to this one by area averaging; default: "
          "the input's size",
          &options.outputSize},
-        {"--codec", "ffv1|h264|h265|prores",
-         "How video is coded; default: H.264 in .mp4 and .m4v, ProRes 4444 in .mov, FFV1 in "
-         ".mkv",
+        {"--codec", "NAME",
+         "Video codec: h264, h265, ffv1, prores-4444 (or prores), prores-422-hq, prores-422, "
+         "prores-422-lt, prores-422-proxy, dnxhr-444, dnxhr-hqx, dnxhr-hq, dnxhr-sq, dnxhr-lb; "
+         "default: h264 in .mp4 and .m4v, prores-4444 in .mov, ffv1 in .mkv, dnxhr-hqx in .mxf",
          &options.codec},
         {"--quality", "1-100",
-         "Of H.264 and H.265 (default: 72), of ProRes and JPEG (default: 95); 100 is the finest",
+         "Of H.264 and H.265 (default: 72), of ProRes 4444 and JPEG (default: 95); 100 is the "
+         "best. This is not a CRF: CRF 18 is 64, CRF 23 is 54",
          &options.quality},
+        {"--encoder-speed", "PRESET",
+         "Of H.264 and H.265: ultrafast, superfast, veryfast, faster, fast, medium, slow, slower "
+         "or veryslow; default: medium. Slower presets give smaller files",
+         &options.encoderSpeed},
+        {"--exr-pixels", "half|float", "Component type of .exr; default: float",
+         &options.exrPixels},
+        {"--exr-compression", "none|rle|zip1|zip16",
+         "Compression of .exr, lossless; default: zip16, 16 lines in each block",
+         &options.exrCompression},
+        {"--mute", "", "Write no sound", &options.mute},
         {"--input-format", "y4m|rgba8|s214",
          "What standard input (-) holds; default: raw frames of 8 bits if --size is given, else "
          "Y4M",

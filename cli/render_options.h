@@ -24,6 +24,10 @@ struct RenderOptions {
     std::string outputSize;
     std::string codec;
     std::string quality;
+    std::string encoderSpeed;
+    std::string exrPixels;
+    std::string exrCompression;
+    bool mute = false;
     std::string inputFormat;
     std::string outputFormat;
     std::string workers;

@@ -38,7 +38,11 @@ void readOutput(const RenderOptions& options, jobs::RenderJob& job) {
     job.outputSize = ifGiven("--output-size", options.outputSize, parseSize);
     job.resultAlpha = ifGiven("--result-alpha", options.resultAlpha, parseResultAlpha);
     if (!options.codec.empty()) job.codec = options.codec;
-    job.quality = ifGiven("--quality", options.quality, wholeFrom(1, 100));
+    job.quality = ifGiven("--quality", options.quality, parseQuality);
+    if (!options.encoderSpeed.empty()) job.encoderSpeed = options.encoderSpeed;
+    job.exrPixels = ifGiven("--exr-pixels", options.exrPixels, parseExrPixels);
+    job.exrCompression = ifGiven("--exr-compression", options.exrCompression, parseExrCompression);
+    job.mute = options.mute;
     job.resume = options.resume;
 }
 

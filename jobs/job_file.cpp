@@ -32,6 +32,10 @@ void visitFields(Job& job, const Visitor& visitor) {
     visitor(JobField::ResultAlpha, job.resultAlpha);
     visitor(JobField::Codec, job.codec);
     visitor(JobField::Quality, job.quality);
+    visitor(JobField::EncoderSpeed, job.encoderSpeed);
+    visitor(JobField::ExrPixels, job.exrPixels);
+    visitor(JobField::ExrCompression, job.exrCompression);
+    visitor(JobField::Mute, job.mute);
     visitor(JobField::Frames, job.frames);
     visitor(JobField::Depth, job.depth);
     visitor(JobField::Workers, job.workers);

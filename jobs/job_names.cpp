@@ -49,4 +49,19 @@ std::span<const NamedChoice<media::FileKind>> namedChoices() {
     return kAll;
 }
 
+template <>
+std::span<const NamedChoice<media::ExrPixels>> namedChoices() {
+    using enum media::ExrPixels;
+    static constexpr NamedChoice<media::ExrPixels> kAll[] = {{Half, "half"}, {Float, "float"}};
+    return kAll;
+}
+
+template <>
+std::span<const NamedChoice<media::ExrCompression>> namedChoices() {
+    using enum media::ExrCompression;
+    static constexpr NamedChoice<media::ExrCompression> kAll[] = {
+        {None, "none"}, {Rle, "rle"}, {Zip1, "zip1"}, {Zip16, "zip16"}};
+    return kAll;
+}
+
 }  // namespace ruvex::jobs

@@ -13,6 +13,7 @@
 #include "media/clip_info.h"
 #include "media/file_kind.h"
 #include "media/pixels/alpha.h"
+#include "media/stills/exr_form.h"
 
 namespace ruvex::jobs {
 
@@ -24,8 +25,9 @@ struct NamedChoice {
 
 /// All choices of a kind, with their names. Choice is one of AlphaForm ("straight",
 /// "premultiplied"), FieldOrder ("top", "bottom", "none"), ResultAlpha ("effect", "opaque"),
-/// ClipEnds ("blank", "hold", "loop"), Comparison::Kind ("sideBySide", "split"), or FileKind, of
-/// which only the kinds that a stream may hold have names ("y4m", "rgba8", "s214").
+/// ClipEnds ("blank", "hold", "loop"), Comparison::Kind ("sideBySide", "split"), ExrPixels ("half",
+/// "float"), ExrCompression ("none", "rle", "zip1", "zip16"), or FileKind, of which only the kinds
+/// that a stream may hold have names ("y4m", "rgba8", "s214").
 template <class Choice>
 std::span<const NamedChoice<Choice>> namedChoices();
 
@@ -41,6 +43,10 @@ template <>
 std::span<const NamedChoice<Comparison::Kind>> namedChoices();
 template <>
 std::span<const NamedChoice<media::FileKind>> namedChoices();
+template <>
+std::span<const NamedChoice<media::ExrPixels>> namedChoices();
+template <>
+std::span<const NamedChoice<media::ExrCompression>> namedChoices();
 
 /// "blank, hold, loop", with `last` before the last one.
 template <class Choice>

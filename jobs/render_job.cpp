@@ -9,7 +9,7 @@
 #include "media/file_kind.h"
 #include "media/frame_writer.h"
 #include "media/media_error.h"
-#include "media/video/video_codec.h"
+#include "media/storage_choice.h"
 #include "parameters/ruvex_interface.h"
 
 namespace ruvex::jobs {
@@ -108,7 +108,7 @@ void checkOutput(const RenderJob& job) {
                                              "of " +
                                              media::writableEndings() + ".");
     }
-    const std::string fault = media::storageFault(job.output, job.codec, job.quality);
+    const std::string fault = media::storageFault(job.output, storageOf(job));
     if (!fault.empty()) {
         throw JobError(JobField::Output, job.output.string() + ": " + fault);
     }
@@ -124,6 +124,14 @@ void checkResume(const RenderJob& job) {
 }
 
 }  // namespace
+
+media::StorageChoice storageOf(const RenderJob& job) {
+    return {.codec = job.codec,
+            .quality = job.quality,
+            .encoderSpeed = job.encoderSpeed,
+            .exrPixels = job.exrPixels,
+            .exrCompression = job.exrCompression};
+}
 
 media::ReadOptions readingOf(const RenderJob& job) {
     return {.size = job.size,

@@ -14,6 +14,7 @@
 #include "jobs/result_alpha.h"
 #include "looks/parameter_change.h"
 #include "media/frame_reader.h"
+#include "media/storage_choice.h"
 
 namespace ruvex::jobs {
 
@@ -39,12 +40,16 @@ struct RenderJob {
     std::optional<media::FileKind> outputFormat{};  ///< Of standard output.
     /// The result is scaled to this size after it has been rendered; the input's size without it.
     std::optional<media::FrameSize> outputSize{};
-    std::optional<ResultAlpha> resultAlpha{};  ///< By the input without it; see usualResultAlpha.
-    std::optional<std::string> codec{};        ///< Of video: "ffv1".
-    std::optional<int> quality{};              ///< Of lossy kinds: 1 to 100.
-    std::optional<FrameRange> frames{};        ///< All of the clip without it.
-    std::optional<media::Depth> depth{};       ///< Of the chain.
-    std::optional<int> workers{};              ///< Shares of a picture's rows.
+    std::optional<ResultAlpha> resultAlpha{};  ///< By input and output without it; see planRender.
+    std::optional<std::string> codec{};             ///< Of video: "ffv1".
+    std::optional<int> quality{};                   ///< Of lossy kinds: 1 to 100, the best.
+    std::optional<std::string> encoderSpeed{};      ///< Of H.264 and H.265: "veryfast".
+    std::optional<media::ExrPixels> exrPixels{};
+    std::optional<media::ExrCompression> exrCompression{};
+    bool mute = false;                    ///< Write no sound.
+    std::optional<FrameRange> frames{};   ///< All of the clip without it.
+    std::optional<media::Depth> depth{};  ///< Of the chain.
+    std::optional<int> workers{};         ///< Shares of a picture's rows.
     std::optional<media::FrameSize>
         projectSize{};         ///< Up to kLongestProjectSide; the input's size without it.
     double pixelAspect = 1.0;  ///< Width of a project pixel over its height, from kLeastPixelAspect
@@ -60,6 +65,9 @@ struct RenderJob {
 
     friend bool operator==(const RenderJob&, const RenderJob&) = default;
 };
+
+/// How the job's result is to be stored.
+media::StorageChoice storageOf(const RenderJob& job);
 
 /// How the job's input is to be read.
 media::ReadOptions readingOf(const RenderJob& job);

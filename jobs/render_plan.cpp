@@ -11,6 +11,7 @@
 #include "media/file_kind.h"
 #include "media/media_error.h"
 #include "media/pixels/fields.h"
+#include "media/storage_choice.h"
 
 namespace ruvex::jobs {
 namespace {
@@ -55,6 +56,17 @@ void checkRoomForFrames(const RenderPlan& plan) {
     }
 }
 
+/// Checks that the output's codec and container can hold such frames.
+void checkStorage(const RenderPlan& plan) {
+    const std::string fault = media::pictureFault(plan.output, plan.writing);
+    if (!fault.empty()) throw JobError(JobField::Output, plan.output.string() + ": " + fault);
+}
+
+void noteQuality(const RenderJob& job, std::vector<Note>& notes) {
+    const std::string doubt = media::qualityDoubt(job.output, storageOf(job));
+    if (!doubt.empty()) notes.push_back({JobField::Quality, doubt});
+}
+
 void checkReadFilesKept(const RenderPlan& plan) {
     FilesWritten written;
     written.addOutput(plan.output, plan.frames);
@@ -69,9 +81,11 @@ std::int64_t duration(std::int64_t frames, const media::Rational& rate) {
 
 /// The sound and the subtitles that belong to the frames; all of them where all frames are
 /// rendered, since they may be longer than the frames.
-media::CopySource copiedOf(const media::ClipInfo& clip, const RenderPlan& plan) {
+media::CopySource copiedOf(const RenderJob& job, const media::ClipInfo& clip,
+                           const RenderPlan& plan) {
     if (media::fileKind(plan.input) != media::FileKind::Video) return {};
     media::CopySource copied{files::NumberedPath(plan.input).plain()};
+    copied.sound = !job.mute;
     copied.zero = clip.start + duration(plan.frames.first, plan.rate);
     if (plan.frames.first > clip.first) copied.from = copied.zero;
     if (plan.frames.last < clip.last) {
@@ -119,7 +133,10 @@ media::WriteOptions writingOf(const RenderJob& job, const media::ClipInfo& clip,
             .alpha = job.alpha,
             .quality = job.quality,
             .codec = job.codec,
-            .copied = copiedOf(clip, plan),
+            .encoderSpeed = job.encoderSpeed,
+            .exrPixels = job.exrPixels,
+            .exrCompression = job.exrCompression,
+            .copied = copiedOf(job, clip, plan),
             .format = job.outputFormat,
             .bits = clip.bits,
             .chroma = clip.chroma,
@@ -194,6 +211,8 @@ RenderPlan planRender(const RenderJob& job, const media::ClipInfo& clip, std::ve
     plan.opaque = isOpaque(job, clip, plan.writing);
     plan.fields = fieldsToRender(job, clip, plan.writing.fields);
     checkPictureSize(JobField::Output, plan.writing.size, plan.depth, job.output);
+    checkStorage(plan);
+    noteQuality(job, notes);
     if (const auto note = emptyFramesNote(plan)) notes.push_back(*note);
     return plan;
 }

@@ -6,6 +6,7 @@
 #include "media/file_kind.h"
 #include "media/media_error.h"
 #include "media/stills/still_writer.h"
+#include "media/storage_choice.h"
 #include "media/streams/stream_writer.h"
 #include "media/video/video_codec.h"
 #include "media/video/video_writer.h"
@@ -57,7 +58,8 @@ bool storesAlpha(const std::filesystem::path& path, const WriteOptions& options)
 }
 
 std::string writableEndings() {
-    return ".mp4, .m4v, .mov, .mkv, .y4m, .png, .tif, .tiff, .exr, .dpx, .jpg, .jpeg, .rgba8, "
+    return ".mp4, .m4v, .mov, .mkv, .mxf, .y4m, .png, .tif, .tiff, .exr, .dpx, .jpg, .jpeg, "
+           ".rgba8, "
            ".s214";
 }
 
@@ -68,9 +70,9 @@ std::unique_ptr<FrameWriter> openWriter(const std::filesystem::path& path,
                          ": files with this extension cannot be written. Use one of " +
                          writableEndings() + ".");
     }
-    const std::string fault = storageFault(path, options.codec, options.quality);
-    if (!fault.empty()) {
-        throw MediaError("Cannot write " + path.string() + ". " + fault);
+    for (const std::string& fault :
+         {storageFault(path, storageOf(options)), pictureFault(path, options)}) {
+        if (!fault.empty()) throw MediaError("Cannot write " + path.string() + ". " + fault);
     }
     switch (fileKind(path)) {
         case FileKind::Video:

@@ -14,6 +14,7 @@
 #include "media/clip_info.h"
 #include "media/file_kind.h"
 #include "media/pixels/alpha.h"
+#include "media/stills/exr_form.h"
 #include "media/video/stream_copy.h"
 
 namespace ruvex::media {
@@ -31,7 +32,11 @@ struct WriteOptions {
     /// 1 to 100, the best; for lossy formats, each of which has its default. Refused for others.
     std::optional<int> quality{};
     std::optional<std::string> codec{};  ///< For video; a name that findVideoCodec knows.
-    CopySource copied{};                 ///< For video: whose audio, subtitles and so on to copy.
+    /// For H.264 and H.265: the encoder's preset, "ultrafast" to "veryslow"; default: "medium".
+    std::optional<std::string> encoderSpeed{};
+    std::optional<ExrPixels> exrPixels{};            ///< For EXR; default: Float.
+    std::optional<ExrCompression> exrCompression{};  ///< For EXR; default: Zip16.
+    CopySource copied{};  ///< For video: whose audio, subtitles and so on to copy.
     /// Format of standard output: Y4m, RawRgba8 or RawS214; default: Y4m.
     std::optional<FileKind> format{};
     /// Bits of a component of Y4M for S2.14 frames: 9, 10, 12 or 14; any other value gives 16.
@@ -78,7 +83,7 @@ private:
 
 /// Opens a writer for the kind of file that the extension says:
 /// - video: .mp4, .m4v (default codec H.264), .mov (ProRes 4444, with alpha), .mkv (FFV1, lossless,
-///   with alpha);
+///   with alpha), .mxf (DNxHR HQX);
 /// - stills: .png, .tif, .tiff, .exr, .dpx, .jpg, .jpeg, and raw frames: .rgba8, .s214, which are
 ///   converted to the depth of their kind; a single file, or numbered files by a pattern;
 /// - streams: .y4m, and "-" for standard output.

@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cmath>
+#include <cstdint>
 
 #include "media/frame.h"
 #include "media/pixels/plane_line.h"
@@ -52,6 +54,22 @@ void packLine(const T* pixel, double white, AlphaForm form, int width,
     }
 }
 
+/// The half float nearest to the value, as a single one; of two equally near the one whose last bit
+/// is 0. Values are below 65504, the largest half float.
+float nearestHalf(float value) {
+    constexpr float kLeastNormal = 0x1p-14F;  // Of half floats. Below, they are 2^-24 apart.
+    if (std::fabs(value) < kLeastNormal) {
+        // In [0.5, 1), where the sum lies, single floats are 2^-24 apart too.
+        constexpr float kShift = 0.75F;
+        return (value + kShift) - kShift;
+    }
+    constexpr unsigned kDropped = 13;  // Bits of a single float's mantissa that a half lacks.
+    constexpr std::uint32_t kBelowHalf = (1U << (kDropped - 1)) - 1;
+    const auto bits = std::bit_cast<std::uint32_t>(value);
+    const std::uint32_t odd = bits >> kDropped & 1U;
+    return std::bit_cast<float>((bits + kBelowHalf + odd) >> kDropped << kDropped);
+}
+
 }  // namespace
 
 bool isFloat(AVPixelFormat format) {
@@ -83,6 +101,15 @@ void packFloat(const Frame& frame, AlphaForm alpha, AVFrame& picture) {
             packLine(frame.row8(row), kWhite8, alpha, frame.width(), line);
         } else {
             packLine(frame.row16(row), kWhiteS214, alpha, frame.width(), line);
+        }
+    }
+}
+
+void roundToHalf(AVFrame& picture) {
+    for (int plane = 0; plane < kChannels; ++plane) {
+        for (int y = 0; y < picture.height; ++y) {
+            float* line = planeLine<float>(picture, plane, y);
+            std::transform(line, line + picture.width, line, nearestHalf);
         }
     }
 }

@@ -24,4 +24,8 @@ void unpackFloat(const AVFrame& picture, AlphaForm alpha, Frame& frame);
 /// an S2.14 frame in both alpha forms, and an 8-bit one as convertDepth converts it to S2.14.
 void packFloat(const Frame& frame, AlphaForm alpha, AVFrame& picture);
 
+/// Replaces each component of a GBRAPF32LE picture by the nearest half float; of two equally near
+/// by the one whose last bit is 0. Components are below 65504, the largest half float.
+void roundToHalf(AVFrame& picture);
+
 }  // namespace ruvex::media

@@ -17,18 +17,14 @@ struct StillKind {
     AVCodecID codec;
     AVPixelFormat format8;   ///< Stores 8-bit frames.
     AVPixelFormat format16;  ///< Stores S2.14 frames.
-    const char* option;      ///< A private option of the encoder, or null.
-    const char* value;       ///< Of the option.
 };
 
 constexpr StillKind kStillKinds[] = {
-    {FileKind::Png, AV_CODEC_ID_PNG, AV_PIX_FMT_RGBA, AV_PIX_FMT_RGBA64BE, nullptr, nullptr},
-    {FileKind::Tiff, AV_CODEC_ID_TIFF, AV_PIX_FMT_RGBA, AV_PIX_FMT_RGBA64LE, "compression_algo",
-     "deflate"},
-    {FileKind::Exr, AV_CODEC_ID_EXR, AV_PIX_FMT_GBRAPF32LE, AV_PIX_FMT_GBRAPF32LE, "compression",
-     "zip16"},
-    {FileKind::Dpx, AV_CODEC_ID_DPX, AV_PIX_FMT_RGBA, AV_PIX_FMT_RGBA64BE, nullptr, nullptr},
-    {FileKind::Jpeg, AV_CODEC_ID_MJPEG, AV_PIX_FMT_YUVJ444P, AV_PIX_FMT_YUVJ444P, nullptr, nullptr},
+    {FileKind::Png, AV_CODEC_ID_PNG, AV_PIX_FMT_RGBA, AV_PIX_FMT_RGBA64BE},
+    {FileKind::Tiff, AV_CODEC_ID_TIFF, AV_PIX_FMT_RGBA, AV_PIX_FMT_RGBA64LE},
+    {FileKind::Exr, AV_CODEC_ID_EXR, AV_PIX_FMT_GBRAPF32LE, AV_PIX_FMT_GBRAPF32LE},
+    {FileKind::Dpx, AV_CODEC_ID_DPX, AV_PIX_FMT_RGBA, AV_PIX_FMT_RGBA64BE},
+    {FileKind::Jpeg, AV_CODEC_ID_MJPEG, AV_PIX_FMT_YUVJ444P, AV_PIX_FMT_YUVJ444P},
 };
 
 const StillKind& rowOf(FileKind kind) {
@@ -72,6 +68,31 @@ int jpegScale(int quality) {
            FF_QP2LAMBDA * (kWorstScale - kBestScale) * (100 - quality) / kQualitySteps;
 }
 
+const char* compressionName(ExrCompression compression) {
+    switch (compression) {
+        case ExrCompression::None:
+            return "none";
+        case ExrCompression::Rle:
+            return "rle";
+        case ExrCompression::Zip1:
+            return "zip1";
+        default:
+            return "zip16";
+    }
+}
+
+/// Sets the options that only the encoder of this kind has.
+void setPrivateOptions(AVCodecContext& context, FileKind kind, const ExrForm& exr) {
+    void* options = context.priv_data;
+    if (kind == FileKind::Tiff) {
+        av_opt_set(options, "compression_algo", "deflate", 0);
+    }
+    if (kind == FileKind::Exr) {
+        av_opt_set(options, "compression", compressionName(exr.compression), 0);
+        av_opt_set(options, "format", exr.pixels == ExrPixels::Half ? "half" : "float", 0);
+    }
+}
+
 }  // namespace
 
 AvFrame decodeStill(FileKind kind, const std::filesystem::path& file,
@@ -99,7 +120,7 @@ AVPixelFormat storedFormat(FileKind kind, Depth depth) {
 }
 
 AvPacket encodeStill(FileKind kind, const std::filesystem::path& file, AVFrame& picture,
-                     const Rational& pixelAspect, int quality) {
+                     const EncodeOptions& options) {
     quietLibraries();
     const StillKind& row = rowOf(kind);
     const AVCodec* codec = avcodec_find_encoder(row.codec);
@@ -108,13 +129,11 @@ AvPacket encodeStill(FileKind kind, const std::filesystem::path& file, AVFrame& 
     context->height = picture.height;
     context->pix_fmt = static_cast<AVPixelFormat>(picture.format);
     context->time_base = {1, 1};
-    context->sample_aspect_ratio = toAvRational(pixelAspect);
+    context->sample_aspect_ratio = toAvRational(options.pixelAspect);
     context->qmin = 1;
     context->flags |= kind == FileKind::Jpeg ? AV_CODEC_FLAG_QSCALE : 0;
-    picture.quality = context->global_quality = jpegScale(quality);
-    if (row.option != nullptr) {
-        av_opt_set(context->priv_data, row.option, row.value, 0);
-    }
+    picture.quality = context->global_quality = jpegScale(options.quality);
+    setPrivateOptions(*context, kind, options.exr);
     openStillCodec(codec, *context);
     AvPacket packet = newAvPacket();
     int result = avcodec_send_frame(context.get(), &picture);

@@ -8,6 +8,7 @@
 #include "media/av_library.h"
 #include "media/file_kind.h"
 #include "media/rational.h"
+#include "media/stills/exr_form.h"
 
 namespace ruvex::media {
 
@@ -20,9 +21,15 @@ AvFrame decodeStill(FileKind kind, const std::filesystem::path& file,
 /// both depths.
 AVPixelFormat storedFormat(FileKind kind, Depth depth);
 
+struct EncodeOptions {
+    Rational pixelAspect{1, 1};  ///< Width of a pixel over its height.
+    int quality = 100;           ///< Of a JPEG: 1 to 100, the best.
+    ExrForm exr{};
+};
+
 /// Encodes a picture of the format that storedFormat returns; the packet holds the file's bytes.
-/// `quality`, 1 to 100 (the best), is for JPEG. `file` is for messages. Throws MediaError.
+/// `file` is for messages. Throws MediaError.
 AvPacket encodeStill(FileKind kind, const std::filesystem::path& file, AVFrame& picture,
-                     const Rational& pixelAspect, int quality);
+                     const EncodeOptions& options);
 
 }  // namespace ruvex::media

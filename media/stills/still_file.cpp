@@ -63,9 +63,13 @@ AvFrame toPicture(const Frame& frame, FileKind kind, AlphaForm alpha) {
     return picture;
 }
 
-AvFrame toFloat(const Frame& frame, AlphaForm alpha) {
+AvFrame toFloat(const Frame& frame, AlphaForm alpha, ExrPixels pixels) {
     AvFrame picture = newPicture(frame.width(), frame.height(), AV_PIX_FMT_GBRAPF32LE);
     packFloat(frame, alpha, *picture);
+    if (pixels == ExrPixels::Half) {
+        // The encoder drops the bits that a half float lacks; it does not round.
+        roundToHalf(*picture);
+    }
     return picture;
 }
 
@@ -76,10 +80,11 @@ AvFrame toJpeg(const Frame& frame) {
     return picture;
 }
 
-AvFrame pictureOf(FileKind kind, const Frame& frame, AlphaForm alpha) {
+AvFrame pictureOf(FileKind kind, const Frame& frame, const StillOptions& options) {
+    const AlphaForm alpha = options.alpha.value_or(usualAlpha(kind));
     switch (kind) {
         case FileKind::Exr:
-            return toFloat(frame, alpha);
+            return toFloat(frame, alpha, options.exr.pixels);
         case FileKind::Jpeg:
             return toJpeg(frame);
         default:
@@ -111,9 +116,11 @@ Still readStill(const std::filesystem::path& file, std::optional<AlphaForm> alph
 void writeStill(const std::filesystem::path& file, const Frame& frame,
                 const StillOptions& options) {
     const FileKind kind = fileKind(file);
-    const AvFrame picture = pictureOf(kind, frame, options.alpha.value_or(usualAlpha(kind)));
-    const AvPacket packet = encodeStill(kind, file, *picture, options.pixelAspect,
-                                        options.quality.value_or(kUsualJpegQuality));
+    const AvFrame picture = pictureOf(kind, frame, options);
+    const AvPacket packet = encodeStill(kind, file, *picture,
+                                        {.pixelAspect = options.pixelAspect,
+                                         .quality = options.quality.value_or(kUsualJpegQuality),
+                                         .exr = options.exr});
     files::writeWhole(file, {reinterpret_cast<const std::byte*>(packet->data),
                              static_cast<std::size_t>(packet->size)});
 }

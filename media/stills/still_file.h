@@ -9,6 +9,7 @@
 #include "media/frame.h"
 #include "media/pixels/alpha.h"
 #include "media/rational.h"
+#include "media/stills/exr_form.h"
 
 namespace ruvex::media {
 
@@ -25,6 +26,7 @@ struct StillOptions {
     Rational pixelAspect{1, 1};        ///< Width of a pixel over its height.
     std::optional<AlphaForm> alpha{};  ///< Default: usualAlpha of the file's kind.
     std::optional<int> quality{};      ///< Of a JPEG, 1 to 100; default: kUsualJpegQuality.
+    ExrForm exr{};                     ///< Of an EXR.
 };
 
 inline constexpr int kUsualJpegQuality = 95;
@@ -42,7 +44,8 @@ Still readStill(const std::filesystem::path& file, std::optional<AlphaForm> alph
 
 /// Writes a still of the kind that its extension says; the file appears only when it is complete.
 /// PNG, TIFF and DPX: RGBA of 8 bits a component for 8-bit frames, else of 16 bits, clamped to
-/// black and white. EXR: RGBA in 32-bit floats, white 1.0, lossless. JPEG: 8 bits, no alpha. Throws
+/// black and white. EXR: RGBA, white 1.0, in 32-bit floats, lossless, or in half floats, each the
+/// nearest. JPEG: 8 bits, no alpha. Throws
 /// MediaError.
 void writeStill(const std::filesystem::path& file, const Frame& frame,
                 const StillOptions& options = {});

@@ -24,7 +24,13 @@ void StillWriter::write(std::int64_t number, const Frame& frame) {
                                 ? premultiplied(frame, *depth)
                                 : convertDepth(frame, *depth));
     } else {
-        writeStill(file, frame, {options_.pixelAspect, options_.alpha, options_.quality});
+        const ExrForm exr{.pixels = options_.exrPixels.value_or(ExrForm().pixels),
+                          .compression = options_.exrCompression.value_or(ExrForm().compression)};
+        writeStill(file, frame,
+                   {.pixelAspect = options_.pixelAspect,
+                    .alpha = options_.alpha,
+                    .quality = options_.quality,
+                    .exr = exr});
     }
     ++count_;
     reportWritten();

@@ -100,7 +100,7 @@ void StreamWriter::writeY4m(const Frame& frame) {
 
 std::vector<std::string> StreamWriter::remarks() const {
     if (options_.copied.path.empty()) return {};
-    return lossesOf(options_.copied.path, stream_.name());
+    return lossesOf(options_.copied, stream_.name());
 }
 
 void StreamWriter::finish() {

@@ -87,7 +87,8 @@ void StreamCopy::addStreams(const std::string& name) {
     const int rendered = findVideo(*input_);
     for (int i = 0; i < static_cast<int>(input_->nb_streams); ++i) {
         AVStream& from = *input_->streams[i];
-        const bool wanted = i != rendered && !isKeptOtherwise(from, *input_);
+        const bool wanted =
+            i != rendered && !isKeptOtherwise(from, *input_) && !isMuted(from, source_);
         const int to = wanted ? add(from) : kNoStream;
         if (wanted && to == kNoStream) {
             losses_.push_back(lossSentence(from, name));

@@ -17,6 +17,7 @@ struct CopySource {
     std::int64_t zero = 0;          ///< The time that becomes 0 in the output.
     std::int64_t from = INT64_MIN;  ///< What ends here or earlier is left out.
     std::int64_t to = INT64_MAX;    ///< What begins here or later is left out.
+    bool sound = true;              ///< Whether sound is copied.
 };
 
 /// Copies audio, subtitles, chapters, attached files and cover pictures of a file into another,

@@ -77,13 +77,18 @@ std::string lossSentence(const AVStream& stream, const std::string& name) {
     }
 }
 
-std::vector<std::string> lossesOf(const std::filesystem::path& video, const std::string& name) try {
-    const VideoFile file(video);
+bool isMuted(const AVStream& stream, const CopySource& source) {
+    return !source.sound && stream.codecpar->codec_type == AVMEDIA_TYPE_AUDIO;
+}
+
+std::vector<std::string> lossesOf(const CopySource& source, const std::string& name) try {
+    const VideoFile file(source.path);
     const AVFormatContext& format = file.format();
     std::vector<std::string> losses;
     for (unsigned i = 0; i < format.nb_streams; ++i) {
         const AVStream& stream = *format.streams[i];
-        if (&stream != &file.stream() && !isKeptOtherwise(stream, format)) {
+        const bool wanted = !isKeptOtherwise(stream, format) && !isMuted(stream, source);
+        if (&stream != &file.stream() && wanted) {
             losses.push_back(lossSentence(stream, name));
         }
     }

@@ -6,7 +6,6 @@ extern "C" {
 
 #include <algorithm>
 #include <string>
-#include <string_view>
 
 #include "media/av_library.h"
 #include "media/media_error.h"
@@ -26,13 +25,13 @@ bool isEven(FrameSize size) {
 
 AVPixelFormat formatFor(const VideoCodec& codec, const WriteOptions& options) {
     const bool deep = options.depth == Depth::S214;
+    if (codec.format != AV_PIX_FMT_NONE) {
+        return codec.format;
+    }
     if (codec.exact) {
         return deep ? AV_PIX_FMT_RGBA64LE : AV_PIX_FMT_BGRA;
     }
-    if (codec.alpha) {
-        return AV_PIX_FMT_YUVA444P10LE;
-    }
-    if (deep && codec.name == std::string_view("h265")) {
+    if (deep && codec.family == CodecFamily::H265) {
         return isEven(options.size) ? AV_PIX_FMT_YUV420P10LE : AV_PIX_FMT_YUV444P10LE;
     }
     return isEven(options.size) ? AV_PIX_FMT_YUV420P : AV_PIX_FMT_YUV444P;
@@ -47,11 +46,28 @@ AVColorSpace yuvMatrix(const WriteOptions& options) {
     return pal ? AVCOL_SPC_BT470BG : static_cast<AVColorSpace>(matrix);
 }
 
+/// The FFmpeg libraries' name of a family's encoder.
+const char* encoderName(CodecFamily family) {
+    switch (family) {
+        case CodecFamily::Ffv1:
+            return "ffv1";
+        case CodecFamily::ProRes:
+            return "prores_ks";
+        case CodecFamily::Dnxhr:
+            return "dnxhd";
+        case CodecFamily::H264:
+            return "libx264";
+        default:
+            return "libx265";
+    }
+}
+
 const AVCodec& encoderFor(const VideoCodec& codec, const std::filesystem::path& path) {
-    const AVCodec* encoder = avcodec_find_encoder_by_name(codec.encoder);
+    const char* name = encoderName(codec.family);
+    const AVCodec* encoder = avcodec_find_encoder_by_name(name);
     if (encoder == nullptr) {
         throw MediaError("Cannot write " + path.string() +
-                         ": the installed FFmpeg libraries lack " + codec.encoder +
+                         ": the installed FFmpeg libraries lack " + name +
                          ". Install a build with it, or choose another --codec.");
     }
     return *encoder;
@@ -82,7 +98,7 @@ void setFields(AVCodecContext& coder, const WriteOptions& options, const VideoCo
     const bool top = options.fields == FieldOrder::TopFirst;
     coder.field_order = top ? AV_FIELD_TT : AV_FIELD_BB;
     coder.flags |= AV_CODEC_FLAG_INTERLACED_DCT | AV_CODEC_FLAG_INTERLACED_ME;
-    if (codec.encoder == std::string_view("libx264")) {
+    if (codec.family == CodecFamily::H264) {
         // The encoder marks the first frames as top field first if only the frames say the order.
         av_opt_set(coder.priv_data, "x264-params", top ? "tff=1" : "bff=1", 0);
     }
@@ -100,20 +116,40 @@ void setExact(AVCodecContext& coder) {
     av_opt_set_int(coder.priv_data, "slicecrc", slices ? 1 : 0, 0);
 }
 
-/// `quality` is 1 (coarse) to 100 (no visible loss). For H.264 and H.265 it gives a constant rate
-/// factor of 50 to 1, for ProRes a quantizer scale of 33 to 1, where 1 is the best.
-void setQuality(AVCodecContext& coder, const VideoCodec& codec, std::optional<int> quality) {
-    const int coarseness = 100 - quality.value_or(codec.quality);
-    if (!codec.alpha) {
-        const int factor = std::max((coarseness + 1) / 2, 1);
-        av_opt_set(coder.priv_data, "crf", std::to_string(factor).c_str(), 0);
-        // H.265's encoder would print a banner to the terminal for each file.
-        av_opt_set(coder.priv_data, "x265-params", "log-level=none", 0);
-        return;
+/// Sets the constant rate factor and the preset of H.264 and H.265.
+void setRateFactor(AVCodecContext& coder, const VideoCodec& codec, const WriteOptions& options) {
+    const int factor = rateFactor(options.quality.value_or(codec.quality));
+    av_opt_set_int(coder.priv_data, "crf", factor, 0);
+    if (options.encoderSpeed) {
+        av_opt_set(coder.priv_data, "preset", options.encoderSpeed->c_str(), 0);
     }
-    av_opt_set(coder.priv_data, "profile", "4444", 0);
-    coder.flags |= AV_CODEC_FLAG_QSCALE;
-    coder.global_quality = FF_QP2LAMBDA * std::max(coarseness / 3, 1);
+    // H.265's encoder would print a banner to the terminal for each file.
+    av_opt_set(coder.priv_data, "x265-params", "log-level=none", 0);
+}
+
+/// Sets the profile of ProRes and DNxHR. A profile has a bit rate of its own, but for a codec with
+/// a choice of quality: ProRes 4444 is coded with a constant quantizer scale of 33 to 1, of which 1
+/// is the best, for a quality of 1 to 100.
+void setProfile(AVCodecContext& coder, const VideoCodec& codec, const WriteOptions& options) {
+    constexpr int kQualityPerScale = 3;
+    av_opt_set_int(coder.priv_data, "profile", codec.profile, 0);
+    if (codec.quality > 0) {
+        const int coarseness = 100 - options.quality.value_or(codec.quality);
+        coder.flags |= AV_CODEC_FLAG_QSCALE;
+        coder.global_quality = FF_QP2LAMBDA * std::max(coarseness / kQualityPerScale, 1);
+    }
+}
+
+void setFamily(AVCodecContext& coder, const VideoCodec& codec, const WriteOptions& options) {
+    switch (codec.family) {
+        case CodecFamily::Ffv1:
+            return setExact(coder);
+        case CodecFamily::ProRes:
+        case CodecFamily::Dnxhr:
+            return setProfile(coder, codec, options);
+        default:
+            return setRateFactor(coder, codec, options);
+    }
 }
 
 }  // namespace
@@ -132,11 +168,7 @@ AvCodec openEncoder(const VideoCodec& codec, const std::filesystem::path& path,
         coder->flags |= AV_CODEC_FLAG_GLOBAL_HEADER;
     }
     setFields(*coder, options, codec);
-    if (codec.exact) {
-        setExact(*coder);
-    } else {
-        setQuality(*coder, codec, options.quality);
-    }
+    setFamily(*coder, codec, options);
     const int code = openCodec(*coder, encoder);
     if (code < 0) {
         throw MediaError("Cannot write " + path.string() + ": " + takeLibraryReason(code) + ".");

@@ -8,6 +8,7 @@
 #include "media/av_library.h"
 #include "media/media_error.h"
 #include "media/pixels/rgb_lines.h"
+#include "media/storage_choice.h"
 #include "media/video/video_encoder.h"
 
 namespace ruvex::media {
@@ -29,12 +30,15 @@ const char* containerOf(const std::string& extension) {
     if (extension == ".mkv") {
         return "matroska";
     }
+    if (extension == ".mxf") {
+        return "mxf";
+    }
     return extension == ".mov" ? "mov" : "mp4";
 }
 
 const VideoCodec& codecOf(const std::filesystem::path& path, const WriteOptions& options) {
     const VideoCodec* codec = findVideoCodec(path, options.codec);
-    const std::string fault = storageFault(path, options.codec, options.quality);
+    const std::string fault = storageFault(path, storageOf(options));
     if (codec == nullptr || !fault.empty()) {
         throw MediaError("Cannot write " + path.string() + ". " + fault);
     }
@@ -99,6 +103,8 @@ void VideoWriter::openContainer(const WriteOptions& options) {
         throw std::bad_alloc();
     }
     check(avcodec_parameters_from_context(stream->codecpar, coder_.get()));
+    // The MXF muxer looks for the profile here, where the encoder of ProRes does not put it.
+    stream->codecpar->profile = codec_.profile;
     stream->time_base = coder_->time_base;
     stream->avg_frame_rate = coder_->framerate;
     stream->sample_aspect_ratio = coder_->sample_aspect_ratio;

@@ -16,7 +16,8 @@ namespace ruvex::media {
 /// Writes the container of the file's extension in the codec of the options (see findVideoCodec):
 /// - H.264 and H.265: YUV without alpha, 4:2:0, or 4:4:4 if a side is odd, of 8 bits; H.265 of 10
 ///   bits for S2.14 frames;
-/// - ProRes 4444: YUV 4:4:4 of 10 bits, with alpha;
+/// - ProRes 4444: YUV 4:4:4 of 10 bits, with alpha; other profiles: 4:2:2 of 10 bits;
+/// - DNxHR: 4:2:2 of 8 bits (LB, SQ, HQ) or 10 bits (HQX), or 4:4:4 of 10 bits (444);
 /// - FFV1: RGB with alpha, 8 or 16 bits a component, lossless.
 /// Frames with a field order are coded as interlaced if the codec can. What the source of the
 /// options has beside its pictures is copied; see StreamCopy. The time of frame k is k / rate after

@@ -3,6 +3,7 @@
 
 #include "media/frame_reader.h"
 #include "media/frame_writer.h"
+#include "media/storage_choice.h"
 #include "media/video/video_codec.h"
 #include "tests/media/test_clips.h"
 #include "tests/support/temp_folder.h"
@@ -45,7 +46,13 @@ TEST(VideoCodec, IsChosenByEndingOrName) {
     };
     EXPECT_EQ(nameOf("a.mp4"), "h264");
     EXPECT_EQ(nameOf("A.M4V"), "h264");
-    EXPECT_EQ(nameOf("a.mov"), "prores");
+    EXPECT_EQ(nameOf("a.mov"), "prores-4444");
+    EXPECT_EQ(nameOf("a.mxf"), "dnxhr-hqx");
+    EXPECT_EQ(nameOf("a.mov", "prores"), "prores-4444");
+    EXPECT_EQ(nameOf("a.mov", "prores-422-hq"), "prores-422-hq");
+    EXPECT_EQ(nameOf("a.mxf", "dnxhr-lb"), "dnxhr-lb");
+    EXPECT_EQ(nameOf("a.mxf", "h264"), "");
+    EXPECT_EQ(nameOf("a.mkv", "dnxhr-hq"), "");
     EXPECT_EQ(nameOf("a.mkv"), "ffv1");
     EXPECT_EQ(nameOf("a.mkv", "h265"), "h265");
     EXPECT_EQ(nameOf("a.mp4", "prores"), "");
@@ -56,13 +63,13 @@ TEST(VideoCodec, IsChosenByEndingOrName) {
 }
 
 TEST(VideoCodec, WhatDoesNotGoTogetherIsRefused) {
-    EXPECT_EQ(storageFault("a.mp4", "h265", 50), "");
-    EXPECT_EQ(storageFault("a.jpg", {}, 50), "");
-    EXPECT_NE(storageFault("a.mp4", "prores", {}).find("h264, h265"), std::string::npos);
-    EXPECT_NE(storageFault("a.mkv", {}, 50), "");
-    EXPECT_NE(storageFault("a.png", {}, 50), "");
-    EXPECT_NE(storageFault("a.png", "h264", {}), "");
-    EXPECT_NE(storageFault("-", "h264", {}), "");
+    EXPECT_EQ(storageFault("a.mp4", {.codec = "h265", .quality = 50}), "");
+    EXPECT_EQ(storageFault("a.jpg", {.quality = 50}), "");
+    EXPECT_NE(storageFault("a.mp4", {.codec = "prores"}).find("h264, h265"), std::string::npos);
+    EXPECT_NE(storageFault("a.mkv", {.quality = 50}), "");
+    EXPECT_NE(storageFault("a.png", {.quality = 50}), "");
+    EXPECT_NE(storageFault("a.png", {.codec = "h264"}), "");
+    EXPECT_NE(storageFault("-", {.codec = "h264"}), "");
     files::TempFolder folder;
     EXPECT_NE(complaintOf([&] {
                   openWriter(folder.file("a.mkv"), {.size = {4, 4}, .quality = 5});
