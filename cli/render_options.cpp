@@ -50,10 +50,11 @@ OptionTable renderOptions(RenderOptions& options) {
          "Render at the input's size, and scale the result to this one by area averaging; default: "
          "the input's size",
          &options.outputSize},
-        {"--codec", "NAME",
-         "Video codec: h264, h265, ffv1, prores-4444 (or prores), prores-422-hq, prores-422, "
-         "prores-422-lt, prores-422-proxy, dnxhr-444, dnxhr-hqx, dnxhr-hq, dnxhr-sq, dnxhr-lb; "
-         "default: h264 in .mp4 and .m4v, prores-4444 in .mov, ffv1 in .mkv, dnxhr-hqx in .mxf",
+        {"--codec",
+         "h264|h265|ffv1|prores-4444|prores-422-hq|prores-422|prores-422-lt|prores-422-proxy|"
+         "dnxhr-444|dnxhr-hqx|dnxhr-hq|dnxhr-sq|dnxhr-lb",
+         "How video is coded; default: h264 in .mp4 and .m4v, prores-4444 in .mov, ffv1 in .mkv, "
+         "dnxhr-hqx in .mxf",
          &options.codec},
         {"--quality", "1-100",
          "Of H.264 and H.265 (default: 72), of ProRes 4444 and JPEG (default: 95); 100 is the "

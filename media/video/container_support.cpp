@@ -62,6 +62,10 @@ bool holdsAttachments(const AVOutputFormat& container) {
     return container.name == std::string_view("matroska");
 }
 
+bool holdsChapters(const AVOutputFormat& container) {
+    return container.name != std::string_view("mxf");
+}
+
 bool holdsCovers(const AVOutputFormat& container) {
     return container.name == std::string_view("mp4");
 }

@@ -16,6 +16,9 @@ bool canHold(const AVOutputFormat& container, const AVStream& stream);
 /// Whether the container is Matroska, the only one with attached files.
 bool holdsAttachments(const AVOutputFormat& container);
 
+/// Whether the container has chapters: all that are written but MXF.
+bool holdsChapters(const AVOutputFormat& container);
+
 /// Whether the container is MP4, which stores cover pictures as such.
 bool holdsCovers(const AVOutputFormat& container);
 

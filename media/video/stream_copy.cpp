@@ -79,7 +79,15 @@ StreamCopy::StreamCopy(const CopySource& source, const std::string& name, std::i
     if (avformat_find_stream_info(input, nullptr) >= 0) {
         addStreams(name);
         findLead(frame);
-        copyChapters(*input, source_, lead_, output_);
+        addChapters(name);
+    }
+}
+
+void StreamCopy::addChapters(const std::string& name) {
+    if (holdsChapters(*output_.oformat)) {
+        copyChapters(*input_, source_, lead_, output_);
+    } else if (input_->nb_chapters > 0) {
+        losses_.push_back(chapterLoss(name));
     }
 }
 

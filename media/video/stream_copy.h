@@ -50,6 +50,7 @@ private:
     };
 
     void addStreams(const std::string& name);
+    void addChapters(const std::string& name);
     /// Adds a stream for `from` if there is a way to hold it. Returns its index, or kNoStream.
     int add(const AVStream& from);
     int addTimed(const AVStream& from);

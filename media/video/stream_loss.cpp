@@ -81,6 +81,10 @@ bool isMuted(const AVStream& stream, const CopySource& source) {
     return !source.sound && stream.codecpar->codec_type == AVMEDIA_TYPE_AUDIO;
 }
 
+std::string chapterLoss(const std::string& name) {
+    return "The chapters are left out: " + name + " cannot hold them.";
+}
+
 std::vector<std::string> lossesOf(const CopySource& source, const std::string& name) try {
     const VideoFile file(source.path);
     const AVFormatContext& format = file.format();
@@ -93,7 +97,7 @@ std::vector<std::string> lossesOf(const CopySource& source, const std::string& n
         }
     }
     if (format.nb_chapters > 0) {
-        losses.push_back("The chapters are left out: " + name + " cannot hold them.");
+        losses.push_back(chapterLoss(name));
     }
     return losses;
 } catch (const MediaError&) {

@@ -20,6 +20,9 @@ bool isMuted(const AVStream& stream, const CopySource& source);
 /// A sentence for a stream that is left out of the output `name`.
 std::string lossSentence(const AVStream& stream, const std::string& name);
 
+/// A sentence for chapters that are left out of the output `name`.
+std::string chapterLoss(const std::string& name);
+
 /// A sentence for each stream of a video file that is to be copied, and for its chapters, that an
 /// output which holds pictures alone leaves out. None for a file that cannot be opened.
 std::vector<std::string> lossesOf(const CopySource& source, const std::string& name);

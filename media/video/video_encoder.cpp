@@ -39,7 +39,13 @@ AVPixelFormat formatFor(const VideoCodec& codec, const WriteOptions& options) {
 
 /// The matrix to mark. BT.601 has a code point for 625 lines and one for 525, with the same
 /// coefficients; where the options do not say which, the height does.
-AVColorSpace yuvMatrix(const WriteOptions& options) {
+AVColorSpace yuvMatrix(const WriteOptions& options, const VideoCodec& codec) {
+    // The encoder of DNxHR always marks BT.709, and QuickTime has its own mark only together with
+    // primaries and transfer.
+    constexpr int kUnspecified = ColourTags::kUnspecified;
+    const bool marked =
+        options.colour.primaries != kUnspecified && options.colour.transfer != kUnspecified;
+    if (codec.family == CodecFamily::Dnxhr && !marked) return AVCOL_SPC_BT709;
     const int matrix = matrixInUse(options.colour.matrix, options.size.height);
     const bool chosen = matrix != options.colour.matrix;
     const bool pal = chosen && options.size.height == kPalLines && matrix == AVCOL_SPC_SMPTE170M;
@@ -84,7 +90,7 @@ void describe(AVCodecContext& coder, const WriteOptions& options, const VideoCod
     coder.color_trc = static_cast<AVColorTransferCharacteristic>(options.colour.transfer);
     coder.pix_fmt = formatFor(codec, options);
     coder.chroma_sample_location = exact ? AVCHROMA_LOC_UNSPECIFIED : AVCHROMA_LOC_LEFT;
-    coder.colorspace = exact ? AVCOL_SPC_RGB : yuvMatrix(options);
+    coder.colorspace = exact ? AVCOL_SPC_RGB : yuvMatrix(options, codec);
     const bool full = exact || (options.colour.full && codec.fullRange);
     coder.color_range = full ? AVCOL_RANGE_JPEG : AVCOL_RANGE_MPEG;
 }

@@ -74,6 +74,7 @@ VideoWriter::VideoWriter(const std::filesystem::path& path, const WriteOptions& 
 
 std::vector<std::string> VideoWriter::remarks() const {
     std::vector<std::string> remarks = copy_->losses();
+    if (sound_) remarks.insert(remarks.end(), sound_->remarks().begin(), sound_->remarks().end());
     if (fields_ != FieldOrder::Progressive && !isInterlaced(*coder_)) {
         remarks.push_back(path_.string() + " is not marked as interlaced: its codec, " +
                           codec_.title + ", cannot code these frames as interlaced.");
@@ -110,10 +111,23 @@ void VideoWriter::openContainer(const WriteOptions& options) {
     stream->sample_aspect_ratio = coder_->sample_aspect_ratio;
     writeTags(options.tags, *format_, *stream);
     writeHdr(options.hdr, *stream);
-    copy_.emplace(options.copied, path_.string(),
-                  av_rescale_q(1, coder_->time_base, {1, AV_TIME_BASE}), *format_);
+    addBeside(options.copied);
     check(avio_open(&format_->pb, ("file:" + file_.path().string()).c_str(), AVIO_FLAG_WRITE));
     check(avformat_write_header(format_.get(), nullptr));
+}
+
+void VideoWriter::addBeside(CopySource source) {
+    if (isMxf(path_)) {
+        sound_.emplace(source, path_.string(), *format_);
+        source.sound = false;
+    }
+    copy_.emplace(source, path_.string(), av_rescale_q(1, coder_->time_base, kMicroseconds),
+                  *format_);
+}
+
+void VideoWriter::writeBeside(std::int64_t time) {
+    check(copy_->writeUntil(time));
+    if (sound_) check(sound_->writeUntil(time));
 }
 
 AvFrame VideoWriter::toPicture(const Frame& frame) {
@@ -145,7 +159,7 @@ void VideoWriter::write(std::int64_t, const Frame& frame) {
     picture->interlaced_frame = isInterlaced(*coder_) ? 1 : 0;
     picture->top_field_first = coder_->field_order == AV_FIELD_TT ? 1 : 0;
     encode(picture.get());
-    check(copy_->writeUntil(av_rescale_q(sent_, coder_->time_base, {1, AV_TIME_BASE})));
+    writeBeside(av_rescale_q(sent_, coder_->time_base, kMicroseconds));
 }
 
 void VideoWriter::encode(const AVFrame* picture) {
@@ -165,8 +179,7 @@ void VideoWriter::encode(const AVFrame* picture) {
         }
         const AVRational unit = format_->streams[0]->time_base;
         // Rounded up: the container's edit list would round a fraction of a millisecond down.
-        const std::int64_t lead =
-            av_rescale_q_rnd(copy_->lead(), {1, AV_TIME_BASE}, unit, AV_ROUND_UP);
+        const std::int64_t lead = av_rescale_q_rnd(copy_->lead(), kMicroseconds, unit, AV_ROUND_UP);
         av_packet_rescale_ts(packet_.get(), coder_->time_base, unit);
         packet_->pts += lead;
         packet_->dts += lead;
@@ -179,6 +192,10 @@ void VideoWriter::encode(const AVFrame* picture) {
 void VideoWriter::finish() {
     encode(nullptr);
     check(copy_->writeUntil(INT64_MAX));
+    // The muxer drops the last picture if the samples of its time are not complete, by its own
+    // count of samples for each picture, and what is left over after the last picture.
+    if (sound_)
+        check(sound_->writeUntil(av_rescale_q(written_ + 1, coder_->time_base, kMicroseconds)));
     check(av_write_trailer(format_.get()));
     avio_flush(format_->pb);
     check(format_->pb->error);

@@ -8,6 +8,7 @@
 #include "media/av_library.h"
 #include "media/frame_writer.h"
 #include "media/pixels/yuv_convert.h"
+#include "media/sound/pcm_sound.h"
 #include "media/video/stream_copy.h"
 #include "media/video/video_codec.h"
 
@@ -38,12 +39,17 @@ public:
 private:
     void openCoder(const WriteOptions& options);
     void openContainer(const WriteOptions& options);
+    /// Adds what the source has beside its pictures.
+    void addBeside(CopySource source);
     /// The frame in the encoder's format, with colours premultiplied if the options say so.
     AvFrame toPicture(const Frame& frame);
     /// The frame in the encoder's format.
     AvFrame pack(const Frame& frame);
     /// Encodes a picture and writes the packets that come of it; null drains the encoder.
     void encode(const AVFrame* picture);
+    /// Writes what belongs to the time before `time`, in microseconds since the first picture,
+    /// beside the pictures.
+    void writeBeside(std::int64_t time);
     /// Throws MediaError if `code`, a result of the libraries, is an error.
     void check(int code) const;
 
@@ -60,6 +66,7 @@ private:
     AvCodec coder_;
     AvPacket packet_;
     std::optional<StreamCopy> copy_;
+    std::optional<PcmSound> sound_;      ///< For MXF, into which sound is not copied.
     std::optional<FrameToYuv> convert_;  ///< Empty for a codec that takes RGB.
     std::int64_t sent_ = 0;              ///< Frames sent to the encoder so far.
 };
