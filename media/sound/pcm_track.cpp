@@ -56,7 +56,7 @@ PcmTrack::PcmTrack(const AVStream& from, AvCodec decoder, std::int64_t zero)
       frame_(newAvFrame()),
       zero_(zero),
       channels_(from.codecpar->ch_layout.nb_channels),
-      bits_(fitsWords(decoder_->sample_fmt) ? 16 : 24) {}
+      bits_(fitsWords(decoder_->sample_fmt) && from.codecpar->sample_rate == kRate ? 16 : 24) {}
 
 bool PcmTrack::isCopied() const {
     const AVCodecParameters& parameters = *from_.codecpar;

@@ -16,8 +16,9 @@ extern "C" {
 namespace ruvex::media {
 
 /// Samples of an audio stream by their positions: sample 0 belongs to a time of the clip, and there
-/// are 48000 a second. A sample has a value for each channel of the stream. Values of 16 bits stay
-/// as they are, and all others become 24 bits; without a change of rate neither loses anything.
+/// are 48000 a second. A sample has a value for each channel of the stream. Sound of 48 kHz and 16
+/// bits keeps its values, all other has 24 bits, of which sound of 48 kHz and 24 bits keeps its
+/// own.
 class PcmTrack {
 public:
     static constexpr int kRate = 48000;

@@ -40,12 +40,9 @@ AVPixelFormat formatFor(const VideoCodec& codec, const WriteOptions& options) {
 /// The matrix to mark. BT.601 has a code point for 625 lines and one for 525, with the same
 /// coefficients; where the options do not say which, the height does.
 AVColorSpace yuvMatrix(const WriteOptions& options, const VideoCodec& codec) {
-    // The encoder of DNxHR always marks BT.709, and QuickTime has its own mark only together with
-    // primaries and transfer.
-    constexpr int kUnspecified = ColourTags::kUnspecified;
-    const bool marked =
-        options.colour.primaries != kUnspecified && options.colour.transfer != kUnspecified;
-    if (codec.family == CodecFamily::Dnxhr && !marked) return AVCOL_SPC_BT709;
+    // The encoder of DNxHR marks BT.709 whatever it is told, and decoders believe that mark more
+    // than the container's.
+    if (codec.family == CodecFamily::Dnxhr) return AVCOL_SPC_BT709;
     const int matrix = matrixInUse(options.colour.matrix, options.size.height);
     const bool chosen = matrix != options.colour.matrix;
     const bool pal = chosen && options.size.height == kPalLines && matrix == AVCOL_SPC_SMPTE170M;
