@@ -8,10 +8,12 @@
 #include "jobs/empty_frames.h"
 #include "jobs/files_written.h"
 #include "jobs/output_scaling.h"
+#include "looks/sound_drift.h"
 #include "media/file_kind.h"
 #include "media/media_error.h"
 #include "media/pixels/fields.h"
 #include "media/storage_choice.h"
+#include "media/video/stream_loss.h"
 
 namespace ruvex::jobs {
 namespace {
@@ -159,6 +161,17 @@ bool isOpaque(const RenderJob& job, const media::ClipInfo& clip,
     return !clip.hasAlpha && !holdsRawFrames(job);
 }
 
+/// With a mask the effect shows the current frame at all times.
+void noteSoundDrift(const RenderPlan& plan, std::vector<Note>& notes) {
+    const bool video = media::fileKind(plan.output) == media::FileKind::Video;
+    if (!video || !plan.mask.empty() || !looks::movesPictures(plan.parameters)) return;
+    if (!media::hasSound(plan.writing.copied)) return;
+    notes.push_back({JobField::Input,
+                     "Play Speed moves the pictures of " + plan.input.string() +
+                         " away from its sound, which keeps its speed.",
+                     JobField::Mute});
+}
+
 void noteFields(const RenderJob& job, const media::ClipInfo& clip, std::vector<Note>& notes) {
     if (clip.fields != media::FieldOrder::Progressive && !job.fields && !job.fieldOrder) {
         notes.push_back({JobField::Input,
@@ -213,6 +226,7 @@ RenderPlan planRender(const RenderJob& job, const media::ClipInfo& clip, std::ve
     checkPictureSize(JobField::Output, plan.writing.size, plan.depth, job.output);
     checkStorage(plan);
     noteQuality(job, notes);
+    noteSoundDrift(plan, notes);
     if (const auto note = emptyFramesNote(plan)) notes.push_back(*note);
     return plan;
 }

@@ -1,5 +1,6 @@
 #include "media/video/stream_loss.h"
 
+#include <algorithm>
 #include <cctype>
 
 #include "files/words.h"
@@ -79,6 +80,17 @@ std::string lossSentence(const AVStream& stream, const std::string& name) {
 
 bool isMuted(const AVStream& stream, const CopySource& source) {
     return !source.sound && stream.codecpar->codec_type == AVMEDIA_TYPE_AUDIO;
+}
+
+bool hasSound(const CopySource& source) try {
+    if (source.path.empty() || !source.sound) return false;
+    const VideoFile file(source.path);
+    const AVFormatContext& format = file.format();
+    return std::any_of(
+        format.streams, format.streams + format.nb_streams,
+        [](const AVStream* stream) { return stream->codecpar->codec_type == AVMEDIA_TYPE_AUDIO; });
+} catch (const MediaError&) {
+    return false;
 }
 
 std::string chapterLoss(const std::string& name) {

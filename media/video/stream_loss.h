@@ -17,6 +17,9 @@ bool isKeptOtherwise(const AVStream& stream, const AVFormatContext& file);
 /// Whether the stream is sound that the source is not to give.
 bool isMuted(const AVStream& stream, const CopySource& source);
 
+/// Whether there is sound to copy. False for a source that cannot be opened.
+bool hasSound(const CopySource& source);
+
 /// A sentence for a stream that is left out of the output `name`.
 std::string lossSentence(const AVStream& stream, const std::string& name);
 

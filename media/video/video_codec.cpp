@@ -39,8 +39,7 @@ constexpr VideoCodec dnxhr(const char* name, const char* title, int profile, AVP
             .leastSize = kLeastDnxhr};
 }
 
-/// The default qualities show no loss in moving pictures and keep snow and shash sharp, at the cost
-/// of larger files.
+/// The default qualities show no loss in moving pictures.
 constexpr VideoCodec kVideoCodecs[] = {
     {.name = "ffv1",
      .title = "FFV1, without loss",
@@ -72,14 +71,14 @@ constexpr VideoCodec kVideoCodecs[] = {
      .title = "H.264",
      .family = CodecFamily::H264,
      .endings = ".mp4 .m4v .mov .mkv ",
-     .quality = 72,
+     .quality = 64,
      .fieldLines = 4,
      .fullRange = true},
     {.name = "h265",
      .title = "H.265",
      .family = CodecFamily::H265,
      .endings = ".mp4 .m4v .mov .mkv ",
-     .quality = 72,
+     .quality = 64,
      .fullRange = true},
 };
 

@@ -5,6 +5,7 @@ extern "C" {
 }
 
 #include <algorithm>
+#include <cstdint>
 #include <string>
 
 #include "media/av_library.h"
@@ -119,10 +120,25 @@ void setExact(AVCodecContext& coder) {
     av_opt_set_int(coder.priv_data, "slicecrc", slices ? 1 : 0, 0);
 }
 
+/// Limits the bit rate, which snow and shash would otherwise raise to several times what players
+/// and networks take. Small pictures need more bits for a pixel.
+void limitRate(AVCodecContext& coder, const WriteOptions& options) {
+    constexpr double kMostBitsPerPixel = 1.0;
+    constexpr double kLeastLimit = 8e6;     // Bits a second.
+    constexpr double kMostLimit = 2e9;      // That the libraries' fields can hold.
+    constexpr double kBufferSeconds = 0.5;  // Over which the limit is kept.
+    const double pixels = static_cast<double>(options.size.width) * options.size.height;
+    const double wanted = kMostBitsPerPixel * pixels * options.rate.value();
+    const double limit = std::clamp(wanted, kLeastLimit, kMostLimit);
+    coder.rc_max_rate = static_cast<std::int64_t>(limit);
+    coder.rc_buffer_size = static_cast<int>(limit * kBufferSeconds);
+}
+
 /// Sets the constant rate factor and the preset of H.264 and H.265.
 void setRateFactor(AVCodecContext& coder, const VideoCodec& codec, const WriteOptions& options) {
     const int factor = rateFactor(options.quality.value_or(codec.quality));
     av_opt_set_int(coder.priv_data, "crf", factor, 0);
+    if (!options.quality) limitRate(coder, options);
     if (options.encoderSpeed) {
         av_opt_set(coder.priv_data, "preset", options.encoderSpeed->c_str(), 0);
     }

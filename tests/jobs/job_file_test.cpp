@@ -82,6 +82,10 @@ public:
         give(job.outputFormat, media::FileKind::Y4m);
         give(job.codec, std::string("h264"));
         give(job.quality, whole());
+        give(job.encoderSpeed, std::string("fast"));
+        give(job.exrPixels, media::ExrPixels::Half);
+        give(job.exrCompression, media::ExrCompression::Rle);
+        job.mute = coin();
         give(job.frames, FrameRange{whole(), whole() + (std::int64_t{1} << 40)});
         give(job.depth, media::Depth::Bits8);
         give(job.workers, whole());

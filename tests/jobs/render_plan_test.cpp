@@ -103,6 +103,55 @@ TEST(RenderPlan, TheSoundIsCutToTheFrames) {
     EXPECT_EQ(cut.writing.copied.to, 2001000);
 }
 
+TEST(RenderPlan, RefusesWhatTheContainerCannotHold) {
+    const auto toMxf = [](RenderJob& j) { j.output = "out.mxf"; };
+    EXPECT_EQ(wrongField(toMxf), std::nullopt);
+    media::ClipInfo slow = clip();
+    slow.rate = media::Rational{15, 1};
+    EXPECT_EQ(wrongField(toMxf, slow), JobField::Output);
+    media::ClipInfo small = clip();
+    small.size = {255, 576};
+    EXPECT_EQ(wrongField(toMxf, small), JobField::Output);
+    EXPECT_EQ(wrongField([](RenderJob& j) { j.output = "out.mov"; }, small), std::nullopt);
+    const auto to422 = [](RenderJob& j) {
+        j.output = "out.mov";
+        j.codec = "prores-422";
+    };
+    EXPECT_EQ(wrongField(to422), std::nullopt);
+    EXPECT_EQ(wrongField(to422, small), JobField::Output);
+}
+
+TEST(RenderPlan, DoubtsAQualityThatLooksLikeARateFactor) {
+    RenderJob some = job();
+    some.output = "out.mp4";
+    some.quality = 18;
+    std::vector<Note> notes;
+    planRender(some, clip(), notes);
+    ASSERT_EQ(notes.size(), 1u);
+    EXPECT_EQ(notes[0].field, JobField::Quality);
+    notes.clear();
+    some.quality = 64;
+    planRender(some, clip(), notes);
+    EXPECT_TRUE(notes.empty());
+}
+
+TEST(RenderPlan, HandsOnHowTheResultIsStored) {
+    RenderJob some = job();
+    some.output = "out.%d.exr";
+    some.exrPixels = media::ExrPixels::Half;
+    some.exrCompression = media::ExrCompression::Zip1;
+    some.mute = true;
+    const RenderPlan plan = planOf(some, clip());
+    EXPECT_EQ(plan.writing.exrPixels, media::ExrPixels::Half);
+    EXPECT_EQ(plan.writing.exrCompression, media::ExrCompression::Zip1);
+    EXPECT_FALSE(plan.writing.copied.sound);
+    EXPECT_TRUE(planOf(job(), clip()).writing.copied.sound);
+    RenderJob video = job();
+    video.codec = "h264";
+    video.encoderSpeed = "slow";
+    EXPECT_EQ(planOf(video, clip()).writing.encoderSpeed, "slow");
+}
+
 TEST(RenderPlan, NamesTheFieldThatIsWrong) {
     using enum JobField;
     EXPECT_EQ(wrongField([](RenderJob&) {}), std::nullopt);
@@ -121,6 +170,8 @@ TEST(RenderPlan, NamesTheFieldThatIsWrong) {
     EXPECT_EQ(wrongField([](RenderJob& j) { j.output = "out.xyz"; }), Output);
     EXPECT_EQ(wrongField([](RenderJob& j) { j.codec = "divx"; }), Output);
     EXPECT_EQ(wrongField([](RenderJob& j) { j.quality = 0; }), Quality);
+    EXPECT_EQ(wrongField([](RenderJob& j) { j.encoderSpeed = "fast"; }), Output);
+    EXPECT_EQ(wrongField([](RenderJob& j) { j.exrPixels = media::ExrPixels::Half; }), Output);
     EXPECT_EQ(wrongField([](RenderJob& j) { j.size = media::FrameSize{5, 5}; }), Size);
     EXPECT_EQ(wrongField([](RenderJob& j) { j.input = "in.%d.rgba8"; }), Input);
     EXPECT_EQ(wrongField([](RenderJob& j) { j.inputFormat = media::FileKind::Y4m; }), InputFormat);

@@ -163,6 +163,28 @@ TEST(Quality, MakesFilesLarger) {
     }
 }
 
+// Noise of such frames would take more than ten times the rate.
+TEST(BitRate, IsLimitedUnlessAQualityIsChosen) {
+    files::TempFolder folder;
+    constexpr FrameSize kSize = {320, 180};
+    constexpr int kFrames = 12;
+    constexpr double kLimit = 8e6;  // Bits a second, for pictures as small as these.
+    constexpr double kSeconds = kFrames / 25.0;
+    constexpr double kBuffer = 0.5;  // Seconds.
+    std::vector<Frame> frames;
+    for (unsigned k = 0; k < kFrames; ++k) frames.push_back(noiseFrame(kSize, Depth::Bits8, k));
+    for (const char* codec : {"h264", "h265"}) {
+        const auto bitsOf = [&](std::optional<int> quality) {
+            WriteOptions options{.size = kSize, .quality = quality};
+            options.codec = codec;
+            writeAll(folder.file("a.mp4"), options, frames);
+            return 8.0 * static_cast<double>(std::filesystem::file_size(folder.file("a.mp4")));
+        };
+        EXPECT_LT(bitsOf({}), kLimit * (kSeconds + kBuffer)) << codec;
+        EXPECT_GT(bitsOf(64), kLimit * (kSeconds + kBuffer)) << codec;
+    }
+}
+
 TEST(FullRange, IsKeptAndSaid) {
     files::TempFolder folder;
     const Frame white = plainFrame({64, 64}, {16384, 16384, 16384, 16384});
