@@ -9,7 +9,6 @@
 namespace ruvex::media {
 namespace {
 
-constexpr AVRational kSample = {1, PcmTrack::kRate};
 /// Sound of one time may lie so much later in a file than sound of another stream. In samples.
 constexpr std::int64_t kInterleaved = 10 * PcmTrack::kRate;
 /// Sound that ends so long before the first picture is not decoded. The last packets before it are,
@@ -55,7 +54,7 @@ PcmSound::Output PcmSound::addTrack(const AVStream& from, std::unique_ptr<PcmTra
     AVStream* to = avformat_new_stream(&output_, nullptr);
     if (to == nullptr) throw std::bad_alloc();
     track->describe(*to->codecpar);
-    to->time_base = kSample;
+    to->time_base = PcmTrack::kUnit;
     if (!track->isCopied()) remarks_.push_back(conversion(from, *track, name));
     return {to->index, std::move(track)};
 }
@@ -98,7 +97,8 @@ int PcmSound::write(Output& output, std::int64_t position) {
         packet->stream_index = output.stream;
         packet->pts = packet->dts = start;
         packet->duration = count;
-        av_packet_rescale_ts(packet.get(), kSample, output_.streams[output.stream]->time_base);
+        av_packet_rescale_ts(packet.get(), PcmTrack::kUnit,
+                             output_.streams[output.stream]->time_base);
         const int code = av_interleaved_write_frame(&output_, packet.get());
         if (code < 0) return code;
     }
@@ -106,7 +106,8 @@ int PcmSound::write(Output& output, std::int64_t position) {
 }
 
 int PcmSound::writeUntil(std::int64_t time) {
-    const std::int64_t position = av_rescale_q_rnd(time, kMicroseconds, kSample, AV_ROUND_UP);
+    const std::int64_t position =
+        av_rescale_q_rnd(time, kMicroseconds, PcmTrack::kUnit, AV_ROUND_UP);
     decodeUntil(position);
     for (Output& output : tracks_) {
         const int code = output.track ? write(output, position) : 0;

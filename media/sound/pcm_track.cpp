@@ -13,7 +13,6 @@ extern "C" {
 namespace ruvex::media {
 namespace {
 
-constexpr AVRational kSample = {1, PcmTrack::kRate};
 /// Sound whose time stamps differ by less from where it would follow on goes on without a gap,
 /// since containers round them, to milliseconds for example. In samples.
 constexpr std::int64_t kLeastGap = PcmTrack::kRate / 20;
@@ -118,8 +117,8 @@ void PcmTrack::place(const AVFrame& sound) {
     const std::int64_t following = sectionStart_ + av_rescale(sectionSamples_, kRate, rate_);
     std::int64_t position = following;
     if (sound.pts != AV_NOPTS_VALUE) {
-        const std::int64_t stamped = av_rescale_q(sound.pts, from_.time_base, kSample) -
-                                     av_rescale_q(zero_, kMicroseconds, kSample);
+        const std::int64_t stamped = av_rescale_q(sound.pts, from_.time_base, kUnit) -
+                                     av_rescale_q(zero_, kMicroseconds, kUnit);
         position = std::clamp(stamped, -kFurthest, kFurthest);
     }
     if (placed_ && std::abs(position - following) < kLeastGap) return;

@@ -22,6 +22,7 @@ namespace ruvex::media {
 class PcmTrack {
 public:
     static constexpr int kRate = 48000;
+    static constexpr AVRational kUnit = {1, kRate};  ///< Of positions, in seconds.
 
     /// Null if there is no decoder for the stream. `zero` is the time of sample 0, in microseconds
     /// of the clip's time stamps. `from` has to outlive the track.

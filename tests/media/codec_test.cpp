@@ -163,11 +163,10 @@ TEST(Quality, MakesFilesLarger) {
     }
 }
 
-// Noise of such frames would take more than ten times the rate.
 TEST(BitRate, IsLimitedUnlessAQualityIsChosen) {
     files::TempFolder folder;
-    constexpr FrameSize kSize = {320, 180};
-    constexpr int kFrames = 12;
+    constexpr FrameSize kSize = {640, 360};
+    constexpr int kFrames = 8;
     constexpr double kLimit = 8e6;  // Bits a second, for pictures as small as these.
     constexpr double kSeconds = kFrames / 25.0;
     constexpr double kBuffer = 0.5;  // Seconds.

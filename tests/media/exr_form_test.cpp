@@ -12,8 +12,8 @@
 namespace ruvex::media {
 namespace {
 
-constexpr ExrCompression kCompressions[] = {ExrCompression::None, ExrCompression::Rle,
-                                            ExrCompression::Zip1, ExrCompression::Zip16};
+constexpr ExrCompression kExrCompressions[] = {ExrCompression::None, ExrCompression::Rle,
+                                               ExrCompression::Zip1, ExrCompression::Zip16};
 
 /// The nearest half float above 2^-14, by its definition: 11 significant bits, ties to even.
 double nearestHalfOf(double value) {
@@ -61,7 +61,7 @@ TEST_P(ExrForms, DamageIsNoticed) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Compressions, ExrForms, testing::ValuesIn(kCompressions));
+INSTANTIATE_TEST_SUITE_P(Compressions, ExrForms, testing::ValuesIn(kExrCompressions));
 
 // All values of S2.14, and products with alpha down to the smallest half floats.
 TEST(HalfFloats, AreTheNearestOfPremultipliedColours) {

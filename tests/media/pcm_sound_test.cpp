@@ -12,8 +12,8 @@
 namespace ruvex::media {
 namespace {
 
-constexpr FrameSize kSize = {256, 120};
-constexpr int kRate = 48000;
+constexpr FrameSize kPcmPicture = {256, 120};
+constexpr int kPcmRate = 48000;
 constexpr int kTwoBytes = 2;
 
 /// Makes a file with sound, and without pictures, by a source of the ffmpeg command.
@@ -24,10 +24,10 @@ std::filesystem::path soundFile(const files::TempFolder& folder, const std::stri
 }
 
 /// Writes `frames` black frames with the sound of the source. Returns the remarks.
-std::vector<std::string> writeMxf(const std::filesystem::path& file, const CopySource& source,
-                                  int frames, Rational rate = {25, 1}) {
-    const auto writer = openWriter(file, {.size = kSize, .rate = rate, .copied = source});
-    for (int k = 0; k < frames; ++k) writer->write(k, Frame(kSize, Depth::Bits8));
+std::vector<std::string> writeWithSound(const std::filesystem::path& file, const CopySource& source,
+                                        int frames, Rational rate = {25, 1}) {
+    const auto writer = openWriter(file, {.size = kPcmPicture, .rate = rate, .copied = source});
+    for (int k = 0; k < frames; ++k) writer->write(k, Frame(kPcmPicture, Depth::Bits8));
     writer->finish();
     return writer->remarks();
 }
@@ -53,16 +53,16 @@ std::ptrdiff_t onset(const std::vector<std::int16_t>& samples) {
 }
 
 /// Noise with samples of all values.
-const std::string kNoise = "anoisesrc=r=48000:d=1:seed=7:a=0.9";
+const std::string kNoiseSource = "anoisesrc=r=48000:d=1:seed=7:a=0.9";
 
 class PcmOf48Kilohertz : public testing::TestWithParam<const char*> {};
 
 TEST_P(PcmOf48Kilohertz, IsCopiedSampleBySample) {
     files::TempFolder folder;
     const std::string coding = GetParam();
-    const auto in = soundFile(folder, kNoise, "-ac 2 -c:a " + coding, "in.mov");
+    const auto in = soundFile(folder, kNoiseSource, "-ac 2 -c:a " + coding, "in.mov");
     const auto out = folder.file("out.mxf");
-    EXPECT_EQ(writeMxf(out, {.path = in}, 25), std::vector<std::string>{});
+    EXPECT_EQ(writeWithSound(out, {.path = in}, 25), std::vector<std::string>{});
     EXPECT_EQ(listed(out, "-select_streams a -show_entries stream=codec_name,sample_rate,channels"),
               coding + ",48000,2\n");
     const std::string decode = " -map a -c:a " + coding + " -f md5";
@@ -76,13 +76,13 @@ TEST_P(PcmOf48Kilohertz, IsCopiedSampleBySample) {
 
 INSTANTIATE_TEST_SUITE_P(Codings, PcmOf48Kilohertz, testing::Values("pcm_s16le", "pcm_s24le"));
 
-struct Coding {
+struct SoundCoding {
     const char* arguments;
     const char* file;
     const char* named;  ///< What the remark says.
 };
 
-class OtherSound : public testing::TestWithParam<Coding> {};
+class OtherSound : public testing::TestWithParam<SoundCoding> {};
 
 // A tone that begins half a second into the clip.
 TEST_P(OtherSound, IsConvertedAndKeepsItsTime) {
@@ -91,34 +91,34 @@ TEST_P(OtherSound, IsConvertedAndKeepsItsTime) {
                              std::string(GetParam().file).substr(0, 5) + ":d=1";
     const auto in = soundFile(folder, tone, GetParam().arguments, GetParam().file);
     const auto out = folder.file("out.mxf");
-    const auto remarks = writeMxf(out, {.path = in}, 25);
+    const auto remarks = writeWithSound(out, {.path = in}, 25);
     ASSERT_EQ(remarks.size(), 1u);
     EXPECT_NE(remarks[0].find(GetParam().named), std::string::npos) << remarks[0];
     EXPECT_EQ(listed(out, "-select_streams a -show_entries stream=codec_name,sample_rate"),
               "pcm_s24le,48000\n");
     const auto samples = samplesOf(folder, out);
-    EXPECT_EQ(samples.size(), kRate);
-    constexpr double kMillisecond = kRate / 1000.0;
-    EXPECT_NEAR(static_cast<double>(onset(samples)), kRate / 2.0, 4 * kMillisecond);
+    EXPECT_EQ(samples.size(), kPcmRate);
+    constexpr double kMillisecond = kPcmRate / 1000.0;
+    EXPECT_NEAR(static_cast<double>(onset(samples)), kPcmRate / 2.0, 4 * kMillisecond);
     EXPECT_GT(*std::ranges::max_element(samples), 24000);
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Codings, OtherSound,
-    testing::Values(Coding{"-c:a aac -b:a 192k", "44100.mp4", "aac of 44100 Hz"},
-                    Coding{"-c:a libopus", "48000.mkv", "opus of 48000 Hz"},
-                    Coding{"-c:a flac", "96000.flac", "flac of 96000 Hz"},
-                    Coding{"-c:a pcm_s16le", "32000.mkv", "pcm_s16le of 32000 Hz"},
-                    Coding{"-c:a pcm_u8", "22050.wav", "pcm_u8 of 22050 Hz"}));
+    testing::Values(SoundCoding{"-c:a aac -b:a 192k", "44100.mp4", "aac of 44100 Hz"},
+                    SoundCoding{"-c:a libopus", "48000.mkv", "opus of 48000 Hz"},
+                    SoundCoding{"-c:a flac", "96000.flac", "flac of 96000 Hz"},
+                    SoundCoding{"-c:a pcm_s16le", "32000.mkv", "pcm_s16le of 32000 Hz"},
+                    SoundCoding{"-c:a pcm_u8", "22050.wav", "pcm_u8 of 22050 Hz"}));
 
 // Frames of 30000/1001 a second have 1601 or 1602 samples each.
 TEST(PcmSound, IsCutAndFilledUpToThePictures) {
     files::TempFolder folder;
-    const auto in = soundFile(folder, kNoise, "-c:a pcm_s16le", "in.mov");
+    const auto in = soundFile(folder, kNoiseSource, "-c:a pcm_s16le", "in.mov");
     const auto all = samplesOf(folder, in);
     const auto out = folder.file("out.mxf");
     for (const int frames : {1, 2, 3, 7, 29, 30, 31, 45}) {
-        writeMxf(out, {.path = in}, frames, {30000, 1001});
+        writeWithSound(out, {.path = in}, frames, {30000, 1001});
         EXPECT_EQ(probe(out, "stream=nb_read_frames"),
                   "nb_read_frames=" + std::to_string(frames) + "\n");
         auto samples = samplesOf(folder, out);
@@ -133,58 +133,58 @@ TEST(PcmSound, IsCutAndFilledUpToThePictures) {
 
 TEST(PcmSound, BeginsWithThePictures) {
     files::TempFolder folder;
-    const auto in = soundFile(folder, kNoise, "-c:a pcm_s16le", "in.mov");
+    const auto in = soundFile(folder, kNoiseSource, "-c:a pcm_s16le", "in.mov");
     const auto all = samplesOf(folder, in);
     const auto out = folder.file("out.mxf");
     // The first picture a tenth of a second into the sound, or as much before it.
-    writeMxf(out, {.path = in, .zero = 100'000}, 10);
+    writeWithSound(out, {.path = in, .zero = 100'000}, 10);
     auto samples = samplesOf(folder, out);
-    ASSERT_EQ(samples.size(), 10u * kRate / 25);
-    EXPECT_TRUE(std::equal(samples.begin(), samples.end(), all.begin() + kRate / 10));
-    writeMxf(out, {.path = in, .zero = -100'000}, 10);
+    ASSERT_EQ(samples.size(), 10u * kPcmRate / 25);
+    EXPECT_TRUE(std::equal(samples.begin(), samples.end(), all.begin() + kPcmRate / 10));
+    writeWithSound(out, {.path = in, .zero = -100'000}, 10);
     samples = samplesOf(folder, out);
-    EXPECT_TRUE(
-        std::all_of(samples.begin(), samples.begin() + kRate / 10, [](int v) { return v == 0; }));
-    EXPECT_TRUE(std::equal(samples.begin() + kRate / 10, samples.end(), all.begin()));
+    EXPECT_TRUE(std::all_of(samples.begin(), samples.begin() + kPcmRate / 10,
+                            [](int v) { return v == 0; }));
+    EXPECT_TRUE(std::equal(samples.begin() + kPcmRate / 10, samples.end(), all.begin()));
 }
 
 TEST(PcmSound, HoldsAllStreams) {
     files::TempFolder folder;
     const auto in = folder.file("in.mkv");
-    runFfmpeg("-f lavfi -i " + kNoise +
+    runFfmpeg("-f lavfi -i " + kNoiseSource +
                   " -f lavfi -i anoisesrc=r=48000:d=0.4:seed=9:a=0.9 "
                   "-map 0 -map 1 -c:a pcm_s16le",
               in);
     const auto out = folder.file("out.mxf");
-    writeMxf(out, {.path = in}, 25);
+    writeWithSound(out, {.path = in}, 25);
     EXPECT_EQ(listed(out, "-select_streams a -show_entries stream=codec_name"),
               "pcm_s16le\npcm_s16le\n");
     for (const int stream : {0, 1}) {
         const auto before = samplesOf(folder, in, stream);
         const auto after = samplesOf(folder, out, stream);
-        ASSERT_EQ(after.size(), kRate);
+        ASSERT_EQ(after.size(), kPcmRate);
         EXPECT_TRUE(std::equal(before.begin(), before.end(), after.begin())) << stream;
     }
 }
 
 TEST(PcmSound, GapsStaySilent) {
     files::TempFolder folder;
-    const auto in =
-        soundFile(folder, kNoise, "-af \"aselect='lt(t,0.2)+gt(t,0.6)'\" -c:a pcm_s16le", "in.mkv");
+    const auto in = soundFile(folder, kNoiseSource,
+                              "-af \"aselect='lt(t,0.2)+gt(t,0.6)'\" -c:a pcm_s16le", "in.mkv");
     const auto out = folder.file("out.mxf");
-    writeMxf(out, {.path = in}, 25);
+    writeWithSound(out, {.path = in}, 25);
     const auto samples = samplesOf(folder, out);
-    ASSERT_EQ(samples.size(), kRate);
-    EXPECT_TRUE(std::all_of(samples.begin() + kRate * 3 / 10, samples.begin() + kRate / 2,
+    ASSERT_EQ(samples.size(), kPcmRate);
+    EXPECT_TRUE(std::all_of(samples.begin() + kPcmRate * 3 / 10, samples.begin() + kPcmRate / 2,
                             [](int v) { return v == 0; }));
-    EXPECT_NE(onset({samples.begin() + kRate * 7 / 10, samples.end()}), -1);
+    EXPECT_NE(onset({samples.begin() + kPcmRate * 7 / 10, samples.end()}), -1);
 }
 
 TEST(PcmSound, CanBeLeftOut) {
     files::TempFolder folder;
-    const auto in = soundFile(folder, kNoise, "-c:a flac", "in.mkv");
+    const auto in = soundFile(folder, kNoiseSource, "-c:a flac", "in.mkv");
     for (const std::string name : {"out.mxf", "out.mkv", "out.mp4", "out.y4m"}) {
-        EXPECT_EQ(writeMxf(folder.file(name), {.path = in, .sound = false}, 5),
+        EXPECT_EQ(writeWithSound(folder.file(name), {.path = in, .sound = false}, 5),
                   std::vector<std::string>{});
         EXPECT_EQ(listed(folder.file(name), "-show_entries stream=codec_type"), "video\n");
     }

@@ -32,19 +32,20 @@ constexpr Profile kProfiles[] = {
     {"dnxhr-444", "dnxhd,DNXHR 444,yuv444p10le", 10, 35},
 };
 
-constexpr FrameSize kSize = {256, 120};
-constexpr int kFrames = 3;
+constexpr FrameSize kProfilePicture = {256, 120};
+constexpr int kProfileFrames = 3;
 
 /// Grey noise of little contrast over a ramp of colours.
-Frame scene(Depth depth, unsigned seed) {
-    Frame frame = noiseFrame(kSize, depth, seed, true);
+Frame profileScene(Depth depth, unsigned seed) {
+    Frame frame = noiseFrame(kProfilePicture, depth, seed, true);
     const int white = depth == Depth::Bits8 ? kWhite8 : kWhiteS214;
-    for (int y = 0; y < kSize.height; ++y) {
-        for (int x = 0; x < kSize.width; ++x) {
+    for (int y = 0; y < kProfilePicture.height; ++y) {
+        for (int x = 0; x < kProfilePicture.width; ++x) {
             const int at = x * kChannels;
             const int noise = depth == Depth::Bits8 ? frame.row8(y)[at] : frame.row16(y)[at];
-            const int values[] = {white * x / kSize.width / 2 + noise / 4,
-                                  white * y / kSize.height / 2 + noise / 4, white / 3, white};
+            const int values[] = {white * x / kProfilePicture.width / 2 + noise / 4,
+                                  white * y / kProfilePicture.height / 2 + noise / 4, white / 3,
+                                  white};
             for (int c = 0; c < kChannels; ++c) {
                 if (depth == Depth::Bits8) {
                     frame.row8(y)[at + c] = static_cast<std::uint8_t>(values[c]);
@@ -59,8 +60,8 @@ Frame scene(Depth depth, unsigned seed) {
 
 void writeScene(const std::filesystem::path& file, const WriteOptions& options) {
     const auto writer = openWriter(file, options);
-    for (int k = 0; k < kFrames; ++k) {
-        writer->write(k, scene(options.depth, static_cast<unsigned>(k)));
+    for (int k = 0; k < kProfileFrames; ++k) {
+        writer->write(k, profileScene(options.depth, static_cast<unsigned>(k)));
     }
     writer->finish();
 }
@@ -86,7 +87,7 @@ TEST_P(Profiles, AreReadBack) {
     files::TempFolder folder;
     const auto file = folder.file(std::string("a") + ending);
     for (const Depth depth : {Depth::Bits8, Depth::S214}) {
-        WriteOptions options{.size = kSize, .depth = depth, .rate = {30000, 1001}};
+        WriteOptions options{.size = kProfilePicture, .depth = depth, .rate = {30000, 1001}};
         options.codec = profile.codec;
         options.colour = {.primaries = 1, .transfer = 1, .matrix = 1};
         writeScene(file, options);
@@ -97,14 +98,15 @@ TEST_P(Profiles, AreReadBack) {
                   "color_range=tv\nr_frame_rate=30000/1001\nnb_read_frames=3\n");
         const auto reader = openReader(file, {.depth = depth});
         EXPECT_EQ(reader->info().bits, profile.bits);
-        EXPECT_EQ(reader->info().last, kFrames - 1);
+        EXPECT_EQ(reader->info().last, kProfileFrames - 1);
         EXPECT_EQ(reader->info().colour.primaries, 1);
         EXPECT_EQ(reader->info().colour.transfer, 1);
         EXPECT_EQ(reader->info().colour.matrix, 1);
-        for (int k = 0; k < kFrames; ++k) {
+        for (int k = 0; k < kProfileFrames; ++k) {
             Frame frame;
             ASSERT_TRUE(reader->read(k, frame));
-            const double quality = peakSignalToNoise(scene(depth, static_cast<unsigned>(k)), frame);
+            const double quality =
+                peakSignalToNoise(profileScene(depth, static_cast<unsigned>(k)), frame);
             EXPECT_GT(quality, profile.leastQuality) << profile.codec << ending << k;
         }
     }
@@ -115,9 +117,9 @@ INSTANTIATE_TEST_SUITE_P(All, Profiles,
                                           testing::Values(".mov", ".mxf")));
 
 /// A frame of one colour.
-Frame plain(const std::array<std::int16_t, 4>& pixel) {
-    Frame frame(kSize, Depth::S214);
-    for (int i = 0; i < kSize.width * kSize.height * kChannels; ++i) {
+Frame plainPicture(const std::array<std::int16_t, 4>& pixel) {
+    Frame frame(kProfilePicture, Depth::S214);
+    for (int i = 0; i < kProfilePicture.width * kProfilePicture.height * kChannels; ++i) {
         frame.row16(0)[i] = pixel[static_cast<std::size_t>(i % kChannels)];
     }
     return frame;
@@ -126,12 +128,13 @@ Frame plain(const std::array<std::int16_t, 4>& pixel) {
 // Whatever colour tags a clip has or lacks, the matrix of the result is known to its readers.
 TEST(Profiles, KeepColoursOfAllMatrices) {
     files::TempFolder folder;
-    const Frame frame = plain({14000, 3000, 6000, 16384});
+    const Frame frame = plainPicture({14000, 3000, 6000, 16384});
     for (const std::string name : {"a.mov", "a.mxf"}) {
         for (const std::string codec : {"prores-422-hq", "dnxhr-hqx", "dnxhr-hq"}) {
             for (const int matrix : {1, 2, 4, 5, 6, 7, 9}) {
                 for (const int other : {1, 2, 6, 9}) {
-                    WriteOptions options{.size = kSize, .depth = Depth::S214, .codec = codec};
+                    WriteOptions options{
+                        .size = kProfilePicture, .depth = Depth::S214, .codec = codec};
                     options.colour = {.primaries = other, .transfer = other == 9 ? 14 : other};
                     options.colour.matrix = matrix;
                     const auto writer = openWriter(folder.file(name), options);
@@ -251,7 +254,7 @@ TEST(EncoderSpeed, ReachesTheEncoder) {
     for (const char* codec : {"h264", "h265"}) {
         std::vector<std::uintmax_t> sizes;
         for (const char* speed : {"ultrafast", "slow"}) {
-            WriteOptions options{.size = kSize};
+            WriteOptions options{.size = kProfilePicture};
             options.codec = codec;
             options.encoderSpeed = speed;
             writeScene(folder.file("a.mp4"), options);
