@@ -195,7 +195,7 @@ void VideoWriter::finish() {
     // The muxer drops the last picture if the samples of its time are not complete, by its own
     // count of samples for each picture, and what is left over after the last picture.
     if (sound_)
-        check(sound_->writeUntil(av_rescale_q(written_ + 1, coder_->time_base, kMicroseconds)));
+        check(sound_->writeUntil(av_rescale_q(sent_ + 1, coder_->time_base, kMicroseconds)));
     check(av_write_trailer(format_.get()));
     avio_flush(format_->pb);
     check(format_->pb->error);
