@@ -21,12 +21,13 @@ namespace {
 /// Reports a render on the standard error stream.
 class ReportedRender final : public jobs::RenderEvents {
 public:
-    ReportedRender(const jobs::RenderPlan& plan, const media::ClipInfo& clip, Talk talk)
-        : plan_(plan), clip_(clip), talk_(talk) {}
+    ReportedRender(const jobs::RenderPlan& plan, const media::ClipInfo& clip,
+                   const RenderManner& manner)
+        : plan_(plan), clip_(clip), talk_(manner.talk), label_(manner.label) {}
 
     void begun(const jobs::FramesToMake& frames) override {
         if (talk_ == Talk::Verbose) std::cerr << jobReport(plan_, clip_, frames);
-        progress_.emplace(frames.count(), talk_);
+        progress_.emplace(frames.count(), talk_, label_);
     }
     void remark(const std::string& sentence) override {
         if (talk_ != Talk::Quiet) printWarnings({sentence});
@@ -50,6 +51,7 @@ private:
     const jobs::RenderPlan& plan_;
     const media::ClipInfo clip_;
     Talk talk_;
+    std::string label_;
     std::optional<Progress> progress_;
 };
 
@@ -82,7 +84,7 @@ int runPlan(const jobs::RenderPlan& plan, const RenderManner& manner,
         return finishOutput();
     }
     if (!manner.saveParams.empty()) saveParams(plan, manner.saveParams);
-    ReportedRender report(plan, reader->info(), manner.talk);
+    ReportedRender report(plan, reader->info(), manner);
     const jobs::RenderEnd end = jobs::runRender(plan, std::move(reader), report, signals.token());
     return end == jobs::RenderEnd::Finished ? 0 : reportStop(plan.output);
 }

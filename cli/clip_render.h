@@ -20,6 +20,7 @@ struct RenderManner {
     bool dryRun = false;                 ///< Only report what would be done.
     std::filesystem::path saveParams{};  ///< Write the parameters in use there; empty: do not.
     std::vector<std::filesystem::path> readFrom{};  ///< The look files, or the job file.
+    std::string label{};                            ///< Before the line of progress.
     FieldText fieldText = optionText;               ///< What the user calls the fields of the job.
     /// The command that renders one frame alone, for the message about a frame that failed.
     std::function<std::string(std::int64_t frame)> repeat{};

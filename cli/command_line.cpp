@@ -1,14 +1,13 @@
 #include "cli/command_line.h"
 
 #include <iostream>
-#include <new>
 #include <string>
-#include <system_error>
 #include <vector>
 
 #include "cli/command_parser.h"
 #include "cli/commands.h"
 #include "cli/exit_status.h"
+#include "cli/failure_report.h"
 #include "cli/messages.h"
 #include "cli/slips.h"
 #include "cli/usage_error.h"
@@ -24,16 +23,6 @@ int complain(const char* sentence, int status) {
 int print(const std::string& text) {
     std::cout << text;
     return finishOutput();
-}
-
-/// What the system has refused, and what to do about it.
-std::string reasonOf(const std::system_error& error) {
-    if (error.code() == std::errc::resource_unavailable_try_again) {
-        return "the system starts no more threads: a limit on processes or on memory is reached. "
-               "End other programs, use fewer --workers and --jobs, or raise the limits "
-               "(ulimit -u, ulimit -v).";
-    }
-    return error.what();
 }
 
 /// A refusal of values that the parser had taken, with what was probably meant.
@@ -59,17 +48,13 @@ int parseAndRun(int argc, const char* const* argv) {
 }  // namespace
 
 int runCommandLine(int argc, const char* const* argv) {
-    try {
-        return parseAndRun(argc, argv);
-    } catch (const UsageError& error) {
-        return complainOf(error, argc, argv);
-    } catch (const std::bad_alloc&) {
-        return complain("there is not enough memory for frames of this size.", kFailed);
-    } catch (const std::system_error& error) {
-        return complain(reasonOf(error).c_str(), kFailed);
-    } catch (const std::exception& error) {
-        return complain(error.what(), kFailed);
-    }
+    return statusOf([&] {
+        try {
+            return parseAndRun(argc, argv);
+        } catch (const UsageError& error) {
+            return complainOf(error, argc, argv);
+        }
+    });
 }
 
 }  // namespace ruvex::cli

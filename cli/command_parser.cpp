@@ -1,6 +1,7 @@
 #include "cli/command_parser.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <utility>
 
 #include "cli/help_text.h"
@@ -87,11 +88,23 @@ std::string textAskedFor(const Parser& parser, const std::vector<Command>& comma
     return command == nullptr ? programHelp(commands, length) : commandHelp(*command, length);
 }
 
+bool lacks(bool) {
+    return false;
+}
+
+bool lacks(const std::string& text) {
+    return text.empty();
+}
+
+bool lacks(const std::vector<std::string>& texts) {
+    return std::ranges::count(texts, "") > 0;
+}
+
 /// An empty text stands for none, which is not enough here.
 void checkRequired(const Command& command) {
     for (const Option& option : command.options) {
-        const auto* text = std::get_if<std::string*>(&option.value);
-        if (option.required && text != nullptr && (*text)->empty()) {
+        if (option.required &&
+            std::visit([](const auto* value) { return lacks(*value); }, option.value)) {
             throw UsageError(longName(option) + " is required, but empty.");
         }
     }

@@ -2,6 +2,8 @@
 
 #include <CLI/CLI.hpp>
 
+#include "cli/value_kind.h"
+
 namespace ruvex::cli {
 namespace {
 
@@ -13,10 +15,10 @@ CLI::Option* declareValue(CLI::App& parser, const Option& option, std::string* t
     return parser.add_option(option.name, *target, option.help);
 }
 
-/// Given again for each value; never takes the word after the next.
+/// An option is given again for each value, and never takes the word after the next.
 CLI::Option* declareValue(CLI::App& parser, const Option& option,
                           std::vector<std::string>* target) {
-    return parser.add_option(option.name, *target, option.help)->allow_extra_args(false);
+    return parser.add_option(option.name, *target, option.help)->allow_extra_args(isPlace(option));
 }
 
 void declareOption(CLI::App& parser, const Option& option) {

@@ -5,6 +5,7 @@
 #include "cli/messages.h"
 #include "cli/option_text.h"
 #include "cli/render_command.h"
+#include "cli/several_clips.h"
 #include "cli/shell_text.h"
 #include "cli/typed_job.h"
 #include "cli/usage_error.h"
@@ -49,7 +50,7 @@ jobs::Comparison comparisonOf(const CompareOptions& options) {
     return comparison;
 }
 
-int runCompare(const CompareOptions& options) {
+int compareOne(const CompareOptions& options, const std::string& label) {
     std::vector<std::string> warnings;
     const jobs::Comparison comparison = comparisonOf(options);
     const jobs::RenderJob job = typedJob(options.render, warnings, comparison);
@@ -60,10 +61,18 @@ int runCompare(const CompareOptions& options) {
         warnings.push_back(wholeSequenceText(options.render, command));
     }
     if (talkOf(options.render.talk) != Talk::Quiet) printWarnings(warnings);
-    return runTypedJob(job, options.render, [&](std::int64_t frame) {
+    return runTypedJob(job, options.render, label, [&](std::int64_t frame) {
         CompareOptions one = options;
         one.render = oneFrame(options.render, frame);
         return commandText("compare", compareOptions(one));
+    });
+}
+
+int runCompare(const CompareOptions& options) {
+    return renderClips(options.render, [&](const RenderOptions& one, const std::string& label) {
+        CompareOptions clip = options;
+        clip.render = one;
+        return compareOne(clip, label);
     });
 }
 

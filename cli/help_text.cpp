@@ -36,9 +36,26 @@ std::string wrapped(const std::string& text, std::size_t column) {
     return result;
 }
 
+/// A long choice, "h264|h265|...", with line ends after some of the marks.
+std::string wrappedHead(const std::string& head) {
+    constexpr std::size_t kIndent = 6;
+    std::string result = "  ";
+    std::size_t at = result.size();
+    for (std::size_t begin = 0, end = 0; begin < head.size(); begin = end) {
+        end = std::min(head.find('|', begin), head.size() - 1) + 1;
+        if (at + end - begin > kLineWidth) {
+            result.append("\n").append(kIndent, ' ');
+            at = kIndent;
+        }
+        result += head.substr(begin, end - begin);
+        at += end - begin;
+    }
+    return result;
+}
+
 /// "  --rate R   What it is", the text in its column.
 std::string entry(const std::string& head, const std::string& text) {
-    std::string line = std::string("  ").append(head);
+    std::string line = wrappedHead(head);
     if (line.size() + 2 > kTextColumn) {
         line.append("\n").append(kTextColumn, ' ');
     } else {

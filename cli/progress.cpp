@@ -6,6 +6,7 @@
 
 #include "cli/amount_text.h"
 #include "cli/messages.h"
+#include "files/words.h"
 
 namespace ruvex::cli {
 namespace {
@@ -34,8 +35,11 @@ std::string progressText(std::int64_t done, std::optional<std::int64_t> frames, 
     return text;
 }
 
-Progress::Progress(std::optional<std::int64_t> frames, Talk talk)
-    : talk_(talk), terminal_(isatty(STDERR_FILENO) != 0), frames_(frames) {}
+Progress::Progress(std::optional<std::int64_t> frames, Talk talk, std::string label)
+    : talk_(talk),
+      label_(files::printable(label)),
+      terminal_(isatty(STDERR_FILENO) != 0),
+      frames_(frames) {}
 
 Progress::~Progress() {
     endLine();
@@ -67,7 +71,7 @@ void Progress::step() {
 }
 
 void Progress::show() {
-    const std::string text = progressText(done_, frames_, rate());
+    const std::string text = label_ + progressText(done_, frames_, rate());
     if (terminal_) {
         // Spaces go over what is left of a longer line.
         width_ = std::max(width_, static_cast<int>(text.size()));

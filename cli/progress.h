@@ -21,7 +21,9 @@ std::string progressText(std::int64_t done, std::optional<std::int64_t> frames, 
 /// follows stands on a line of its own.
 class Progress {
 public:
-    explicit Progress(std::optional<std::int64_t> frames, Talk talk = Talk::Usual);
+    /// `label` begins each line.
+    explicit Progress(std::optional<std::int64_t> frames, Talk talk = Talk::Usual,
+                      std::string label = {});
     ~Progress();
     Progress(const Progress&) = delete;
     Progress& operator=(const Progress&) = delete;
@@ -43,6 +45,7 @@ private:
     void show();
 
     Talk talk_;
+    std::string label_;
     bool terminal_;
     std::optional<std::int64_t> frames_;
     std::int64_t done_ = 0;

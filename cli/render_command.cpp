@@ -8,6 +8,7 @@
 #include "cli/messages.h"
 #include "cli/option_text.h"
 #include "cli/parameter_choice.h"
+#include "cli/several_clips.h"
 #include "cli/shell_text.h"
 #include "cli/typed_job.h"
 #include "cli/usage_error.h"
@@ -35,7 +36,7 @@ void checkSaveJob(const jobs::RenderJob& job, const RenderOptions& options) {
     });
 }
 
-int runRender(const RenderOptions& options) {
+int renderOne(const RenderOptions& options, const std::string& label) {
     std::vector<std::string> warnings;
     const jobs::RenderJob job = typedJob(options, warnings);
     if (auto whole = wholeSequence(options)) {
@@ -43,7 +44,7 @@ int runRender(const RenderOptions& options) {
         warnings.push_back(wholeSequenceText(options, command));
     }
     if (talkOf(options.talk) != Talk::Quiet) printWarnings(warnings);
-    return runTypedJob(job, options, [&](std::int64_t frame) {
+    return runTypedJob(job, options, label, [&](std::int64_t frame) {
         RenderOptions one = oneFrame(options, frame);
         return commandText("render", renderOptions(one));
     });
@@ -51,7 +52,7 @@ int runRender(const RenderOptions& options) {
 
 }  // namespace
 
-int runTypedJob(const jobs::RenderJob& job, const RenderOptions& options,
+int runTypedJob(const jobs::RenderJob& job, const RenderOptions& options, const std::string& label,
                 std::function<std::string(std::int64_t frame)> command) {
     checkJsonName("--save-job", options.saveJob, "job");
     const Talk talk = talkOf(options.talk);
@@ -64,6 +65,7 @@ int runTypedJob(const jobs::RenderJob& job, const RenderOptions& options,
                             .dryRun = options.dryRun,
                             .saveParams = options.parameters.saveParams,
                             .readFrom = lookFilesOf(options.parameters),
+                            .label = label,
                             .repeat = std::move(command)});
 }
 
@@ -82,8 +84,9 @@ Command renderCommand() {
              "ruvex render shot.%05d.png -o out.%05d.png --rate 24 --set \"X Edge Method=Wrap\"",
              "ruvex render clip.mp4 -o rewound.mp4 --key \"Play Speed=0:100 1:-100\" --ends hold",
              "ruvex render in.%d.s214 -o out.%d.s214 --size 1920x1080 --workers 4",
-             "ruvex render clip.mp4 -o bad.mp4 --preset \"Bad Colour TV\" --save-job bad.json"},
-        .run = [options] { return runRender(*options); }};
+             "ruvex render clip.mp4 -o bad.mp4 --preset \"Bad Colour TV\" --save-job bad.json",
+             "ruvex render clip.mp4 other.mp4 -o results/ --preset \"Bad Colour TV\""},
+        .run = [options] { return renderClips(*options, renderOne); }};
 }
 
 }  // namespace ruvex::cli

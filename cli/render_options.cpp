@@ -23,8 +23,11 @@ cut to --frames.)";
 
 OptionTable renderOptions(RenderOptions& options) {
     OptionTable table = {
-        {"INPUT", "", "Video, stills or raw frames", &options.input, true},
-        {"-o,--output", "OUTPUT", "The result; see below for the kinds", &options.output, true},
+        {"INPUT", "", "Video, stills or raw frames; several, if the output is a folder",
+         &options.inputs, true},
+        {"-o,--output", "OUTPUT",
+         "The result, or a folder for results of the inputs' names; see below for the kinds",
+         &options.output, true},
     };
     const OptionTable parameters = parameterOptions(options.parameters);
     table.insert(table.end(), parameters.begin(), parameters.end());

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "cli/command_table.h"
 #include "cli/parameter_options.h"
@@ -12,7 +13,7 @@ namespace ruvex::cli {
 
 /// Empty where an option was not given.
 struct RenderOptions {
-    std::string input;
+    std::vector<std::string> inputs;  ///< Of one clip, at the first place; see several_clips.h.
     std::string output;
     std::string size;
     std::string rate;

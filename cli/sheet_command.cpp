@@ -30,7 +30,7 @@ jobs::RenderJob sheetJob(const SheetOptions& options) {
     }
     jobs::checkNoStream(options.input);
     RenderOptions render;
-    render.input = options.input;
+    render.inputs = {options.input};
     render.output = options.output;
     render.rate = options.rate;
     render.size = options.size;

@@ -24,7 +24,7 @@ auto wholeFrom(int low, int high) {
 }
 
 void readInput(const RenderOptions& options, jobs::RenderJob& job) {
-    job.input = options.input;
+    job.input = options.inputs.front();
     job.inputFormat = ifGiven("--input-format", options.inputFormat, parseStreamFormat);
     job.size = ifGiven("--size", options.size, parseSize);
     job.rate = ifGiven("--rate", options.rate, parseFraction);

@@ -56,17 +56,20 @@ bool hasNext(const std::string& file, const std::string& pattern) {
 }  // namespace
 
 std::optional<RenderOptions> wholeSequence(const RenderOptions& options) {
-    if (!media::isStill(media::fileKind(options.input))) return std::nullopt;
+    const std::string& input = options.inputs.front();
+    if (!media::isStill(media::fileKind(input))) return std::nullopt;
+    const std::string pattern = patternOf(input);
+    if (pattern.empty() || !hasNext(input, pattern)) return std::nullopt;
     RenderOptions whole = options;
-    whole.input = patternOf(options.input);
-    if (whole.input.empty() || !hasNext(options.input, whole.input)) return std::nullopt;
+    whole.inputs = {pattern};
     if (!media::isStill(media::fileKind(options.output))) return whole;
     if (!files::NumberedPath(options.output).isPattern()) whole.output = patternOf(options.output);
     return whole.output.empty() ? std::nullopt : std::optional(whole);
 }
 
 std::string wholeSequenceText(const RenderOptions& options, const std::string& command) {
-    return options.input + " is one picture of a sequence. To render all of it: " + command;
+    return options.inputs.front() +
+           " is one picture of a sequence. To render all of it: " + command;
 }
 
 }  // namespace ruvex::cli

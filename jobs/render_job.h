@@ -40,10 +40,10 @@ struct RenderJob {
     std::optional<media::FileKind> outputFormat{};  ///< Of standard output.
     /// The result is scaled to this size after it has been rendered; the input's size without it.
     std::optional<media::FrameSize> outputSize{};
-    std::optional<ResultAlpha> resultAlpha{};  ///< By input and output without it; see planRender.
-    std::optional<std::string> codec{};             ///< Of video: "ffv1".
-    std::optional<int> quality{};                   ///< Of lossy kinds: 1 to 100, the best.
-    std::optional<std::string> encoderSpeed{};      ///< Of H.264 and H.265: "veryfast".
+    std::optional<ResultAlpha> resultAlpha{};   ///< By input and output without it; see planRender.
+    std::optional<std::string> codec{};         ///< Of video: "ffv1".
+    std::optional<int> quality{};               ///< Of lossy kinds: 1 to 100, the best.
+    std::optional<std::string> encoderSpeed{};  ///< Of H.264 and H.265: "veryfast".
     std::optional<media::ExrPixels> exrPixels{};
     std::optional<media::ExrCompression> exrCompression{};
     bool mute = false;                    ///< Write no sound.

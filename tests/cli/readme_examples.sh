@@ -24,6 +24,7 @@ awk -v folder="$folder" '/^```json/ { file = folder "/shown." ++n ".json"; next 
 
 cd "$folder"
 ffmpeg -nostdin -v error -f lavfi -i testsrc2=size=720x576:rate=25 -t 2.2 -pix_fmt yuv420p clip.mp4
+cp clip.mp4 other.mp4
 ffmpeg -nostdin -v error -f lavfi -i testsrc2=size=64x48:rate=25 -frames:v 3 shot.%05d.png
 ffmpeg -nostdin -v error -f lavfi -i testsrc=size=720x576 -frames:v 1 mask.png
 head -c $((1920 * 1080 * 8)) /dev/zero >in.7.s214
@@ -43,6 +44,6 @@ for file in shown.*.json; do
 done
 [ "$shown" -ge 1 ] || { echo "no look file found"; exit 1; }
 for result in poor.mp4 going.mkv cropped.00003.png out.7.s214 part.png rewound.mp4 spot.mp4 level.svg \
-    sheet.png my-look.json again.mp4 both.mp4 split.mp4 still.png piped.mp4; do
+    results/clip.mp4 results/other.mp4 sheet.png my-look.json again.mp4 both.mp4 split.mp4 still.png piped.mp4; do
     [ -s "$result" ] || { echo "no $result"; exit 1; }
 done

@@ -87,7 +87,7 @@ TEST(Slips, MistypedNames) {
 TEST(Slips, AreAnsweredOnTheCommandLine) {
     const Outcome quotes = ruvex({"render", "a", "-o", "b.mp4", "--set", "Snow", "Max=9", "x"});
     EXPECT_EQ(quotes.status, 2);
-    EXPECT_TRUE(holds(quotes.err, "not expected: Max=9 x.")) << quotes.err;
+    EXPECT_TRUE(holds(quotes.err, "inputs (a, Max=9, x) need a folder")) << quotes.err;
     EXPECT_TRUE(holds(quotes.err, "quotation marks")) << quotes.err;
     // The parser takes the word for the input.
     const Outcome taken = ruvex({"level", "--frames", "0", "--set", "Snow", "Max=9"});
@@ -107,11 +107,12 @@ TEST(WholeSequence, IsThatOfANumberedStillWithANextOne) {
     }
     const auto whole = [&](const std::string& input, const std::string& output) {
         RenderOptions options;
-        options.input = folder.file(input).string();
+        options.inputs = {folder.file(input).string()};
         options.output = output;
         const auto found = wholeSequence(options);
         if (!found) return std::string("none");
-        return std::filesystem::path(found->input).filename().string() + " " + found->output;
+        return std::filesystem::path(found->inputs.front()).filename().string() + " " +
+               found->output;
     };
     EXPECT_EQ(whole("s.001.png", "x.mp4"), "s.%03d.png x.mp4");
     EXPECT_EQ(whole("s.001.png", "out/x.001.png"), "s.%03d.png out/x.%03d.png");
