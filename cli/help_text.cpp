@@ -64,7 +64,7 @@ std::string entry(const std::string& head, const std::string& text) {
     return line + wrapped(text, kTextColumn) + "\n";
 }
 
-std::string headOf(const Option& option) {
+std::string entryHead(const Option& option) {
     const std::string name = option.name;
     return *option.argument == '\0' ? name : name + " " + option.argument;
 }
@@ -86,7 +86,7 @@ std::string helpOf(const Option& option, HelpLength length) {
 
 std::string entriesOf(const std::vector<const Option*>& options, HelpLength length) {
     std::string text;
-    for (const Option* option : options) text += entry(headOf(*option), helpOf(*option, length));
+    for (const Option* option : options) text += entry(entryHead(*option), helpOf(*option, length));
     return text;
 }
 
