@@ -42,8 +42,9 @@ constexpr Need kColourLossNeeds[] = {is(Id::TvType, kColourTv), notZero(Id::Colo
                                      levelExceeds(Id::ColourThreshold)};
 constexpr Id kColourLoss[] = {Id::ColourDegradeMax, Id::ColourThreshold};
 
-constexpr Need kGhostNeeds[] = {notZero(Id::NumGhosts), notZero(Id::GhostingStrength),
-                                levelExceeds(Id::GhostingThreshold)};
+// Ghosting Strength is not among them: even without strength, ghosts have the picture read from its
+// padded copy, whose border can differ.
+constexpr Need kGhostNeeds[] = {notZero(Id::NumGhosts), levelExceeds(Id::GhostingThreshold)};
 constexpr Id kGhosts[] = {Id::NumGhosts, Id::GhostingThreshold, Id::GhostingDistanceMax,
                           Id::GhostingStrength, Id::GhostingSpeed};
 
@@ -72,6 +73,9 @@ constexpr Id kLevel[] = {Id::MasterBreakup, Id::BreakupVariation, Id::BreakupSpe
 
 constexpr Need kVariationNeeds[] = {notZero(Id::BreakupVariation)};
 constexpr Id kVariation[] = {Id::BreakupSpeed};
+
+constexpr Need kGhostPlaceNeeds[] = {notZero(Id::GhostingStrength)};
+constexpr Id kGhostPlace[] = {Id::GhostingDistanceMax, Id::GhostingSpeed};
 
 constexpr Need kGhostSpeedNeeds[] = {notZero(Id::GhostingDistanceMax)};
 constexpr Id kGhostSpeed[] = {Id::GhostingSpeed};
@@ -118,6 +122,7 @@ constexpr Group kArtefactGroups[] = {{kColourLossNeeds, kColourLoss},
 
 constexpr Group kOtherGroups[] = {{kLevelNeeds, kLevel},
                                   {kVariationNeeds, kVariation},
+                                  {kGhostPlaceNeeds, kGhostPlace},
                                   {kGhostSpeedNeeds, kGhostSpeed},
                                   {kShashPeriodNeeds, kShashPeriod},
                                   {kTintNeeds, kTint},
