@@ -84,11 +84,11 @@ bool is422(const VideoCodec& codec) {
 std::string sizeFault(const VideoCodec& codec, FrameSize size) {
     if (size.width < codec.leastSize.width || size.height < codec.leastSize.height) {
         return std::string(codec.title) + " cannot hold frames of " + toText(size) +
-               ": they have to be at least " + toText(codec.leastSize) + ".";
+               ": they have to be at least " + toText(codec.leastSize) + ". Choose another codec.";
     }
     if (is422(codec) && size.width % 2 != 0) {
         return std::string(codec.title) + " cannot hold frames of " + toText(size) +
-               ": it stores 4:2:2, which needs an even width.";
+               ": it stores 4:2:2, which needs an even width. Choose another codec.";
     }
     return "";
 }

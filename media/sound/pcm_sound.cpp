@@ -1,5 +1,9 @@
 #include "media/sound/pcm_sound.h"
 
+extern "C" {
+#include <libavutil/common.h>
+}
+
 #include <algorithm>
 #include <new>
 #include <utility>
@@ -70,7 +74,8 @@ bool PcmSound::decodeNext() {
     const auto index = static_cast<std::size_t>(packet_->stream_index);
     if (index >= tracks_.size() || !tracks_[index].track) return true;
     const AVRational unit = input_->streams[index]->time_base;
-    const std::int64_t end = av_rescale_q(packet_->pts + packet_->duration, unit, kMicroseconds);
+    const std::int64_t end =
+        av_rescale_q(av_sat_add64(packet_->pts, packet_->duration), unit, kMicroseconds);
     const bool early = packet_->pts != AV_NOPTS_VALUE && end < source_.zero - kDecodedBefore;
     if (!early) tracks_[index].track->decode(packet_.get());
     return true;

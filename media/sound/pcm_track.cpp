@@ -2,6 +2,7 @@
 
 extern "C" {
 #include <libavutil/channel_layout.h>
+#include <libavutil/common.h>
 }
 
 #include <algorithm>
@@ -16,6 +17,8 @@ namespace {
 /// Sound whose time stamps differ by less from where it would follow on goes on without a gap,
 /// since containers round them, to milliseconds for example. In samples.
 constexpr std::int64_t kLeastGap = PcmTrack::kRate / 20;
+/// Of the resampler.
+constexpr int kMostChannels = 64;
 /// No sound is further away from the first picture. In samples, more than 60 years.
 constexpr std::int64_t kFurthest = std::int64_t{1} << 46;
 
@@ -41,7 +44,8 @@ std::vector<std::uint8_t> upperBytes(const std::vector<std::int32_t>& values, in
 
 std::unique_ptr<PcmTrack> PcmTrack::open(const AVStream& from, std::int64_t zero) {
     const AVCodec* codec = avcodec_find_decoder(from.codecpar->codec_id);
-    if (codec == nullptr || from.codecpar->ch_layout.nb_channels < 1) return nullptr;
+    const int channels = from.codecpar->ch_layout.nb_channels;
+    if (codec == nullptr || channels < 1 || channels > kMostChannels) return nullptr;
     AvCodec decoder = newAvCodec(codec);
     if (avcodec_parameters_to_context(decoder.get(), from.codecpar) < 0) return nullptr;
     decoder->pkt_timebase = from.time_base;
@@ -117,8 +121,8 @@ void PcmTrack::place(const AVFrame& sound) {
     const std::int64_t following = sectionStart_ + av_rescale(sectionSamples_, kRate, rate_);
     std::int64_t position = following;
     if (sound.pts != AV_NOPTS_VALUE) {
-        const std::int64_t stamped = av_rescale_q(sound.pts, from_.time_base, kUnit) -
-                                     av_rescale_q(zero_, kMicroseconds, kUnit);
+        const std::int64_t stamped = av_sat_sub64(av_rescale_q(sound.pts, from_.time_base, kUnit),
+                                                  av_rescale_q(zero_, kMicroseconds, kUnit));
         position = std::clamp(stamped, -kFurthest, kFurthest);
     }
     if (placed_ && std::abs(position - following) < kLeastGap) return;

@@ -24,8 +24,9 @@ public:
     static constexpr int kRate = 48000;
     static constexpr AVRational kUnit = {1, kRate};  ///< Of positions, in seconds.
 
-    /// Null if there is no decoder for the stream. `zero` is the time of sample 0, in microseconds
-    /// of the clip's time stamps. `from` has to outlive the track.
+    /// Null if there is no decoder for the stream, or if it has more than 64 channels. `zero` is
+    /// the time of sample 0, in microseconds of the clip's time stamps. `from` has to outlive the
+    /// track.
     static std::unique_ptr<PcmTrack> open(const AVStream& from, std::int64_t zero);
 
     /// Whether the stream holds such PCM already, so that its samples are only copied.

@@ -67,7 +67,7 @@ TEST(Mxf, KeepsFieldsPixelAspectAndTimeCode) {
     const auto file = folder.file("a.mxf");
     for (const FieldOrder fields :
          {FieldOrder::Progressive, FieldOrder::TopFirst, FieldOrder::BottomFirst}) {
-        WriteOptions options{.size = {720, 576}, .pixelAspect = {16, 15}, .fields = fields};
+        WriteOptions options{.size = {128, 96}, .pixelAspect = {16, 15}, .fields = fields};
         options.codec = "prores-422";
         options.tags.timecode = "10:00:00:05";
         writeMxf(file, options);
