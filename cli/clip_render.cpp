@@ -56,11 +56,13 @@ private:
 };
 
 /// The parameters as the effect has them after the plan's changes.
-void saveParams(const jobs::RenderPlan& plan, const std::filesystem::path& file) {
+void saveParams(const jobs::RenderPlan& plan, const RenderManner& manner) {
     runtime::EffectSession session(
         {.module = runtime::Module::loadDefault(), .project = plan.project});
     looks::applyChanges(session, plan.parameters);
-    looks::saveLook(session, file);
+    std::optional<looks::ProjectSize> size;
+    if (const auto& given = manner.saveProjectSize) size = {given->width, given->height};
+    looks::saveLook(session, manner.saveParams, size);
 }
 
 /// Beside what planRender has checked: the file that the job or the look is from, and the
@@ -83,7 +85,7 @@ int runPlan(const jobs::RenderPlan& plan, const RenderManner& manner,
         std::cout << jobReport(plan, reader->info(), framesToMake(plan, signals.token()));
         return finishOutput();
     }
-    if (!manner.saveParams.empty()) saveParams(plan, manner.saveParams);
+    if (!manner.saveParams.empty()) saveParams(plan, manner);
     ReportedRender report(plan, reader->info(), manner);
     const jobs::RenderEnd end = jobs::runRender(plan, std::move(reader), report, signals.token());
     return end == jobs::RenderEnd::Finished ? 0 : reportStop(plan.output);

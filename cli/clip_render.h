@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -19,9 +20,10 @@ struct RenderManner {
     Talk talk = Talk::Usual;
     bool dryRun = false;                 ///< Only report what would be done.
     std::filesystem::path saveParams{};  ///< Write the parameters in use there; empty: do not.
-    std::vector<std::filesystem::path> readFrom{};  ///< The look files, or the job file.
-    std::string label{};                            ///< Before the line of progress.
-    FieldText fieldText = optionText;               ///< What the user calls the fields of the job.
+    std::optional<media::FrameSize> saveProjectSize{};  ///< Written with them.
+    std::vector<std::filesystem::path> readFrom{};      ///< The look files, or the job file.
+    std::string label{};                                ///< Before the line of progress.
+    FieldText fieldText = optionText;  ///< What the user calls the fields of the job.
     /// The command that renders one frame alone, for the message about a frame that failed.
     std::function<std::string(std::int64_t frame)> repeat{};
 };

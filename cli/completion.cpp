@@ -3,7 +3,6 @@
 #include "cli/shell_text.h"
 #include "cli/value_kind.h"
 #include "parameters/parameter_table.h"
-#include "parameters/presets.h"
 
 namespace ruvex::cli {
 namespace {
@@ -15,6 +14,12 @@ constexpr const char* kBashHead =
 _ruvex_words() {
     local IFS=$'\n'
     mapfile -t -O "${#COMPREPLY[@]}" COMPREPLY < <(compgen -W "$1" -- "$typed")
+}
+_ruvex_looks() {
+    local name
+    while IFS= read -r name; do
+        [[ $name == "$typed"* ]] && COMPREPLY+=("$name")
+    done < <("${COMP_WORDS[0]}" presets --names 2>/dev/null)
 }
 _ruvex_files() {
     mapfile -t -O "${#COMPREPLY[@]}" COMPREPLY < <(compgen -f -- "$typed")
@@ -40,12 +45,6 @@ std::string lines(const std::vector<std::string>& words) {
     return text;
 }
 
-std::vector<std::string> presets() {
-    std::vector<std::string> names;
-    for (const std::string_view name : presetNames()) names.emplace_back(name);
-    return names;
-}
-
 /// The labels, each with the equals sign that follows it.
 std::vector<std::string> labels() {
     std::vector<std::string> names;
@@ -65,7 +64,7 @@ std::string bashValue(const Option& option) {
         case ValueKind::Choice:
             return bashWords(choicesOf(option));
         case ValueKind::PresetOrFile:
-            return bashWords(presets()) + "; _ruvex_files";
+            return "_ruvex_looks; _ruvex_files";
         case ValueKind::Parameter:
             return "compopt -o nospace 2>/dev/null; " + bashWords(labels());
         case ValueKind::File:
@@ -109,7 +108,7 @@ std::string fishValue(const Option& option) {
         case ValueKind::Choice:
             return " -x -a " + shellQuoted(lines(choicesOf(option)));
         case ValueKind::PresetOrFile:
-            return " -r -F -a " + shellQuoted(lines(presets()));
+            return " -r -F -a '(ruvex presets --names 2>/dev/null)'";
         case ValueKind::Parameter:
             return " -x -a " + shellQuoted(lines(labels()));
         case ValueKind::File:

@@ -10,7 +10,8 @@
 namespace ruvex::cli {
 
 /// For bash; zsh takes the same script after `bashcompinit`. Knows commands, options, the words
-/// that an option takes, presets and labels of parameters; everything else is a file.
+/// that an option takes, labels of parameters, and the looks that the command lists at that time;
+/// everything else is a file.
 std::string bashCompletion(const std::vector<Command>& commands);
 
 /// The same for fish.

@@ -41,7 +41,7 @@ int runLevel(const LevelOptions& options) {
     runtime::EffectSession session(
         {.module = runtime::Module::loadDefault(), .project = projectOf(job)});
     looks::applyChanges(session, job.parameters);
-    if (!job.saveParams.empty()) looks::saveLook(session, job.saveParams);
+    if (!job.saveParams.empty()) looks::saveLook(session, job.saveParams, job.projectSize);
     const auto series = looks::levelSeries(session, job.frames.first, job.frames.last,
                                            job.rate.value(), signals.token());
     if (!series) {

@@ -1,6 +1,7 @@
 #include "cli/level_job.h"
 
 #include <optional>
+#include <utility>
 
 #include "cli/job_words.h"
 #include "cli/option_text.h"
@@ -109,7 +110,9 @@ LevelJob makeLevelJob(const LevelOptions& options) {
     inOptionWords([&] { checkReadFilesKept(options); });
     job.plot = options.plot;
     job.saveParams = options.parameters.saveParams;
-    job.parameters = readParameters(options.parameters, job.warnings);
+    looks::Look look = readParameters(options.parameters, job.warnings);
+    job.parameters = std::move(look.changes);
+    job.projectSize = look.projectSize;
     if (options.input.empty()) {
         chooseWithoutClip(choices, job);
     } else {

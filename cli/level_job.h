@@ -3,13 +3,14 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "cli/command_table.h"
 #include "cli/parameter_options.h"
 #include "jobs/frame_range.h"
-#include "looks/parameter_change.h"
+#include "looks/look.h"
 #include "media/rational.h"
 
 namespace ruvex::cli {
@@ -31,9 +32,10 @@ struct LevelJob {
     media::Rational rate{25, 1};
     jobs::FrameRange frames;
     std::vector<looks::ParameterChange> parameters;
-    std::filesystem::path saveParams;   ///< Empty: they are not saved.
-    std::filesystem::path plot;         ///< Empty: none is drawn.
-    std::vector<std::string> warnings;  ///< For the user; the job goes on.
+    std::optional<looks::ProjectSize> projectSize;  ///< Of the look; saved with the parameters.
+    std::filesystem::path saveParams;               ///< Empty: they are not saved.
+    std::filesystem::path plot;                     ///< Empty: none is drawn.
+    std::vector<std::string> warnings;              ///< For the user; the job goes on.
 };
 
 /// Looks at the input, if there is one. Throws UsageError and media::MediaError.

@@ -9,9 +9,8 @@
 #include "cli/usage_error.h"
 #include "files/words.h"
 #include "looks/look_file.h"
+#include "looks/look_library.h"
 #include "looks/parameter_needs.h"
-#include "looks/presets.h"
-#include "parameters/presets.h"
 
 namespace ruvex::cli {
 namespace {
@@ -69,26 +68,34 @@ void shiftLook(const std::string& offset, std::vector<ParameterChange>& changes,
     }
 }
 
-std::vector<ParameterChange> readPreset(const std::string& name,
-                                        std::vector<std::string>& warnings) {
+looks::LibraryLook readPreset(const std::string& name) {
     try {
-        return looks::readLook(name, warnings);
+        return looks::readLook(name);
     } catch (const looks::UnknownLook& error) {
         throw UsageError(std::string("--preset: ") + error.what());
     }
 }
 
+/// Applies a look over another one.
+void layOver(looks::Look& look, const looks::Look& over) {
+    append(look.changes, over.changes);
+    if (over.projectSize) look.projectSize = over.projectSize;
+}
+
 }  // namespace
 
-std::vector<ParameterChange> readParameters(const ParameterOptions& options,
-                                            std::vector<std::string>& warnings) {
+looks::Look readParameters(const ParameterOptions& options, std::vector<std::string>& warnings) {
     checkJsonName("--save-params", options.saveParams, "look");
-    std::vector<ParameterChange> changes;
-    if (!options.preset.empty()) append(changes, readPreset(options.preset, warnings));
-    if (!options.params.empty()) append(changes, looks::readLookFile(options.params, warnings));
-    if (!options.keyOffset.empty()) shiftLook(options.keyOffset, changes, warnings);
-    append(changes, readSingle(options, warnings));
-    return changes;
+    looks::Look look;
+    if (!options.preset.empty()) {
+        const looks::LibraryLook preset = readPreset(options.preset);
+        warnings.insert(warnings.end(), preset.warnings.begin(), preset.warnings.end());
+        layOver(look, preset.look);
+    }
+    if (!options.params.empty()) layOver(look, looks::readLookFile(options.params, warnings));
+    if (!options.keyOffset.empty()) shiftLook(options.keyOffset, look.changes, warnings);
+    append(look.changes, readSingle(options, warnings));
+    return look;
 }
 
 std::vector<std::string> effectWarnings(const ParameterOptions& options,
@@ -116,7 +123,10 @@ std::vector<std::string> effectWarnings(const ParameterOptions& options,
 
 std::vector<std::filesystem::path> lookFilesOf(const ParameterOptions& options) {
     std::vector<std::filesystem::path> files;
-    if (!options.preset.empty() && !findPreset(options.preset)) files.emplace_back(options.preset);
+    if (!options.preset.empty()) {
+        const std::filesystem::path file = looks::fileOfLook(options.preset);
+        if (!file.empty()) files.push_back(file);
+    }
     if (!options.params.empty()) files.emplace_back(options.params);
     return files;
 }

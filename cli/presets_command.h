@@ -1,4 +1,4 @@
-// `ruvex presets`: the looks that come with the effect.
+// `ruvex presets`: the looks of the library.
 
 #pragma once
 
@@ -6,7 +6,7 @@
 
 namespace ruvex::cli {
 
-/// Lists their names, or draws a picture of them all.
+/// Lists the looks, draws a sheet of them, or saves them as files.
 Command presetsCommand();
 
 }  // namespace ruvex::cli

@@ -64,6 +64,7 @@ int runTypedJob(const jobs::RenderJob& job, const RenderOptions& options, const 
     return renderClip(job, {.talk = talk,
                             .dryRun = options.dryRun,
                             .saveParams = options.parameters.saveParams,
+                            .saveProjectSize = job.projectSize,
                             .readFrom = lookFilesOf(options.parameters),
                             .label = label,
                             .repeat = std::move(command)});

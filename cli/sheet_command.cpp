@@ -6,15 +6,16 @@
 #include "cli/job_words.h"
 #include "cli/messages.h"
 #include "cli/option_text.h"
+#include "cli/parameter_choice.h"
 #include "cli/progress.h"
 #include "cli/stop_signals.h"
 #include "cli/typed_job.h"
 #include "cli/usage_error.h"
+#include "cli/variations.h"
 #include "files/numbered_path.h"
 #include "jobs/clip_choice.h"
-#include "jobs/preset_sheet.h"
+#include "jobs/look_sheet.h"
 #include "media/file_kind.h"
-#include "parameters/presets.h"
 
 namespace ruvex::cli {
 namespace {
@@ -60,7 +61,35 @@ void writeSheet(const jobs::RenderPlan& plan, const media::Frame& sheet) {
     writer->finish();
 }
 
-int draw(const SheetOptions& options) {
+/// What a sheet shows.
+struct SheetCells {
+    std::vector<jobs::SheetLook> looks;
+    bool source = true;  ///< The frame as it is, too.
+};
+
+SheetCells cellsOf(std::span<const looks::LibraryLook> list) {
+    SheetCells cells;
+    for (const looks::LibraryLook& entry : list) {
+        cells.looks.push_back({entry.look.name, entry.look.changes, entry.look.projectSize});
+    }
+    return cells;
+}
+
+SheetCells variedCells(const SheetOptions& options) {
+    std::vector<std::string> warnings;
+    ParameterOptions base;
+    base.preset = options.preset;
+    const looks::Look look = readParameters(base, warnings);
+    SheetCells cells{.looks = {}, .source = false};
+    for (const Variation& variation : parseVariations(options.vary, warnings)) {
+        cells.looks.push_back({variation.label, look.changes, look.projectSize});
+        cells.looks.back().changes.emplace_back(variation.setting);
+    }
+    printWarnings(warnings);
+    return cells;
+}
+
+int draw(const SheetOptions& options, const SheetCells& cells) {
     jobs::RenderJob job = sheetJob(options);
     auto reader = media::openReader(job.input, readingOf(job));
     const std::int64_t frame = chooseFrame(options, reader->info());
@@ -69,9 +98,10 @@ int draw(const SheetOptions& options) {
     const jobs::RenderPlan plan = planRender(job, reader->info(), notes);
     printNotes(notes);
     const StopSignals signals;
-    Progress progress(kPresetCount);
-    const auto sheet = presetSheet(
-        plan, std::move(reader), [&] { progress.step(); }, signals.token());
+    Progress progress(static_cast<std::int64_t>(cells.looks.size()));
+    const auto sheet = lookSheet(
+        plan, std::move(reader), cells.looks, cells.source, [&] { progress.step(); },
+        signals.token());
     if (!sheet) return reportStop(plan.output);
     writeSheet(plan, *sheet);
     return 0;
@@ -79,8 +109,36 @@ int draw(const SheetOptions& options) {
 
 }  // namespace
 
-int drawPresetSheet(const SheetOptions& options) {
-    return inOptionWords([&] { return draw(options); });
+OptionTable sheetOptions(SheetOptions& options) {
+    constexpr const char* kSheet = "--sheet";
+    return {
+        {kSheet, "INPUT", "Render one frame of a clip or a still with each look, into one picture",
+         &options.input},
+        {"-o,--output", "SHEET.png", "The picture that shows them", &options.output, false, kSheet},
+        {"--vary", "\"NAME=VALUES\"",
+         "Show values of one parameter instead of looks: \"Seed=1..9\", \"Snow Max=0,30,60\", "
+         "\"TV Type=Colour,Tint\"",
+         &options.vary, false, kSheet},
+        {"--preset", "NAME|FILE",
+         "The look whose parameter is varied; default: the parameters' defaults", &options.preset,
+         false, "--vary"},
+        {"--frame", "N", "Which frame; default: the one in the middle", &options.frame, false,
+         kSheet},
+        {"--rate", "R",
+         "Frames a second where the input does not say: 25, 29.97, 30000/1001; default: 25",
+         &options.rate, false, kSheet},
+        {"--size", "WxH", "Size of raw input frames", &options.size, false, kSheet},
+        {"--depth", "8|16", "Bits a channel in the chain; default: by the input", &options.depth,
+         false, kSheet},
+        {"--workers", "N",
+         "Shares that each picture is cut into; default: the machine's processors",
+         &options.workers, false, kSheet},
+    };
+}
+
+int drawLookSheet(const SheetOptions& options, std::span<const looks::LibraryLook> list) {
+    return inOptionWords(
+        [&] { return draw(options, options.vary.empty() ? cellsOf(list) : variedCells(options)); });
 }
 
 }  // namespace ruvex::cli

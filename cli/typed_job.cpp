@@ -71,9 +71,13 @@ jobs::RenderJob typedJob(const RenderOptions& options, std::vector<std::string>&
     readInput(options, job);
     readOutput(options, job);
     readPicture(options, job);
-    job.parameters = readParameters(options.parameters, warnings);
+    looks::Look look = readParameters(options.parameters, warnings);
+    job.parameters = std::move(look.changes);
     for (std::string& warning : effectWarnings(options.parameters, job.parameters)) {
         warnings.push_back(std::move(warning));
+    }
+    if (look.projectSize && !job.projectSize) {
+        job.projectSize = media::FrameSize{look.projectSize->width, look.projectSize->height};
     }
     job.comparison = comparison;
     inOptionWords([&] { checkJob(job); });

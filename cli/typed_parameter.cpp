@@ -80,12 +80,13 @@ looks::Key parseKey(const ParameterRow& row, const std::string& text,
 
 }  // namespace
 
-looks::Setting parseSetting(const std::string& text, std::vector<std::string>& warnings) {
-    const auto [row, rest] = splitName("--set", text, "NAME=VALUE, as in \"Resolution=50\"");
+looks::Setting parseSetting(const std::string& text, std::vector<std::string>& warnings,
+                            const std::string& option) {
+    const auto [row, rest] = splitName(option, text, "NAME=VALUE, as in \"Resolution=50\"");
     if (!row->rendered) {
-        warnings.push_back("--set: " + looks::doesNotRender(*row));
+        warnings.push_back(option + ": " + looks::doesNotRender(*row));
     }
-    return {row->id, parseUsable("--set", *row, rest, warnings)};
+    return {row->id, parseUsable(option, *row, rest, warnings)};
 }
 
 looks::Animation parseAnimation(const std::string& text, std::vector<std::string>& warnings) {

@@ -9,9 +9,11 @@
 
 namespace ruvex::cli {
 
-/// "NAME=VALUE". Throws UsageError: an unknown name, with the nearest one, or a value that the
-/// parameter does not take. What the render will only hold to its range goes to `warnings`.
-looks::Setting parseSetting(const std::string& text, std::vector<std::string>& warnings);
+/// "NAME=VALUE", the value of `option`. Throws UsageError: an unknown name, with the nearest one,
+/// or a value that the parameter does not take. What the render will only hold to its range goes to
+/// `warnings`.
+looks::Setting parseSetting(const std::string& text, std::vector<std::string>& warnings,
+                            const std::string& option = "--set");
 
 /// "NAME=T:V T:V:MODE ...", T in seconds; the mode is linear, hold or smooth. Throws UsageError,
 /// also for a parameter that is not real and for two keys at one time.

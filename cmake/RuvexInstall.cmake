@@ -18,12 +18,16 @@ install(FILES "${PROJECT_SOURCE_DIR}/LICENSE" DESTINATION ${RUVEX_DOCDIR} RENAME
 # The presets as files, written by the command itself.
 set(preset_files "${PROJECT_BINARY_DIR}/presets")
 add_custom_command(OUTPUT "${preset_files}/stamp"
-  COMMAND ruvex presets --save-to "${preset_files}"
+  COMMAND ruvex presets --group presets --save-to "${preset_files}"
   COMMAND ${CMAKE_COMMAND} -E touch "${preset_files}/stamp"
   DEPENDS ruvex V_Ruvex
   VERBATIM)
 add_custom_target(preset_files ALL DEPENDS "${preset_files}/stamp")
 install(DIRECTORY "${preset_files}/" DESTINATION ${CMAKE_INSTALL_DATADIR}/ruvex/presets
+  FILES_MATCHING PATTERN "*.json")
+
+# The library of looks, where the command finds it from its own place.
+install(DIRECTORY "${PROJECT_SOURCE_DIR}/looks/library/" DESTINATION ${CMAKE_INSTALL_DATADIR}/ruvex/looks
   FILES_MATCHING PATTERN "*.json")
 
 # The manual page and the shells' completions, from the command's own tables.

@@ -12,6 +12,7 @@
 #include "jobs/frame_range.h"
 #include "jobs/job_error.h"
 #include "jobs/result_alpha.h"
+#include "looks/look.h"
 #include "looks/parameter_change.h"
 #include "media/frame_reader.h"
 #include "media/storage_choice.h"
@@ -25,7 +26,7 @@ inline constexpr int kMostFramesAtOnce = 256;
 /// creeping lines, each too close to the next to be seen.
 inline constexpr double kLeastPixelAspect = 0.1;
 inline constexpr double kMostPixelAspect = 10.0;
-inline constexpr int kLongestProjectSide = 65536;
+inline constexpr int kLongestProjectSide = looks::kLongestProjectSide;
 
 /// Plain values. An optional without a value leaves the choice to the input or to the usual value
 /// of the result's kind.

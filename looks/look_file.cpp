@@ -3,6 +3,7 @@
 #include <set>
 
 #include "files/words.h"
+#include "looks/look_members.h"
 #include "parameters/parameter_text.h"
 
 namespace ruvex::looks {
@@ -119,6 +120,21 @@ std::string jsonOf(const Animation& animation) {
     return text + "]";
 }
 
+/// Adds a line with a member to an object that is open, indented by `space` and two spaces.
+void addMember(std::string& object, const std::string& space, std::string_view name,
+               const std::string& json) {
+    object.append(object.size() == 1 ? "\n" : ",\n").append(space).append("  ");
+    object.append(Json(name).dump()).append(": ").append(json);
+}
+
+void addChanges(std::string& object, std::span<const ParameterChange> changes,
+                const std::string& space) {
+    for (const ParameterChange& change : changes) {
+        addMember(object, space, rowOf(change).label,
+                  std::visit([](const auto& either) { return jsonOf(either); }, change));
+    }
+}
+
 }  // namespace
 
 std::vector<ParameterChange> changesFromJson(const Json& document,
@@ -139,39 +155,40 @@ std::vector<ParameterChange> changesFromJson(const Json& document,
     return changes;
 }
 
-std::vector<ParameterChange> parseLookFile(const std::string& name, const std::string& text,
-                                           std::vector<std::string>& warnings) {
+Look parseLookFile(const std::string& name, const std::string& text,
+                   std::vector<std::string>& warnings) {
     std::vector<std::string> found;
     try {
-        auto changes = changesFromJson(parseJson(text), found);
+        Look look;
+        Json document = parseJson(text);
+        takeLookMembers(document, look);
+        look.changes = changesFromJson(document, found);
         for (const std::string& warning : found) {
             warnings.push_back(name + ": " + warning);
         }
-        return changes;
+        return look;
     } catch (const JsonError& error) {
         throw LookFileError(name + ": " + error.what());
     }
 }
 
-std::vector<ParameterChange> readLookFile(const std::filesystem::path& file,
-                                          std::vector<std::string>& warnings) {
+Look readLookFile(const std::filesystem::path& file, std::vector<std::string>& warnings) {
     return parseLookFile(file.string(), readJsonText(file), warnings);
 }
 
 std::string lookText(std::span<const ParameterChange> changes, int indent) {
     const std::string space(static_cast<std::size_t>(indent), ' ');
     std::string text = "{";
-    for (const ParameterChange& change : changes) {
-        const Json label = rowOf(change).label;
-        text.append(text.size() == 1 ? "\n" : ",\n").append(space).append("  ");
-        text.append(label.dump()).append(": ");
-        text += std::visit([](const auto& either) { return jsonOf(either); }, change);
-    }
+    addChanges(text, changes, space);
     return text + "\n" + space + "}";
 }
 
-std::string lookFileText(std::span<const ParameterChange> changes) {
-    return lookText(changes, 0) + "\n";
+std::string lookFileText(const Look& look) {
+    std::string text = "{";
+    forEachLookMember(
+        look, [&](const char* name, const std::string& json) { addMember(text, "", name, json); });
+    addChanges(text, look.changes, "");
+    return text + "\n}\n";
 }
 
 }  // namespace ruvex::looks

@@ -1,5 +1,5 @@
-// Look files: parameters in JSON, one object of labels and values. docs/parameter-files.md
-// describes them.
+// Look files: parameters in JSON, one object of labels and values, which may describe the look too.
+// docs/parameter-files.md explains them.
 
 #pragma once
 
@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "looks/json_document.h"
+#include "looks/look.h"
 #include "looks/parameter_change.h"
 
 namespace ruvex::looks {
@@ -26,20 +27,20 @@ public:
 std::vector<ParameterChange> changesFromJson(const Json& document,
                                              std::vector<std::string>& warnings);
 
-/// The same for the text of a look file. `name` is the file's, for messages. Throws LookFileError.
-std::vector<ParameterChange> parseLookFile(const std::string& name, const std::string& text,
-                                           std::vector<std::string>& warnings);
+/// The look in the text of a look file; `name` is the file's, for messages. Throws LookFileError.
+Look parseLookFile(const std::string& name, const std::string& text,
+                   std::vector<std::string>& warnings);
 
 /// The same for a file, or a pipe up to its end. Throws LookFileError, and files::FileError if it
 /// cannot be read or has more than 16 MB.
-std::vector<ParameterChange> readLookFile(const std::filesystem::path& file,
-                                          std::vector<std::string>& warnings);
+Look readLookFile(const std::filesystem::path& file, std::vector<std::string>& warnings);
 
 /// A JSON object from which changesFromJson reads the same changes, to the bit; one line a
 /// parameter, each line after the first indented by `indent` spaces. No line end at its end.
 std::string lookText(std::span<const ParameterChange> changes, int indent);
 
-/// The same as the text of a look file.
-std::string lookFileText(std::span<const ParameterChange> changes);
+/// The text of a look file from which parseLookFile reads the same look, to the bit. Its texts have
+/// to be such as parseLookFile takes.
+std::string lookFileText(const Look& look);
 
 }  // namespace ruvex::looks

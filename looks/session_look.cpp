@@ -46,8 +46,10 @@ std::vector<ParameterChange> changesOf(const runtime::EffectSession& session) {
     return all;
 }
 
-void saveLook(const runtime::EffectSession& session, const std::filesystem::path& file) {
-    const std::string text = lookFileText(changesOf(session));
+void saveLook(const runtime::EffectSession& session, const std::filesystem::path& file,
+              std::optional<ProjectSize> projectSize) {
+    const std::string text =
+        lookFileText({.projectSize = projectSize, .changes = changesOf(session)});
     files::writeWhole(file, std::as_bytes(std::span(text)));
 }
 

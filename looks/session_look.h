@@ -3,10 +3,11 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 #include <span>
 #include <vector>
 
-#include "looks/parameter_change.h"
+#include "looks/look.h"
 #include "runtime/effect_session.h"
 
 namespace ruvex::looks {
@@ -19,7 +20,9 @@ void applyChanges(runtime::EffectSession& session, std::span<const ParameterChan
 /// runtime::Error.
 std::vector<ParameterChange> changesOf(const runtime::EffectSession& session);
 
-/// Writes what changesOf gives as a look file. Throws files::FileError too.
-void saveLook(const runtime::EffectSession& session, const std::filesystem::path& file);
+/// Writes what changesOf gives as a look file, made for this project frame if one is given. Throws
+/// files::FileError too.
+void saveLook(const runtime::EffectSession& session, const std::filesystem::path& file,
+              std::optional<ProjectSize> projectSize = {});
 
 }  // namespace ruvex::looks

@@ -12,6 +12,17 @@ constexpr std::string_view kNames[kPresetCount] = {
     "Good TV",         "Bad Colour TV", "Bad B&W TV",  "Offset Guns",
     "Security Camera", "Aerial SpyCam", "NightVision", "Cable Out"};
 
+constexpr std::string_view kDescriptions[kPresetCount] = {
+    "a perfect picture; sets the parameters of the television and its effects back",
+    "colour set with a bad aerial: snow, six ghosts, tearing and false colours that come and go",
+    "grey set with a steady bad signal: frayed edges, ghosts and creeping lines",
+    "electron guns out of line: red to the right, green above",
+    "grey and soft, 8 frames repeated, scanlines, fish eye lens",
+    "blue-grey tint, hard contrast, wide scanlines, every frame shown twice",
+    "bright green tint, every frame shown twice",
+    "no signal at all: noise of changing kinds",
+};
+
 // The preset leaves the parameter as it is.
 constexpr double kKept = std::numeric_limits<double>::quiet_NaN();
 
@@ -89,6 +100,10 @@ std::optional<double> PresetRow::value(int preset) const {
 
 std::span<const std::string_view> presetNames() {
     return kNames;
+}
+
+std::span<const std::string_view> presetDescriptions() {
+    return kDescriptions;
 }
 
 std::span<const PresetRow> presetTable() {

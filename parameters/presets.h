@@ -24,6 +24,9 @@ struct PresetRow {
 /// The names of the presets, in the order of the user's list.
 std::span<const std::string_view> presetNames();
 
+/// What each preset shows, in a few words, in the same order.
+std::span<const std::string_view> presetDescriptions();
+
 /// All rows, in the order in which applying a preset sets the parameters.
 std::span<const PresetRow> presetTable();
 

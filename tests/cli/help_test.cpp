@@ -16,7 +16,7 @@
 #include "cli/option_group.h"
 #include "cli/value_kind.h"
 #include "parameters/parameter_table.h"
-#include "parameters/presets.h"
+#include "tests/cli/own_looks.h"
 #include "tests/cli/run_command.h"
 #include "tests/support/temp_folder.h"
 
@@ -191,7 +191,7 @@ std::vector<std::string> offered(const std::vector<std::string>& words) {
     static const files::TempFolder folder;
     std::ofstream(folder.file("ruvex.bash")) << bashCompletion(commands());
     std::ofstream script(folder.file("ask.bash"));
-    script << "source " << folder.file("ruvex.bash") << "\nCOMP_WORDS=('ruvex'";
+    script << "source " << folder.file("ruvex.bash") << "\nCOMP_WORDS=('" RUVEX_COMMAND "'";
     for (const std::string& word : words) script << " '" << word << "'";
     script << ")\nCOMP_CWORD=" << words.size() << "\n_ruvex\nprintf '%s\\n' \"${COMPREPLY[@]}\"\n";
     script.close();
@@ -230,6 +230,8 @@ TEST(Completion, OffersWhatAnOptionTakes) {
     EXPECT_EQ(offered({"render", "--preset", "Bad C"}), Words{"Bad Colour TV"});
     EXPECT_EQ(offered({"render", "--preset", "Bad\\ C"}), Words{"Bad Colour TV"});
     EXPECT_EQ(offered({"render", "--preset", "\"Bad C"}), Words{"Bad Colour TV"});
+    EXPECT_EQ(offered({"render", "--preset", "Clea"}), Words{"Clean"});
+    EXPECT_EQ(offered({"presets", "--group", "o"}), Words{"own"});
     EXPECT_EQ(offered({"compare", "--set", "Snow M"}), Words{"Snow Max="});
     EXPECT_EQ(offered({"compare", "-s", "Snow M"}), Words{"Snow Max="});
     EXPECT_EQ(offered({"render", "-p", "Bad C"}), Words{"Bad Colour TV"});
@@ -237,6 +239,13 @@ TEST(Completion, OffersWhatAnOptionTakes) {
     EXPECT_EQ(offered({"render", "ruvex.b"}), Words{"ruvex.bash"});
     EXPECT_EQ(offered({"render", "--rate", ""}), Words{});
     EXPECT_EQ(offered({"level", "--set", ""}).size(), parameterTable().size());
+}
+
+// A shell must not run what stands in a look's name.
+TEST(Completion, OffersTheUsersLooksAsTheyAre) {
+    const OwnLooks own;
+    own.write("a.json", R"j({"name": "Mine $(touch ran) `touch ran` 'x"})j");
+    EXPECT_EQ(offered({"render", "--preset", "Min"}), Words{"Mine $(touch ran) `touch ran` 'x"});
 }
 
 TEST(Completion, FishKnowsTheSameOptions) {

@@ -5,6 +5,7 @@
 #include "media/stills/raw_frame.h"
 #include "media/stills/still_file.h"
 #include "parameters/presets.h"
+#include "tests/cli/own_looks.h"
 #include "tests/cli/run_command.h"
 #include "tests/media/test_clips.h"
 #include "tests/support/temp_folder.h"
@@ -27,7 +28,8 @@ struct PresetsSheet : testing::Test {
         }
     }
 
-    Outcome draw(const Arguments& more, const std::string& output = "sheet.png") {
+    Outcome draw(const Arguments& more, const std::string& output = "sheet.png",
+                 const std::string& group = "presets") {
         Arguments arguments = {"presets",
                                "--sheet",
                                folder.file("in.%d.rgba8").string(),
@@ -36,24 +38,30 @@ struct PresetsSheet : testing::Test {
                                "--size",
                                "48x36",
                                "--workers",
-                               "2"};
+                               "2",
+                               "--group",
+                               group};
         arguments.insert(arguments.end(), more.begin(), more.end());
         return ruvex(arguments);
     }
 
-    Frame render(int frame, const std::string& preset) {
+    Frame render(int frame, const Arguments& more) {
         const std::string number = std::to_string(frame);
-        const Outcome outcome =
-            ruvex({"render", folder.file("in.%d.rgba8").string(), "-o",
-                   folder.file("one.rgba8").string(), "--size", "48x36", "--workers", "2",
-                   "--frames", number + "-" + number, "--preset", preset});
+        Arguments arguments = {"render",    folder.file("in.%d.rgba8").string(),
+                               "-o",        folder.file("one.rgba8").string(),
+                               "--size",    "48x36",
+                               "--workers", "2",
+                               "--frames",  number + "-" + number};
+        arguments.insert(arguments.end(), more.begin(), more.end());
+        const Outcome outcome = ruvex(arguments);
         EXPECT_EQ(outcome.status, 0) << outcome.err;
         return media::readRawFrame(folder.file("one.rgba8"), kSize, Depth::Bits8);
     }
 
     /// Whether the picture stands in cell `index` of the sheet, opaque.
-    static void expectCell(const Frame& sheet, int index, const Frame& picture) {
-        const media::SheetLayout layout(kSize, 1 + kPresetCount, 3);
+    static void expectCell(const Frame& sheet, int index, const Frame& picture,
+                           int count = 1 + kPresetCount, int columns = 3) {
+        const media::SheetLayout layout(kSize, count, columns);
         ASSERT_EQ(sheet.size(), layout.sheet);
         const int left = layout.left(index, kSize);
         int different = 0;
@@ -73,7 +81,7 @@ struct PresetsSheet : testing::Test {
         expectCell(sheet, 0, media::noiseFrame(kSize, Depth::Bits8, static_cast<unsigned>(frame)));
         for (int preset = 0; preset < kPresetCount; ++preset) {
             const std::string name(presetNames()[static_cast<std::size_t>(preset)]);
-            expectCell(sheet, preset + 1, render(frame, name));
+            expectCell(sheet, preset + 1, render(frame, {"--preset", name}));
         }
     }
 
@@ -93,6 +101,36 @@ TEST_F(PresetsSheet, ShowsTheNamedFrame) {
     expectSheetOf(2);
 }
 
+TEST_F(PresetsSheet, ShowsTheUsersLooksInTheirProjectFrame) {
+    const OwnLooks own;
+    own.write(
+        "far.json",
+        R"({"Master Breakup": 0, "Breakup Variation": 0, "Gun Align Red X": 400, "projectSize": {"width": 960, "height": 720}})");
+    own.write("wide.json", R"({"Seed": 8})");
+    const Outcome outcome = draw({"--frame", "1"}, "sheet.png", "own");
+    ASSERT_EQ(outcome.status, 0) << outcome.err;
+    const Frame sheet = media::readStill(folder.file("sheet.png")).frame;
+    expectCell(sheet, 1, render(1, {"--preset", "far"}), 3, 2);
+    expectCell(sheet, 1,
+               render(1, {"--set", "Master Breakup=0", "--set", "Breakup Variation=0", "--set",
+                          "Gun Align Red X=20"}),
+               3, 2);
+    expectCell(sheet, 2, render(1, {"--preset", "wide"}), 3, 2);
+}
+
+TEST_F(PresetsSheet, ShowsValuesOfOneParameter) {
+    ASSERT_EQ(draw({"--frame", "1", "--vary", "Seed=7..10", "--preset", "Bad B&W TV"}).status, 0);
+    Frame sheet = media::readStill(folder.file("sheet.png")).frame;
+    for (int i = 0; i < 4; ++i) {
+        const std::string seed = "Seed=" + std::to_string(7 + i);
+        expectCell(sheet, i, render(1, {"--preset", "Bad B&W TV", "--set", seed}), 4, 2);
+    }
+    ASSERT_EQ(draw({"--frame", "1", "--vary", "TV Type=B & W, tint"}).status, 0);
+    sheet = media::readStill(folder.file("sheet.png")).frame;
+    expectCell(sheet, 0, render(1, {"--set", "TV Type=B & W"}), 2, 2);
+    expectCell(sheet, 1, render(1, {"--set", "TV Type=Tint"}), 2, 2);
+}
+
 TEST_F(PresetsSheet, OfADeepClipIsDrawnToo) {
     const Outcome outcome = draw({"--depth", "16"});
     EXPECT_EQ(outcome.status, 0) << outcome.err;
@@ -106,6 +144,13 @@ TEST_F(PresetsSheet, WrongCommandLinesEndWithTwoAndLeaveNothing) {
                                                         {"--frame", "x"},
                                                         {"--depth", "9"},
                                                         {"--workers", "0"},
+                                                        {"--vary", "Seed"},
+                                                        {"--vary", "Seed="},
+                                                        {"--vary", "Seed=3..1"},
+                                                        {"--vary", "Seed=1..101"},
+                                                        {"--vary", "Seed=1,,2"},
+                                                        {"--vary", "Sneed=1"},
+                                                        {"--preset", "Cable Out"},
                                                         {"more"}}) {
         EXPECT_EQ(draw(more).status, 2) << more.back();
     }

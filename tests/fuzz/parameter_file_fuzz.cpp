@@ -16,9 +16,9 @@ const std::string kName = "look.json";
 
 using Changes = std::vector<ParameterChange>;
 
-std::optional<Changes> accepted(const std::string& text) {
+std::optional<Look> accepted(const std::string& text) {
     std::vector<std::string> warnings;
-    auto changes = fuzz::unlessRefused<LookFileError>(
+    auto look = fuzz::unlessRefused<LookFileError>(
         [&] { return parseLookFile(kName, text, warnings); },
         [](std::string_view sentence) {
             fuzz::demandPrintable(sentence);
@@ -30,7 +30,7 @@ std::optional<Changes> accepted(const std::string& text) {
         fuzz::demandPrintable(warning);
         fuzz::demandNamed(warning, kName + ": ");
     }
-    return changes;
+    return look;
 }
 
 void demandSound(const Changes& changes) {
@@ -47,6 +47,19 @@ void demandSound(const Changes& changes) {
             demand(std::isfinite(keys[i].seconds) && std::isfinite(keys[i].value), "finite keys");
             demand(i == 0 || keys[i - 1].seconds < keys[i].seconds, "keys stand in order");
         }
+    }
+}
+
+void demandDescribed(const Look& look) {
+    for (const std::string* text : {&look.name, &look.description, &look.author}) {
+        if (!text->empty()) fuzz::demandPrintable(*text);
+        demand(text->size() <= 300, "a text has a limit");
+    }
+    if (look.projectSize) {
+        const auto [width, height] = *look.projectSize;
+        demand(width >= 1 && height >= 1 && width <= kLongestProjectSide &&
+                   height <= kLongestProjectSide,
+               "a project frame is in range");
     }
 }
 
@@ -71,13 +84,18 @@ void demandSame(const Animation& a, const ParameterChange& b) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const auto changes = accepted(std::string(fuzz::textOf(data, size)));
-    if (!changes) return 0;
-    demandSound(*changes);
-    const auto again = accepted(lookFileText(*changes));
-    demand(again && again->size() == changes->size(), "a file that was written is read");
-    for (std::size_t i = 0; i < changes->size(); ++i) {
-        std::visit([&](const auto& change) { demandSame(change, (*again)[i]); }, (*changes)[i]);
+    const auto look = accepted(std::string(fuzz::textOf(data, size)));
+    if (!look) return 0;
+    const Changes& changes = look->changes;
+    demandSound(changes);
+    demandDescribed(*look);
+    const auto again = accepted(lookFileText(*look));
+    demand(again && again->changes.size() == changes.size(), "a file that was written is read");
+    demand(again->name == look->name && again->description == look->description &&
+               again->author == look->author && again->projectSize == look->projectSize,
+           "a description is read as it was");
+    for (std::size_t i = 0; i < changes.size(); ++i) {
+        std::visit([&](const auto& change) { demandSame(change, again->changes[i]); }, changes[i]);
     }
     return 0;
 }

@@ -13,7 +13,7 @@ using Warnings = std::vector<std::string>;
 
 Changes read(const std::string& text) {
     Warnings warnings;
-    const Changes changes = parseLookFile("look.json", text, warnings);
+    const Changes changes = parseLookFile("look.json", text, warnings).changes;
     EXPECT_EQ(warnings, Warnings{}) << text;
     return changes;
 }
@@ -112,7 +112,7 @@ private:
 TEST(ParameterFile, WhatIsWrittenIsReadBackToTheBit) {
     for (unsigned seed = 0; seed < 200; ++seed) {
         const Changes written = RandomParameters(seed).all();
-        const Changes back = read(lookFileText(written));
+        const Changes back = read(lookFileText({.changes = written}));
         ASSERT_EQ(back.size(), written.size());
         for (std::size_t i = 0; i < written.size(); ++i) {
             ASSERT_EQ(&rowOf(back[i]), &rowOf(written[i]));
@@ -126,7 +126,7 @@ TEST(ParameterFile, StandsOneLineAParameterUnderItsLabel) {
     const Changes changes = {Setting{ParameterId::TvType, 1},
                              Animation{kSnow, {{0, -0.5}, {2, 60}}},
                              Setting{ParameterId::FishEye, 1}};
-    EXPECT_EQ(lookFileText(changes),
+    EXPECT_EQ(lookFileText({.changes = changes}),
               "{\n"
               "  \"TV Type\": \"B & W\",\n"
               "  \"Snow Max\": [{\"seconds\": 0.0, \"value\": -0.5}, "
@@ -261,7 +261,7 @@ TEST(ParameterFile, RefusalsAreShortWhateverTheFileHolds) {
 }
 
 TEST(ParameterFile, NoBeginningOfAFileIsAFile) {
-    const std::string text = lookFileText(RandomParameters(1).all());
+    const std::string text = lookFileText({.changes = RandomParameters(1).all()});
     const std::size_t end = text.find_last_of('}');
     for (std::size_t length = 0; length <= end; ++length) {
         EXPECT_NE(refusal(text.substr(0, length)), "") << length;
@@ -288,10 +288,64 @@ TEST(ParameterFile, RandomTextIsReadOrRefused) {
 
 TEST(ParameterFile, ValuesThatTheRenderHoldsAreWarnedOfWithTheFile) {
     Warnings warnings;
-    EXPECT_EQ(parseLookFile("look.json", R"({"Resolution": 150})", warnings).size(), 1u);
+    EXPECT_EQ(parseLookFile("look.json", R"({"Resolution": 150})", warnings).changes.size(), 1u);
     ASSERT_EQ(warnings.size(), 1u);
     EXPECT_TRUE(warnings[0].starts_with("look.json: ")) << warnings[0];
     EXPECT_NE(warnings[0].find("0..100"), std::string::npos) << warnings[0];
+}
+
+TEST(LookFile, MayDescribeTheLook) {
+    Warnings warnings;
+    const Look look = parseLookFile("look.json", R"({
+        "name": "Wet Street", "Seed": 3, "author": "A. Nother", "description": "rain; \u00e9",
+        "projectSize": {"height": 540, "width": 65536}})",
+                                    warnings);
+    const Look wanted{.name = "Wet Street",
+                      .description = "rain; \xC3\xA9",
+                      .author = "A. Nother",
+                      .projectSize = ProjectSize{65536, 540},
+                      .changes = {Setting{ParameterId::Seed, 3}}};
+    EXPECT_EQ(look, wanted);
+    EXPECT_EQ(parseLookFile("look.json", lookFileText(look), warnings), look);
+    const Look texts{.name = "Only a Name"};
+    EXPECT_EQ(parseLookFile("look.json", lookFileText(texts), warnings), texts);
+    EXPECT_EQ(parseLookFile("look.json", "{}", warnings), Look());
+    EXPECT_EQ(warnings, Warnings{});
+    EXPECT_EQ(lookFileText(wanted).substr(0, 24), "{\n  \"name\": \"Wet Street\"");
+}
+
+TEST(LookFile, ADescriptionOfAnotherTypeOrFormIsRefused) {
+    for (const char* member :
+         {R"("name": 7)",
+          R"("name": "")",
+          R"("name": "two\nlines")",
+          R"("name": ["a"])",
+          R"("name": null)",
+          R"("description": {})",
+          R"("author": true)",
+          R"("author": "\u001b[2J")",
+          R"("projectSize": "960x540")",
+          R"("projectSize": 960)",
+          R"("projectSize": null)",
+          R"("projectSize": {"width": 960})",
+          R"("projectSize": [960, 540])",
+          R"("projectSize": {"width": 960, "height": 540.5})",
+          R"("projectSize": {"width": 960, "height": "540"})",
+          R"("projectSize": {"width": 960, "height": 540, "depth": 8})",
+          R"("projectSize": {"width": 0, "height": 540})",
+          R"("projectSize": {"width": 960, "height": -540})",
+          R"("projectSize": {"width": 960, "height": 65537})",
+          R"("projectSize": {"width": 18446744073709551615, "height": 540})"}) {
+        const std::string text = std::string("{") + member + ", \"Seed\": 1}";
+        const std::string sentence = refusal(text);
+        const std::string name = std::string(member).substr(1, 4);
+        EXPECT_TRUE(sentence.starts_with("look.json: " + name)) << member << ": " << sentence;
+        EXPECT_TRUE(sentence.ends_with('.')) << sentence;
+    }
+    EXPECT_NE(refusal("{\"name\": \"" + std::string(61, 'x') + "\"}"), "");
+    EXPECT_NE(refusal("{\"description\": \"" + std::string(301, 'x') + "\"}"), "");
+    EXPECT_NE(refusal(R"({"name": "a", "name": "a"})"), "");
+    EXPECT_NE(refusal(R"({"Name": "a"})"), "");
 }
 
 TEST(ParameterFile, WhatNoPictureShowsIsWarnedOfUnlessItIsTheDefault) {

@@ -2,10 +2,8 @@
 
 #include "looks/session_look.h"
 
-#include <fstream>
 #include <gtest/gtest.h>
 
-#include "files/file_error.h"
 #include "looks/level_series.h"
 #include "looks/look_file.h"
 #include "looks/presets.h"
@@ -67,9 +65,14 @@ TEST(SessionLook, ASavedLookGivesTheSameSession) {
     saveLook(session, folder.file("look.json"));
     std::vector<std::string> warnings;
     runtime::EffectSession other = newSession();
-    applyChanges(other, readLook(folder.file("look.json"), warnings));
+    const Look saved = readLookFile(folder.file("look.json"), warnings);
+    applyChanges(other, saved.changes);
     EXPECT_EQ(changesOf(other), changesOf(session));
     EXPECT_TRUE(warnings.empty());
+    EXPECT_EQ(saved.projectSize, std::nullopt);
+    saveLook(session, folder.file("sized.json"), ProjectSize{960, 540});
+    EXPECT_EQ(readLookFile(folder.file("sized.json"), warnings),
+              (Look{.projectSize = ProjectSize{960, 540}, .changes = saved.changes}));
 }
 
 TEST(SessionLook, KeysThatHoldAndEaseGiveTheirLevels) {
@@ -83,14 +86,6 @@ TEST(SessionLook, KeysThatHoldAndEaseGiveTheirLevels) {
     EXPECT_NEAR(levelAtOneSecond(KeyMode::Linear), 0.25f, 1e-6);
     EXPECT_EQ(levelAtOneSecond(KeyMode::Hold), 0.0f);
     EXPECT_NEAR(levelAtOneSecond(KeyMode::Smooth), 0.15625f, 1e-6);
-}
-
-TEST(Looks, APresetsNameGoesBeforeAFiles) {
-    std::vector<std::string> warnings;
-    EXPECT_EQ(readLook("bad colour tv", warnings), presetChanges(*findPreset("Bad Colour TV")));
-    EXPECT_THROW(readLook("No such look", warnings), UnknownLook);
-    EXPECT_THROW(readLook(std::string(300, 'x'), warnings), UnknownLook);
-    EXPECT_THROW(readLook("none/look", warnings), files::FileError);
 }
 
 TEST(LevelSeries, HasTheValuesOfEachFrame) {

@@ -7,7 +7,8 @@ ruvex=$prefix/bin/ruvex
 for file in bin/ruvex lib/ruvex/V_Ruvex.so lib/ruvex/libdssdk.so lib/ruvex/libdsvwr.so lib/ruvex/libil.so \
         share/doc/ruvex/copyright share/man/man1/ruvex.1 share/bash-completion/completions/ruvex \
         share/zsh/vendor-completions/_ruvex share/doc/ruvex/README.md \
-        share/fish/vendor_completions.d/ruvex.fish "share/ruvex/presets/Bad Colour TV.json"; do
+        share/fish/vendor_completions.d/ruvex.fish "share/ruvex/presets/Bad Colour TV.json" \
+        share/ruvex/looks/clean.json; do
     [ -s "$prefix/$file" ] || { echo "$file is missing" >&2; exit 1; }
 done
 
@@ -29,3 +30,14 @@ grep -q V_Ruvex "$work/module"
     --preset "$prefix/share/ruvex/presets/Cable Out.json" >/dev/null
 [ "$(stat -c %s "$work/out.0.rgba8")" -eq $((64 * 48 * 4)) ]
 ! cmp -s "$work/in.0.rgba8" "$work/out.0.rgba8" || { echo "The picture is unchanged" >&2; exit 1; }
+
+# The looks are found from where the command lies, also after the tree is moved.
+shipped=$(find "$prefix/share/ruvex/looks" -name '*.json' | wc -l)
+cp -a "$prefix" "$work/moved"
+export XDG_DATA_HOME=$work/none
+for place in "$prefix" "$work/moved"; do
+    [ "$("$place/bin/ruvex" presets --names --group looks | wc -l)" -eq "$shipped" ] ||
+        { echo "Looks are missing in $place" >&2; exit 1; }
+    [ "$("$place/bin/ruvex" presets --json --group looks | grep -c "\"file\": \"$(realpath "$place")/")" -eq "$shipped" ] ||
+        { echo "Looks are from elsewhere than $place" >&2; exit 1; }
+done

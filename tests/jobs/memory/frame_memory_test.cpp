@@ -6,8 +6,8 @@
 #include <gtest/gtest.h>
 
 #include "jobs/frame_renderer.h"
+#include "jobs/look_sheet.h"
 #include "jobs/pipeline.h"
-#include "jobs/preset_sheet.h"
 #include "media/stills/still_file.h"
 #include "parameters/parameter_id.h"
 #include "runtime/error.h"
@@ -202,13 +202,18 @@ TEST_P(FrameMemory, OfAPipelineNamesTheFrame) {
     EXPECT_GT(named, 0);
 }
 
-TEST_P(FrameMemory, OfASheetOfPresets) {
+TEST_P(FrameMemory, OfASheetOfLooks) {
     const RenderPlan plan = clip.plan(clip.job());
     const auto reader = [&] { return media::openReader(plan.input, plan.reading); };
-    const auto wanted = presetSheet(plan, reader(), [] {});
+    std::vector<SheetLook> cells;
+    for (int preset = 0; preset < kPresetCount; ++preset) {
+        cells.push_back({std::string(presetNames()[static_cast<std::size_t>(preset)]),
+                         looks::presetChanges(preset)});
+    }
+    const auto wanted = lookSheet(plan, reader(), cells, true, [] {});
     ASSERT_TRUE(wanted);
     const auto drawsTheSame = [&](auto& opened) {
-        const auto sheet = presetSheet(plan, std::move(opened), [] {});
+        const auto sheet = lookSheet(plan, std::move(opened), cells, true, [] {});
         return sheet && *sheet == *wanted;
     };
     EXPECT_GT(countFailures<FailingNew>(reader, drawsTheSame), 0);
