@@ -1,6 +1,7 @@
 // Each look of the library on a small clip, and what "Clean" promises.
 
 #include <algorithm>
+#include <cstdio>
 #include <gtest/gtest.h>
 #include <sstream>
 
@@ -100,6 +101,32 @@ std::vector<std::string> actingWith(const std::string& setting) {
         if (std::stod(value) != 0) acting.push_back(name);
     }
     return acting;
+}
+
+/// How many of a look's frames from `first` to `last` show another frame of the clip.
+int framesOutOfStep(const std::string& look, int first, int last) {
+    const Outcome outcome =
+        ruvex({"level", "--frames", std::to_string(first) + "-" + std::to_string(last), "--rate",
+               "25", "--csv", "--preset", look});
+    std::istringstream lines(outcome.out);
+    std::string line;
+    std::getline(lines, line);
+    EXPECT_TRUE(line.starts_with("frame,time,play_time,source_frame,")) << line;
+    int count = 0;
+    while (std::getline(lines, line)) {
+        int frame = -1;
+        int source = -1;
+        std::sscanf(line.c_str(), "%d,%*[^,],%*[^,],%d", &frame, &source);
+        count += frame == source ? 0 : 1;
+    }
+    return count;
+}
+
+// The sound of a clip is copied as it is.
+TEST_F(ShippedLook, PlaysInStepWithTheSound) {
+    EXPECT_EQ(framesOutOfStep("Tracking Error", 0, 5000), 0);
+    EXPECT_GT(framesOutOfStep("Freeze and Tear", 0, 70), 20);
+    EXPECT_EQ(framesOutOfStep("Freeze and Tear", 75, 5000), 0);
 }
 
 struct OneFault {
