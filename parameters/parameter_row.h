@@ -22,8 +22,8 @@ constexpr bool isCheckBox(ParameterKind kind) {
     return kind == ParameterKind::Bool || kind == ParameterKind::UiBool;
 }
 
-/// The unit of a value. Pixels are pixels of the project frame, so that a value looks the same at
-/// any render size; WorkPixels are pixels of the picture at the work size.
+/// The unit of a value. Pixels are pixels of the project frame, so that a length is the same part
+/// of the picture at any render size; WorkPixels are pixels of the picture at the work size.
 enum class Unit { None, Percent, Pixels, WorkPixels, PixelsPerSecond, Degrees, Seconds, Frames };
 
 /// The property page of a parameter. Host: the channel masks, which the host shows itself.

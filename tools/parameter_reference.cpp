@@ -42,9 +42,13 @@ constexpr char kPreamble[] =
     "# Parameters\n\n"
     "<!-- Made by tools/parameter_reference from parameters/parameter_rows.h; do not edit. -->\n\n"
     "A parameter is named by its label, without regard to case and spaces. Pixels (px) are those\n"
-    "of the project frame, so that a value keeps its look at any render size; work px are those "
-    "of\n"
-    "the picture after Resolution. Only reals can be animated.\n\n"
+    "of the project frame, so that a length is the same part of the picture at any render size;\n"
+    "work px are those of the picture after Resolution. Only reals can be animated.\n\n"
+    "A render at a smaller size is not the full one made smaller. Snow and noise are drawn pixel\n"
+    "by pixel at the render's own size, so they are coarser in a small render. A length of\n"
+    "less than a pixel there is lost: scanlines 3 px wide in a project frame 2160 px high have\n"
+    "no whole row in a render 540 px high, and do not show. To judge grain and fine lines, render\n"
+    "a few frames at the full size.\n\n"
     "*Range* is what a user can enter. *Render* is the range that the render holds an animated\n"
     "value to; a dash means that it takes the value as it stands.\n";
 
