@@ -87,8 +87,8 @@ Command compareCommand() {
         .notes = kRenderNotes,
         .examples = {"ruvex compare clip.mp4 -o both.mp4 --preset \"Security Camera\"",
                      "ruvex compare clip.mp4 -o split.mp4 --preset \"Bad B&W TV\" --split-at 0.3",
-                     "ruvex compare clip.mp4 -o still.png --frames 30-30 --set \"Resolution=20\" "
-                     "--split"},
+                     "ruvex compare clip.mp4 -o still.png --frames 30-30 --preset Clean "
+                     "--set \"Resolution=20\" --split"},
         .run = [options] { return runCompare(*options); }};
 }
 

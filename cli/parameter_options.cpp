@@ -5,9 +5,8 @@ namespace ruvex::cli {
 OptionTable parameterOptions(ParameterOptions& options) {
     return {
         {"-p,--preset", "NAME|FILE",
-         "One of the looks of 'ruvex presets', or a look file of your own; --params, --set "
-         "and "
-         "--key go over it, in this order",
+         "A look of 'ruvex presets' by its name, or a look file by its path; --params, --set and "
+         "--key go over it, in this order. Its project frame is used without --project-size",
          &options.preset},
         {"--params", "FILE",
          "Values and keys from a look file, as --save-params writes it; parameters that the "

@@ -78,12 +78,13 @@ Command renderCommand() {
         .options = renderOptions(*options),
         .notes = kRenderNotes,
         .examples =
-            {"ruvex render clip.mp4 -o poor.mp4 --set \"Resolution=40\"",
+            {"ruvex render clip.mp4 -o poor.mp4 --preset Clean --set \"Resolution=40\"",
              "ruvex render clip.mp4 -o bad.mp4 --preset \"Bad Colour TV\"",
              "ruvex render clip.mp4 -o mine.mp4 --preset \"Bad Colour TV\" --save-params mine.json",
-             "ruvex render clip.mp4 -o going.mkv --key \"Resolution=0:100 2:25\" --frames 0-49",
+             "ruvex render clip.mp4 -o going.mkv --preset Clean --key \"Resolution=0:100 2:25\" "
+             "--frames 0-49",
              "ruvex render shot.%05d.png -o out.%05d.png --rate 24 --set \"X Edge Method=Wrap\"",
-             "ruvex render clip.mp4 -o rewound.mp4 --key \"Play Speed=0:100 1:-100\" --ends hold",
+             "ruvex render clip.mp4 -o rewound.mp4 --preset rewind --ends hold",
              "ruvex render in.%d.s214 -o out.%d.s214 --size 1920x1080 --workers 4",
              "ruvex render clip.mp4 -o bad.mp4 --preset \"Bad Colour TV\" --save-job bad.json",
              "ruvex render clip.mp4 other.mp4 -o results/ --preset \"Bad Colour TV\""},

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Fails when a picture of the gallery is not what the command draws now, has no sentence, or is too
-# large.
+# Fails when a picture of the gallery is not what the command draws now, is in none of the documents,
+# or is too large; and when a look has no picture.
 # Usage: gallery_current.sh SOURCES COMMAND
 set -euo pipefail
 cd "$1"
@@ -25,10 +25,17 @@ for picture in "$folder"/*.jpg; do
     close=$(closeness "$picture" "docs/gallery/$name")
     awk -v c="$close" 'BEGIN { exit !(c == "inf" || c + 0 > 40) }' ||
         complain "$name is no longer what is drawn: $close dB"
-    grep -q "]($name)" docs/gallery/README.md || complain "$name has no sentence"
+    grep -qF -e "]($name)" -e "](docs/gallery/$name)" docs/gallery/README.md docs/gallery/looks.md README.md ||
+        complain "$name is in no document"
     [ "$(stat -c %s "docs/gallery/$name")" -lt 100000 ] || complain "$name is too large"
 done
 [ "$(ls "$folder")" = "$(cd docs/gallery && ls -- *.jpg)" ] || complain "docs/gallery holds other pictures"
-[ "$(cat docs/gallery/*.jpg | wc -c)" -lt 2000000 ] || complain "docs/gallery is too large"
+[ "$(cat docs/gallery/*.jpg | wc -c)" -lt 2700000 ] || complain "docs/gallery is too large"
+for look in looks/library/*.json; do
+    name=$(basename "$look" .json)
+    [ -f "docs/gallery/look-$name.jpg" ] || complain "the look $name has no picture"
+    title=$(sed -n 's/^  "name": "\(.*\)",$/\1/p' "$look")
+    grep -qF "**$title**" docs/gallery/looks.md || complain "the look $title has no sentence"
+done
 [ "$failed" -eq 0 ] || echo "Look at what scripts/make-gallery draws, and commit it if it is right."
 exit "$failed"
