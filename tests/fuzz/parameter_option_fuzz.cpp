@@ -1,9 +1,10 @@
-// --set and --key.
+// --set, --key and --vary.
 
 #include <cmath>
 
 #include "cli/typed_parameter.h"
 #include "cli/usage_error.h"
+#include "cli/variations.h"
 #include "parameters/parameter_text.h"
 #include "tests/fuzz/fuzz.h"
 
@@ -77,11 +78,25 @@ void tryAnimation(const std::string& text) {
     demand(first.size() == second.size(), "and warn of the same");
 }
 
+void tryVariations(const std::string& text) {
+    Sentences warnings;
+    const auto found = accepted("--vary", [&] { return parseVariations(text, warnings); });
+    if (!found) return;
+    demand(!found->empty() && found->size() <= kMostVariations, "a sheet can show the variations");
+    for (const Variation& one : *found) {
+        const ParameterRow& parameter = row(one.setting.id);
+        demand(one.setting.id == found->front().setting.id, "variations are of one parameter");
+        demandUsable(parameter, one.setting.value, !warnings.empty());
+        demand(one.label.starts_with(parameter.label), "a label names the parameter");
+    }
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string text = fuzz::wordOf(fuzz::textOf(data, size));
     trySetting(text);
     if (text.find(':') != std::string::npos) tryAnimation(text);
+    tryVariations(text);
     return 0;
 }
