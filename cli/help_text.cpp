@@ -36,26 +36,27 @@ std::string wrapped(const std::string& text, std::size_t column) {
     return result;
 }
 
-/// A long choice, "h264|h265|...", with line ends after some of the marks.
-std::string wrappedHead(const std::string& head) {
-    constexpr std::size_t kIndent = 6;
-    std::string result = "  ";
-    std::size_t at = result.size();
-    for (std::size_t begin = 0, end = 0; begin < head.size(); begin = end) {
-        end = std::min(head.find('|', begin), head.size() - 1) + 1;
-        if (at + end - begin > kLineWidth) {
-            result.append("\n").append(kIndent, ' ');
-            at = kIndent;
+/// An option and its value, after two spaces; a long list of choices is continued in more lines.
+std::string headLines(const std::string& head) {
+    constexpr const char* kContinued = "\n      ";
+    std::string text = "  ";
+    std::size_t lineBegin = 0;
+    std::size_t at = 0;
+    while (at < head.size()) {
+        const std::size_t end = std::min(head.find('|', at), head.size() - 1) + 1;
+        if (at > 0 && text.size() - lineBegin + end - at > kLineWidth) {
+            lineBegin = text.size() + 1;
+            text += kContinued;
         }
-        result += head.substr(begin, end - begin);
-        at += end - begin;
+        text.append(head, at, end - at);
+        at = end;
     }
-    return result;
+    return text;
 }
 
 /// "  --rate R   What it is", the text in its column.
 std::string entry(const std::string& head, const std::string& text) {
-    std::string line = wrappedHead(head);
+    std::string line = headLines(head);
     if (line.size() + 2 > kTextColumn) {
         line.append("\n").append(kTextColumn, ' ');
     } else {
