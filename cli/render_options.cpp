@@ -60,8 +60,8 @@ OptionTable renderOptions(RenderOptions& options) {
          "dnxhr-hqx in .mxf",
          &options.codec},
         {"--quality", "1-100",
-         "100 is the best; default: 95 for ProRes 4444 and JPEG, for H.264 and H.265 64 with at "
-         "most one bit a pixel. Not a CRF: CRF 18 is 64, CRF 23 is 54",
+         "How good lossy pictures are, 100 is the best; default: 95 for ProRes 4444 and JPEG, for "
+         "H.264 and H.265 64 with at most one bit a pixel. Not a CRF: CRF 18 is 64, CRF 23 is 54",
          &options.quality},
         {"--encoder-speed", "PRESET",
          "Of H.264 and H.265: ultrafast, superfast, veryfast, faster, fast, medium, slow, slower "

@@ -9,8 +9,8 @@
 #include "cli/usage_error.h"
 #include "cli/value_kind.h"
 #include "files/words.h"
+#include "looks/look_library.h"
 #include "parameters/label_match.h"
-#include "parameters/presets.h"
 
 namespace ruvex::cli {
 namespace {
@@ -52,15 +52,17 @@ std::optional<std::string> meantParameter(const TypedWord& word, const std::stri
     return std::nullopt;
 }
 
-/// A file, or a preset that is more similar to the text than to the value alone.
+/// A file, or a look that is more similar to the text than to the value alone.
 std::optional<std::string> meantLook(const TypedWord& word, const std::string& text) {
     if (exists(word.value)) return std::nullopt;
     if (exists(text)) return text;
-    const std::string_view preset = similarLabel(text, presetNames());
-    if (preset.empty() || labelDistance(text, preset) >= labelDistance(word.value, preset)) {
+    const looks::LookLibrary library = looks::readLookLibrary();
+    const std::vector<std::string_view> names = library.names();
+    const std::string_view look = similarLabel(text, names);
+    if (look.empty() || labelDistance(text, look) >= labelDistance(word.value, look)) {
         return std::nullopt;
     }
-    return std::string(preset);
+    return std::string(look);
 }
 
 /// The value that was meant by `text`, the option's value and some words after it; empty if it is

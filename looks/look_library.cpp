@@ -109,23 +109,6 @@ bool namesFile(const fs::path& name) {
     return name.extension() == ".json" || fs::exists(name, ignored);
 }
 
-/// The name in the library that is most similar to what was typed; empty if none is similar.
-std::string similarName(const LookLibrary& library, std::string_view typed) {
-    constexpr std::size_t kLongest = 100;  // Longer names are no typing errors.
-    std::string nearest;
-    // A name with more than every second letter wrong is a different word.
-    std::size_t least = typed.size() / 2 + 1;
-    if (typed.size() > kLongest) return nearest;
-    for (const LibraryLook& known : library.looks) {
-        const std::size_t distance = labelDistance(nameKey(known.look.name), nameKey(typed));
-        if (distance < least) {
-            least = distance;
-            nearest = known.look.name;
-        }
-    }
-    return nearest;
-}
-
 /// Throws LookFileError if a file of the library with this name cannot be used.
 void checkUsable(const LookLibrary& library, const std::string& name) {
     for (const LookProblem& problem : library.problems) {
@@ -134,7 +117,8 @@ void checkUsable(const LookLibrary& library, const std::string& name) {
 }
 
 [[noreturn]] void refuseName(const LookLibrary& library, const std::string& name) {
-    const std::string similar = similarName(library, name);
+    const std::vector<std::string_view> names = library.names();
+    const std::string_view similar = similarLabel(name, names);
     throw UnknownLook("there is no look " + files::inQuotes(files::printable(name, 100)) +
                       ", and no file of that name." +
                       (similar.empty() ? "" : " Did you mean " + files::inQuotes(similar) + "?") +
@@ -153,6 +137,12 @@ const LibraryLook* LookLibrary::find(std::string_view name) const {
         });
     }
     return key.empty() || found == looks.end() ? nullptr : &*found;
+}
+
+std::vector<std::string_view> LookLibrary::names() const {
+    std::vector<std::string_view> names;
+    for (const LibraryLook& entry : looks) names.emplace_back(entry.look.name);
+    return names;
 }
 
 LookLibrary readLookLibrary(const LookFolders& folders) {

@@ -50,6 +50,9 @@ struct LookLibrary {
     /// The look with this name, ignoring case, spaces and hyphens; or else the one whose file has
     /// this name without its ending. Null if there is none. Valid as long as the library.
     const LibraryLook* find(std::string_view name) const;
+
+    /// The names of all looks, in their order. Valid as long as the library.
+    std::vector<std::string_view> names() const;
 };
 
 /// Reads the looks in the folders: all files that end in .json and do not begin with a dot. Files

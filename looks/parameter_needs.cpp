@@ -5,6 +5,7 @@
 #include <span>
 
 #include "files/words.h"
+#include "looks/play_speed.h"
 #include "parameters/parameter_text.h"
 
 namespace ruvex::looks {
@@ -21,7 +22,6 @@ constexpr double kColourEdge = 0;
 
 constexpr double kOff = 0;
 constexpr double kOn = 1;
-constexpr double kNormalSpeed = 100.0;
 /// A fish eye of less power is not applied.
 constexpr double kLeastFishEye = 0.1;
 
@@ -96,7 +96,7 @@ constexpr Need kFishEyeNeeds[] = {is(Id::FishEye, kOn),
                                   {Kind::Beyond, Id::FishEyePower, kLeastFishEye}};
 constexpr Id kFishEye[] = {Id::FishEye, Id::FishEyeRadius, Id::FishEyePower, Id::Filter};
 
-constexpr Need kPlayModeNeeds[] = {{Kind::NotAlways, Id::PlaySpeed, kNormalSpeed}};
+constexpr Need kPlayModeNeeds[] = {{Kind::NotAlways, Id::PlaySpeed, kNormalPlaySpeed}};
 constexpr Id kPlayMode[] = {Id::PlayMode};
 
 constexpr Need kCropColourNeeds[] = {{Kind::ColouredEdges}};

@@ -3,18 +3,18 @@
 #include <algorithm>
 #include <variant>
 
+#include "looks/play_speed.h"
+
 namespace ruvex::looks {
 namespace {
 
-constexpr double kNormalSpeed = 100.0;
-
 bool isMoved(const Setting& setting) {
-    return setting.value != kNormalSpeed;
+    return setting.value != kNormalPlaySpeed;
 }
 
 bool isMoved(const Animation& animation) {
     return std::ranges::any_of(animation.keys,
-                               [](const Key& key) { return key.value != kNormalSpeed; });
+                               [](const Key& key) { return key.value != kNormalPlaySpeed; });
 }
 
 }  // namespace

@@ -95,6 +95,9 @@ TEST(Slips, AreAnsweredOnTheCommandLine) {
     EXPECT_TRUE(holds(taken.err, "--set 'Snow Max=9'")) << taken.err;
     const Outcome preset = ruvex({"level", "--frames", "0", "--preset", "Bad Color TV"});
     EXPECT_TRUE(holds(preset.err, "Did you mean 'Bad Colour TV'?")) << preset.err;
+    const Outcome look =
+        ruvex({"render", "a", "-o", "b.mp4", "--preset", "Pictur", "Loss", "--quiet"});
+    EXPECT_TRUE(holds(look.err, "--preset 'Picture Loss'")) << look.err;
     EXPECT_TRUE(holds(ruvex({"help", "rendr"}).err, "Did you mean 'render'?"));
     EXPECT_TRUE(holds(ruvex({"render", "a", "-o"}).err, "--output lacks its value."));
 }
