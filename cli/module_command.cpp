@@ -23,7 +23,7 @@ struct ModuleOptions {
     bool remove = false;
 };
 
-constexpr const char* kNotes =
+constexpr const char* kModuleNotes =
     R"(A host finds the effect by its class and by the families that it is registered under. Without an
 option nothing on the machine changes. The module is the one beside this command, or in ../lib/ruvex, or
 else the one that is registered already. The registry is the file that RUVEX_REGISTRY names, or
@@ -133,7 +133,7 @@ Command moduleCommand() {
             .options = {{"--json", "", "The same as JSON", &options->json},
                         {"--register", "", "Enter the module in the registry", &options->enter},
                         {"--unregister", "", "Take it out of the registry", &options->remove}},
-            .notes = kNotes,
+            .notes = kModuleNotes,
             .examples = {"ruvex module", "ruvex module --json"},
             .run = [options] { return runModule(*options); }};
 }

@@ -8,7 +8,7 @@ namespace ruvex::media {
 namespace {
 
 template <class Component>
-Component nearestOf(double value) {
+Component roundedTo(double value) {
     using Limits = std::numeric_limits<Component>;
     constexpr double kLeast = Limits::min();
     constexpr double kMost = Limits::max();
@@ -18,7 +18,7 @@ Component nearestOf(double value) {
 /// The mean of values whose weighted sum and sum of weights are given; 0 where nothing weighs.
 template <class Component>
 Component meanOf(double sum, double weights) {
-    return weights > 0.0 ? nearestOf<Component>(sum / weights) : Component{};
+    return weights > 0.0 ? roundedTo<Component>(sum / weights) : Component{};
 }
 
 }  // namespace

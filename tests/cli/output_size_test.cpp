@@ -17,12 +17,12 @@ namespace {
 using media::Depth;
 using media::Frame;
 
-constexpr media::FrameSize kSize{96, 64};
+constexpr media::FrameSize kFullSize{96, 64};
 
 class OutputSize : public testing::Test {
 protected:
     OutputSize() {
-        Frame picture = media::noiseFrame(kSize, Depth::Bits8, 8);
+        Frame picture = media::noiseFrame(kFullSize, Depth::Bits8, 8);
         media::writeStill(folder.file("alpha.png"), picture);
         media::makeOpaque(picture);
         media::writeStill(folder.file("opaque.jpg"), picture);

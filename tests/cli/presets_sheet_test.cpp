@@ -17,14 +17,15 @@ using media::Depth;
 using media::Frame;
 using media::FrameSize;
 
-constexpr FrameSize kSize{48, 36};
+constexpr FrameSize kSheetClipSize{48, 36};
 
 /// Three raw frames of noise, and sheets of them.
 struct PresetsSheet : testing::Test {
     PresetsSheet() {
         for (int k = 0; k < 3; ++k) {
-            media::writeRawFrame(folder.file("in." + std::to_string(k) + ".rgba8"),
-                                 media::noiseFrame(kSize, Depth::Bits8, static_cast<unsigned>(k)));
+            media::writeRawFrame(
+                folder.file("in." + std::to_string(k) + ".rgba8"),
+                media::noiseFrame(kSheetClipSize, Depth::Bits8, static_cast<unsigned>(k)));
         }
     }
 
@@ -55,21 +56,22 @@ struct PresetsSheet : testing::Test {
         arguments.insert(arguments.end(), more.begin(), more.end());
         const Outcome outcome = ruvex(arguments);
         EXPECT_EQ(outcome.status, 0) << outcome.err;
-        return media::readRawFrame(folder.file("one.rgba8"), kSize, Depth::Bits8);
+        return media::readRawFrame(folder.file("one.rgba8"), kSheetClipSize, Depth::Bits8);
     }
 
     /// Whether the picture stands in cell `index` of the sheet, opaque.
     static void expectCell(const Frame& sheet, int index, const Frame& picture,
                            int count = 1 + kPresetCount, int columns = 3) {
-        const media::SheetLayout layout(kSize, count, columns);
+        const media::SheetLayout layout(kSheetClipSize, count, columns);
         ASSERT_EQ(sheet.size(), layout.sheet);
-        const int left = layout.left(index, kSize);
+        const int left = layout.left(index, kSheetClipSize);
         int different = 0;
-        for (int line = 0; line < kSize.height; ++line) {
+        for (int line = 0; line < kSheetClipSize.height; ++line) {
             const int row = media::chainRowOfLine(layout.top(index) + line, sheet.height());
             const std::uint8_t* shown = sheet.row8(row) + left * media::kChannels;
-            const std::uint8_t* wanted = picture.row8(media::chainRowOfLine(line, kSize.height));
-            for (int i = 0; i < kSize.width * media::kChannels; ++i) {
+            const std::uint8_t* wanted =
+                picture.row8(media::chainRowOfLine(line, kSheetClipSize.height));
+            for (int i = 0; i < kSheetClipSize.width * media::kChannels; ++i) {
                 different += shown[i] != (i % media::kChannels == 3 ? 255 : wanted[i]);
             }
         }
@@ -78,7 +80,8 @@ struct PresetsSheet : testing::Test {
 
     void expectSheetOf(int frame) {
         const Frame sheet = media::readStill(folder.file("sheet.png")).frame;
-        expectCell(sheet, 0, media::noiseFrame(kSize, Depth::Bits8, static_cast<unsigned>(frame)));
+        expectCell(sheet, 0,
+                   media::noiseFrame(kSheetClipSize, Depth::Bits8, static_cast<unsigned>(frame)));
         for (int preset = 0; preset < kPresetCount; ++preset) {
             const std::string name(presetNames()[static_cast<std::size_t>(preset)]);
             expectCell(sheet, preset + 1, render(frame, {"--preset", name}));
@@ -172,7 +175,7 @@ TEST_F(PresetsSheet, AClipThatIsNotThereEndsWithOne) {
 }
 
 TEST_F(PresetsSheet, APngMayBeTheInputButNotTheOutputToo) {
-    media::writeStill(folder.file("a.png"), media::noiseFrame(kSize, Depth::Bits8, 1));
+    media::writeStill(folder.file("a.png"), media::noiseFrame(kSheetClipSize, Depth::Bits8, 1));
     const std::string still = folder.file("a.png").string();
     EXPECT_EQ(ruvex({"presets", "--sheet", still, "-o", still}).status, 2);
     EXPECT_EQ(ruvex({"presets", "--sheet", still, "-o", folder.file("b.png").string()}).status, 0);

@@ -16,13 +16,13 @@ namespace {
 using media::Depth;
 using media::Frame;
 
-constexpr media::FrameSize kSize{64, 48};
+constexpr media::FrameSize kStillSize{64, 48};
 
 /// A picture without alpha, a clip of it, and the same with alpha.
 class ResultAlphaOf : public testing::Test {
 protected:
     ResultAlphaOf() {
-        Frame picture = media::noiseFrame(kSize, Depth::Bits8, 5);
+        Frame picture = media::noiseFrame(kStillSize, Depth::Bits8, 5);
         media::writeStill(folder.file("alpha.png"), picture);
         media::makeOpaque(picture);
         media::writeStill(folder.file("opaque.jpg"), picture);
@@ -37,7 +37,7 @@ protected:
         const Outcome outcome = ruvex(line);
         EXPECT_EQ(outcome.status, 0) << outcome.err;
         media::ReadOptions options;
-        if (media::rawDepth(media::fileKind(out))) options.size = kSize;
+        if (media::rawDepth(media::fileKind(out))) options.size = kStillSize;
         Frame frame;
         EXPECT_TRUE(media::openReader(folder.file(out), options)->read(0, frame));
         return frame;

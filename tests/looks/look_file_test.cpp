@@ -151,7 +151,7 @@ TEST(ParameterFile, TakesEachKindOfValue) {
 TEST(ParameterFile, AModeStandsWhereItIsNotLinear) {
     const Changes changes = {Animation{
         ParameterId::Resolution, {{0, 1, KeyMode::Hold}, {1, 2}, {2, 3, KeyMode::Smooth}, {3, 4}}}};
-    const std::string text = lookFileText(changes);
+    const std::string text = lookFileText({.changes = changes});
     EXPECT_EQ(text,
               "{\n  \"Resolution\": [{\"seconds\": 0.0, \"value\": 1.0, \"mode\": \"hold\"}, "
               "{\"seconds\": 1.0, \"value\": 2.0}, "

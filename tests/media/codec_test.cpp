@@ -11,25 +11,6 @@
 namespace ruvex::media {
 namespace {
 
-std::vector<Frame> readAll(const std::filesystem::path& file, const ReadOptions& options = {}) {
-    const auto reader = openReader(file, options);
-    std::vector<Frame> frames;
-    Frame frame;
-    for (std::int64_t k = reader->info().first; reader->read(k, frame); ++k) {
-        frames.push_back(frame);
-    }
-    return frames;
-}
-
-void writeAll(const std::filesystem::path& file, const WriteOptions& options,
-              const std::vector<Frame>& frames) {
-    const auto writer = openWriter(file, options);
-    for (std::size_t k = 0; k < frames.size(); ++k) {
-        writer->write(static_cast<std::int64_t>(k), frames[k]);
-    }
-    writer->finish();
-}
-
 /// A frame of one colour.
 Frame plainFrame(FrameSize size, std::vector<std::int16_t> pixel) {
     Frame frame(size, Depth::S214);

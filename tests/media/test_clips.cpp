@@ -23,6 +23,28 @@ std::string outputOf(const std::string& command) {
 
 }  // namespace
 
+std::vector<Frame> readAll(FrameReader& reader) {
+    std::vector<Frame> frames;
+    Frame frame;
+    for (std::int64_t k = reader.info().first; reader.read(k, frame); ++k) {
+        frames.push_back(frame);
+    }
+    return frames;
+}
+
+std::vector<Frame> readAll(const std::filesystem::path& file, const ReadOptions& options) {
+    return readAll(*openReader(file, options));
+}
+
+void writeAll(const std::filesystem::path& file, const WriteOptions& options,
+              const std::vector<Frame>& frames) {
+    const auto writer = openWriter(file, options);
+    for (std::size_t k = 0; k < frames.size(); ++k) {
+        writer->write(static_cast<std::int64_t>(k), frames[k]);
+    }
+    writer->finish();
+}
+
 std::string quoted(const std::filesystem::path& path) {
     std::string text;
     text.append("'").append(path.string()).append("'");

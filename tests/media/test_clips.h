@@ -4,8 +4,10 @@
 
 #include <filesystem>
 #include <string>
+#include <vector>
 
-#include "media/frame.h"
+#include "media/frame_reader.h"
+#include "media/frame_writer.h"
 
 namespace ruvex::media {
 
@@ -15,6 +17,14 @@ inline constexpr FrameSize kStillSizes[] = {{1, 1},  {1, 7},   {7, 1},    {3, 5}
 
 /// Every component random; S2.14 over the whole 16-bit range, or from black to white only.
 Frame noiseFrame(FrameSize size, Depth depth, unsigned seed, bool blackToWhite = false);
+
+/// All frames from where the clip begins.
+std::vector<Frame> readAll(FrameReader& reader);
+std::vector<Frame> readAll(const std::filesystem::path& file, const ReadOptions& options = {});
+
+/// Writes the frames with the numbers 0, 1, 2, ...
+void writeAll(const std::filesystem::path& file, const WriteOptions& options,
+              const std::vector<Frame>& frames);
 
 /// The path quoted for a shell.
 std::string quoted(const std::filesystem::path& path);

@@ -11,24 +11,6 @@
 namespace ruvex::media {
 namespace {
 
-std::vector<Frame> readAll(FrameReader& reader) {
-    std::vector<Frame> frames;
-    Frame frame;
-    for (std::int64_t k = reader.info().first; reader.read(k, frame); ++k) {
-        frames.push_back(frame);
-    }
-    return frames;
-}
-
-void writeAll(const std::filesystem::path& file, const WriteOptions& options,
-              const std::vector<Frame>& frames) {
-    const auto writer = openWriter(file, options);
-    for (std::size_t k = 0; k < frames.size(); ++k) {
-        writer->write(static_cast<std::int64_t>(k), frames[k]);
-    }
-    writer->finish();
-}
-
 std::vector<Frame> noiseClip(FrameSize size, Depth depth, int count) {
     std::vector<Frame> frames;
     for (int k = 0; k < count; ++k) {
