@@ -41,7 +41,7 @@ public:
     }
 
 private:
-    /// A still is made at once: there is nothing to tell, unless more is wanted.
+    /// A single still has a closing line only with --verbose.
     bool tells() const {
         const bool still =
             media::isStill(media::fileKind(plan_.output)) && plan_.frames.count() == 1;

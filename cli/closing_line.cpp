@@ -39,6 +39,7 @@ std::string nameOfResult(const jobs::RenderPlan& plan) {
 }  // namespace
 
 std::string closingLine(const jobs::RenderPlan& plan, std::int64_t frames, double seconds) {
+    if (frames == 0) return nameOfResult(plan) + ": nothing is left to render.";
     std::string line = nameOfResult(plan) + ": " + std::to_string(frames) +
                        (frames == 1 ? " frame" : " frames") + " in " + oneDecimal(seconds) + " s";
     if (seconds > 0.0)

@@ -10,7 +10,8 @@
 namespace ruvex::cli {
 
 /// "bad.mp4: 250 frames in 12.3 s, 20.3 a second; 1920x1080, 45.2 MB." `frames` were written in
-/// `seconds`. The bytes are those of all files of the result; a stream has none to count.
+/// `seconds`. Without frames, that nothing was left to render. The bytes are those of all files of
+/// the result; a stream has none to count.
 std::string closingLine(const jobs::RenderPlan& plan, std::int64_t frames, double seconds);
 
 }  // namespace ruvex::cli

@@ -43,7 +43,7 @@ std::string unknownCommand(const std::string& name) {
 
 /// What is wrong with the words.
 std::string faultOf(const CLI::App& app, const CLI::ParseError& error) {
-    // In the order in which they were typed; the parser's own sentence turns them round.
+    // In the order in which they were typed; the parser's own sentence reverses them.
     const std::vector<std::string> left = app.remaining(true);
     if (app.get_subcommands().empty() && !left.empty()) {
         return left.front().starts_with('-')
@@ -56,7 +56,9 @@ std::string faultOf(const CLI::App& app, const CLI::ParseError& error) {
     }
     if (dynamic_cast<const CLI::ArgumentMismatch*>(&error) != nullptr) {
         const std::string text = error.what();
-        return text.substr(0, text.find(':')) + " lacks its value.";
+        const bool tooMany = text.find("received") != std::string::npos;
+        return text.substr(0, text.find(':')) +
+               (tooMany ? " is given twice." : " lacks its value.");
     }
     if (left.empty() || dynamic_cast<const CLI::ExtrasError*>(&error) == nullptr) {
         return std::string(error.what()) + ".";

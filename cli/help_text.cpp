@@ -65,9 +65,15 @@ std::string entry(const std::string& head, const std::string& text) {
     return line + wrapped(text, kTextColumn) + "\n";
 }
 
-std::string entryHead(const Option& option) {
+/// In the short help, a list of choices that does not fit its column is left to the long help.
+std::string entryHead(const Option& option, HelpLength length) {
     const std::string name = option.name;
-    return *option.argument == '\0' ? name : name + " " + option.argument;
+    const std::string argument = option.argument;
+    if (argument.empty()) return name;
+    const std::string head = name + " " + argument;
+    const bool fits = head.size() + 4 <= kTextColumn;
+    const bool choice = argument.find('|') != std::string::npos;
+    return length == HelpLength::Short && choice && !fits ? name + " WORD" : head;
 }
 
 /// The text up to the end of its first clause.
@@ -87,7 +93,8 @@ std::string helpOf(const Option& option, HelpLength length) {
 
 std::string entriesOf(const std::vector<const Option*>& options, HelpLength length) {
     std::string text;
-    for (const Option* option : options) text += entry(entryHead(*option), helpOf(*option, length));
+    for (const Option* option : options)
+        text += entry(entryHead(*option, length), helpOf(*option, length));
     return text;
 }
 

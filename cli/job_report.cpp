@@ -90,6 +90,10 @@ std::string jobReport(const jobs::RenderPlan& plan, const media::ClipInfo& clip,
                                   {"Output", outputText(plan)},
                                   {"Frames", framesText(plan, frames)},
                                   {"Chain", chainText(plan)}};
+    const media::FrameSize project{plan.project.width, plan.project.height};
+    if (project != plan.size) {
+        lines.push_back({"Project", toText(project) + ", which lengths refer to"});
+    }
     if (!plan.mask.empty()) {
         lines.push_back({"Mask", files::printable(plan.mask.string())});
     }

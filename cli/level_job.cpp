@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "cli/job_words.h"
+#include "cli/media_options.h"
 #include "cli/option_text.h"
 #include "cli/parameter_choice.h"
 #include "cli/usage_error.h"
@@ -89,10 +90,7 @@ OptionTable levelOptions(LevelOptions& options) {
          "without "
          "INPUT",
          &options.frames},
-        {"--rate", "R",
-         "Frames a second of stills, raw frames and video of variable frame rate: 25, 29.97, "
-         "30000/1001; default: 25, for video the slowest rate that keeps every picture",
-         &options.rate},
+        {"--rate", "R", kRateHelp, &options.rate},
         {"--size", "WxH", "Size of raw input frames", &options.size},
         {"--csv", "", "Comma-separated values with all their digits, instead of a table",
          &options.csv},

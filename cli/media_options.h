@@ -13,6 +13,11 @@
 
 namespace ruvex::cli {
 
+/// The help of --rate.
+inline constexpr const char* kRateHelp =
+    "Frames a second of stills, raw frames and video of variable frame rate: 25, 29.97, "
+    "30000/1001; default: 25, for video the slowest rate that keeps every picture";
+
 /// "straight" or "premultiplied".
 media::AlphaForm parseAlpha(const std::string& option, const std::string& text);
 

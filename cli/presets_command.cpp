@@ -51,6 +51,10 @@ void printProblems(const looks::LookLibrary& library) {
 }
 
 int listLooks(const PresetsOptions& options, const std::vector<looks::LibraryLook>& chosen) {
+    if (chosen.empty() && !options.json) {
+        printMessage("there are no looks of your own in " + looks::lookFolders().user.string() +
+                     ".");
+    }
     std::cout << (options.json    ? lookListJson(chosen)
                   : options.names ? lookNamesText(chosen)
                                   : lookListText(chosen));

@@ -39,7 +39,8 @@ void checkSaveJob(const jobs::RenderJob& job, const RenderOptions& options) {
 int renderOne(const RenderOptions& options, const std::string& label) {
     std::vector<std::string> warnings;
     const jobs::RenderJob job = typedJob(options, warnings);
-    if (auto whole = wholeSequence(options)) {
+    // Of several clips it is told once.
+    if (auto whole = label.empty() ? wholeSequence(options) : std::nullopt) {
         const std::string command = commandText("render", renderOptions(*whole));
         warnings.push_back(wholeSequenceText(options, command));
     }

@@ -1,5 +1,7 @@
 #include "cli/render_options.h"
 
+#include "cli/media_options.h"
+
 namespace ruvex::cli {
 
 const char* const kRenderNotes = R"(Files, by the ending of their names:
@@ -35,10 +37,7 @@ OptionTable renderOptions(RenderOptions& options) {
         {"-f,--frames", "A-B",
          "First and last frame, inclusive, or one frame; default: all. Frame k is at time k / rate",
          &options.frames},
-        {"--rate", "R",
-         "Frames a second of stills, raw frames and video of variable frame rate: 25, 29.97, "
-         "30000/1001; default: 25, for video the slowest rate that keeps every picture",
-         &options.rate},
+        {"--rate", "R", kRateHelp, &options.rate},
         {"--size", "WxH", "Size of raw input frames", &options.size},
         {"--depth", "8|16", "Bits a channel in the chain; default: by the input", &options.depth},
         {"--alpha", "straight|premultiplied",

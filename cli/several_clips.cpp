@@ -8,7 +8,9 @@
 #include "cli/exit_status.h"
 #include "cli/failure_report.h"
 #include "cli/messages.h"
+#include "cli/shell_text.h"
 #include "cli/usage_error.h"
+#include "cli/whole_sequence.h"
 #include "files/numbered_path.h"
 #include "media/file_kind.h"
 #include "media/frame_writer.h"
@@ -56,6 +58,13 @@ std::string listOf(const std::vector<std::string>& inputs) {
     return text;
 }
 
+/// A sentence where the first input is a picture of a sequence, which may have been meant.
+std::string sequenceHint(const RenderOptions& options) {
+    auto whole = wholeSequence(options);
+    if (!whole) return "";
+    return wholeSequenceText(options, commandText("render", renderOptions(*whole)));
+}
+
 void checkInputs(const RenderOptions& options, bool folder) {
     const bool stream = std::ranges::count(options.inputs, "-") > 0;
     if (stream && folder) {
@@ -63,8 +72,10 @@ void checkInputs(const RenderOptions& options, bool folder) {
     }
     if (options.inputs.size() == 1) return;
     if (!folder) {
+        const std::string hint = sequenceHint(options);
         throw UsageError("Several inputs (" + listOf(options.inputs) +
-                         ") need a folder for their results, as in -o results/.");
+                         ") need a folder for their results, as in -o results/." +
+                         (hint.empty() ? hint : std::string(" ").append(hint)));
     }
     if (!options.saveJob.empty()) throw UsageError("--save-job takes one input.");
     for (const std::string& input : options.inputs) checkExists(input);
@@ -83,7 +94,8 @@ void checkNames(const std::vector<RenderOptions>& clips) {
 }
 
 void makeFolder(const RenderOptions& options) {
-    if (!isFolder(options.output) || options.dryRun || !options.saveJob.empty()) return;
+    const bool isNew = options.output.ends_with('/') && !fs::exists(options.output);
+    if (!isNew || options.dryRun || !options.saveJob.empty()) return;
     std::error_code error;
     fs::create_directory(fs::path(options.output).parent_path(), error);
     if (error) {
@@ -92,7 +104,19 @@ void makeFolder(const RenderOptions& options) {
     }
 }
 
+/// Once, for all pictures of it.
+void warnOfSequence(const std::vector<RenderOptions>& clips) {
+    if (talkOf(clips.front().talk) == Talk::Quiet) return;
+    for (const RenderOptions& clip : clips) {
+        const std::string hint = sequenceHint(clip);
+        if (hint.empty()) continue;
+        printWarnings({hint});
+        return;
+    }
+}
+
 int renderAll(const std::vector<RenderOptions>& clips, const RenderOne& render) {
+    warnOfSequence(clips);
     std::size_t failed = 0;
     for (const RenderOptions& clip : clips) {
         const std::string label = fs::path(clip.inputs.front()).filename().string() + ": ";

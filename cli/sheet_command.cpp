@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "cli/job_words.h"
+#include "cli/media_options.h"
 #include "cli/messages.h"
 #include "cli/option_text.h"
 #include "cli/parameter_choice.h"
@@ -124,9 +125,7 @@ OptionTable sheetOptions(SheetOptions& options) {
          false, "--vary"},
         {"--frame", "N", "Which frame; default: the one in the middle", &options.frame, false,
          kSheet},
-        {"--rate", "R",
-         "Frames a second where the input does not say: 25, 29.97, 30000/1001; default: 25",
-         &options.rate, false, kSheet},
+        {"--rate", "R", kRateHelp, &options.rate, false, kSheet},
         {"--size", "WxH", "Size of raw input frames", &options.size, false, kSheet},
         {"--depth", "8|16", "Bits a channel in the chain; default: by the input", &options.depth,
          false, kSheet},

@@ -170,11 +170,15 @@ bool joinFirst(Words& words, Join joinAt) {
     return false;
 }
 
-/// The last plain word becomes the result's name.
+/// The last plain word becomes the result's name, unless it is a file that exists.
 void addOutput(Words& words) {
     const auto isPlain = [](const TypedWord& word) { return word.isPlain(); };
     const auto last = std::find_if(words.rbegin(), words.rend(), isPlain);
-    last->name = "-o";
+    if (exists(last->value)) {
+        words.push_back({.name = "-o", .value = "results/", .hasValue = true});
+    } else {
+        last->name = "-o";
+    }
 }
 
 /// Names similar options in the place of unknown ones.

@@ -14,6 +14,7 @@
 #include "media/pixels/fields.h"
 #include "media/storage_choice.h"
 #include "media/video/stream_loss.h"
+#include "parameters/parameter_text.h"
 
 namespace ruvex::jobs {
 namespace {
@@ -152,8 +153,9 @@ bool holdsRawFrames(const RenderJob& job) {
         .has_value();
 }
 
-/// Whether the result is made opaque. The holes that the effect makes in a picture without alpha
-/// would let other tracks of a time line through; who makes raw frames wants what the effect made.
+/// Whether the result is made opaque. In a time line, other tracks would show through the holes
+/// that the effect makes in a picture without alpha. Raw frames are for programs, which get the
+/// effect's own alpha.
 bool isOpaque(const RenderJob& job, const media::ClipInfo& clip,
               const media::WriteOptions& writing) {
     if (!storesAlpha(job.output, writing)) return false;
@@ -163,12 +165,20 @@ bool isOpaque(const RenderJob& job, const media::ClipInfo& clip,
 
 /// With a mask the effect shows the current frame at all times.
 void noteSoundDrift(const RenderPlan& plan, std::vector<Note>& notes) {
+    // Seconds. A smaller lag is seen as a picture that stands still, not as sound that comes early.
+    constexpr double kNoticedLag = 0.2;
+    const double lag = looks::framesBehind(plan.parameters) / plan.rate.value();
+    const bool moved = looks::movesPictures(plan.parameters);
     const bool video = media::fileKind(plan.output) == media::FileKind::Video;
-    if (!video || !plan.mask.empty() || !looks::movesPictures(plan.parameters)) return;
+    if (!video || !plan.mask.empty() || !(moved || lag > kNoticedLag)) return;
     if (!media::hasSound(plan.writing.copied)) return;
+    const std::string clip = plan.input.string();
     notes.push_back({JobField::Input,
-                     "Play Speed moves the pictures of " + plan.input.string() +
-                         " away from its sound, which keeps its speed.",
+                     moved ? "Play Speed moves the pictures of " + clip +
+                                 " away from its sound, which keeps its speed."
+                           : "Repeat Frames shows pictures of " + clip + " up to " +
+                                 formatNumber(std::round(lag * 100.0) / 100.0) +
+                                 " s after their sound.",
                      JobField::Mute});
 }
 

@@ -41,8 +41,11 @@ std::string doesNotRender(const ParameterRow& row) {
 }
 
 bool shiftKeys(Animation& animation, double seconds) {
+    // Billionths: the rounding of a sum, 1.32 - 1 = 0.32000000000000006, would bring a key that
+    // holds a frame too late.
+    constexpr double kSteps = 1e9;
     for (Key& key : animation.keys) {
-        key.seconds += seconds;
+        key.seconds = std::round((key.seconds + seconds) * kSteps) / kSteps;
         if (!std::isfinite(key.seconds)) return false;
     }
     return sortKeys(animation) == nullptr;

@@ -17,6 +17,14 @@ bool isMoved(const Animation& animation) {
                                [](const Key& key) { return key.value != kNormalPlaySpeed; });
 }
 
+double largest(const Setting& setting) {
+    return setting.value;
+}
+
+double largest(const Animation& animation) {
+    return std::ranges::max(animation.keys, {}, &Key::value).value;
+}
+
 }  // namespace
 
 bool movesPictures(std::span<const ParameterChange> changes) {
@@ -26,6 +34,15 @@ bool movesPictures(std::span<const ParameterChange> changes) {
         moved = std::visit([](const auto& either) { return isMoved(either); }, change);
     }
     return moved;
+}
+
+int framesBehind(std::span<const ParameterChange> changes) {
+    double repeated = 1.0;
+    for (const ParameterChange& change : changes) {
+        if (rowOf(change).id != ParameterId::RepeatFrames) continue;
+        repeated = std::visit([](const auto& either) { return largest(either); }, change);
+    }
+    return std::max(0, static_cast<int>(repeated) - 1);
 }
 
 }  // namespace ruvex::looks

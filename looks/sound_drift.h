@@ -9,8 +9,11 @@
 namespace ruvex::looks {
 
 /// Whether Play Speed has a value or a key other than 100 %: the pictures then run away from the
-/// sound, which keeps its speed. Repeat Frames does not count: a picture stays for at most 19
-/// frames too long, and the next one is on time again.
+/// sound, which keeps its speed.
 bool movesPictures(std::span<const ParameterChange> changes);
+
+/// The most frames that Repeat Frames shows a picture after its time: one less than its largest
+/// value; 0 without it. The next picture is on time again.
+int framesBehind(std::span<const ParameterChange> changes);
 
 }  // namespace ruvex::looks

@@ -41,8 +41,7 @@ AVPixelFormat formatFor(const VideoCodec& codec, const WriteOptions& options) {
 /// The matrix to mark. BT.601 has a code point for 625 lines and one for 525, with the same
 /// coefficients; where the options do not say which, the height does.
 AVColorSpace yuvMatrix(const WriteOptions& options, const VideoCodec& codec) {
-    // The encoder of DNxHR marks BT.709 whatever it is told, and decoders believe that mark more
-    // than the container's.
+    // The encoder of DNxHR always marks BT.709, and decoders prefer that mark to the container's.
     if (codec.family == CodecFamily::Dnxhr) return AVCOL_SPC_BT709;
     const int matrix = matrixInUse(options.colour.matrix, options.size.height);
     const bool chosen = matrix != options.colour.matrix;

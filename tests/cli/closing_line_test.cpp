@@ -52,6 +52,12 @@ TEST_F(ClosingLine, AddsUpTheFilesOfASequence) {
     EXPECT_TRUE(holds(printed, "64x48, " + bytesText(bytes) + ".")) << printed;
 }
 
+TEST_F(ClosingLine, SaysThatNothingWasLeftToRender) {
+    const std::string out = folder.file("out.%d.png");
+    render(out);
+    EXPECT_EQ(render(out, {"--resume"}).err, "ruvex: " + out + ": nothing is left to render.\n");
+}
+
 TEST_F(ClosingLine, KnowsNoBytesOfAStream) {
     const std::string printed = render("-").err;
     EXPECT_TRUE(std::regex_match(printed, lineFor("standard output", "64x48"))) << printed;

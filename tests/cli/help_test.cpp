@@ -106,8 +106,9 @@ TEST(Help, ListsManyOptionsInGroups) {
 /// Options without which nothing happens, so that they have no default.
 bool hasNoDefault(const std::string& name) {
     static const std::set<std::string> names = {
-        "--params",  "--preset", "--save-params", "--size", "--mask", "--save-job",
-        "--save-to", "--sheet",  "--output",      "--plot", "--man",  "--completion"};
+        "--params",   "--preset",     "--save-params", "--size",   "--mask",
+        "--save-job", "--save-to",    "--sheet",       "--output", "--plot",
+        "--man",      "--completion", "--vary"};
     return names.contains(name);
 }
 

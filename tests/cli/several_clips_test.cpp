@@ -1,5 +1,6 @@
 // Several clips in one command, and results in a folder.
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
@@ -92,6 +93,31 @@ TEST_F(SeveralClips, OneClipGoesIntoAFolderToo) {
     EXPECT_EQ(render({"a.mp4"}, place("there")).status, 0);
     EXPECT_EQ(framesOf(folder.file("there/a.mp4")), 5);
     EXPECT_EQ(render({"a.mp4"}, place("there"), {"--split"}, "compare").status, 0);
+}
+
+TEST_F(SeveralClips, GoIntoAFolderThatIsThereWithoutASlash) {
+    fs::create_directory(folder.file("there"));
+    const fs::path before = fs::current_path();
+    fs::current_path(folder.path());
+    const Outcome named = ruvex({"render", "a.mp4", "b.avi", "-o", "there"});
+    fs::current_path(folder.file("there"));
+    const Outcome here = ruvex({"render", "../s.%d.png", "-o", "."});
+    fs::current_path(before);
+    EXPECT_EQ(named.status, 0) << named.err;
+    EXPECT_EQ(here.status, 0) << here.err;
+    EXPECT_TRUE(fs::exists(folder.file("there/b.mp4")));
+    EXPECT_TRUE(fs::exists(folder.file("there/s.2.png")));
+}
+
+TEST_F(SeveralClips, PicturesOfASequenceAreToldOfOnce) {
+    const Outcome folderMeant = render({"s.0.png", "s.1.png", "s.2.png"}, place("out/"));
+    EXPECT_EQ(folderMeant.status, 0) << folderMeant.err;
+    EXPECT_TRUE(holds(folderMeant.err, "ruvex render " + place("s.%d.png") + " -o"))
+        << folderMeant.err;
+    EXPECT_EQ(std::ranges::count(folderMeant.err, '\n'), 1) << folderMeant.err;
+    const Outcome videoMeant = render({"s.0.png", "s.1.png"}, place("out.mp4"));
+    EXPECT_EQ(videoMeant.status, 2);
+    EXPECT_TRUE(holds(videoMeant.err, place("s.%d.png"))) << videoMeant.err;
 }
 
 TEST_F(SeveralClips, NeedAFolder) {

@@ -39,7 +39,7 @@ struct ShippedLook : testing::Test {
         arguments.insert(arguments.end(), more.begin(), more.end());
         const Outcome outcome = ruvex(arguments);
         EXPECT_EQ(outcome.status, 0) << outcome.err;
-        EXPECT_EQ(outcome.err, "");
+        EXPECT_EQ(outcome.messages(), "");
         std::vector<Frame> results;
         for (int k = 0; k < kFrames; ++k) {
             results.push_back(media::readRawFrame(

@@ -57,6 +57,17 @@ TEST(Slips, ForgottenQuotesAroundAFile) {
     EXPECT_EQ(meant({"render", "a.mp4", "-o", "my", "x.mp4"}), "ruvex render a.mp4 -o 'my x.mp4'");
 }
 
+TEST(Slips, AFileThatExistsIsNotSuggestedAsTheResult) {
+    const files::TempFolder folder;
+    const std::string clip = folder.file("a.mp4").string();
+    const std::string other = folder.file("b.mp4").string();
+    std::ofstream{clip};
+    std::ofstream{other};
+    EXPECT_EQ(meant({"render", clip, other}),
+              "ruvex render " + clip + " " + other + " -o results/");
+    EXPECT_EQ(meant({clip, other}), "ruvex render " + clip + " " + other + " -o results/");
+}
+
 TEST(Slips, AMissingOutputOption) {
     EXPECT_EQ(meant({"render", "a.mp4", "x.mp4"}), "ruvex render a.mp4 -o x.mp4");
     EXPECT_EQ(meant({"compare", "a.mp4", "x.mp4", "--split"}),

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "cli/shell_text.h"
+#include "cli/value_kind.h"
 #include "tests/fuzz/fuzz.h"
 #include "tests/fuzz/shell_words.h"
 #include "tests/fuzz/typed_line.h"
@@ -39,7 +40,13 @@ void giveAll(std::vector<std::string> words, const cli::Command& command) {
     for (std::size_t i = 0; i < words.size(); ++i) {
         const cli::Option& option = command.options[i];
         if (option.required && words[i].empty()) words[i].assign(1, 'x');
-        std::visit([&](auto* value) { give(words[i], value); }, option.value);
+        auto* const* inputs = std::get_if<std::vector<std::string>*>(&option.value);
+        if (inputs != nullptr && cli::isPlace(option)) {
+            // One, since a name that begins with a hyphen is read back with ./ before it.
+            **inputs = {words[i]};
+        } else {
+            std::visit([&](auto* value) { give(words[i], value); }, option.value);
+        }
     }
 }
 

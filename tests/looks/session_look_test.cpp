@@ -75,6 +75,14 @@ TEST(SessionLook, ASavedLookGivesTheSameSession) {
               (Look{.projectSize = ProjectSize{960, 540}, .changes = saved.changes}));
 }
 
+TEST(ShiftedKeys, StayOnTheirFrames) {
+    // In double, 1.32 - 1 is 0.32000000000000006, after the time of frame 8 at 25 frames a second.
+    Animation animation{ParameterId::Resolution, {{1.0, 1, KeyMode::Hold}, {1.32, 2}}};
+    ASSERT_TRUE(shiftKeys(animation, -1.0));
+    EXPECT_EQ(animation.keys[0].seconds, 0.0);
+    EXPECT_EQ(animation.keys[1].seconds, 8 / 25.0);
+}
+
 TEST(SessionLook, KeysThatHoldAndEaseGiveTheirLevels) {
     const auto levelAtOneSecond = [](KeyMode mode) {
         runtime::EffectSession session = newSession();
