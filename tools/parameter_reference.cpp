@@ -48,7 +48,7 @@ constexpr char kPreamble[] =
     "by pixel at the render's own size, so they are coarser in a small render. A length of\n"
     "less than a pixel there is lost: scanlines 3 px wide in a project frame 2160 px high have\n"
     "no whole row in a render 540 px high, and do not show. To judge grain and fine lines, render\n"
-    "a few frames at the full size.\n\n"
+    "a few frames at the full size; `--output-size` makes a small file of them.\n\n"
     "*Range* is what a user can enter. *Render* is the range that the render holds an animated\n"
     "value to; a dash means that it takes the value as it stands.\n";
 
