@@ -2,7 +2,6 @@
 
 #include <array>
 #include <poll.h>
-#include <regex>
 #include <signal.h>
 #include <spawn.h>
 #include <stdexcept>
@@ -40,8 +39,12 @@ void readAll(int out, int err, Outcome& outcome) {
 }  // namespace
 
 std::string Outcome::messages() const {
-    static const std::regex kClosingLine(R"(ruvex: [^\n]*: \d+ frames? in [^\n]*\.\n$)");
-    return std::regex_replace(err, kClosingLine, "");
+    if (!err.ends_with(".\n")) return err;
+    const std::size_t before = err.rfind('\n', err.size() - 2);
+    const std::size_t last = before == std::string::npos ? 0 : before + 1;
+    const bool closes = err.find(" frames in ", last) != std::string::npos ||
+                        err.find(": 1 frame in ", last) != std::string::npos;
+    return closes ? err.substr(0, last) : err;
 }
 
 RunningCommand::RunningCommand(const Arguments& arguments, int input) {
