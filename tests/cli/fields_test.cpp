@@ -24,11 +24,6 @@ using media::FieldOrder;
 using media::Frame;
 using media::FrameSize;
 
-Arguments operator+(Arguments first, const Arguments& second) {
-    first.insert(first.end(), second.begin(), second.end());
-    return first;
-}
-
 const Arguments kNoBreakup = {"--set", "Master Breakup=0", "--set",    "Breakup Variation=0",
                               "--set", "Play Mode=DVD",    "--fields", "--workers",
                               "2"};

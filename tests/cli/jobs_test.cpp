@@ -44,11 +44,6 @@ struct Jobs : testing::Test {
 
 const Arguments kLook = {"--preset", "Bad Colour TV", "--key", "Master Breakup=0:0 0.4:100"};
 
-Arguments operator+(Arguments first, const Arguments& second) {
-    first.insert(first.end(), second.begin(), second.end());
-    return first;
-}
-
 TEST_F(Jobs, TheBytesAreThoseOfOneJob) {
     for (const char* workers : {"1", "2"}) {
         const Arguments look = kLook + Arguments{"--workers", workers};

@@ -21,6 +21,11 @@ struct Outcome {
 
 using Arguments = std::vector<std::string>;
 
+inline Arguments operator+(Arguments first, const Arguments& second) {
+    first.insert(first.end(), second.begin(), second.end());
+    return first;
+}
+
 /// Whether what a command printed contains `part`.
 inline bool holds(const std::string& printed, const std::string& part) {
     return printed.find(part) != std::string::npos;
