@@ -23,10 +23,10 @@ awk -v folder="$folder" '/^```json/ { file = folder "/shown." ++n ".json"; next 
                          file { print >file }' "$@"
 
 cd "$folder"
-ffmpeg -nostdin -v error -f lavfi -i testsrc2=size=720x576:rate=25 -t 2.2 -pix_fmt yuv420p clip.mp4
+ffmpeg -nostdin -v error -f lavfi -i testsrc2=size=360x288:rate=25 -t 2.2 -pix_fmt yuv420p clip.mp4
 cp clip.mp4 other.mp4
 ffmpeg -nostdin -v error -f lavfi -i testsrc2=size=64x48:rate=25 -frames:v 3 shot.%05d.png
-ffmpeg -nostdin -v error -f lavfi -i testsrc=size=720x576 -frames:v 1 mask.png
+ffmpeg -nostdin -v error -f lavfi -i testsrc=size=360x288 -frames:v 1 mask.png
 head -c $((1920 * 1080 * 8)) /dev/zero >in.7.s214
 
 count=0
