@@ -1,11 +1,4 @@
-# Cross compilation to 64-bit ARM, with Debian's compiler.
+# Cross compilation to 64-bit ARM.
 
-set(CMAKE_SYSTEM_NAME Linux)
-set(CMAKE_SYSTEM_PROCESSOR aarch64)
-set(CMAKE_CXX_COMPILER aarch64-linux-gnu-g++)
-set(CMAKE_ASM_COMPILER aarch64-linux-gnu-gcc)
-
-set(CMAKE_FIND_ROOT_PATH /usr/aarch64-linux-gnu)
-set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
-set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
-set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
+set(RUVEX_PROCESSOR aarch64)
+include("${CMAKE_CURRENT_LIST_DIR}/debian-cross.cmake")

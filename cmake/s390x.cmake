@@ -1,11 +1,4 @@
-# Cross compilation to IBM Z, whose words begin with the highest byte, with Debian's compiler.
+# Cross compilation to IBM Z, whose words begin with the highest byte.
 
-set(CMAKE_SYSTEM_NAME Linux)
-set(CMAKE_SYSTEM_PROCESSOR s390x)
-set(CMAKE_CXX_COMPILER s390x-linux-gnu-g++)
-set(CMAKE_ASM_COMPILER s390x-linux-gnu-gcc)
-
-set(CMAKE_FIND_ROOT_PATH /usr/s390x-linux-gnu)
-set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
-set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
-set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
+set(RUVEX_PROCESSOR s390x)
+include("${CMAKE_CURRENT_LIST_DIR}/debian-cross.cmake")
