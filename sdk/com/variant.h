@@ -31,6 +31,11 @@ struct VARIANT {
 
 #endif
 
+/// The host's name for the value in a notification.
+using DSVARIANT = VARIANT;
+/// Further arguments of a property, which no property of this host has: pointers to it are null.
+struct DSPARAMS;
+
 /// A 32-bit integer (VT_I4).
 inline VARIANT DSVariantFromLong(LONG value) {
     VARIANT variant{};
