@@ -34,6 +34,9 @@ public:
     HRESULT Execute(double seconds) override;
     HRESULT Clone(const GUID& id, void** out) override;
 
+    void linkOverlay() override;
+    void pageActivated(const char* page, std::int32_t a, std::int32_t b) override;
+    void updateOverlay() override;
     HRESULT aggregationResult() override { return CLASS_E_NOAGGREGATION; }
     HRESULT extraVerify() override { return S_OK; }
 

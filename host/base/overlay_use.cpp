@@ -6,11 +6,8 @@
 namespace ruvex {
 
 HRESULT OverlayUse::begin(IUnknown& object) {
-    if (users_ == 0) {
-        if (const HRESULT status = show(object); FAILED(status)) return status;
-    }
     ++users_;
-    return S_OK;
+    return tool_ ? S_OK : show(object);
 }
 
 HRESULT OverlayUse::show(IUnknown& object) {
@@ -25,7 +22,7 @@ HRESULT OverlayUse::show(IUnknown& object) {
 }
 
 void OverlayUse::end() {
-    if (users_ == 0 || --users_ > 0) return;
+    if (users_ == 0 || --users_ > 0 || !tool_) return;
     VWControllerRemoveContext(context_);
     tool_.reset();
 }

@@ -7,7 +7,8 @@
 namespace ruvex {
 
 /// Counts the pages that use the controls. The first one shows the tool in the viewer, the last one
-/// removes it. Only for the user-interface thread.
+/// removes it. A page counts even if the tool can't be shown, so that its end does not take away
+/// the tool that a later page has shown. Only for the user-interface thread.
 class OverlayUse {
 public:
     OverlayUse() = default;
@@ -16,14 +17,15 @@ public:
     OverlayUse& operator=(const OverlayUse&) = delete;
     ~OverlayUse() { endAll(); }
 
-    /// Adds a user that edits `object`. If the tool can't be created or shown, returns the error
-    /// and adds no user.
+    /// Adds a user that edits `object`. If the tool can't be created or shown, returns the error;
+    /// the next `begin` tries again.
     HRESULT begin(IUnknown& object);
     /// Removes a user. Does nothing if there is none.
     void end();
     void endAll();
 
-    /// The tool in the viewer; null without users.
+    int users() const { return users_; }
+    /// The tool in the viewer; null without users and if it could not be shown.
     IUnknown* tool() const { return tool_.get(); }
 
 private:

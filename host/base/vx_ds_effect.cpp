@@ -27,7 +27,11 @@ VxDsEffect::VxDsEffect(const VxDsEffect& source)
 
 HRESULT VxDsEffect::beginOverlay(IUnknown* object) {
     if (!object) return E_POINTER;
-    return effectKind == EffectKind::Paint ? S_OK : overlay.begin(*object);
+    if (effectKind == EffectKind::Paint) return S_OK;
+    const bool hadTool = overlay.tool() != nullptr;
+    const HRESULT status = overlay.begin(*object);
+    if (!hadTool && overlay.tool()) linkOverlay();
+    return status;
 }
 
 PixelOffset VxDsEffect::frameOffset(double) {

@@ -59,19 +59,38 @@ struct CropState {
     float edgeColour[4] = {};
 };
 
+/// What the box that is drawn around the crop shows. Not copied to clones.
+struct CropBoxState {
+    bool visible = false;
+    /// Whether `input` has been set.
+    bool placed = false;
+    PictureGeometry input;
+};
+
 /// Holds the parameters, and the render state that Execute sets and its processors read. A copy
 /// does not copy the state of the user interface and of a frame in progress.
 class VxDsEffect {
 public:
+    // Pages know this class alone and call these functions through their places in the table of
+    // virtual functions, so that the order is fixed.
+
     /// An offset for the frame at `time`, in pixels.
     virtual PixelOffset frameOffset(double time);
+    /// Connects the on-screen controls to the tool, after the tool has been shown.
+    virtual void linkOverlay() = 0;
+    /// A property page has come to the front. `page` is its name: "crop" shows the crop box, any
+    /// other name and null hide it. The numbers are not used.
+    virtual void pageActivated(const char* page, std::int32_t a, std::int32_t b) = 0;
+    /// Passes the input's rectangle to the on-screen controls.
+    virtual void updateOverlay() = 0;
     /// The status for a host that tries to aggregate the effect.
     virtual HRESULT aggregationResult() = 0;
     /// A further check of what the host has set, at the end of Verify; 0 is success.
     virtual HRESULT extraVerify() = 0;
 
-    /// Called by a page that edits `object`: shows the on-screen controls. 0, E_POINTER for null,
-    /// or the error if there is no tool. For paint effects does nothing and returns 0.
+    /// Called by a page that edits `object`: counts it as a user of the on-screen controls and
+    /// shows them. 0, E_POINTER for null, or the error if the tool can't be shown; such a page
+    /// counts all the same. For paint effects and for null nothing is counted.
     HRESULT beginOverlay(IUnknown* object);
     /// The page no longer uses the on-screen controls.
     void endOverlay() { overlay.end(); }
@@ -98,6 +117,7 @@ public:
     std::int32_t alphaMaskable = 0;  ///< nonzero: the channel mask applies to alpha too
 
     OverlayUse overlay;
+    CropBoxState cropBox;
 
     /// The geometry for the on-screen controls; written by this effect and its clones.
     std::shared_ptr<EffectLink> link;

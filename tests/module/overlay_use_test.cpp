@@ -1,7 +1,9 @@
 // The tool in the viewer: when an effect brings it up, and when it goes. The tool of these tests is
 // a plain object that a module of the tests serves under the tool's class.
 
+#include <cstring>
 #include <gtest/gtest.h>
+#include <string>
 
 #include "effect/ruvex.h"
 #include "sdk/com/com_object.h"
@@ -82,6 +84,7 @@ TEST_F(Overlay, ThePaintKindHasNone) {
     EXPECT_EQ(PlainObject::made, 0);
     EXPECT_EQ(contexts(), 0u);
     EXPECT_FALSE(baseOf(effect).overlay.tool());
+    EXPECT_EQ(baseOf(effect).overlay.users(), 0);
     baseOf(effect).endOverlay();
 }
 
@@ -135,7 +138,7 @@ TEST_F(Overlay, IsNotTheClones) {
     baseOf(effect).endOverlay();
 }
 
-TEST_F(Overlay, AToolThatCannotBeMadeLeavesNothingAndCanBeAskedForAgain) {
+TEST_F(Overlay, AToolThatCannotBeMadeIsAskedForAgainByTheNextPage) {
     const auto effect = makeEffect(DSFAMILY_Filter);
     DSRemoveModule(serveTool);
     EXPECT_EQ(baseOf(effect).beginOverlay(object.get()), REGDB_E_CLASSNOTREG);
@@ -144,7 +147,60 @@ TEST_F(Overlay, AToolThatCannotBeMadeLeavesNothingAndCanBeAskedForAgain) {
     EXPECT_EQ(baseOf(effect).beginOverlay(object.get()), S_OK);
     EXPECT_EQ(contexts(), 1u);
     baseOf(effect).endOverlay();
-    EXPECT_EQ(contexts(), 0u) << "the failed one counts for nothing";
+    EXPECT_EQ(contexts(), 1u) << "the page without the tool has closed, the other one has not";
+    baseOf(effect).endOverlay();
+    EXPECT_EQ(contexts(), 0u);
+}
+
+TEST_F(Overlay, FollowsThePageInFrontOnceItIsShown) {
+    const auto effect = makeEffect(DSFAMILY_Filter);
+    VxDsEffect& base = baseOf(effect);
+    base.pageActivated("crop", 0, 0);
+    EXPECT_FALSE(base.cropBox.visible) << "without a tool";
+    base.beginOverlay(object.get());
+    EXPECT_TRUE(base.cropBox.placed);
+    EXPECT_EQ(base.cropBox.input, base.link->geometry().input);
+    base.pageActivated("crop", 0, 0);
+    EXPECT_TRUE(base.cropBox.visible);
+    for (const char* other : {"cropped", "", "HelpPPG", static_cast<const char*>(nullptr)}) {
+        base.pageActivated("crop", 0, 0);
+        base.pageActivated(other, 0, 0);
+        EXPECT_FALSE(base.cropBox.visible);
+    }
+    base.endOverlay();
+}
+
+/// Notes which of the functions of the table is called.
+class NotingEffect final : public VxDsEffect {
+public:
+    PixelOffset frameOffset(double) override { return note("frameOffset"), PixelOffset{}; }
+    void linkOverlay() override { note("linkOverlay"); }
+    void pageActivated(const char*, std::int32_t, std::int32_t) override { note("pageActivated"); }
+    void updateOverlay() override { note("updateOverlay"); }
+    HRESULT aggregationResult() override { return note("aggregationResult"), S_OK; }
+    HRESULT extraVerify() override { return note("extraVerify"), S_OK; }
+
+    std::string called;
+
+private:
+    void note(const char* name) { called = name; }
+};
+
+TEST(VirtualTable, HasTheFunctionsInTheirPlaces) {
+    NotingEffect effect;
+    VxDsEffect* base = &effect;
+    void** table = nullptr;
+    std::memcpy(&table, static_cast<void*>(base), sizeof table);
+    const char* const names[] = {"frameOffset",   "linkOverlay",       "pageActivated",
+                                 "updateOverlay", "aggregationResult", "extraVerify"};
+    for (std::size_t place = 0; place < std::size(names); ++place) {
+        // All arguments go in registers that a function without them does not read.
+        using Function = void(VxDsEffect*, const char*, std::int32_t, std::int32_t);
+        Function* function = nullptr;
+        std::memcpy(&function, &table[place], sizeof function);
+        function(base, nullptr, 0, 0);
+        EXPECT_EQ(effect.called, names[place]);
+    }
 }
 
 }  // namespace

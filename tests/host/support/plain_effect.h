@@ -15,6 +15,9 @@ public:
         crop.right = crop.top = 1.0f;
     }
 
+    void linkOverlay() override {}
+    void pageActivated(const char*, std::int32_t, std::int32_t) override {}
+    void updateOverlay() override {}
     HRESULT aggregationResult() override { return CLASS_E_NOAGGREGATION; }
     HRESULT extraVerify() override { return S_OK; }
 };
