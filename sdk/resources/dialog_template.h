@@ -17,7 +17,7 @@ struct DialogControl {
     std::uint32_t style = 0;
     std::uint32_t extendedStyle = 0;
     std::int16_t x = 0, y = 0, width = 0, height = 0;
-    /// A number for the system's own classes, a text otherwise.
+    /// A number for the system's own classes, even if the template names them; a text otherwise.
     ResourceName windowClass;
     /// A number for a static with a bitmap, a text otherwise.
     ResourceName title;
@@ -49,7 +49,8 @@ struct ResourceBitmap {
 };
 
 /// Dialog `number` of the file. No value if there is none, if it is damaged, and for templates of
-/// the old form (DIALOG). The texts are views into the file.
+/// the old form (DIALOG). The texts are views into the file. Allocates only the list of controls;
+/// throws std::bad_alloc if there is no memory for it.
 DSSDK_API std::optional<DialogTemplate> readDialog(const ResourceFile& file, std::uint16_t number);
 
 /// Bitmap `number` of the file. No value if there is none, if it is damaged, or for another form

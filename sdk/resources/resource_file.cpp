@@ -1,26 +1,16 @@
 #include "sdk/resources/resource_file.h"
 
 #include "sdk/resources/byte_reader.h"
+#include "sdk/resources/resource_name.h"
 
 namespace ruvex {
 namespace {
 
-/// The marker before a type or name that is a number.
-constexpr std::uint16_t kNumberMark = 0xFFFF;
 /// Bytes of the fields after type and name: data version, memory flags, language, version,
 /// characteristics.
 constexpr std::size_t kHeaderTail = 16;
 /// String tables are stored in blocks of 16 strings; block n begins with identifier (n - 1) * 16.
 constexpr std::uint16_t kStringsPerBlock = 16;
-
-ResourceName readName(ByteReader& reader) {
-    ByteReader start = reader;
-    std::size_t length = 0;
-    std::uint16_t unit = reader.u16();
-    if (unit == kNumberMark) return {reader.u16(), ResourceText()};
-    for (; unit != 0; unit = reader.u16()) ++length;
-    return {std::nullopt, ResourceText(start.take(2 * length))};
-}
 
 /// Reads the record at the reader's position. No value at the end of the file, and if the sizes in
 /// the record exceed the file.

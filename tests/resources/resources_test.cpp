@@ -1,9 +1,7 @@
 #include "sdk/resources/resources.h"
 
 #include <algorithm>
-#include <fstream>
 #include <gtest/gtest.h>
-#include <iterator>
 #include <random>
 #include <string>
 #include <vector>
@@ -11,11 +9,12 @@
 #include "pages/resources/resources.h"
 #include "parameters/strings.h"
 #include "sdk/resources/resource_file.h"
+#include "tests/resources/resource_bytes.h"
 
 namespace ruvex {
 namespace {
 
-using Bytes = std::vector<unsigned char>;
+using resource_test::Bytes;
 
 DSModuleInstance instanceOf(const Bytes& bytes) {
     return {bytes.data(), bytes.data() + bytes.size()};
@@ -27,9 +26,7 @@ DSModuleInstance embedded() {
 
 /// The resources of tests/resources/umlauts.rc, in memory of exactly their size.
 Bytes umlauts() {
-    std::ifstream file(RUVEX_UMLAUTS_RES, std::ios::binary);
-    EXPECT_TRUE(file) << RUVEX_UMLAUTS_RES;
-    return Bytes(std::istreambuf_iterator<char>(file), {});
+    return resource_test::readBytes(RUVEX_UMLAUTS_RES);
 }
 
 std::wstring load(DSModuleInstance instance, unsigned int id, int size = 1024) {
@@ -129,10 +126,7 @@ void readAll(const Bytes& bytes) {
 }
 
 TEST(ResourceFile, AFileThatIsCutOffAnywhereStaysWithinItsBytes) {
-    const Bytes whole = umlauts();
-    for (std::size_t size = 0; size <= whole.size(); ++size) {
-        readAll(Bytes(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(size)));
-    }
+    resource_test::forEachCut(umlauts(), readAll);
 }
 
 TEST(ResourceFile, WhatStandsBeforeTheCutIsStillRead) {
@@ -143,14 +137,7 @@ TEST(ResourceFile, WhatStandsBeforeTheCutIsStillRead) {
 }
 
 TEST(ResourceFile, DamagedBytesStayWithinTheFile) {
-    const Bytes whole = umlauts();
-    for (std::size_t at = 0; at < whole.size(); ++at) {
-        for (const unsigned char value : {0x00, 0x01, 0x7F, 0x80, 0xFF}) {
-            Bytes damaged = whole;
-            damaged[at] = value;
-            readAll(damaged);
-        }
-    }
+    resource_test::forEachDamage(umlauts(), readAll);
 }
 
 TEST(ResourceFile, RandomBytesStayWithinTheFile) {
