@@ -65,7 +65,7 @@ HRESULT Ruvex::SetDefaults() {
     const HRESULT status = CDSImageMIEffect::SetDefaults();
     if (FAILED(status)) return status;
     parameters.setDefaults();
-    return OnPropertyChanged(GUID_AllProperties, DSCLASS_EFFECT_PARAMETER);
+    return OnPropertyChanged(GUID_AllProperties, DSCLASS_EFFECT_PARAMETER, nullptr);
 }
 
 HRESULT Ruvex::GetToolInfo(DSTOOLINFO* info) {

@@ -8,9 +8,9 @@ namespace ruvex {
 namespace {
 
 std::optional<double> contentProperty(const wchar_t* name) {
-    double value = 0.0;
-    if (FAILED(DSContentGetProperty(name, &value))) return std::nullopt;
-    return value;
+    VARIANT value{};
+    if (FAILED(DSContentGetProperty(name, &value)) || value.vt != VT_R8) return std::nullopt;
+    return value.dblVal;
 }
 
 DSFloatPair scaled(DSFloatPair pair, double factor) {

@@ -9,12 +9,12 @@ thread_local const DSContent* currentContent = nullptr;
 
 }  // namespace
 
-HRESULT DSContentGetProperty(const wchar_t* name, double* value) {
+HRESULT DSContentGetProperty(const wchar_t* name, VARIANT* value) {
     if (!name || !value) return E_POINTER;
     if (!currentContent) return E_INVALIDARG;
     const auto found = currentContent->find(std::wstring_view(name));
     if (found == currentContent->end()) return E_INVALIDARG;
-    *value = found->second;
+    *value = DSVariantFromReal(found->second);
     return S_OK;
 }
 

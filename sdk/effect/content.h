@@ -6,11 +6,12 @@
 #include <map>
 #include <string>
 
-#include "sdk/com/com.h"
+#include "sdk/com/variant.h"
 
-/// Reads a property of the calling thread's current content. E_INVALIDARG, with `*value` unchanged,
-/// if there is no such property or no current content. E_POINTER for a null argument.
-DSSDK_API HRESULT DSContentGetProperty(const wchar_t* name, double* value);
+/// Reads a property of the calling thread's current content, as a VT_R8. E_INVALIDARG, with
+/// `*value` unchanged, if there is no such property or no current content. E_POINTER for a null
+/// argument.
+DSSDK_API HRESULT DSContentGetProperty(const wchar_t* name, VARIANT* value);
 
 /// The content properties of one project, by name.
 using DSContent = std::map<std::wstring, double, std::less<>>;

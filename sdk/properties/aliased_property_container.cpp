@@ -1,5 +1,7 @@
 #include "sdk/properties/aliased_property_container.h"
 
+#include "sdk/com/guarded.h"
+
 HRESULT CDSAliasedPropertyContainer::GetValue(const GUID& id, double seconds, VARIANT* value) {
     return CDSPropertyContainer::GetValue(ResolveAlias(id), seconds, value);
 }
@@ -20,6 +22,19 @@ HRESULT CDSAliasedPropertyContainer::ClearKeys(const GUID& id) {
 HRESULT CDSAliasedPropertyContainer::GetKeys(const GUID& id, DSKey* keys, ULONG capacity,
                                              ULONG* count) {
     return CDSPropertyContainer::GetKeys(ResolveAlias(id), keys, capacity, count);
+}
+
+HRESULT CDSAliasedPropertyContainer::GetPlainValue(const GUID& id, VARIANT* value) {
+    return CDSPropertyContainer::GetPlainValue(ResolveAlias(id), value);
+}
+
+HRESULT CDSAliasedPropertyContainer::SetStates(const DSPropertyState* states, ULONG count) {
+    if (!states || count == 0) return CDSPropertyContainer::SetStates(states, count);
+    return ruvex::guarded([&] {
+        std::vector<DSPropertyState> resolved(states, states + count);
+        for (DSPropertyState& state : resolved) state.id = ResolveAlias(state.id);
+        return CDSPropertyContainer::SetStates(resolved.data(), count);
+    });
 }
 
 void CDSAliasedPropertyContainer::AddPropertyAlias(const GUID& alias, const GUID& id) {

@@ -15,6 +15,8 @@ public:
     HRESULT SetKeys(const GUID& id, const DSKey* keys, ULONG count) override;
     HRESULT ClearKeys(const GUID& id) override;
     HRESULT GetKeys(const GUID& id, DSKey* keys, ULONG capacity, ULONG* count) override;
+    HRESULT GetPlainValue(const GUID& id, VARIANT* value) override;
+    HRESULT SetStates(const DSPropertyState* states, ULONG count) override;
 
     /// Makes `alias` another identifier of property `id`, in this object and its later copies.
     void AddPropertyAlias(const GUID& alias, const GUID& id);

@@ -1,53 +1,8 @@
 #include "sdk/properties/base_property_container.h"
 
 #include <algorithm>
-#include <cmath>
 
 #include "sdk/com/guarded.h"
-
-namespace {
-
-/// Reads and writes the class member that holds a property's plain value.
-class Member {
-public:
-    Member(CDSBasePropertyContainer& container, const CDSPropertiesMapEntry& entry)
-        : type_(entry.definition.type), address_(entry.member(container, entry.index)) {}
-
-    VARIANT read() const {
-        switch (type_) {
-            case VT_R8:
-                return DSVariantFromReal(*static_cast<double*>(address_));
-            case VT_BOOL:
-                return DSVariantFromBool(*static_cast<std::int32_t*>(address_) != 0);
-            default:
-                return DSVariantFromLong(*static_cast<std::int32_t*>(address_));
-        }
-    }
-
-    void write(const VARIANT& value) const {
-        switch (type_) {
-            case VT_R8:
-                *static_cast<double*>(address_) = value.dblVal;
-                break;
-            case VT_BOOL:
-                *static_cast<std::int32_t*>(address_) = value.lVal != 0 ? 1 : 0;
-                break;
-            default:
-                *static_cast<std::int32_t*>(address_) = value.lVal;
-        }
-    }
-
-private:
-    VARTYPE type_;
-    void* address_;
-};
-
-bool isAcceptable(const CDSParamDef& definition, const VARIANT& value) {
-    if (value.vt != definition.type) return false;
-    return value.vt != VT_R8 || std::isfinite(value.dblVal);
-}
-
-}  // namespace
 
 CDSBasePropertyContainer::CDSBasePropertyContainer(const CDSBasePropertyContainer& source)
     : ComObject(source) {}
@@ -81,20 +36,53 @@ HRESULT CDSBasePropertyContainer::GetPropertyDef(ULONG index, const CDSParamDef*
     return S_OK;
 }
 
-HRESULT CDSBasePropertyContainer::GetValue(const GUID& id, double, VARIANT* value) {
+VARIANT CDSBasePropertyContainer::ReadPlainValue(const CDSPropertiesMapEntry& entry) {
+    const void* member = entry.member(*this, entry.index);
+    switch (entry.definition.type) {
+        case VT_R8:
+            return DSVariantFromReal(*static_cast<const double*>(member));
+        case VT_BOOL:
+            return DSVariantFromBool(*static_cast<const std::int32_t*>(member) != 0);
+        default:
+            return DSVariantFromLong(*static_cast<const std::int32_t*>(member));
+    }
+}
+
+void CDSBasePropertyContainer::WritePlainValue(const CDSPropertiesMapEntry& entry,
+                                               const VARIANT& value) {
+    void* member = entry.member(*this, entry.index);
+    switch (entry.definition.type) {
+        case VT_R8:
+            *static_cast<double*>(member) = value.dblVal;
+            break;
+        case VT_BOOL:
+            // The system's booleans have 16 bits; a caller may leave the others unset.
+            *static_cast<std::int32_t*>(member) = static_cast<std::uint16_t>(value.lVal) != 0;
+            break;
+        default:
+            *static_cast<std::int32_t*>(member) = value.lVal;
+    }
+}
+
+HRESULT CDSBasePropertyContainer::GetPlainValue(const GUID& id, VARIANT* value) {
     if (!value) return E_POINTER;
     const CDSPropertiesMapEntry* entry = FindProperty(id);
     if (!entry) return E_INVALIDARG;
-    *value = Member(*this, *entry).read();
+    *value = ReadPlainValue(*entry);
     return S_OK;
+}
+
+HRESULT CDSBasePropertyContainer::GetValue(const GUID& id, double, VARIANT* value) {
+    return CDSBasePropertyContainer::GetPlainValue(id, value);
 }
 
 HRESULT CDSBasePropertyContainer::SetValue(const GUID& id, double, const VARIANT* value) {
     if (!value) return E_POINTER;
     const CDSPropertiesMapEntry* entry = FindProperty(id);
-    if (!entry || !isAcceptable(entry->definition, *value)) return E_INVALIDARG;
-    Member(*this, *entry).write(*value);
-    return OnPropertyChanged(id, entry->definition.classification);
+    if (!entry || !entry->definition.accepts(*value)) return E_INVALIDARG;
+    WritePlainValue(*entry, *value);
+    const VARIANT stored = ReadPlainValue(*entry);
+    return OnPropertyChanged(id, entry->definition.classification, &stored);
 }
 
 HRESULT CDSBasePropertyContainer::Advise(IDSPropertyObserver* observer, ULONG* cookie) {
@@ -113,16 +101,22 @@ HRESULT CDSBasePropertyContainer::Unadvise(ULONG cookie) {
     return removed > 0 ? S_OK : E_INVALIDARG;
 }
 
-HRESULT CDSBasePropertyContainer::OnPropertyChanged(const GUID& id, ULONG classification) {
+HRESULT CDSBasePropertyContainer::OnPropertyChanged(const GUID& id, ULONG classification,
+                                                    const DSVARIANT* value) {
+    if (value && id == GUID_AllProperties) return E_INVALIDARG;
+    if (observers_.empty()) return S_OK;
+    // An observer may release the last reference to this object.
+    const ComPtr<IDSProperties> object = this;
     // An observer may add or remove observers, so continue by cookie (cookies rise) and not by
     // iterator. Observers added during the loop are not notified.
     const ULONG last = lastCookie_;
-    ULONG told = 0;
+    ULONG notified = 0;
     for (;;) {
-        const auto next = std::ranges::upper_bound(observers_, told, {}, &Observer::cookie);
+        const auto next = std::ranges::upper_bound(observers_, notified, {}, &Observer::cookie);
         if (next == observers_.end() || next->cookie > last) return S_OK;
-        told = next->cookie;
+        notified = next->cookie;
         const ComPtr<IDSPropertyObserver> target = next->target;
-        target->PropertyChanged(id, classification);
+        target->PropertyChanged(id, value, object.get(), nullptr,
+                                static_cast<unsigned short>(classification));
     }
 }

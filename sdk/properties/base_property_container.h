@@ -17,12 +17,14 @@ public:
     HRESULT GetPropertyDef(ULONG index, const CDSParamDef** definition) override;
     HRESULT GetValue(const GUID& id, double seconds, VARIANT* value) override;
     HRESULT SetValue(const GUID& id, double seconds, const VARIANT* value) override;
+    HRESULT GetPlainValue(const GUID& id, VARIANT* value) override;
     HRESULT Advise(IDSPropertyObserver* observer, ULONG* cookie) override;
     HRESULT Unadvise(ULONG cookie) override;
 
     /// Called after every change of a value or of key frames; notifies the observers. A class that
-    /// changes its members directly has to call it.
-    virtual HRESULT OnPropertyChanged(const GUID& id, ULONG classification);
+    /// changes its members directly has to call it. `value` is the new value, or null if observers
+    /// have to read it. E_INVALIDARG, without a notification, for a value of GUID_AllProperties.
+    virtual HRESULT OnPropertyChanged(const GUID& id, ULONG classification, const DSVARIANT* value);
 
 protected:
     CDSBasePropertyContainer() = default;
@@ -43,6 +45,11 @@ protected:
     const CDSPropertiesMapEntry* FindProperty(const GUID& id);
 
     void RemoveObservers() { observers_.clear(); }
+
+    /// Reads and writes the member with the plain value of `entry`; notifies nobody. A value to be
+    /// written has to be one that the definition accepts.
+    VARIANT ReadPlainValue(const CDSPropertiesMapEntry& entry);
+    void WritePlainValue(const CDSPropertiesMapEntry& entry, const VARIANT& value);
 
 private:
     struct Observer {

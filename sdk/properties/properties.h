@@ -14,10 +14,22 @@ inline constexpr GUID GUID_AllProperties =
 
 /// Is notified after a property has changed, on the thread that changed it.
 struct IDSPropertyObserver : IUnknown {
-    virtual HRESULT PropertyChanged(const GUID& id, ULONG classification) = 0;
+    /// `value` is the new value, or null if it is to be read from `object`: always for
+    /// GUID_AllProperties, and after a change of key frames. `object` is the one that has changed.
+    /// `params` is always null.
+    virtual HRESULT PropertyChanged(const GUID& id, const DSVARIANT* value, IUnknown* object,
+                                    const DSPARAMS* params, unsigned short classification) = 0;
 
 protected:
     ~IDSPropertyObserver() = default;
+};
+
+/// The whole state of a property: its plain value, and the key frames of its animation.
+struct DSPropertyState {
+    GUID id;
+    VARIANT plain;
+    const DSKey* keys;  ///< `keyCount` of them, in any order; may be null if there are none
+    ULONG keyCount;
 };
 
 /// Errors of all functions, which then change nothing: E_INVALIDARG for an unknown identifier, a
@@ -45,6 +57,12 @@ struct IDSProperties : IUnknown {
     /// all to `count`. `keys` may be null if `capacity` is 0.
     virtual HRESULT GetKeys(const GUID& id, DSKey* keys, ULONG capacity, ULONG* count) = 0;
 
+    /// Gives the plain value, also of a property that is animated.
+    virtual HRESULT GetPlainValue(const GUID& id, VARIANT* value) = 0;
+    /// Replaces the plain values and the animations of several properties, all or none of them, and
+    /// notifies the observers once, with GUID_AllProperties (not at all if `count` is 0).
+    virtual HRESULT SetStates(const DSPropertyState* states, ULONG count) = 0;
+
     /// Adds an observer, keeps a reference to it and gives a cookie for Unadvise. Observers are
     /// notified in the order in which they were added.
     virtual HRESULT Advise(IDSPropertyObserver* observer, ULONG* cookie) = 0;
@@ -55,10 +73,10 @@ protected:
 };
 
 inline constexpr GUID IID_IDSPropertyObserver =
-    ruvex::guidFromText("3C0B7A51-6D2E-4F0B-9A77-52D1C4E08A13");
+    ruvex::guidFromText("3C0B7A51-6D2E-4F0B-9A77-52D1C4E08A1B");
 template <>
 struct DSInterfaceTraits<IDSPropertyObserver> : DSInterface<IID_IDSPropertyObserver> {};
 inline constexpr GUID IID_IDSProperties =
-    ruvex::guidFromText("3C0B7A51-6D2E-4F0B-9A77-52D1C4E08A1A");
+    ruvex::guidFromText("3C0B7A51-6D2E-4F0B-9A77-52D1C4E08A1E");
 template <>
 struct DSInterfaceTraits<IDSProperties> : DSInterface<IID_IDSProperties> {};

@@ -36,14 +36,15 @@ HRESULT CDSPropertyContainer::SetKeys(const GUID& id, const DSKey* keys, ULONG c
         store(id, *std::move(animation));
         return S_OK;
     });
-    return FAILED(status) ? status : OnPropertyChanged(id, entry->definition.classification);
+    if (FAILED(status)) return status;
+    return OnPropertyChanged(id, entry->definition.classification, nullptr);
 }
 
 HRESULT CDSPropertyContainer::ClearKeys(const GUID& id) {
     const CDSPropertiesMapEntry* entry = FindProperty(id);
     if (!entry) return E_INVALIDARG;
     if (!remove(id)) return S_FALSE;
-    return OnPropertyChanged(id, entry->definition.classification);
+    return OnPropertyChanged(id, entry->definition.classification, nullptr);
 }
 
 HRESULT CDSPropertyContainer::GetKeys(const GUID& id, DSKey* keys, ULONG capacity, ULONG* count) {
@@ -55,6 +56,50 @@ HRESULT CDSPropertyContainer::GetKeys(const GUID& id, DSKey* keys, ULONG capacit
     *count = static_cast<ULONG>(animation->keys().size());
     std::copy_n(animation->keys().begin(), std::min(capacity, *count), keys);
     return S_OK;
+}
+
+HRESULT CDSPropertyContainer::prepare(const DSPropertyState& state, NewStates& result) {
+    const CDSPropertiesMapEntry* entry = FindProperty(state.id);
+    if (!entry || !entry->definition.accepts(state.plain)) return E_INVALIDARG;
+    const auto isSame = [&](const PlainValue& other) { return other.entry == entry; };
+    if (std::ranges::any_of(result.values, isSame)) return E_INVALIDARG;
+    result.values.push_back({entry, state.plain});
+    if (state.keyCount == 0) return S_OK;
+    if (!entry->definition.animatable()) return E_INVALIDARG;
+    if (!state.keys) return E_POINTER;
+    auto animation = DSAnimation::fromKeys({state.keys, state.keys + state.keyCount});
+    if (!animation) return E_INVALIDARG;
+    result.animated.push_back({state.id, *std::move(animation)});
+    return S_OK;
+}
+
+void CDSPropertyContainer::keepOtherAnimations(NewStates& result) const {
+    for (const Animated& animated : animated_) {
+        const auto isSame = [&](const PlainValue& changed) {
+            return changed.entry->definition.id == animated.id;
+        };
+        if (std::ranges::none_of(result.values, isSame)) result.animated.push_back(animated);
+    }
+}
+
+HRESULT CDSPropertyContainer::SetStates(const DSPropertyState* states, ULONG count) {
+    if (count == 0) return S_OK;
+    if (!states) return E_POINTER;
+    NewStates next;
+    const HRESULT status = ruvex::guarded([&] {
+        for (ULONG i = 0; i < count; ++i) {
+            if (const HRESULT prepared = prepare(states[i], next); FAILED(prepared)) {
+                return prepared;
+            }
+        }
+        keepOtherAnimations(next);
+        return S_OK;
+    });
+    if (FAILED(status)) return status;
+    for (const PlainValue& plain : next.values) WritePlainValue(*plain.entry, plain.value);
+    animated_.swap(next.animated);
+    const ULONG classification = next.values.front().entry->definition.classification;
+    return OnPropertyChanged(GUID_AllProperties, classification, nullptr);
 }
 
 void CDSPropertyContainer::store(const GUID& id, DSAnimation animation) {

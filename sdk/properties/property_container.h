@@ -16,6 +16,7 @@ public:
     HRESULT SetKeys(const GUID& id, const DSKey* keys, ULONG count) override;
     HRESULT ClearKeys(const GUID& id) override;
     HRESULT GetKeys(const GUID& id, DSKey* keys, ULONG capacity, ULONG* count) override;
+    HRESULT SetStates(const DSPropertyState* states, ULONG count) override;
 
     /// The animated value at `seconds`, or `memberValue` for a real that is not animated.
     double GetValueDirect(const GUID& id, double memberValue, double seconds) const {
@@ -50,8 +51,21 @@ private:
         DSAnimation animation;
     };
 
+    /// Properties and their plain values, which the definitions accept.
+    struct PlainValue {
+        const CDSPropertiesMapEntry* entry;
+        VARIANT value;
+    };
+    /// All that SetStates changes, prepared so that changing it can't fail.
+    struct NewStates {
+        std::vector<PlainValue> values;
+        std::vector<Animated> animated;
+    };
+
     void store(const GUID& id, DSAnimation animation);
     bool remove(const GUID& id);
+    HRESULT prepare(const DSPropertyState& state, NewStates& result);
+    void keepOtherAnimations(NewStates& result) const;
 
     std::vector<Animated> animated_;
 };

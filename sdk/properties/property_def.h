@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <mutex>
@@ -37,6 +38,11 @@ struct CDSParamDef {
 
     /// Only reals can be animated.
     bool animatable() const { return capabilities == DSCAPS_ANIMATABLE && type == VT_R8; }
+
+    /// Whether the property can have this value: it has the same type, and a real is finite.
+    bool accepts(const VARIANT& value) const {
+        return value.vt == type && (type != VT_R8 || std::isfinite(value.dblVal));
+    }
 };
 
 /// A definition, and the member that holds the plain value: a double for VT_R8, a 32-bit signed

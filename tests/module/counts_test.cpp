@@ -152,7 +152,10 @@ public:
         countAtRelease = objectCount;
         return 1;
     }
-    HRESULT PropertyChanged(const GUID&, ULONG) override { return S_OK; }
+    HRESULT PropertyChanged(const GUID&, const DSVARIANT*, IUnknown*, const DSPARAMS*,
+                            unsigned short) override {
+        return S_OK;
+    }
 
     std::int32_t countAtRelease = 0;
 };

@@ -13,7 +13,8 @@ namespace {
 /// Keeps what it was told. It lives on the stack, with the reference that it starts with.
 class Observer final : public ComObject<IDSPropertyObserver> {
 public:
-    HRESULT PropertyChanged(const GUID& id, ULONG classification) override {
+    HRESULT PropertyChanged(const GUID& id, const DSVARIANT*, IUnknown*, const DSPARAMS*,
+                            unsigned short classification) override {
         told.emplace_back(id, classification);
         return S_OK;
     }

@@ -178,7 +178,8 @@ public:
     HRESULT QueryInterface(const GUID&, void**) override { return E_NOINTERFACE; }
     ULONG AddRef() override { return ++references; }
     ULONG Release() override { return --references; }
-    HRESULT PropertyChanged(const GUID&, ULONG) override {
+    HRESULT PropertyChanged(const GUID&, const DSVARIANT*, IUnknown*, const DSPARAMS*,
+                            unsigned short) override {
         ++told;
         return S_OK;
     }
@@ -251,6 +252,46 @@ TEST_F(MemoryOfProperties, RunsOutAtEachAllocationOfKeys) {
     const auto addKey = [&] { return properties->SetValue(id, 2.0, &value); };
     EXPECT_GE(failEach(addKey, [&] { return keyCount(); }), 2u);
     EXPECT_EQ(keyCount(), 3u);
+}
+
+TEST_F(MemoryOfProperties, RunsOutAtEachAllocationOfStates) {
+    const GUID other = row(ParameterId::SnowMax).identifier;
+    const GUID seedId = row(ParameterId::Seed).identifier;
+    const DSKey keys[] = {{0.0, 1.0}, {1.0, 2.0}};
+    const DSPropertyState states[] = {{seedId, DSVariantFromLong(77), nullptr, 0},
+                                      {id, DSVariantFromReal(12.5), keys, 2}};
+    const auto keysOfOther = [&] {
+        ULONG count = 0;
+        EXPECT_EQ(properties->GetKeys(other, nullptr, 0, &count), S_OK);
+        return count;
+    };
+    std::size_t failures = 0;
+    bool failed = true;
+    for (std::size_t failing = 1; failed; ++failing) {
+        renew();
+        ASSERT_EQ(properties->SetKeys(other, keys, 1), S_OK);
+        Observer observer;
+        ULONG cookie = 0;
+        ASSERT_EQ(properties->Advise(&observer, &cookie), S_OK);
+        HRESULT status = S_OK;
+        {
+            const FailingNew memory(failing);
+            status = properties->SetStates(states, 2);
+            failed = memory.failed();
+        }
+        // A sort can do with less memory.
+        const bool done = status == S_OK;
+        EXPECT_TRUE(done || (failed && status == E_OUTOFMEMORY)) << failing;
+        VARIANT seed{};
+        EXPECT_EQ(properties->GetPlainValue(seedId, &seed), S_OK);
+        EXPECT_EQ(seed.lVal == 77, done) << failing;
+        EXPECT_EQ(keyCount(), done ? 2u : 0u) << failing;
+        EXPECT_EQ(keysOfOther(), 1u) << failing;
+        EXPECT_EQ(observer.told, done ? 1 : 0) << failing;
+        failures += !done;
+        EXPECT_EQ(properties->Unadvise(cookie), S_OK);
+    }
+    EXPECT_GE(failures, 5u) << "values, new keys, and the animation that stays";
 }
 
 TEST_F(Memory, RunsOutAtEachAllocationOfATool) {

@@ -132,7 +132,7 @@ int readableSizes() {
     int readable = 0;
     for (const wchar_t* name :
          {kDSProjectUserSizeX, kDSProjectUserSizeY, kDSProjectWorldSizeX, kDSProjectWorldSizeY}) {
-        double value = 0.0;
+        VARIANT value{};
         readable += DSContentGetProperty(name, &value) == S_OK;
     }
     return readable;

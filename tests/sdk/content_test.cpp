@@ -9,12 +9,13 @@ namespace {
 const DSContent kHigh = {{L"Height", 576.0}};
 const DSContent kLow = {{L"Height", 240.0}, {L"Width", 320.0}};
 
-/// -1 where there is no such property.
+/// The value of a property; -1 if there is none.
 double read(const wchar_t* name) {
-    double value = -1.0;
+    VARIANT value = DSVariantFromReal(-1.0);
     const HRESULT status = DSContentGetProperty(name, &value);
-    EXPECT_EQ(status, value == -1.0 ? E_INVALIDARG : S_OK);
-    return value;
+    EXPECT_EQ(value.vt, VT_R8);
+    EXPECT_EQ(status, value.dblVal == -1.0 ? E_INVALIDARG : S_OK);
+    return value.dblVal;
 }
 
 TEST(Content, IsReadableWhileItIsCurrent) {
@@ -38,7 +39,7 @@ TEST(Content, TheOneBeforeAScopeIsCurrentAgainAfterIt) {
 }
 
 TEST(Content, MissingPointersAreRefused) {
-    double value = 0.0;
+    VARIANT value{};
     EXPECT_EQ(DSContentGetProperty(nullptr, &value), E_POINTER);
     EXPECT_EQ(DSContentGetProperty(L"Height", nullptr), E_POINTER);
 }

@@ -1,7 +1,9 @@
 #include "sdk/properties/properties.h"
 
+#include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
+#include <optional>
 #include <vector>
 
 #include "sdk/com/com_object.h"
@@ -12,20 +14,28 @@ namespace {
 
 constexpr GUID kUnknownId = guidFromText("77A1C001-0000-4000-8000-0000000000FF");
 
-/// Keeps what it was told; lives on the stack, so that its count only shows what is held.
+/// Records its notifications. It lives on the stack, so its reference count shows only the
+/// references that others hold.
 class Recorder final : public IDSPropertyObserver {
 public:
     HRESULT QueryInterface(const GUID&, void**) override { return E_NOINTERFACE; }
     ULONG AddRef() override { return ++references; }
     ULONG Release() override { return --references; }
-    HRESULT PropertyChanged(const GUID& id, ULONG classification) override {
+    HRESULT PropertyChanged(const GUID& id, const DSVARIANT* value, IUnknown* object,
+                            const DSPARAMS* params, unsigned short classification) override {
         told.push_back(id);
+        lastValue = value ? std::optional(*value) : std::nullopt;
+        lastObject = object;
+        lastParams = params;
         lastClassification = classification;
         return S_OK;
     }
 
     std::vector<GUID> told;
-    ULONG lastClassification = 0;
+    std::optional<VARIANT> lastValue;
+    IUnknown* lastObject = nullptr;
+    const DSPARAMS* lastParams = nullptr;
+    unsigned lastClassification = 0;
     ULONG references = 0;
 };
 
@@ -42,12 +52,24 @@ protected:
         return effect->SetValue(id, seconds, &value);
     }
 
+    HRESULT setStates(const std::vector<DSPropertyState>& states) {
+        return effect->SetStates(states.data(), static_cast<ULONG>(states.size()));
+    }
+
+    LONG whole(const GUID& id) {
+        VARIANT value{};
+        EXPECT_EQ(effect->GetPlainValue(id, &value), S_OK);
+        return value.lVal;
+    }
+
     HRESULT animate(const GUID& id, const std::vector<DSKey>& keys) {
         return effect->SetKeys(id, keys.data(), static_cast<ULONG>(keys.size()));
     }
 
     ComPtr<CopyEffect> effect = ComPtr<CopyEffect>::attach(new CopyEffect);
 };
+
+constexpr double kNotANumber = std::numeric_limits<double>::quiet_NaN();
 
 TEST_F(Properties, AreListedInTheOrderOfDeclaration) {
     ULONG count = 0;
@@ -89,8 +111,7 @@ TEST_F(Properties, RefuseUnknownIdentifiersAndOtherTypes) {
     EXPECT_EQ(set(kUnknownId, DSVariantFromReal(1.0)), E_INVALIDARG);
     EXPECT_EQ(set(kDelayId, DSVariantFromLong(1)), E_INVALIDARG);
     EXPECT_EQ(set(kLiftId, DSVariantFromReal(1.0)), E_INVALIDARG);
-    EXPECT_EQ(set(kDelayId, DSVariantFromReal(std::numeric_limits<double>::quiet_NaN())),
-              E_INVALIDARG);
+    EXPECT_EQ(set(kDelayId, DSVariantFromReal(kNotANumber)), E_INVALIDARG);
     EXPECT_EQ(effect->SetValue(kDelayId, 0.0, nullptr), E_POINTER);
     EXPECT_EQ(effect->GetValue(kDelayId, 0.0, nullptr), E_POINTER);
     EXPECT_EQ(effect->delay(), 0.0);
@@ -130,8 +151,7 @@ TEST_F(Properties, OnlyRealsAreAnimated) {
 
 TEST_F(Properties, RefusedKeysLeaveTheOldOnes) {
     animate(kDelayId, {{0.0, 1.0}});
-    const double nan = std::numeric_limits<double>::quiet_NaN();
-    EXPECT_EQ(animate(kDelayId, {{0.0, 2.0}, {1.0, nan}}), E_INVALIDARG);
+    EXPECT_EQ(animate(kDelayId, {{0.0, 2.0}, {1.0, kNotANumber}}), E_INVALIDARG);
     EXPECT_EQ(effect->SetKeys(kDelayId, nullptr, 1), E_POINTER);
     EXPECT_EQ(real(kDelayId), 1.0);
 }
@@ -229,7 +249,8 @@ TEST_F(Properties, ObserversAreToldOfEveryChange) {
 class Meddler final : public ComObject<IDSPropertyObserver> {
 public:
     explicit Meddler(CopyEffect& effect) : effect_(effect) {}
-    HRESULT PropertyChanged(const GUID&, ULONG) override {
+    HRESULT PropertyChanged(const GUID&, const DSVARIANT*, IUnknown*, const DSPARAMS*,
+                            unsigned short) override {
         ++told;
         if (told > 1) return S_OK;
         effect_.Unadvise(own);
@@ -272,6 +293,205 @@ TEST_F(Properties, RefusedChangesAreNotTold) {
     set(kLiftId, DSVariantFromReal(1.0));
     animate(kLiftId, {{0.0, 1.0}});
     effect->ClearKeys(kDelayId);
+    EXPECT_TRUE(recorder.told.empty());
+    effect->Unadvise(cookie);
+}
+
+TEST_F(Properties, ANotificationHasTheNewValueOfAPlainProperty) {
+    Recorder recorder;
+    ULONG cookie = 0;
+    effect->Advise(&recorder, &cookie);
+    set(kLiftId, DSVariantFromLong(-7));
+    ASSERT_TRUE(recorder.lastValue);
+    EXPECT_EQ(recorder.lastValue->vt, VT_I4);
+    EXPECT_EQ(recorder.lastValue->lVal, -7);
+    EXPECT_EQ(recorder.lastParams, nullptr);
+    EXPECT_EQ(ComPtr<IUnknown>(recorder.lastObject).query<IDSProperties>(),
+              ComPtr<IDSProperties>(effect));
+    set(kDelayId, DSVariantFromReal(2.5));
+    ASSERT_TRUE(recorder.lastValue);
+    EXPECT_EQ(recorder.lastValue->dblVal, 2.5);
+    effect->Unadvise(cookie);
+}
+
+TEST_F(Properties, TheObjectOfANotificationIsTheContainersIUnknown) {
+    Recorder recorder;
+    ULONG cookie = 0;
+    effect->Advise(&recorder, &cookie);
+    set(kLiftId, DSVariantFromLong(1));
+    ComPtr<IUnknown> identity;
+    ASSERT_EQ(effect->QueryInterface(IID_IUnknown, identity.putVoid()), S_OK);
+    EXPECT_EQ(recorder.lastObject, identity.get());
+    effect->Unadvise(cookie);
+}
+
+TEST_F(Properties, ANotificationOfKeysOrOfAllPropertiesHasNoValue) {
+    Recorder recorder;
+    ULONG cookie = 0;
+    effect->Advise(&recorder, &cookie);
+    const auto lastHasValue = [&] {
+        const bool has = recorder.lastValue.has_value();
+        recorder.lastValue = VARIANT{};
+        return has;
+    };
+    animate(kDelayId, {{0.0, 1.0}});
+    EXPECT_FALSE(lastHasValue());
+    set(kDelayId, DSVariantFromReal(2.0), 1.0);
+    EXPECT_FALSE(lastHasValue()) << "the property is animated";
+    effect->ClearKeys(kDelayId);
+    EXPECT_FALSE(lastHasValue());
+    effect->SetDefaults();
+    EXPECT_FALSE(lastHasValue());
+    EXPECT_EQ(recorder.told.size(), 4u);
+    effect->Unadvise(cookie);
+}
+
+TEST_F(Properties, AValueOfAllPropertiesIsRefused) {
+    Recorder recorder;
+    ULONG cookie = 0;
+    effect->Advise(&recorder, &cookie);
+    const VARIANT value = DSVariantFromLong(22);
+    EXPECT_EQ(effect->OnPropertyChanged(GUID_AllProperties, 0, &value), E_INVALIDARG);
+    EXPECT_TRUE(recorder.told.empty());
+    EXPECT_EQ(effect->OnPropertyChanged(kLiftId, 5, &value), S_OK);
+    EXPECT_EQ(recorder.lastClassification, 5u);
+    effect->Unadvise(cookie);
+}
+
+TEST_F(Properties, ABooleanIsReadFromItsLowSixteenBits) {
+    const auto written = [&](LONG bits) {
+        VARIANT value = DSVariantFromBool(true);
+        value.lVal = bits;
+        EXPECT_EQ(set(kInvertId, value), S_OK);
+        const DSPropertyState state{kInvertId, value, nullptr, 0};
+        const LONG plain = whole(kInvertId);
+        EXPECT_EQ(set(kInvertId, DSVariantFromBool(plain == 0)), S_OK);
+        EXPECT_EQ(setStates({state}), S_OK);
+        EXPECT_EQ(whole(kInvertId), plain);
+        return plain;
+    };
+    EXPECT_EQ(written(0x12340000), 0);
+    EXPECT_EQ(written(0x0000FFFF), 1);
+    EXPECT_EQ(written(-1), 1);
+    EXPECT_EQ(written(0), 0);
+    EXPECT_EQ(written(0x00008000), 1);
+}
+
+/// Releases the object that it observes.
+class Releaser final : public ComObject<IDSPropertyObserver> {
+public:
+    explicit Releaser(ComPtr<CopyEffect>& effect) : effect_(effect) {}
+    HRESULT PropertyChanged(const GUID&, const DSVARIANT*, IUnknown*, const DSPARAMS*,
+                            unsigned short) override {
+        effect_.reset();
+        alive = CopyEffect::liveObjects;
+        return S_OK;
+    }
+
+    int alive = -1;
+
+private:
+    ComPtr<CopyEffect>& effect_;
+};
+
+TEST_F(Properties, AnObjectLivesUntilItsNotificationHasEnded) {
+    const int others = CopyEffect::liveObjects - 1;
+    Releaser releaser(effect);
+    Recorder second;
+    ULONG cookie = 0;
+    effect->Advise(&releaser, &cookie);
+    effect->Advise(&second, &cookie);
+    set(kLiftId, DSVariantFromLong(1));
+    EXPECT_EQ(releaser.alive, others + 1);
+    EXPECT_EQ(second.told.size(), 1u);
+    EXPECT_EQ(CopyEffect::liveObjects, others);
+}
+
+TEST_F(Properties, ThePlainValueIsReadableBehindAnAnimation) {
+    set(kDelayId, DSVariantFromReal(99.0));
+    animate(kDelayId, {{0.0, 1.0}});
+    VARIANT value{};
+    EXPECT_EQ(effect->GetPlainValue(kDelayId, &value), S_OK);
+    EXPECT_EQ(value.vt, VT_R8);
+    EXPECT_EQ(value.dblVal, 99.0);
+    EXPECT_EQ(effect->GetPlainValue(kOldDelayId, &value), S_OK);
+    EXPECT_EQ(effect->GetPlainValue(kUnknownId, &value), E_INVALIDARG);
+    EXPECT_EQ(effect->GetPlainValue(kDelayId, nullptr), E_POINTER);
+}
+
+TEST_F(Properties, StatesReplaceValuesAndAnimationsAtOnce) {
+    animate(kDelayId, {{0.0, 1.0}, {1.0, 2.0}});
+    Recorder recorder;
+    ULONG cookie = 0;
+    effect->Advise(&recorder, &cookie);
+    const DSKey keys[] = {{3.0, 30.0, DSKeyMode::Smooth}, {2.0, -0.0}};
+    ASSERT_EQ(setStates({{kLiftId, DSVariantFromLong(7), nullptr, 0},
+                         {kOldDelayId, DSVariantFromReal(-0.0), keys, 2}}),
+              S_OK);
+    EXPECT_EQ(recorder.told, std::vector<GUID>{GUID_AllProperties});
+    EXPECT_FALSE(recorder.lastValue);
+    EXPECT_EQ(recorder.lastClassification, 32768u);
+    EXPECT_EQ(whole(kLiftId), 7);
+    EXPECT_TRUE(std::signbit(effect->delay()));
+    const std::vector<DSKey> sorted = {keys[1], keys[0]};
+    ASSERT_TRUE(effect->FindAnimation(kDelayId));
+    EXPECT_EQ(effect->FindAnimation(kDelayId)->keys(), sorted);
+    EXPECT_TRUE(std::signbit(effect->FindAnimation(kDelayId)->keys()[0].value));
+    ASSERT_EQ(setStates({{kDelayId, DSVariantFromReal(4.0), nullptr, 0}}), S_OK);
+    EXPECT_EQ(effect->FindAnimation(kDelayId), nullptr);
+    EXPECT_EQ(real(kDelayId), 4.0);
+    effect->Unadvise(cookie);
+}
+
+TEST_F(Properties, StatesLeaveOtherAnimationsAlone) {
+    animate(kDelayId, {{0.0, 1.0}});
+    ASSERT_EQ(setStates({{kLiftId, DSVariantFromLong(7), nullptr, 0}}), S_OK);
+    EXPECT_EQ(real(kDelayId), 1.0);
+}
+
+TEST_F(Properties, NoStatesChangeNothingAndNotifyNobody) {
+    Recorder recorder;
+    ULONG cookie = 0;
+    effect->Advise(&recorder, &cookie);
+    EXPECT_EQ(effect->SetStates(nullptr, 0), S_OK);
+    EXPECT_TRUE(recorder.told.empty());
+    effect->Unadvise(cookie);
+}
+
+TEST_F(Properties, AWrongStateRefusesAllOfThem) {
+    animate(kDelayId, {{0.0, 1.0}});
+    set(kLiftId, DSVariantFromLong(4));
+    Recorder recorder;
+    ULONG cookie = 0;
+    effect->Advise(&recorder, &cookie);
+    const DSKey good[] = {{0.0, 5.0}};
+    const DSKey badTime[] = {{kNotANumber, 5.0}};
+    const DSKey badValue[] = {{0.0, std::numeric_limits<double>::infinity()}};
+    const DSKey badMode[] = {{0.0, 5.0, static_cast<DSKeyMode>(7)}};
+    const VARIANT real5 = DSVariantFromReal(5.0);
+    const VARIANT long5 = DSVariantFromLong(5);
+    const DSPropertyState lift{kLiftId, long5, nullptr, 0};
+    const DSPropertyState wrong[] = {
+        {kUnknownId, real5, nullptr, 0},
+        {kDelayId, long5, nullptr, 0},
+        {kInvertId, long5, nullptr, 0},
+        {kDelayId, DSVariantFromReal(kNotANumber), good, 1},
+        {kDelayId, real5, badTime, 1},
+        {kDelayId, real5, badValue, 1},
+        {kDelayId, real5, badMode, 1},
+        {kInvertId, DSVariantFromBool(true), good, 1},
+        lift,
+    };
+    for (const DSPropertyState& state : wrong) {
+        EXPECT_EQ(setStates({lift, state}), E_INVALIDARG) << &state - wrong;
+    }
+    const DSPropertyState delay{kDelayId, real5, nullptr, 0};
+    EXPECT_EQ(setStates({delay, {kOldDelayId, real5, nullptr, 0}}), E_INVALIDARG)
+        << "an alias and its property";
+    EXPECT_EQ(setStates({lift, {kDelayId, real5, nullptr, 1}}), E_POINTER);
+    EXPECT_EQ(effect->SetStates(nullptr, 1), E_POINTER);
+    EXPECT_EQ(whole(kLiftId), 4);
+    EXPECT_EQ(real(kDelayId), 1.0);
     EXPECT_TRUE(recorder.told.empty());
     effect->Unadvise(cookie);
 }

@@ -46,7 +46,7 @@ HRESULT CopyEffect::SetDefaults() {
     delay_ = 0.0;
     lift_ = 0;
     invert_ = 0;
-    return OnPropertyChanged(GUID_AllProperties, DSCLASS_EFFECT_PARAMETER);
+    return OnPropertyChanged(GUID_AllProperties, DSCLASS_EFFECT_PARAMETER, nullptr);
 }
 
 HRESULT CopyEffect::GetImageEffectInfo(DSIMAGEEFFECTINFO* info) {
