@@ -36,10 +36,13 @@ public:
     /// The user chooses a colour; calls the listener, also for the same colour.
     void pick(const Colour& colour);
     void listen(std::function<void()> listener) { listener_ = std::move(listener); }
-    /// Called after each change of the colour, by anyone.
+    /// Called after each change of the colour, by anyone. Both functions may release the chip and
+    /// may replace themselves.
     void observe(std::function<void()> observer) { observer_ = std::move(observer); }
 
 private:
+    void replace(const Colour& colour);
+
     Colour colour_{0, 0, 0, 255};
     std::function<void()> listener_;
     std::function<void()> observer_;

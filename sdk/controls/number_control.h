@@ -37,14 +37,20 @@ enum class DSStepKeys { None, Shift, Control };
 class DSSDK_API CDSNumberControl final : public ComObject<IDSNumberControl> {
 public:
     /// Called after each edit of the user; `value()` is the new value. Never called for changes by
-    /// the program.
+    /// the program, nor for an edit that leaves the value as it was (the beginning and the end of a
+    /// drag excepted). It may release the control and may replace itself.
     using Listener = std::function<void(DSNumberEdit edit)>;
+
+    static constexpr int kMostDecimals = 15;
 
     struct Options {
         std::string label;
+        /// The ends of the range. An end that is not finite, and both ends of an empty range, are
+        /// ignored.
         std::optional<double> low{};
         std::optional<double> high{};
-        /// The greatest number of decimals shown; trailing zeros are cut.
+        /// The greatest number of decimals shown, 0..kMostDecimals (others are held to that range);
+        /// trailing zeros are cut. 0 is for whole numbers: edits of the user are rounded.
         int decimals = 3;
     };
 
@@ -63,40 +69,56 @@ public:
     double value() const { return value_; }
     /// What the field shows: the text being typed, or the value.
     std::string text() const;
-    /// Why the last entered number was changed: "at least 0", "at most 100"; empty otherwise.
+    /// Why the last entered number was changed: "at least 0", "at most 100", "whole numbers only";
+    /// empty otherwise.
     const std::string& remark() const { return remark_; }
 
-    /// By the program: shows a value as it is, also outside the range; drops typed text.
+    /// By the program: shows a value as it is, also outside the range; drops typed text, and the
+    /// remark if the value is another one. A drag goes on, from the value at which it began.
     void show(double value);
 
     /// The user types; nothing is entered until `enter`.
     void type(std::string_view text);
     /// Enter or loss of focus: takes the typed text, held to the range. Text that is not a number,
-    /// and the text that was shown before, changes nothing.
+    /// and the number that was shown before, changes nothing.
     void enter();
     /// Escape: shows the value again; a drag under way returns to its first value.
     void revert();
-    /// An arrow key: `steps` is positive for Up.
+    /// An arrow key: `steps` is positive for Up. Typed text is entered first. Ignored in a drag.
     void step(int steps, DSStepKeys keys = DSStepKeys::None);
     /// The mouse wheel: does nothing without the focus.
     void wheel(int notches, bool focused, DSStepKeys keys = DSStepKeys::None);
 
-    /// Dragging: one step for two pixels from the point where the drag began.
+    /// Dragging: one step for two pixels from the point where the drag began, or from where the
+    /// keys have changed. Typed text is entered first.
     void beginDrag();
     void drag(int pixels, DSStepKeys keys = DSStepKeys::None);
     void endDrag();
-    bool dragging() const { return dragStart_.has_value(); }
+    bool dragging() const { return drag_.has_value(); }
 
-    /// The text of a value with at most `decimals` decimals: "0.5", "64.5", "100".
+    /// The text of a value with at most `decimals` decimals: "0.5", "64.5", "100". Values from 1e15
+    /// on have an exponent if that is shorter.
     static std::string textOf(double value, int decimals);
     /// Reads a number with a decimal point or comma, without regard to the locale; blanks around it
     /// are ignored. No value for any other text and for numbers that are not finite.
     static std::optional<double> valueOf(std::string_view text);
 
 private:
-    double held(double value);
-    void change(double value, DSNumberEdit edit);
+    /// A drag under way. Its values are computed from `base`, the value at the pixel `origin`, so
+    /// that errors do not add up.
+    struct Drag {
+        double first;  ///< the value that Escape restores
+        double base;
+        int origin = 0;
+        int position = 0;  ///< the pixel of the last movement
+        DSStepKeys keys = DSStepKeys::None;
+    };
+
+    double held(double value) const;
+    std::string reasonFor(double wanted) const;
+    void change(double value, DSNumberEdit edit, std::string remark = {});
     void notify(DSNumberEdit edit);
+    void changed();
     double stepSize(DSStepKeys keys) const;
 
     Options options_;
@@ -105,5 +127,5 @@ private:
     double value_ = 0.0;
     std::optional<std::string> typed_;
     std::string remark_;
-    std::optional<double> dragStart_;
+    std::optional<Drag> drag_;
 };
