@@ -1,11 +1,11 @@
 #include "runtime/effect_session.h"
 
-#include <cmath>
 #include <string>
 #include <utility>
 
 #include "runtime/coordinate_manager.h"
 #include "runtime/error.h"
+#include "runtime/property_value.h"
 
 namespace ruvex::runtime {
 
@@ -24,38 +24,17 @@ ComPtr<T> queryOrThrow(IUnknown& object, const GUID& id, const char* what) {
     return result;
 }
 
+/// From this module, or from the one that CoCreateInstance finds if there is none.
+HRESULT createObject(const Module* module, const GUID& classId, const GUID& id, void** out) {
+    if (module) return module->classFactory(classId)->CreateInstance(nullptr, id, out);
+    return CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER, id, out);
+}
+
 ComPtr<IDSImageEffect> makeEffect(const Module* module, const GUID& classId) {
     ComPtr<IDSImageEffect> effect;
-    const HRESULT status = module ? module->classFactory(classId)->CreateInstance(
-                                        nullptr, IID_IDSImageEffect, effect.putVoid())
-                                  : CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER,
-                                                     IID_IDSImageEffect, effect.putVoid());
-    require(status, "cannot make the effect " + toText(classId));
+    require(createObject(module, classId, IID_IDSImageEffect, effect.putVoid()),
+            "cannot make the effect " + toText(classId));
     return effect;
-}
-
-bool isWhole(double value) {
-    return value >= INT32_MIN && value <= INT32_MAX && value == std::trunc(value);
-}
-
-/// The value as the property keeps it; throws when it does not fit.
-VARIANT toVariant(const CDSParamDef& definition, double value) {
-    switch (definition.type) {
-        case VT_R8:
-            if (std::isfinite(value)) return DSVariantFromReal(value);
-            break;
-        case VT_BOOL:
-            if (value == 0.0 || value == 1.0) return DSVariantFromBool(value != 0.0);
-            break;
-        default:
-            if (isWhole(value)) return DSVariantFromLong(static_cast<LONG>(value));
-    }
-    throw Error("the value " + std::to_string(value) + " does not fit the parameter " +
-                toText(definition.id));
-}
-
-double fromVariant(const VARIANT& value) {
-    return value.vt == VT_R8 ? value.dblVal : static_cast<double>(value.lVal);
 }
 
 ComPtr<IDSCoordMan> coordinateManagerFor(const Project& project, const RenderRequest& request,
@@ -263,6 +242,18 @@ const DSIMAGEEFFECTINFO& EffectSession::info() const {
 
 IDSImageEffect& EffectSession::effect() const {
     return *state_->effect;
+}
+
+IDSProperties& EffectSession::properties() const {
+    return *state_->properties;
+}
+
+ComPtr<IUnknown> EffectSession::makeObject(const GUID& classId) const {
+    const auto scope = enter();
+    ComPtr<IUnknown> object;
+    require(createObject(state_->setup.module.get(), classId, IID_IUnknown, object.putVoid()),
+            "cannot make an object of the class " + toText(classId));
+    return object;
 }
 
 }  // namespace ruvex::runtime

@@ -101,8 +101,13 @@ public:
 
     /// The effect's description of itself for the session's family.
     const DSIMAGEEFFECTINFO& info() const;
-    /// The effect, for operations that the session does not offer.
+    /// The effect and its properties, for operations that the session does not offer.
     IDSImageEffect& effect() const;
+    IDSProperties& properties() const;
+
+    /// Makes an object of another class of the effect's module, a property page for example. Throws
+    /// StatusError. Calls of the object need the project (enter).
+    ComPtr<IUnknown> makeObject(const GUID& classId) const;
 
 private:
     struct State;
