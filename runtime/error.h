@@ -5,7 +5,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "sdk/com/com.h"
+#include "sdk/com/guarded.h"
 
 namespace ruvex::runtime {
 
@@ -36,5 +36,17 @@ private:
 /// Throws a StatusError for a failure. `what` names the operation that failed: "cannot render frame
 /// 7".
 void require(HRESULT status, const std::string& what);
+
+/// As ruvex::guarded, and a StatusError gives its own status.
+template <class Operation>
+HRESULT guardedStatus(Operation operation) noexcept {
+    return guarded([&]() -> HRESULT {
+        try {
+            return operation();
+        } catch (const StatusError& error) {
+            return error.status();
+        }
+    });
+}
 
 }  // namespace ruvex::runtime

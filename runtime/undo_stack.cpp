@@ -5,7 +5,7 @@
 #include <iterator>
 #include <utility>
 
-#include "sdk/com/guarded.h"
+#include "runtime/error.h"
 
 namespace ruvex::runtime {
 
@@ -50,7 +50,7 @@ void UndoStack::close(UNDO_STYLE style) {
 
 HRESULT UndoStack::cancel(UNDO_STYLE style) {
     if (brackets_.empty() || brackets_.back().style != style) return E_INVALIDARG;
-    const HRESULT status = guarded([&] { return restoreInnermost(); });
+    const HRESULT status = guardedStatus([&] { return restoreInnermost(); });
     close(style);
     return status;
 }
@@ -63,7 +63,7 @@ bool UndoStack::isOpen(UNDO_STYLE style) const {
 
 HRESULT UndoStack::write(std::span<const GUID> ids, const std::function<HRESULT()>& change) {
     if (brackets_.empty()) return E_UNEXPECTED;
-    const HRESULT status = guarded([&] {
+    const HRESULT status = guardedStatus([&] {
         for (const GUID& id : ids) record(id);
         return S_OK;
     });
@@ -185,7 +185,7 @@ HRESULT UndoStack::redo() {
 HRESULT UndoStack::exchange(Steps& from, Steps& to) {
     if (isRecording()) return E_UNEXPECTED;
     if (from.empty()) return S_FALSE;
-    return guarded([&] {
+    return guardedStatus([&] {
         std::vector<PropertyState> states;
         states.reserve(from.back().changes.size());
         for (const Change& change : from.back().changes) {
