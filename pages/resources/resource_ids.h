@@ -1,0 +1,131 @@
+// Numbers of the dialogs, bitmaps and controls, for C++ and for the resource compiler.
+
+#pragma once
+
+// Dialogs, one for each page.
+#define IDD_MAIN 1
+#define IDD_GUNS 2
+#define IDD_BREAKUP1 3
+#define IDD_BREAKUP2 4
+#define IDD_SHASH 5
+#define IDD_EFFECTS 6
+#define IDD_HELP 7
+#define IDD_CROPPING 50
+
+// Bitmaps: the television with 32 x 32 and with 64 x 64 pixels.
+#define IDB_TELEVISION_32 102
+#define IDB_TELEVISION_64 103
+
+/// Controls without a number of their own.
+#define IDC_NONE -1
+
+/// The text beside a control.
+#define CAPTION_OF(control) (control + 1000)
+
+// Main page.
+#define IDC_TV_TYPE 1000
+#define IDC_SEED 1001
+#define IDC_TV_CONTRAST 1002
+#define IDC_TV_BRIGHTNESS 1003
+#define IDC_TV_COLOUR 1004
+#define IDC_MASTER_BREAKUP 1005
+#define IDC_BREAKUP_VARIATION 1006
+#define IDC_BREAKUP_SPEED 1007
+#define IDC_PRESETS 1008
+#define IDC_TINT_CHIP 1009
+#define IDC_TINT_GROUP 1010
+#define IDC_TINT_RED 1011
+#define IDC_TINT_GREEN 1012
+#define IDC_TINT_BLUE 1013
+#define IDC_MAIN_RESET 1062
+
+// Guns.
+#define IDC_BRIGHTNESS_RED 1063
+#define IDC_BRIGHTNESS_GREEN 1064
+#define IDC_BRIGHTNESS_BLUE 1065
+#define IDC_ALIGN_RED_X 1066
+#define IDC_ALIGN_RED_Y 1067
+#define IDC_ALIGN_GREEN_X 1068
+#define IDC_ALIGN_GREEN_Y 1069
+#define IDC_ALIGN_BLUE_X 1070
+#define IDC_ALIGN_BLUE_Y 1071
+#define IDC_GUNS_RESET 1073
+
+// Breakup 1.
+#define IDC_COLOUR_DEGRADE_MAX 1074
+#define IDC_COLOUR_THRESHOLD 1075
+#define IDC_SNOW_MAX 1076
+#define IDC_SNOW_THRESHOLD 1077
+#define IDC_SNOW_SOFTNESS 1078
+#define IDC_SNOW_SPARSENESS 1079
+#define IDC_NUM_GHOSTS 1080
+#define IDC_GHOSTING_THRESHOLD 1081
+#define IDC_GHOSTING_DISTANCE_MAX 1082
+#define IDC_GHOSTING_STRENGTH 1083
+#define IDC_GHOSTING_SPEED 1084
+#define IDC_BREAKUP1_RESET 1086
+
+// Breakup 2.
+#define IDC_EDGE_DISTORTION_MAX 1087
+#define IDC_EDGE_JAGGEDNESS 1088
+#define IDC_EDGE_THRESHOLD 1089
+#define IDC_EDGE_SPEED 1090
+#define IDC_LINE_ANGLE 1091
+#define IDC_LINE_SPACING 1092
+#define IDC_LINE_SPEED_MAX 1093
+#define IDC_LINE_THRESHOLD 1094
+#define IDC_VERT_OFFSET_MAX 1095
+#define IDC_VERT_OFFSET_THRESHOLD 1096
+#define IDC_VERT_ROLL_SPEED_MAX 1097
+#define IDC_VERT_ROLL_THRESHOLD 1098
+#define IDC_BREAKUP2_RESET 1099
+
+// Shash.
+#define IDC_SHASH_TYPE 1100
+#define IDC_SHASH_PERIOD 1101
+#define IDC_SHASH_AMOUNT_MAX 1102
+#define IDC_SHASH_THRESHOLD 1103
+#define IDC_SHASH_RESET 1104
+
+// Effects.
+#define IDC_SCANLINE_WIDTH 1105
+#define IDC_PLAY_MODE 1106
+#define IDC_PLAY_SPEED 1107
+#define IDC_EM_INTERFERENCE 1108
+#define IDC_WHITE_DOT 1109
+#define IDC_RESOLUTION 1110
+#define IDC_BLUR 1111
+#define IDC_REPEAT_FRAMES 1112
+#define IDC_FISH_EYE 1113
+#define IDC_FISH_EYE_RADIUS 1114
+#define IDC_FISH_EYE_POWER 1115
+#define IDC_FILTER 1116
+#define IDC_BORDER_ALPHA 1117
+#define IDC_EFFECTS_RESET 1118
+
+// Help.
+#define IDC_HIDE_OVERLAY_CONTROLS 1119
+#define IDC_ABOUT_GROUP 1120
+#define IDC_DESCRIPTION 1121
+#define IDC_ONLINE_HELP 1122
+#define IDC_PRODUCT 1123
+#define IDC_COPYRIGHT 1124
+#define IDC_MAKER 1125
+#define IDC_ABOUT_LAST_LINE 1126
+
+// Cropping. The dialog has no control for Blank Cropped, but the page binds it to a number.
+#define IDC_CROP_LEFT 5000
+#define IDC_CROP_RIGHT 5001
+#define IDC_CROP_BOTTOM 5002
+#define IDC_CROP_TOP 5003
+#define IDC_X_EDGE_METHOD 5004
+#define IDC_Y_EDGE_METHOD 5005
+#define IDC_CROP_CHIP 5006
+#define IDC_CROP_GROUP 5007
+#define IDC_CROP_RED 5008
+#define IDC_CROP_GREEN 5009
+#define IDC_CROP_BLUE 5010
+#define IDC_CROP_ALPHA 5011
+#define IDC_DISPLAY_CROPPED 5012
+#define IDC_CROPPING_RESET 5013
+#define IDC_BLANK_CROPPED 5020
