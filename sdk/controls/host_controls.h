@@ -15,14 +15,17 @@ inline constexpr int kDSMostListItems = 12;
 
 /// Replaces each static whose title describes a control (sdk/controls/control_title.h) by that
 /// control, with the same identifier, place and order, and enlarges drop-down lists so that their
-/// items can be chosen. The dialog owns the models until DSReleaseControls. E_OUTOFMEMORY.
+/// items can be chosen. The dialog owns the models until DSReleaseControls. E_OUTOFMEMORY, after
+/// the models have been released. To be called again on the same dialog does no harm.
 DSSDK_API HRESULT DSMakeControls(HWND dialog);
-/// Releases the models of a dialog that is about to be destroyed and ends their notifications.
+/// Releases the models of a dialog that is about to be destroyed, or has been, and ends their
+/// notifications.
 DSSDK_API void DSReleaseControls(HWND dialog);
 
 /// The model of a control; null if the window is not such a control.
 DSSDK_API ComPtr<CDSNumberControl> DSNumberControlOf(HWND control);
 DSSDK_API ComPtr<CDSColourChip> DSColourChipOf(HWND control);
 
-/// Sets the text that is shown while the pointer rests on a control.
+/// Sets the text that is shown while the pointer rests on a control; null for none. Throws
+/// std::bad_alloc.
 DSSDK_API void DSSetToolTip(HWND dialog, HWND control, const wchar_t* text);

@@ -1,0 +1,130 @@
+#include "sdk/controls/host_controls.h"
+
+#include <algorithm>
+#include <map>
+#include <vector>
+
+#include "sdk/com/guarded.h"
+#include "sdk/controls/host_control_windows.h"
+
+namespace {
+
+constexpr int kDefaultDecimals = 3;
+
+template <class Model>
+struct ControlModel {
+    HWND window;
+    ComPtr<Model> model;
+
+    void end() const {
+        RemovePropW(window, kDSControlInterface);
+        model->listen(nullptr);
+        model->observe(nullptr);
+    }
+};
+
+struct DialogModels {
+    std::vector<ControlModel<CDSNumberControl>> numbers;
+    std::vector<ControlModel<CDSColourChip>> chips;
+};
+
+/// The models of each dialog of the thread. Kept apart from the windows, so that they can be
+/// released after their dialog has been destroyed.
+thread_local std::map<HWND, DialogModels> dialogModels;
+
+std::wstring titleOf(HWND window) {
+    constexpr int kLongestTitle = 1024;
+    wchar_t text[kLongestTitle];
+    const int count = GetWindowTextW(window, text, kLongestTitle);
+    return std::wstring(text, static_cast<std::size_t>(count));
+}
+
+ComPtr<CDSNumberControl> newNumber(HWND window, const DSControlTitle& title) {
+    const auto number = ComPtr<CDSNumberControl>::attach(
+        new CDSNumberControl({.label = title.label,
+                              .low = title.low,
+                              .high = title.high,
+                              .decimals = title.decimals.value_or(kDefaultDecimals)}));
+    // The observer does not own the control, which owns the observer.
+    number->observe(
+        [window, control = number.get()] { ruvex::controls::showNumber(window, *control); });
+    return number;
+}
+
+ComPtr<CDSColourChip> newChip(HWND window) {
+    const auto chip = ComPtr<CDSColourChip>::attach(new CDSColourChip);
+    chip->observe(
+        [window, control = chip.get()] { ruvex::controls::showColour(window, *control); });
+    return chip;
+}
+
+template <class Model>
+void attachModel(std::vector<ControlModel<Model>>& models, HWND window,
+                 const ComPtr<Model>& model) {
+    models.push_back({window, model});
+    if (!SetPropW(window, kDSControlInterface, static_cast<IUnknown*>(model.get()))) {
+        throw std::bad_alloc();
+    }
+}
+
+void makeHostControl(HWND dialog, HWND window) {
+    const auto title = DSControlTitle::parse(titleOf(window));
+    if (!title) return;
+    DialogModels& models = dialogModels[dialog];
+    if (title->kind == DSControlTitle::Class::Number) {
+        attachModel(models.numbers, window, newNumber(window, *title));
+    } else {
+        attachModel(models.chips, window, newChip(window));
+    }
+    ruvex::controls::becomeControl(window, *title);
+}
+
+/// A list that is still empty gets room for as many items as an opened list shows at most.
+void enlargeList(HWND combo) {
+    const auto items = static_cast<int>(SendMessageW(combo, CB_GETCOUNT, 0, 0));
+    const bool empty = items <= 0;
+    ruvex::controls::resizeList(combo,
+                                empty ? kDSMostListItems : std::min(items, kDSMostListItems));
+}
+
+/// The object behind a window's model, if it has the interface.
+template <class Interface>
+ComPtr<Interface> modelInterface(HWND window) {
+    const ComPtr<IUnknown> model(static_cast<IUnknown*>(GetPropW(window, kDSControlInterface)));
+    return model.query<Interface>();
+}
+
+}  // namespace
+
+HRESULT DSMakeControls(HWND dialog) {
+    const HRESULT status = ruvex::guarded([&] {
+        for (HWND window = GetWindow(dialog, GW_CHILD); window;
+             window = GetWindow(window, GW_HWNDNEXT)) {
+            if (ruvex::controls::isDropDown(window)) enlargeList(window);
+            const bool ordinary = !GetPropW(window, kDSControlInterface);
+            if (ordinary && ruvex::controls::isStatic(window)) makeHostControl(dialog, window);
+        }
+        return S_OK;
+    });
+    if (FAILED(status)) DSReleaseControls(dialog);
+    return status;
+}
+
+void DSReleaseControls(HWND dialog) {
+    ruvex::controls::releaseToolTips(dialog);
+    // Taken out first, since the end of a listener may lead back here.
+    const auto models = dialogModels.extract(dialog);
+    if (models.empty()) return;
+    for (const auto& number : models.mapped().numbers) number.end();
+    for (const auto& chip : models.mapped().chips) chip.end();
+}
+
+ComPtr<CDSNumberControl> DSNumberControlOf(HWND control) {
+    return ComPtr<CDSNumberControl>(
+        static_cast<CDSNumberControl*>(modelInterface<IDSNumberControl>(control).get()));
+}
+
+ComPtr<CDSColourChip> DSColourChipOf(HWND control) {
+    return ComPtr<CDSColourChip>(
+        static_cast<CDSColourChip*>(modelInterface<IDSColourChip>(control).get()));
+}
