@@ -47,8 +47,15 @@ constexpr Entry kGroupStrings[] = {
     {5021, "Colour to use off edges."},
 };
 
+/// The tool-tip of each page's Reset button.
+constexpr std::string_view kResetTip = "Sets the values of this page back.";
+constexpr Entry kResetTips[] = {{1150, kResetTip}, {1152, kResetTip}, {1154, kResetTip},
+                                {1156, kResetTip}, {1158, kResetTip}, {1160, kResetTip},
+                                {5035, kResetTip}};
+
 constexpr std::size_t stringCount() {
-    std::size_t count = std::size(kModuleStrings) + std::size(kGroupStrings);
+    std::size_t count =
+        std::size(kModuleStrings) + std::size(kGroupStrings) + std::size(kResetTips);
     for (const ParameterRow& row : kParameterRows) count += 2 + row.choices.size();
     return count;
 }
@@ -57,6 +64,7 @@ constexpr auto makeTable() {
     std::array<Entry, stringCount()> entries{};
     auto next = std::ranges::copy(kModuleStrings, entries.begin()).out;
     next = std::ranges::copy(kGroupStrings, next).out;
+    next = std::ranges::copy(kResetTips, next).out;
     for (const ParameterRow& row : kParameterRows) {
         *next++ = {row.nameString, row.name};
         *next++ = {row.hintString, row.hint};

@@ -177,6 +177,12 @@ inline constexpr ReleasedString kReleasedStrings[] = {
     {1146, "Cable Out"},
     {1147, "Hide Overlay Controls"},
     {1148, "Turn overlay elements off and on."},
+    {1150, "Sets the values of this page back."},
+    {1152, "Sets the values of this page back."},
+    {1154, "Sets the values of this page back."},
+    {1156, "Sets the values of this page back."},
+    {1158, "Sets the values of this page back."},
+    {1160, "Sets the values of this page back."},
     {1161, "V_Ruvex simulates faulty television reception and video winding effects. Noise, picture breakup, roll, colour breakup and much more can be introduced.\nThe 'Master Breakup' is an overall control, each effect has it's own 'threshold', when the 'Master Breakup' is over this threshold, the effect will start to kick in. So by animating 'Master Breakup' (or using it's own 'Breakup Variation' parameter) the individual V_Ruvex effects will vary over time.\n"},
     {1168, "Mask red channel."},
     {1169, "Mask green channel."},
@@ -222,6 +228,7 @@ inline constexpr ReleasedString kReleasedStrings[] = {
     {5031, "Render the cropped image instead of the effect."},
     {5032, "Blank Cropped"},
     {5033, "Blank the area outside the cropped region to black and transparent."},
+    {5035, "Sets the values of this page back."},
 };
 // clang-format on
 
