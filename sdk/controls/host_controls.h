@@ -16,7 +16,7 @@ inline constexpr int kDSMostListItems = 12;
 /// Replaces each static whose title describes a control (sdk/controls/control_title.h) by that
 /// control, with the same identifier, place and order, and enlarges drop-down lists so that their
 /// items can be chosen. The dialog owns the models until DSReleaseControls. E_OUTOFMEMORY, after
-/// the models have been released. To be called again on the same dialog does no harm.
+/// the models have been released. Calling it again adds nothing.
 DSSDK_API HRESULT DSMakeControls(HWND dialog);
 /// Releases the models of a dialog that is about to be destroyed, or has been, and ends their
 /// notifications.

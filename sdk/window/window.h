@@ -107,7 +107,8 @@ inline constexpr std::uint32_t SS_CENTERIMAGE = 0x200;
 
 /// Creates a dialog with its controls from a template in the module's resources, as a child of
 /// `parent` (may be null), and sends WM_INITDIALOG with `parameter` to its procedure. Null if there
-/// is no such template.
+/// is no such template or no such parent, if a control has another class than button, static and
+/// combo box, if memory is exhausted, and if the dialog is destroyed during the call.
 DSSDK_API HWND CreateDialogParamW(HINSTANCE module, const wchar_t* templateNumber, HWND parent,
                                   DLGPROC* procedure, LPARAM parameter);
 /// Destroys a window and its descendants.
@@ -123,18 +124,23 @@ DSSDK_API HWND GetWindow(HWND window, UINT relation);
 DSSDK_API BOOL ShowWindow(HWND window, int command);
 /// Returns whether the window was disabled before.
 DSSDK_API BOOL EnableWindow(HWND window, BOOL enable);
-/// Moves and resizes a window; coordinates are dialog units of the parent. For a drop-down list,
-/// the height is that of its opened list.
+/// Moves and resizes a window; coordinates are dialog units of the parent. For a combo box, the
+/// height is that of its opened list. Without SWP_NOZORDER the window becomes the first of its
+/// siblings (`after` is null) or the one behind `after`; FALSE if that is no sibling.
 DSSDK_API BOOL SetWindowPos(HWND window, HWND after, int x, int y, int width, int height,
                             UINT flags);
-/// Copies the text, truncated if necessary. Returns the number of characters without the zero.
+/// Copies the text, of a drop-down list that of the selected item, truncated if necessary. Returns
+/// the number of characters without the zero.
 DSSDK_API int GetWindowTextW(HWND window, wchar_t* text, int size);
 
-/// Sends one of the messages above. A combo box answers CB_ERR to what it can't do: among others,
-/// to WM_SETTEXT if it is a drop-down list. No message that a program sends causes a notification.
+/// Sends one of the messages above. A dialog's procedure receives all of its messages. A combo box
+/// answers CB_ERR to what it can't do: among others, to WM_SETTEXT if it is a drop-down list, and
+/// to an index without an item, which ends the selection. No message that a program sends causes a
+/// notification.
 DSSDK_API LRESULT SendMessageW(HWND window, UINT message, WPARAM wide, LPARAM extra);
 
-/// Named handles that are attached to a window. The window does not own them.
+/// Named handles that are attached to a window. The window does not own them. Capital and small
+/// letters of names are the same.
 DSSDK_API HANDLE GetPropW(HWND window, const wchar_t* name);
 DSSDK_API BOOL SetPropW(HWND window, const wchar_t* name, HANDLE value);
 DSSDK_API HANDLE RemovePropW(HWND window, const wchar_t* name);
@@ -144,7 +150,9 @@ DSSDK_API HANDLE RemovePropW(HWND window, const wchar_t* name);
 DSSDK_API HINSTANCE ShellExecuteW(HWND window, const wchar_t* verb, const wchar_t* file,
                                   const wchar_t* arguments, const wchar_t* folder, int command);
 
-/// Formats at most 1024 characters, the zero included. `text` has room for as many.
+/// Formats at most 1024 characters, the zero included. `text` has room for as many. Types: d, i, u,
+/// x, X (32 bits), c, s (both wide), with the flags -, 0 and #, a width and a precision. Returns
+/// the number of characters without the zero.
 DSSDK_API int wsprintfW(wchar_t* text, const wchar_t* format, ...);
 
 #endif

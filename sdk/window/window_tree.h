@@ -48,13 +48,18 @@ DSSDK_API const DSWindowState* DSGetWindowState(HWND window);
 /// What has happened to a window.
 enum class DSWindowChange { Created, Changed, Destroyed };
 
-/// Called after each change of a window on the calling thread. An empty function ends that. Returns
-/// the previous observer.
+/// Called after each change of a window on the calling thread, attached properties excepted. An
+/// empty function ends that. Returns the previous observer. The observer may change and destroy any
+/// window and may replace itself; it must not throw. Children are destroyed before their parents,
+/// and created after them. Where memory runs out during a creation, windows are destroyed of whose
+/// creation nobody has heard.
 using DSWindowObserver = std::function<void(HWND window, DSWindowChange change)>;
 DSSDK_API DSWindowObserver DSObserveWindows(DSWindowObserver observer);
 
-/// What a user does, with the notifications that follow. False if the window is not of that kind,
-/// disabled or not shown (itself or one of its ancestors), or has no such item.
+/// What a user does, with the notifications that follow: WM_COMMAND to the dialog. A click toggles
+/// an automatic check box first. False, without an effect, if the window is not of that kind (a
+/// group box can't be clicked), disabled or not shown (itself or one of its ancestors), or has no
+/// such item.
 DSSDK_API bool DSClickButton(HWND button);
 DSSDK_API bool DSChooseItem(HWND combo, int item);
 

@@ -25,6 +25,9 @@ void checkRegistry(Checks& checks);
 /// The same where a key is not to be written or read: it stays as it was.
 void checkRegistryFailures(Checks& checks);
 
+/// The host's controls in a dialog.
+void checkControls(Checks& checks);
+
 /// The module after it was registered, and after it was taken out again.
 void checkRegistered(Checks& checks);
 void checkUnregistered(Checks& checks);

@@ -1,4 +1,4 @@
-// Usage: windows_check registry|registered|unregistered
+// Usage: windows_check controls|registry|registered|unregistered
 
 #include <exception>
 #include <objbase.h>
@@ -12,6 +12,7 @@ int main(int argc, char** argv) {
     Checks checks;
     checks.expect(SUCCEEDED(CoInitializeEx(nullptr, COINIT_MULTITHREADED)), "COM starts");
     try {
+        if (part == "controls") checkControls(checks);
         if (part == "registry") {
             checkRegistry(checks);
             checkRegistryFailures(checks);
