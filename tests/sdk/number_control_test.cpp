@@ -177,6 +177,25 @@ TEST_F(NumberControl, TenthsStayDecimal) {
     EXPECT_FALSE(std::signbit(control->value()));
 }
 
+TEST_F(NumberControl, StepsAndDragsAddDecimally) {
+    use({.label = ""});
+    std::mt19937 random(7);
+    const auto upTo = [&](int most) {
+        return static_cast<int>(random() % (2u * most + 1u)) - most;
+    };
+    for (int i = 0; i < 20000; ++i) {
+        const int thousandths = upTo(20000000), steps = upTo(500);
+        control->show(thousandths / 1000.0);
+        control->step(steps, DSStepKeys::Control);
+        ASSERT_EQ(control->value(), (thousandths + 100 * steps) / 1000.0);
+        control->beginDrag();
+        control->drag(2 * steps, DSStepKeys::Control);
+        control->drag(-2 * steps, DSStepKeys::Control);
+        ASSERT_EQ(control->value(), thousandths / 1000.0);
+        control->endDrag();
+    }
+}
+
 TEST_F(NumberControl, HugeAndOddValuesCanBeStepped) {
     use({.label = ""});
     for (const double value : {1e300, -1e300, 1e-300, 1e17, kInfinity, kNaN}) {
