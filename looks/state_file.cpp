@@ -35,7 +35,13 @@ const char* typeName(VARTYPE type) {
     }
 }
 
-[[noreturn]] void refuse(const std::string& sentence) {
+/// The values of a type, for messages.
+std::string allowedText(VARTYPE type) {
+    if (type == VT_R8) return "a number";
+    return type == VT_BOOL ? "true or false" : "a 32-bit integer";
+}
+
+[[noreturn]] void refuseState(const std::string& sentence) {
     throw JsonError(sentence);
 }
 
@@ -69,26 +75,22 @@ std::optional<VARIANT> plainValue(VARTYPE type, const Json& value) {
     if (type == VT_R8 && value.is_number()) return DSVariantFromReal(value.get<double>());
     if (type == VT_BOOL && value.is_boolean()) return DSVariantFromBool(value.get<bool>());
     if (type != VT_I4 || !value.is_number_integer()) return std::nullopt;
-    // An unsigned number may be beyond the signed ones.
-    const bool fits = value.is_number_unsigned() ? value.get<std::uint64_t>() <= INT32_MAX
-                                                 : value.get<std::int64_t>() >= INT32_MIN;
-    if (!fits) return std::nullopt;
-    return DSVariantFromLong(static_cast<LONG>(value.get<std::int64_t>()));
+    // A double holds every integer of 32 bits, and keeps larger ones out of their range.
+    const double number = value.get<double>();
+    if (number < INT32_MIN || number > INT32_MAX) return std::nullopt;
+    return DSVariantFromLong(static_cast<LONG>(number));
 }
 
 VARIANT readPlain(const CDSParamDef& definition, const Json& state) {
     const char* const type = typeName(definition.type);
     if (!state.is_object() || !state.contains(type)) {
-        refuse("the property " + toText(definition.id) + " takes its value as " +
-               files::inQuotes(type) + ", not " + state.dump() + ".");
+        refuseState("the property " + toText(definition.id) + " takes its value as " +
+                    files::inQuotes(type) + ", not " + state.dump() + ".");
     }
     const auto value = plainValue(definition.type, state[type]);
     if (!value) {
-        refuse("the property " + toText(definition.id) + " takes " +
-               (definition.type == VT_I4
-                    ? "a 32-bit integer"
-                    : std::string(definition.type == VT_R8 ? "a number" : "true or false")) +
-               ", not " + state[type].dump() + ".");
+        refuseState("the property " + toText(definition.id) + " takes " +
+                    allowedText(definition.type) + ", not " + state[type].dump() + ".");
     }
     return *value;
 }
@@ -106,21 +108,21 @@ std::optional<DSKey> keyOfJson(const Json& key) {
 
 std::vector<DSKey> readKeys(const CDSParamDef& definition, const Json& list) {
     const std::string property = "the property " + toText(definition.id);
-    if (!definition.animatable()) refuse(property + " cannot have keys.");
-    if (!list.is_array()) refuse(property + " takes a list of keys, not " + list.dump() + ".");
+    if (!definition.animatable()) refuseState(property + " cannot have keys.");
+    if (!list.is_array()) refuseState(property + " takes a list of keys, not " + list.dump() + ".");
     std::vector<DSKey> keys;
     for (const Json& entry : list) {
         const auto key = keyOfJson(entry);
         if (!key) {
-            refuse(entry.dump() + " is not a key of " + property + ". Write a state as in " +
-                   kStateForm + ".");
+            refuseState(entry.dump() + " is not a key of " + property + ". Write a state as in " +
+                        kStateForm + ".");
         }
         keys.push_back(*key);
     }
     std::ranges::sort(keys, {}, &DSKey::time);
     const auto twice = std::ranges::adjacent_find(keys, {}, &DSKey::time);
     if (twice != keys.end()) {
-        refuse(property + " has two keys at " + Json(twice->time).dump() + " s.");
+        refuseState(property + " has two keys at " + Json(twice->time).dump() + " s.");
     }
     return keys;
 }
@@ -129,35 +131,35 @@ PropertyState readPropertyState(const CDSParamDef& definition, const Json& json)
     PropertyState state{definition.id, readPlain(definition, json), {}};
     if (json.contains(kKeysMember)) state.keys = readKeys(definition, json[kKeysMember]);
     if (json.size() > (json.contains(kKeysMember) ? 2u : 1u)) {
-        refuse("the state of the property " + toText(definition.id) +
-               " has unknown members. Write a state as in " + kStateForm + ".");
+        refuseState("the state of the property " + toText(definition.id) +
+                    " has unknown members. Write a state as in " + kStateForm + ".");
     }
     return state;
 }
 
 void checkVersion(const Json& document) {
     if (!document.is_object() || !document.contains(kVersionMember)) {
-        refuse(std::string("this is not a state file: it has no member ") +
-               files::inQuotes(kVersionMember) + ".");
+        refuseState(std::string("this is not a state file: it has no member ") +
+                    files::inQuotes(kVersionMember) + ".");
     }
     const Json& version = document[kVersionMember];
     // As a double, since the library compares large unsigned numbers as negative ones.
     const double number = version.is_number_integer() ? version.get<double>() : 0.0;
-    if (number < 1.0) refuse("there is no version " + version.dump() + ".");
+    if (number < 1.0) refuseState("there is no version " + version.dump() + ".");
     if (number > kStateFileVersion) {
-        refuse("this state file is of version " + version.dump() +
-               ", and this program reads versions up to " + std::to_string(kStateFileVersion) +
-               ". Use a later one.");
+        refuseState("this state file is of version " + version.dump() +
+                    ", and this program reads versions up to " + std::to_string(kStateFileVersion) +
+                    ". Use a later one.");
     }
 }
 
 const CDSParamDef& storedDefinition(const std::string& name, const FindDefinition& find) {
     const auto id = parseGuid(name);
-    if (!id) refuse(files::inQuotes(name) + " is not the identifier of a property.");
+    if (!id) refuseState(files::inQuotes(name) + " is not the identifier of a property.");
     const CDSParamDef* const definition = find(*id);
-    if (!definition) refuse("the effect has no property " + files::inQuotes(name) + ".");
+    if (!definition) refuseState("the effect has no property " + files::inQuotes(name) + ".");
     if (!runtime::isStored(*definition)) {
-        refuse("the property " + files::inQuotes(name) + " is not part of a state.");
+        refuseState("the property " + files::inQuotes(name) + " is not part of a state.");
     }
     return *definition;
 }
@@ -170,7 +172,7 @@ std::vector<PropertyState> statesFromJson(const Json& document, const FindDefini
         const CDSParamDef& definition = storedDefinition(name, find);
         // The digits of an identifier may be in upper and in lower case.
         if (std::ranges::find(states, definition.id, &PropertyState::id) != states.end()) {
-            refuse("the property " + files::inQuotes(name) + " occurs twice.");
+            refuseState("the property " + files::inQuotes(name) + " occurs twice.");
         }
         states.push_back(readPropertyState(definition, json));
     }

@@ -59,13 +59,14 @@ std::vector<PropertyState> readStates(IDSProperties& properties) {
     return states;
 }
 
+DSPropertyState viewOf(const PropertyState& state) {
+    return {state.id, state.plain, state.keys.data(), static_cast<ULONG>(state.keys.size())};
+}
+
 std::vector<DSPropertyState> viewsOf(std::span<const PropertyState> states) {
     std::vector<DSPropertyState> views;
     views.reserve(states.size());
-    for (const PropertyState& state : states) {
-        views.push_back(
-            {state.id, state.plain, state.keys.data(), static_cast<ULONG>(state.keys.size())});
-    }
+    for (const PropertyState& state : states) views.push_back(viewOf(state));
     return views;
 }
 

@@ -30,7 +30,8 @@ bool isStored(const CDSParamDef& definition);
 /// The stored state of all properties, in the order of declaration. Throws StatusError.
 std::vector<PropertyState> readStates(IDSProperties& properties);
 
-/// Views of the states for IDSProperties::SetStates. Their key frames belong to `states`.
+/// Views of states for IDSProperties::SetStates. Their key frames belong to the states.
+DSPropertyState viewOf(const PropertyState& state);
 std::vector<DSPropertyState> viewsOf(std::span<const PropertyState> states);
 
 /// Replaces the states of these properties, all or none; other properties stay as they are.

@@ -180,42 +180,38 @@ HRESULT UndoStack::redo() {
     return exchange(redo_, undo_);
 }
 
-/// Writes the states of the last step of `from`, which then has those of before, and moves it. The
-/// step is moved first, so that observers already find it in its new place.
 HRESULT UndoStack::exchange(Steps& from, Steps& to) {
     if (isRecording()) return E_UNEXPECTED;
     if (from.empty()) return S_FALSE;
     return guardedStatus([&] {
-        std::vector<PropertyState> states;
-        states.reserve(from.back().changes.size());
-        for (const Change& change : from.back().changes) {
-            states.push_back(readState(*properties_, change.other.id));
-        }
-        const auto move = [&states, this](Steps& source, Steps& target) {
-            Step& step = source.back();
-            if (&source == &undo_) bytes_ -= step.bytes();
-            for (std::size_t i = 0; i < states.size(); ++i) {
-                std::swap(step.changes[i].other, states[i]);
-            }
-            if (&target == &undo_) bytes_ += step.bytes();
-            target.splice(target.end(), source, std::prev(source.end()));
-        };
+        const std::vector<Change>& changes = from.back().changes;
+        std::vector<PropertyState> present;
         std::vector<DSPropertyState> views;
-        views.reserve(states.size());
-        move(from, to);
-        for (const PropertyState& state : states) {
-            views.push_back(
-                {state.id, state.plain, state.keys.data(), static_cast<ULONG>(state.keys.size())});
+        for (const Change& change : changes) {
+            present.push_back(readState(*properties_, change.other.id));
+            views.push_back(viewOf(change.other));
         }
+        // The step moves first, so that observers find it in its new place. The key frames of the
+        // views stay where they are when states are exchanged.
         const bool couldMerge = std::exchange(mayMerge_, false);
+        moveLast(from, to, present);
         const HRESULT status =
             properties_->SetStates(views.data(), static_cast<ULONG>(views.size()));
         if (FAILED(status)) {
-            move(to, from);
+            moveLast(to, from, present);
             mayMerge_ = couldMerge;
         }
         return status;
     });
+}
+
+/// Moves a step, and exchanges its states with `states`. Needs no memory.
+void UndoStack::moveLast(Steps& from, Steps& to, std::vector<PropertyState>& states) {
+    Step& step = from.back();
+    if (&from == &undo_) bytes_ -= step.bytes();
+    for (std::size_t i = 0; i < states.size(); ++i) std::swap(step.changes[i].other, states[i]);
+    if (&to == &undo_) bytes_ += step.bytes();
+    to.splice(to.end(), from, std::prev(from.end()));
 }
 
 /// Writes the states that the properties had at the beginning of the innermost bracket.

@@ -119,6 +119,7 @@ private:
     bool hasChanged(const Step& step) const;
     bool merges(const Step& step) const;
     HRESULT exchange(Steps& from, Steps& to);
+    void moveLast(Steps& from, Steps& to, std::vector<PropertyState>& states);
     HRESULT restoreInnermost();
 
     ComPtr<IDSProperties> properties_;

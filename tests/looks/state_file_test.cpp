@@ -101,7 +101,7 @@ TEST(StateFile, TakesWhatAPersonMayWrite) {
     EXPECT_TRUE(parse(R"({"ruvexState": 1})").empty());
 }
 
-/// The sentence with which a file is refused. `member` is written after the version.
+/// The sentence with which a file is refused.
 std::string refusalOf(const std::string& text) {
     try {
         parse(text);
