@@ -20,7 +20,7 @@
 #define IDC_NONE -1
 
 /// The text beside a control.
-#define CAPTION_OF(control) (control + 1000)
+#define CAPTION_OF(control) ((control) + 1000)
 
 // Main page.
 #define IDC_TV_TYPE 1000

@@ -17,7 +17,8 @@ enum class ResourceType : std::uint16_t { Bitmap = 2, Dialog = 5, String = 6 };
 /// A view of a text in the file, which is UTF-16 in little-endian order.
 class ResourceText {
 public:
-    explicit ResourceText(std::span<const unsigned char> bytes = {}) : bytes_(bytes) {}
+    ResourceText() = default;
+    explicit ResourceText(std::span<const unsigned char> bytes) : bytes_(bytes) {}
 
     /// In 16-bit units, like the index of `[]`.
     std::size_t size() const { return bytes_.size() / 2; }
