@@ -1,38 +1,16 @@
 #include "sdk/controls/number_control.h"
 
 #include <algorithm>
-#include <array>
-#include <charconv>
 #include <cmath>
 
 #include "sdk/com/com_ptr.h"
+#include "sdk/controls/decimal_sum.h"
 
 namespace {
 
 constexpr int kPixelsPerStep = 2;
+/// The fewest decimals with which a remark may show an end of the range.
 constexpr int kLimitDecimals = 3;
-/// So many significant digits of a decimal number survive the way through a double.
-constexpr int kExactDigits = 15;
-
-/// The value with so many decimals that is nearest to `value`.
-double roundedToDecimals(double value, int decimals) {
-    std::array<char, 400> text;  // more than the digits of the largest double
-    const auto end = std::to_chars(text.data(), text.data() + text.size(), value,
-                                   std::chars_format::fixed, decimals)
-                         .ptr;
-    double rounded = value;
-    std::from_chars(text.data(), end, rounded);
-    return rounded;
-}
-
-/// The sum as in decimal arithmetic: 0.1 + 0.2 is 0.3, and 100.1 - 100 is 0.1.
-double decimalSum(double value, double added) {
-    if (!std::isfinite(value + added)) return value + added;
-    const double largest = std::max({std::abs(value), std::abs(added), 1e-300});
-    const int digitsBeforePoint = static_cast<int>(std::floor(std::log10(largest))) + 1;
-    const int decimals = std::clamp(kExactDigits - digitsBeforePoint, 0, kExactDigits);
-    return roundedToDecimals(value + added, decimals);
-}
 
 void dropUselessLimits(CDSNumberControl::Options& options) {
     const auto useless = [](const auto& limit) { return limit && !std::isfinite(*limit); };
@@ -107,7 +85,7 @@ void CDSNumberControl::step(int steps, DSStepKeys keys) {
     if (dragging() || steps == 0) return;
     const ComPtr<CDSNumberControl> alive(this);
     enter();
-    change(held(decimalSum(value_, steps * stepSize(keys))), DSNumberEdit::Stepped);
+    change(held(ruvex::decimalSum(value_, steps * stepSize(keys))), DSNumberEdit::Stepped);
 }
 
 void CDSNumberControl::wheel(int notches, bool focused, DSStepKeys keys) {
@@ -136,7 +114,7 @@ void CDSNumberControl::drag(int pixels, DSStepKeys keys) {
     // outside the range.
     const double base = drag_->base;
     const double added = static_cast<double>(steps) * stepSize(keys);
-    change(steps == 0 ? base : held(decimalSum(base, added)), DSNumberEdit::Dragged);
+    change(steps == 0 ? base : held(ruvex::decimalSum(base, added)), DSNumberEdit::Dragged);
 }
 
 void CDSNumberControl::endDrag() {

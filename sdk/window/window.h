@@ -135,8 +135,8 @@ DSSDK_API int GetWindowTextW(HWND window, wchar_t* text, int size);
 
 /// Sends one of the messages above. A dialog's procedure receives all of its messages. A combo box
 /// answers CB_ERR to what it can't do: among others, to WM_SETTEXT if it is a drop-down list, and
-/// to an index without an item, which ends the selection. No message that a program sends causes a
-/// notification.
+/// to an index without an item, which ends the selection (elsewhere only -1 is sure to do that). No
+/// message that a program sends causes a notification.
 DSSDK_API LRESULT SendMessageW(HWND window, UINT message, WPARAM wide, LPARAM extra);
 
 /// Named handles that are attached to a window. The window does not own them. Capital and small
