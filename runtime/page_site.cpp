@@ -12,7 +12,7 @@ constexpr double kCurrentTime = -1.0;
 
 }  // namespace
 
-HRESULT PageSite::GetCurrentTime(double* seconds) {
+HRESULT PageSite::GetTime(double* seconds) {
     if (!seconds) return E_POINTER;
     if (!editor_) return E_UNEXPECTED;
     *seconds = editor_->time();

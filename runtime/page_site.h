@@ -20,7 +20,7 @@ class PageSite final : public ComObject<IDSPageSite> {
 public:
     explicit PageSite(Editor& editor) : editor_(&editor) {}
 
-    HRESULT GetCurrentTime(double* seconds) override;
+    HRESULT GetTime(double* seconds) override;
     /// -1.0 seconds is the current time. E_INVALIDARG for an object other than the session's effect
     /// and for the style of a bracket that is not open.
     HRESULT WriteProperty(IUnknown* object, const GUID& id, double seconds, const VARIANT* value,

@@ -14,7 +14,8 @@
 
 /// The life of a page: SetPageSite, SetObjects (subscribes to the changes of the objects), Activate
 /// (creates the dialog, its controls and tool-tips, calls OnInitDialog, fills the bound variables
-/// and sets the controls), Show any number of times, Deactivate, SetObjects(0), SetPageSite(null).
+/// and sets the controls, calls UpdateAnimatedControls), Show any number of times, Deactivate,
+/// SetObjects(0), SetPageSite(null).
 ///
 /// An edit by the user changes, in this order: the control, the bound variable, the property (whose
 /// container notifies all pages, this one included); then the entry's notify function is called. A
@@ -100,30 +101,46 @@ private:
     struct Observed {
         ComPtr<IUnknown> object;
         ComPtr<IDSProperties> properties;
-        ULONG cookie = 0;
     };
 
     static INT_PTR dialogMessage(HWND dialog, UINT message, WPARAM wide, LPARAM extra);
-    HRESULT prepareDialog();
+    HRESULT prepareDialog(const RECT* place);
     void listenToControls();
     void addToolTips();
+    void fillFromProperties();
+
+    HRESULT takeObjects(ULONG count, IUnknown** objects);
+    void forgetObjects();
+    IDSProperties* properties() const;
+    const CDSParamDef* definitionOf(const GUID& id) const;
+    /// Whether the entry's bound variable follows a property of the object.
+    bool followsProperty(const CDSPPGControlMapEntry& entry) const;
+    double secondsOf(double time) const;
+    HRESULT read(const GUID& id, VARIANT* value, double time) const;
+    HRESULT write(const GUID& id, const VARIANT* value, UNDO_STYLE style, double time);
+    void updateEntry(const CDSPPGControlMapEntry& entry, double time);
+
     void onCommand(UINT controlId, UINT code);
     void onNumber(UINT controlId, DSNumberEdit edit);
     void onChip(UINT controlId);
-    void userEdited(const CDSPPGControlMapEntry& entry, UNDO_STYLE style);
+    void noteCommand(UINT controlId, UINT code);
     void readControl(const CDSPPGControlMapEntry& entry);
-    void readProperty(const CDSPPGControlMapEntry& entry, double time);
     void showEntry(const CDSPPGControlMapEntry& entry);
-    void forgetObjects();
-    bool belongsToInterfaceAlone(const GUID& id) const;
-    HRESULT write(const GUID& id, const VARIANT& value, UNDO_STYLE style, double time);
+    /// Writes the bound variable to the property, if the entry has one.
+    void writeEntry(const CDSPPGControlMapEntry& entry, UNDO_STYLE style);
+    void writeStep(const CDSPPGControlMapEntry& entry);
+    void notify(const CDSPPGControlMapEntry& entry);
+    void beginDrag();
+    void endDrag(bool cancelled);
 
     UINT dialogId_;
     UINT titleId_;
     HWND dialog_ = nullptr;
     ComPtr<IDSPageSite> site_;
     std::vector<Observed> objects_;
+    /// Of the notifications of the first object; 0 without one.
+    ULONG cookie_ = 0;
     DSCTLCOMMANDNOTIFY lastCommand_;
-    /// The bracket of a drag that is under way.
+    /// The bracket of a drag that is under way, or DSUNDO_OWN_STEP.
     UNDO_STYLE dragStyle_ = DSUNDO_OWN_STEP;
 };

@@ -18,7 +18,7 @@ struct DSUNDOINFO {
 /// Passed to IPropertyPage::SetPageSite. All calls are made on the user-interface thread.
 struct IDSPageSite : IUnknown {
     /// The current time in seconds.
-    virtual HRESULT GetCurrentTime(double* seconds) = 0;
+    virtual HRESULT GetTime(double* seconds) = 0;
     /// Writes a property of `object` (its IDSProperties) at `seconds`, as part of the undo step
     /// that `style` says. Gives the status of IDSProperties::SetValue.
     virtual HRESULT WriteProperty(IUnknown* object, const GUID& id, double seconds,

@@ -39,6 +39,8 @@ public:
     HRESULT End();
 
 private:
+    HRESULT open(DSCTLCOMMANDNOTIFY command);
+
     CDSBasePropertyPage* page_;
     UNDO_STYLE style_ = DSUNDO_OWN_STEP;
     int depth_ = 0;

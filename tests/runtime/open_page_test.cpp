@@ -44,9 +44,9 @@ TEST_F(OpenPages, HearOfTheTime) {
     EXPECT_EQ(a->time, 1.5);
     EXPECT_EQ(b->time, 1.5);
     double seconds = 0.0;
-    EXPECT_EQ(a->site->GetCurrentTime(&seconds), S_OK);
+    EXPECT_EQ(a->site->GetTime(&seconds), S_OK);
     EXPECT_EQ(seconds, 1.5);
-    EXPECT_EQ(a->site->GetCurrentTime(nullptr), E_POINTER);
+    EXPECT_EQ(a->site->GetTime(nullptr), E_POINTER);
     EXPECT_TRUE(a->alwaysInProject);
     second.reset();
     editor.setTime(2.0);
@@ -147,7 +147,7 @@ TEST_F(OpenPages, ASiteThatOutlivesItsPageRefusesEverything) {
     UNDO_STYLE style = 0;
     const DSUNDOINFO info{L"Late", 0};
     const VARIANT value = DSVariantFromLong(1);
-    EXPECT_EQ(site->GetCurrentTime(&seconds), E_UNEXPECTED);
+    EXPECT_EQ(site->GetTime(&seconds), E_UNEXPECTED);
     EXPECT_EQ(site->WriteProperty(object.get(), kLiftId, 0.0, &value, 1), E_UNEXPECTED);
     EXPECT_EQ(site->BeginUndo(&info, &style), E_UNEXPECTED);
     EXPECT_EQ(site->EndUndo(2), E_UNEXPECTED);
