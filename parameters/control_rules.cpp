@@ -39,7 +39,7 @@ constexpr std::size_t indexOf(Id id) {
     return static_cast<std::size_t>(id);
 }
 
-bool hasState(Id id, ControlState state, ParameterValues values) {
+bool hasState(Id id, ControlState state, AllParameterValues values) {
     return std::ranges::all_of(kControlRules, [&](const ControlRule& rule) {
         const bool concerned =
             rule.state == state && std::ranges::find(rule.parameters, id) != rule.parameters.end();
@@ -58,11 +58,11 @@ std::span<const ControlRule> controlRules() {
     return kControlRules;
 }
 
-bool isControlShown(ParameterId id, ParameterValues values) {
+bool isControlShown(ParameterId id, AllParameterValues values) {
     return hasState(id, ControlState::Show, values);
 }
 
-bool isControlEnabled(ParameterId id, ParameterValues values) {
+bool isControlEnabled(ParameterId id, AllParameterValues values) {
     return hasState(id, ControlState::Enable, values);
 }
 

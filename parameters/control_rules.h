@@ -31,12 +31,12 @@ struct ControlRule {
 std::span<const ControlRule> controlRules();
 
 /// The value of every parameter, in the order of ParameterId.
-using ParameterValues = std::span<const double, kParameterCount>;
+using AllParameterValues = std::span<const double, kParameterCount>;
 
 /// True if the page shows the parameter's control for these values; true without a rule.
-bool isControlShown(ParameterId id, ParameterValues values);
+bool isControlShown(ParameterId id, AllParameterValues values);
 
 /// True if the parameter's control is enabled for these values; true without a rule.
-bool isControlEnabled(ParameterId id, ParameterValues values);
+bool isControlEnabled(ParameterId id, AllParameterValues values);
 
 }  // namespace ruvex

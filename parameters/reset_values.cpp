@@ -8,7 +8,7 @@ using Id = ParameterId;
 // These are not the defaults of the parameters, although most are the same number: what Reset sets
 // and what a new effect begins with are changed independently.
 
-constexpr ResetValue kMainReset[] = {
+constexpr ParameterValue kMainReset[] = {
     {Id::TvType, 0},
     {Id::Seed, 5},
     {Id::TvContrast, 0},
@@ -23,34 +23,34 @@ constexpr ResetValue kMainReset[] = {
     {Id::TintColourB, 30},
 };
 
-constexpr ResetValue kGunsReset[] = {
+constexpr ParameterValue kGunsReset[] = {
     {Id::TvBrightnessRed, 0}, {Id::TvBrightnessGreen, 0}, {Id::TvBrightnessBlue, 0},
     {Id::GunAlignRedX, 0},    {Id::GunAlignRedY, 0},      {Id::GunAlignGreenX, 0},
     {Id::GunAlignGreenY, 0},  {Id::GunAlignBlueX, 0},     {Id::GunAlignBlueY, 0},
 };
 
-constexpr ResetValue kBreakup1Reset[] = {
+constexpr ParameterValue kBreakup1Reset[] = {
     {Id::ColourDegradeMax, 100}, {Id::ColourThreshold, 50},   {Id::SnowMax, 60},
     {Id::SnowThreshold, 0},      {Id::SnowSoftness, 3},       {Id::SnowSparseness, 15},
     {Id::NumGhosts, 2},          {Id::GhostingThreshold, 20}, {Id::GhostingDistanceMax, 50},
     {Id::GhostingStrength, 100}, {Id::GhostingSpeed, 50},
 };
 
-constexpr ResetValue kBreakup2Reset[] = {
+constexpr ParameterValue kBreakup2Reset[] = {
     {Id::EdgeDistortionMax, 100},  {Id::EdgeJaggedness, 1},      {Id::EdgeThreshold, 40},
     {Id::EdgeSpeed, 50},           {Id::LineAngle, 10},          {Id::LineSpacing, 50},
     {Id::LineSpeedMax, 100},       {Id::LineThreshold, 50},      {Id::VertOffsetMax, 200},
     {Id::VertOffsetThreshold, 80}, {Id::VertRollSpeedMax, 1000}, {Id::VertRollThreshold, 90},
 };
 
-constexpr ResetValue kShashReset[] = {
+constexpr ParameterValue kShashReset[] = {
     {Id::ShashType, 5},
     {Id::ShashPeriod, 0.5},
     {Id::ShashAmountMax, 100},
     {Id::ShashThreshold, 99},
 };
 
-constexpr ResetValue kEffectsReset[] = {
+constexpr ParameterValue kEffectsReset[] = {
     {Id::ScanlineWidth, 0}, {Id::PlayMode, 0},
     {Id::PlaySpeed, 100},   {Id::EmInterference, 0},
     {Id::WhiteDot, 0},      {Id::Resolution, 100},
@@ -60,7 +60,7 @@ constexpr ResetValue kEffectsReset[] = {
     {Id::BorderAlpha, 0},
 };
 
-constexpr ResetValue kCroppingReset[] = {
+constexpr ParameterValue kCroppingReset[] = {
     {Id::CropLeft, 0},    {Id::CropRight, 100}, {Id::CropBottom, 0},     {Id::CropTop, 100},
     {Id::XEdgeMethod, 2}, {Id::YEdgeMethod, 2}, {Id::CropColourR, 0},    {Id::CropColourG, 0},
     {Id::CropColourB, 0}, {Id::CropColourA, 0}, {Id::DisplayCropped, 0}, {Id::BlankCropped, 0},
@@ -68,7 +68,7 @@ constexpr ResetValue kCroppingReset[] = {
 
 }  // namespace
 
-std::span<const ResetValue> resetValues(ParameterPage page) {
+std::span<const ParameterValue> resetValues(ParameterPage page) {
     switch (page) {
         case ParameterPage::Main:
             return kMainReset;

@@ -9,7 +9,7 @@
 
 namespace ruvex {
 
-struct ResetValue {
+struct ParameterValue {
     ParameterId id;
     double value;  ///< a whole number for every kind but Real
 };
@@ -17,6 +17,6 @@ struct ResetValue {
 /// What Reset sets on a page, in the order in which it is set; empty for a page without the button
 /// (Help, Host). A colour is a row for each of its channels, one after the other; the tint has no
 /// alpha. Parameters of other pages are not changed.
-std::span<const ResetValue> resetValues(ParameterPage page);
+std::span<const ParameterValue> resetValues(ParameterPage page);
 
 }  // namespace ruvex

@@ -21,7 +21,7 @@ constexpr Page kAllPages[] = {Page::Main,     Page::Guns,  Page::Breakup1,
 /// A page's rows as "label value" lines, to compare with a list typed by hand.
 std::string resetLines(Page page) {
     std::ostringstream lines;
-    for (const ResetValue& reset : resetValues(page)) {
+    for (const ParameterValue& reset : resetValues(page)) {
         lines << row(reset.id).label << ' ' << reset.value << '\n';
     }
     return lines.str();
@@ -83,7 +83,7 @@ TEST(ResetValues, HelpAndTheHostHaveNone) {
 TEST(ResetValues, CoverEachParameterOfTheirPageOnceAndNoOther) {
     for (const Page page : kAllPages) {
         std::set<Id> seen;
-        for (const ResetValue& reset : resetValues(page)) {
+        for (const ParameterValue& reset : resetValues(page)) {
             EXPECT_EQ(row(reset.id).page, page) << row(reset.id).label;
             EXPECT_TRUE(seen.insert(reset.id).second) << row(reset.id).label;
         }
@@ -97,7 +97,7 @@ TEST(ResetValues, CoverEachParameterOfTheirPageOnceAndNoOther) {
 
 TEST(ResetValues, LieInTheRangeOfTheControl) {
     for (const Page page : kAllPages) {
-        for (const ResetValue& reset : resetValues(page)) {
+        for (const ParameterValue& reset : resetValues(page)) {
             const auto range = row(reset.id).controlRange;
             EXPECT_TRUE(!range || range->contains(reset.value)) << row(reset.id).label;
         }
@@ -111,7 +111,7 @@ const std::map<Id, double> kOtherThanDefault = {};
 TEST(ResetValues, DifferFromTheDefaultsOnlyWhereListed) {
     std::map<Id, double> different;
     for (const Page page : kAllPages) {
-        for (const ResetValue& reset : resetValues(page)) {
+        for (const ParameterValue& reset : resetValues(page)) {
             if (reset.value != row(reset.id).defaultValue) different[reset.id] = reset.value;
         }
     }
