@@ -12,10 +12,6 @@
 
 namespace ruvex {
 
-/// QueryInterface of an effect of this family with this identifier, or with the class identifier,
-/// gives its `VxDsEffect`.
-inline constexpr GUID kVxDsEffectId = guidFromText("53A973D2-298B-11D3-AB9A-0000E8D8077F");
-
 /// Simulates faulty television reception. Concurrent renders need separate objects (clones).
 class Ruvex final : public VxDsEffect, public CDSImageMIEffect, public IRuvexControl {
 public:

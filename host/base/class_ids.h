@@ -18,4 +18,8 @@ inline constexpr GUID kHelpPageId = guidFromText("633BF221-759B-4B4A-B863-647068
 /// The crop page is shared with other effects of the family, so its identifier looks different.
 inline constexpr GUID kCropPageId = guidFromText("D9885DBA-EAB5-4D09-ADFE-A35A1E0693C3");
 
+/// QueryInterface of an effect of this family with this identifier, or with its class identifier,
+/// gives its `VxDsEffect`.
+inline constexpr GUID kVxDsEffectId = guidFromText("53A973D2-298B-11D3-AB9A-0000E8D8077F");
+
 }  // namespace ruvex

@@ -5,6 +5,14 @@
 #include "effect/ruvex.h"
 #include "host/base/class_ids.h"
 #include "host/module/class_factory.h"
+#include "pages/breakup1_ppg.h"
+#include "pages/breakup2_ppg.h"
+#include "pages/effects_ppg.h"
+#include "pages/full_crop_ppg.h"
+#include "pages/guns_ppg.h"
+#include "pages/help_ppg.h"
+#include "pages/ruvex_ppg.h"
+#include "pages/shash_ppg.h"
 #include "sdk/effect/object_families.h"
 
 namespace ruvex {
@@ -18,15 +26,15 @@ IClassFactory* makeFactory() {
 // The string number of kToolClassId is not in the string table; the class has no description.
 constexpr ServedClass kClasses[] = {
     {kRuvexClassId, 2, makeFactory<Ruvex, IDSImageEffect>},
-    {kRuvexPageId, 4, nullptr},
-    {kGunsPageId, 6, nullptr},
-    {kBreakup1PageId, 8, nullptr},
-    {kBreakup2PageId, 10, nullptr},
-    {kShashPageId, 12, nullptr},
-    {kEffectsPageId, 14, nullptr},
+    {kRuvexPageId, 4, makeFactory<RuvexPPG, IPropertyPage>},
+    {kGunsPageId, 6, makeFactory<GunsPPG, IPropertyPage>},
+    {kBreakup1PageId, 8, makeFactory<Breakup1PPG, IPropertyPage>},
+    {kBreakup2PageId, 10, makeFactory<Breakup2PPG, IPropertyPage>},
+    {kShashPageId, 12, makeFactory<ShashPPG, IPropertyPage>},
+    {kEffectsPageId, 14, makeFactory<EffectsPPG, IPropertyPage>},
     {kToolClassId, 1178, nullptr},
-    {kHelpPageId, 16, nullptr},
-    {kCropPageId, 4997, nullptr},
+    {kHelpPageId, 16, makeFactory<HelpPPG, IPropertyPage>},
+    {kCropPageId, 4997, makeFactory<FullCropPPG, IPropertyPage>},
 };
 
 constexpr GUID kFamilies[] = {

@@ -1,0 +1,40 @@
+#include "pages/manual.h"
+#include "sdk/window/window.h"
+
+namespace ruvex {
+namespace {
+
+constexpr const wchar_t* kKey = L"Software\\Microsoft\\Windows\\CurrentVersion";
+/// All rights but that of a symbolic link. An ordinary user does not have them and gets the
+/// fall-back folder.
+constexpr REGSAM kAccess = 0xF003F;
+
+class SystemRegistryText final : public RegistryText {
+public:
+    bool open() override {
+        return RegOpenKeyExW(HKEY_LOCAL_MACHINE, kKey, 0, kAccess, &key_) == ERROR_SUCCESS;
+    }
+    bool read(wchar_t* buffer, std::size_t bytes) override {
+        DWORD type = 0;
+        auto size = static_cast<DWORD>(bytes);
+        const LONG status = RegQueryValueExW(key_, L"ProgramFilesDir", nullptr, &type,
+                                             reinterpret_cast<BYTE*>(buffer), &size);
+        // A text that fills the buffer may lack its zero.
+        buffer[bytes / sizeof(wchar_t) - 1] = L'\0';
+        return status == ERROR_SUCCESS;
+    }
+    void close() override { RegCloseKey(key_); }
+
+private:
+    HKEY key_ = nullptr;
+};
+
+}  // namespace
+
+void OpenManual() {
+    SystemRegistryText registry;
+    const std::wstring file = installedManual(programFilesFolder(registry));
+    ShellExecuteW(nullptr, L"open", file.c_str(), nullptr, nullptr, SW_SHOWDEFAULT);
+}
+
+}  // namespace ruvex

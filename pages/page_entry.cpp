@@ -1,0 +1,55 @@
+#include "pages/page_entry.h"
+
+#include "sdk/pages/base_property_page.h"
+
+namespace ruvex {
+namespace {
+
+/// Released name and version of all control maps of this family of effects.
+constexpr const wchar_t* kMapName = L"Velmar4.3";
+constexpr int kMapVersion = 1;
+
+/// The meaning of this flag belongs to the host.
+constexpr UINT kOwnPageFlag = 16;
+
+VARTYPE typeOf(ParameterKind kind) {
+    if (isReal(kind)) return VT_R8;
+    return isCheckBox(kind) ? VT_BOOL : VT_I4;
+}
+
+UINT flagsOf(const PageEntry& entry, EntryFlags flags) {
+    if (entry.record && isReal(row(entry.id).kind)) return DSENTRY_ANIMATABLE;
+    const UINT own = flags == EntryFlags::Own ? kOwnPageFlag : 0;
+    return entry.record ? own : own | DSENTRY_COMMAND;
+}
+
+}  // namespace
+
+CDSPPGControlMapEntry controlMapEntry(const PageEntry& entry, EntryFlags flags) {
+    if (!entry.record) {
+        return {.property = GUID_NoProperty,
+                .propertyType = 0,
+                .boundVariable = nullptr,
+                .boundType = 0,
+                .controlId = entry.controlId,
+                .notify = entry.notify,
+                .flags = flagsOf(entry, flags),
+                .toolTip = entry.commandTip};
+    }
+    const ParameterRow& parameter = row(entry.id);
+    const VARTYPE type = typeOf(parameter.kind);
+    return {.property = parameter.identifier,
+            .propertyType = type,
+            .boundVariable = entry.record->bound,
+            .boundType = type,
+            .controlId = entry.controlId != 0 ? entry.controlId : DSCONTROL_NONE,
+            .notify = entry.notify,
+            .flags = flagsOf(entry, flags),
+            .toolTip = static_cast<UINT>(parameter.hintString)};
+}
+
+CDSPPGControlMap makeControlMap(const CDSPPGControlMapEntry* entries) {
+    return CDSPPGControlMap(kMapName, kMapVersion, &CDSBasePropertyPage::m_ControlMap, entries);
+}
+
+}  // namespace ruvex
