@@ -31,10 +31,8 @@ Breakup1PPG::Breakup1PPG() : VxDsPPG(IDD_BREAKUP1, 7, "Breakup1PPG") {
 }
 
 const CDSPPGControlMap* Breakup1PPG::GetControlMap() {
-    static const auto entries = controlMapEntries(kEntries, EntryFlags::Own);
-    static CDSPPGControlMap map = makeControlMap(entries.data());
-    CDSPPGControlMap::Initialize(map);
-    return &map;
+    static PageControlMap map(kEntries, EntryFlags::Own);
+    return map.initialized();
 }
 
 void Breakup1PPG::UpdateColourControls() {

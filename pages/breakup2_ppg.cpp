@@ -31,10 +31,8 @@ Breakup2PPG::Breakup2PPG() : VxDsPPG(IDD_BREAKUP2, 9, "Breakup2PPG") {
 }
 
 const CDSPPGControlMap* Breakup2PPG::GetControlMap() {
-    static const auto entries = controlMapEntries(kEntries, EntryFlags::Own);
-    static CDSPPGControlMap map = makeControlMap(entries.data());
-    CDSPPGControlMap::Initialize(map);
-    return &map;
+    static PageControlMap map(kEntries, EntryFlags::Own);
+    return map.initialized();
 }
 
 void Breakup2PPG::OnResetPage() {

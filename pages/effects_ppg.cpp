@@ -32,10 +32,8 @@ EffectsPPG::EffectsPPG() : VxDsPPG(IDD_EFFECTS, 13, "EffectsPPG") {
 }
 
 const CDSPPGControlMap* EffectsPPG::GetControlMap() {
-    static const auto entries = controlMapEntries(kEntries, EntryFlags::Own);
-    static CDSPPGControlMap map = makeControlMap(entries.data());
-    CDSPPGControlMap::Initialize(map);
-    return &map;
+    static PageControlMap map(kEntries, EntryFlags::Own);
+    return map.initialized();
 }
 
 void EffectsPPG::UpdateFishEyeControls() {

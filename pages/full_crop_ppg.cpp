@@ -44,10 +44,8 @@ FullCropPPG::FullCropPPG() : VxDsPPG(IDD_CROPPING, 4996, "crop") {
 }
 
 const CDSPPGControlMap* FullCropPPG::GetControlMap() {
-    static const auto entries = controlMapEntries(kEntries, EntryFlags::Shared);
-    static CDSPPGControlMap map = makeControlMap(entries.data());
-    CDSPPGControlMap::Initialize(map);
-    return &map;
+    static PageControlMap map(kEntries, EntryFlags::Shared);
+    return map.initialized();
 }
 
 HRESULT FullCropPPG::OnInitDialog() {

@@ -29,10 +29,8 @@ GunsPPG::GunsPPG() : VxDsPPG(IDD_GUNS, 5, "GunsPPG") {
 }
 
 const CDSPPGControlMap* GunsPPG::GetControlMap() {
-    static const auto entries = controlMapEntries(kEntries, EntryFlags::Own);
-    static CDSPPGControlMap map = makeControlMap(entries.data());
-    CDSPPGControlMap::Initialize(map);
-    return &map;
+    static PageControlMap map(kEntries, EntryFlags::Own);
+    return map.initialized();
 }
 
 void GunsPPG::UpdateGunControls() {

@@ -30,10 +30,8 @@ HelpPPG::HelpPPG() : VxDsPPG(IDD_HELP, 15, "HelpPPG") {
 }
 
 const CDSPPGControlMap* HelpPPG::GetControlMap() {
-    static const auto entries = controlMapEntries(kEntries, EntryFlags::Own);
-    static CDSPPGControlMap map = makeControlMap(entries.data());
-    CDSPPGControlMap::Initialize(map);
-    return &map;
+    static PageControlMap map(kEntries, EntryFlags::Own);
+    return map.initialized();
 }
 
 HRESULT HelpPPG::OnInitDialog() {

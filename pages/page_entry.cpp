@@ -1,13 +1,7 @@
 #include "pages/page_entry.h"
 
-#include "sdk/pages/base_property_page.h"
-
 namespace ruvex {
 namespace {
-
-/// Released name and version of all control maps of this family of effects.
-constexpr const wchar_t* kMapName = L"Velmar4.3";
-constexpr int kMapVersion = 1;
 
 /// The meaning of this flag belongs to the host.
 constexpr UINT kOwnPageFlag = 16;
@@ -46,10 +40,6 @@ CDSPPGControlMapEntry controlMapEntry(const PageEntry& entry, EntryFlags flags) 
             .notify = entry.notify,
             .flags = flagsOf(entry, flags),
             .toolTip = static_cast<UINT>(parameter.hintString)};
-}
-
-CDSPPGControlMap makeControlMap(const CDSPPGControlMapEntry* entries) {
-    return CDSPPGControlMap(kMapName, kMapVersion, &CDSBasePropertyPage::m_ControlMap, entries);
 }
 
 }  // namespace ruvex

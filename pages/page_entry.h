@@ -10,7 +10,7 @@
 
 #include "pages/ppg_controls.h"
 #include "parameters/parameter_table.h"
-#include "sdk/pages/control_map.h"
+#include "sdk/pages/base_property_page.h"
 
 namespace ruvex {
 
@@ -134,6 +134,10 @@ constexpr PageEntry command(UINT controlId, DSNotify notify, UINT tip) {
     return {.controlId = controlId, .notify = notify, .commandTip = tip};
 }
 
+/// Released name and version of all control maps of this family of effects.
+inline constexpr const wchar_t* kControlMapName = L"Velmar4.3";
+inline constexpr int kControlMapVersion = 1;
+
 /// Flags of the entries of a page.
 enum class EntryFlags {
     Own,     ///< bit 4 in the entries of commands and of everything that can't be animated
@@ -142,17 +146,32 @@ enum class EntryFlags {
 
 CDSPPGControlMapEntry controlMapEntry(const PageEntry& entry, EntryFlags flags);
 
-/// The control map's entries for the rows, with the terminator.
+/// The control map of a page class, made from its rows. A static object.
 template <std::size_t kCount>
-std::array<CDSPPGControlMapEntry, kCount + 1> controlMapEntries(const PageEntry (&rows)[kCount],
-                                                                EntryFlags flags) {
-    std::array<CDSPPGControlMapEntry, kCount + 1> entries{};
-    for (std::size_t i = 0; i < kCount; ++i) entries[i] = controlMapEntry(rows[i], flags);
-    entries[kCount] = CDSPPGControlMapEntry::terminator();
-    return entries;
-}
+class PageControlMap {
+public:
+    PageControlMap(const PageEntry (&rows)[kCount], EntryFlags flags)
+        : entries_(entriesOf(rows, flags)),
+          map_(kControlMapName, kControlMapVersion, &CDSBasePropertyPage::m_ControlMap,
+               entries_.data()) {}
 
-/// The control map of a page class, whose entries are `entries`.
-CDSPPGControlMap makeControlMap(const CDSPPGControlMapEntry* entries);
+    const CDSPPGControlMap* initialized() {
+        CDSPPGControlMap::Initialize(map_);
+        return &map_;
+    }
+
+private:
+    using Entries = std::array<CDSPPGControlMapEntry, kCount + 1>;
+
+    static Entries entriesOf(const PageEntry (&rows)[kCount], EntryFlags flags) {
+        Entries entries{};
+        for (std::size_t i = 0; i < kCount; ++i) entries[i] = controlMapEntry(rows[i], flags);
+        entries[kCount] = CDSPPGControlMapEntry::terminator();
+        return entries;
+    }
+
+    Entries entries_;
+    CDSPPGControlMap map_;
+};
 
 }  // namespace ruvex

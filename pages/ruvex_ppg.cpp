@@ -103,10 +103,8 @@ RuvexPPG::RuvexPPG() : VxDsPPG(IDD_MAIN, 3, "RuvexPPG") {
 }
 
 const CDSPPGControlMap* RuvexPPG::GetControlMap() {
-    static const auto entries = controlMapEntries(kEntries, EntryFlags::Own);
-    static CDSPPGControlMap map = makeControlMap(entries.data());
-    CDSPPGControlMap::Initialize(map);
-    return &map;
+    static PageControlMap map(kEntries, EntryFlags::Own);
+    return map.initialized();
 }
 
 void RuvexPPG::UpdateTvTypeControls() {

@@ -23,10 +23,8 @@ ShashPPG::ShashPPG() : VxDsPPG(IDD_SHASH, 11, "ShashPPG") {
 }
 
 const CDSPPGControlMap* ShashPPG::GetControlMap() {
-    static const auto entries = controlMapEntries(kEntries, EntryFlags::Own);
-    static CDSPPGControlMap map = makeControlMap(entries.data());
-    CDSPPGControlMap::Initialize(map);
-    return &map;
+    static PageControlMap map(kEntries, EntryFlags::Own);
+    return map.initialized();
 }
 
 void ShashPPG::UpdateShashControls() {

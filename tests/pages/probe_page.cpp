@@ -70,10 +70,8 @@ ProbePage::ProbePage() : VxDsPPG(1, 3, "probe") {
 }
 
 const CDSPPGControlMap* ProbePage::GetControlMap() {
-    static const auto entries = controlMapEntries(kEntries, EntryFlags::Own);
-    static CDSPPGControlMap map = makeControlMap(entries.data());
-    CDSPPGControlMap::Initialize(map);
-    return &map;
+    static PageControlMap map(kEntries, EntryFlags::Own);
+    return map.initialized();
 }
 
 void ProbePage::SetControlFromBoundVariable(UINT controlId) {
