@@ -13,6 +13,13 @@ CDSColourChip::Colour clampedColour(CDSColourChip::Colour colour) {
 
 }  // namespace
 
+HRESULT CDSColourChip::QueryInterface(const GUID& id, void** out) {
+    if (!out || id != kModelId) return ComObject::QueryInterface(id, out);
+    *out = this;
+    AddRef();
+    return S_OK;
+}
+
 HRESULT CDSColourChip::SetColour(LONG red, LONG green, LONG blue, LONG alpha) {
     replace(clampedColour({red, green, blue, alpha}));
     return S_OK;

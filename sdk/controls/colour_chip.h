@@ -26,6 +26,11 @@ struct DSInterfaceTraits<IDSColourChip> : DSInterface<IID_IDSColourChip> {};
 
 class DSSDK_API CDSColourChip final : public ComObject<IDSColourChip> {
 public:
+    /// QueryInterface with this identifier gives the model itself, as no other control does.
+    static constexpr GUID kModelId = ruvex::guidFromText("7A6B1C53-0D3E-4F8A-9C41-2E5D70B8A963");
+
+    HRESULT QueryInterface(const GUID& id, void** out) override;
+
     /// Red, green, blue, alpha.
     using Colour = std::array<LONG, 4>;
 

@@ -87,11 +87,11 @@ void enlargeList(HWND combo) {
                                 empty ? kDSMostListItems : std::min(items, kDSMostListItems));
 }
 
-/// The object behind a window's model, if it has the interface.
-template <class Interface>
-ComPtr<Interface> modelInterface(HWND window) {
-    const ComPtr<IUnknown> model(static_cast<IUnknown*>(GetPropW(window, kDSControlInterface)));
-    return model.query<Interface>();
+/// The model behind a window; null if the window has none, or one of another class.
+template <class Model>
+ComPtr<Model> modelOf(HWND window) {
+    const ComPtr<IUnknown> found(static_cast<IUnknown*>(GetPropW(window, kDSControlInterface)));
+    return found.query<Model>(Model::kModelId);
 }
 
 }  // namespace
@@ -120,11 +120,9 @@ void DSReleaseControls(HWND dialog) {
 }
 
 ComPtr<CDSNumberControl> DSNumberControlOf(HWND control) {
-    return ComPtr<CDSNumberControl>(
-        static_cast<CDSNumberControl*>(modelInterface<IDSNumberControl>(control).get()));
+    return modelOf<CDSNumberControl>(control);
 }
 
 ComPtr<CDSColourChip> DSColourChipOf(HWND control) {
-    return ComPtr<CDSColourChip>(
-        static_cast<CDSColourChip*>(modelInterface<IDSColourChip>(control).get()));
+    return modelOf<CDSColourChip>(control);
 }

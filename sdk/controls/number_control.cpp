@@ -24,6 +24,13 @@ void dropUselessLimits(CDSNumberControl::Options& options) {
 
 }  // namespace
 
+HRESULT CDSNumberControl::QueryInterface(const GUID& id, void** out) {
+    if (!out || id != kModelId) return ComObject::QueryInterface(id, out);
+    *out = this;
+    AddRef();
+    return S_OK;
+}
+
 CDSNumberControl::CDSNumberControl(Options options) : options_(std::move(options)) {
     dropUselessLimits(options_);
     options_.decimals = std::clamp(options_.decimals, 0, kMostDecimals);

@@ -36,6 +36,11 @@ enum class DSStepKeys { None, Shift, Control };
 /// The size of one step: 1, with Shift 10, with Control 0.1 (1 for a control without decimals).
 class DSSDK_API CDSNumberControl final : public ComObject<IDSNumberControl> {
 public:
+    /// QueryInterface with this identifier gives the model itself, as no other control does.
+    static constexpr GUID kModelId = ruvex::guidFromText("7A6B1C52-0D3E-4F8A-9C41-2E5D70B8A963");
+
+    HRESULT QueryInterface(const GUID& id, void** out) override;
+
     /// Called after each edit of the user; `value()` is the new value. Never called for changes by
     /// the program, nor for an edit that leaves the value as it was (the beginning and the end of a
     /// drag excepted). It may release the control and may replace itself.
