@@ -10,8 +10,6 @@
 
 namespace {
 
-constexpr int kMostText = 1024;
-
 std::int32_t wholeNumber(double value) {
     constexpr double kLow = std::numeric_limits<std::int32_t>::min();
     constexpr double kHigh = std::numeric_limits<std::int32_t>::max();
