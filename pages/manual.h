@@ -7,7 +7,8 @@
 
 namespace ruvex {
 
-/// Has the system open the manual. A missing document is not reported.
+/// Has the system open the manual. Throws nothing; failures and a missing document are not
+/// reported.
 void OpenManual();
 
 /// Text of one registry key, for `programFilesFolder`.

@@ -1,4 +1,5 @@
 #include "pages/manual.h"
+#include "sdk/com/guarded.h"
 #include "sdk/window/window.h"
 
 namespace ruvex {
@@ -32,9 +33,12 @@ private:
 }  // namespace
 
 void OpenManual() {
-    SystemRegistryText registry;
-    const std::wstring file = installedManual(programFilesFolder(registry));
-    ShellExecuteW(nullptr, L"open", file.c_str(), nullptr, nullptr, SW_SHOWDEFAULT);
+    guarded([] {
+        SystemRegistryText registry;
+        const std::wstring file = installedManual(programFilesFolder(registry));
+        ShellExecuteW(nullptr, L"open", file.c_str(), nullptr, nullptr, SW_SHOWDEFAULT);
+        return S_OK;
+    });
 }
 
 }  // namespace ruvex

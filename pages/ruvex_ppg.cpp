@@ -1,6 +1,7 @@
 #include "pages/ruvex_ppg.h"
 
-#include <vector>
+#include <array>
+#include <span>
 
 #include "pages/resources/resource_ids.h"
 #include "parameters/presets.h"
@@ -82,14 +83,18 @@ const PageEntry kEntries[] = {
     hidden<P, &P::shashAmountMax>(Id::ShashAmountMax),
 };
 
-/// The values of a preset, counted from 0, in the order in which they are written.
-std::vector<ParameterValue> presetValues(int preset) {
-    std::vector<ParameterValue> values;
-    for (const PresetRow& row : presetTable()) {
-        if (const auto value = row.value(preset)) values.push_back({row.id, *value});
+/// The values of one preset. Needs no memory, so that a preset is written whole or not at all.
+struct PresetValues {
+    /// `preset` counts from 0. The values are in the order in which they are written.
+    explicit PresetValues(int preset) {
+        for (const PresetRow& row : presetTable()) {
+            if (const auto value = row.value(preset)) values[count++] = {row.id, *value};
+        }
     }
-    return values;
-}
+
+    std::array<ParameterValue, kParameterCount> values{};
+    std::size_t count = 0;
+};
 
 }  // namespace
 
@@ -115,7 +120,10 @@ void RuvexPPG::OnPresetSelected() {
     BeginPageUndo();
     const std::int32_t item = presets.Get();
     // Item 0 is the title of the list.
-    if (item >= 1 && item <= kPresetCount) writeValues(presetValues(item - 1));
+    if (item >= 1 && item <= kPresetCount) {
+        const PresetValues preset(item - 1);
+        writeValues(std::span(preset.values).first(preset.count));
+    }
     EndPageUndo();
     presets.Set(0);
     SetControlFromBoundVariable(IDC_PRESETS);

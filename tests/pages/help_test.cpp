@@ -1,6 +1,7 @@
 // The Help page and the manual.
 
 #include <algorithm>
+#include <utility>
 
 #include "host/base/overlay_tool.h"
 #include "pages/manual.h"
@@ -113,6 +114,15 @@ TEST_F(HelpPage, WithoutAShellNothingHappens) {
     const auto page = open(kHelpPageId);
     EXPECT_TRUE(DSClickButton(item(page, IDC_ONLINE_HELP)));
     EXPECT_EQ(page->page().Help(L"folder"), S_OK);
+}
+
+TEST_F(HelpPage, AFileNameThatIsNoTextOpensNothing) {
+    const Shell shell;
+    const auto page = open(kHelpPageId);
+    const char* const file = std::exchange(moduleInstance->file, "/opt/\xFF/lib/ruvex/V_Ruvex.so");
+    EXPECT_EQ(page->page().Help(nullptr), S_OK);
+    moduleInstance->file = file;
+    EXPECT_TRUE(shell.files.empty());
 }
 
 /// Texts of a registry: what each read gives; the last one is repeated.
