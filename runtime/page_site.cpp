@@ -45,7 +45,10 @@ HRESULT PageSite::BeginUndo(const DSUNDOINFO* info, UNDO_STYLE* style) {
 HRESULT PageSite::EndUndo(UNDO_STYLE style) {
     if (!editor_) return E_UNEXPECTED;
     const DSContentScope scope = editor_->session().enter();
-    return editor_->undoStack().end(style);
+    UndoStack& stack = editor_->undoStack();
+    if (!stack.isOpen(style)) return E_INVALIDARG;
+    stack.close(style);
+    return S_OK;
 }
 
 HRESULT PageSite::CancelUndo(UNDO_STYLE style) {

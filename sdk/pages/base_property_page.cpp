@@ -96,7 +96,10 @@ HRESULT CDSBasePropertyPage::Activate(HWND parent, const RECT* place, BOOL) {
     dialog_ = CreateDialogParamW(GetResourceInstance(), MAKEINTRESOURCEW(dialogId_), parent,
                                  dialogMessage, reinterpret_cast<LPARAM>(this));
     if (!dialog_) return E_FAIL;
-    const HRESULT status = ruvex::guarded([&] { return prepareDialog(place); });
+    // Where memory ran out for the property, the dialog does not know its page.
+    const bool attached = GetPropW(dialog_, kPageProperty) != nullptr;
+    const HRESULT status =
+        attached ? ruvex::guarded([&] { return prepareDialog(place); }) : E_OUTOFMEMORY;
     if (FAILED(status)) Deactivate();
     return status;
 }
@@ -124,7 +127,7 @@ void CDSBasePropertyPage::addToolTips() {
 
 HRESULT CDSBasePropertyPage::Deactivate() {
     if (!dialog_) return S_FALSE;
-    endDrag(false);
+    endDrag();
     const HWND dialog = std::exchange(dialog_, nullptr);
     RemovePropW(dialog, kPageProperty);
     DSReleaseControls(dialog);

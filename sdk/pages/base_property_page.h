@@ -131,7 +131,9 @@ private:
     void writeStep(const CDSPPGControlMapEntry& entry);
     void notify(const CDSPPGControlMapEntry& entry);
     void beginDrag();
-    void endDrag(bool cancelled);
+    void endDrag();
+    /// Returns whether the host has undone the writes of the drag.
+    bool cancelDrag();
 
     UINT dialogId_;
     UINT titleId_;

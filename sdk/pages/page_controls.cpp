@@ -116,9 +116,14 @@ void CDSBasePropertyPage::onNumber(UINT controlId, DSNumberEdit edit) {
             beginDrag();
             return;
         case DSNumberEdit::DragEnded:
-        case DSNumberEdit::DragCancelled:
-            endDrag(edit == DSNumberEdit::DragCancelled);
+            endDrag();
             return;
+        case DSNumberEdit::DragCancelled:
+            if (cancelDrag()) return;
+            // The control shows the value from before the drag again.
+            readControl(*entry);
+            writeEntry(*entry, DSUNDO_OWN_STEP);
+            break;
         case DSNumberEdit::Stepped:
             readControl(*entry);
             writeStep(*entry);
@@ -157,10 +162,18 @@ void CDSBasePropertyPage::beginDrag() {
     });
 }
 
-void CDSBasePropertyPage::endDrag(bool cancelled) {
-    if (dragStyle_ == DSUNDO_OWN_STEP) return;
+void CDSBasePropertyPage::endDrag() {
     const UNDO_STYLE style = std::exchange(dragStyle_, DSUNDO_OWN_STEP);
     const ComPtr<IDSPageSite> site = site_;
-    if (!site) return;
-    cancelled ? site->CancelUndo(style) : site->EndUndo(style);
+    if (site && style != DSUNDO_OWN_STEP) site->EndUndo(style);
+}
+
+bool CDSBasePropertyPage::cancelDrag() {
+    const UNDO_STYLE style = std::exchange(dragStyle_, DSUNDO_OWN_STEP);
+    const ComPtr<IDSPageSite> site = site_;
+    if (!site || style == DSUNDO_OWN_STEP) return false;
+    if (SUCCEEDED(site->CancelUndo(style))) return true;
+    // Open still, if another bracket was begun inside it.
+    site->EndUndo(style);
+    return false;
 }

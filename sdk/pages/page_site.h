@@ -26,9 +26,11 @@ struct IDSPageSite : IUnknown {
     /// Begins a bracket and gives its style, above 1. Brackets nest: the inner one's writes belong
     /// to the outermost one.
     virtual HRESULT BeginUndo(const DSUNDOINFO* info, UNDO_STYLE* style) = 0;
-    /// Ends a bracket. E_INVALIDARG if it is not the innermost one.
+    /// Ends a bracket, at once or as soon as the brackets inside it have ended. E_INVALIDARG if it
+    /// is not open.
     virtual HRESULT EndUndo(UNDO_STYLE style) = 0;
     /// Undoes the writes of the innermost bracket and ends it: the user has cancelled a drag.
+    /// E_INVALIDARG for another bracket, which stays open.
     virtual HRESULT CancelUndo(UNDO_STYLE style) = 0;
 
 protected:

@@ -2,9 +2,10 @@
 
 #pragma once
 
-#include "sdk/com/com.h"
+#include "sdk/com/com_ptr.h"
 
 class CDSBasePropertyPage;
+struct IDSPageSite;
 
 /// Says to which undo step a write belongs. 0 and 1 are fixed; any other number identifies a
 /// bracket and is given out by the host when the bracket begins.
@@ -29,7 +30,10 @@ using DSCTLCOMMANDNOTIFY = tagDSCTLCOMMANDNOTIFY;
 class DSSDK_API CDSUndoStyleMgr {
 public:
     /// `page` outlives this object.
-    explicit CDSUndoStyleMgr(CDSBasePropertyPage* page) : page_(page) {}
+    explicit CDSUndoStyleMgr(CDSBasePropertyPage* page);
+    CDSUndoStyleMgr(const CDSUndoStyleMgr&) = delete;
+    CDSUndoStyleMgr& operator=(const CDSUndoStyleMgr&) = delete;
+    ~CDSUndoStyleMgr();
 
     /// Begins a bracket and stores its style in `*style`, or DSUNDO_OWN_STEP if the page has no
     /// host. With a nonzero `countNested`, a Begin inside a bracket counts and continues the same
@@ -42,6 +46,8 @@ private:
     HRESULT open(DSCTLCOMMANDNOTIFY command);
 
     CDSBasePropertyPage* page_;
+    /// The host where the open bracket was begun; the page may have left it since.
+    ComPtr<IDSPageSite> site_;
     UNDO_STYLE style_ = DSUNDO_OWN_STEP;
     int depth_ = 0;
 };

@@ -90,6 +90,32 @@ TEST_F(BasePage, WithoutASiteItWritesToTheObjectItself) {
     EXPECT_EQ(page->GetPlainProperty(page->seed.property, &read, nullptr), E_UNEXPECTED);
 }
 
+TEST_F(BasePage, WithoutASiteACancelledDragWritesTheFirstValueBack) {
+    page->start(*object, nullptr);
+    page->seed.Set(12);
+    const auto number = DSNumberControlOf(page->GetHwndControl(IDC_SEED));
+    number->beginDrag();
+    number->drag(8);
+    EXPECT_EQ(page->seed.value, 16);
+    number->revert();
+    EXPECT_EQ(number->value(), 12.0);
+    EXPECT_EQ(page->seed.value, 12);
+    EXPECT_EQ(object->values[page->seed.property].lVal, 12);
+    page->stop();
+}
+
+TEST_F(BasePage, ABracketEndsAtTheSiteThatBeganIt) {
+    page->start(*object, site.get());
+    page->BeginPageUndo();
+    page->stop();
+    const auto other = ComPtr<ScriptedSite>::attach(new ScriptedSite(*object));
+    page->start(*object, other.get());
+    page->EndPageUndo();
+    EXPECT_EQ(site->log, (std::vector<std::wstring>{L"begin V_Ruvex", L"end 7"}));
+    EXPECT_TRUE(other->log.empty());
+    page->stop();
+}
+
 TEST_F(BasePage, ClosingDuringADragEndsItsBracket) {
     page->start(*object, site.get());
     DSNumberControlOf(page->GetHwndControl(IDC_SEED))->beginDrag();

@@ -59,6 +59,39 @@ TEST_F(Edits, ADragIsOneStepAndCanBeCancelled) {
     EXPECT_EQ(value(ParameterId::MasterBreakup), 50.0);
 }
 
+TEST_F(Edits, TwoDragsMayEndInTheOrderOfTheirBeginning) {
+    const auto main = open(kRuvexPageId);
+    const auto effects = open(kEffectsPageId);
+    const auto level = number(main, IDC_MASTER_BREAKUP);
+    const auto blur = number(effects, IDC_BLUR);
+    level->beginDrag();
+    blur->beginDrag();
+    level->drag(10);
+    blur->drag(4);
+    level->endDrag();
+    blur->endDrag();
+    EXPECT_FALSE(editor->undoStack().isRecording());
+    EXPECT_EQ(steps(), 1u);
+    editor->undo();
+    EXPECT_EQ(value(ParameterId::MasterBreakup), 50.0);
+    EXPECT_EQ(value(ParameterId::Blur), 0.0);
+}
+
+TEST_F(Edits, ACancelledDragGoesBackAlsoWhenAnotherHasBegun) {
+    const auto main = open(kRuvexPageId);
+    const auto effects = open(kEffectsPageId);
+    const auto level = number(main, IDC_MASTER_BREAKUP);
+    const auto blur = number(effects, IDC_BLUR);
+    level->beginDrag();
+    level->drag(10);
+    blur->beginDrag();
+    level->revert();
+    EXPECT_EQ(value(ParameterId::MasterBreakup), 50.0);
+    blur->endDrag();
+    EXPECT_FALSE(editor->undoStack().isRecording());
+    EXPECT_EQ(steps(), 0u) << "nothing has changed";
+}
+
 TEST_F(Edits, ADragThatReturnsIsNoStep) {
     const auto page = open(kRuvexPageId);
     const auto level = number(page, IDC_MASTER_BREAKUP);

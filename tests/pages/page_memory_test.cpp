@@ -1,6 +1,7 @@
 // Pages in memory that runs out: a status code, nothing left behind.
 
 #include "host/module/entry_points.h"
+#include "pages/resources/resource_ids.h"
 #include "tests/pages/page_test.h"
 #include "tests/support/watched_new.h"
 
@@ -62,6 +63,68 @@ TEST_F(PageMemory, RunsOutAtEachAllocationOfAnActivation) {
     // Everything works afterwards.
     const auto page = open(kPageIds[0]);
     expectControlsShow(page, *editor);
+}
+
+/// Lets an operation of the user run out of memory at each of its allocations, and undoes it.
+template <class Operation>
+void runOut(runtime::Editor& editor, Operation operation) {
+    for (std::size_t failing = 1;; ++failing) {
+        SCOPED_TRACE(failing);
+        bool failed = false;
+        {
+            const FailingNew memory(failing);
+            EXPECT_NO_THROW(operation());
+            failed = memory.failed();
+        }
+        ASSERT_FALSE(editor.undoStack().isRecording()) << "a bracket was left open";
+        while (editor.undoStack().undoCount() > 0) editor.undo();
+        if (!failed) return;
+        ASSERT_LT(failing, 100000u);
+    }
+}
+
+TEST_F(PageMemory, RunsOutAtEachAllocationOfACommand) {
+    const auto before = states();
+    const auto main = open(kRuvexPageId);
+    const auto effects = open(kEffectsPageId);
+    const auto help = open(kHelpPageId);
+    runOut(*editor, [&] { DSChooseItem(item(main, IDC_PRESETS), 7); });
+    runOut(*editor, [&] { DSChooseItem(item(main, IDC_TV_TYPE), 2); });
+    runOut(*editor, [&] { DSClickButton(item(main, IDC_MAIN_RESET)); });
+    runOut(*editor, [&] { DSClickButton(item(effects, IDC_FISH_EYE)); });
+    runOut(*editor, [&] { DSClickButton(item(help, IDC_ONLINE_HELP)); });
+    runOut(*editor, [&] { EXPECT_EQ(help->page().Help(nullptr), S_OK); });
+    expectSame(states(), before);
+}
+
+TEST_F(PageMemory, AnActivePageHearsItsControls) {
+    for (std::size_t failing = 1;; ++failing) {
+        SCOPED_TRACE(failing);
+        set(ParameterId::Blur, 5.0);
+        ComPtr<IPropertyPage> page;
+        ASSERT_EQ(CoCreateInstance(kEffectsPageId, nullptr, CLSCTX_INPROC_SERVER, IID_IPropertyPage,
+                                   page.putVoid()),
+                  S_OK);
+        IUnknown* object = &session->properties();
+        bool failed = false;
+        HRESULT status = S_OK;
+        {
+            const FailingNew memory(failing);
+            status = page->SetObjects(1, &object);
+            if (SUCCEEDED(status)) status = page->Activate(nullptr, nullptr, FALSE);
+            failed = memory.failed();
+        }
+        if (SUCCEEDED(status)) {
+            page->Show(SW_SHOW);
+            HWND window = nullptr;
+            page.query<IDsPropertyPage>()->GetPageWindow(&window);
+            EXPECT_TRUE(DSClickButton(GetDlgItem(window, IDC_EFFECTS_RESET)));
+            EXPECT_EQ(value(ParameterId::Blur), 0.0);
+        }
+        page->Deactivate();
+        page->SetObjects(0, nullptr);
+        if (!failed) return;
+    }
 }
 
 }  // namespace

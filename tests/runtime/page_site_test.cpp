@@ -52,7 +52,6 @@ TEST_F(Site, InABracketAllWritesAreOneStep) {
     EXPECT_EQ(write(2, inner), S_OK);
     EXPECT_EQ(write(3, outer), S_OK);
     EXPECT_EQ(write(4, DSUNDO_JOIN), S_OK);
-    EXPECT_EQ(site->EndUndo(outer), E_INVALIDARG);
     EXPECT_EQ(site->EndUndo(inner), S_OK);
     EXPECT_EQ(write(5, DSUNDO_OWN_STEP), S_OK);
     EXPECT_EQ(site->EndUndo(outer), S_OK);
@@ -60,6 +59,21 @@ TEST_F(Site, InABracketAllWritesAreOneStep) {
     EXPECT_EQ(stack().undoName(), L"Preset");
     editor.undo();
     EXPECT_EQ(lift(), 0);
+}
+
+TEST_F(Site, AnOuterBracketEndsWithTheBracketsInsideIt) {
+    const UNDO_STYLE outer = begin(L"Outer");
+    EXPECT_EQ(write(1, outer), S_OK);
+    const UNDO_STYLE inner = begin(L"Inner");
+    EXPECT_EQ(site->CancelUndo(outer), E_INVALIDARG) << "is not the innermost one";
+    EXPECT_EQ(site->EndUndo(outer), S_OK);
+    EXPECT_EQ(site->EndUndo(outer), E_INVALIDARG) << "has ended";
+    EXPECT_EQ(write(2, inner), S_OK);
+    EXPECT_TRUE(stack().isRecording());
+    EXPECT_EQ(site->EndUndo(inner), S_OK);
+    EXPECT_FALSE(stack().isRecording());
+    EXPECT_EQ(stack().undoCount(), 1u);
+    EXPECT_EQ(stack().undoName(), L"Outer");
 }
 
 TEST_F(Site, AnEmptyBracketIsNoStep) {
