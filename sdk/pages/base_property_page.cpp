@@ -113,7 +113,8 @@ HRESULT CDSBasePropertyPage::prepareDialog(const RECT* place) {
     fillFromProperties();
     // Colour chips have no bound variable; pages set them here.
     UpdateAnimatedControls(secondsOf(kNow));
-    return S_OK;
+    // An observer of the windows may have closed the page meanwhile.
+    return dialog_ ? S_OK : E_UNEXPECTED;
 }
 
 void CDSBasePropertyPage::addToolTips() {

@@ -138,6 +138,24 @@ TEST_F(BasePage, ACommandMayCloseThePage) {
     EXPECT_TRUE(closed);
 }
 
+TEST_F(BasePage, AnActivationThatClosesThePageFails) {
+    object->values[page->masterBreakup.property] = DSVariantFromReal(1.0);
+    int events = 0;
+    for (int event = 1;; ++event) {
+        events = 0;
+        IUnknown* inspected = object.get();
+        page->SetObjects(1, &inspected);
+        const auto before = DSObserveWindows([&](HWND, DSWindowChange) {
+            if (++events == event) page->Deactivate();
+        });
+        const HRESULT status = page->Activate(nullptr, nullptr, FALSE);
+        DSObserveWindows(before);
+        EXPECT_EQ(SUCCEEDED(status), page->GetHwndDialog() != nullptr) << event;
+        page->stop();
+        if (events < event) break;
+    }
+}
+
 TEST_F(BasePage, AnotherTimeThanNowIsThatTime) {
     object->values[page->masterBreakup.property] = DSVariantFromReal(1.0);
     page->start(*object, site.get());
