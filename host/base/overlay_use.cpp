@@ -1,5 +1,7 @@
 #include "host/base/overlay_use.h"
 
+#include <utility>
+
 #include "host/base/class_ids.h"
 #include "sdk/viewer/viewer_controller.h"
 
@@ -15,16 +17,22 @@ HRESULT OverlayUse::show(IUnknown& object) {
     HRESULT status =
         CoCreateInstance(kToolClassId, nullptr, CLSCTX_INPROC_SERVER, IID_IUnknown, made.putVoid());
     if (FAILED(status)) return status;
+    ULONG context = 0;
     status = VWControllerPushContext(VWCONTEXT_INTERACTIVE_TOOL, made.get(), &object, nullptr,
-                                     nullptr, 0.0, &context_);
-    if (SUCCEEDED(status)) tool_ = made;
-    return status;
+                                     nullptr, 0.0, &context);
+    if (FAILED(status)) return status;
+    // During these calls another page may have shown a tool, or the last page may have closed.
+    if (tool_ || users_ == 0) return VWControllerRemoveContext(context);
+    tool_ = made;
+    context_ = context;
+    return S_OK;
 }
 
 void OverlayUse::end() {
     if (users_ == 0 || --users_ > 0 || !tool_) return;
+    // A page that is opened during the call shows a tool of its own.
+    const ComPtr<IUnknown> removed = std::exchange(tool_, nullptr);
     VWControllerRemoveContext(context_);
-    tool_.reset();
 }
 
 void OverlayUse::endAll() {

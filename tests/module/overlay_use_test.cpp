@@ -2,8 +2,10 @@
 // a plain object that a module of the tests serves under the tool's class.
 
 #include <cstring>
+#include <functional>
 #include <gtest/gtest.h>
 #include <string>
+#include <utility>
 
 #include "effect/ruvex.h"
 #include "sdk/com/com_object.h"
@@ -19,9 +21,13 @@ namespace {
 class ToolFactory final : public ComObject<IClassFactory> {
 public:
     HRESULT CreateInstance(IUnknown*, const GUID& id, void** out) override {
+        if (const auto now = std::exchange(duringCreation, nullptr)) now();
         return ComPtr<PlainObject>::attach(new PlainObject)->QueryInterface(id, out);
     }
     HRESULT LockServer(BOOL) override { return S_OK; }
+
+    /// Called once, while the next tool is made.
+    static inline std::function<void()> duringCreation;
 };
 
 HRESULT serveTool(const GUID& classId, const GUID& id, void** out) {
@@ -149,6 +155,29 @@ TEST_F(Overlay, AToolThatCannotBeMadeIsAskedForAgainByTheNextPage) {
     baseOf(effect).endOverlay();
     EXPECT_EQ(contexts(), 1u) << "the page without the tool has closed, the other one has not";
     baseOf(effect).endOverlay();
+    EXPECT_EQ(contexts(), 0u);
+}
+
+TEST_F(Overlay, APageThatOpensWhileTheToolIsMadeAddsNoSecondOne) {
+    const auto effect = makeEffect(DSFAMILY_Filter);
+    VxDsEffect& base = baseOf(effect);
+    ToolFactory::duringCreation = [&] { base.beginOverlay(object.get()); };
+    EXPECT_EQ(base.beginOverlay(object.get()), S_OK);
+    EXPECT_EQ(base.overlay.users(), 2);
+    EXPECT_EQ(contexts(), 1u);
+    base.endOverlay();
+    EXPECT_EQ(contexts(), 1u);
+    base.endOverlay();
+    EXPECT_EQ(contexts(), 0u);
+}
+
+TEST_F(Overlay, APageThatEndsWhileTheToolIsMadeLeavesNone) {
+    const auto effect = makeEffect(DSFAMILY_Filter);
+    VxDsEffect& base = baseOf(effect);
+    ToolFactory::duringCreation = [&] { base.endOverlay(); };
+    base.beginOverlay(object.get());
+    EXPECT_EQ(base.overlay.users(), 0);
+    EXPECT_FALSE(base.overlay.tool());
     EXPECT_EQ(contexts(), 0u);
 }
 
