@@ -193,14 +193,37 @@ TEST_F(ShowPage, APaintEffectIsNotCounted) {
     shown.page = ComPtr<PlainPage>::attach(new PlainPage);
 }
 
-class OverlayOfPages : public PageTest {};
+class OverlayOfPages : public PageTest {
+protected:
+    const VxDsEffect& effect() const {
+        void* found = nullptr;
+        EXPECT_EQ(session->effect().QueryInterface(kRuvexClassId, &found), S_OK);
+        session->effect().Release();
+        return *static_cast<VxDsEffect*>(found);
+    }
+};
+
+TEST_F(OverlayOfPages, APageFillsItsListsInOrderBeforeItIsLinked) {
+    const std::vector<int> lists[] = {{1000, 1008}, {},           {},           {},
+                                      {1100},       {1106, 1117}, {5004, 5005}, {}};
+    const VxDsEffect& linked = effect();
+    for (std::size_t i = 0; i < std::size(kPageIds); ++i) {
+        std::vector<int> filled;
+        const auto before = DSObserveWindows([&](HWND window, DSWindowChange) {
+            const DSWindowState* const list = DSGetWindowState(window);
+            if (linked.overlay.users() > 0 || !list || list->items.empty()) return;
+            if (filled.empty() || filled.back() != list->id) filled.push_back(list->id);
+        });
+        const auto page = open(kPageIds[i]);
+        DSObserveWindows(before);
+        EXPECT_EQ(filled, lists[i]) << i;
+        EXPECT_EQ(linked.overlay.users(), 1);
+    }
+}
 
 TEST_F(OverlayOfPages, CountsThePagesInAnyOrder) {
     std::mt19937 random(7);
-    void* found = nullptr;
-    ASSERT_EQ(session->effect().QueryInterface(kRuvexClassId, &found), S_OK);
-    session->effect().Release();
-    const VxDsEffect& effect = *static_cast<VxDsEffect*>(found);
+    const VxDsEffect& counting = effect();
     for (int round = 0; round < 200; ++round) {
         std::vector<int> order(8);
         std::iota(order.begin(), order.end(), 0);
@@ -208,12 +231,12 @@ TEST_F(OverlayOfPages, CountsThePagesInAnyOrder) {
         std::vector<std::unique_ptr<runtime::OpenPage>> pages;
         for (const int i : order) {
             pages.push_back(open(kPageIds[i]));
-            EXPECT_EQ(effect.overlay.users(), static_cast<int>(pages.size()));
+            EXPECT_EQ(counting.overlay.users(), static_cast<int>(pages.size()));
         }
         std::ranges::shuffle(pages, random);
         while (!pages.empty()) {
             pages.pop_back();
-            EXPECT_EQ(effect.overlay.users(), static_cast<int>(pages.size()));
+            EXPECT_EQ(counting.overlay.users(), static_cast<int>(pages.size()));
         }
     }
 }
