@@ -22,8 +22,10 @@ WPARAM itemOf(HWND combo, std::int32_t value) {
     return static_cast<WPARAM>(value >= 0 && value < count ? value : -1);
 }
 
-/// Whether the code is that of a user's change of the entry's control.
-bool isEdit(const CDSPPGControlMapEntry& entry, UINT code) {
+/// Whether the code is that of a user's change of the entry's control. Numbers and chips report
+/// their changes themselves; on Windows their windows also send the codes of clicks.
+bool isEdit(const CDSPPGControlMapEntry& entry, HWND control, UINT code) {
+    if (DSNumberControlOf(control) || DSColourChipOf(control)) return false;
     return entry.boundType == VT_I4 ? code == CBN_SELCHANGE : code == BN_CLICKED;
 }
 
@@ -93,7 +95,7 @@ void CDSBasePropertyPage::notify(const CDSPPGControlMapEntry& entry) {
 
 void CDSBasePropertyPage::onCommand(UINT controlId, UINT code) {
     const CDSPPGControlMapEntry* const entry = GetControlMap()->find(controlId);
-    if (!entry || !isEdit(*entry, code)) return;
+    if (!entry || !isEdit(*entry, GetHwndControl(controlId), code)) return;
     noteCommand(controlId, code);
     readControl(*entry);
     writeEntry(*entry, DSUNDO_OWN_STEP);

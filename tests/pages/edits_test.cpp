@@ -199,6 +199,24 @@ TEST_F(Edits, PagesHaveTheirTabs) {
     CoTaskMemFree(info.pszTitle);
 }
 
+TEST_F(Edits, AClickOnANumberOrAChipIsNoEdit) {
+    const auto page = open(kRuvexPageId);
+    const GUID level = row(ParameterId::MasterBreakup).identifier;
+    session->setKeys(level, {{0.0, 10.0}, {4.0, 90.0}});
+    set(ParameterId::TintColourR, 33.3);
+    editor->setTime(2.0);
+    const auto before = states();
+    // Statics tell their dialog of clicks (code 0) and double clicks (code 1).
+    for (const int id : {IDC_MASTER_BREAKUP, IDC_SEED, IDC_TINT_CHIP}) {
+        for (const unsigned code : {0u, 1u}) {
+            SendMessageW(page->window(), WM_COMMAND, MAKEWPARAM(static_cast<unsigned>(id), code),
+                         reinterpret_cast<LPARAM>(item(page, id)));
+        }
+    }
+    expectSame(states(), before);
+    EXPECT_EQ(steps(), 0u);
+}
+
 // The chip.
 
 /// Counts how often the chip of a page is set, and the notifications of its object.
