@@ -1,5 +1,6 @@
 #include "pages/ppg_controls.h"
 
+#include <new>
 #include <optional>
 
 #include "host/base/module_use.h"
@@ -155,8 +156,9 @@ void VxPPGIntControl::AddComboString(UINT stringId, bool selected) const {
     wchar_t text[kMostItemText] = {};
     if (!page || LoadStringW(moduleInstance, stringId, text, kMostItemText) == 0) return;
     const auto item = reinterpret_cast<LPARAM>(text);
-    SendMessageW(window(), CB_ADDSTRING, 0, item);
-    if (selected) SendMessageW(window(), WM_SETTEXT, 0, item);
+    const HWND combo = window();
+    if (combo && SendMessageW(combo, CB_ADDSTRING, 0, item) < 0) throw std::bad_alloc();
+    if (selected) SendMessageW(combo, WM_SETTEXT, 0, item);
 }
 
 }  // namespace ruvex

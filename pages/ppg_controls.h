@@ -32,7 +32,8 @@ struct VxPPGIntControl : VxPPGPair {
     /// Removes all items of the combo box.
     void ClearCombo() const;
     /// Appends a string of the module as an item of the combo box; does nothing if there is no such
-    /// string. `selected` also makes it the text that is shown at first.
+    /// string. `selected` also makes it the text that is shown at first. Throws std::bad_alloc if
+    /// the combo box has no memory for the item, since later items would have other values.
     void AddComboString(UINT stringId, bool selected) const;
 };
 

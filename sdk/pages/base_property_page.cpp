@@ -2,7 +2,9 @@
 
 #include "sdk/pages/base_property_page.h"
 
+#include <cstdint>
 #include <cstring>
+#include <limits>
 #include <string>
 #include <utility>
 
@@ -162,8 +164,12 @@ HRESULT CDSBasePropertyPage::Show(UINT command) {
 HRESULT CDSBasePropertyPage::Move(const RECT* place) {
     if (!place) return E_POINTER;
     if (!dialog_) return E_UNEXPECTED;
-    SetWindowPos(dialog_, nullptr, place->left, place->top, place->right - place->left,
-                 place->bottom - place->top, SWP_NOZORDER | SWP_NOACTIVATE);
+    const auto width = static_cast<std::int64_t>(place->right) - place->left;
+    const auto height = static_cast<std::int64_t>(place->bottom) - place->top;
+    constexpr std::int64_t kMost = std::numeric_limits<std::int16_t>::max();
+    if (width < 0 || height < 0 || width > kMost || height > kMost) return E_INVALIDARG;
+    SetWindowPos(dialog_, nullptr, place->left, place->top, static_cast<int>(width),
+                 static_cast<int>(height), SWP_NOZORDER | SWP_NOACTIVATE);
     return S_OK;
 }
 

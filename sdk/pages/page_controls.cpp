@@ -81,7 +81,9 @@ void CDSBasePropertyPage::readControl(const CDSPPGControlMapEntry& entry) {
     } else if (entry.boundType == VT_BOOL) {
         value = SendMessageW(control, BM_GETCHECK, 0, 0) == static_cast<LRESULT>(BST_CHECKED);
     } else {
-        value = static_cast<std::int32_t>(SendMessageW(control, CB_GETCURSEL, 0, 0));
+        // A list without a selection leaves the value as it is.
+        const LRESULT item = SendMessageW(control, CB_GETCURSEL, 0, 0);
+        if (item != CB_ERR) value = static_cast<std::int32_t>(item);
     }
 }
 

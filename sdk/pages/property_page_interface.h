@@ -41,6 +41,7 @@ struct IPropertyPage : IUnknown {
     /// The objects whose properties the page shows; 0 releases them.
     virtual HRESULT SetObjects(ULONG count, IUnknown** objects) = 0;
     virtual HRESULT Show(UINT command) = 0;
+    /// E_INVALIDARG for a rectangle whose sides are negative or longer than a window can be.
     virtual HRESULT Move(const RECT* place) = 0;
     virtual HRESULT IsPageDirty() = 0;
     virtual HRESULT Apply() = 0;

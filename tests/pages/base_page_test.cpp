@@ -1,6 +1,7 @@
 // The host's base class of pages: the life of a page, and damaged resources.
 
 #include <cstring>
+#include <limits>
 
 #include "pages/resources/resource_ids.h"
 #include "pages/resources/resources.h"
@@ -67,6 +68,11 @@ TEST_F(BasePage, TakesItsPlace) {
     const RECT place{10, 20, 200, 180};
     EXPECT_EQ(page->Move(&place), S_OK);
     EXPECT_EQ(DSGetWindowState(page->GetHwndDialog())->rect, (DSDialogRect{10, 20, 190, 160}));
+    constexpr LONG kFar = std::numeric_limits<LONG>::max();
+    for (const RECT& wrong :
+         {RECT{-kFar, 0, kFar, 10}, RECT{0, 10, 10, 0}, RECT{0, 0, 10, 40000}}) {
+        EXPECT_EQ(page->Move(&wrong), E_INVALIDARG);
+    }
     page->stop();
 }
 

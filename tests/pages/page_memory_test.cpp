@@ -32,13 +32,25 @@ TEST_F(PageMemory, RunsOutAtEachAllocationOfAPage) {
     }
 }
 
-/// Opens a page, which may fail at any point, and closes it.
-bool openAndClose(const GUID& id, IUnknown* object, std::size_t failing) {
+/// The items of all lists of a page.
+std::size_t itemsOf(const ComPtr<IPropertyPage>& page) {
+    HWND dialog = nullptr;
+    page.query<IDsPropertyPage>()->GetPageWindow(&dialog);
+    std::size_t count = 0;
+    for (HWND child = GetWindow(dialog, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+        count += DSGetWindowState(child)->items.size();
+    }
+    return count;
+}
+
+/// Opens a page, which may fail at any point, and closes it. A page that opens has all `items`.
+bool openAndClose(const GUID& id, IUnknown* object, std::size_t items, std::size_t failing) {
     ComPtr<IPropertyPage> page;
     EXPECT_EQ(
         CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, IID_IPropertyPage, page.putVoid()),
         S_OK);
     bool failed = false;
+    bool opened = false;
     {
         const FailingNew memory(failing);
         HRESULT status = page->SetObjects(1, &object);
@@ -46,6 +58,10 @@ bool openAndClose(const GUID& id, IUnknown* object, std::size_t failing) {
         if (SUCCEEDED(status)) status = page->Show(SW_SHOW);
         failed = memory.failed();
         EXPECT_TRUE(failed || status == S_OK);
+        opened = SUCCEEDED(status);
+    }
+    if (opened) {
+        EXPECT_EQ(itemsOf(page), items) << failing;
     }
     page->Deactivate();
     page->SetObjects(0, nullptr);
@@ -55,8 +71,9 @@ bool openAndClose(const GUID& id, IUnknown* object, std::size_t failing) {
 TEST_F(PageMemory, RunsOutAtEachAllocationOfAnActivation) {
     const auto before = states();
     for (const GUID& id : kPageIds) {
+        const std::size_t items = itemsOf(&open(id)->page());
         std::size_t failing = 1;
-        while (openAndClose(id, &session->properties(), failing)) ++failing;
+        while (openAndClose(id, &session->properties(), items, failing)) ++failing;
         EXPECT_GT(failing, 10u);
     }
     expectSame(states(), before);
