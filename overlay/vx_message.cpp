@@ -1,0 +1,76 @@
+#include "overlay/vx_message.h"
+
+#include <cstdlib>
+#include <cstring>
+
+namespace ruvex {
+namespace {
+
+template <class T>
+void appendOnce(VxList<T>& list, T item) {
+    if (!list.find(item)) list.append(item);
+}
+
+}  // namespace
+
+VxMessage::VxMessage(VxMessageId message, const char* text) : id(message) {
+    if (text) std::strncpy(name, text, kNameSize - 1);
+}
+
+VxMessage::~VxMessage() {
+    if (dataType == VxDataType::Owned || dataType == VxDataType::OwnedToo) std::abort();
+}
+
+void VxMessage::setNumber(std::int32_t number) {
+    dataType = VxDataType::Number;
+    std::memcpy(payload, &number, sizeof number);
+}
+
+void VxMessage::setPosition(VxPosition position) {
+    dataType = VxDataType::Position;
+    std::memcpy(payload, &position, sizeof position);
+}
+
+std::int32_t VxMessage::number() const {
+    std::int32_t number = 0;
+    std::memcpy(&number, payload, sizeof number);
+    return number;
+}
+
+VxPosition VxMessage::position() const {
+    VxPosition position;
+    std::memcpy(static_cast<void*>(&position), payload, sizeof position);
+    return position;
+}
+
+VxMessageSender::~VxMessageSender() {
+    while (handlers.head) {
+        VxMessageHandler* const handler = handlers.head->item;
+        handlers.removeAll(handler);
+        handler->senders.removeAll(this);
+    }
+}
+
+void VxMessageSender::send(VxMessage& message) {
+    handlers.walk([&](VxMessageHandler* handler) {
+        if (!handler) return false;
+        handler->handleMessage(&message, this);
+        return true;
+    });
+}
+
+VxMessageHandler::~VxMessageHandler() {
+    while (senders.head) {
+        VxMessageSender* const sender = senders.head->item;
+        senders.removeAll(sender);
+        sender->handlers.removeAll(this);
+    }
+}
+
+void connect(VxMessageHandler* handler, VxMessageSender* sender) {
+    if (!handler || !sender) return;
+    appendOnce(sender->handlers, handler);
+    appendOnce(handler->senders, sender);
+}
+
+}  // namespace ruvex
