@@ -4,6 +4,7 @@
 #include <array>
 
 #include "effect/ruvex.h"
+#include "host/base/variant_type.h"
 
 namespace ruvex {
 namespace {
@@ -20,11 +21,6 @@ ULONG capabilitiesOf(ParameterKind kind) {
     }
 }
 
-VARTYPE typeOf(ParameterKind kind) {
-    if (isReal(kind)) return VT_R8;
-    return isCheckBox(kind) ? VT_BOOL : VT_I4;
-}
-
 void* memberOf(CDSBasePropertyContainer& container, std::uint32_t index) {
     return static_cast<Ruvex&>(container).parameters.member(static_cast<ParameterId>(index));
 }
@@ -35,7 +31,7 @@ CDSPropertiesMapEntry entryOf(const ParameterRow& row) {
                            .module = moduleInstance,
                            .classification = DSCLASS_EFFECT_PARAMETER,
                            .capabilities = capabilitiesOf(row.kind),
-                           .type = typeOf(row.kind),
+                           .type = variantTypeOf(row.kind),
                            .nameId = name,
                            .shortNameId = name,
                            .descriptionId = static_cast<UINT>(row.hintString)},

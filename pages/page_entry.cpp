@@ -1,15 +1,12 @@
 #include "pages/page_entry.h"
 
+#include "host/base/variant_type.h"
+
 namespace ruvex {
 namespace {
 
 /// The meaning of this flag belongs to the host.
 constexpr UINT kOwnPageFlag = 16;
-
-VARTYPE typeOf(ParameterKind kind) {
-    if (isReal(kind)) return VT_R8;
-    return isCheckBox(kind) ? VT_BOOL : VT_I4;
-}
 
 UINT flagsOf(const PageEntry& entry, EntryFlags flags) {
     if (entry.record && isReal(row(entry.id).kind)) return DSENTRY_ANIMATABLE;
@@ -31,7 +28,7 @@ CDSPPGControlMapEntry controlMapEntry(const PageEntry& entry, EntryFlags flags) 
                 .toolTip = entry.commandTip};
     }
     const ParameterRow& parameter = row(entry.id);
-    const VARTYPE type = typeOf(parameter.kind);
+    const VARTYPE type = variantTypeOf(parameter.kind);
     return {.property = parameter.identifier,
             .propertyType = type,
             .boundVariable = entry.record->bound,

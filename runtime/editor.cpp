@@ -6,7 +6,7 @@
 
 #include "runtime/error.h"
 #include "runtime/property_value.h"
-#include "sdk/resources/resources.h"
+#include "sdk/resources/load_text.h"
 
 namespace ruvex::runtime {
 
@@ -100,11 +100,8 @@ void Editor::loadState(std::span<const PropertyState> states, const std::wstring
 }
 
 std::wstring Editor::propertyName(const GUID& id) const {
-    constexpr int kLongest = 256;
-    wchar_t name[kLongest] = {};
     const CDSParamDef* found = session_.definition(resolved(id));
-    if (found) LoadStringW(found->module, found->nameId, name, kLongest);
-    return name;
+    return found ? loadText(found->module, found->nameId) : std::wstring();
 }
 
 bool Editor::edits(IUnknown& object) const {

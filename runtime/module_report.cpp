@@ -6,7 +6,7 @@
 #include "runtime/error.h"
 #include "sdk/com/utf8.h"
 #include "sdk/registry/registry.h"
-#include "sdk/resources/resources.h"
+#include "sdk/resources/load_text.h"
 
 namespace ruvex::runtime {
 namespace {
@@ -65,19 +65,14 @@ std::string typeName(VARTYPE type) {
     return type == VT_BOOL ? "bool" : "int";
 }
 
-std::string nameOf(const CDSParamDef& definition) {
-    wchar_t name[260];
-    LoadStringW(definition.module, definition.nameId, name, static_cast<int>(std::size(name)));
-    return toUtf8(name);
-}
-
 void addParameters(IDSProperties& properties, ModuleReport& report) {
     ULONG count = 0;
     require(properties.GetPropertyCount(&count), "the effect does not list its parameters");
     for (ULONG i = 0; i < count; ++i) {
         const CDSParamDef* definition = nullptr;
         require(properties.GetPropertyDef(i, &definition), "a parameter has no definition");
-        report.parameters.push_back({definition->id, nameOf(*definition),
+        report.parameters.push_back({definition->id,
+                                     toUtf8(loadText(definition->module, definition->nameId)),
                                      typeName(definition->type), definition->animatable()});
     }
 }

@@ -13,7 +13,9 @@
 #include "sdk/controls/group_title.h"
 #include "sdk/controls/host_controls.h"
 #include "sdk/pages/dialog_size.h"
-#include "sdk/resources/resources.h"
+#include "sdk/resources/load_text.h"
+
+using ruvex::loadText;
 
 namespace {
 
@@ -23,12 +25,6 @@ constexpr const wchar_t* kPageProperty = L"DSPAGE";
 constexpr CDSPPGControlMapEntry kNoEntries[] = {CDSPPGControlMapEntry::terminator()};
 
 constexpr int kMostText = 1024;
-
-std::wstring loadText(HINSTANCE module, UINT id) {
-    wchar_t text[kMostText] = {};
-    LoadStringW(module, id, text, kMostText);
-    return text;
-}
 
 /// A copy for the caller of a COM function.
 LPOLESTR taskText(const std::wstring& text) {

@@ -98,8 +98,11 @@ std::optional<std::vector<DialogControl>> readControls(ByteReader& reader, std::
 
 std::optional<DialogTemplate> readDialog(const ResourceFile& file, std::uint16_t number) {
     const auto record = file.find(ResourceType::Dialog, number);
-    if (!record) return std::nullopt;
-    ByteReader reader(record->data);
+    return record ? readDialog(record->data) : std::nullopt;
+}
+
+std::optional<DialogTemplate> readDialog(std::span<const unsigned char> bytes) {
+    ByteReader reader(bytes);
     const std::uint16_t version = reader.u16();
     const std::uint16_t signature = reader.u16();
     if (version != kVersion || signature != kSignature) return std::nullopt;

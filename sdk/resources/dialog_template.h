@@ -52,6 +52,8 @@ struct ResourceBitmap {
 /// the old form (DIALOG). The texts are views into the file. Allocates only the list of controls;
 /// throws std::bad_alloc if there is no memory for it.
 DSSDK_API std::optional<DialogTemplate> readDialog(const ResourceFile& file, std::uint16_t number);
+/// The same for the bytes of a template.
+DSSDK_API std::optional<DialogTemplate> readDialog(std::span<const unsigned char> bytes);
 
 /// Bitmap `number` of the file. No value if there is none, if it is damaged, or for another form
 /// than 24 bits a pixel without compression.

@@ -2,6 +2,7 @@
 
 #include "sdk/com/utf8.h"
 #include "sdk/resources/dialog_template.h"
+#include "sdk/resources/module_resource.h"
 #include "sdk/window/window_table.h"
 
 using ruvex::DialogControl;
@@ -105,9 +106,8 @@ HWND createDialog(const DialogTemplate& dialog, HWND parent, DLGPROC* procedure,
 std::optional<DialogTemplate> readTemplate(HINSTANCE module, const wchar_t* templateNumber) {
     const auto number = reinterpret_cast<std::uintptr_t>(templateNumber);
     constexpr std::uintptr_t kLargestNumber = 0xFFFF;
-    if (!module || !module->resourcesBegin || number > kLargestNumber) return std::nullopt;
-    const ruvex::ResourceFile file({module->resourcesBegin, module->resourcesEnd});
-    return ruvex::readDialog(file, static_cast<std::uint16_t>(number));
+    if (number > kLargestNumber) return std::nullopt;
+    return ruvex::readDialog(ruvex::moduleDialog(module, static_cast<std::uint16_t>(number)));
 }
 
 }  // namespace
