@@ -1,0 +1,42 @@
+// An object with children, without a coordinate system of its own.
+
+#pragma once
+
+#include "overlay/vx_t_container.h"
+
+namespace ruvex {
+
+class VxTGroup : public VxTObject, public VxTContainer {
+public:
+    enum GroupFlags : std::uint32_t {
+        kDrawBackground = 1,
+        kUseGlobalGrey = 2,  ///< for the background, rather than `background`
+        kSwallowHits = 4,    ///< the empty area hides what lies below it from the pen
+    };
+
+    explicit VxTGroup(const char* objectName);
+    ~VxTGroup() override;
+
+    VxHit hit(const VxPosition& position, const VxPosition& radius) override;
+    void draw() override;
+    std::int32_t drag(const VxPosition& position) override;
+    std::int32_t penDown(const VxPosition& position) override;
+    std::int32_t penUp() override;
+    std::int32_t penEnter(const VxPosition& position) override;
+    std::int32_t penLeave() override;
+    void childChanged(VxTObject* child) override;
+    void toLocal(VxPosition& out, const VxPosition& position) override;
+    void setManager(VxTManager* newManager) override;
+    std::int32_t addChild(VxTObject* child) override;
+    std::int32_t removeChild(VxTObject* child) override;
+    VxTObject* setFocus(VxTObject* child) override;
+    virtual void drawBackground();
+
+    // Both bases have a focus; an unqualified name is the object's.
+    using VxTObject::focus;
+
+    VxColour background = paletteGrey;
+    std::uint32_t groupFlags = kDrawBackground | kUseGlobalGrey | kSwallowHits;
+};
+
+}  // namespace ruvex

@@ -1,0 +1,77 @@
+// The functions of OpenGL and GLU, from libraries that are opened when they are first needed.
+
+#pragma once
+
+#ifdef _WIN32
+#include <windows.h>
+#endif
+
+#include <GL/gl.h>
+#include <GL/glu.h>
+
+namespace ruvex {
+
+// Every function that is used, in alphabetical order.
+#define RUVEX_GL_FUNCTIONS(FUNCTION) \
+    FUNCTION(glBegin)                \
+    FUNCTION(glBitmap)               \
+    FUNCTION(glBlendFunc)            \
+    FUNCTION(glCallLists)            \
+    FUNCTION(glClearColor)           \
+    FUNCTION(glColor3f)              \
+    FUNCTION(glDeleteLists)          \
+    FUNCTION(glDisable)              \
+    FUNCTION(glEnable)               \
+    FUNCTION(glEnd)                  \
+    FUNCTION(glEndList)              \
+    FUNCTION(glGenLists)             \
+    FUNCTION(glGetBooleanv)          \
+    FUNCTION(glGetError)             \
+    FUNCTION(glGetIntegerv)          \
+    FUNCTION(glIsEnabled)            \
+    FUNCTION(glLineStipple)          \
+    FUNCTION(glLineWidth)            \
+    FUNCTION(glListBase)             \
+    FUNCTION(glLoadIdentity)         \
+    FUNCTION(glMatrixMode)           \
+    FUNCTION(glMultMatrixf)          \
+    FUNCTION(glNewList)              \
+    FUNCTION(glOrtho)                \
+    FUNCTION(glPopAttrib)            \
+    FUNCTION(glPopMatrix)            \
+    FUNCTION(glPushAttrib)           \
+    FUNCTION(glPushMatrix)           \
+    FUNCTION(glRasterPos2f)          \
+    FUNCTION(glRectf)                \
+    FUNCTION(glRotatef)              \
+    FUNCTION(glScalef)               \
+    FUNCTION(glShadeModel)           \
+    FUNCTION(glTranslatef)           \
+    FUNCTION(glVertex2f)             \
+    FUNCTION(glViewport)
+#define RUVEX_GLU_FUNCTIONS(FUNCTION) \
+    FUNCTION(gluDeleteQuadric)        \
+    FUNCTION(gluDisk)                 \
+    FUNCTION(gluNewQuadric)           \
+    FUNCTION(gluPartialDisk)          \
+    FUNCTION(gluQuadricDrawStyle)     \
+    FUNCTION(gluQuadricNormals)
+
+struct OpenGl {
+#define RUVEX_GL_MEMBER(name) decltype(&::name) name = nullptr;
+    RUVEX_GL_FUNCTIONS(RUVEX_GL_MEMBER)
+    RUVEX_GLU_FUNCTIONS(RUVEX_GL_MEMBER)
+#undef RUVEX_GL_MEMBER
+};
+
+/// Opens the system's libraries at the first call. Null if one of them, or one of the functions, is
+/// missing; then the next call tries again. May be called from any thread.
+const OpenGl* openGl();
+
+/// The same, where the caller knows that the libraries are open.
+const OpenGl& gl();
+
+/// Closes the libraries. The next `openGl` opens them again.
+void closeOpenGl();
+
+}  // namespace ruvex
