@@ -11,25 +11,31 @@ namespace ruvex {
 enum class BoundsState : std::int32_t { SomeWithout = 0, AllHave = 1, NoChildren = 2 };
 
 /// Children in the order in which they were added: drawn from the first to the last, hit from the
-/// last to the first.
+/// last to the first. The list alone does not make an object a child: the group or manager that has
+/// the list sets `parent` and `manager`, and an object without both has to be removed before it is
+/// destroyed.
 class VxTContainer : public VxTDraw {
 public:
     VxTContainer() = default;
     VxTContainer(const VxTContainer&) = delete;
     VxTContainer& operator=(const VxTContainer&) = delete;
-    /// Empties the list, see `clear`.
+    /// Empties the list, see `clear`. A derived class whose children know it as their parent or
+    /// manager calls `clear` in its own destructor.
     virtual ~VxTContainer();
-    /// The extent of all children with bounds: lowest x, highest x, lowest y, highest y; all 0
-    /// without children. Sets and returns `boundsState`.
+    /// The extent of all children with bounds: lowest x, highest x, lowest y, highest y. All 0
+    /// without children; the lowest are FLT_MAX and the highest -FLT_MAX if no child has bounds.
+    /// Sets and returns `boundsState`.
     virtual BoundsState getBounds(float (&out)[4]);
 
-    /// 1; 0 for null and for an object that is listed.
+    /// 1; 0 for null and for an object that is listed. `boundsState` says afterwards whether this
+    /// object has bounds. Throws std::bad_alloc.
     std::int32_t add(VxTObject* object);
-    /// 1; 0 for null and for an object that is not listed.
+    /// 1; 0 for null and for an object that is not listed. The list's focus is not on it
+    /// afterwards.
     std::int32_t remove(VxTObject* object);
-    /// Draws all visible children. A child may change the list.
+    /// Draws all visible children. A child may change the list, but not walk it.
     void drawAll();
-    /// Takes all children out; deletes them if `ownsChildren` is set.
+    /// Takes all children out of the list and of their tree; deletes them if `ownsChildren` is set.
     void clear();
     void setManagerForAll(VxTManager* manager);
     /// The object if it is listed, else null.
@@ -38,7 +44,7 @@ public:
     VxHit hitChildren(const VxPosition& position, const VxPosition& radius);
 
     VxList<VxTObject*> children;
-    /// The child that the last hit test chose.
+    /// The child that the last hit test chose; null if it hit no object.
     VxTObject* focus = nullptr;
     bool ownsChildren = false;
     BoundsState boundsState = BoundsState::NoChildren;

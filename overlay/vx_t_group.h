@@ -6,6 +6,9 @@
 
 namespace ruvex {
 
+/// Its bounds are those of its children, and it can be neither moved nor sized. It has no pen
+/// events of its own. After `addChild` it has bounds if that child has; the next `childChanged`
+/// looks at all children.
 class VxTGroup : public VxTObject, public VxTContainer {
 public:
     enum GroupFlags : std::uint32_t {
@@ -37,6 +40,10 @@ public:
 
     VxColour background = paletteGrey;
     std::uint32_t groupFlags = kDrawBackground | kUseGlobalGrey | kSwallowHits;
+
+private:
+    /// Takes the bounds of the first child, or widens the group's by those of another.
+    void includeBounds(const VxTObject& child, bool isFirst);
 };
 
 }  // namespace ruvex

@@ -12,6 +12,7 @@
 namespace ruvex {
 
 class VxTManager;
+class VxTObject;
 
 /// What a hit test gives: 0 for a miss, the address of the object that was hit, or kHitNothing.
 using VxHit = std::uintptr_t;
@@ -26,10 +27,32 @@ constexpr bool isObject(VxHit hit) {
     return hit != kMiss && static_cast<std::uint32_t>(hit) != 0xFFFFFFFFu;
 }
 
+/// The hit on an object.
+inline VxHit hitOn(const VxTObject& object) {
+    return reinterpret_cast<VxHit>(&object);
+}
+/// The object of a hit for which `isObject` is true; null for a miss.
+inline VxTObject* objectOf(VxHit hit) {
+    return reinterpret_cast<VxTObject*>(hit);
+}
+
+/// Widens an extent (lowest x, highest x, lowest y, highest y) so that it has this point.
+inline void includePoint(float (&extent)[4], float x, float y) {
+    if (x < extent[0]) extent[0] = x;
+    if (x > extent[1]) extent[1] = x;
+    if (y < extent[2]) extent[2] = y;
+    if (y > extent[3]) extent[3] = y;
+}
+
 /// A control in the viewer, or a part of one. Positions are in units of the tree's root (or of the
 /// nearest object above with a coordinate system of its own), upwards and to the right. The
 /// viewer's user-interface thread alone. An object is not owned by the tree: its destructor takes
 /// it out.
+///
+/// Changes of the tree during a call: `drag` and the pen events may add, remove and destroy any
+/// object, the one that was called and those above it included; of an object that has left the tree
+/// by then, `leaveLocal` is not called. `draw` may do this too, but for the groups around the
+/// object. `hit`, `enterLocal`, `leaveLocal`, `toLocal` and `childChanged` may not change the tree.
 class VxTObject : public VxTDraw {
 public:
     enum State : std::uint32_t { kEnabled = 1, kVisible = 2 };
@@ -76,10 +99,11 @@ public:
     virtual void setUiScale(float newScale);
     virtual void getMinimum(VxPosition& out);
     virtual void getMaximum(VxPosition& out);
-    /// This object or one below it with this name; null if there is none.
+    /// This object if it has exactly this name; else null.
     virtual VxTObject* findByName(const char* wanted);
     /// 1 if the child was added or removed; 0 for null, for a child that is there already or not
-    /// there, and for objects without children.
+    /// there, and for objects without children. A child that is added leaves its old place in a
+    /// tree first. An object can't be added to itself or to one below it (0).
     virtual std::int32_t addChild(VxTObject* child);
     virtual std::int32_t removeChild(VxTObject* child);
     /// Makes `child`, or this object if it is null, the next one on the way to the object that gets
@@ -91,9 +115,13 @@ public:
     bool isVisible() const { return (state & kVisible) != 0; }
     bool isPressed() const { return (flags & kPressed) != 0; }
     bool isHovered() const { return (flags & kHovered) != 0; }
+    /// True for the object `subtree` and for everything below it.
+    bool isWithin(const VxTObject& subtree) const;
     /// Asks the manager, if there is one, for a redraw.
     void requestRedraw();
-    /// Adds the object to `newParent`; null takes it out of its parent or manager.
+    /// Adds the object to `newParent`, as `addChild` of the parent does, and tells the parent its
+    /// bounds. Null takes the object out of its parent, or out of its manager's list; nothing in
+    /// the tree then has its focus on it.
     void setParent(VxTObject* newParent);
 
     std::optional<std::string> name;
@@ -118,6 +146,11 @@ protected:
     /// the parent.
     void setBounds(const float (&extent)[4]);
     void setFlag(Flags flag, bool on) { flags = on ? flags | flag : flags & ~flag; }
+
+private:
+    void leaveTree();
+    /// Clears the focus of all objects above whose focus leads here.
+    void leaveFocus();
 };
 
 /// Tests one object: its state, then its bounds with the radius around them, then its `hit`. A miss
