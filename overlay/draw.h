@@ -15,8 +15,9 @@ namespace ruvex {
 enum class QuadricStyle { Line, Fill };
 
 /// Base of everything that draws. Its functions may only be called between begin and end of a
-/// render, on the viewer's thread. Lengths are in units of the tree, angles in degrees,
-/// anticlockwise from the X axis.
+/// render, on the viewer's thread, after `openGl` (sdk/open_gl/open_gl.h) has succeeded. Lengths
+/// are in units of the tree, angles in degrees, anticlockwise from the X axis. An arc, disc or
+/// circle for which memory is out is not drawn.
 class VxTDraw {
 public:
     static void setColour(const VxColour& colour);
@@ -47,8 +48,10 @@ public:
                           const VxColour& fill, const VxColour& outline);
 
     /// Makes the 96 display lists of the characters 32 to 127 and returns the first; 0 if the font
-    /// can't be made, and for null. They live as long as the OpenGL context.
+    /// can't be made, and for null. They live as long as the OpenGL context. Opens the libraries of
+    /// OpenGL and clears its errors.
     static std::uint32_t createFont(HDC context);
+    /// Nothing for 0.
     static void deleteFont(std::uint32_t lists);
     /// Draws `length` characters in the present colour with the font `currentFont`. Nothing if that
     /// is 0. Characters outside 32 to 127 draw nothing.
@@ -93,7 +96,8 @@ private:
     std::uint32_t smoothed_ = 0;  ///< Which kinds were smoothed before, as in Request.
 };
 
-/// Frees what all drawings share: before the module is unloaded.
+/// Frees what all drawings share and closes the libraries of OpenGL: before the module is unloaded.
+/// No context need be current.
 void releaseDrawing();
 
 }  // namespace ruvex

@@ -17,15 +17,18 @@ namespace ruvex {
     FUNCTION(glBitmap)               \
     FUNCTION(glBlendFunc)            \
     FUNCTION(glCallLists)            \
+    FUNCTION(glClear)                \
     FUNCTION(glClearColor)           \
     FUNCTION(glColor3f)              \
     FUNCTION(glDeleteLists)          \
     FUNCTION(glDisable)              \
+    FUNCTION(glDrawPixels)           \
     FUNCTION(glEnable)               \
     FUNCTION(glEnd)                  \
     FUNCTION(glEndList)              \
     FUNCTION(glGenLists)             \
     FUNCTION(glGetBooleanv)          \
+    FUNCTION(glGetDoublev)           \
     FUNCTION(glGetError)             \
     FUNCTION(glGetIntegerv)          \
     FUNCTION(glIsEnabled)            \
@@ -33,15 +36,20 @@ namespace ruvex {
     FUNCTION(glLineWidth)            \
     FUNCTION(glListBase)             \
     FUNCTION(glLoadIdentity)         \
+    FUNCTION(glLoadMatrixd)          \
     FUNCTION(glMatrixMode)           \
     FUNCTION(glMultMatrixf)          \
     FUNCTION(glNewList)              \
     FUNCTION(glOrtho)                \
+    FUNCTION(glPixelStorei)          \
     FUNCTION(glPopAttrib)            \
+    FUNCTION(glPopClientAttrib)      \
     FUNCTION(glPopMatrix)            \
     FUNCTION(glPushAttrib)           \
+    FUNCTION(glPushClientAttrib)     \
     FUNCTION(glPushMatrix)           \
     FUNCTION(glRasterPos2f)          \
+    FUNCTION(glReadPixels)           \
     FUNCTION(glRectf)                \
     FUNCTION(glRotatef)              \
     FUNCTION(glScalef)               \
@@ -65,13 +73,16 @@ struct OpenGl {
 };
 
 /// Opens the system's libraries at the first call. Null if one of them, or one of the functions, is
-/// missing; then the next call tries again. May be called from any thread.
+/// missing; then the next call tries again. May be called from any thread. Each program or shared
+/// library that links this code opens the libraries for itself.
 const OpenGl* openGl();
 
-/// The same, where the caller knows that the libraries are open.
+/// The same functions, for callers that know that `openGl` has succeeded. Without that, its members
+/// are null.
 const OpenGl& gl();
 
-/// Closes the libraries. The next `openGl` opens them again.
+/// Closes the libraries. The next `openGl` opens them again. No other thread may use them
+/// meanwhile.
 void closeOpenGl();
 
 }  // namespace ruvex

@@ -24,23 +24,27 @@ using HFONT = DSGdiObject*;
 /// vwSurfaceBeginRenderOpenGL; null outside a render.
 DSVWR_API HDC wglGetCurrentDC();
 
-/// Creates the font; all arguments but a height of 0 are accepted and ignored. Null for a height of
-/// 0 and if memory is out. DeleteObject frees it.
+/// Returns the one font; null for a height of 0. All other arguments are ignored.
 DSVWR_API HFONT CreateFontA(int height, int width, int escapement, int orientation, int weight,
                             DWORD italic, DWORD underline, DWORD strikeOut, DWORD characterSet,
                             DWORD outputPrecision, DWORD clipPrecision, DWORD quality,
                             DWORD pitchAndFamily, const char* face);
 
-/// Selects a font into a device context and returns the one selected before (not null). Null for a
-/// null argument.
+/// Selects a font into a device context. As there is only one font, it is always in use; what is
+/// returned stands for the font that was selected before. Null for a null argument.
 DSVWR_API HGDIOBJ SelectObject(HDC context, HGDIOBJ object);
 
-/// Frees a font; FALSE for null. Fonts that CreateFontA did not make are left alone.
+/// FALSE for null.
 DSVWR_API BOOL DeleteObject(HGDIOBJ object);
+
+/// The advances, in pixels, of the characters `first` to `last`: `widths` has room for all of them.
+/// A character that the font lacks has 0. FALSE for a null argument.
+DSVWR_API BOOL GetCharWidth32W(HDC context, UINT first, UINT last, int* widths);
 
 /// Makes the display lists `listBase` to `listBase + count - 1` of the current OpenGL context, one
 /// for each character from `first` on: a glBitmap of the glyph, and the move to the next character.
-/// A character that the font lacks gets an empty list. FALSE for a null context and without OpenGL.
+/// A character without pixels, or that the font lacks, gets an empty list. FALSE if `context` is
+/// not that of the present render.
 DSVWR_API BOOL wglUseFontBitmapsW(HDC context, DWORD first, DWORD count, DWORD listBase);
 
 #endif

@@ -30,10 +30,14 @@ struct DSInterfaceTraits<IViewerSurface> : DSInterface<IID_IViewerSurface> {};
 
 /// Begins a render: IViewerSurface::Begin, and then a defined state of OpenGL. The matrix mode is
 /// MODELVIEW, the projection and model-view matrices are the identity, the line stipple pattern is
-/// 0xFFFF with factor 1, the line width is 1. Gives the failure of the surface; E_POINTER for a
-/// null pointer; E_FAIL without OpenGL, and then the surface is not begun.
+/// 0xFFFF with factor 1, the line width is 1, pixels are unpacked by OpenGL's defaults. The rest is
+/// as the surface has it. Renders of several surfaces may be nested.
+/// Returns the surface's status if it fails; E_POINTER for a null pointer; E_FAIL without OpenGL
+/// and E_OUTOFMEMORY, and then the surface is not begun.
 DSVWR_API HRESULT vwSurfaceBeginRenderOpenGL(IViewerSurface* surface, tagVWOPENGLSURFACE* info);
 
-/// Ends a render: restores the state of OpenGL from before vwSurfaceBeginRenderOpenGL, then calls
-/// IViewerSurface::End.
+/// Ends a render: restores the state of OpenGL from before vwSurfaceBeginRenderOpenGL (all
+/// attributes, both matrices and how pixels are stored), then calls IViewerSurface::End and returns
+/// its status. E_POINTER for null; E_UNEXPECTED if `surface` is not the one whose render this
+/// thread has begun last.
 DSVWR_API HRESULT vwSurfaceEndRenderOpenGL(IViewerSurface* surface);

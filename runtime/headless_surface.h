@@ -1,0 +1,54 @@
+// A viewer surface off screen, for tests and for pictures of the on-screen controls.
+
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+#include "sdk/com/com_object.h"
+#include "sdk/com/com_ptr.h"
+#include "sdk/viewer/viewer_surface.h"
+
+namespace ruvex::runtime {
+
+/// Pixels in memory with an OpenGL context of their own (compatibility profile), made by EGL
+/// without a window system. A pixel is four bytes: red, green, blue, alpha; the first row is the
+/// bottom one.
+class HeadlessSurface final : public ComObject<IViewerSurface> {
+public:
+    /// A surface of black, transparent pixels. Its world rectangle is (0, 0) to (width, height).
+    /// Throws Error if EGL or OpenGL lacks what is needed, or for a size that is not positive.
+    static ComPtr<HeadlessSurface> create(LONG width, LONG height);
+
+    /// E_UNEXPECTED if it has begun already; E_FAIL if the context can't be made current.
+    HRESULT Begin(tagVWOPENGLSURFACE* surface) override;
+    /// Makes the context current that was so before Begin. E_UNEXPECTED if it has not begun.
+    HRESULT End() override;
+
+    /// The part of the world that is visible.
+    void setWorld(double x, double y, double width, double height);
+
+    // These throw Error if the context can't be made current.
+
+    /// Fills all pixels with one colour, 0..1 a channel.
+    void clear(float red, float green, float blue, float alpha = 1.0f);
+    /// Replaces all pixels: 4 * width * height bytes. Throws Error for another size and during a
+    /// render.
+    void setPixels(const std::vector<std::uint8_t>& rgba);
+    std::vector<std::uint8_t> pixels() const;
+
+private:
+    class Context;
+    class Current;
+
+    HeadlessSurface(LONG width, LONG height);
+    ~HeadlessSurface() override;
+
+    tagVWOPENGLSURFACE info_;
+    std::unique_ptr<Context> context_;
+    /// Set between Begin and End.
+    std::unique_ptr<Current> render_;
+};
+
+}  // namespace ruvex::runtime
