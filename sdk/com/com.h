@@ -35,6 +35,7 @@ inline constexpr HRESULT S_FALSE = 1;
 inline constexpr HRESULT E_NOTIMPL = makeStatus(0x80004001u);
 inline constexpr HRESULT E_NOINTERFACE = makeStatus(0x80004002u);
 inline constexpr HRESULT E_POINTER = makeStatus(0x80004003u);
+inline constexpr HRESULT E_ABORT = makeStatus(0x80004004u);
 inline constexpr HRESULT E_FAIL = makeStatus(0x80004005u);
 inline constexpr HRESULT E_UNEXPECTED = makeStatus(0x8000FFFFu);
 inline constexpr HRESULT CLASS_E_NOAGGREGATION = makeStatus(0x80040110u);

@@ -23,18 +23,20 @@ struct DSInterfaceTraits<IDSTask> : DSInterface<IID_IDSTask> {};
 DSSDK_API HRESULT DSPostToUserInterface(IDSTask* task);
 
 /// For hosts: the process's queue, as long as it lives. Created, used and destroyed on the
-/// user-interface thread. Only one may exist at a time.
+/// user-interface thread. Only one may exist at a time; the constructor of a second one throws
+/// std::logic_error. A task may destroy the queue; the tasks behind it are then released.
 class DSSDK_API DSUserInterfaceQueue {
 public:
-    /// `wake` is called on the posting thread after a task has been posted to an empty queue; the
-    /// host then calls `run` soon. It must not throw.
+    /// `wake` is called on the posting thread when the first task has been posted after the queue
+    /// was made or `run` has begun; the host then calls `run` soon. It must not throw, destroy the
+    /// queue, or wait for the user-interface thread: the destructor waits for it.
     explicit DSUserInterfaceQueue(std::function<void()> wake = {});
     /// Releases the tasks that were not run.
     ~DSUserInterfaceQueue();
     DSUserInterfaceQueue(const DSUserInterfaceQueue&) = delete;
     DSUserInterfaceQueue& operator=(const DSUserInterfaceQueue&) = delete;
 
-    /// Runs the tasks that were posted before the call, in order, and releases them. A task may
-    /// post others, which wait for the next call.
+    /// Runs the tasks that were posted before the call, in order, and releases each after it has
+    /// run. A task may post others, which wait for the next call, and may call `run`.
     void run();
 };

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <string>
+#include <utility>
 
 #include "sdk/com/com_object.h"
 #include "sdk/com/com_ptr.h"
@@ -54,27 +55,38 @@ template <>
 struct DSInterfaceTraits<IDSInteractiveTool> : DSInterface<IID_IDSInteractiveTool> {};
 
 /// Keeps the operator and the viewer. A drag is one undo step: OnBeginInteraction opens a bracket,
-/// TerminateInteraction closes it. User-interface thread only.
+/// TerminateInteraction closes it. User-interface thread only, the last Release included.
+///
+/// The calls that this class makes (to the viewer, its site, the operator) may unlink the tool. The
+/// caller of a function holds a reference to the tool.
+///
+/// The destructor stops observing, ends an interaction that is under way and releases everything.
+/// A derived class whose destructor changes properties of the operator unlinks the tool before.
 class DSVWR_API CDSInteractiveTool : public ComObject<IDSInteractiveTool> {
 public:
     /// Draws nothing. S_OK; E_POINTER for null.
     HRESULT OnRender(IViewerSurface* surface) override;
+    /// Called for each change of the linked operator. Does nothing: S_OK.
     HRESULT OnPropertyChanged(const GUID& id, const DSVARIANT* value) override;
+    /// Does nothing: S_OK.
     HRESULT OnOnTimeChange(double seconds) override;
     /// Do nothing: S_OK, E_POINTER for null.
     HRESULT OnPenDown(const tagVWPENEVENT* event) override;
     HRESULT OnPenMove(const tagVWPENEVENT* event) override;
     HRESULT OnPenUp(const tagVWPENEVENT* event) override;
     /// Keeps `object` and observes its properties. E_POINTER for null, E_NOINTERFACE for an object
-    /// without properties, E_UNEXPECTED if one is linked already.
+    /// without properties, E_UNEXPECTED if one is linked already, or the failure of
+    /// IDSProperties::Advise. A failure changes nothing.
     HRESULT OnLinkToOperator(IUnknown* object) override;
-    /// S_FALSE if no operator is linked.
+    /// Ends an interaction that is under way. S_FALSE if no operator is linked, else S_OK.
     HRESULT OnUnlinkFromOperator() override;
     /// Keeps the viewer and its site. E_POINTER, E_NOINTERFACE for what is no IDSViewer,
-    /// E_UNEXPECTED if one is linked already.
+    /// E_UNEXPECTED if one is linked already, or the failure of IDSViewer::GetSite. A failure
+    /// changes nothing.
     HRESULT OnLinkToViewer(IUnknown* viewer) override;
-    /// Ends an interaction that is under way. S_FALSE if no viewer is linked.
+    /// Ends an interaction that is under way. S_FALSE if no viewer is linked, else S_OK.
     HRESULT OnUnlinkFromViewer() override;
+    /// S_FALSE.
     HRESULT IsAutoKey() override;
 
 protected:
@@ -88,22 +100,26 @@ protected:
     HWND GetViewerWindow();
 
     /// A drag begins: opens an undo bracket with the interaction's name. S_FALSE without a viewer
-    /// and if an interaction is under way, which goes on.
+    /// and if an interaction is under way, which goes on. E_POINTER for null. After a failure of
+    /// IDSPageSite::BeginUndo no interaction is under way, and each write is a step of its own.
     HRESULT OnBeginInteraction(const tagVWPENEVENT* event);
-    /// A drag goes on: nothing to do.
+    /// A drag goes on: nothing to do. S_OK, E_POINTER for null.
     HRESULT OnDoInteraction(const tagVWPENEVENT* event);
-    /// A drag ends: closes the bracket. S_FALSE if no interaction is under way.
+    /// A drag ends: closes the bracket, and gives the status of IDSPageSite::EndUndo. S_FALSE if no
+    /// interaction is under way.
     HRESULT TerminateInteraction();
     /// The name of the undo step of the next drag.
     void SetInteractionName(std::wstring name) { interactionName_ = std::move(name); }
 
-    /// Reads a property of the operator at `seconds` (or DSTIME_CURRENT, for which a viewer is
-    /// needed). E_UNEXPECTED without an operator or viewer; else the status of
-    /// IDSProperties::GetValue. `params` has to be null.
+    /// Reads a property of the operator at `seconds`, or for DSTIME_CURRENT at the time of the
+    /// viewer's site. E_UNEXPECTED without an operator, and without a viewer that is needed for the
+    /// time; E_POINTER for a null `value`, E_INVALIDARG for `params` other than null; else the
+    /// status of IDSPageSite::GetTime and IDSProperties::GetValue.
     HRESULT GetAnimatedProperty(const GUID& id, VARIANT* value, const DSPARAMS* params,
                                 double seconds);
     /// Writes a property of the operator as the user's edit: IDSPageSite::WriteProperty, with
-    /// `style` as the undo style. E_UNEXPECTED without an operator or viewer.
+    /// `style` as the undo style. E_UNEXPECTED without an operator or viewer; otherwise fails as
+    /// GetAnimatedProperty and WriteProperty do.
     HRESULT SetAnimatedProperty(const GUID& id, const VARIANT* value, const DSPARAMS* params,
                                 double seconds, int style);
 
@@ -114,6 +130,10 @@ protected:
 
 private:
     class Observer;
+
+    HRESULT observe(IUnknown& object);
+    void leaveOperator();
+    void leaveViewer();
 
     ComPtr<IUnknown> operator_;
     ComPtr<IDSProperties> properties_;
