@@ -1,0 +1,49 @@
+// Objects under the transform of an axis.
+
+#pragma once
+
+#include "overlay/vx_t_2d_axis.h"
+#include "overlay/vx_t_container.h"
+
+namespace ruvex {
+
+/// An axis with children. Pen positions and bounds of all children are in the coordinates of the
+/// transform. Children in `transformed` are drawn in these coordinates; for those in `fixed` the
+/// transform is only multiplied into the global matrix, and they apply it themselves
+/// (`useGlobalMatrix`).
+class VxT2DAxisGroup : public VxT2DAxis {
+public:
+    enum GroupFlags : std::uint32_t {
+        kHasAxis = 1,  ///< the axis itself is drawn and hit
+    };
+
+    VxT2DAxisGroup(const char* objectName, std::uint32_t handleMask);
+    ~VxT2DAxisGroup() override;
+
+    VxHit hit(const VxPosition& position, const VxPosition& radius) override;
+    void draw() override;
+    void enterLocal(const VxPosition& position, const VxPosition& radius) override;
+    void leaveLocal() override;
+    void childChanged(VxTObject* child) override;
+    void setManager(VxTManager* newManager) override;
+    std::int32_t addChild(VxTObject* child) override;
+    std::int32_t removeChild(VxTObject* child) override;
+    VxTObject* setFocus(VxTObject* child) override;
+    void getExtent(float (&out)[4]) override;
+
+    std::uint32_t groupFlags = kHasAxis;
+    bool drawGlobal = false;  ///< Draws the axis under the global matrix.
+    bool addToFixed = false;  ///< `addChild` adds to `fixed`, else to `transformed`.
+    /// Of the children, in the coordinates of the transform: lowest x, highest x, lowest y, highest
+    /// y. FLT_MAX and -FLT_MAX if there are no children or one has no bounds.
+    float childBounds[4];
+    VxTContainer transformed;
+    VxTContainer fixed;
+
+private:
+    void clearChildBounds();
+    VxHit hitList(VxTContainer& list, const VxPosition& local, const VxPosition& localRadius);
+    void drawTransformed();
+};
+
+}  // namespace ruvex
