@@ -5,20 +5,11 @@
 #include <utility>
 
 #include "runtime/error.h"
+#include "runtime/identity.h"
 #include "runtime/property_value.h"
 #include "sdk/resources/load_text.h"
 
 namespace ruvex::runtime {
-
-namespace {
-
-ComPtr<IUnknown> identityOf(IUnknown& object) {
-    ComPtr<IUnknown> identity;
-    object.QueryInterface(IID_IUnknown, identity.putVoid());
-    return identity;
-}
-
-}  // namespace
 
 Editor::Editor(EffectSession& session, UndoClock clock)
     : session_(session), undoStack_(&session.properties(), std::move(clock)) {}
@@ -29,9 +20,9 @@ void Editor::setTime(double seconds) {
     }
     time_ = seconds;
     // A page that is told may open and close pages.
-    const std::vector<OpenPage*> pages = openPages_;
-    for (OpenPage* page : pages) {
-        if (std::ranges::find(openPages_, page) != openPages_.end()) page->tellTime();
+    const std::vector<TimeFollower*> followers = followers_;
+    for (TimeFollower* follower : followers) {
+        if (std::ranges::find(followers_, follower) != followers_.end()) follower->tellTime();
     }
 }
 

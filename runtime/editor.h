@@ -9,13 +9,14 @@
 
 #include "runtime/effect_session.h"
 #include "runtime/open_page.h"
+#include "runtime/time_follower.h"
 #include "runtime/undo_stack.h"
 
 namespace ruvex::runtime {
 
 /// Edits the properties of a session's effect, for hosts with property pages. All edits, those of
 /// the pages included, are steps that can be undone. One thread, on which no render of the session
-/// is under way. The editor is destroyed after its pages and before its session.
+/// is under way. The editor is destroyed after its pages and its viewer, and before its session.
 ///
 /// An observer of the properties, or a page, may call every function while it is notified.
 class Editor {
@@ -28,8 +29,8 @@ public:
 
     /// The current time in seconds, at first 0.
     double time() const { return time_; }
-    /// Sets the current time and tells all open pages. Throws Error for a time that is negative or
-    /// not finite.
+    /// Sets the current time and tells all open pages, then the tools of the viewer. Throws Error
+    /// for a time that is negative or not finite.
     void setTime(double seconds);
 
     /// Its functions that change properties need the session's project (EffectSession::enter).
@@ -68,7 +69,7 @@ public:
     HRESULT write(const GUID& id, double seconds, const VARIANT& value);
 
 private:
-    friend class OpenPage;
+    friend class TimeFollower;
 
     GUID resolved(GUID id) const;
     const CDSParamDef& definition(const GUID& id) const;
@@ -78,7 +79,7 @@ private:
     EffectSession& session_;
     UndoStack undoStack_;
     double time_ = 0.0;
-    std::vector<OpenPage*> openPages_;
+    std::vector<TimeFollower*> followers_;  ///< In the order in which they are told the time.
 };
 
 }  // namespace ruvex::runtime

@@ -1,7 +1,5 @@
 #include "runtime/open_page.h"
 
-#include <algorithm>
-
 #include "runtime/editor.h"
 #include "runtime/error.h"
 
@@ -35,13 +33,12 @@ private:
 }  // namespace
 
 OpenPage::OpenPage(Editor& editor)
-    : editor_(editor), site_(ComPtr<PageSite>::attach(new PageSite(editor))) {
-    editor_.openPages_.push_back(this);
-}
+    : TimeFollower(editor, TimeOrder::Page),
+      site_(ComPtr<PageSite>::attach(new PageSite(editor))) {}
 
 OpenPage::~OpenPage() {
-    std::erase(editor_.openPages_, this);
-    const auto scope = editor_.session().enter();
+    stopFollowing();
+    const auto scope = editor().session().enter();
     notified_.reset();
     if (page_) {
         if (active_) page_->Deactivate();
@@ -53,8 +50,8 @@ OpenPage::~OpenPage() {
 }
 
 void OpenPage::open(const GUID& classId, HWND parent) {
-    const auto scope = editor_.session().enter();
-    const ComPtr<IUnknown> object = editor_.session().makeObject(classId);
+    const auto scope = editor().session().enter();
+    const ComPtr<IUnknown> object = editor().session().makeObject(classId);
     require(object->QueryInterface(DSInterfaceTraits<IPropertyPage>::id, page_.putVoid()),
             "the class " + toText(classId) + " is not a property page");
     notified_ = page_.query<IDsPropertyPage>();
@@ -66,7 +63,7 @@ void OpenPage::activate(HWND parent) {
     const ComPtr<IUnknown> site = ComPtr<IDSPageSite>(site_);
     require(page->SetPageSite(static_cast<IPropertyPageSite*>(site.get())),
             "the page refuses its site");
-    IUnknown* const effect = &editor_.session().effect();
+    IUnknown* const effect = &editor().session().effect();
     ComPtr<IUnknown> object;
     require(effect->QueryInterface(IID_IUnknown, object.putVoid()), "the effect has no identity");
     IUnknown* objects[] = {object.get()};
@@ -85,28 +82,28 @@ void OpenPage::hide() {
 }
 
 void OpenPage::showAs(UINT command, const char* failure) {
-    const auto scope = editor_.session().enter();
+    const auto scope = editor().session().enter();
     const ComPtr<IPropertyPage> page = page_;
     require(page->Show(command), failure);
 }
 
 HWND OpenPage::window() const {
-    const auto scope = editor_.session().enter();
+    const auto scope = editor().session().enter();
     const ComPtr<IDsPropertyPage> page = notified_;
     HWND window = nullptr;
     return page && SUCCEEDED(page->GetPageWindow(&window)) ? window : nullptr;
 }
 
 std::wstring OpenPage::title() const {
-    const auto scope = editor_.session().enter();
+    const auto scope = editor().session().enter();
     const ComPtr<IPropertyPage> page = page_;
     return PageInfo(*page).title();
 }
 
 void OpenPage::tellTime() {
-    const auto scope = editor_.session().enter();
+    const auto scope = editor().session().enter();
     const ComPtr<IDsPropertyPage> page = notified_;
-    if (page) page->OnTimeChange(editor_.time());
+    if (page) page->OnTimeChange(editor().time());
 }
 
 }  // namespace ruvex::runtime

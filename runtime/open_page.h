@@ -5,20 +5,17 @@
 #include <string>
 
 #include "runtime/page_site.h"
+#include "runtime/time_follower.h"
 #include "sdk/com/com_ptr.h"
 #include "sdk/pages/property_page_interface.h"
 
 namespace ruvex::runtime {
 
-class Editor;
-
 /// Made by Editor::open. The destructor deactivates and releases the page; it may run during a call
 /// of the page or a notification, also in one of this object's own functions.
-class OpenPage {
+class OpenPage final : private TimeFollower {
 public:
-    ~OpenPage();
-    OpenPage(const OpenPage&) = delete;
-    OpenPage& operator=(const OpenPage&) = delete;
+    ~OpenPage() override;
 
     /// Show and hide the page's dialog. Throw StatusError.
     void show();
@@ -36,9 +33,8 @@ private:
     void open(const GUID& classId, HWND parent);
     void activate(HWND parent);
     void showAs(UINT command, const char* failure);
-    void tellTime();
+    void tellTime() override;
 
-    Editor& editor_;
     ComPtr<PageSite> site_;
     ComPtr<IPropertyPage> page_;
     ComPtr<IDsPropertyPage> notified_;  ///< The page's interface for a host; may be null.
