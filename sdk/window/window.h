@@ -124,6 +124,9 @@ DSSDK_API HWND GetWindow(HWND window, UINT relation);
 DSSDK_API BOOL ShowWindow(HWND window, int command);
 /// Returns whether the window was disabled before.
 DSSDK_API BOOL EnableWindow(HWND window, BOOL enable);
+/// Asks those who show the window, or a part of it, to draw it again. FALSE for null, where the
+/// system's function draws the whole desktop again.
+DSSDK_API BOOL InvalidateRect(HWND window, const RECT* area, BOOL erase);
 /// Moves and resizes a window; coordinates are dialog units of the parent. For a combo box, the
 /// height is that of its opened list. Without SWP_NOZORDER the window becomes the first of its
 /// siblings (`after` is null) or the one behind `after`; FALSE if that is no sibling.

@@ -66,6 +66,12 @@ const std::wstring& visibleText(const DSWindowState& state) {
 
 }  // namespace
 
+BOOL InvalidateRect(HWND window, const RECT*, BOOL) {
+    if (!find(window)) return FALSE;
+    report(window, DSWindowChange::Changed);
+    return TRUE;
+}
+
 BOOL DestroyWindow(HWND window) {
     if (!find(window)) return FALSE;
     ruvex::windows::destroy(window);

@@ -99,6 +99,8 @@ private:
         see(kind + ": GetWindow next", GetWindow(window, GW_HWNDNEXT));
         see(kind + ": ShowWindow", ShowWindow(window, SW_SHOW));
         see(kind + ": EnableWindow", EnableWindow(window, FALSE));
+        // Without a window, the system's function draws the whole desktop again.
+        if (window) see(kind + ": InvalidateRect", InvalidateRect(window, nullptr, FALSE));
         see(kind + ": SetWindowPos", SetWindowPos(window, nullptr, 1, 2, 3, 4, SWP_NOZORDER));
         see(kind + ": GetWindowText", GetWindowTextW(window, text, 8));
         see(kind + ": WM_SETTEXT", SendMessageW(window, WM_SETTEXT, 0, pointer(L"a")));
@@ -157,6 +159,7 @@ private:
         see("show: hide the page", ShowWindow(page_, SW_HIDE));
         see("show: the child keeps its bit", ShowWindow(control(kLabel), SW_SHOWNA));
         see("show: hidden in the template", ShowWindow(control(kHidden), SW_SHOWNORMAL));
+        see("show: draw again", InvalidateRect(page_, nullptr, FALSE));
     }
 
     void enableBits() {

@@ -296,6 +296,7 @@ TEST_F(WindowTree, TheHostsControlsChangeClassAndTip) {
     DSSetWindowClass(nullptr, "static");
     DSSetWindowTip(nullptr, L"x");
     DSTouchWindow(nullptr);
+    EXPECT_FALSE(InvalidateRect(nullptr, nullptr, FALSE));
 }
 
 TEST_F(WindowTree, ADropDownListIsResizedWhenItIsOpened) {
