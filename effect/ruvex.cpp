@@ -1,7 +1,6 @@
 #include "effect/ruvex.h"
 
 #include <cmath>
-#include <string_view>
 
 #include "effect/frame_values.h"
 #include "effect/property_map.h"
@@ -39,6 +38,7 @@ Ruvex::Ruvex(const Ruvex& source)
 }
 
 Ruvex::~Ruvex() {
+    link->follow(nullptr);
     overlay.endAll();
     CDSPlugInEffect::Term();
 }
@@ -120,24 +120,6 @@ std::int32_t Ruvex::frameValues(double seconds, double framesPerSecond, FrameVal
 FrameOutcome Ruvex::frameOutcome() const {
     if (interruption.progress == kOutOfMemoryCode) return FrameOutcome::OutOfMemory;
     return interruption.interrupted != 0 ? FrameOutcome::Stopped : FrameOutcome::Finished;
-}
-
-void Ruvex::linkOverlay() {
-    if (!overlay.tool()) return;
-    cropBox.visible = false;
-    if (!cropBox.placed) updateOverlay();
-}
-
-void Ruvex::pageActivated(const char* page, std::int32_t, std::int32_t) {
-    if (!overlay.tool()) return;
-    cropBox.visible = page && page == std::string_view("crop");
-    updateOverlay();
-}
-
-void Ruvex::updateOverlay() {
-    if (!overlay.tool()) return;
-    cropBox.input = link->geometry().input;
-    cropBox.placed = true;
 }
 
 std::int32_t Ruvex::workerCount() const {

@@ -7,6 +7,7 @@
 #include "host/base/module_use.h"
 #include "host/base/parameter_reader.h"
 #include "host/base/vx_ds_effect.h"
+#include "overlay/vx_t_ds_crop.h"
 #include "parameters/ruvex_interface.h"
 #include "sdk/effect/effect.h"
 
@@ -57,7 +58,13 @@ private:
     void reportToSource();
     ParameterReader reader() const { return {*this, parameters}; }
 
+    void placeCropBox();
+
     ModuleUse use_;
+    /// The box around the crop in the viewer. Not copied to clones.
+    VxTDsCrop overlayCrop_;
+    /// Whether the box has been placed on the input.
+    bool overlayPlaced_ = false;
     /// The argument of IRuvexControl::setWorkerCount; 0: the machine's number of processors.
     std::int32_t workers_ = 0;
 };

@@ -123,8 +123,8 @@ void Ruvex::reportToSource() {
     link->setGeometry(geometry);
     if (!sourceEffect) return;
     // The source effect's on-screen controls use the geometry; they ignore the second input's.
-    sourceEffect->setGeometry(
-        {.output = geometry.output, .input = geometry.input, .input2 = geometry.input});
+    reportGeometry(sourceEffect,
+                   {.output = geometry.output, .input = geometry.input, .input2 = geometry.input});
 }
 
 }  // namespace ruvex

@@ -57,6 +57,8 @@ public:
 
     /// Ignored unless both translate handles exist or kShowsAll is set.
     void setCentre(float x, float y);
+    /// Takes the object's bounds from `getExtent`.
+    void updateBounds();
     /// Brings `matrix` and `inverse` up to date.
     void rebuild();
     /// The factors of the transform on X and Y, `aspect` included.
@@ -86,7 +88,6 @@ protected:
     std::uint32_t shownHandles() const;
     /// The centre, as far as the handles allow to translate.
     VxPosition shownCentre() const;
-    void updateBounds();
 
 private:
     enum class Look { Plain, Hovered, Pressed };

@@ -1,7 +1,7 @@
 #include "pages/help_ppg.h"
 
 #include "host/base/class_ids.h"
-#include "host/base/overlay_tool.h"
+#include "overlay/vx_t_interact.h"
 #include "pages/manual.h"
 #include "pages/resources/resource_ids.h"
 #include "parameters/strings.h"
@@ -45,8 +45,9 @@ HRESULT HelpPPG::OnInitDialog() {
 }
 
 void HelpPPG::OnHideOverlayChanged() {
-    const auto tool = ComPtr<IUnknown>(GetInteractiveTool()).query<IVxOverlayTool>();
-    if (tool) tool->setOverlayEnabled(hideOverlay.Get() == 0);
+    if (const auto tool = interactiveTool(GetInteractiveTool())) {
+        tool->setEnabled(hideOverlay.Get() == 0);
+    }
 }
 
 void HelpPPG::OnOnlineHelp() {

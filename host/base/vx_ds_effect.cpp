@@ -1,5 +1,7 @@
 #include "host/base/vx_ds_effect.h"
 
+#include "sdk/com/guarded.h"
+
 namespace ruvex {
 
 VxDsEffect::VxDsEffect() : link(std::make_shared<EffectLink>()) {}
@@ -30,8 +32,17 @@ HRESULT VxDsEffect::beginOverlay(IUnknown* object) {
     if (effectKind == EffectKind::Paint) return S_OK;
     const bool hadTool = overlay.tool() != nullptr;
     const HRESULT status = overlay.begin(*object);
-    if (!hadTool && overlay.tool()) linkOverlay();
-    return status;
+    if (hadTool || !overlay.tool()) return status;
+    link->follow(this);
+    return guarded([&] {
+        linkOverlay();
+        return status;
+    });
+}
+
+void VxDsEffect::endOverlay() {
+    overlay.end();
+    if (!overlay.tool()) link->follow(nullptr);
 }
 
 PixelOffset VxDsEffect::frameOffset(double) {

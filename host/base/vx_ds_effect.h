@@ -59,14 +59,6 @@ struct CropState {
     float edgeColour[4] = {};
 };
 
-/// What the box that is drawn around the crop shows. Not copied to clones.
-struct CropBoxState {
-    bool visible = false;
-    /// Whether `input` has been set.
-    bool placed = false;
-    PictureGeometry input;
-};
-
 /// Holds the parameters, and the render state that Execute sets and its processors read. A copy
 /// does not copy the state of the user interface and of a frame in progress.
 class VxDsEffect {
@@ -93,7 +85,7 @@ public:
     /// counts all the same. For paint effects and for null nothing is counted.
     HRESULT beginOverlay(IUnknown* object);
     /// The page no longer uses the on-screen controls.
-    void endOverlay() { overlay.end(); }
+    void endOverlay();
 
     /// Whether the frame is one field, rendered as an image of half height.
     bool rendersHalfHeight() const {
@@ -117,7 +109,6 @@ public:
     std::int32_t alphaMaskable = 0;  ///< nonzero: the channel mask applies to alpha too
 
     OverlayUse overlay;
-    CropBoxState cropBox;
 
     /// The geometry for the on-screen controls; written by this effect and its clones.
     std::shared_ptr<EffectLink> link;

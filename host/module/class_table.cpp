@@ -5,6 +5,7 @@
 #include "effect/ruvex.h"
 #include "host/base/class_ids.h"
 #include "host/module/class_factory.h"
+#include "overlay/vx_t_interact.h"
 #include "pages/breakup1_ppg.h"
 #include "pages/breakup2_ppg.h"
 #include "pages/effects_ppg.h"
@@ -32,7 +33,7 @@ constexpr ServedClass kClasses[] = {
     {kBreakup2PageId, 10, makeFactory<Breakup2PPG, IPropertyPage>},
     {kShashPageId, 12, makeFactory<ShashPPG, IPropertyPage>},
     {kEffectsPageId, 14, makeFactory<EffectsPPG, IPropertyPage>},
-    {kToolClassId, 1178, nullptr},
+    {kToolClassId, 1178, makeFactory<VxTInteract, IDSInteractiveTool>},
     {kHelpPageId, 16, makeFactory<HelpPPG, IPropertyPage>},
     {kCropPageId, 4997, makeFactory<FullCropPPG, IPropertyPage>},
 };

@@ -2,6 +2,7 @@
 
 #include "host/base/module_use.h"
 #include "host/module/class_table.h"
+#include "overlay/draw.h"
 #include "sdk/registry/registry.h"
 #include "sdk/resources/resources.h"
 
@@ -35,11 +36,13 @@ void registerAll() {
 }  // namespace
 }  // namespace ruvex
 
-BOOL DllMain(HINSTANCE instance, DWORD reason, void*) {
+BOOL DllMain(HINSTANCE instance, DWORD reason, void* processEnds) {
     if (reason == DLL_PROCESS_ATTACH) {
         ruvex::moduleInstance = instance;
         DisableThreadLibraryCalls(instance);
     }
+    // At the end of the process the libraries that this calls may be gone already.
+    if (reason == DLL_PROCESS_DETACH && !processEnds) ruvex::releaseDrawing();
     return TRUE;
 }
 
@@ -52,7 +55,6 @@ HRESULT DllGetClassObject(const GUID& classId, const GUID& interfaceId, void** o
     *out = nullptr;
     for (const ruvex::ServedClass& served : ruvex::servedClasses()) {
         if (served.classId != classId) continue;
-        if (!served.makeFactory) break;
         IClassFactory* factory = served.makeFactory();
         if (!factory) return E_OUTOFMEMORY;
         const HRESULT status = factory->QueryInterface(interfaceId, out);

@@ -1,5 +1,7 @@
 #include "sdk/viewer/interactive_tool.h"
 
+#include <cmath>
+
 #include "sdk/com/guarded.h"
 
 // A call of the viewer, its site or the operator may unlink the tool. Such a call is made through a
@@ -51,12 +53,12 @@ HRESULT CDSInteractiveTool::OnRender(IViewerSurface* surface) {
     return surface ? S_OK : E_POINTER;
 }
 
-HRESULT CDSInteractiveTool::OnPropertyChanged(const GUID&, const DSVARIANT*) {
-    return S_OK;
+HRESULT CDSInteractiveTool::OnPropertyChanged(const GUID& id, const DSVARIANT*) {
+    return id == GUID_NoProperty ? E_INVALIDARG : S_OK;
 }
 
-HRESULT CDSInteractiveTool::OnOnTimeChange(double) {
-    return S_OK;
+HRESULT CDSInteractiveTool::OnOnTimeChange(double seconds) {
+    return std::isfinite(seconds) ? S_OK : E_INVALIDARG;
 }
 
 HRESULT CDSInteractiveTool::OnPenDown(const tagVWPENEVENT* event) {

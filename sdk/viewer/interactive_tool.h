@@ -66,9 +66,10 @@ class DSVWR_API CDSInteractiveTool : public ComObject<IDSInteractiveTool> {
 public:
     /// Draws nothing. S_OK; E_POINTER for null.
     HRESULT OnRender(IViewerSurface* surface) override;
-    /// Called for each change of the linked operator. Does nothing: S_OK.
+    /// Called for each change of the linked operator. Does nothing: S_OK; E_INVALIDARG for
+    /// GUID_NoProperty.
     HRESULT OnPropertyChanged(const GUID& id, const DSVARIANT* value) override;
-    /// Does nothing: S_OK.
+    /// Does nothing: S_OK; E_INVALIDARG for a time that is not finite.
     HRESULT OnOnTimeChange(double seconds) override;
     /// Do nothing: S_OK, E_POINTER for null.
     HRESULT OnPenDown(const tagVWPENEVENT* event) override;

@@ -61,7 +61,8 @@ TEST_F(Memory, RunsOutAtEachAllocationOfAnObject) {
     const auto create = [&](void** out) {
         return factory->CreateInstance(nullptr, IID_IDSImageEffect, out);
     };
-    EXPECT_EQ(failEach(create), 2u) << "the object and its link";
+    EXPECT_EQ(failEach(create), 4u)
+        << "the object, its link, and the two sides of the crop box's connection";
 }
 
 TEST_F(Memory, RunsOutAtEachAllocationOfAClassFactory) {
@@ -132,8 +133,9 @@ ComPtr<IDSImageEffect> makeFullEffect() {
 TEST_F(Memory, RunsOutAtEachAllocationOfAClone) {
     const auto effect = makeFullEffect();
     const auto clone = [&](void** out) { return effect->Clone(IID_IDSImageEffect, out); };
-    EXPECT_EQ(failEach(clone), 8u)
-        << "the object, its link, its name, its pages, its animations and the keys of each";
+    EXPECT_EQ(failEach(clone), 10u) << "the object, its link, its name, its pages, its animations "
+                                       "and the keys of each, and the "
+                                       "two sides of the crop box's connection";
 }
 
 TEST_F(Memory, RunsOutAtEachAllocationOfACloneAtATime) {
@@ -141,7 +143,7 @@ TEST_F(Memory, RunsOutAtEachAllocationOfACloneAtATime) {
     const auto clone = [&](void** out) {
         return effect->CloneAtTime(0.5, IID_IDSImageEffect, out);
     };
-    EXPECT_EQ(failEach(clone), 8u);
+    EXPECT_EQ(failEach(clone), 10u);
 }
 
 TEST_F(Memory, RunsOutAtEachAllocationOfARegistration) {

@@ -1,5 +1,5 @@
 // The tool in the viewer: when an effect brings it up, and when it goes. The tool of these tests is
-// a plain object that a module of the tests serves under the tool's class.
+// a plain object, which a module of the tests serves in place of the effect's own.
 
 #include <cstring>
 #include <functional>
@@ -22,27 +22,43 @@ class ToolFactory final : public ComObject<IClassFactory> {
 public:
     HRESULT CreateInstance(IUnknown*, const GUID& id, void** out) override {
         if (const auto now = std::exchange(duringCreation, nullptr)) now();
+        if (refuses) return E_OUTOFMEMORY;
         return ComPtr<PlainObject>::attach(new PlainObject)->QueryInterface(id, out);
     }
     HRESULT LockServer(BOOL) override { return S_OK; }
 
     /// Called once, while the next tool is made.
     static inline std::function<void()> duringCreation;
+    static inline bool refuses = false;
 };
+
+/// Whether the tool of these tests is served; else CoCreateInstance asks the effect's module.
+bool serving = false;
 
 HRESULT serveTool(const GUID& classId, const GUID& id, void** out) {
     static ToolFactory factory;
-    return classId == kToolClassId ? factory.QueryInterface(id, out) : CLASS_E_CLASSNOTAVAILABLE;
+    return serving && classId == kToolClassId ? factory.QueryInterface(id, out)
+                                              : CLASS_E_CLASSNOTAVAILABLE;
 }
+
+/// Adds the module of the tests before any test loads the effect's.
+class ServedFirst final : public testing::Environment {
+public:
+    void SetUp() override { ASSERT_EQ(DSAddModule(serveTool), S_OK); }
+    void TearDown() override { DSRemoveModule(serveTool); }
+};
+
+const testing::Environment* const kServedFirst = testing::AddGlobalTestEnvironment(new ServedFirst);
 
 class Overlay : public testing::Test {
 protected:
     Overlay() {
         PlainObject::made = 0;
-        DSAddModule(serveTool);
+        serving = true;
     }
     ~Overlay() override {
-        DSRemoveModule(serveTool);
+        serving = false;
+        ToolFactory::refuses = false;
         EXPECT_EQ(PlainObject::alive, 0);
         EXPECT_TRUE(VWControllerContexts().empty());
     }
@@ -146,10 +162,10 @@ TEST_F(Overlay, IsNotTheClones) {
 
 TEST_F(Overlay, AToolThatCannotBeMadeIsAskedForAgainByTheNextPage) {
     const auto effect = makeEffect(DSFAMILY_Filter);
-    DSRemoveModule(serveTool);
-    EXPECT_EQ(baseOf(effect).beginOverlay(object.get()), REGDB_E_CLASSNOTREG);
+    ToolFactory::refuses = true;
+    EXPECT_EQ(baseOf(effect).beginOverlay(object.get()), E_OUTOFMEMORY);
     EXPECT_EQ(contexts(), 0u);
-    DSAddModule(serveTool);
+    ToolFactory::refuses = false;
     EXPECT_EQ(baseOf(effect).beginOverlay(object.get()), S_OK);
     EXPECT_EQ(contexts(), 1u);
     baseOf(effect).endOverlay();
@@ -179,24 +195,6 @@ TEST_F(Overlay, APageThatEndsWhileTheToolIsMadeLeavesNone) {
     EXPECT_EQ(base.overlay.users(), 0);
     EXPECT_FALSE(base.overlay.tool());
     EXPECT_EQ(contexts(), 0u);
-}
-
-TEST_F(Overlay, FollowsThePageInFrontOnceItIsShown) {
-    const auto effect = makeEffect(DSFAMILY_Filter);
-    VxDsEffect& base = baseOf(effect);
-    base.pageActivated("crop", 0, 0);
-    EXPECT_FALSE(base.cropBox.visible) << "without a tool";
-    base.beginOverlay(object.get());
-    EXPECT_TRUE(base.cropBox.placed);
-    EXPECT_EQ(base.cropBox.input, base.link->geometry().input);
-    base.pageActivated("crop", 0, 0);
-    EXPECT_TRUE(base.cropBox.visible);
-    for (const char* other : {"cropped", "", "HelpPPG", static_cast<const char*>(nullptr)}) {
-        base.pageActivated("crop", 0, 0);
-        base.pageActivated(other, 0, 0);
-        EXPECT_FALSE(base.cropBox.visible);
-    }
-    base.endOverlay();
 }
 
 /// Notes which of the functions of the table is called.

@@ -6,20 +6,30 @@ set -euo pipefail
 module=$1
 expected='CoCreateFreeThreadedMarshaler
 CoCreateInstance
+CreateFontA
 DSContentGetProperty
+DSPostToUserInterface
 DSRegisterCOMEffect
 DSRegisterObjectFamilies
 DSUnregisterCOMEffect
 DSUnregisterObjectFamilies
+DeleteObject
 EnableWindow
+GetCharWidth32W
 GetDlgItem
 GetPropW
+InvalidateRect
 LoadStringW
+SelectObject
 SendMessageW
 ShellExecuteW
 ShowWindow
 VWControllerPushContext
-VWControllerRemoveContext'
+VWControllerRemoveContext
+vwSurfaceBeginRenderOpenGL
+vwSurfaceEndRenderOpenGL
+wglGetCurrentDC
+wglUseFontBitmapsW'
 # Symbols of the compiler's and the C libraries have a version, after an @.
 asked=$(nm --dynamic --demangle --undefined-only "$module" | sed -n 's/^ *U \([A-Za-z0-9_]*\)(.*/\1/p' |
     grep -v '^operator' | sort -u)

@@ -3,10 +3,9 @@
 #include <algorithm>
 #include <utility>
 
-#include "host/base/overlay_tool.h"
+#include "overlay/vx_t_interact.h"
 #include "pages/manual.h"
 #include "pages/resources/resource_ids.h"
-#include "sdk/com/module_table.h"
 #include "sdk/viewer/viewer_controller.h"
 #include "tests/pages/page_test.h"
 
@@ -32,7 +31,13 @@ TEST_F(HelpPage, SaysWhatTheEffectIs) {
 }
 
 TEST_F(HelpPage, WithoutAToolTheBoxDoesNothing) {
+    // A paint effect has no controls in the viewer.
+    editor.reset();
+    session = std::make_unique<runtime::EffectSession>(runtime::EffectSession::Setup{
+        .project = {.width = 720, .height = 576}, .family = DSFAMILY_Paint});
+    editor = std::make_unique<runtime::Editor>(*session);
     const auto page = open(kHelpPageId);
+    ASSERT_TRUE(VWControllerContexts().empty());
     const auto before = states();
     for (const bool checked : {true, false, true}) {
         EXPECT_TRUE(DSClickButton(item(page, IDC_HIDE_OVERLAY_CONTROLS)));
@@ -43,40 +48,34 @@ TEST_F(HelpPage, WithoutAToolTheBoxDoesNothing) {
     EXPECT_EQ(editor->undoStack().undoCount(), 0u);
 }
 
-/// A tool that notes whether its controls are shown.
-class NotingTool final : public ComObject<IVxOverlayTool> {
-public:
-    void setOverlayEnabled(bool enabled) override { log.push_back(enabled); }
-
-    static inline std::vector<bool> log;
-};
-
-class ToolFactory final : public ComObject<IClassFactory> {
-public:
-    HRESULT CreateInstance(IUnknown*, const GUID& id, void** out) override {
-        return ComPtr<NotingTool>::attach(new NotingTool)->QueryInterface(id, out);
-    }
-    HRESULT LockServer(BOOL) override { return S_OK; }
-};
-
-HRESULT serveTool(const GUID& classId, const GUID& id, void** out) {
-    static ToolFactory factory;
-    return classId == kToolClassId ? factory.QueryInterface(id, out) : CLASS_E_CLASSNOTAVAILABLE;
-}
-
 TEST_F(HelpPage, TheBoxShowsAndHidesTheControlsAndStartsClear) {
-    DSAddModule(serveTool);
-    NotingTool::log.clear();
     const auto guns = open(kGunsPageId);
     auto page = open(kHelpPageId);
-    EXPECT_EQ(VWControllerContexts().size(), 1u);
-    DSClickButton(item(page, IDC_HIDE_OVERLAY_CONTROLS));
+    ASSERT_EQ(VWControllerContexts().size(), 1u);
+    const auto tool = interactiveTool(VWControllerContexts()[0].tool.get());
+    const auto tick = [&] { DSClickButton(item(page, IDC_HIDE_OVERLAY_CONTROLS)); };
+    tick();
+    EXPECT_FALSE(tool->isEnabled());
+    page.reset();
     page = open(kHelpPageId);
-    EXPECT_FALSE(state(page, IDC_HIDE_OVERLAY_CONTROLS).checked) << "although they are hidden";
-    DSClickButton(item(page, IDC_HIDE_OVERLAY_CONTROLS));
-    DSClickButton(item(page, IDC_HIDE_OVERLAY_CONTROLS));
-    EXPECT_EQ(NotingTool::log, (std::vector<bool>{false, false, true}));
-    DSRemoveModule(serveTool);
+    EXPECT_FALSE(state(page, IDC_HIDE_OVERLAY_CONTROLS).checked);
+    EXPECT_FALSE(tool->isEnabled()) << "although the box is clear";
+    tick();
+    EXPECT_FALSE(tool->isEnabled());
+    tick();
+    EXPECT_TRUE(tool->isEnabled());
+}
+
+TEST_F(HelpPage, TheBoxChangesOneBitOfTheTool) {
+    const auto page = open(kHelpPageId);
+    const auto tool = interactiveTool(VWControllerContexts().at(0).tool.get());
+    for (const std::uint32_t others : {0u, 0xFFFFFFFEu, 0x5A5A5A5Au}) {
+        tool->toolFlags = others | VxTInteract::kOverlayEnabled;
+        DSClickButton(item(page, IDC_HIDE_OVERLAY_CONTROLS));
+        EXPECT_EQ(tool->toolFlags, others);
+        DSClickButton(item(page, IDC_HIDE_OVERLAY_CONTROLS));
+        EXPECT_EQ(tool->toolFlags, others | VxTInteract::kOverlayEnabled);
+    }
 }
 
 // The manual.
