@@ -1,6 +1,7 @@
 #include "tests/layers/layers.h"
 
 #include <algorithm>
+#include <cctype>
 
 namespace ruvex {
 namespace {
@@ -52,7 +53,53 @@ std::string angledComplaint(const Layer& layer, std::string_view name) {
     return {};
 }
 
+bool isWordCharacter(char character) {
+    return character == '_' || std::isalnum(static_cast<unsigned char>(character));
+}
+
+/// Whether a word is `glName` or `gluName`.
+bool isOpenGlFunction(std::string_view word) {
+    if (!word.starts_with("gl")) return false;
+    word.remove_prefix(word.starts_with("glu") ? 3 : 2);
+    return !word.empty() && std::isupper(static_cast<unsigned char>(word[0]));
+}
+
+bool isOpenGlUser(std::string_view path) {
+    const std::string_view file = path.substr(0, path.rfind('.'));
+    return std::ranges::any_of(openGlUsers(), [&](std::string_view place) {
+        return place.ends_with('/') || place.ends_with('_') ? path.starts_with(place)
+                                                            : file == place;
+    });
+}
+
 }  // namespace
+
+const std::vector<std::string_view>& openGlUsers() {
+    static const std::vector<std::string_view> all = {
+        "desk/",
+        "overlay/draw",
+        "overlay/font_",
+        "overlay/interact_render",
+        "runtime/headless_surface",
+        "sdk/open_gl/",
+        "sdk/viewer/viewer_font",
+        "sdk/viewer/viewer_surface",
+    };
+    return all;
+}
+
+std::string_view misplacedOpenGl(std::string_view path, std::string_view line) {
+    if (isOpenGlUser(path)) return {};
+    line = line.substr(0, line.find("//"));
+    while (!line.empty()) {
+        const auto begin = std::ranges::find_if(line, isWordCharacter);
+        const auto end = std::find_if_not(begin, line.end(), isWordCharacter);
+        const std::string_view word(begin, end);
+        if (isOpenGlFunction(word)) return word;
+        line = std::string_view(end, line.end());
+    }
+    return {};
+}
 
 const std::vector<Layer>& layers() {
     static const std::vector<Layer> all = {
@@ -82,7 +129,8 @@ const std::vector<OutsideLibrary>& outsideLibraries() {
     static const std::vector<OutsideLibrary> all = {
         {"libav", {"media"}},
         {"libsw", {"media"}},
-        {"GL/", {"overlay", "sdk", "desk"}},
+        {"GL/", {"sdk", "desk"}},
+        {"EGL/", {"runtime"}},
         {"Q", {"desk"}},
         {"CLI/", {"cli"}},
         {"nlohmann/", {"looks", "jobs", "cli", "desk", "adapters"}},

@@ -23,6 +23,14 @@ struct OutsideLibrary {
     std::vector<std::string_view> users;
 };
 
+/// Where OpenGL and GLU may be called. A name that ends with '/' or '_' is how paths begin; any
+/// other is a file without its extension.
+const std::vector<std::string_view>& openGlUsers();
+
+/// The first function of OpenGL or GLU that the line names outside a comment and that the file at
+/// `path` may not call; empty if there is none.
+std::string_view misplacedOpenGl(std::string_view path, std::string_view line);
+
 /// From the bottom of the house up.
 const std::vector<Layer>& layers();
 

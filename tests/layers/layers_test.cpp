@@ -39,7 +39,7 @@ std::vector<fs::path> checkedSources() {
     return sources;
 }
 
-TEST(Layers, NoIncludeGoesAgainstTheOrder) {
+TEST(Layers, NoLineGoesAgainstTheOrder) {
     const std::vector<fs::path> sources = checkedSources();
     EXPECT_GT(sources.size(), 20u);
     for (const fs::path& source : sources) {
@@ -50,6 +50,7 @@ TEST(Layers, NoIncludeGoesAgainstTheOrder) {
         for (std::string line; std::getline(file, line);) {
             ++number;
             EXPECT_EQ(complaint(path, line), "") << path << ':' << number << ": " << line;
+            EXPECT_EQ(misplacedOpenGl(path, line), "") << path << ':' << number << ": " << line;
         }
     }
 }
@@ -131,7 +132,28 @@ TEST(Layers, OutsideLibrariesStayWithTheirUsers) {
     EXPECT_EQ(complaint("imaging/threads.cpp", "#include <thread>"), "");
     EXPECT_EQ(complaint("media/reader.cpp", "#include <libavutil/frame.h>"), "");
     EXPECT_EQ(complaint("sdk/com/com.h", "#include <objbase.h>"), "");
-    EXPECT_EQ(complaint("overlay/draw.cpp", "#include <GL/gl.h>"), "");
+    EXPECT_NE(complaint("overlay/draw.cpp", "#include <GL/gl.h>"), "");
+    EXPECT_EQ(complaint("sdk/open_gl/open_gl.h", "#include <GL/gl.h>"), "");
+    EXPECT_NE(complaint("sdk/viewer/viewer_surface.cpp", "#include <EGL/egl.h>"), "");
+    EXPECT_EQ(complaint("runtime/headless_surface.cpp", "#include <EGL/egl.h>"), "");
+}
+
+TEST(Layers, OpenGlIsCalledInFewFilesAlone) {
+    EXPECT_EQ(misplacedOpenGl("overlay/vx_t_group.cpp", "    gl().glBegin(GL_LINES);"), "glBegin");
+    EXPECT_EQ(misplacedOpenGl("overlay/vx_t_group.cpp", "gluDisk(quadric, 0, 1);"), "gluDisk");
+    EXPECT_EQ(misplacedOpenGl("overlay/drawing.cpp", "auto* call = &::glEnd;"), "glEnd");
+    EXPECT_EQ(misplacedOpenGl("sdk/viewer/viewer_controller.cpp", "a(); glEnd(); // b"), "glEnd");
+    EXPECT_EQ(misplacedOpenGl("runtime/viewer.cpp", "glFlush();"), "glFlush");
+    for (const char* user : {"overlay/draw.cpp", "overlay/draw.h", "overlay/font_text.cpp",
+                             "overlay/interact_render.cpp", "sdk/open_gl/open_gl.h",
+                             "sdk/viewer/viewer_font.cpp", "desk/viewer.cpp"}) {
+        EXPECT_EQ(misplacedOpenGl(user, "glBegin(GL_LINES);"), "") << user;
+    }
+    for (const char* line : {"VxTDraw::loadMatrixIntoGl();", "openGl();", "int glue = glow + gl;",
+                             "wglGetCurrentDC();", "// as glBegin does",
+                             "const auto myglBegin = 1;", "RUVEX_glBegin", ""}) {
+        EXPECT_EQ(misplacedOpenGl("overlay/vx_t_group.cpp", line), "") << line;
+    }
 }
 
 }  // namespace
