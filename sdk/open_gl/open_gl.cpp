@@ -5,7 +5,7 @@
 namespace ruvex {
 namespace {
 
-constinit OpenGlLoader systemLibraries;
+OpenGlLoader systemLibraries;
 
 }  // namespace
 

@@ -14,9 +14,9 @@ namespace ruvex {
 class OpenGlLoader {
 public:
     /// The libraries of the system.
-    constexpr OpenGlLoader() = default;
+    OpenGlLoader() = default;
     /// Libraries by name or path. Windows ignores both: there the system's are linked.
-    constexpr OpenGlLoader(const char* openGlName, const char* gluName)
+    OpenGlLoader(const char* openGlName, const char* gluName)
         : openGlName_(openGlName), gluName_(gluName) {}
 
     /// Opens the libraries unless they are open. Null if that fails; the next call tries again.
