@@ -29,6 +29,16 @@ inline std::vector<const VxTObject*> childrenOf(const VxTContainer& container) {
     return children;
 }
 
+/// The way of the focus, from the top.
+inline std::vector<VxTObject*> focusPath(const VxTManager& manager) {
+    std::vector<VxTObject*> path;
+    for (VxTObject* node = manager.focus; node; node = node->focus) {
+        path.push_back(node);
+        if (node->focus == node) break;
+    }
+    return path;
+}
+
 /// Is hit everywhere in its bounds, unless `hitResult` says otherwise.
 class ScriptedObject : public VxTObject {
 public:
