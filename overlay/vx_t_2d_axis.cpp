@@ -154,11 +154,15 @@ void VxT2DAxis::getExtent(float (&out)[4]) {
 }
 
 void VxT2DAxis::drawTip(const VxPosition& where) {
+    char text[kTipSize];
+    if (getTipText(text)) drawText(text, where.x, where.y);
+}
+
+bool VxT2DAxis::getTipText(char (&out)[kTipSize]) const {
     const char* const verb = verbOf(activeHandle);
-    if (!tip || isPressed() || !verb) return;
-    char text[256];
-    std::snprintf(text, sizeof text, "%s the %s.", verb, tip->c_str());
-    drawText(text, where.x, where.y);
+    if (!tip || isPressed() || !verb) return false;
+    std::snprintf(out, sizeof out, "%s the %s.", verb, tip->c_str());
+    return true;
 }
 
 }  // namespace ruvex

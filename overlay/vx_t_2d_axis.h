@@ -37,6 +37,7 @@ public:
     /// In units of the tree, before `uiScale`.
     static constexpr float kHandleLength = 37.0f;
     static constexpr float kArcRadius = 32.0f;
+    static constexpr std::size_t kTipSize = 256;
 
     /// `handleMask` says which handles exist. `objectName` is copied; it may be null.
     VxT2DAxis(const char* objectName, std::uint32_t handleMask);
@@ -55,6 +56,9 @@ public:
     /// Lowest x, highest x, lowest y, highest y.
     virtual void getExtent(float (&out)[4]);
 
+    /// The tool-tip for the active handle, cut to 255 characters. False if there is none: without a
+    /// `tip`, without an active handle, and while the axis is pressed.
+    bool getTipText(char (&out)[kTipSize]) const;
     /// Ignored unless both translate handles exist or kShowsAll is set.
     void setCentre(float x, float y);
     /// Takes the object's bounds from `getExtent`.
