@@ -283,9 +283,9 @@ TEST_F(Manager, NeitherAnInvisibleNorADisabledObjectIsHit) {
 
 TEST_F(Manager, ASwallowingGroupKeepsThePenFromObjectsBelow) {
     VxTGroup group("group");
-    ScriptedObject corner("corner", log), far("far", log, {90, 90});
+    ScriptedObject corner("corner", log), distant("distant", log, {90, 90});
     group.addChild(&corner);
-    group.addChild(&far);
+    group.addChild(&distant);
     corner.setPosition(-40, -40);
     manager.addObject(&group);
     sendPen(manager, PenMoved, kIn);
