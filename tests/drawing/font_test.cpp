@@ -30,6 +30,12 @@ TEST_F(Font, IsMadeWithAHeightOf18) {
     EXPECT_EQ(gl().glGetError(), static_cast<GLenum>(GL_NO_ERROR));
 }
 
+TEST_F(Font, LeavesNoErrorOfOpenGl) {
+    gl().glEnable(GL_COLOR_BUFFER_BIT);  // No state has this number.
+    VxTDraw::deleteFont(VxTDraw::createFont(wglGetCurrentDC()));
+    EXPECT_EQ(gl().glGetError(), static_cast<GLenum>(GL_NO_ERROR));
+}
+
 TEST_F(Font, IsNotMadeWithoutADeviceContext) {
     EXPECT_EQ(VxTDraw::createFont(nullptr), 0u);
 }

@@ -49,6 +49,7 @@ TEST_F(RoundShapes, ArcsRunAnticlockwiseFromTheXAxis) {
     VxTDraw::drawArc(kX, kY, kRadius, -10, 100);
     EXPECT_EQ(drawnDegrees(), (std::vector<int>{0, 45, 90}));
     EXPECT_THAT(picture().at(50, 30), IsEmpty());
+    EXPECT_THAT(picture().at(58, 36), IsEmpty()) << "only the edge is drawn";
 }
 
 TEST_F(RoundShapes, ArcsMayBeginAndEndAnywhere) {
