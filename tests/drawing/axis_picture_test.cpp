@@ -170,7 +170,8 @@ TEST(AxisPicture, TheArcHasItsHeadsAtItsEnds) {
     for (const float side : {-1.0f, 1.0f}) {
         EXPECT_GT(picture.at(46, side * 44).green, 50) << "near the tip";
         EXPECT_THAT(picture.at(52, side * 35), Shows(paletteGreen)) << "inside";
-        EXPECT_THAT(picture.at(55, side * 32), Shows(paletteGreen)) << "inside";
+        EXPECT_THAT(picture.at(55, side * 35), Shows(paletteGreen)) << "inside, at its edge";
+        EXPECT_THAT(picture.at(57, side * 37), IsEmpty()) << "outside of its edge";
         EXPECT_THAT(picture.at(42, side * 49), IsEmpty()) << "beyond the tip";
         EXPECT_THAT(picture.at(45, side * 35), IsEmpty()) << "beside it";
     }
@@ -198,6 +199,8 @@ TEST(AxisPicture, TheAspectHandleIsADotOnALine) {
     EXPECT_THAT(picture.at(74, 74), Shows(paletteBlue));
     EXPECT_THAT(picture.at(76, 74), Shows(paletteBlue));
     EXPECT_GT(picture.at(40, 40).blue, 150) << "the line";
+    EXPECT_GT(picture.at(41, 40).blue, 20) << "it is smooth";
+    EXPECT_LT(picture.at(41, 40).blue, 200);
     EXPECT_THAT(picture.at(81, 81), IsEmpty());
     EXPECT_THAT(pictureOf(Axis::kAspect | Axis::kScaleX).at(88, 88), Shows(paletteBlue));
 }
@@ -336,6 +339,15 @@ TEST_F(AxisGroupPicture, DrawsItsAxisOnlyIfItHasOne) {
     EXPECT_EQ(CentredPicture(group).drawn(), 0);
     group.groupFlags = VxT2DAxisGroup::kHasAxis;
     EXPECT_THAT(CentredPicture(group).at(30 + 10, 20), Shows(paletteRed));
+}
+
+TEST_F(AxisGroupPicture, DrawsItsAxisUnderTheGlobalMatrixIfThatIsSet) {
+    group.groupFlags = VxT2DAxisGroup::kHasAxis;
+    VxTDraw::matrixStack.multiply({{{1, 0, 0}, {0, 1, 0}, {-80, 0, 1}}});
+    EXPECT_THAT(CentredPicture(group).at(30 + 10, 20), Shows(paletteRed));
+    group.drawGlobal = true;
+    EXPECT_THAT(CentredPicture(group).at(30 + 10 - 80, 20), Shows(paletteRed));
+    VxTDraw::matrixStack = {};
 }
 
 TEST_F(AxisGroupPicture, TransformsAsFarAsItsHandlesAllow) {
