@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include <atomic>
 #include <functional>
 #include <string>
 #include <utility>
@@ -18,7 +19,7 @@ class ScriptedTool final : public CDSInteractiveTool {
 public:
     using Calls = std::vector<std::string>;
 
-    static inline int alive = 0;
+    static inline std::atomic<int> alive = 0;
 
     /// In the shared list, `name` and a blank stand before each call.
     explicit ScriptedTool(std::string name = {}, Calls* shared = nullptr)
