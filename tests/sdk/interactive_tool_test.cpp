@@ -1,5 +1,6 @@
 #include "sdk/viewer/interactive_tool.h"
 
+#include <algorithm>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -109,7 +110,7 @@ TEST_F(InteractiveTool, KeepsOneOperatorAndOneViewer) {
 
 TEST_F(InteractiveTool, ALinkThatFailsChangesNothing) {
     const auto plain = ComPtr<PlainObject>::attach(new PlainObject);
-    const auto unobservable = ComPtr<UnobservableObject>::attach(new UnobservableObject);
+    const auto unobservable = ComPtr<ScriptedProperties>::attach(new ScriptedProperties);
     EXPECT_EQ(tool->OnLinkToOperator(plain.get()), E_NOINTERFACE);
     EXPECT_EQ(tool->OnLinkToOperator(unobservable.get()), E_OUTOFMEMORY);
     EXPECT_EQ(tool->OnLinkToViewer(plain.get()), E_NOINTERFACE);
@@ -250,6 +251,24 @@ TEST_F(InteractiveTool, OfAnEarlierObserversUnlinkingHearsNothingMore) {
     EXPECT_THAT(tool->calls, ElementsAre("OnUnlinkFromOperator"));
     earlier->during = nullptr;
     EXPECT_EQ(earlier->OnUnlinkFromOperator(), S_OK);
+}
+
+TEST_F(InteractiveTool, IsOutOfReachOfAnObserverThatIsKept) {
+    const auto keeping = ComPtr<ScriptedProperties>::attach(new ScriptedProperties);
+    keeping->refuses = false;
+    ASSERT_EQ(tool->OnLinkToOperator(keeping.get()), S_OK);
+    const auto notify = [&] {
+        return keeping->observer->PropertyChanged(kLiftId, nullptr, nullptr, nullptr, 0);
+    };
+    tool->failing = "OnPropertyChanged";
+    EXPECT_EQ(notify(), E_FAIL);
+    EXPECT_EQ(tool->OnUnlinkFromOperator(), S_OK);
+    EXPECT_EQ(notify(), S_OK);
+    EXPECT_EQ(std::ranges::count(tool->calls, "OnPropertyChanged"), 1);
+    ASSERT_EQ(tool->OnLinkToOperator(keeping.get()), S_OK);
+    tool.reset();
+    EXPECT_EQ(ScriptedTool::alive, 0);
+    EXPECT_EQ(notify(), S_OK);
 }
 
 TEST_F(InteractiveTool, MakesOneBracketOfADrag) {

@@ -109,8 +109,8 @@ inline ComPtr<ScriptedViewer> makeViewer(std::string name = "viewer",
     return ComPtr<ScriptedViewer>::attach(new ScriptedViewer(std::move(name), shared));
 }
 
-/// An object whose properties refuse observers.
-class UnobservableObject final : public ComObject<IDSProperties> {
+/// An object without properties, which refuses observers, or keeps the last one for good.
+class ScriptedProperties final : public ComObject<IDSProperties> {
 public:
     HRESULT GetPropertyCount(ULONG*) override { return E_NOTIMPL; }
     HRESULT GetPropertyDef(ULONG, const CDSParamDef**) override { return E_NOTIMPL; }
@@ -121,8 +121,16 @@ public:
     HRESULT GetKeys(const GUID&, DSKey*, ULONG, ULONG*) override { return E_NOTIMPL; }
     HRESULT GetPlainValue(const GUID&, VARIANT*) override { return E_NOTIMPL; }
     HRESULT SetStates(const DSPropertyState*, ULONG) override { return E_NOTIMPL; }
-    HRESULT Advise(IDSPropertyObserver*, ULONG*) override { return E_OUTOFMEMORY; }
+    HRESULT Advise(IDSPropertyObserver* added, ULONG* cookie) override {
+        if (refuses) return E_OUTOFMEMORY;
+        observer = added;
+        *cookie = 1;
+        return S_OK;
+    }
     HRESULT Unadvise(ULONG) override { return E_INVALIDARG; }
+
+    bool refuses = true;
+    ComPtr<IDSPropertyObserver> observer;
 };
 
 }  // namespace ruvex::test

@@ -1,5 +1,6 @@
 // How tools are linked to the viewer while contexts and viewers come and go.
 
+#include <algorithm>
 #include <atomic>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -102,7 +103,7 @@ TEST_F(ViewerLinks, ThatFailLeaveNoContext) {
     };
     const auto plain = ComPtr<PlainObject>::attach(new PlainObject);
     expectRefused(push(tool.get(), plain.get()), E_NOINTERFACE);
-    const auto unobservable = ComPtr<UnobservableObject>::attach(new UnobservableObject);
+    const auto unobservable = ComPtr<ScriptedProperties>::attach(new ScriptedProperties);
     expectRefused(push(tool.get(), unobservable.get()), E_OUTOFMEMORY);
     tool->failing = "OnLinkToOperator";
     expectRefused(push(tool), E_FAIL);
@@ -361,6 +362,8 @@ TEST_F(LinksInsideLinks, AToolThatSetsAViewerWhileItIsUnlinkedIsOverruled) {
         EXPECT_EQ(VWControllerSetViewer(second.get()), S_OK);
         EXPECT_EQ(VWControllerViewer(), ComPtr<IDSViewer>(second));
         EXPECT_TRUE(isLinked(contexts[0]) && isLinked(contexts[1]));
+        EXPECT_EQ(std::ranges::count(a->calls, "OnLinkToOperator"), 2)
+            << "it is not linked while it is unlinked";
         for (const ULONG context : contexts) VWControllerRemoveContext(context);
         expectUnlinked(a);
         expectUnlinked(b);
