@@ -14,17 +14,24 @@ namespace {
 
 class Follow : public ToolTest {
 protected:
-    /// Renders a frame whose input has this rectangle in world units; an empty one: without input.
-    static void render(runtime::EffectSession& clone, DSFloatPair origin, DSFloatPair size) {
+    /// Renders a frame whose input has this rectangle in world units.
+    static void render(runtime::EffectSession& by, DSFloatPair origin, DSFloatPair size) {
         runtime::RenderRequest request;
         request.output = runtime::makeImage(8, 8, MFIF_RGBA_RAW_32);
-        if (size.x > 0.0f) {
-            const auto input = runtime::makeImage(8, 8, MFIF_RGBA_RAW_32);
-            input->setWorldOrigin(origin);
-            input->setWorldSize(size);
-            request.input = input;
-        }
-        clone.render(request);
+        const auto input = runtime::makeImage(8, 8, MFIF_RGBA_RAW_32);
+        input->setWorldOrigin(origin);
+        input->setWorldSize(size);
+        request.input = input;
+        by.render(request);
+    }
+    /// Renders a frame without an input.
+    static void renderWithoutInput(const runtime::EffectSession& by) {
+        const auto project = by.enter();
+        const auto output = runtime::makeImage(8, 8, MFIF_RGBA_RAW_32);
+        EXPECT_EQ(by.effect().Setup(), S_OK);
+        EXPECT_EQ(by.effect().SetOutput(output.get()), S_OK);
+        EXPECT_EQ(by.effect().Execute(0.0), S_OK);
+        EXPECT_EQ(by.effect().Cleanup(), S_OK);
     }
 
     int wakes = 0;
@@ -70,7 +77,7 @@ TEST_F(Follow, OnlyAnotherGeometryIsPosted) {
 TEST_F(Follow, AFrameWithoutInputKeepsTheLastRectangle) {
     render(*clone, {100, 50}, {400, 300});
     queue->run();
-    render(*clone, {}, {});
+    renderWithoutInput(*clone);
     queue->run();
     EXPECT_EQ(wakes, 2);
     EXPECT_EQ(box().limits, (VxRect{100, 50, 500, 350}));
@@ -112,6 +119,7 @@ TEST(FollowTask, KeepsTheModuleAndNotTheEffect) {
     auto page = editor->open(kCropPageId);
     auto clone = std::make_unique<runtime::EffectSession>(session->clone());
     runtime::RenderRequest request;
+    request.input = runtime::makeImage(8, 8, MFIF_RGBA_RAW_32);
     request.output = runtime::makeImage(8, 8, MFIF_RGBA_RAW_32);
     clone->render(request);
     page.reset();
