@@ -36,7 +36,7 @@ TEST_F(ModuleCommand, ListsClassesFamiliesFormatsAndParameters) {
          {"V_Ruvex: Osterlin's Ruvex Effect\n",
           "\nA41E7F12-37AB-48B5-99C9-C4B83402C0FC  yes   2       Osterlin's Ruvex Effect\n",
           "\nFF17B06D-625E-467E-8781-A656F61FC4DF  yes   4       V_Ruvex's main PPG\n",
-          "\n6EBC28D8-0306-446E-9285-F5BF7111D075  no    1178\n",
+          "\n6EBC28D8-0306-446E-9285-F5BF7111D075  yes   1178\n",
           "\n633BF221-759B-4B4A-B863-64706872769D  yes   16      V_Ruvex's help PPG\n",
           "\n95F7E8A0-8B84-11D1-94A3-00A0C911C625  1        V_Ruvex\n", "MFIF_RGBA_RAW_32",
           "MFIF_RGBA_S2_14", "Master Breakup\n"}) {
