@@ -252,6 +252,32 @@ TEST_F(Interact, ATimeChangeWithoutAViewerDoesNothing) {
     EXPECT_EQ(crop.rect, (VxRect{1, 2, 3, 4}));
 }
 
+class WidePixels : public ToolTest {
+protected:
+    WidePixels() : ToolTest({.width = 720, .height = 576, .pixelAspect = 16.0 / 11.0}) {}
+};
+
+TEST_F(WidePixels, ThePenComesInWorldUnitsAndTheTreeIsInUserUnits) {
+    const float userScale = 396.0f / 576.0f;
+    EXPECT_EQ(tool().userScale, userScale);
+    viewer->penMove({.button = 0, .x = 100.0, .y = 50.0});
+    EXPECT_EQ(tool().penPosition, (VxPosition{static_cast<float>(100.0 / userScale),
+                                              static_cast<float>(50.0 / userScale)}));
+    viewer->penMove({.button = 0, .x = -7.0, .y = 396.0});
+    EXPECT_EQ(tool().penPosition, (VxPosition{static_cast<float>(-7.0 / userScale), 576.0f}));
+}
+
+TEST_F(WidePixels, ALineIsTakenWhereItIsSeen) {
+    set(ParameterId::CropLeft, 25);
+    viewer->penDown({.button = 1, .x = 180.0, .y = 200.0});
+    viewer->penUp({.button = 1, .x = 360.0, .y = 200.0});
+    EXPECT_EQ(value(ParameterId::CropLeft), 25) << "a release is no move";
+    viewer->penDown({.button = 1, .x = 180.0, .y = 200.0});
+    viewer->penMove({.button = 1, .x = 360.0, .y = 200.0});
+    viewer->penUp({.button = 1, .x = 360.0, .y = 200.0});
+    EXPECT_NEAR(value(ParameterId::CropLeft), 50, 1e-4);
+}
+
 // Links.
 
 /// What a link gives when it is made twice, or to nothing: the link before goes too.
