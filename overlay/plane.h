@@ -15,7 +15,7 @@ inline float toRadians(float degrees) {
     return degrees * kPi / 180.0f;
 }
 
-/// The sine and cosine of an angle in degrees, anticlockwise from the X axis.
+/// A rotation of points around (0, 0) by an angle in degrees, anticlockwise.
 struct Turn {
     explicit Turn(float degrees)
         : sine(std::sin(toRadians(degrees))), cosine(std::cos(toRadians(degrees))) {}
@@ -27,15 +27,11 @@ struct Turn {
     float sine, cosine;
 };
 
-inline VxPosition operator+(VxPosition a, VxPosition b) {
-    return {a.x + b.x, a.y + b.y};
-}
-
 inline VxPosition operator-(VxPosition a, VxPosition b) {
     return {a.x - b.x, a.y - b.y};
 }
 
-/// Scaled, then turned, then moved.
+/// The matrix that scales, then rotates, then moves by `shift`.
 inline VxMatrix planeMatrix(VxPosition scale, float degrees, VxPosition shift) {
     const Turn turn(degrees);
     const VxMatrix scaling{{{scale.x, 0, 0}, {0, scale.y, 0}, {0, 0, 1}}};

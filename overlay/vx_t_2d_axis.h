@@ -14,6 +14,11 @@ namespace ruvex {
 ///
 /// Lengths of handles are multiplied by `uiScale`. The pen's positions are those of the object
 /// above. The axes to translate by do not turn with `rotation`; all other handles do.
+///
+/// A handle has its colour: red to translate, blue for the box and the aspect, green to rotate. Its
+/// lines are stippled in this colour and white while the pen is over it, and white while it is
+/// pressed; the line and the arc to rotate by are stippled then, too. The heads of its arrows have
+/// a white outline in both cases, and are filled with white while it is pressed.
 class VxT2DAxis : public VxTObject, public VxMessageSender {
 public:
     enum Handle : std::uint32_t {

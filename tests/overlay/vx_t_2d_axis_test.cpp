@@ -87,6 +87,17 @@ TEST(Axis, EachHandleIsHitWhereItIs) {
     EXPECT_EQ(axis.focus, nullptr);
 }
 
+TEST(Axis, TheEdgesOfTheBoxEndBeforeItsCorners) {
+    Axis axis("axis", Axis::kScaleX | Axis::kScaleY);
+    for (const float side : {-1.0f, 1.0f}) {
+        EXPECT_EQ(axis.hit({side * 37, side * 37}, {1, 1}), kMiss);
+        axis.hit({side * 37, side * 36.9f}, {1, 1});
+        EXPECT_EQ(axis.activeHandle, 8u);
+        axis.hit({side * 36.9f, side * 37}, {1, 1});
+        EXPECT_EQ(axis.activeHandle, 16u);
+    }
+}
+
 TEST(Axis, TheAspectsHandleStaysAtTheCornerWithoutScaleHandles) {
     Axis axis("axis", 64);
     EXPECT_EQ(axis.hit({37, 37}, {1, 1}), hitOn(axis));
