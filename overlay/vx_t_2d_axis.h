@@ -48,15 +48,15 @@ public:
     VxT2DAxis(const char* objectName, std::uint32_t handleMask);
     ~VxT2DAxis() override = default;
 
-    VxHit hit(const VxPosition& position, const VxPosition& radius) override;
+    VxHit hit(const VxPosition& where, const VxPosition& radius) override;
     void draw() override;
-    std::int32_t drag(const VxPosition& position) override;
-    std::int32_t penDown(const VxPosition& position) override;
+    std::int32_t drag(const VxPosition& where) override;
+    std::int32_t penDown(const VxPosition& where) override;
     std::int32_t penUp() override;
-    std::int32_t penEnter(const VxPosition& position) override;
+    std::int32_t penEnter(const VxPosition& where) override;
     std::int32_t penLeave() override;
-    void drawTip(const VxPosition& position) override;
-    void toLocal(VxPosition& out, const VxPosition& position) override;
+    void drawTip(const VxPosition& where) override;
+    void toLocal(VxPosition& out, const VxPosition& where) override;
     void setUiScale(float newScale) override;
     /// Lowest x, highest x, lowest y, highest y.
     virtual void getExtent(float (&out)[4]);
@@ -111,10 +111,10 @@ private:
 
     void send(VxMessageId id);
     void transformChanged();
-    void dragCentre(const VxPosition& position);
-    void dragRotation(const VxPosition& position);
+    void dragCentre(const VxPosition& where);
+    void dragRotation(const VxPosition& where);
     /// The pen from the centre, turned back by the rotation at the start of the drag.
-    VxPosition turnedBack(const VxPosition& position) const;
+    VxPosition turnedBack(const VxPosition& where) const;
     void dragUniformScale(VxPosition pen);
     void dragScaleX(VxPosition pen);
     void dragScaleY(VxPosition pen);

@@ -20,9 +20,9 @@ public:
     VxT2DAxisGroup(const char* objectName, std::uint32_t handleMask);
     ~VxT2DAxisGroup() override;
 
-    VxHit hit(const VxPosition& position, const VxPosition& radius) override;
+    VxHit hit(const VxPosition& where, const VxPosition& radius) override;
     void draw() override;
-    void enterLocal(const VxPosition& position, const VxPosition& radius) override;
+    void enterLocal(const VxPosition& where, const VxPosition& radius) override;
     void leaveLocal() override;
     void childChanged(VxTObject* child) override;
     void setManager(VxTManager* newManager) override;

@@ -39,16 +39,18 @@ VxHit VxT2DAxis::activate(std::uint32_t handle) {
     return hitOn(*this);
 }
 
-std::uint32_t VxT2DAxis::handleAt(VxPosition p, const VxPosition& radius) {
+std::uint32_t VxT2DAxis::handleAt(VxPosition fromCentre, const VxPosition& radius) {
     const VxPosition reach{radius.x + kTolerance, radius.y + kTolerance};
-    const VxPosition turned = Turn(-rotation)(p);
+    const VxPosition turned = Turn(-rotation)(fromCentre);
     if ((handles & kAspect) && isNear(aspectHandle(), turned, reach)) return kAspect;
-    if ((handles & kCentre) == kCentre && isNear(p, {}, reach)) return kCentre;
+    if ((handles & kCentre) == kCentre && isNear(fromCentre, {}, reach)) return kCentre;
     if ((handles & kRotate) && arcIsAt(turned, radius)) return kRotate;
     if (const std::uint32_t handle = scaleHandleAt(turned, radius)) return handle;
     const float length = uiScale * kHandleLength;
-    if ((handles & kTranslateY) && isNear(p, {}, {radius.x, length + radius.y})) return kTranslateY;
-    if ((handles & kTranslateX) && isNear(p, {}, {length + radius.x, radius.y})) return kTranslateX;
+    if ((handles & kTranslateY) && isNear(fromCentre, {}, {radius.x, length + radius.y}))
+        return kTranslateY;
+    if ((handles & kTranslateX) && isNear(fromCentre, {}, {length + radius.x, radius.y}))
+        return kTranslateX;
     return kNoHandle;
 }
 

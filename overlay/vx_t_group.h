@@ -20,15 +20,15 @@ public:
     explicit VxTGroup(const char* objectName);
     ~VxTGroup() override;
 
-    VxHit hit(const VxPosition& position, const VxPosition& radius) override;
+    VxHit hit(const VxPosition& where, const VxPosition& radius) override;
     void draw() override;
-    std::int32_t drag(const VxPosition& position) override;
-    std::int32_t penDown(const VxPosition& position) override;
+    std::int32_t drag(const VxPosition& where) override;
+    std::int32_t penDown(const VxPosition& where) override;
     std::int32_t penUp() override;
-    std::int32_t penEnter(const VxPosition& position) override;
+    std::int32_t penEnter(const VxPosition& where) override;
     std::int32_t penLeave() override;
     void childChanged(VxTObject* child) override;
-    void toLocal(VxPosition& out, const VxPosition& position) override;
+    void toLocal(VxPosition& out, const VxPosition& where) override;
     void setManager(VxTManager* newManager) override;
     std::int32_t addChild(VxTObject* child) override;
     std::int32_t removeChild(VxTObject* child) override;

@@ -72,24 +72,24 @@ public:
     // The order of these functions is fixed.
 
     /// Whether a position hits the object, with a tolerance of `radius` on each axis. Sets `focus`.
-    virtual VxHit hit(const VxPosition& position, const VxPosition& radius) = 0;
+    virtual VxHit hit(const VxPosition& where, const VxPosition& radius) = 0;
     virtual void draw() = 0;
     /// The pen has moved while it is down; nonzero if something has changed.
-    virtual std::int32_t drag(const VxPosition& position) = 0;
+    virtual std::int32_t drag(const VxPosition& where) = 0;
     /// Enters and leaves the object's own coordinate system around a hit test or an event.
-    virtual void enterLocal(const VxPosition& position, const VxPosition& radius);
+    virtual void enterLocal(const VxPosition& where, const VxPosition& radius);
     virtual void leaveLocal();
     /// Pen events. The result says whether to redraw.
-    virtual std::int32_t penDown(const VxPosition& position);
+    virtual std::int32_t penDown(const VxPosition& where);
     virtual std::int32_t penUp();
-    virtual std::int32_t penEnter(const VxPosition& position);
+    virtual std::int32_t penEnter(const VxPosition& where);
     virtual std::int32_t penLeave();
     /// Draws the tool-tip, if there is one and the object is not pressed.
-    virtual void drawTip(const VxPosition& position);
+    virtual void drawTip(const VxPosition& where);
     /// A child's bounds have changed.
     virtual void childChanged(VxTObject* child);
     /// Converts a position to the object's own coordinate system.
-    virtual void toLocal(VxPosition& out, const VxPosition& position);
+    virtual void toLocal(VxPosition& out, const VxPosition& where);
     /// Takes the object out of its parent and its manager.
     virtual ~VxTObject();
     /// Do nothing unless the object is kSizeable, or kMovable.
