@@ -50,9 +50,9 @@ inline void includePoint(float (&extent)[4], float x, float y) {
 /// it out.
 ///
 /// Changes of the tree during a call: `drag` and the pen events may add, remove and destroy any
-/// object, the one that was called and those above it included; of an object that has left the tree
-/// by then, `leaveLocal` is not called. `draw` may do this too, but for the groups around the
-/// object. `hit`, `enterLocal`, `leaveLocal`, `toLocal` and `childChanged` may not change the tree.
+/// object, also the one that was called and those above it. For an object that has left the tree by
+/// then, `leaveLocal` is not called. `draw` may do the same, except to the groups that the object
+/// is in. `hit`, `enterLocal`, `leaveLocal`, `toLocal` and `childChanged` may not change the tree.
 class VxTObject : public VxTDraw {
 public:
     enum State : std::uint32_t { kEnabled = 1, kVisible = 2 };
