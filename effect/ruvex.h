@@ -58,8 +58,6 @@ private:
     void reportToSource();
     ParameterReader reader() const { return {*this, parameters}; }
 
-    void placeCropBox();
-
     ModuleUse use_;
     /// The box around the crop in the viewer. Not copied to clones.
     VxTDsCrop overlayCrop_;

@@ -21,7 +21,6 @@ const GUID& idOf(ParameterId id) {
 void Ruvex::linkOverlay() {
     const auto tool = interactiveTool(overlay.tool());
     if (!tool) return;
-    overlayCrop_.setParent(nullptr);
     overlayCrop_.setParent(&tool->viewZero);
     overlayCrop_.setProperties(idOf(ParameterId::CropLeft), idOf(ParameterId::CropRight),
                                idOf(ParameterId::CropBottom), idOf(ParameterId::CropTop));
@@ -43,22 +42,18 @@ void Ruvex::pageActivated(const char* page, std::int32_t, std::int32_t) {
     tool->Invalidate();
 }
 
+/// Limits the box to the input. A frame without an input leaves it where it was.
 void Ruvex::updateOverlay() {
     const auto tool = interactiveTool(overlay.tool());
     if (!tool) return;
-    placeCropBox();
-    overlayCrop_.readProperties();
-    const VxRect& frame = overlayCrop_.limits;
-    tool->SetSourceRect({frame.x0, frame.y0}, {frame.x1 - frame.x0, frame.y1 - frame.y0});
-}
-
-/// Limits the box to the input. A frame without an input leaves it where it was.
-void Ruvex::placeCropBox() {
-    const PictureGeometry picture = link->geometry().input;
+    const PictureGeometry picture = link->takeInput();
+    const DSFloatPair low = picture.origin;
+    const DSFloatPair size = picture.size;
+    const bool hasArea = size.x > 0.0f && size.y > 0.0f;
     overlayCrop_.limitFlags |= VxTRectangle::kLimited;
-    if (!(picture.size.x > 0.0f && picture.size.y > 0.0f)) return;
-    overlayCrop_.limits = {picture.origin.x, picture.origin.y, picture.origin.x + picture.size.x,
-                           picture.origin.y + picture.size.y};
+    if (hasArea) overlayCrop_.limits = {low.x, low.y, low.x + size.x, low.y + size.y};
+    overlayCrop_.readProperties();
+    if (hasArea) tool->SetSourceRect({low.x, low.y}, {size.x, size.y});
 }
 
 }  // namespace ruvex

@@ -1,6 +1,7 @@
 // The picture of the on-screen controls.
 
 #include "overlay/vx_t_interact.h"
+#include "sdk/com/guarded.h"
 #include "sdk/open_gl/open_gl.h"
 
 namespace ruvex {
@@ -21,7 +22,7 @@ void prepareState() {
     api.glEnable(GL_LINE_STIPPLE);
 }
 
-/// A rounded number, as OpenGL's mapping takes it.
+/// The world's borders are mapped with the precision of a float.
 double rounded(double value) {
     return static_cast<double>(static_cast<float>(value));
 }
@@ -58,11 +59,16 @@ void VxTInteract::renderControls(const tagVWOPENGLSURFACE& surface) {
 
 HRESULT VxTInteract::OnRender(IViewerSurface* surface) {
     if (!surface) return E_POINTER;
-    const ComPtr<CDSInteractiveTool> keep(this);
+    const Kept kept(*this);
     tagVWOPENGLSURFACE info{};
     if (isEnabled() && openGl() && SUCCEEDED(vwSurfaceBeginRenderOpenGL(surface, &info))) {
-        renderControls(info);
+        // The render is ended also if drawing runs out of memory.
+        const HRESULT drawn = guarded([&] {
+            renderControls(info);
+            return S_OK;
+        });
         vwSurfaceEndRenderOpenGL(surface);
+        if (FAILED(drawn)) return drawn;
     }
     return CDSInteractiveTool::OnRender(surface);
 }

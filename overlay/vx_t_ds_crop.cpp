@@ -1,9 +1,8 @@
 #include "overlay/vx_t_ds_crop.h"
 
-#include <cmath>
-
 #include "host/base/picture_geometry.h"
 #include "overlay/vx_t_interact.h"
+#include "overlay/whole_units.h"
 #include "sdk/effect/content.h"
 #include "sdk/properties/properties.h"
 
@@ -16,10 +15,6 @@ constexpr VxColour kLeftColour{0.9f, 0.9f, 0.1f};
 constexpr VxColour kRightColour{0.1f, 0.9f, 0.9f};
 constexpr VxColour kBottomColour{0.9f, 0.1f, 0.9f};
 constexpr VxColour kTopColour{1.0f, 0.5f, 0.2f};
-
-float wholeNumber(double value) {
-    return static_cast<float>(std::trunc(value));
-}
 
 float fromPercent(double percent, float lowest, float highest) {
     return lowest + (highest - lowest) * static_cast<float>(percent) / 100.0f;
@@ -36,7 +31,8 @@ VxTDsCrop::VxTDsCrop() : VxTCropBox("Crop Box", 0.0f, 0.0f, 1.0f, 1.0f) {
     watched = this;
     connect(this, this);
     const double width = projectSize(kDSProjectUserSizeX) * projectAspect();
-    limits = {0.0f, 0.0f, wholeNumber(width), wholeNumber(projectSize(kDSProjectUserSizeY))};
+    limits = {0.0f, 0.0f, static_cast<float>(wholeUnits(width)),
+              static_cast<float>(wholeUnits(projectSize(kDSProjectUserSizeY)))};
 }
 
 void VxTDsCrop::setProperties(const GUID& left, const GUID& right, const GUID& bottom,
@@ -54,8 +50,8 @@ void VxTDsCrop::setRect(float x0, float y0, float x1, float y1) {
     if (parent) parent->childChanged(this);
 }
 
-VxHit VxTDsCrop::hit(const VxPosition& at, const VxPosition& radius) {
-    return activate(edgesAt(at, radius, limits));
+VxHit VxTDsCrop::hit(const VxPosition& where, const VxPosition& radius) {
+    return activate(edgesAt(where, radius, limits));
 }
 
 void VxTDsCrop::draw() {

@@ -11,10 +11,10 @@ namespace ruvex {
 /// percentages of them. The lines reach across the whole of the limits, and can be taken anywhere
 /// along their length. During a drag no property is written.
 ///
-/// If the left property is above the right one, the lines swap their names, as they do in Y: the
-/// left line writes the left property all the same, and is sorted again by the next read. If a drag
-/// has brought both lines to the left border, only the left one can be taken, and it can't pass the
-/// other; the page's numbers move them apart.
+/// If the left property is above the right one, the lines swap their names: the left line writes
+/// the left property all the same, and the next read sorts them again. If both lines lie on the
+/// left border, only the left one can be taken, and it can't pass the other; the page's numbers
+/// move them apart. The same holds for bottom and top, at the top border.
 class VxTDsCrop final : public VxTDsObject, public VxTCropBox {
 public:
     /// Limits are the project frame, until updateOverlay of the effect sets them.
@@ -28,7 +28,7 @@ public:
     /// Takes the lines from the properties at the current time. Changes nothing if a read fails.
     void readProperties() override;
 
-    VxHit hit(const VxPosition& position, const VxPosition& radius) override;
+    VxHit hit(const VxPosition& where, const VxPosition& radius) override;
     void draw() override;
     /// As in VxTRectangle, but the object's bounds are the limits.
     void setRect(float x0, float y0, float x1, float y1) override;

@@ -20,7 +20,7 @@ void VxTDsObject::addDependent(VxTDsObject& object) {
 }
 
 void VxTDsObject::handleMessage(VxMessage* message, VxMessageSender* sender) {
-    if (sender != watched) return;
+    if (!watched || sender != watched) return;
     if (message->id != VxMessageId::DragEnded && message->id != VxMessageId::DragCancelled) return;
     writeProperties();
     dependents.walk([](VxTDsObject* object) {

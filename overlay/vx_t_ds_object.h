@@ -1,4 +1,4 @@
-// What a control in the viewer has to do with properties of the effect.
+// Binds an on-screen control to properties of the effect.
 
 #pragma once
 
@@ -15,8 +15,8 @@ class VxTDsObject : public VxMessageHandler {
 public:
     /// Takes the object out of its tool and of the lists of dependents.
     ~VxTDsObject() override;
-    /// Writes the properties, and has the dependents read theirs, at the end of a drag of
-    /// `watched`. Other messages, and other senders, are ignored.
+    /// At the end of a drag of `watched`, writes the properties and has the dependents read theirs.
+    /// Messages of other senders, and other messages, are ignored.
     void handleMessage(VxMessage* message, VxMessageSender* sender) override;
     /// A property has changed, to `value` if that is not null; nonzero if something has moved.
     virtual std::int32_t propertyChanged(const GUID& id, const DSVARIANT* value) = 0;

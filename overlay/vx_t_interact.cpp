@@ -1,11 +1,10 @@
 #include "overlay/vx_t_interact.h"
 
 #include <cmath>
-#include <limits>
-#include <optional>
 
 #include "host/base/class_ids.h"
 #include "host/base/picture_geometry.h"
+#include "overlay/whole_units.h"
 #include "sdk/effect/content.h"
 
 namespace ruvex {
@@ -15,12 +14,6 @@ namespace {
 constexpr std::uint32_t kAnchorHandles = 3;
 constexpr float kSourceTolerance = 0.01f;
 constexpr LONG kMainButton = 1;
-
-/// A size in whole units; 0 for one that 32 bits do not hold.
-std::int32_t wholeUnits(double value) {
-    constexpr double kLimit = std::numeric_limits<std::int32_t>::max();
-    return std::fabs(value) <= kLimit ? static_cast<std::int32_t>(value) : 0;
-}
 
 bool differs(VxPosition a, VxPosition b) {
     return std::fabs(a.x - b.x) > kSourceTolerance || std::fabs(a.y - b.y) > kSourceTolerance;
@@ -87,15 +80,19 @@ void VxTInteract::Invalidate() {
 }
 
 void VxTInteract::setEnabled(bool enabled) {
-    const ComPtr<CDSInteractiveTool> keep(this);
-    if (!enabled && isPenDown() != 0) {
-        VxMessage message(VxMessageId::PenUp);
-        message.setPosition(penPosition);
-        handleMessage(&message, nullptr);
-        TerminateInteraction();
-    }
+    const Kept kept(*this);
+    if (!enabled) endPress();
     toolFlags = enabled ? toolFlags | kOverlayEnabled : toolFlags & ~kOverlayEnabled;
     Invalidate();
+}
+
+/// Ends a drag, as if the pen had gone up where it was last.
+void VxTInteract::endPress() {
+    if (isPenDown() == 0) return;
+    VxMessage message(VxMessageId::PenUp);
+    message.setPosition(penPosition);
+    handleMessage(&message, nullptr);
+    TerminateInteraction();
 }
 
 void VxTInteract::SetSourceRect(VxPosition origin, VxPosition newSize) {
@@ -143,7 +140,7 @@ bool VxTInteract::SetAnimatedDouble(const GUID& id, double value) {
 }
 
 HRESULT VxTInteract::OnPropertyChanged(const GUID& id, const DSVARIANT* value) {
-    const ComPtr<CDSInteractiveTool> keep(this);
+    const Kept kept(*this);
     const HRESULT status = CDSInteractiveTool::OnPropertyChanged(id, value);
     if (FAILED(status)) return status;
     bool moved = false;
@@ -157,7 +154,7 @@ HRESULT VxTInteract::OnPropertyChanged(const GUID& id, const DSVARIANT* value) {
 
 HRESULT VxTInteract::OnOnTimeChange(double seconds) {
     if (!isAttached()) return S_OK;
-    const ComPtr<CDSInteractiveTool> keep(this);
+    const Kept kept(*this);
     const HRESULT status = CDSInteractiveTool::OnOnTimeChange(seconds);
     if (FAILED(status)) return status;
     dsObjects.walk([&](VxTDsObject* object) {
@@ -186,21 +183,21 @@ HRESULT VxTInteract::OnPenDown(const tagVWPENEVENT* event) {
     if (!handles(event) || event->button != kMainButton) {
         return CDSInteractiveTool::OnPenDown(event);
     }
-    const ComPtr<CDSInteractiveTool> keep(this);
+    const Kept kept(*this);
     sendPen(VxMessageId::PenDown, *event);
     return OnBeginInteraction(event);
 }
 
 HRESULT VxTInteract::OnPenMove(const tagVWPENEVENT* event) {
     if (!handles(event)) return CDSInteractiveTool::OnPenMove(event);
-    const ComPtr<CDSInteractiveTool> keep(this);
+    const Kept kept(*this);
     sendPen(VxMessageId::PenMoved, *event);
     return OnDoInteraction(event);
 }
 
 HRESULT VxTInteract::OnPenUp(const tagVWPENEVENT* event) {
     if (!handles(event) || event->button != kMainButton) return CDSInteractiveTool::OnPenUp(event);
-    const ComPtr<CDSInteractiveTool> keep(this);
+    const Kept kept(*this);
     sendPen(VxMessageId::PenUp, *event);
     return TerminateInteraction();
 }
@@ -234,6 +231,10 @@ HRESULT VxTInteract::OnLinkToViewer(IUnknown* viewer) {
 }
 
 HRESULT VxTInteract::OnUnlinkFromViewer() {
+    const Kept kept(*this);
+    // A host that has taken the pen from the tool before (IDSViewer::ReleasePen) leaves nothing to
+    // do.
+    endPress();
     // Without a window the system would redraw the whole desktop.
     if (const HWND window = GetViewerWindow()) InvalidateRect(window, nullptr, FALSE);
     Invalidate();

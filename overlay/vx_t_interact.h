@@ -15,7 +15,10 @@ namespace ruvex {
 /// turns pen events into messages for the tree, draws the tree with OpenGL, and hands changes of
 /// properties and of the time to the bound objects. One tool serves all open pages of an effect. It
 /// may outlive the effect, and the effect may outlive it. User-interface thread only.
-class VxTInteract final : public CDSInteractiveTool, public VxTManager {
+///
+/// ModuleUse is the first base class, so that its destructor runs last: the module may be unloaded
+/// as soon as its count is 0.
+class VxTInteract final : private ModuleUse, public CDSInteractiveTool, public VxTManager {
 public:
     enum ToolFlags : std::uint32_t { kOverlayEnabled = 1 };
 
@@ -37,8 +40,8 @@ public:
     /// The status for a host that tries to aggregate the tool.
     virtual HRESULT aggregationResult();
 
-    /// Binds an object, which then reads its properties. Null and a bound object are ignored. An
-    /// object of another tool leaves that.
+    /// Binds an object, which then reads its properties. Ignored for null and for an object that is
+    /// bound already. An object of another tool is removed from that one. Throws std::bad_alloc.
     void AddDsObject(VxTDsObject* object);
     void RemoveDsObject(VxTDsObject* object);
 
@@ -80,13 +83,19 @@ public:
 private:
     ~VxTInteract() override;
 
+    /// References to the tool and its operator during a call, which may unlink and release both.
+    struct Kept {
+        explicit Kept(VxTInteract& interact) : tool(&interact), effect(interact.operatorObject()) {}
+        ComPtr<CDSInteractiveTool> tool;
+        ComPtr<IUnknown> effect;
+    };
+
     bool handles(const tagVWPENEVENT* event) const;
+    void endPress();
     void sendPen(VxMessageId id, const tagVWPENEVENT& event);
     void addAnchor(VxT2DAxisGroup& anchor, VxPosition centre);
     // In interact_render.cpp.
     void renderControls(const tagVWOPENGLSURFACE& surface);
-
-    ModuleUse use_;
 };
 
 /// The tool behind an object of the host; null if it is another.

@@ -53,29 +53,29 @@ void VxTRectangle::setRect(float x0, float y0, float x1, float y1) {
     if (parent) parent->childChanged(this);
 }
 
-std::uint32_t VxTRectangle::edgesAt(const VxPosition& at, const VxPosition& radius,
+std::uint32_t VxTRectangle::edgesAt(const VxPosition& where, const VxPosition& radius,
                                     const VxRect& range) const {
     std::uint32_t edges = 0;
-    if (at.y > range.y0 - radius.y && at.y < range.y1 + radius.y) {
-        if (std::fabs(at.x - rect.x0) < radius.x) {
+    if (where.y > range.y0 - radius.y && where.y < range.y1 + radius.y) {
+        if (std::fabs(where.x - rect.x0) < radius.x) {
             edges |= kLeft;
-        } else if (std::fabs(at.x - rect.x1) < radius.x) {
+        } else if (std::fabs(where.x - rect.x1) < radius.x) {
             edges |= kRight;
         }
     }
-    if (at.x > range.x0 - radius.x && at.x < range.x1 + radius.x) {
-        if (std::fabs(at.y - rect.y1) < radius.y) {
+    if (where.x > range.x0 - radius.x && where.x < range.x1 + radius.x) {
+        if (std::fabs(where.y - rect.y1) < radius.y) {
             edges |= kTop;
-        } else if (std::fabs(at.y - rect.y0) < radius.y) {
+        } else if (std::fabs(where.y - rect.y0) < radius.y) {
             edges |= kBottom;
         }
     }
     return edges;
 }
 
-std::uint32_t VxTRectangle::crossAt(const VxPosition& at, const VxPosition& radius) const {
+std::uint32_t VxTRectangle::crossAt(const VxPosition& where, const VxPosition& radius) const {
     const VxPosition centre = centreOf(rect);
-    const VxPosition d{at.x - centre.x, at.y - centre.y};
+    const VxPosition d{where.x - centre.x, where.y - centre.y};
     // Both arms are lengthened by the radius in X.
     const auto isAlongArm = [&](float along) {
         return along > -kCrossArm - radius.x && along < kCrossArm + radius.x;
@@ -98,9 +98,9 @@ VxHit VxTRectangle::activate(std::uint32_t newHandle) {
     return hitOn(*this);
 }
 
-VxHit VxTRectangle::hit(const VxPosition& at, const VxPosition& radius) {
-    const std::uint32_t edges = edgesAt(at, radius, rect);
-    return activate(edges != 0 ? edges : crossAt(at, radius));
+VxHit VxTRectangle::hit(const VxPosition& where, const VxPosition& radius) {
+    const std::uint32_t edges = edgesAt(where, radius, rect);
+    return activate(edges != 0 ? edges : crossAt(where, radius));
 }
 
 VxRect VxTRectangle::dragged(VxPosition delta) const {
@@ -129,9 +129,9 @@ VxRect VxTRectangle::dragged(VxPosition delta) const {
     return moved;
 }
 
-std::int32_t VxTRectangle::drag(const VxPosition& at) {
-    const VxPosition delta{at.x - lastPen.x, at.y - lastPen.y};
-    lastPen = at;
+std::int32_t VxTRectangle::drag(const VxPosition& where) {
+    const VxPosition delta{where.x - lastPen.x, where.y - lastPen.y};
+    lastPen = where;
     const VxRect moved = dragged(delta);
     if (moved == rect) return 0;
     setRect(moved.x0, moved.y0, moved.x1, moved.y1);
@@ -140,11 +140,11 @@ std::int32_t VxTRectangle::drag(const VxPosition& at) {
     return 1;
 }
 
-std::int32_t VxTRectangle::penDown(const VxPosition& at) {
+std::int32_t VxTRectangle::penDown(const VxPosition& where) {
     VxMessage message(VxMessageId::DragBegins);
     send(message);
-    lastPen = at;
-    return VxTObject::penDown(at);
+    lastPen = where;
+    return VxTObject::penDown(where);
 }
 
 std::int32_t VxTRectangle::penUp() {
@@ -167,14 +167,7 @@ void VxTRectangle::drawHandleLine(const VxRect& line, const VxColour& lineColour
 void VxTRectangle::drawCross() const {
     const VxPosition centre = centreOf(rect);
     const auto drawArm = [&](const VxRect& arm, Handle move) {
-        const bool active = (handle & move) != 0;
-        // Without its handle an arm has one colour, also with the pen over the object.
-        if (active) {
-            drawHandleLine(arm, colour, true);
-        } else {
-            setColour(colour);
-            drawLine(arm.x0, arm.y0, arm.x1, arm.y1);
-        }
+        drawHandleLine(arm, colour, (handle & move) != 0);
     };
     drawArm({centre.x - kCrossArm, centre.y, centre.x + kCrossArm, centre.y}, kMoveX);
     drawArm({centre.x, centre.y - kCrossArm, centre.x, centre.y + kCrossArm}, kMoveY);

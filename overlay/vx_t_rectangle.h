@@ -29,10 +29,10 @@ public:
 
     VxTRectangle(const char* objectName, float x0, float y0, float x1, float y1);
 
-    VxHit hit(const VxPosition& position, const VxPosition& radius) override;
+    VxHit hit(const VxPosition& where, const VxPosition& radius) override;
     void draw() override;
-    std::int32_t drag(const VxPosition& position) override;
-    std::int32_t penDown(const VxPosition& position) override;
+    std::int32_t drag(const VxPosition& where) override;
+    std::int32_t penDown(const VxPosition& where) override;
     std::int32_t penUp() override;
     ~VxTRectangle() override = default;
     /// Sorts the corners and clamps them to the limits.
@@ -45,20 +45,21 @@ public:
     std::uint32_t limitFlags = 0;
 
 protected:
-    /// The edges of `rect` within a radius of the position: of left and right at most one, with a
-    /// preference for left, if the position is within the range in Y; of top and bottom likewise.
-    std::uint32_t edgesAt(const VxPosition& position, const VxPosition& radius,
+    /// The edges of `rect` within a radius of the position. Left, or else right, if the position is
+    /// within the range in Y; top, or else bottom, if it is within the range in X.
+    std::uint32_t edgesAt(const VxPosition& where, const VxPosition& radius,
                           const VxRect& range) const;
-    /// The end of a hit test: takes over the handles, and the focus unless there are none.
+    /// Stores the active handles and sets the focus; 0 clears both. Gives the result of a hit test.
     VxHit activate(std::uint32_t newHandle);
     /// Draws a line as its state says: two colours if the pen is over the object, white for an
     /// active handle.
     void drawHandleLine(const VxRect& line, const VxColour& lineColour, bool active) const;
-    /// Sorts and clamps the corners, stores them, and returns them sorted only.
+    /// Sorts the corners, clamps them to the limits and stores them. Returns them sorted, not
+    /// clamped.
     VxRect storeRect(VxRect corners);
 
 private:
-    std::uint32_t crossAt(const VxPosition& position, const VxPosition& radius) const;
+    std::uint32_t crossAt(const VxPosition& where, const VxPosition& radius) const;
     VxRect dragged(VxPosition delta) const;
     void drawCross() const;
     void drawEdges() const;

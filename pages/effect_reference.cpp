@@ -15,10 +15,11 @@ void EffectReference::connect(IUnknown* object, const GUID& classId) {
 }
 
 void EffectReference::beginOverlay() {
-    if (!effect_ || overlayUsed_) return;
-    const int before = effect_->overlay.users();
-    effect_->beginOverlay(object_.get());
-    overlayUsed_ = effect_->overlay.users() > before;
+    if (!effect_ || overlayUsed_ || !effect_->hasOverlay()) return;
+    // Set before the call, which may close the page: that ends the use.
+    overlayUsed_ = true;
+    const ComPtr<IUnknown> kept = object_;
+    effect_->beginOverlay(kept.get());
 }
 
 void EffectReference::release() {

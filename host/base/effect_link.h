@@ -2,7 +2,6 @@
 
 #pragma once
 
-#include <atomic>
 #include <memory>
 #include <mutex>
 
@@ -17,33 +16,39 @@ class VxDsEffect;
 /// since a clone may outlive its source.
 class EffectLink {
 public:
-    FrameGeometry geometry() const {
-        const std::lock_guard lock(mutex_);
-        return geometry_;
-    }
-    /// Whether that is another geometry than before.
-    bool setGeometry(const FrameGeometry& geometry);
+    FrameGeometry geometry() const;
+    void setGeometry(const FrameGeometry& geometry);
 
-    /// For the effect that owns the link, on the user-interface thread: its on-screen controls
-    /// follow the geometry that clones report. Null ends that; the effect's destructor has to do so
-    /// if nothing else has.
+    // On the user-interface thread, for the effect that owns the link.
+
+    /// The on-screen controls of `effect` follow the geometry that clones report. Null ends that;
+    /// the effect's destructor has to do so if nothing else has.
     void follow(VxDsEffect* effect);
-    /// On the user-interface thread: has the controls take over the present geometry.
-    void updateControls();
+    /// The input's geometry, which the controls now have.
+    PictureGeometry takeInput();
 
 private:
+    class UpdateTask;
     friend void reportGeometry(const std::shared_ptr<EffectLink>& link,
                                const FrameGeometry& geometry);
 
+    bool needsUpdate(const FrameGeometry& geometry);
+    void endUpdate();
+    void updateControls();
+
     mutable std::mutex mutex_;
     FrameGeometry geometry_;
-    std::atomic<bool> followed_ = false;
-    /// For the user-interface thread alone.
+    /// What the controls have.
+    PictureGeometry taken_;
+    bool followed_ = false;
+    /// A task to update the controls has been posted and has not run.
+    bool pending_ = false;
+    /// For the user-interface thread alone, without the lock.
     VxDsEffect* effect_ = nullptr;
 };
 
-/// For clones, on any thread: stores the geometry. If it has changed and on-screen controls follow
-/// it, has the user-interface thread update them.
+/// For clones, on any thread: stores the geometry. If the on-screen controls follow it and have
+/// another input rectangle, has the user-interface thread update them.
 void reportGeometry(const std::shared_ptr<EffectLink>& link, const FrameGeometry& geometry);
 
 }  // namespace ruvex

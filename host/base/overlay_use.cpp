@@ -7,12 +7,12 @@
 
 namespace ruvex {
 
-HRESULT OverlayUse::begin(IUnknown& object) {
+HRESULT OverlayUse::begin(IUnknown& object, const std::function<HRESULT()>& connect) {
     ++users_;
-    return tool_ ? S_OK : show(object);
+    return tool_ ? S_OK : show(object, connect);
 }
 
-HRESULT OverlayUse::show(IUnknown& object) {
+HRESULT OverlayUse::show(IUnknown& object, const std::function<HRESULT()>& connect) {
     ComPtr<IUnknown> made;
     HRESULT status =
         CoCreateInstance(kToolClassId, nullptr, CLSCTX_INPROC_SERVER, IID_IUnknown, made.putVoid());
@@ -25,14 +25,20 @@ HRESULT OverlayUse::show(IUnknown& object) {
     if (tool_ || users_ == 0) return VWControllerRemoveContext(context);
     tool_ = made;
     context_ = context;
-    return S_OK;
+    status = connect();
+    if (FAILED(status) && tool_ == made) hide();
+    return status;
+}
+
+void OverlayUse::hide() {
+    // A page that is opened during the call shows a tool of its own.
+    const ComPtr<IUnknown> removed = std::exchange(tool_, nullptr);
+    VWControllerRemoveContext(context_);
 }
 
 void OverlayUse::end() {
     if (users_ == 0 || --users_ > 0 || !tool_) return;
-    // A page that is opened during the call shows a tool of its own.
-    const ComPtr<IUnknown> removed = std::exchange(tool_, nullptr);
-    VWControllerRemoveContext(context_);
+    hide();
 }
 
 void OverlayUse::endAll() {

@@ -2,6 +2,8 @@
 
 #pragma once
 
+#include <functional>
+
 #include "sdk/com/com_ptr.h"
 
 namespace ruvex {
@@ -17,9 +19,10 @@ public:
     OverlayUse& operator=(const OverlayUse&) = delete;
     ~OverlayUse() { endAll(); }
 
-    /// Adds a user that edits `object`. If the tool can't be created or shown, returns the error;
-    /// the next `begin` tries again.
-    HRESULT begin(IUnknown& object);
+    /// Adds a user that edits `object`. If this call shows the tool, calls `connect` after that. If
+    /// the tool can't be created, shown or connected, takes it away and returns the error; the next
+    /// `begin` tries again.
+    HRESULT begin(IUnknown& object, const std::function<HRESULT()>& connect);
     /// Removes a user. Does nothing if there is none.
     void end();
     void endAll();
@@ -29,7 +32,8 @@ public:
     IUnknown* tool() const { return tool_.get(); }
 
 private:
-    HRESULT show(IUnknown& object);
+    HRESULT show(IUnknown& object, const std::function<HRESULT()>& connect);
+    void hide();
 
     ComPtr<IUnknown> tool_;
     ULONG context_ = 0;

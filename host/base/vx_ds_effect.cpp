@@ -29,15 +29,16 @@ VxDsEffect::VxDsEffect(const VxDsEffect& source)
 
 HRESULT VxDsEffect::beginOverlay(IUnknown* object) {
     if (!object) return E_POINTER;
-    if (effectKind == EffectKind::Paint) return S_OK;
-    const bool hadTool = overlay.tool() != nullptr;
-    const HRESULT status = overlay.begin(*object);
-    if (hadTool || !overlay.tool()) return status;
-    link->follow(this);
-    return guarded([&] {
-        linkOverlay();
-        return status;
+    if (!hasOverlay()) return S_OK;
+    const HRESULT status = overlay.begin(*object, [this] {
+        link->follow(this);
+        return guarded([this] {
+            linkOverlay();
+            return S_OK;
+        });
     });
+    if (!overlay.tool()) link->follow(nullptr);
+    return status;
 }
 
 void VxDsEffect::endOverlay() {

@@ -80,9 +80,11 @@ public:
     /// A further check of what the host has set, at the end of Verify; 0 is success.
     virtual HRESULT extraVerify() = 0;
 
+    /// Whether pages of this effect count as users of the on-screen controls: not of paint effects.
+    bool hasOverlay() const { return effectKind != EffectKind::Paint; }
     /// Called by a page that edits `object`: counts it as a user of the on-screen controls and
-    /// shows them. 0, E_POINTER for null, or the error if the tool can't be shown; such a page
-    /// counts all the same. For paint effects and for null nothing is counted.
+    /// shows them. 0, E_POINTER for null, or the error if the tool can't be shown or connected;
+    /// such a page counts all the same. Nothing is counted for null and without an overlay.
     HRESULT beginOverlay(IUnknown* object);
     /// The page no longer uses the on-screen controls.
     void endOverlay();

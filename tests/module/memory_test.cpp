@@ -65,6 +65,15 @@ TEST_F(Memory, RunsOutAtEachAllocationOfAnObject) {
         << "the object, its link, and the two sides of the crop box's connection";
 }
 
+TEST_F(Memory, RunsOutAtEachAllocationOfTheToolInTheViewer) {
+    ComPtr<IClassFactory> factory;
+    ASSERT_EQ(DllGetClassObject(kToolClassId, IID_IClassFactory, factory.putVoid()), S_OK);
+    const auto create = [&](void** out) {
+        return factory->CreateInstance(nullptr, IID_IUnknown, out);
+    };
+    EXPECT_EQ(failEach(create), 4u) << "the tool, and the places of three objects in its tree";
+}
+
 TEST_F(Memory, RunsOutAtEachAllocationOfAClassFactory) {
     const auto make = [](void** out) {
         return DllGetClassObject(kRuvexClassId, IID_IClassFactory, out);

@@ -58,7 +58,8 @@ private:
 /// What a user does at random: opens, closes and shows pages, and moves and presses the pen.
 class RandomUser {
 public:
-    explicit RandomUser(runtime::Editor& editor) : editor_(editor), viewer_(editor) {}
+    explicit RandomUser(runtime::Editor& editor)
+        : editor_(editor), viewer_(editor, [this](ULONG, const RECT*) { ++redraws; }) {}
 
     void act() {
         switch (random_() % 8) {
@@ -89,6 +90,7 @@ public:
     }
 
     int actions = 0;
+    int redraws = 0;
 
 private:
     tagVWPENEVENT event(LONG button) {
@@ -114,21 +116,25 @@ TEST(ViewerSoak, ClonesRenderWhileTheBoxIsDraggedAndPagesOpenAndClose) {
         for (int i = 0; i < kThreads; ++i) {
             renderers.push_back(std::make_unique<CloneRenderer>(session.clone()));
         }
+        int arrivals = 0;
         const auto end = Clock::now() + kDuration;
         for (int round = 0; Clock::now() < end; ++round) {
             for (int i = 0; i < 10; ++i) user.act();
+            const int before = user.redraws;
             queue.run();
+            arrivals += user.redraws - before;
             // Now and then a thread gets a clone of the effect as it is.
             if (round % 50 == 49) {
                 auto& renderer = renderers[static_cast<std::size_t>(round / 50 % kThreads)];
-                EXPECT_GT(renderer->frames(), 0);
+                while (renderer->frames() == 0) std::this_thread::yield();
                 renderer = std::make_unique<CloneRenderer>(session.clone());
             }
             std::this_thread::yield();
         }
         EXPECT_GT(user.actions, 100);
         EXPECT_GT(editor.undoStack().undoCount(), 0u) << "drags have written";
-        EXPECT_GT(wakes, 10) << "geometry has come over";
+        EXPECT_GT(wakes, 10);
+        EXPECT_GT(arrivals, 10) << "the box has followed the clones' pictures";
     }
     queue.run();
     EXPECT_TRUE(builtModule()->canUnload());

@@ -220,11 +220,11 @@ TEST_F(CropOfAPart, TheLinesLieOnTheCropAsItIsRendered) {
     EXPECT_NEAR(columns.first, kInputX + 0.2 * kInputWidth, 1);
     EXPECT_NEAR(rows.second + 1, kInputY + 0.6 * kInputHeight, 1);
 
-    // `border` lies between two pixels, on the line's two pixels or at most one beside them.
-    const auto expectLine = [](std::pair<int, int> pixels, int border) {
+    // The picture's outermost pixel is one of the line's two, or beside them.
+    const auto expectLine = [](std::pair<int, int> pixels, int outermost) {
         EXPECT_EQ(pixels.second, pixels.first + 1);
-        EXPECT_GE(border, pixels.first - 1);
-        EXPECT_LE(border, pixels.second + 2);
+        EXPECT_GE(outermost, pixels.first - 1);
+        EXPECT_LE(outermost, pixels.second + 1);
     };
     const auto line = [&](const VxColour& colour, bool column) {
         return extentOf(column ? kWidth : kHeight, [&](int i) {
@@ -232,9 +232,9 @@ TEST_F(CropOfAPart, TheLinesLieOnTheCropAsItIsRendered) {
         });
     };
     expectLine(line(kLeft, true), columns.first);
-    expectLine(line(kRight, true), columns.second + 1);
+    expectLine(line(kRight, true), columns.second);
     expectLine(line(kBottom, false), rows.first);
-    expectLine(line(kTop, false), rows.second + 1);
+    expectLine(line(kTop, false), rows.second);
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "sdk/com/com_object.h"
 #include "tests/tool/tool_test.h"
 
 namespace ruvex::test {
@@ -126,6 +127,37 @@ TEST_F(CropEdits, AClickOnALineWhosePercentageIsNoFloatRoundsIt) {
     EXPECT_NE(value(ParameterId::CropLeft), 10.1);
     EXPECT_NEAR(value(ParameterId::CropLeft), 10.1, 1e-5);
     EXPECT_EQ(editor->undoStack().undoCount(), 1u);
+}
+
+TEST_F(CropEdits, AClickOnALineAtTheFrameWritesWhereItIs) {
+    set(ParameterId::CropRight, 120);
+    click(720, 300);
+    EXPECT_EQ(value(ParameterId::CropRight), 100);
+    EXPECT_EQ(editor->undoStack().undoCount(), 1u);
+}
+
+/// Answers each write as after an undo: all properties have changed.
+class TellsOfAll final : public ComObject<IDSPropertyObserver> {
+public:
+    explicit TellsOfAll(VxTInteract& tool) : tool_(tool) {}
+    HRESULT PropertyChanged(const GUID& id, const DSVARIANT*, IUnknown*, const DSPARAMS*,
+                            unsigned short) override {
+        return id == GUID_AllProperties ? S_OK
+                                        : tool_.OnPropertyChanged(GUID_AllProperties, nullptr);
+    }
+
+private:
+    VxTInteract& tool_;
+};
+
+TEST_F(CropEdits, ACornerIsWrittenAsItWasWhenThePenWentUp) {
+    const auto observer = ComPtr<TellsOfAll>::attach(new TellsOfAll(tool()));
+    ULONG cookie = 0;
+    session->properties().Advise(observer.get(), &cookie);
+    drag({kRight, kTop}, {648, 345.6f});
+    session->properties().Unadvise(cookie);
+    EXPECT_NEAR(value(ParameterId::CropRight), 90, 1e-4);
+    EXPECT_NEAR(value(ParameterId::CropTop), 60, 1e-4) << "although its line has been read again";
 }
 
 TEST_F(CropEdits, AReleaseByTheHostEndsTheDragAtTheLastPosition) {

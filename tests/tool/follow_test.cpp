@@ -74,6 +74,35 @@ TEST_F(Follow, OnlyAnotherGeometryIsPosted) {
     queue->run();
 }
 
+TEST_F(Follow, OneTaskWaitsForAllFrames) {
+    redraws = 0;
+    render(*clone, {100, 50}, {400, 300});
+    render(*clone, {101, 50}, {400, 300});
+    render(*clone, {102, 50}, {400, 300});
+    queue->run();
+    EXPECT_EQ(box().limits, (VxRect{102, 50, 502, 350}));
+    EXPECT_EQ(redraws, 1) << "one update of the controls";
+}
+
+TEST_F(Follow, AnotherInputDuringADragResetsTheLine) {
+    press(0, 300);
+    move(72, 300);
+    render(*clone, {100, 50}, {400, 300});
+    queue->run();
+    expectRect({100, 50, 500, 350});
+    release(72, 300);
+    EXPECT_EQ(value(ParameterId::CropLeft), 0);
+}
+
+TEST_F(Follow, ATaskThatAQueueHasDroppedIsPostedAgain) {
+    render(*clone, {100, 50}, {400, 300});
+    queue.reset();
+    queue.emplace();
+    render(*clone, {100, 50}, {400, 300});
+    queue->run();
+    EXPECT_EQ(box().limits, (VxRect{100, 50, 500, 350}));
+}
+
 TEST_F(Follow, AFrameWithoutInputKeepsTheLastRectangle) {
     render(*clone, {100, 50}, {400, 300});
     queue->run();
@@ -132,7 +161,7 @@ TEST(FollowTask, KeepsTheModuleAndNotTheEffect) {
     EXPECT_EQ(DllCanUnloadNow(), S_OK);
 }
 
-TEST_F(Follow, AClonesOwnControlsAreItsOwn) {
+TEST_F(Follow, ACloneOfACloneReportsToTheClone) {
     auto second = clone->clone();
     render(second, {100, 50}, {400, 300});
     EXPECT_EQ(wakes, 0) << "nobody follows the clone that it was made from";

@@ -56,16 +56,18 @@ TEST_F(InteractDrawing, ThePenReachesFourPixelsAtEveryZoom) {
         EXPECT_FLOAT_EQ(tool().pickRadius.x, static_cast<float>(4 * 720 / zoom / kWidth));
         EXPECT_FLOAT_EQ(tool().pickRadius.y, static_cast<float>(4 * 576 / zoom / kHeight));
     }
-    surface->setWorld(0, 0, 720, 576);
-    ASSERT_EQ(viewer->render(*surface), S_OK);
-    const float reach = 4 * 720.0f / kWidth;
-    move(reach - 0.1f, 300);
-    EXPECT_EQ(box().handle, VxTRectangle::kLeft);
-    move(reach + 0.1f, 300);
-    EXPECT_EQ(box().handle, 0u);
+    // With the pen: a pixel is 8, 32 and 2.5 units wide.
+    for (const float pixel : {8.0f, 32.0f, 2.5f}) {
+        surface->setWorld(0, 0, pixel * kWidth, pixel * kHeight);
+        ASSERT_EQ(viewer->render(*surface), S_OK);
+        move(4 * pixel - 0.1f, 300);
+        EXPECT_EQ(box().handle, VxTRectangle::kLeft);
+        move(4 * pixel + 0.1f, 300);
+        EXPECT_EQ(box().handle, 0u);
+    }
 }
 
-TEST_F(InteractDrawing, AnEmptyOrReversedWorldDrawsSomethingOrNothing) {
+TEST_F(InteractDrawing, AnEmptyOrReversedWorldDoesNoHarm) {
     for (const auto& [width, height] : {std::pair{0.0, 0.0}, {-720.0, -576.0}, {720.0, 0.0}}) {
         surface->setWorld(0, 0, width, height);
         EXPECT_EQ(viewer->render(*surface), S_OK);
@@ -112,7 +114,7 @@ TEST_F(InteractDrawing, ASurfaceThatCannotBeDrawnOnIsNoFailure) {
     EXPECT_EQ(tool().fontLists, 0u);
 }
 
-TEST_F(InteractDrawing, ARenderAnswersTheRedraw) {
+TEST_F(InteractDrawing, ARenderEndsTheWishForARedraw) {
     tool().showTips = false;
     tool().managerFlags |= VxTManager::kRedrawWanted;
     ASSERT_EQ(viewer->render(*surface), S_OK);

@@ -154,27 +154,23 @@ TEST_F(Interact, EventsWithoutARecordAreRefused) {
     EXPECT_EQ(tool().OnRender(nullptr), E_POINTER) << "when disabled too";
 }
 
-TEST_F(Interact, OnlyAChangeRedrawsAndAtOnce) {
-    move(300, 300);
-    tool().managerFlags = 0;
-    redraws = 0;
-    move(310, 300);
-    EXPECT_EQ(redraws, 0) << "nothing under the pen";
-    move(1, 300);
-    EXPECT_GT(redraws, 0) << "the pen is over the left line";
+TEST_F(Interact, AnEventThatChangesSomethingAsksForOneRedraw) {
     tool().showTips = false;
-    tool().managerFlags = 0;
-    redraws = 0;
-    move(2, 310);
-    EXPECT_EQ(redraws, 0) << "still over it";
-    press(2, 310);
-    EXPECT_EQ(redraws, 1);
-    tool().managerFlags = 0;
-    redraws = 0;
-    move(60, 310);
-    EXPECT_EQ(redraws, 1);
-    move(60, 330);
-    EXPECT_EQ(redraws, 1) << "along the line";
+    const auto redrawsOf = [&](auto action) {
+        tool().managerFlags = 0;
+        redraws = 0;
+        action();
+        return redraws;
+    };
+    EXPECT_EQ(redrawsOf([&] { move(300, 300); }), 0) << "nothing is under the pen";
+    EXPECT_EQ(redrawsOf([&] { move(1, 300); }), 1) << "the left line is";
+    EXPECT_EQ(redrawsOf([&] { move(2, 310); }), 0) << "still the left line";
+    EXPECT_EQ(redrawsOf([&] { press(2, 310); }), 1);
+    EXPECT_EQ(redrawsOf([&] { move(60, 310); }), 1);
+    EXPECT_EQ(redrawsOf([&] { move(60, 330); }), 0) << "along the line";
+    EXPECT_EQ(redrawsOf([&] { release(60, 330); }), 2) << "for the written property, and the event";
+    EXPECT_EQ(redrawsOf([&] { tool().setEnabled(false); }), 1);
+    EXPECT_EQ(redrawsOf([&] { tool().setEnabled(true); }), 1);
 }
 
 TEST_F(Interact, APressAnywhereBeginsAnInteraction) {
@@ -280,7 +276,7 @@ TEST_F(WidePixels, ALineIsTakenWhereItIsSeen) {
 
 // Links.
 
-/// What a link gives when it is made twice, or to nothing: the link before goes too.
+/// A link fails if it is made twice or to nothing. The failure ends the link that was there.
 TEST_F(Interact, ALinkThatFailsIsTakenBack) {
     const ComPtr<IUnknown> effect(VWControllerContexts()[0].object);
     EXPECT_EQ(tool().OnLinkToOperator(effect.get()), E_UNEXPECTED);
@@ -295,6 +291,23 @@ TEST_F(Interact, ALinkThatFailsIsTakenBack) {
     EXPECT_EQ(tool().OnUnlinkFromViewer(), S_FALSE);
     EXPECT_EQ(tool().OnUnlinkFromOperator(), S_OK);
     EXPECT_EQ(tool().OnUnlinkFromOperator(), S_FALSE);
+}
+
+TEST_F(Interact, ALinkToAViewerAsksForARedraw) {
+    redraws = 0;
+    tool().OnUnlinkFromViewer();
+    EXPECT_EQ(redraws, 1);
+    EXPECT_EQ(tool().OnLinkToViewer(VWControllerViewer().get()), S_OK);
+    EXPECT_EQ(redraws, 2);
+}
+
+TEST_F(Interact, UnlinkingDuringADragEndsIt) {
+    press(0, 300);
+    move(72, 300);
+    tool().OnUnlinkFromViewer();
+    EXPECT_EQ(value(ParameterId::CropLeft), 10);
+    EXPECT_EQ(tool().isPenDown(), 0u);
+    EXPECT_FALSE(editor->undoStack().isRecording());
 }
 
 TEST_F(Interact, AViewerThatComesLaterLinksAndReads) {
@@ -322,6 +335,21 @@ TEST_F(Interact, TheWindowIsDrawnAgainWhenTheToolGoes) {
     DSObserveWindows(before);
 }
 
+/// Counts in objectCount until its observer has been removed from the effect.
+TEST(InteractLifetime, TheModuleStaysLoadedUntilTheToolHasLeftTheEffect) {
+    attachModule();
+    auto session = std::make_unique<runtime::EffectSession>(
+        runtime::EffectSession::Setup{.project = {.width = 720, .height = 576}});
+    const std::int32_t before = objectCount;
+    auto tool = toolIn({});
+    EXPECT_EQ(objectCount, before + 1);
+    ASSERT_EQ(tool->OnLinkToOperator(&session->effect()), S_OK);
+    session.reset();
+    EXPECT_EQ(objectCount, before + 1) << "the tool keeps the effect";
+    tool.reset();
+    EXPECT_EQ(objectCount, 0);
+}
+
 // Pages share one tool.
 
 TEST_F(Interact, AllPagesShareOneToolAndTheLastTakesItAway) {
@@ -335,6 +363,21 @@ TEST_F(Interact, AllPagesShareOneToolAndTheLastTakesItAway) {
     EXPECT_FALSE(tool().dsObjects.head->next);
     guns.reset();
     EXPECT_TRUE(VWControllerContexts().empty());
+}
+
+TEST_F(Interact, ThePageThatIsOpenedWhileTheToolIsLinkedIsInFront) {
+    page.reset();
+    // The first page brings the tool; while that is linked, the Cropping page opens and shows.
+    viewer->setWindow(nullptr);
+    std::unique_ptr<runtime::OpenPage> inner;
+    onRedraw = [&] {
+        onRedraw = {};
+        inner = open(kCropPageId);
+    };
+    const auto outer = editor->open(kGunsPageId);
+    ASSERT_TRUE(inner);
+    EXPECT_EQ(VWControllerContexts().size(), 1u);
+    EXPECT_TRUE(box().isVisible());
 }
 
 TEST_F(Interact, TheBoxIsShownWhileTheCroppingPageIsInFront) {

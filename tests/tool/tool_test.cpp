@@ -24,7 +24,10 @@ ToolTest::ToolTest(const runtime::Project& project)
     session =
         std::make_unique<runtime::EffectSession>(runtime::EffectSession::Setup{.project = project});
     editor = std::make_unique<runtime::Editor>(*session, [this] { return clock; });
-    viewer = std::make_unique<runtime::Viewer>(*editor, [this](ULONG, const RECT*) { ++redraws; });
+    viewer = std::make_unique<runtime::Viewer>(*editor, [this](ULONG, const RECT*) {
+        ++redraws;
+        if (onRedraw) onRedraw();
+    });
     page = open(kCropPageId);
     session->properties().Advise(log_.get(), &cookie_);
 }

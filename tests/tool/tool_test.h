@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -53,6 +54,8 @@ protected:
 
     /// How often a tool has asked for a redraw.
     int redraws = 0;
+    /// What a redraw does besides.
+    std::function<void()> onRedraw;
     /// The parameters of all notifications so far.
     std::vector<ParameterId> writes;
     std::unique_ptr<runtime::Viewer> viewer;
