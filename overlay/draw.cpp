@@ -63,15 +63,22 @@ GLenum styleOf(QuadricStyle style) {
     return style == QuadricStyle::Line ? GLU_LINE : GLU_FILL;
 }
 
-/// A whole circle: its edge, or filled.
-void drawRound(float x, float y, float radius, QuadricStyle style) {
+/// Calls `draw` with the inner radius of a round shape: all of its radius for a line, 0 for a
+/// filled one. (x, y) is the origin meanwhile. Nothing for a radius of 0 or less, or without a
+/// quadric.
+template <class Drawing>
+void drawRound(float x, float y, float radius, QuadricStyle style, Drawing draw) {
     if (!(radius > 0.0f) || !hasQuadric()) return;
     gl().glPushMatrix();
     gl().glTranslatef(x, y, 0.0f);
     gl().gluQuadricDrawStyle(quadric, styleOf(style));
-    const float inner = style == QuadricStyle::Line ? radius : 0.0f;
-    gl().gluDisk(quadric, inner, radius, kDiskSlices, kLoops);
+    draw(style == QuadricStyle::Line ? radius : 0.0f);
     gl().glPopMatrix();
+}
+
+void drawWholeCircle(float x, float y, float radius, QuadricStyle style) {
+    drawRound(x, y, radius, style,
+              [=](float inner) { gl().gluDisk(quadric, inner, radius, kDiskSlices, kLoops); });
 }
 
 /// The tip at the origin, pointing along the X axis.
@@ -120,18 +127,12 @@ void VxTDraw::drawFilledRect(float x0, float y0, float x1, float y1) {
 
 void VxTDraw::drawArc(float x, float y, float radius, float startDegrees, float endDegrees,
                       QuadricStyle style) {
-    gl().glPushMatrix();
-    if (hasQuadric() && radius > 0.0f) {
-        gl().glTranslatef(x, y, 0.0f);
-        gl().gluQuadricDrawStyle(quadric, styleOf(style));
-        gl().gluQuadricNormals(quadric, GLU_FLAT);
-        // GLU measures angles clockwise from the Y axis.
-        const float start = 90.0f - startDegrees;
-        const float sweep = (90.0f - endDegrees) - start;
-        const float inner = style == QuadricStyle::Line ? radius : 0.0f;
+    // GLU measures angles clockwise from the Y axis.
+    const float start = 90.0f - startDegrees;
+    const float sweep = (90.0f - endDegrees) - start;
+    drawRound(x, y, radius, style, [=](float inner) {
         gl().gluPartialDisk(quadric, inner, radius, kArcSlices, kLoops, start, sweep);
-    }
-    gl().glPopMatrix();
+    });
 }
 
 void VxTDraw::drawStippledArc(float x, float y, float radius, float startDegrees, float endDegrees,
@@ -140,11 +141,11 @@ void VxTDraw::drawStippledArc(float x, float y, float radius, float startDegrees
 }
 
 void VxTDraw::drawDisk(float x, float y, float radius) {
-    drawRound(x, y, radius, QuadricStyle::Fill);
+    drawWholeCircle(x, y, radius, QuadricStyle::Fill);
 }
 
 void VxTDraw::drawCircle(float x, float y, float radius) {
-    drawRound(x, y, radius, QuadricStyle::Line);
+    drawWholeCircle(x, y, radius, QuadricStyle::Line);
 }
 
 void VxTDraw::drawDot(float x, float y, float radius, const VxColour& fill,
@@ -189,7 +190,8 @@ void VxTDraw::scale(float x, float y) {
 
 void VxTDraw::loadMatrixIntoGl() {
     const auto& m = matrixStack.top().m;
-    // OpenGL stores columns and multiplies column vectors from the right: the same 16 numbers.
+    // A matrix that multiplies row vectors, stored by rows, has the same 16 numbers in the same
+    // order as OpenGL's, which multiplies column vectors and is stored by columns.
     const float matrix[16] = {
         m[0][0], m[0][1], 0.0f, 0.0f,  //
         m[1][0], m[1][1], 0.0f, 0.0f,  //

@@ -16,8 +16,8 @@ enum class QuadricStyle { Line, Fill };
 
 /// Base of everything that draws. Its functions may only be called between begin and end of a
 /// render, on the viewer's thread, after `openGl` (sdk/open_gl/open_gl.h) has succeeded. Lengths
-/// are in units of the tree, angles in degrees, anticlockwise from the X axis. An arc, disc or
-/// circle for which memory is out is not drawn.
+/// are in units of the tree, angles in degrees, anticlockwise from the X axis. Arcs, discs and
+/// circles are not drawn if the memory they need can't be allocated.
 class VxTDraw {
 public:
     static void setColour(const VxColour& colour);
@@ -54,7 +54,8 @@ public:
     /// Nothing for 0.
     static void deleteFont(std::uint32_t lists);
     /// Draws `length` characters in the present colour with the font `currentFont`. Nothing if that
-    /// is 0. Characters outside 32 to 127 draw nothing.
+    /// is 0, for a null text, for a negative length, and if OpenGL's stack of attributes is full.
+    /// Characters outside 32 to 127 draw nothing.
     static void drawTextRaw(const char* text, int length, float x, float y);
     /// Draws a text in `paletteDark`, and over it, one unit up and to the right, in `paletteText`.
     /// Nothing for null.
@@ -67,8 +68,11 @@ public:
     static void rotate(float degrees);
     static void scale(float x, float y);
 
-    /// The global matrix: a stack beside OpenGL's own.
+    /// The global matrix: a stack beside OpenGL's own. The functions are those of VxMatrixStack.
     static inline VxMatrixStack matrixStack;
+    static const VxMatrix& pushMatrix() { return matrixStack.push(); }
+    static const VxMatrix& popMatrix() { return matrixStack.pop(); }
+    static void multiplyMatrix(const VxMatrix& matrix) { matrixStack.multiply(matrix); }
     /// Multiplies the top of the global matrix stack into OpenGL's matrix.
     static void loadMatrixIntoGl();
 
@@ -78,7 +82,8 @@ public:
     static inline int fontHeight = 11;
 };
 
-/// Blends, and smooths what `request` says, as long as it lives. A request of 0 changes nothing.
+/// Switches blending on, and smoothing for the primitives named by `request`; the destructor
+/// restores both. A request of 0 changes nothing.
 class BlendBracket {
 public:
     enum Request : std::uint32_t { Points = 1, Lines = 2, Polygons = 4 };

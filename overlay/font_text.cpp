@@ -20,7 +20,7 @@ bool hasList(char character) {
     return code - kFirstCharacter < kCharacters;
 }
 
-/// OpenGL keeps one error of each kind at most.
+/// OpenGL stores at most one error of each kind.
 void clearErrors() {
     constexpr int kMost = 16;
     for (int i = 0; i < kMost && gl().glGetError() != GL_NO_ERROR; ++i) {
@@ -34,20 +34,22 @@ void makeBlank(GLuint list, int advance) {
     gl().glNewList(list, GL_COMPILE);
     gl().glBitmap(1, 1, 0.0f, 0.0f, static_cast<float>(advance), 0.0f, &pixel);
     gl().glEndList();
-    clearErrors();
 }
 
 /// The lists of the font that is selected into `context`; 0 if they can't be made.
 GLuint makeLists(HDC context) {
-    int blankAdvance = 0;
-    if (!GetCharWidth32W(context, kFirstCharacter, kFirstCharacter, &blankAdvance)) return 0;
     const GLuint lists = gl().glGenLists(kCharacters);
     if (lists == 0) return 0;
     if (!wglUseFontBitmapsW(context, kFirstCharacter, kCharacters, lists)) {
         VxTDraw::deleteFont(lists);
         return 0;
     }
-    makeBlank(lists, blankAdvance);
+    int advance = 0;
+    if (GetCharWidth32W(context, kFirstCharacter, kFirstCharacter, &advance)) {
+        makeBlank(lists, advance);
+    }
+    // A blank that is left as it is may have left an error.
+    clearErrors();
     return lists;
 }
 
@@ -70,7 +72,7 @@ void VxTDraw::deleteFont(std::uint32_t lists) {
 }
 
 void VxTDraw::drawTextRaw(const char* text, int length, float x, float y) {
-    if (currentFont == 0) return;
+    if (currentFont == 0 || !text || length < 0 || !canPushAttributes()) return;
     gl().glRasterPos2f(x, y);
     gl().glPushAttrib(GL_LIST_BIT);
     gl().glListBase(currentFont - kFirstCharacter);

@@ -14,8 +14,8 @@ struct VxMatrix {
 
 VxMatrix operator*(const VxMatrix& a, const VxMatrix& b);
 
-/// The inverse, by cofactors in double precision; the identity if the determinant's magnitude is
-/// below 2^-50.
+/// The inverse, by cofactors in double precision. The identity if the determinant's magnitude is
+/// below 2^-50, and if the determinant is not a number.
 VxMatrix invert(const VxMatrix& matrix);
 
 /// A stack that starts with one identity. For the user-interface thread alone, like all drawing.

@@ -7,6 +7,13 @@ namespace {
 
 OpenGlLoader systemLibraries;
 
+bool hasRoom(GLenum depthOfStack, GLenum greatestDepth) {
+    GLint depth = 0, greatest = 0;
+    gl().glGetIntegerv(depthOfStack, &depth);
+    gl().glGetIntegerv(greatestDepth, &greatest);
+    return depth < greatest;
+}
+
 }  // namespace
 
 const OpenGl* OpenGlLoader::open() {
@@ -33,6 +40,14 @@ const OpenGl* openGl() {
 
 const OpenGl& gl() {
     return systemLibraries.functions();
+}
+
+bool canPushAttributes() {
+    return hasRoom(GL_ATTRIB_STACK_DEPTH, GL_MAX_ATTRIB_STACK_DEPTH);
+}
+
+bool canPushClientAttributes() {
+    return hasRoom(GL_CLIENT_ATTRIB_STACK_DEPTH, GL_MAX_CLIENT_ATTRIB_STACK_DEPTH);
 }
 
 void closeOpenGl() {

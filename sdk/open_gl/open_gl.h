@@ -27,7 +27,6 @@ namespace ruvex {
     FUNCTION(glEnd)                  \
     FUNCTION(glEndList)              \
     FUNCTION(glGenLists)             \
-    FUNCTION(glGetBooleanv)          \
     FUNCTION(glGetDoublev)           \
     FUNCTION(glGetError)             \
     FUNCTION(glGetIntegerv)          \
@@ -80,6 +79,12 @@ const OpenGl* openGl();
 /// The same functions, for callers that know that `openGl` has succeeded. Without that, its members
 /// are null.
 const OpenGl& gl();
+
+/// Whether the current context has room for one more glPushAttrib. A push onto a full stack fails,
+/// and the glPopAttrib that belongs to it would take somebody else's attributes.
+bool canPushAttributes();
+/// The same for glPushClientAttrib.
+bool canPushClientAttributes();
 
 /// Closes the libraries. The next `openGl` opens them again. No other thread may use them
 /// meanwhile.

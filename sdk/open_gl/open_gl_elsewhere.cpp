@@ -6,7 +6,7 @@
 namespace ruvex {
 namespace {
 
-/// Neither library brings one of a window system with it.
+/// Neither of the two libraries depends on one of a window system.
 void* openLibrary(const char* name) {
     return dlopen(name, RTLD_NOW | RTLD_LOCAL);
 }

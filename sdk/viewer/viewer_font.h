@@ -30,8 +30,8 @@ DSVWR_API HFONT CreateFontA(int height, int width, int escapement, int orientati
                             DWORD outputPrecision, DWORD clipPrecision, DWORD quality,
                             DWORD pitchAndFamily, const char* face);
 
-/// Selects a font into a device context. As there is only one font, it is always in use; what is
-/// returned stands for the font that was selected before. Null for a null argument.
+/// Selects a font into a device context and returns an object for the one selected before. There is
+/// only one font, so it stays selected whatever is passed. Null for a null argument.
 DSVWR_API HGDIOBJ SelectObject(HDC context, HGDIOBJ object);
 
 /// FALSE for null.

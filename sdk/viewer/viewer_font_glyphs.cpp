@@ -1,4 +1,4 @@
-// Made by tools/viewer_font_glyphs.cpp from DejaVu Sans Bold, whose licence permits it.
+// Made by tools/viewer_font_glyphs.cpp from DejaVu Sans Bold; see docs/licences/viewer-font.txt.
 
 #include "sdk/viewer/viewer_font_glyphs.h"
 

@@ -1,4 +1,5 @@
-// The pictures of a font's characters.
+// The pictures of a font's characters. They were made from DejaVu Sans Bold, whose notice and
+// licence are in docs/licences/viewer-font.txt.
 
 #pragma once
 

@@ -23,6 +23,10 @@ struct SurfaceRender {
 /// would keep the library loaded until the thread ends.
 thread_local SurfaceRender* currentRender = nullptr;
 
+bool canSaveState() {
+    return ruvex::canPushAttributes() && ruvex::canPushClientAttributes();
+}
+
 void saveState(SurfaceRender& render) {
     gl().glPushAttrib(GL_ALL_ATTRIB_BITS);
     gl().glPushClientAttrib(GL_CLIENT_PIXEL_STORE_BIT);
@@ -71,6 +75,10 @@ HRESULT vwSurfaceBeginRenderOpenGL(IViewerSurface* surface, tagVWOPENGLSURFACE* 
     if (!render) return E_OUTOFMEMORY;
     const HRESULT status = surface->Begin(info);
     if (FAILED(status)) return status;
+    if (!canSaveState()) {
+        surface->End();
+        return E_FAIL;
+    }
     render->surface = surface;
     render->outer = currentRender;
     saveState(*render);

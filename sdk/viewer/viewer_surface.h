@@ -32,8 +32,9 @@ struct DSInterfaceTraits<IViewerSurface> : DSInterface<IID_IViewerSurface> {};
 /// MODELVIEW, the projection and model-view matrices are the identity, the line stipple pattern is
 /// 0xFFFF with factor 1, the line width is 1, pixels are unpacked by OpenGL's defaults. The rest is
 /// as the surface has it. Renders of several surfaces may be nested.
-/// Returns the surface's status if it fails; E_POINTER for a null pointer; E_FAIL without OpenGL
-/// and E_OUTOFMEMORY, and then the surface is not begun.
+/// Returns the surface's status if it fails; E_POINTER for a null pointer, E_FAIL without OpenGL
+/// and E_OUTOFMEMORY, and then the surface is not begun. Also E_FAIL if one of OpenGL's two stacks
+/// of attributes is full; then the surface is ended again, and the state of OpenGL is as before.
 DSVWR_API HRESULT vwSurfaceBeginRenderOpenGL(IViewerSurface* surface, tagVWOPENGLSURFACE* info);
 
 /// Ends a render: restores the state of OpenGL from before vwSurfaceBeginRenderOpenGL (all
