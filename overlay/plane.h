@@ -15,6 +15,10 @@ inline float toRadians(float degrees) {
     return degrees * kPi / 180.0f;
 }
 
+inline float toDegrees(float radians) {
+    return radians * 180.0f / kPi;
+}
+
 /// A rotation of points around (0, 0) by an angle in degrees, anticlockwise.
 struct Turn {
     explicit Turn(float degrees)

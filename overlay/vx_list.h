@@ -2,10 +2,14 @@
 
 #pragma once
 
+#include <utility>
+
 namespace ruvex {
 
-/// Owns its nodes, not the items. Everything that walks a list uses its one `cursor`: a walk inside
-/// another walk of the same list ends the outer one.
+/// Owns its nodes, not the items. `walk` is the only function that uses the list's one `cursor` to
+/// go from node to node, so a walk inside another walk of the same list ends the outer one. A call
+/// made by `walk` may remove the present node. If it removes the NEXT node instead, the cursor goes
+/// back to the present one, which is then visited again.
 template <class T>
 class VxList {
 public:
@@ -20,6 +24,13 @@ public:
     VxList& operator=(const VxList&) = delete;
     virtual ~VxList() {
         while (head) remove(head);
+    }
+
+    /// Exchanges all nodes, and the cursors, of two lists.
+    void swap(VxList& other) noexcept {
+        std::swap(head, other.head);
+        std::swap(tail, other.tail);
+        std::swap(cursor, other.cursor);
     }
 
     /// Adds an item at the end and returns it. Throws std::bad_alloc.

@@ -6,9 +6,12 @@
 namespace ruvex {
 namespace {
 
+/// False if the list has the item already.
 template <class T>
-void appendOnce(VxList<T>& list, T item) {
-    if (!list.find(item)) list.append(item);
+bool appendOnce(VxList<T>& list, T item) {
+    if (list.find(item)) return false;
+    list.append(item);
+    return true;
 }
 
 }  // namespace
@@ -18,7 +21,7 @@ VxMessage::VxMessage(VxMessageId message, const char* text) : id(message) {
 }
 
 VxMessage::~VxMessage() {
-    if (dataType == VxDataType::Owned || dataType == VxDataType::OwnedToo) std::abort();
+    if (dataType == VxDataType::OwnedType5 || dataType == VxDataType::OwnedType26) std::abort();
 }
 
 void VxMessage::setNumber(std::int32_t number) {
@@ -47,7 +50,7 @@ VxMessageSender::~VxMessageSender() {
     while (handlers.head) {
         VxMessageHandler* const handler = handlers.head->item;
         handlers.removeAll(handler);
-        handler->senders.removeAll(this);
+        if (handler) handler->senders.removeAll(this);
     }
 }
 
@@ -63,14 +66,19 @@ VxMessageHandler::~VxMessageHandler() {
     while (senders.head) {
         VxMessageSender* const sender = senders.head->item;
         senders.removeAll(sender);
-        sender->handlers.removeAll(this);
+        if (sender) sender->handlers.removeAll(this);
     }
 }
 
 void connect(VxMessageHandler* handler, VxMessageSender* sender) {
     if (!handler || !sender) return;
-    appendOnce(sender->handlers, handler);
-    appendOnce(handler->senders, sender);
+    const bool isNew = appendOnce(sender->handlers, handler);
+    try {
+        appendOnce(handler->senders, sender);
+    } catch (...) {
+        if (isNew) sender->handlers.remove(sender->handlers.tail);
+        throw;
+    }
 }
 
 }  // namespace ruvex

@@ -20,14 +20,15 @@ enum class VxMessageId : std::int32_t {
     DragCancelled = 203,
 };
 
-/// What the payload of a message holds. Types 5 and 26 would own their data; no message has them.
+/// What the payload of a message holds. A message of type 5 or 26 would own data outside the
+/// payload; no message has these types.
 enum class VxDataType : std::int32_t {
     None = 0,
     Number = 1,
-    Owned = 5,
+    OwnedType5 = 5,
     Position = 6,
-    OtherPosition = 7,  ///< Accepted wherever Position is.
-    OwnedToo = 26,
+    PositionType7 = 7,  ///< Accepted wherever Position is.
+    OwnedType26 = 26,
 };
 
 struct VxPosition {
@@ -36,7 +37,7 @@ struct VxPosition {
     friend bool operator==(const VxPosition&, const VxPosition&) = default;
 };
 
-/// A value on the stack of its sender; it ends when `send` returns.
+/// Lives on the stack of its sender, until `send` returns.
 class VxMessage {
 public:
     static constexpr std::size_t kNameSize = 16;
@@ -53,7 +54,7 @@ public:
     std::int32_t number() const;
     VxPosition position() const;
     bool hasPosition() const {
-        return dataType == VxDataType::Position || dataType == VxDataType::OtherPosition;
+        return dataType == VxDataType::Position || dataType == VxDataType::PositionType7;
     }
 
     char name[kNameSize] = {};
@@ -73,9 +74,10 @@ public:
     /// Takes itself out of the lists of its handlers.
     virtual ~VxMessageSender();
 
-    /// Hands the message to all handlers, in the order in which they were connected. Allocates
-    /// nothing. A handler may disconnect itself or be destroyed by the message. A message that a
-    /// handler sends through the same sender ends this one: the handlers behind it are skipped.
+    /// Passes the message to all handlers, in the order in which they were connected. Allocates
+    /// nothing. The sender has to survive the call. A handler may disconnect or destroy itself. If
+    /// it disconnects or destroys the NEXT handler, the present one gets the message a second time.
+    /// If it sends a message through the same sender, the handlers behind it do not get this one.
     void send(VxMessage& message);
 
     VxList<VxMessageHandler*> handlers;
@@ -96,7 +98,8 @@ public:
     VxList<VxMessageSender*> senders;
 };
 
-/// Connects both, once. Nothing is done if one of them is null.
+/// Connects both, unless they are connected already. Nothing is done if one of them is null. Throws
+/// std::bad_alloc, and then nothing has changed.
 void connect(VxMessageHandler* handler, VxMessageSender* sender);
 
 }  // namespace ruvex

@@ -1,7 +1,6 @@
 #include "overlay/vx_t_2d_axis.h"
 
 #include <algorithm>
-#include <cfloat>
 #include <cstdio>
 
 #include "overlay/plane.h"
@@ -9,9 +8,10 @@
 namespace ruvex {
 namespace {
 
-/// Half the width of an axis to translate by, and the reach of the aspect's handle, in the extent.
+/// For the extent: half the width of an axis to translate by, and what is added to the position of
+/// the aspect's handle on both axes.
 constexpr float kMargin = 3.0f;
-/// The aspect's handle lies so far beyond the corner of the scale box.
+/// From the corner of the scale box to the aspect's handle.
 constexpr float kAspectGap = 10.0f;
 constexpr std::uint32_t kAllButAspect = 63;
 
@@ -37,7 +37,7 @@ const char* verbOf(std::uint32_t handle) {
 }
 
 /// The four points (+-x, +-y), turned.
-void includeBox(float (&extent)[4], VxPosition corner, const Turn& turn) {
+void includeBox(VxExtent& extent, VxPosition corner, const Turn& turn) {
     for (const VxPosition point : {corner, VxPosition{-corner.x, corner.y}}) {
         const VxPosition turned = turn(point);
         includePoint(extent, turned.x, turned.y);
@@ -51,7 +51,8 @@ VxT2DAxis::VxT2DAxis(const char* objectName, std::uint32_t handleMask)
     : VxTObject(objectName), handles(handleMask) {
     setFlag(kMovable, false);
     setFlag(kSizeable, false);
-    // Of this class: a derived one measures itself again when it has children.
+    // A constructor calls this class's `getExtent`. A derived class calls `updateBounds` again when
+    // it gets children.
     VxT2DAxis::updateBounds();
 }
 
@@ -68,7 +69,7 @@ void VxT2DAxis::transformChanged() {
 }
 
 void VxT2DAxis::updateBounds() {
-    float extent[4];
+    VxExtent extent;
     getExtent(extent);
     setBounds(extent);
 }
@@ -128,9 +129,8 @@ VxPosition VxT2DAxis::shownCentre() const {
     return {shown & kTranslateX ? centre.x : 0.0f, shown & kTranslateY ? centre.y : 0.0f};
 }
 
-void VxT2DAxis::getExtent(float (&out)[4]) {
-    out[0] = out[2] = FLT_MAX;
-    out[1] = out[3] = -FLT_MAX;
+void VxT2DAxis::getExtent(VxExtent& out) {
+    makeEmpty(out);
     const std::uint32_t shown = shownHandles();
     if (shown == 0) {
         includePoint(out, uiScale * centre.x, uiScale * centre.y);
@@ -143,7 +143,7 @@ void VxT2DAxis::getExtent(float (&out)[4]) {
     if (shown & kRotate) includeBox(out, {arc, arc}, none);
     if (shown & kAnyScale) includeBox(out, boxCorner(), turn);
     if (shown & kAspect) {
-        // The margin is on one side alone.
+        // The margin is added to the position on both axes; there is none to the left and below.
         const VxPosition handle = turn(aspectHandle());
         includePoint(out, handle.x + kMargin, handle.y + kMargin);
     }

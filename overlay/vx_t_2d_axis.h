@@ -15,10 +15,13 @@ namespace ruvex {
 /// Lengths of handles are multiplied by `uiScale`. The pen's positions are those of the object
 /// above. The axes to translate by do not turn with `rotation`; all other handles do.
 ///
-/// A handle has its colour: red to translate, blue for the box and the aspect, green to rotate. Its
-/// lines are stippled in this colour and white while the pen is over it, and white while it is
-/// pressed; the line and the arc to rotate by are stippled then, too. The heads of its arrows have
-/// a white outline in both cases, and are filled with white while it is pressed.
+/// Each handle has a colour: red to translate, blue for the box and the aspect, green to rotate.
+/// - Axes and box: their lines are stippled in this colour and white while the pen is over them,
+///   and white while they are pressed.
+/// - Rotation: the line and the arc are stippled in both cases.
+/// - Arrow heads have a white outline in both cases, and are filled with white while pressed.
+/// - Aspect: its line and its dot are white, never stippled, while it is the active handle; two
+///   stippled guides show the directions of X and Y while the pen is over it or it is pressed.
 class VxT2DAxis : public VxTObject, public VxMessageSender {
 public:
     enum Handle : std::uint32_t {
@@ -58,8 +61,8 @@ public:
     void drawTip(const VxPosition& where) override;
     void toLocal(VxPosition& out, const VxPosition& where) override;
     void setUiScale(float newScale) override;
-    /// Lowest x, highest x, lowest y, highest y.
-    virtual void getExtent(float (&out)[4]);
+    /// The extent of the handles, from which the bounds are taken.
+    virtual void getExtent(VxExtent& out);
 
     /// The tool-tip for the active handle, cut to 255 characters. False if there is none: without a
     /// `tip`, without an active handle, and while the axis is pressed.

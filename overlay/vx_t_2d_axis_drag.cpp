@@ -10,16 +10,17 @@ float angleFrom(VxPosition centre, VxPosition point) {
     return std::atan2(point.y - centre.y, point.x - centre.x);
 }
 
-/// The smaller way around from one angle to another, both in radians; in degrees.
+/// From one angle to another, both in radians, the shorter way round. In degrees, -180..180.
 float degreesBetween(float from, float to) {
-    const float degrees = (to - from) * 180.0f / kPi;
+    const float degrees = toDegrees(to - from);
     if (degrees > 180.0f) return degrees - 360.0f;
     if (degrees < -180.0f) return degrees + 360.0f;
     return degrees;
 }
 
-/// The aspect for a pen whose way along X and along Y, in units of the box, is this. A pen beyond
-/// the centre takes the aspect to its limit, on the side where it is.
+/// The aspect at which the box's corner lies in the pen's direction. `pen` is the pen's position
+/// from the centre, divided by the scales. If it is negative on X or Y, the result is the limit, -1
+/// or 1, with the sign of `aspectNow`, or 0 if that is 0.
 float aspectFor(VxPosition pen, float aspectNow) {
     if (pen.x < 0.0f || pen.y < 0.0f) {
         if (aspectNow < 0.0f) return -1.0f;

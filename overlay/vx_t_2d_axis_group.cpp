@@ -1,6 +1,5 @@
 #include "overlay/vx_t_2d_axis_group.h"
 
-#include <cfloat>
 #include <cmath>
 
 #include "overlay/plane.h"
@@ -10,29 +9,29 @@ namespace ruvex {
 
 VxT2DAxisGroup::VxT2DAxisGroup(const char* objectName, std::uint32_t handleMask)
     : VxT2DAxis(objectName, handleMask) {
-    clearChildBounds();
+    makeEmpty(childBounds);
 }
 
 VxT2DAxisGroup::~VxT2DAxisGroup() {
-    // Here, while the calls that come back still find a group.
+    // Removing a child calls virtual functions of this class, so it can't wait for the base's
+    // destructor.
     setParent(nullptr);
     fixed.clear();
     transformed.clear();
 }
 
-void VxT2DAxisGroup::clearChildBounds() {
-    childBounds[0] = childBounds[2] = FLT_MAX;
-    childBounds[1] = childBounds[3] = -FLT_MAX;
+void VxT2DAxisGroup::enterTransform() {
+    rebuild();
+    pushMatrix();
+    multiplyMatrix(matrix);
 }
 
 void VxT2DAxisGroup::enterLocal(const VxPosition&, const VxPosition&) {
-    rebuild();
-    matrixStack.push();
-    matrixStack.multiply(matrix);
+    enterTransform();
 }
 
 void VxT2DAxisGroup::leaveLocal() {
-    matrixStack.pop();
+    popMatrix();
 }
 
 VxHit VxT2DAxisGroup::hit(const VxPosition& where, const VxPosition& radius) {
@@ -53,16 +52,14 @@ VxHit VxT2DAxisGroup::hitList(VxTContainer& list, const VxPosition& local,
 }
 
 void VxT2DAxisGroup::draw() {
-    rebuild();
     if (groupFlags & kHasAxis) {
         const TransformLevel level;
         if (drawGlobal) loadMatrixIntoGl();
         VxT2DAxis::draw();
     }
-    matrixStack.push();
-    matrixStack.multiply(matrix);
+    enterTransform();
     fixed.drawAll();
-    matrixStack.pop();
+    popMatrix();
     drawTransformed();
 }
 
@@ -81,8 +78,8 @@ void VxT2DAxisGroup::drawTransformed() {
 
 void VxT2DAxisGroup::childChanged(VxTObject* child) {
     if (!child) return;
-    clearChildBounds();
-    float extents[2][4];
+    makeEmpty(childBounds);
+    VxExtent extents[2];
     const BoundsState states[2] = {transformed.getBounds(extents[0]), fixed.getBounds(extents[1])};
     const bool allHave =
         states[0] != BoundsState::SomeWithout && states[1] != BoundsState::SomeWithout;
@@ -95,7 +92,7 @@ void VxT2DAxisGroup::childChanged(VxTObject* child) {
     updateBounds();
 }
 
-void VxT2DAxisGroup::getExtent(float (&out)[4]) {
+void VxT2DAxisGroup::getExtent(VxExtent& out) {
     VxT2DAxis::getExtent(out);
     const bool isEmpty = transformed.children.empty() && fixed.children.empty();
     if (isEmpty || !(flags & kHasBounds)) return;

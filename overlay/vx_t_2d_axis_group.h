@@ -8,9 +8,10 @@
 namespace ruvex {
 
 /// An axis with children. Pen positions and bounds of all children are in the coordinates of the
-/// transform. Children in `transformed` are drawn in these coordinates; for those in `fixed` the
-/// transform is only multiplied into the global matrix, and they apply it themselves
-/// (`useGlobalMatrix`).
+/// whole transform. Children in `transformed` are drawn under those parts of the transform for
+/// which the axis has handles (a group with translate handles alone draws them moved, but neither
+/// rotated nor scaled). For children in `fixed` the whole transform is multiplied into the global
+/// matrix, and they apply it themselves (`useGlobalMatrix`).
 class VxT2DAxisGroup : public VxT2DAxis {
 public:
     enum GroupFlags : std::uint32_t {
@@ -29,19 +30,19 @@ public:
     std::int32_t addChild(VxTObject* child) override;
     std::int32_t removeChild(VxTObject* child) override;
     VxTObject* setFocus(VxTObject* child) override;
-    void getExtent(float (&out)[4]) override;
+    void getExtent(VxExtent& out) override;
 
     std::uint32_t groupFlags = kHasAxis;
     bool drawGlobal = false;  ///< Draws the axis under the global matrix.
     bool addToFixed = false;  ///< `addChild` adds to `fixed`, else to `transformed`.
-    /// Of the children, in the coordinates of the transform: lowest x, highest x, lowest y, highest
-    /// y. FLT_MAX and -FLT_MAX if there are no children or one has no bounds.
-    float childBounds[4];
+    /// The extent of the children, in the coordinates of the transform. Empty if there are no
+    /// children or one has no bounds.
+    VxExtent childBounds;
     VxTContainer transformed;
     VxTContainer fixed;
 
 private:
-    void clearChildBounds();
+    void enterTransform();
     VxHit hitList(VxTContainer& list, const VxPosition& local, const VxPosition& localRadius);
     void drawTransformed();
 };

@@ -1,7 +1,6 @@
 #include "overlay/vx_t_container.h"
 
 #include <algorithm>
-#include <cfloat>
 
 namespace ruvex {
 
@@ -9,19 +8,17 @@ VxTContainer::~VxTContainer() {
     clear();
 }
 
-BoundsState VxTContainer::getBounds(float (&out)[4]) {
+BoundsState VxTContainer::getBounds(VxExtent& out) {
     std::fill_n(out, 4, 0.0f);
     boundsState = BoundsState::NoChildren;
     if (children.empty()) return boundsState;
 
     boundsState = BoundsState::AllHave;
-    out[0] = out[2] = FLT_MAX;
-    out[1] = out[3] = -FLT_MAX;
+    makeEmpty(out);
     for (const auto* node = children.head; node; node = node->next) {
         const VxTObject& child = *node->item;
         if (child.flags & VxTObject::kHasBounds) {
-            includePoint(out, child.position.x, child.position.y);
-            includePoint(out, child.position.x + child.size.x, child.position.y + child.size.y);
+            includeRectangle(out, child.position, child.size);
         } else {
             boundsState = BoundsState::SomeWithout;
         }
@@ -51,10 +48,18 @@ void VxTContainer::drawAll() {
 }
 
 void VxTContainer::clear() {
-    while (children.head) {
-        VxTObject* const child = children.head->item;
-        child->setParent(nullptr);
-        remove(child);
+    if (children.empty()) return;
+    // A child that loses its parent has itself removed from `children`. In a list that the parent
+    // does not know it can still be deleted afterwards.
+    VxList<VxTObject*> leaving;
+    leaving.swap(children);
+    leaving.cursor = nullptr;
+    focus = nullptr;
+    VxTObject* const parent = leaving.head->item->parent;
+    for (auto* node = leaving.head; node; node = node->next) node->item->setParent(nullptr);
+    if (parent) parent->childChanged(leaving.tail->item);
+    while (leaving.head) {
+        VxTObject* const child = leaving.remove(leaving.head);
         if (ownsChildren) delete child;
     }
 }

@@ -22,10 +22,9 @@ public:
     /// Empties the list, see `clear`. A derived class whose children know it as their parent or
     /// manager calls `clear` in its own destructor.
     virtual ~VxTContainer();
-    /// The extent of all children with bounds: lowest x, highest x, lowest y, highest y. All 0
-    /// without children; the lowest are FLT_MAX and the highest -FLT_MAX if no child has bounds.
-    /// Sets and returns `boundsState`.
-    virtual BoundsState getBounds(float (&out)[4]);
+    /// The extent of all children with bounds. All 0 without children; empty (see `makeEmpty`) if
+    /// no child has bounds. Sets and returns `boundsState`.
+    virtual BoundsState getBounds(VxExtent& out);
 
     /// 1; 0 for null and for an object that is listed. `boundsState` says afterwards whether this
     /// object has bounds. Throws std::bad_alloc.
@@ -33,9 +32,12 @@ public:
     /// 1; 0 for null and for an object that is not listed. The list's focus is not on it
     /// afterwards.
     std::int32_t remove(VxTObject* object);
-    /// Draws all visible children. A child may change the list, but not walk it.
+    /// Draws all visible children. A child that is drawn may remove or destroy itself or others; if
+    /// it removes the NEXT child, it is drawn a second time. A `drawAll` of the same list inside
+    /// this one ends the outer one.
     void drawAll();
-    /// Takes all children out of the list and of their tree; deletes them if `ownsChildren` is set.
+    /// Empties the list: first all children lose their parent and manager, then they are deleted if
+    /// `ownsChildren` is set.
     void clear();
     void setManagerForAll(VxTManager* manager);
     /// The object if it is listed, else null.

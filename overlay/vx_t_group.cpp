@@ -8,7 +8,8 @@ VxTGroup::VxTGroup(const char* objectName) : VxTObject(objectName) {
 }
 
 VxTGroup::~VxTGroup() {
-    // Here, while the calls that come back still find a group.
+    // Removing a child calls virtual functions of this class, so it can't wait for the base's
+    // destructor.
     setParent(nullptr);
     clear();
 }
@@ -51,7 +52,7 @@ std::int32_t VxTGroup::penLeave() {
 }
 
 void VxTGroup::childChanged(VxTObject*) {
-    float extent[4];
+    VxExtent extent;
     getBounds(extent);
     setFlag(kHasBounds, boundsState != BoundsState::SomeWithout);
     setBounds(extent);
@@ -75,20 +76,19 @@ std::int32_t VxTGroup::addChild(VxTObject* child) {
     child->parent = this;
     child->setManager(manager);
     if (child->flags & kHasBounds) includeBounds(*child, isFirst);
+    if (parent) parent->childChanged(this);
     return 1;
 }
 
 void VxTGroup::includeBounds(const VxTObject& child, bool isFirst) {
-    if (!isFirst) {
-        float extent[4] = {position.x, position.x + size.x, position.y, position.y + size.y};
-        includePoint(extent, child.position.x, child.position.y);
-        includePoint(extent, child.position.x + child.size.x, child.position.y + child.size.y);
-        position = {extent[0], extent[2]};
-        size = {extent[1] - extent[0], extent[3] - extent[2]};
-    } else {
+    if (isFirst) {
         position = child.position;
         size = child.size;
+        return;
     }
+    VxExtent extent = {position.x, position.x + size.x, position.y, position.y + size.y};
+    includeRectangle(extent, child.position, child.size);
+    storeBounds(extent);
 }
 
 std::int32_t VxTGroup::removeChild(VxTObject* child) {

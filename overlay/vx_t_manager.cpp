@@ -10,7 +10,7 @@ constexpr float kSmallestMove = 0.001f;
 /// From the pen to its tool-tip.
 constexpr VxPosition kTipOffset{8.0f, 8.0f};
 
-/// Sets bits of a word as long as it lives.
+/// Sets bits of a word, and clears them in the destructor.
 class BitsSet {
 public:
     BitsSet(std::uint32_t& word, std::uint32_t bits) : word_(word), bits_(bits) { word_ |= bits_; }
@@ -23,7 +23,13 @@ private:
     std::uint32_t bits_;
 };
 
-/// All ones, and all ones but for the last bit, say that nothing is under the pen.
+/// A movement that is not a number counts as one.
+bool hasMoved(VxPosition delta) {
+    return !(std::fabs(delta.x) <= kSmallestMove && std::fabs(delta.y) <= kSmallestMove);
+}
+
+/// The object of a hit. Null if the low 32 bits are 0xFFFFFFFF or 0xFFFFFFFE: nothing is under the
+/// pen.
 VxTObject* objectUnderPen(VxHit hit) {
     return static_cast<std::uint32_t>(hit) >= 0xFFFFFFFEu ? nullptr : objectOf(hit);
 }
@@ -51,7 +57,7 @@ public:
     }
 
     /// Forgets an object that leaves the tree, and all below it: they may be destroyed before the
-    /// event comes back.
+    /// event returns.
     static void forget(Step* innermost, const VxTObject& object) {
         Step* found = innermost;
         while (found && found->object_ != &object) found = found->outer_;
@@ -68,7 +74,8 @@ private:
 };
 
 VxTManager::~VxTManager() {
-    // Here, while the calls that come back still find a manager.
+    // Removing a child calls virtual functions of this class, so it can't wait for the base's
+    // destructor.
     clear();
 }
 
@@ -95,7 +102,7 @@ void VxTManager::penMoved() {
         const bool changed = routeDown(&VxTObject::drag) != 0;
         managerFlags &= ~kRedrawWanted;
         wantRedraw(changed);
-    } else if (std::fabs(penDelta.x) > kSmallestMove || std::fabs(penDelta.y) > kSmallestMove) {
+    } else if (hasMoved(penDelta)) {
         hover();
     }
     // The tip follows the pen.
@@ -143,10 +150,10 @@ void VxTManager::pickFallback() {
 }
 
 std::int32_t VxTManager::routeDown(PositionEvent event) {
-    const int depth = VxTDraw::matrixStack.depth();
+    const int depth = matrixStack.depth();
     const std::int32_t result = routeDown(focus, penPosition, event);
     // An object that left the tree on the way has not taken its matrix from the stack.
-    while (VxTDraw::matrixStack.depth() > depth) VxTDraw::matrixStack.pop();
+    while (matrixStack.depth() > depth) popMatrix();
     return result;
 }
 

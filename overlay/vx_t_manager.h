@@ -73,7 +73,8 @@ private:
     std::int32_t toLeaf(PlainEvent event);
     bool focusLeadsTo(const VxTObject& object) const;
 
-    Step* innermost_ = nullptr;  ///< Of the event that is on its way.
+    /// The last object that the present event has entered; null outside of an event.
+    Step* innermost_ = nullptr;
 };
 
 }  // namespace ruvex

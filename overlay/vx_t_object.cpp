@@ -3,9 +3,26 @@
 #include <cfloat>
 #include <utility>
 
+#include "overlay/vx_t_2d_axis_group.h"
 #include "overlay/vx_t_manager.h"
 
 namespace ruvex {
+namespace {
+
+void clearFocusOn(VxTContainer& list, const VxTObject& child) {
+    if (list.focus == &child) list.focus = nullptr;
+}
+
+/// Clears the focus of the lists of children that a parent has, where it is on this child.
+void clearListFocus(VxTObject& parent, const VxTObject& child) {
+    if (auto* const list = dynamic_cast<VxTContainer*>(&parent)) clearFocusOn(*list, child);
+    if (auto* const group = dynamic_cast<VxT2DAxisGroup*>(&parent)) {
+        clearFocusOn(group->transformed, child);
+        clearFocusOn(group->fixed, child);
+    }
+}
+
+}  // namespace
 
 VxTObject::VxTObject(const char* objectName) {
     if (objectName) name = objectName;
@@ -116,8 +133,9 @@ void VxTObject::setParent(VxTObject* newParent) {
 
 void VxTObject::leaveTree() {
     if (manager) manager->forget(*this);
+    leavePen();
     leaveFocus();
-    // Cleared before the calls, which come back here.
+    // Cleared first: `removeChild` and `removeObject` call setParent(nullptr) in their turn.
     VxTObject* const oldParent = std::exchange(parent, nullptr);
     VxTManager* const oldManager = manager;
     if (oldManager) setManager(nullptr);
@@ -128,16 +146,29 @@ void VxTObject::leaveTree() {
     }
 }
 
+void VxTObject::leavePen() {
+    VxTObject* node = this;
+    while (node) {
+        node->flags &= ~(kHovered | kPressed);
+        node = node->focus == node ? nullptr : node->focus;
+    }
+}
+
 void VxTObject::leaveFocus() {
     focus = nullptr;
     for (VxTObject* node = this; node->parent && node->parent->focus == node; node = node->parent) {
         node->parent->focus = nullptr;
+        clearListFocus(*node->parent, *node);
     }
 }
 
-void VxTObject::setBounds(const float (&extent)[4]) {
+void VxTObject::storeBounds(const VxExtent& extent) {
     position = {extent[0], extent[2]};
     size = {extent[1] - extent[0], extent[3] - extent[2]};
+}
+
+void VxTObject::setBounds(const VxExtent& extent) {
+    storeBounds(extent);
     if (parent) parent->childChanged(this);
 }
 

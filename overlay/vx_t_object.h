@@ -7,6 +7,7 @@
 #include <string>
 
 #include "overlay/draw.h"
+#include "overlay/extent.h"
 #include "overlay/vx_message.h"
 
 namespace ruvex {
@@ -36,14 +37,6 @@ inline VxTObject* objectOf(VxHit hit) {
     return reinterpret_cast<VxTObject*>(hit);
 }
 
-/// Widens an extent (lowest x, highest x, lowest y, highest y) so that it has this point.
-inline void includePoint(float (&extent)[4], float x, float y) {
-    if (x < extent[0]) extent[0] = x;
-    if (x > extent[1]) extent[1] = x;
-    if (y < extent[2]) extent[2] = y;
-    if (y > extent[3]) extent[3] = y;
-}
-
 /// A control in the viewer, or a part of one. Positions are in units of the tree's root (or of the
 /// nearest object above with a coordinate system of its own), upwards and to the right. The
 /// viewer's user-interface thread alone. An object is not owned by the tree: its destructor takes
@@ -52,7 +45,8 @@ inline void includePoint(float (&extent)[4], float x, float y) {
 /// Changes of the tree during a call: `drag` and the pen events may add, remove and destroy any
 /// object, also the one that was called and those above it. For an object that has left the tree by
 /// then, `leaveLocal` is not called. `draw` may do the same, except to the groups that the object
-/// is in. `hit`, `enterLocal`, `leaveLocal`, `toLocal` and `childChanged` may not change the tree.
+/// is in; an object that removes the NEXT one of its list is drawn a second time. `hit`,
+/// `enterLocal`, `leaveLocal`, `toLocal`, `childChanged` and `setManager` may not change the tree.
 class VxTObject : public VxTDraw {
 public:
     enum State : std::uint32_t { kEnabled = 1, kVisible = 2 };
@@ -120,8 +114,8 @@ public:
     /// Asks the manager, if there is one, for a redraw.
     void requestRedraw();
     /// Adds the object to `newParent`, as `addChild` of the parent does, and tells the parent its
-    /// bounds. Null takes the object out of its parent, or out of its manager's list; nothing in
-    /// the tree then has its focus on it.
+    /// bounds. Null takes the object out of its parent, or out of its manager's list. Afterwards no
+    /// focus in the tree leads to it, and it is neither hovered nor pressed.
     void setParent(VxTObject* newParent);
 
     std::optional<std::string> name;
@@ -142,14 +136,18 @@ public:
     std::uint32_t flags = kHasBounds | kMovable | kSizeable;
 
 protected:
-    /// Takes position and size from an extent (lowest x, highest x, lowest y, highest y) and tells
-    /// the parent.
-    void setBounds(const float (&extent)[4]);
+    /// Takes position and size from an extent.
+    void storeBounds(const VxExtent& extent);
+    /// The same, and tells the parent.
+    void setBounds(const VxExtent& extent);
     void setFlag(Flags flag, bool on) { flags = on ? flags | flag : flags & ~flag; }
 
 private:
     void leaveTree();
-    /// Clears the focus of all objects above whose focus leads here.
+    /// Ends hovering and pressing, here and along the focus below.
+    void leavePen();
+    /// Clears the focus of this object, and of all objects above, and of their lists of children,
+    /// whose focus leads here.
     void leaveFocus();
 };
 

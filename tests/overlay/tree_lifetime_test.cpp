@@ -91,6 +91,19 @@ TEST(TreeLifetime, ManagerGroupsAndObjectDieInAnyOrder) {
     } while (std::next_permutation(std::begin(order), std::end(order)));
 }
 
+/// No focus of a group and of its lists leads anywhere.
+void expectNoFocus(const Tree& tree) {
+    if (tree.inner) {
+        EXPECT_EQ(tree.inner->focus, nullptr);
+        EXPECT_EQ(tree.inner->VxTContainer::focus, nullptr);
+    }
+    if (tree.outer) {
+        EXPECT_EQ(tree.outer->focus, nullptr);
+        EXPECT_EQ(tree.outer->transformed.focus, nullptr);
+        EXPECT_EQ(tree.outer->fixed.focus, nullptr);
+    }
+}
+
 /// What an object's handler does to the tree.
 enum class Deed {
     RemoveSelf,
@@ -186,8 +199,11 @@ TEST(TreeLifetime, RemovalForgetsThePressedAndTheHoveredObject) {
             EXPECT_EQ(tree.manager->focus, nullptr);
             if (deed == Deed::RemoveSelf || deed == Deed::MoveToTheTop) {
                 EXPECT_EQ(tree.object->focus, nullptr);
-                EXPECT_EQ(tree.inner->focus, nullptr);
-                EXPECT_EQ(tree.outer->focus, nullptr);
+                expectNoFocus(tree);
+            }
+            if (tree.object) {
+                EXPECT_FALSE(tree.object->isHovered());
+                EXPECT_FALSE(tree.object->isPressed());
             }
             tree.log.clear();
             sendPen(*tree.manager, PenMoved, kAlsoInside);
@@ -216,9 +232,50 @@ TEST(TreeLifetime, RemovalWithoutAManagerClearsTheFocusOfTheGroups) {
     tree.manager.reset();
     EXPECT_EQ(testObject(*tree.outer, kInside, {}), hitOn(*tree.object));
     EXPECT_EQ(tree.outer->focus, tree.inner.get());
+    EXPECT_EQ(tree.outer->transformed.focus, tree.inner.get());
+    EXPECT_EQ(tree.inner->VxTContainer::focus, tree.object.get());
     tree.object.reset();
-    EXPECT_EQ(tree.outer->focus, nullptr);
-    EXPECT_EQ(tree.inner->focus, nullptr);
+    expectNoFocus(tree);
+}
+
+TEST(TreeLifetime, RemovalClearsTheFocusOfAllKindsOfLists) {
+    for (const bool toFixed : {false, true}) {
+        CallLog log;
+        VxTGroup top("top"), low("low");
+        VxT2DAxisGroup axis("axis", VxT2DAxis::kCentre);
+        ScriptedObject object("object", log);
+        axis.groupFlags = 0;
+        axis.addToFixed = toFixed;
+        top.addChild(&axis);
+        axis.addChild(&low);
+        low.addChild(&object);
+        EXPECT_EQ(testObject(top, kInside, {}), hitOn(object));
+        EXPECT_EQ(top.VxTContainer::focus, &axis);
+        EXPECT_EQ((toFixed ? axis.fixed : axis.transformed).focus, &low);
+        object.setParent(nullptr);
+        EXPECT_EQ(top.VxTContainer::focus, nullptr);
+        EXPECT_EQ(top.focus, nullptr);
+        EXPECT_EQ(axis.fixed.focus, nullptr);
+        EXPECT_EQ(axis.transformed.focus, nullptr);
+        EXPECT_EQ(low.VxTContainer::focus, nullptr);
+    }
+}
+
+TEST(TreeLifetime, AnObjectThatMovesToAnotherManagerIsNeitherHoveredNorPressedThere) {
+    for (const VxMessageId last : {PenMoved, PenDown}) {
+        for (const bool takesGroup : {false, true}) {
+            Tree tree;
+            sendPen(*tree.manager, PenMoved, kInside);
+            sendPen(*tree.manager, last, kAlsoInside);
+            ASSERT_TRUE(tree.object->isHovered() || tree.object->isPressed());
+            VxTManager other;
+            other.addObject(takesGroup ? static_cast<VxTObject*>(tree.inner.get())
+                                       : tree.object.get());
+            EXPECT_EQ(tree.object->manager, &other);
+            EXPECT_FALSE(tree.object->isHovered());
+            EXPECT_FALSE(tree.object->isPressed());
+        }
+    }
 }
 
 TEST(TreeLifetime, ADrawnObjectMayDestroyItselfAndItsSiblings) {

@@ -143,6 +143,18 @@ TEST_F(List, AWalkEndsWhereItIsTold) {
     EXPECT_EQ(visited, (std::vector<int>{0, 1}));
 }
 
+TEST_F(List, ExchangesItsNodesAndItsCursorWithThoseOfAnother) {
+    Ints other;
+    other.append(&kNumbers[2]);
+    list.cursor = list.tail;
+    list.swap(other);
+    EXPECT_EQ(itemsOf(list), std::vector<int>{2});
+    EXPECT_EQ(list.cursor, nullptr);
+    EXPECT_EQ(itemsOf(other), (std::vector<int>{0, 1, 2, 3}));
+    EXPECT_EQ(backwards(other), (std::vector<int>{3, 2, 1, 0}));
+    EXPECT_EQ(other.cursor, other.tail);
+}
+
 TEST_F(List, FindsAndRemovesAllNodesOfAnItem) {
     list.append(&kNumbers[1]);
     EXPECT_EQ(list.find(&kNumbers[1]), list.head->next) << "the first of them";

@@ -60,7 +60,7 @@ TEST(Message, HoldsNothingANumberOrAPosition) {
     EXPECT_EQ(static_cast<int>(message.dataType), 6);
     EXPECT_EQ(message.position(), (VxPosition{1.5f, -2.0f}));
     EXPECT_TRUE(message.hasPosition());
-    message.dataType = VxDataType::OtherPosition;
+    message.dataType = VxDataType::PositionType7;
     EXPECT_TRUE(message.hasPosition());
 }
 
@@ -69,8 +69,8 @@ TEST(MessageDeathTest, EndsTheProcessForDataThatItWouldOwn) {
         VxMessage message(VxMessageId::DragEnded);
         message.dataType = type;
     };
-    EXPECT_DEATH(destroy(VxDataType::Owned), "");
-    EXPECT_DEATH(destroy(VxDataType::OwnedToo), "");
+    EXPECT_DEATH(destroy(VxDataType::OwnedType5), "");
+    EXPECT_DEATH(destroy(VxDataType::OwnedType26), "");
     for (const int type : {0, 1, 2, 4, 6, 7, 25, 27}) destroy(static_cast<VxDataType>(type));
 }
 
@@ -101,6 +101,53 @@ TEST(MessageSender, ConnectsAPairOnce) {
     connect(nullptr, nullptr);
     EXPECT_EQ(lengthOf(sender.handlers), 1u);
     EXPECT_EQ(lengthOf(listener.senders), 1u);
+}
+
+TEST(MessageSender, AConnectionThatFindsNoMemoryChangesNothing) {
+    for (const std::size_t failing : {1u, 2u}) {
+        VxMessageSender sender;
+        Listener listener;
+        {
+            const test::FailingNew memory(failing);
+            EXPECT_THROW(connect(&listener, &sender), std::bad_alloc);
+        }
+        EXPECT_TRUE(sender.handlers.empty()) << failing;
+        EXPECT_TRUE(listener.senders.empty()) << failing;
+        connect(&listener, &sender);
+        EXPECT_EQ(lengthOf(sender.handlers), 1u);
+        EXPECT_EQ(lengthOf(listener.senders), 1u);
+    }
+}
+
+TEST(MessageSender, AFailedConnectionKeepsALinkThatWasThereBefore) {
+    VxMessageSender sender;
+    Listener listener;
+    sender.handlers.append(&listener);
+    {
+        const test::FailingNew memory(1);
+        EXPECT_THROW(connect(&listener, &sender), std::bad_alloc);
+    }
+    EXPECT_EQ(lengthOf(sender.handlers), 1u);
+    EXPECT_TRUE(listener.senders.empty());
+    sender.handlers.removeAll(&listener);
+}
+
+TEST(MessageSender, BothSidesMayDieWithANullInTheirLists) {
+    Listener listener;
+    {
+        VxMessageSender sender;
+        sender.handlers.append(nullptr);
+        connect(&listener, &sender);
+        sender.handlers.append(nullptr);
+    }
+    EXPECT_TRUE(listener.senders.empty());
+    VxMessageSender sender;
+    {
+        Listener dying;
+        dying.senders.append(nullptr);
+        connect(&dying, &sender);
+    }
+    EXPECT_TRUE(sender.handlers.empty());
 }
 
 TEST(MessageSender, MayDieBeforeItsHandlers) {
@@ -140,6 +187,18 @@ TEST(MessageSender, AHandlerMayDieByTheMessage) {
     sender.send(message);
     EXPECT_EQ(second.received, 1);
     EXPECT_EQ(lengthOf(sender.handlers), 1u);
+}
+
+TEST(MessageSender, AHandlerThatDestroysTheNextOneGetsTheMessageAgain) {
+    VxMessageSender sender;
+    Listener first, last;
+    auto second = std::make_unique<Listener>();
+    for (Listener* listener : {&first, second.get(), &last}) connect(listener, &sender);
+    first.reaction = [&](VxMessage&) { second.reset(); };
+    VxMessage message(VxMessageId::DragEnded);
+    sender.send(message);
+    EXPECT_EQ(first.received, 2);
+    EXPECT_EQ(last.received, 1);
 }
 
 TEST(MessageSender, AMessageInsideAMessageEndsTheOuterOne) {
@@ -192,6 +251,7 @@ class RandomLinks {
 public:
     void run(int steps) {
         for (int step = 0; step < steps; ++step) {
+            if (step % 100 == 0) expectSameLinks();
             switch (random_() % 8) {
                 case 0:
                     addSender();
@@ -212,8 +272,11 @@ public:
                     connectTwo();
             }
         }
-        for (const auto& sender : senders_) expectSameLinks(*sender);
+        expectSameLinks();
     }
+
+    /// The links of all comparisons together.
+    std::size_t comparedLinks() const { return comparedLinks_; }
 
 private:
     using Sender = std::unique_ptr<VxMessageSender>;
@@ -223,6 +286,11 @@ private:
     T* any(const std::vector<std::unique_ptr<T>>& all) {
         return all.empty() ? nullptr : all[random_() % all.size()].get();
     }
+    /// Any one, if there are more than a few.
+    template <class T>
+    T* anyToRemove(const std::vector<std::unique_ptr<T>>& all) {
+        return all.size() > kFewest ? any(all) : nullptr;
+    }
     template <class T>
     void erase(std::vector<std::unique_ptr<T>>& all, const T* one) {
         std::erase_if(all, [one](const auto& each) { return each.get() == one; });
@@ -231,13 +299,15 @@ private:
     void addSender() { senders_.push_back(std::make_unique<VxMessageSender>()); }
     void addListener() { listeners_.push_back(std::make_unique<Listener>()); }
     void removeSender() {
-        const VxMessageSender* const sender = any(senders_);
-        if (sender) links_.erase(sender);
+        const VxMessageSender* const sender = anyToRemove(senders_);
+        handlersOf_.erase(sender);
+        for (auto& [listener, linked] : sendersOf_) std::erase(linked, sender);
         erase(senders_, sender);
     }
     void removeListener() {
-        const Listener* const listener = any(listeners_);
-        for (auto& [sender, linked] : links_) std::erase(linked, listener);
+        const Listener* const listener = anyToRemove(listeners_);
+        sendersOf_.erase(listener);
+        for (auto& [sender, linked] : handlersOf_) std::erase(linked, listener);
         erase(listeners_, listener);
     }
     void connectTwo() {
@@ -245,8 +315,10 @@ private:
         Listener* const listener = any(listeners_);
         connect(listener, sender);
         if (!sender || !listener) return;
-        auto& linked = links_[sender];
-        if (std::ranges::find(linked, listener) == linked.end()) linked.push_back(listener);
+        auto& linked = handlersOf_[sender];
+        if (std::ranges::find(linked, listener) != linked.end()) return;
+        linked.push_back(listener);
+        sendersOf_[listener].push_back(sender);
     }
     void sendOne() {
         VxMessageSender* const sender = any(senders_);
@@ -256,27 +328,45 @@ private:
         VxMessage message(VxMessageId::ValueChanged);
         sender->send(message);
         for (const Handler& listener : listeners_) {
-            const bool linked = std::ranges::count(links_[sender], listener.get()) > 0;
+            const bool linked = std::ranges::count(handlersOf_[sender], listener.get()) > 0;
             EXPECT_EQ(listener->received, before[listener.get()] + linked);
         }
     }
-    void expectSameLinks(const VxMessageSender& sender) {
-        std::vector<const Listener*> found;
-        for (auto* node = sender.handlers.head; node; node = node->next) {
-            found.push_back(static_cast<const Listener*>(node->item));
+    template <class Item, class T>
+    static std::vector<const Item*> itemsOf(const VxList<T>& list) {
+        std::vector<const Item*> items;
+        for (auto* node = list.head; node; node = node->next) {
+            items.push_back(static_cast<const Item*>(node->item));
         }
-        EXPECT_EQ(found, links_[&sender]);
+        return items;
     }
+    /// Compares both sides of all links.
+    void expectSameLinks() {
+        for (const Sender& sender : senders_) {
+            const auto handlers = itemsOf<Listener>(sender->handlers);
+            EXPECT_EQ(handlers, handlersOf_[sender.get()]);
+            comparedLinks_ += handlers.size();
+        }
+        for (const Handler& listener : listeners_) {
+            EXPECT_EQ(itemsOf<VxMessageSender>(listener->senders), sendersOf_[listener.get()]);
+        }
+    }
+
+    static constexpr std::size_t kFewest = 5;
 
     std::mt19937 random_{5};
     std::vector<Sender> senders_;
     std::vector<Handler> listeners_;
-    /// The handlers of each sender, in the order of their connection.
-    std::map<const VxMessageSender*, std::vector<const Listener*>> links_;
+    /// Both sides of the links, in the order of their connection.
+    std::map<const VxMessageSender*, std::vector<const Listener*>> handlersOf_;
+    std::map<const Listener*, std::vector<const VxMessageSender*>> sendersOf_;
+    std::size_t comparedLinks_ = 0;
 };
 
 TEST(MessageSender, KeepsItsLinksThroughRandomConnectionsAndDeaths) {
-    RandomLinks().run(10000);
+    RandomLinks links;
+    links.run(10000);
+    EXPECT_GT(links.comparedLinks(), 1000u);
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <cfloat>
 #include <gtest/gtest.h>
 
+#include "overlay/vx_t_group.h"
 #include "overlay/vx_t_manager.h"
 #include "tests/overlay/scripted_object.h"
 
@@ -95,6 +96,12 @@ TEST_F(Container, ADrawnChildMayRemoveItself) {
     EXPECT_TRUE(container.children.empty());
 }
 
+TEST_F(Container, ADrawnChildThatRemovesTheNextOneIsDrawnAgain) {
+    a.reaction = [this](const std::string&) { container.remove(&b); };
+    container.drawAll();
+    EXPECT_EQ(log, (CallLog{"a draw", "a draw", "c draw"}));
+}
+
 TEST_F(Container, ADrawnChildMayAddAnotherOrEmptyTheList) {
     ScriptedObject late("late", log);
     c.reaction = [&](const std::string&) { container.add(&late); };
@@ -157,6 +164,39 @@ public:
 private:
     int& living_;
 };
+
+/// Says, when it dies, whether another object still has a parent or a manager.
+class Witness final : public ScriptedObject {
+public:
+    using ScriptedObject::ScriptedObject;
+    ~Witness() override {
+        if (other) *otherWasInATree = other->parent || other->manager;
+    }
+
+    const VxTObject* other = nullptr;
+    bool* otherWasInATree = nullptr;
+};
+
+TEST(OwningContainer, TakesAllChildrenOutOfTheTreeBeforeItDeletesTheFirst) {
+    CallLog log;
+    VxTManager manager;
+    VxTGroup group("group");
+    bool wasInATree = true;
+    {
+        auto* const first = new Witness("first", log);
+        auto* const second = new Witness("second", log);
+        first->other = second;
+        first->otherWasInATree = &wasInATree;
+        manager.addObject(&group);
+        group.addChild(first);
+        group.addChild(second);
+    }
+    group.ownsChildren = true;
+    group.clear();
+    EXPECT_FALSE(wasInATree);
+    EXPECT_TRUE(group.children.empty());
+    EXPECT_EQ(group.VxTContainer::focus, nullptr);
+}
 
 TEST(OwningContainer, DeletesItsChildrenOnlyIfItOwnsThem) {
     CallLog log;

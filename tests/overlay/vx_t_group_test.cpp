@@ -123,6 +123,39 @@ TEST_F(Group, PassesChangesOnToItsParent) {
     EXPECT_EQ(outer.size, (VxPosition{1, 2}));
 }
 
+TEST_F(Group, AddingAChildWidensTheBoundsOfAllGroupsAbove) {
+    VxTGroup middle("middle"), top("top");
+    top.addChild(&middle);
+    middle.addChild(&group);
+    group.addChild(&a);
+    for (const VxTGroup* each : {&group, &middle, &top}) {
+        EXPECT_EQ(each->position, (VxPosition{10, 20})) << *each->name;
+        EXPECT_EQ(each->size, (VxPosition{10, 10})) << *each->name;
+    }
+    group.addChild(&b);
+    for (const VxTGroup* each : {&group, &middle, &top}) {
+        EXPECT_EQ(each->position, (VxPosition{-5, 20})) << *each->name;
+        EXPECT_EQ(each->size, (VxPosition{25, 110})) << *each->name;
+    }
+    ScriptedObject boundless("boundless", log);
+    boundless.flags &= ~VxTObject::kHasBounds;
+    group.addChild(&boundless);
+    EXPECT_EQ(top.flags & VxTObject::kHasBounds, 0u);
+}
+
+TEST_F(Group, TellsItsParentWhenItIsEmptied) {
+    VxTGroup outer("outer");
+    outer.addChild(&group);
+    group.addChild(&a);
+    group.addChild(&b);
+    group.clear();
+    EXPECT_TRUE(group.children.empty());
+    EXPECT_EQ(a.parent, nullptr);
+    EXPECT_EQ(b.parent, nullptr);
+    EXPECT_EQ(group.size, VxPosition{});
+    EXPECT_EQ(outer.size, VxPosition{});
+}
+
 TEST_F(Group, SwallowsHitsOnItsEmptyAreaOnlyWithItsFlag) {
     group.addChild(&a);
     group.focus = &a;

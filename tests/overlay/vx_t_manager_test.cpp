@@ -1,6 +1,8 @@
 #include "overlay/vx_t_manager.h"
 
 #include <gtest/gtest.h>
+#include <limits>
+#include <utility>
 
 #include "overlay/vx_t_2d_axis_group.h"
 #include "overlay/vx_t_group.h"
@@ -107,12 +109,18 @@ TEST_F(Manager, EachMessageDoesWhatTheTableSays) {
     }
 }
 
+/// A message that is sent inside another one, and whether the tool-tips are shown.
+constexpr std::pair<VxMessageId, bool> kInnerMessages[] = {{PenMoved, true}, {PenDown, true},
+                                                           {PenUp, true},    {PenMoved, false},
+                                                           {PenDown, false}, {PenUp, false}};
+
 TEST_F(Manager, AMessageInsideAnotherOnlyMovesThePen) {
     for (const MessageCase& c : kMessageCases) {
         if (c.calls.empty()) continue;
-        for (const VxMessageId inner : {PenMoved, PenDown, PenUp}) {
-            SCOPED_TRACE(testing::Message() << c << ", inner " << static_cast<int>(inner));
-            manager.showTips = false;
+        for (const auto& [inner, tips] : kInnerMessages) {
+            SCOPED_TRACE(testing::Message() << c << ", inner " << static_cast<int>(inner)
+                                            << (tips ? ", with tips" : ", without tips"));
+            manager.showTips = tips;
             prepare(c.fromIn ? kIn : kOut, c.isDown);
             int calls = 0;
             a.reaction = [&](const std::string&) {
@@ -129,8 +137,10 @@ TEST_F(Manager, AMessageInsideAnotherOnlyMovesThePen) {
             EXPECT_GT(calls, 0);
             EXPECT_EQ(log, c.calls);
             EXPECT_EQ(manager.over, c.over ? &a : nullptr);
+            EXPECT_EQ(manager.focus, c.over ? &a : nullptr);
             EXPECT_EQ(a.flags & (kPressed | kHovered), c.flags);
-            EXPECT_EQ(redraw(), c.redrawWithoutTip);
+            const bool tipFollows = c.id == PenMoved && tips && c.over;
+            EXPECT_EQ(redraw(), c.redrawWithoutTip || tipFollows);
         }
     }
 }
@@ -180,6 +190,20 @@ TEST_F(Manager, TheThresholdIsOnEachAxisByItself) {
     }
 }
 
+TEST_F(Manager, AMovementThatIsNotANumberIsNotBelowTheThreshold) {
+    const float none = std::numeric_limits<float>::quiet_NaN();
+    for (const VxPosition to : {VxPosition{none, 5}, VxPosition{5, none}, VxPosition{none, none}}) {
+        prepare(kIn, false);
+        sendPen(manager, PenMoved, to);
+        EXPECT_EQ(log.front(), "a penLeave");
+        EXPECT_EQ(manager.over, nullptr);
+        EXPECT_TRUE(redraw());
+        forgetCalls();
+        sendPen(manager, PenMoved, kIn);
+        EXPECT_EQ(manager.over, &a) << "the pen comes back";
+    }
+}
+
 TEST_F(Manager, RemembersPositionAndMovementOfThePen) {
     sendPen(manager, PenMoved, {3, 4});
     sendPen(manager, PenDown, {5, 1});
@@ -205,7 +229,7 @@ TEST_F(Manager, IgnoresOtherMessages) {
     EXPECT_EQ(manager.penFlags, 0u);
     VxMessage other(PenDown);
     other.setPosition(kIn);
-    other.dataType = VxDataType::OtherPosition;
+    other.dataType = VxDataType::PositionType7;
     manager.handleMessage(&other, nullptr);
     EXPECT_EQ(manager.over, &a);
 }
