@@ -3,6 +3,7 @@
 #include <cfloat>
 #include <cmath>
 #include <gtest/gtest.h>
+#include <memory>
 
 #include "tests/overlay/scripted_object.h"
 
@@ -242,6 +243,61 @@ TEST_F(AxisGroup, EventsReachChildrenInTheirCoordinatesAndLeaveTheStackAsItWas) 
     EXPECT_EQ(depthInside, 2);
     EXPECT_EQ(VxTDraw::matrixStack.depth(), 0);
     manager.removeObject(&outer);
+}
+
+/// More groups in one another than the global matrix stack has entries. Each moves by 1 along X.
+class DeepAxisGroups : public testing::Test {
+protected:
+    DeepAxisGroups() {
+        for (int level = 0; level < kLevels; ++level) {
+            groups.push_back(std::make_unique<VxT2DAxisGroup>("group", VxT2DAxis::kCentre));
+            groups.back()->groupFlags = 0;
+            groups.back()->addToFixed = true;
+        }
+        groups.back()->addChild(&leaf);
+        for (std::size_t level = groups.size() - 1; level > 0; --level) {
+            groups[level - 1]->addChild(groups[level].get());
+        }
+        for (const auto& group : groups) group->setCentre(1, 0);
+        manager.addObject(groups.front().get());
+        leaf.logsPositions = true;
+        leaf.reaction = [this](const std::string&) {
+            depthInside = VxTDraw::matrixStack.depth();
+            matrixInside = VxTDraw::matrixStack.top();
+        };
+    }
+    ~DeepAxisGroups() override { VxTDraw::matrixStack = {}; }
+
+    static constexpr int kLevels = 40;
+    CallLog log;
+    VxTManager manager;
+    std::vector<std::unique_ptr<VxT2DAxisGroup>> groups;
+    ScriptedObject leaf{"leaf", log, {100, 50}};
+    int depthInside = 0;
+    VxMatrix matrixInside;
+};
+
+TEST_F(DeepAxisGroups, ReachALeafThroughAFullMatrixStack) {
+    sendPen(manager, VxMessageId::PenDown, {145, 55});
+    EXPECT_EQ(manager.over, &leaf);
+    EXPECT_EQ(log.back(), "leaf penDown 105,55");
+    EXPECT_EQ(depthInside, 31);
+    // The last levels share the top entry.
+    EXPECT_EQ(matrixInside, (VxMatrix{{{1, 0, 0}, {0, 1, 0}, {kLevels, 0, 1}}}));
+    EXPECT_EQ(VxTDraw::matrixStack.depth(), 0);
+    EXPECT_EQ(VxTDraw::matrixStack.top(), VxMatrix());
+}
+
+TEST_F(DeepAxisGroups, TakeMoreEntriesFromTheMatrixStackThanTheyPut) {
+    for (int i = 0; i < 5; ++i) VxTDraw::pushMatrix();
+    VxPosition local;
+    for (const auto& group : groups) group->enterLocal(local, local);
+    EXPECT_EQ(VxTDraw::matrixStack.depth(), 31) << "26 of 40 found room";
+    EXPECT_EQ(VxTDraw::popMatrix().m[2][0], 25) << "the matrix of 25 groups";
+    VxTDraw::pushMatrix();
+    for (const auto& group : groups) group->leaveLocal();
+    EXPECT_EQ(VxTDraw::matrixStack.depth(), 0) << "the 5 from before are gone";
+    EXPECT_EQ(VxTDraw::matrixStack.top(), VxMatrix());
 }
 
 TEST_F(AxisGroup, HandsItsManagerToBothLists) {

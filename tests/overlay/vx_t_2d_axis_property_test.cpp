@@ -142,6 +142,20 @@ bool areSame(const Numbers& a, const Numbers& b) {
     return true;
 }
 
+/// The bounds are those that the twin's numbers give.
+void expectBoundsOf(const VxT2DAxis& axis, const AxisTwin& twin) {
+    float extent[4];
+    twin.extent(false, extent);
+    const std::array<float, 4> found = {axis.position.x, axis.size.x, axis.position.y, axis.size.y};
+    const std::array<float, 4> expected = {extent[0], extent[1] - extent[0], extent[2],
+                                           extent[3] - extent[2]};
+    for (std::size_t i = 0; i < found.size(); ++i) {
+        const bool areBothNone = std::isnan(found[i]) && std::isnan(expected[i]);
+        ASSERT_TRUE(found[i] == expected[i] || areBothNone)
+            << "handle " << twin.active << ": " << found[i] << ", " << expected[i];
+    }
+}
+
 TEST(AxisProperty, ADragIsThatOfTheTwinForAllHandles) {
     Random random(12);
     for (int i = 0; i < 20000; ++i) {
@@ -162,6 +176,9 @@ TEST(AxisProperty, ADragIsThatOfTheTwinForAllHandles) {
             twin.drag(pen.x, pen.y);
             ASSERT_TRUE(areSame(numbersOf(axis), numbersOf(twin)))
                 << "case " << i << ", handle " << twin.active << ", step " << step;
+            EXPECT_EQ(axis.axisFlags & 1u, 1u) << "the matrices are out of date";
+            if (twin.active) expectBoundsOf(axis, twin);
+            axis.rebuild();
         }
     }
 }

@@ -250,6 +250,106 @@ TEST(Axis, AScaleHandleOnTheFarSideOfANegativeScaleKeepsItsSign) {
     EXPECT_EQ(axis.flipped, 0u);
 }
 
+/// The scales of an axis after a drag from its centre.
+struct Scales {
+    float x, y, uniform;
+};
+
+Scales scalesAfter(Axis::Handle handle, VxPosition to, float rotation = 0) {
+    Axis axis("axis", 127);
+    axis.rotation = rotation;
+    axis.activeHandle = handle;
+    axis.penDown({});
+    axis.drag(to);
+    return {axis.scaleX, axis.scaleY, axis.scaleUniform};
+}
+
+// The handles are 37 long: the scale is the pen's distance divided by 37.
+
+TEST(Axis, AUniformScaleDragTakesTheLongerOfBothDirections) {
+    EXPECT_EQ(scalesAfter(Axis::kScaleUniform, {74, 18.5f}).uniform, 2.0f);
+    EXPECT_EQ(scalesAfter(Axis::kScaleUniform, {18.5f, 111}).uniform, 3.0f);
+    EXPECT_EQ(scalesAfter(Axis::kScaleUniform, {-74, 37}).uniform, -2.0f);
+    EXPECT_EQ(scalesAfter(Axis::kScaleUniform, {18.5f, -37}).uniform, -1.0f);
+}
+
+TEST(Axis, AUniformScaleDragMeasuresInTheOtherScales) {
+    Axis axis("axis", 127);
+    axis.scaleX = 4;
+    axis.scaleY = 0.5f;
+    axis.activeHandle = Axis::kScaleUniform;
+    axis.penDown({});
+    // (148, 37) in units of the scales is (37, 74).
+    axis.drag({148, 37});
+    EXPECT_EQ(axis.scaleUniform, 2.0f);
+    EXPECT_EQ(axis.scaleX, 4.0f);
+    EXPECT_EQ(axis.position, (VxPosition{-296, -37})) << "the bounds follow";
+}
+
+TEST(Axis, AUniformScaleDragTurnsTheSignOfTheSideThatIsFlipped) {
+    for (const bool alongX : {true, false}) {
+        Axis axis("axis", 127);
+        axis.scaleX = axis.scaleY = -1;
+        axis.hit({37, 37}, {1, 1});
+        EXPECT_EQ(axis.activeHandle, 4u);
+        EXPECT_EQ(axis.flipped, 8u + 16u);
+        axis.penDown({37, 37});
+        // (74, 37) in units of the scales is (-74, -37), and the sign of the longer is turned.
+        axis.drag(alongX ? VxPosition{74, 37} : VxPosition{37, 111});
+        EXPECT_EQ(axis.scaleUniform, alongX ? 2.0f : 3.0f);
+    }
+}
+
+TEST(Axis, OnlyTheFlippedSideHasItsSignTurned) {
+    Axis axis("axis", 127);
+    axis.scaleX = -1;
+    axis.hit({37, 37}, {1, 1});
+    EXPECT_EQ(axis.flipped, 8u);
+    axis.penDown({37, 37});
+    axis.drag({74, 37});
+    EXPECT_EQ(axis.scaleUniform, 2.0f) << "-74 along X, turned";
+    axis.drag({37, 74});
+    EXPECT_EQ(axis.scaleUniform, 2.0f) << "74 along Y";
+    axis.drag({-74, 37});
+    EXPECT_EQ(axis.scaleUniform, -2.0f) << "74 along X, turned";
+}
+
+TEST(Axis, AScaleDragAlongYDividesByTheUniformScale) {
+    Axis axis("axis", 127);
+    axis.scaleUniform = 2;
+    axis.hit({10, 74}, {1, 1});
+    EXPECT_EQ(axis.activeHandle, 16u);
+    EXPECT_EQ(axis.flipped, 0u);
+    axis.penDown({10, 74});
+    axis.drag({500, 222});
+    EXPECT_EQ(axis.scaleY, 3.0f);
+    EXPECT_EQ(axis.scaleX, 1.0f);
+    EXPECT_EQ(axis.position, (VxPosition{-74, -222})) << "the bounds follow";
+    axis.penUp();
+    axis.hit({10, -222}, {1, 1});
+    EXPECT_EQ(axis.flipped, 16u);
+    axis.penDown({10, -222});
+    axis.drag({10, -111});
+    EXPECT_EQ(axis.scaleY, 1.5f) << "from below the centre";
+}
+
+TEST(Axis, AScaleDragUnderARotationOf90DegreesTakesTheTurnedDirection) {
+    // The X handle points up: the tree's (x, y) is (y, -x) of the box.
+    const auto expectScales = [](Axis::Handle handle, VxPosition to, const Scales& expected) {
+        const Scales scales = scalesAfter(handle, to, 90);
+        EXPECT_NEAR(scales.x, expected.x, 1e-6f);
+        EXPECT_NEAR(scales.y, expected.y, 1e-6f);
+        EXPECT_NEAR(scales.uniform, expected.uniform, 1e-6f);
+    };
+    expectScales(Axis::kScaleX, {5, 74}, {2, 1, 1});
+    expectScales(Axis::kScaleX, {5, -37}, {-1, 1, 1});
+    expectScales(Axis::kScaleY, {-111, 5}, {1, 3, 1});
+    expectScales(Axis::kScaleY, {37, 5}, {1, -1, 1});
+    expectScales(Axis::kScaleUniform, {10, 74}, {1, 1, 2});
+    expectScales(Axis::kScaleUniform, {-148, 10}, {1, 1, 4});
+    expectScales(Axis::kScaleUniform, {148, 10}, {1, 1, -4});
+}
+
 TEST(Axis, APressWithoutAHandleDoesNothing) {
     Axis axis("axis", 127);
     EXPECT_EQ(axis.penDown({1, 2}), 0);
