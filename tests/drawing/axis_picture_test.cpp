@@ -1,12 +1,12 @@
-#include <cmath>
+#include <algorithm>
 
 #include "overlay/vx_t_2d_axis_group.h"
-#include "tests/drawing/drawing_test.h"
-#include "tests/drawing/open_gl_state.h"
+#include "tests/drawing/centred_picture.h"
 
 namespace ruvex {
 namespace {
 
+using test::CentredPicture;
 using test::IsEmpty;
 using test::Pixel;
 using test::Shows;
@@ -18,50 +18,15 @@ enum class Pen : std::uint32_t { Away = 0, Down = VxTObject::kPressed, Over = Vx
 constexpr std::uint32_t kAllHandles =
     Axis::kCentre | Axis::kAnyScale | Axis::kRotate | Axis::kAspect;
 
-/// A picture of an object, with the origin of the tree in its middle.
-class CentredPicture {
-public:
-    static constexpr int kSize = 241, kMiddle = 120;
-
-    explicit CentredPicture(VxTObject& object, const VxColour& behind = test::kEmpty) {
-        surface_->clear(behind.r, behind.g, behind.b);
-        tagVWOPENGLSURFACE info;
-        EXPECT_EQ(vwSurfaceBeginRenderOpenGL(surface_.get(), &info), S_OK);
-        test::useUnitsOfPixels(kSize, kSize);
-        VxTDraw::translate(kMiddle, kMiddle);
-        gl().glEnable(GL_LINE_STIPPLE);
-        VxTDraw::currentFont = VxTDraw::createFont(wglGetCurrentDC());
-        object.draw();
-        VxTDraw::currentFont = 0;
-        EXPECT_EQ(test::readNumber(GL_MODELVIEW_STACK_DEPTH), 1);
-        EXPECT_EQ(gl().glGetError(), static_cast<GLenum>(GL_NO_ERROR));
-        EXPECT_EQ(vwSurfaceEndRenderOpenGL(surface_.get()), S_OK);
-        picture_ = std::make_unique<test::Picture>(*surface_, kSize);
-    }
-
-    Pixel at(float x, float y) const {
-        return picture_->at(kMiddle + static_cast<int>(std::lround(x)),
-                            kMiddle + static_cast<int>(std::lround(y)));
-    }
-    std::string row(int y, int from, int to) const {
-        return picture_->row(kMiddle + y, kMiddle + from, kMiddle + to);
-    }
-    int count(const VxColour& colour) const { return picture_->count(colour); }
-    int drawn() const { return picture_->drawn(); }
-
-private:
-    ComPtr<runtime::HeadlessSurface> surface_ = runtime::HeadlessSurface::create(kSize, kSize);
-    std::unique_ptr<test::Picture> picture_;
-};
-
 /// An axis at the origin with these handles alone, twice as large as by default. Its handles are 74
 /// pixels long, the arc's radius is 64 pixels.
-CentredPicture pictureOf(std::uint32_t handles, std::uint32_t active = 0, Pen pen = Pen::Away) {
+CentredPicture pictureOf(std::uint32_t handles, std::uint32_t active = 0, Pen pen = Pen::Away,
+                         const VxColour& behind = test::kEmpty) {
     VxT2DAxis axis("axis", handles);
     axis.setUiScale(2.0f);
     axis.activeHandle = active;
     axis.flags |= static_cast<std::uint32_t>(pen);
-    return CentredPicture(axis);
+    return CentredPicture(axis, behind);
 }
 
 TEST(AxisPicture, TranslateAxesRunFrom3To37OnBothSides) {
@@ -147,13 +112,17 @@ TEST(AxisPicture, TheEdgesUnderThePenShowWhite) {
             const std::string row = hovered.row(static_cast<int>(side), -50, 50);
             EXPECT_EQ(row.find('w') != std::string::npos, edges.topToo);
             EXPECT_NE(row.find('b'), std::string::npos);
+            const std::string column = hovered.column(static_cast<int>(side), -50, 50);
+            EXPECT_EQ(column.find('w') != std::string::npos, edges.sidesToo);
+            EXPECT_NE(column.find('b'), std::string::npos);
         }
     }
 }
 
-TEST(AxisPicture, TheScaleBoxFollowsScaleAspectAndRotation) {
+TEST(AxisPicture, TheScaleBoxFollowsScaleAndRotationAndNotTheAspect) {
     VxT2DAxis axis("axis", Axis::kAnyScale);
     axis.scaleX = 2.0f;
+    axis.aspect = 0.5f;
     axis.rotation = 90.0f;
     const CentredPicture turned(axis);
     EXPECT_THAT(turned.at(37, 10), Shows(paletteBlue));
@@ -213,10 +182,14 @@ TEST(AxisPicture, TheAspectHandleUnderThePenIsWhiteWithGuides) {
         const std::string guide = picture.row(0, 4, 33);
         EXPECT_NE(guide.find('b'), std::string::npos) << guide;
         EXPECT_NE(guide.find('w'), std::string::npos) << guide;
+        const std::string upwards = picture.column(0, 4, 33);
+        EXPECT_NE(upwards.find('b'), std::string::npos) << upwards;
+        EXPECT_NE(upwards.find('w'), std::string::npos) << upwards;
         EXPECT_THAT(picture.at(36, 0), IsEmpty()) << "guides are 34 pixels long";
         EXPECT_THAT(picture.at(0, 36), IsEmpty());
     }
     EXPECT_THAT(pictureOf(Axis::kAspect).at(20, 0), IsEmpty()) << "no guides";
+    EXPECT_THAT(pictureOf(Axis::kAspect).at(0, 20), IsEmpty());
 }
 
 TEST(AxisPicture, TheDotStandsWhereNothingTranslates) {
@@ -231,6 +204,30 @@ TEST(AxisPicture, TheDotStandsWhereNothingTranslates) {
     EXPECT_THAT(CentredPicture(all).at(0, 20), Shows(paletteRed));
     EXPECT_THAT(CentredPicture(all).at(37, 20), Shows(paletteBlue));
     EXPECT_THAT(CentredPicture(all).at(27, 17), Shows(paletteGreen));
+}
+
+/// The darkest blue or green around a dot, 4 pixels from its middle: 153 or more without a dark
+/// outline, since the dot is blue, green or white, and grey lies behind it.
+int darkestAround(const CentredPicture& picture, float x, float y, int Pixel::*channel) {
+    int darkest = 255;
+    for (const float side : {-4.0f, 4.0f}) {
+        darkest =
+            std::min({darkest, picture.at(x + side, y).*channel, picture.at(x, y + side).*channel});
+    }
+    return darkest;
+}
+
+TEST(AxisPicture, DotsHaveADarkOutlineThatIsWhiteOnTheActiveAspectHandle) {
+    constexpr int kDarker = 120, kGrey = 152;
+    const auto overGrey = [](std::uint32_t handles, std::uint32_t active = 0) {
+        return pictureOf(handles, active, Pen::Away, paletteGrey);
+    };
+    EXPECT_LT(darkestAround(overGrey(0), 0, 0, &Pixel::green), kDarker);
+    EXPECT_LT(darkestAround(overGrey(Axis::kScaleX), 0, 0, &Pixel::blue), kDarker);
+    EXPECT_LT(darkestAround(overGrey(Axis::kAspect), 74, 74, &Pixel::blue), kDarker);
+    const auto active = overGrey(Axis::kAspect, Axis::kAspect);
+    EXPECT_GE(darkestAround(active, 74, 74, &Pixel::blue), kGrey);
+    EXPECT_GE(darkestAround(active, 74, 74, &Pixel::red), kGrey);
 }
 
 TEST(AxisPicture, IsDrawnAtItsCentreAsFarAsTheHandlesAllow) {

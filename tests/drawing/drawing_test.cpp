@@ -46,6 +46,12 @@ std::string Picture::row(int y, int from, int to) const {
     return letters;
 }
 
+std::string Picture::column(int x, int from, int to) const {
+    std::string letters;
+    for (int y = from; y < to; ++y) letters += letterOf(at(x, y));
+    return letters;
+}
+
 int Picture::count(const VxColour& colour) const {
     const int height = static_cast<int>(rgba_.size()) / 4 / width_;
     int found = 0;

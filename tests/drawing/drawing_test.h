@@ -44,6 +44,8 @@ public:
     /// A row's pixels as letters: the initials of the palette's colours (r, g, b, w; k for dark, y
     /// for text, m for grey), '.' where it is empty and '?' for all other colours.
     std::string row(int y, int from, int to) const;
+    /// The same for a column, from the bottom up.
+    std::string column(int x, int from, int to) const;
     int count(const VxColour& colour) const;
     /// How many pixels are not empty.
     int drawn() const;

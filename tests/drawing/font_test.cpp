@@ -89,6 +89,30 @@ TEST_F(Font, DrawsNothingForNull) {
     EXPECT_EQ(picture().drawn(), 0);
 }
 
+TEST_F(Font, DrawsNothingForANullTextOrANegativeLength) {
+    VxTDraw::drawTextRaw(nullptr, 3, 10, 10);
+    VxTDraw::drawTextRaw("text", -1, 10, 10);
+    VxTDraw::drawTextRaw("text", 0, 10, 10);
+    EXPECT_EQ(picture().drawn(), 0);
+    EXPECT_EQ(gl().glGetError(), static_cast<GLenum>(GL_NO_ERROR));
+}
+
+TEST_F(Font, DrawsNothingIfOpenGlCannotSaveTheListBase) {
+    gl().glListBase(7);
+    int pushed = 0;
+    for (; gl().glGetError() == GL_NO_ERROR; ++pushed) gl().glPushAttrib(GL_LIST_BIT);
+    gl().glListBase(8);
+    const double depth = test::readNumber(GL_ATTRIB_STACK_DEPTH);
+    VxTDraw::drawText("text", 10, 10);
+    EXPECT_EQ(picture().drawn(), 0);
+    EXPECT_EQ(test::readNumber(GL_LIST_BASE), 8) << "nothing was taken from the full stack";
+    EXPECT_EQ(test::readNumber(GL_ATTRIB_STACK_DEPTH), depth);
+    EXPECT_EQ(gl().glGetError(), static_cast<GLenum>(GL_NO_ERROR));
+    // The last push failed.
+    for (int i = 1; i < pushed; ++i) gl().glPopAttrib();
+    EXPECT_EQ(test::readNumber(GL_LIST_BASE), 7);
+}
+
 TEST_F(Font, DrawsNothingWithoutAFont) {
     const std::uint32_t lists = std::exchange(VxTDraw::currentFont, 0u);
     VxTDraw::drawText("text", 10, 10);

@@ -106,6 +106,39 @@ TEST_F(ViewerSurface, NeedsNoRoomOnTheMatrixStacks) {
     EXPECT_EQ(readState(), before);
 }
 
+TEST_F(ViewerSurface, FailsIfAStackOfAttributesIsFull) {
+    const auto fill = [](bool isClients) {
+        while (gl().glGetError() == GL_NO_ERROR) {
+            isClients ? gl().glPushClientAttrib(GL_CLIENT_PIXEL_STORE_BIT)
+                      : gl().glPushAttrib(GL_LINE_BIT);
+        }
+    };
+    const auto expectRefusal = [&] {
+        const auto before = readState();
+        const double depth = readNumber(GL_ATTRIB_STACK_DEPTH);
+        const double clientDepth = readNumber(GL_CLIENT_ATTRIB_STACK_DEPTH);
+        EXPECT_EQ(begin(), E_FAIL);
+        EXPECT_EQ(host->begun, host->ended) << "the surface is ended";
+        EXPECT_EQ(readState(), before);
+        EXPECT_EQ(readNumber(GL_ATTRIB_STACK_DEPTH), depth);
+        EXPECT_EQ(readNumber(GL_CLIENT_ATTRIB_STACK_DEPTH), clientDepth);
+        EXPECT_EQ(wglGetCurrentDC(), nullptr);
+        EXPECT_EQ(end(), E_UNEXPECTED);
+        EXPECT_EQ(gl().glGetError(), static_cast<GLenum>(GL_NO_ERROR));
+    };
+    test::setUnusualState();
+    fill(true);
+    expectRefusal();
+    fill(false);
+    expectRefusal();
+    gl().glPopClientAttrib();
+    expectRefusal();
+    gl().glPopAttrib();
+    EXPECT_EQ(begin(), S_OK) << "one level is enough";
+    EXPECT_EQ(end(), S_OK);
+    EXPECT_EQ(host->begun, 4);
+}
+
 TEST_F(ViewerSurface, ReturnsTheFailureOfTheSurface) {
     const auto before = readState();
     host->beginStatus = E_OUTOFMEMORY;
