@@ -64,7 +64,7 @@ HRESULT VxTInteract::OnRender(IViewerSurface* surface) {
     if (isEnabled() && openGl() && SUCCEEDED(vwSurfaceBeginRenderOpenGL(surface, &info))) {
         // The render is ended also if drawing runs out of memory.
         const HRESULT drawn = guarded([&] {
-            renderControls(info);
+            if (canPushAttributes()) renderControls(info);
             return S_OK;
         });
         vwSurfaceEndRenderOpenGL(surface);

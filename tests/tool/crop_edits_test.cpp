@@ -178,6 +178,9 @@ TEST_F(CropEdits, APageThatClosesDuringADragEndsIt) {
     EXPECT_EQ(percents(), (std::vector<double>{20, 80, 20, 70}));
     EXPECT_EQ(editor->undoStack().undoName(), L"Crop");
     EXPECT_FALSE(editor->undoStack().isRecording());
+    page = open(kCropPageId);
+    EXPECT_FALSE(box().isPressed());
+    EXPECT_FALSE(box().isHovered());
 }
 
 // What looks wrong and is meant.

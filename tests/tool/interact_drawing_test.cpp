@@ -36,6 +36,36 @@ TEST_F(InteractDrawing, LeavesTheHostsStateAsItWas) {
     EXPECT_GT(Picture(*surface, kWidth).drawn(), 0);
 }
 
+TEST_F(InteractDrawing, DrawsNothingWhereTheHostsStacksLeaveNoRoom) {
+    const auto inContext = [&](auto action) {
+        tagVWOPENGLSURFACE info;
+        ASSERT_EQ(surface->Begin(&info), S_OK);
+        action();
+        EXPECT_EQ(gl().glGetError(), static_cast<GLenum>(GL_NO_ERROR));
+        ASSERT_EQ(surface->End(), S_OK);
+    };
+    const int deepest = static_cast<int>([&] {
+        double depth = 0;
+        inContext([&] { depth = readNumber(GL_MAX_ATTRIB_STACK_DEPTH); });
+        return depth;
+    }());
+    for (int used = deepest - 3; used <= deepest; ++used) {
+        OpenGlState before;
+        surface->clear(0, 0, 0);
+        inContext([&] {
+            for (int i = 0; i < used; ++i) gl().glPushAttrib(GL_LINE_BIT);
+            before = readState();
+        });
+        EXPECT_EQ(viewer->render(*surface), S_OK);
+        EXPECT_EQ(Picture(*surface, kWidth).drawn() > 0, used <= deepest - 2) << used;
+        inContext([&] {
+            EXPECT_EQ(readState(), before) << used;
+            EXPECT_EQ(readNumber(GL_ATTRIB_STACK_DEPTH), used);
+            for (int i = 0; i < used; ++i) gl().glPopAttrib();
+        });
+    }
+}
+
 TEST_F(InteractDrawing, MakesItsFontOnce) {
     ASSERT_EQ(viewer->render(*surface), S_OK);
     const std::uint32_t lists = tool().fontLists;
