@@ -1,6 +1,6 @@
 #include "runtime/viewer.h"
 
-#include <ranges>
+#include <algorithm>
 #include <utility>
 
 #include "runtime/editor.h"
@@ -69,12 +69,11 @@ void Viewer::tellTime() {
 ComPtr<IDSInteractiveTool> Viewer::toolForPen() const {
     const ComPtr<IDSViewer> viewer = object_;
     const std::vector<VWContext> contexts = VWControllerContexts();
-    for (const VWContext& context : std::views::reverse(contexts)) {
-        if (context.viewer == viewer && editor().edits(*context.object)) {
-            return context.tool.query<IDSInteractiveTool>();
-        }
-    }
-    return nullptr;
+    const auto isOwn = [&](const VWContext& context) {
+        return context.viewer == viewer && editor().edits(*context.object);
+    };
+    const auto newest = std::find_if(contexts.rbegin(), contexts.rend(), isOwn);
+    return newest == contexts.rend() ? nullptr : newest->tool.query<IDSInteractiveTool>();
 }
 
 }  // namespace ruvex::runtime

@@ -1,7 +1,6 @@
 #include "runtime/viewer_pen.h"
 
 #include <algorithm>
-#include <ranges>
 #include <utility>
 
 namespace ruvex::runtime {
@@ -36,8 +35,8 @@ HRESULT ViewerPen::release() {
     const std::vector<LONG> buttons = std::exchange(buttons_, {});
     if (!target) return S_FALSE;
     tagVWPENEVENT event = last_;
-    for (const LONG button : std::views::reverse(buttons)) {
-        event.button = button;
+    for (auto button = buttons.rbegin(); button != buttons.rend(); ++button) {
+        event.button = *button;
         target->OnPenUp(&event);
     }
     return S_OK;

@@ -97,14 +97,17 @@ TEST_F(Killed, LeavesNoBrokenPictureAndIsGoneOnWith) {
     removeResults();
     int interrupted = 0;
     int partly = 0;
-    for (int i = 0; i < kKills; ++i) {
+    int kills = 0;
+    // On a busy machine the program may be slower than it was at first, so that all kills come
+    // before its first picture: then some more.
+    for (; kills < kKills || (partly == 0 && kills < 10 * kKills); ++kills) {
         interrupted += runAndKill(command("out.%d.png", {"--resume"}), within) ? 0 : 1;
         const int count = countWhole(whole);
         partly += count > 0 && count < kFrames ? 1 : 0;
-        if (count == kFrames || i % 20 == 19) removeResults();
+        if (count == kFrames || kills % 20 == 19) removeResults();
     }
     // Most of the kills have to hit, and some of them between two pictures.
-    EXPECT_GT(interrupted, kKills / 2);
+    EXPECT_GT(interrupted, kills / 2);
     EXPECT_GT(partly, 0);
     runAndKill(command("out.%d.png", {"--resume"}), within / 2);
     // What was left behind is taken away once it is certain that nobody writes it.
