@@ -33,17 +33,19 @@ else()
   target_compile_options(ruvex_options INTERFACE
     $<$<CXX_COMPILER_ID:GNU>:-fno-gnu-unique>)
 endif()
-if(CMAKE_UNITY_BUILD)
-  # Where several files are compiled as one, a local name may shadow another file's, and a source
-  # file counts as a header. A build of each file by itself finds what these warnings look for.
-  target_compile_options(ruvex_options INTERFACE
-    -Wno-shadow $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
-endif()
+# Where several files are compiled as one, a local name may shadow another file's, and a source file
+# counts as a header. A build of each file by itself finds what these warnings look for.
+add_library(ruvex_unity_options INTERFACE)
+target_compile_options(ruvex_unity_options INTERFACE
+  -Wno-shadow $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
 if(RUVEX_SANITIZE)
   target_compile_options(ruvex_options INTERFACE
     -fsanitize=${RUVEX_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(ruvex_options INTERFACE -fsanitize=${RUVEX_SANITIZE})
   target_compile_definitions(ruvex_options INTERFACE RUVEX_SANITIZED)
+endif()
+if(CMAKE_UNITY_BUILD)
+  target_link_libraries(ruvex_options INTERFACE ruvex_unity_options)
 endif()
 if(RUVEX_FUZZ)
   # Counts which branches are taken; the fuzzer itself is linked into its targets alone.
@@ -115,7 +117,14 @@ endfunction()
 function(ruvex_test name label)
   cmake_parse_arguments(arg "" "" "SOURCES;LIBS" ${ARGN})
   add_executable(${name} ${arg_SOURCES})
-  target_link_libraries(${name} PRIVATE ${arg_LIBS} ruvex_options GTest::gmock GTest::gtest_main)
+  # The headers of GoogleTest take longer to compile than a test's own code. Operators for memory are
+  # compiled apart from the code that uses them.
+  set_target_properties(${name} PROPERTIES UNITY_BUILD ON)
+  set(memory_operators ${arg_SOURCES})
+  list(FILTER memory_operators INCLUDE REGEX "watched_new")
+  set_source_files_properties(${memory_operators} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
+  target_link_libraries(${name}
+    PRIVATE ${arg_LIBS} ruvex_options ruvex_unity_options GTest::gmock GTest::gtest_main)
   if(RUVEX_SANITIZE)
     # Instrumented tests take three times as long to optimise as they save by it.
     target_compile_options(${name} PRIVATE -O0)
