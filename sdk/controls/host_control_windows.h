@@ -14,7 +14,12 @@ bool isStatic(HWND window);
 /// Whether a window is a combo box with a list that drops down.
 bool isDropDown(HWND window);
 
-/// Turns a static into the window of a control. Throws std::bad_alloc.
+/// Replaces a static by the window of a control with the same identifier, place and order, where
+/// the system has window classes. Returns the control's window. Throws std::bad_alloc.
+HWND replaceByControl(HWND window, const DSControlTitle& title);
+
+/// Gives the control's window, whose model is attached, its class and its first text. Observers of
+/// windows may destroy the dialog. Throws std::bad_alloc.
 void becomeControl(HWND window, const DSControlTitle& title);
 
 /// Shows the state of a model after a change.

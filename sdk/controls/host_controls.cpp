@@ -67,16 +67,20 @@ void attachModel(std::vector<ControlModel<Model>>& models, HWND window,
     }
 }
 
-void makeHostControl(HWND dialog, HWND window) {
+/// Makes a control of a static whose title describes one. Returns the control's window, or the
+/// static if it is an ordinary one.
+HWND makeHostControl(HWND dialog, HWND window) {
     const auto title = DSControlTitle::parse(titleOf(window));
-    if (!title) return;
+    if (!title) return window;
+    const HWND control = ruvex::controls::replaceByControl(window, *title);
     DialogModels& models = dialogModels[dialog];
     if (title->kind == DSControlTitle::Class::Number) {
-        attachModel(models.numbers, window, newNumber(window, *title));
+        attachModel(models.numbers, control, newNumber(control, *title));
     } else {
-        attachModel(models.chips, window, newChip(window));
+        attachModel(models.chips, control, newChip(control));
     }
-    ruvex::controls::becomeControl(window, *title);
+    ruvex::controls::becomeControl(control, *title);
+    return control;
 }
 
 /// A list that is still empty gets room for as many items as an opened list shows at most.
@@ -102,7 +106,9 @@ HRESULT DSMakeControls(HWND dialog) {
              window = GetWindow(window, GW_HWNDNEXT)) {
             if (ruvex::controls::isDropDown(window)) enlargeList(window);
             const bool ordinary = !GetPropW(window, kDSControlInterface);
-            if (ordinary && ruvex::controls::isStatic(window)) makeHostControl(dialog, window);
+            if (ordinary && ruvex::controls::isStatic(window)) {
+                window = makeHostControl(dialog, window);
+            }
         }
         return S_OK;
     });

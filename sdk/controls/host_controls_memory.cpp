@@ -24,6 +24,10 @@ bool isDropDown(HWND window) {
     return state && state->className == "combobox" && (state->style & kDropDownBit) != 0;
 }
 
+HWND replaceByControl(HWND window, const DSControlTitle&) {
+    return window;
+}
+
 void becomeControl(HWND window, const DSControlTitle& title) {
     const bool number = title.kind == DSControlTitle::Class::Number;
     DSSetWindowClass(window, number ? "dsnewnumberctrl" : "dsnewcolorchipctrl");

@@ -1,4 +1,4 @@
-// The windows of the host's controls on Windows: a number is a static that shows the value's text.
+// The windows of the host's controls on Windows.
 
 // clang-format off
 #include <windows.h>
@@ -6,10 +6,12 @@
 // clang-format on
 
 #include <cwchar>
+#include <new>
 #include <string>
 
 #include "sdk/com/guarded.h"
 #include "sdk/com/utf8.h"
+#include "sdk/controls/control_window_windows.h"
 #include "sdk/controls/host_control_windows.h"
 #include "sdk/controls/host_controls.h"
 
@@ -57,12 +59,16 @@ bool isDropDown(HWND window) {
     return hasClass(window, L"ComboBox") && (style & CBS_DROPDOWN) != 0;
 }
 
-void becomeControl(HWND window, const DSControlTitle& title) {
-    // Without SS_NOTIFY a static has no tool-tip.
-    const LONG_PTR style = GetWindowLongPtrW(window, GWL_STYLE);
-    SetWindowLongPtrW(window, GWL_STYLE, style | SS_NOTIFY);
+HWND replaceByControl(HWND window, const DSControlTitle& title) {
     const bool number = title.kind == DSControlTitle::Class::Number;
-    setText(window, number ? CDSNumberControl::textOf(0.0, 0) : std::string());
+    const HWND control = replaceStatic(window, number ? kNumberWindow : kChipWindow);
+    if (!control) throw std::bad_alloc();
+    return control;
+}
+
+void becomeControl(HWND window, const DSControlTitle& title) {
+    const bool number = title.kind == DSControlTitle::Class::Number;
+    if (number) setText(window, CDSNumberControl::textOf(0.0, 0));
 }
 
 void showNumber(HWND window, const CDSNumberControl& number) {
