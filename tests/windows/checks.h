@@ -28,6 +28,9 @@ void checkRegistryFailures(Checks& checks);
 /// The host's controls in a dialog.
 void checkControls(Checks& checks);
 
+/// The property pages of the registered module.
+void checkPages(Checks& checks);
+
 /// The module after it was registered, and after it was taken out again.
 void checkRegistered(Checks& checks);
 void checkUnregistered(Checks& checks);

@@ -1,4 +1,4 @@
-// Usage: windows_check controls|registry|registered|unregistered
+// Usage: windows_check controls|registry|registered|pages|unregistered
 
 #include <exception>
 #include <objbase.h>
@@ -18,6 +18,7 @@ int main(int argc, char** argv) {
             checkRegistryFailures(checks);
         }
         if (part == "registered") checkRegistered(checks);
+        if (part == "pages") checkPages(checks);
         if (part == "unregistered") checkUnregistered(checks);
     } catch (const std::exception& error) {
         checks.expect(false, error.what());
