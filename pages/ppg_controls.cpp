@@ -64,7 +64,7 @@ void write(const Record& record) {
         const VARIANT value = variantOf(record);
         isAnimated(record)
             ? page.SetAnimatedProperty(record.property, &value, nullptr, page.undoStyle,
-                                       VxDsPPG::kNow)
+                                       DSTIME_CURRENT)
             : page.SetPlainProperty(record.property, &value, nullptr, page.undoStyle);
     }
     if (record.controlId != 0) page.SetControlFromBoundVariable(record.controlId);
@@ -79,7 +79,7 @@ auto hostValue(const Record& record) {
     if (record.property == GUID_NoProperty) return std::optional<Number>();
     const HRESULT status =
         isAnimated(record)
-            ? page.GetAnimatedProperty(record.property, &value, nullptr, VxDsPPG::kNow)
+            ? page.GetAnimatedProperty(record.property, &value, nullptr, DSTIME_CURRENT)
             : page.GetPlainProperty(record.property, &value, nullptr);
     if (FAILED(status) || value.vt != typeOf(record)) return std::optional<Number>();
     return std::optional<Number>(numberIn(value, record));

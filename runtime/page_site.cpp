@@ -5,13 +5,6 @@
 
 namespace ruvex::runtime {
 
-namespace {
-
-/// What pages pass as the time for the current one.
-constexpr double kCurrentTime = -1.0;
-
-}  // namespace
-
 HRESULT PageSite::GetTime(double* seconds) {
     if (!seconds) return E_POINTER;
     if (!editor_) return E_UNEXPECTED;
@@ -25,7 +18,7 @@ HRESULT PageSite::WriteProperty(IUnknown* object, const GUID& id, double seconds
     if (!editor_) return E_UNEXPECTED;
     if (!editor_->edits(*object)) return E_INVALIDARG;
     if (style > DSUNDO_OWN_STEP && !editor_->undoStack().isOpen(style)) return E_INVALIDARG;
-    const double time = seconds == kCurrentTime ? editor_->time() : seconds;
+    const double time = seconds == DSTIME_CURRENT ? editor_->time() : seconds;
     return guardedStatus([&] { return editor_->write(id, time, *value); });
 }
 

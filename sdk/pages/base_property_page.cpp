@@ -110,7 +110,7 @@ HRESULT CDSBasePropertyPage::prepareDialog(const RECT* place) {
     if (const HRESULT status = OnInitDialog(); FAILED(status)) return status;
     fillFromProperties();
     // Colour chips have no bound variable; pages set them here.
-    UpdateAnimatedControls(secondsOf(kNow));
+    UpdateAnimatedControls(secondsOf(DSTIME_CURRENT));
     // An observer of the windows may have closed the page meanwhile.
     return dialog_ ? S_OK : E_UNEXPECTED;
 }

@@ -29,8 +29,6 @@ class DSSDK_API CDSBasePropertyPage : public IPropertyPage, public IDsPropertyPa
 public:
     /// The base of all control maps; it has no entries.
     static CDSPPGControlMap m_ControlMap;
-    /// The time that stands for the current one.
-    static constexpr double kNow = -1.0;
 
     HRESULT SetPageSite(IPropertyPageSite* site) override;
     HRESULT Activate(HWND parent, const RECT* place, BOOL modal) override;
@@ -69,7 +67,8 @@ public:
     virtual const GUID& GetPPGID();
 
     /// Write and read a property of the first inspected object. `params` is always null; a time of
-    /// kNow is the current one. E_UNEXPECTED without an object; else the status of the host.
+    /// DSTIME_CURRENT is the current one. E_UNEXPECTED without an object; else the status of the
+    /// host.
     HRESULT SetPlainProperty(const GUID& id, const VARIANT* value, const DSPARAMS* params,
                              UNDO_STYLE style);
     HRESULT GetPlainProperty(const GUID& id, VARIANT* value, const DSPARAMS* params);

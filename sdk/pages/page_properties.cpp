@@ -49,7 +49,7 @@ bool CDSBasePropertyPage::followsProperty(const CDSPPGControlMapEntry& entry) co
 
 double CDSBasePropertyPage::secondsOf(double time) const {
     double seconds = 0.0;
-    if (time != kNow) return time;
+    if (time != DSTIME_CURRENT) return time;
     return site_ && SUCCEEDED(site_->GetTime(&seconds)) ? seconds : 0.0;
 }
 
@@ -73,11 +73,11 @@ HRESULT CDSBasePropertyPage::write(const GUID& id, const VARIANT* value, UNDO_ST
 
 HRESULT CDSBasePropertyPage::SetPlainProperty(const GUID& id, const VARIANT* value, const DSPARAMS*,
                                               UNDO_STYLE style) {
-    return write(id, value, style, kNow);
+    return write(id, value, style, DSTIME_CURRENT);
 }
 
 HRESULT CDSBasePropertyPage::GetPlainProperty(const GUID& id, VARIANT* value, const DSPARAMS*) {
-    return read(id, value, kNow);
+    return read(id, value, DSTIME_CURRENT);
 }
 
 HRESULT CDSBasePropertyPage::SetAnimatedProperty(const GUID& id, const VARIANT* value,
@@ -99,7 +99,7 @@ HRESULT CDSBasePropertyPage::PropertyChanged(const GUID& id, const DSVARIANT* va
             storeBound(entry, *this, *value);
             showEntry(entry);
         } else {
-            updateEntry(entry, kNow);
+            updateEntry(entry, DSTIME_CURRENT);
         }
     }
     return S_OK;
@@ -123,7 +123,7 @@ void CDSBasePropertyPage::updateEntry(const CDSPPGControlMapEntry& entry, double
 
 void CDSBasePropertyPage::fillFromProperties() {
     for (const CDSPPGControlMapEntry& entry : GetControlMap()->entries()) {
-        if (followsProperty(entry)) updateEntry(entry, kNow);
+        if (followsProperty(entry)) updateEntry(entry, DSTIME_CURRENT);
         showEntry(entry);
     }
 }
@@ -131,5 +131,5 @@ void CDSBasePropertyPage::fillFromProperties() {
 void CDSBasePropertyPage::writeEntry(const CDSPPGControlMapEntry& entry, UNDO_STYLE style) {
     if (!followsProperty(entry)) return;
     const VARIANT value = boundValue(entry, *this);
-    write(entry.property, &value, style, kNow);
+    write(entry.property, &value, style, DSTIME_CURRENT);
 }

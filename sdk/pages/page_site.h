@@ -6,6 +6,9 @@
 #include "sdk/com/variant.h"
 #include "sdk/pages/undo_style.h"
 
+/// The time argument that means the current time.
+inline constexpr double DSTIME_CURRENT = -1.0;
+
 /// Describes an undo step to the host.
 struct DSUNDOINFO {
     /// The name for the user, in the module's language.
@@ -19,8 +22,8 @@ struct DSUNDOINFO {
 struct IDSPageSite : IUnknown {
     /// The current time in seconds.
     virtual HRESULT GetTime(double* seconds) = 0;
-    /// Writes a property of `object` (its IDSProperties) at `seconds`, as part of the undo step
-    /// that `style` says. Gives the status of IDSProperties::SetValue.
+    /// Writes a property of `object` (its IDSProperties) at `seconds` (or DSTIME_CURRENT), as part
+    /// of the undo step that `style` says. Gives the status of IDSProperties::SetValue.
     virtual HRESULT WriteProperty(IUnknown* object, const GUID& id, double seconds,
                                   const VARIANT* value, UNDO_STYLE style) = 0;
     /// Begins a bracket and gives its style, above 1. Brackets nest: the inner one's writes belong

@@ -23,8 +23,6 @@ struct tagVWPENEVENT {
 
 /// The layer in which tools draw.
 inline constexpr ULONG VWLAYER_TOOL = 1;
-/// The time argument that means the current time.
-inline constexpr double DSTIME_CURRENT = -1.0;
 
 /// All functions are called on the user-interface thread.
 struct IDSInteractiveTool : IUnknown {
