@@ -12,13 +12,18 @@
 
 namespace ruvex::runtime {
 
-/// Pixels in memory with an OpenGL context of their own (compatibility profile), made by EGL
-/// without a window system. A pixel is four bytes: red, green, blue, alpha; the first row is the
-/// bottom one.
+class CurrentContext;
+class HeadlessContext;
+
+/// Pixels in memory with an OpenGL context of their own (compatibility profile): on Windows of a
+/// window that is never shown, elsewhere of EGL without a window system. A pixel is four bytes:
+/// red, green, blue, alpha; the first row is the bottom one. It is used and released on the thread
+/// that has created it.
 class HeadlessSurface final : public ComObject<IViewerSurface> {
 public:
-    /// A surface of black, transparent pixels. Its world rectangle is (0, 0) to (width, height).
-    /// Throws Error if EGL or OpenGL lacks what is needed, or for a size that is not positive.
+    /// A surface of black, transparent pixels; opaque ones if the driver has no alpha. Its world
+    /// rectangle is (0, 0) to (width, height). Throws Error if the system's OpenGL lacks what is
+    /// needed, or for a size that is not positive.
     static ComPtr<HeadlessSurface> create(LONG width, LONG height);
 
     /// E_UNEXPECTED if it has begun already; E_FAIL if the context can't be made current.
@@ -39,16 +44,13 @@ public:
     std::vector<std::uint8_t> pixels() const;
 
 private:
-    class Context;
-    class Current;
-
     HeadlessSurface(LONG width, LONG height);
     ~HeadlessSurface() override;
 
     tagVWOPENGLSURFACE info_;
-    std::unique_ptr<Context> context_;
+    std::unique_ptr<HeadlessContext> context_;
     /// Set between Begin and End.
-    std::unique_ptr<Current> render_;
+    std::unique_ptr<CurrentContext> render_;
 };
 
 }  // namespace ruvex::runtime

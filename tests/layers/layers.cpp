@@ -80,7 +80,7 @@ const std::vector<std::string_view>& openGlUsers() {
         "overlay/draw",
         "overlay/font_",
         "overlay/interact_render",
-        "runtime/headless_surface",
+        "runtime/headless_",
         "sdk/open_gl/",
         "sdk/viewer/viewer_font",
         "sdk/viewer/viewer_surface",
