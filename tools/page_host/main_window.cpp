@@ -1,0 +1,232 @@
+// clang-format off
+#include <windows.h>
+#include <commctrl.h>  // needs the names of windows.h
+#include <commdlg.h>
+// clang-format on
+
+#include "tools/page_host/main_window.h"
+
+#include <algorithm>
+#include <optional>
+#include <utility>
+
+#include "runtime/error.h"
+#include "sdk/com/utf8.h"
+#include "tools/page_host/page_host_ids.h"
+#include "tools/page_host/report.h"
+
+namespace ruvex::page_host {
+namespace {
+
+/// Another thread has posted a task.
+constexpr UINT kRunTasks = WM_APP;
+
+/// Between the parts of the window, and around them, in pixels.
+constexpr int kGap = 8;
+constexpr int kTimeBarHeight = 28;
+constexpr SIZE kSmallestViewer{240, 180};
+
+constexpr wchar_t kPictureFiles[] =
+    L"Pictures\0*.png;*.jpg;*.jpeg;*.bmp;*.tif;*.tiff\0All files\0*.*\0";
+constexpr wchar_t kPngFiles[] = L"PNG pictures\0*.png\0";
+
+using FileDialog = BOOL(WINAPI*)(OPENFILENAMEW*);
+
+/// Asks for a file; no value if the user cancels.
+std::optional<std::filesystem::path> askForFile(HWND owner, FileDialog ask, const wchar_t* kinds,
+                                                DWORD flags) {
+    wchar_t name[MAX_PATH] = L"";
+    OPENFILENAMEW question{};
+    question.lStructSize = sizeof question;
+    question.hwndOwner = owner;
+    question.lpstrFilter = kinds;
+    question.lpstrFile = name;
+    question.nMaxFile = MAX_PATH;
+    question.lpstrDefExt = L"png";
+    question.Flags = flags | OFN_NOCHANGEDIR;
+    if (!ask(&question)) return std::nullopt;
+    return name;
+}
+
+void nameStep(HMENU menu, UINT command, const std::wstring& verb, const std::wstring& step,
+              const wchar_t* key) {
+    std::wstring text = verb;
+    if (!step.empty()) text += L' ' + step;
+    text += key;
+    ModifyMenuW(menu, command, MF_BYCOMMAND | MF_STRING, command, text.c_str());
+    EnableMenuItem(menu, command, MF_BYCOMMAND | (step.empty() ? MF_GRAYED : MF_ENABLED));
+}
+
+}  // namespace
+
+MainWindow::MainWindow(Picture picture, std::filesystem::path report) : report_(std::move(report)) {
+    const HINSTANCE program = GetModuleHandleW(nullptr);
+    create({.className = L"RuvexPageHost",
+            .title = L"V_Ruvex",
+            .style = WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN,
+            .extendedStyle = WS_EX_CONTROLPARENT,
+            .menu = LoadMenuW(program, MAKEINTRESOURCEW(IDR_MENU))});
+    queue_ = std::make_unique<DSUserInterfaceQueue>(
+        [window = handle()] { PostMessageW(window, kRunTasks, 0, 0); });
+    tabs_ = std::make_unique<PageTabs>(handle(), IDC_TABS);
+    viewer_ = std::make_unique<ViewerWindow>(handle(), IDC_VIEWER);
+    openEffect(makeEffect(std::move(picture)));
+    timeBar_ = std::make_unique<TimeBar>(handle(), IDC_TIME, effect_->frameRate());
+    fitToContents();
+    ShowWindow(handle(), SW_SHOWNORMAL);
+    SetFocus(tabs_->handle());
+}
+
+MainWindow::~MainWindow() {
+    closeEffect();
+}
+
+std::unique_ptr<EditedEffect> MainWindow::makeEffect(Picture picture) {
+    return std::make_unique<EditedEffect>(std::move(picture), [this] { viewer_->frameChanged(); });
+}
+
+void MainWindow::openEffect(std::unique_ptr<EditedEffect> effect) {
+    effect_ = std::move(effect);
+    viewer_->show(effect_.get());
+    tabs_->open(*effect_);
+}
+
+void MainWindow::closeEffect() {
+    if (tabs_) tabs_->close();
+    if (viewer_) viewer_->show(nullptr);
+    effect_.reset();
+}
+
+/// The project frame has the picture's size, so that another picture needs another effect.
+void MainWindow::replacePicture(Picture picture) {
+    auto next = makeEffect(std::move(picture));
+    next->replaceStates(effect_->states());
+    closeEffect();
+    openEffect(std::move(next));
+    timeBar_->showFrame(0);
+    arrange();
+}
+
+/// As large as the pages and the picture need, if the screen has the room.
+void MainWindow::fitToContents() {
+    const SIZE pages = tabs_->size();
+    const LONG viewerWidth = effect_->width() + 2 * ViewerLayout::kMargin;
+    const LONG viewerHeight = effect_->height() + 2 * ViewerLayout::kMargin;
+    RECT wanted{0, 0, pages.cx + 3 * kGap + viewerWidth,
+                2 * kGap + std::max(pages.cy, viewerHeight + kTimeBarHeight)};
+    AdjustWindowRectEx(&wanted, WS_OVERLAPPEDWINDOW, TRUE, WS_EX_CONTROLPARENT);
+    RECT screen{};
+    SystemParametersInfoW(SPI_GETWORKAREA, 0, &screen, 0);
+    const LONG width = std::min(wanted.right - wanted.left, screen.right - screen.left);
+    const LONG height = std::min(wanted.bottom - wanted.top, screen.bottom - screen.top);
+    SetWindowPos(handle(), nullptr, screen.left + (screen.right - screen.left - width) / 2,
+                 screen.top + (screen.bottom - screen.top - height) / 2, width, height,
+                 SWP_NOZORDER);
+}
+
+void MainWindow::arrange() {
+    if (!timeBar_) return;
+    const SIZE inside = clientSize(handle());
+    tabs_->moveTo({kGap, kGap});
+    const LONG left = tabs_->size().cx + 2 * kGap;
+    const LONG right = std::max(left + kSmallestViewer.cx, inside.cx - kGap);
+    const LONG bottom =
+        std::max<LONG>(kGap + kSmallestViewer.cy, inside.cy - kGap - kTimeBarHeight);
+    MoveWindow(viewer_->handle(), left, kGap, right - left, bottom - kGap, TRUE);
+    timeBar_->moveTo({left, bottom, right, bottom + kTimeBarHeight});
+}
+
+void MainWindow::chooseTime() {
+    const int frame = timeBar_->frame();
+    timeBar_->showFrame(frame);
+    effect_->editor().setTime(runtime::frameTime(frame, effect_->frameRate()));
+    viewer_->frameChanged();
+}
+
+void MainWindow::openPicture() {
+    constexpr DWORD kFlags = OFN_FILEMUSTEXIST | OFN_HIDEREADONLY;
+    const auto file = askForFile(handle(), GetOpenFileNameW, kPictureFiles, kFlags);
+    if (file) replacePicture(readPicture(*file));
+}
+
+void MainWindow::savePicture() {
+    const Picture picture = effect_->render();
+    const auto file = askForFile(handle(), GetSaveFileNameW, kPngFiles, OFN_OVERWRITEPROMPT);
+    if (file) writePicture(*file, picture);
+}
+
+void MainWindow::nameSteps() {
+    const runtime::UndoStack& steps = effect_->editor().undoStack();
+    const HMENU menu = GetMenu(handle());
+    nameStep(menu, IDM_UNDO, L"&Undo", steps.undoName(), L"\tCtrl+Z");
+    nameStep(menu, IDM_REDO, L"&Redo", steps.redoName(), L"\tCtrl+Y");
+}
+
+bool MainWindow::onCommand(int command) {
+    switch (command) {
+        case IDM_OPEN_PICTURE:
+            return openPicture(), true;
+        case IDM_SAVE_PICTURE:
+            return savePicture(), true;
+        case IDM_WRITE_REPORT:
+            return writeReport(report_, handle(), *tabs_, *viewer_, *effect_), true;
+        case IDM_EXIT:
+            return SendMessageW(handle(), WM_CLOSE, 0, 0), true;
+        case IDM_UNDO:
+            return effect_->editor().undo(), true;
+        case IDM_REDO:
+            return effect_->editor().redo(), true;
+        case IDM_NEXT_PAGE:
+            return tabs_->turn(1), true;
+        case IDM_PREVIOUS_PAGE:
+            return tabs_->turn(-1), true;
+        default:
+            return false;
+    }
+}
+
+LRESULT MainWindow::onMessage(UINT message, WPARAM wide, LPARAM extra) {
+    switch (message) {
+        case kRunTasks:
+            queue_->run();
+            return 0;
+        case WM_COMMAND:
+            if (onCommand(LOWORD(wide))) return 0;
+            break;
+        case WM_INITMENUPOPUP:
+            nameSteps();
+            return 0;
+        case WM_NOTIFY:
+            if (reinterpret_cast<const NMHDR*>(extra)->code == TCN_SELCHANGE) tabs_->selected();
+            return 0;
+        case WM_HSCROLL:
+            chooseTime();
+            return 0;
+        case WM_SIZE:
+            arrange();
+            return 0;
+        case WM_CLOSE:
+            closeEffect();
+            DestroyWindow(handle());
+            return 0;
+        case WM_DESTROY:
+            PostQuitMessage(0);
+            return 0;
+        default:
+            break;
+    }
+    return defaultAnswer(message, wide, extra);
+}
+
+void MainWindow::run() {
+    const HACCEL keys = LoadAcceleratorsW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDR_KEYS));
+    MSG message;
+    while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+        if (TranslateAcceleratorW(handle(), keys, &message)) continue;
+        if (IsDialogMessageW(handle(), &message)) continue;
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+    }
+}
+
+}  // namespace ruvex::page_host

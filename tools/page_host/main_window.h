@@ -1,0 +1,48 @@
+// The program's window: a menu, the pages in tabs, the viewer and the time.
+
+#pragma once
+
+#include <filesystem>
+#include <memory>
+
+#include "sdk/com/ui_queue.h"
+#include "tools/page_host/arguments.h"
+#include "tools/page_host/page_tabs.h"
+#include "tools/page_host/time_bar.h"
+#include "tools/page_host/viewer_window.h"
+#include "tools/page_host/window.h"
+
+namespace ruvex::page_host {
+
+class MainWindow final : public Window {
+public:
+    /// Opens the effect over a picture and shows the window. Throws runtime::Error.
+    MainWindow(Picture picture, std::filesystem::path report);
+    ~MainWindow() override;
+
+    /// Runs the message loop until the window is closed.
+    void run();
+
+private:
+    LRESULT onMessage(UINT message, WPARAM wide, LPARAM extra) override;
+    bool onCommand(int command);
+    std::unique_ptr<EditedEffect> makeEffect(Picture picture);
+    void openEffect(std::unique_ptr<EditedEffect> effect);
+    void closeEffect();
+    void replacePicture(Picture picture);
+    void openPicture();
+    void savePicture();
+    void nameSteps();
+    void arrange();
+    void chooseTime();
+    void fitToContents();
+
+    std::filesystem::path report_;
+    std::unique_ptr<DSUserInterfaceQueue> queue_;
+    std::unique_ptr<EditedEffect> effect_;
+    std::unique_ptr<PageTabs> tabs_;
+    std::unique_ptr<ViewerWindow> viewer_;
+    std::unique_ptr<TimeBar> timeBar_;
+};
+
+}  // namespace ruvex::page_host

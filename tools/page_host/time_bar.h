@@ -1,0 +1,28 @@
+// The slider for the current time.
+
+#pragma once
+
+#include <string>
+#include <windows.h>
+
+namespace ruvex::page_host {
+
+/// A slider over the frames of ten seconds, and a label with the frame and its time.
+class TimeBar {
+public:
+    TimeBar(HWND parent, int controlId, double frameRate);
+
+    HWND slider() const { return slider_; }
+    /// The frame that the slider is at, from 0.
+    int frame() const;
+    void showFrame(int frame);
+    /// In pixels of the parent.
+    void moveTo(const RECT& place);
+
+private:
+    HWND slider_;
+    HWND label_;
+    double frameRate_;
+};
+
+}  // namespace ruvex::page_host

@@ -1,0 +1,39 @@
+#include "tools/page_host/viewer_layout.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace ruvex::page_host {
+namespace {
+
+double fittingScale(SIZE window, int width, int height) {
+    const double wide = std::max<LONG>(1, window.cx - 2 * ViewerLayout::kMargin);
+    const double high = std::max<LONG>(1, window.cy - 2 * ViewerLayout::kMargin);
+    return std::min({1.0, wide / width, high / height});
+}
+
+RECT centred(SIZE window, LONG width, LONG height) {
+    const LONG left = (window.cx - width) / 2;
+    const LONG top = (window.cy - height) / 2;
+    return {left, top, left + width, top + height};
+}
+
+}  // namespace
+
+ViewerLayout::ViewerLayout(SIZE window, int pictureWidth, int pictureHeight)
+    : window_{std::max<LONG>(1, window.cx), std::max<LONG>(1, window.cy)},
+      scale_(fittingScale(window_, pictureWidth, pictureHeight)),
+      picture_(centred(window_, std::max(1L, std::lround(pictureWidth * scale_)),
+                       std::max(1L, std::lround(pictureHeight * scale_)))) {}
+
+WorldPoint ViewerLayout::worldOrigin() const {
+    return {-picture_.left / scale_, (picture_.bottom - window_.cy) / scale_};
+}
+
+WorldPoint ViewerLayout::worldAt(POINT pixel) const {
+    constexpr double kMiddle = 0.5;
+    return {(pixel.x + kMiddle - picture_.left) / scale_,
+            (picture_.bottom - pixel.y - kMiddle) / scale_};
+}
+
+}  // namespace ruvex::page_host

@@ -1,0 +1,58 @@
+// The viewer: the picture through the effect, the on-screen controls over it, and the pen.
+
+#pragma once
+
+#include <memory>
+#include <optional>
+
+#include "runtime/headless_surface.h"
+#include "runtime/viewer.h"
+#include "tools/page_host/device_bitmap.h"
+#include "tools/page_host/edited_effect.h"
+#include "tools/page_host/viewer_layout.h"
+#include "tools/page_host/window.h"
+
+namespace ruvex::page_host {
+
+/// A child window. The controls are drawn off screen and copied into it: a child window with an
+/// OpenGL context of its own stays black on some systems.
+///
+/// The mouse is the pen: the left button is the main one. Escape ends a drag.
+class ViewerWindow final : public Window {
+public:
+    ViewerWindow(HWND parent, int controlId);
+
+    /// Shows an effect, or nothing for null. The effect is kept until the next call.
+    void show(EditedEffect* effect);
+
+    /// The next paint renders a new frame.
+    void frameChanged();
+
+    /// The picture on the screen, in pixels; empty without an effect.
+    RECT pictureOnScreen() const;
+
+private:
+    LRESULT onMessage(UINT message, WPARAM wide, LPARAM extra) override;
+    bool onPen(UINT message, LPARAM extra);
+    void press(LONG button, LPARAM place);
+    void release(LONG button, LPARAM place);
+    void endDrag();
+
+    void paint();
+    void draw(DeviceBitmap& canvas);
+    void drawPicture(HDC context);
+    void drawControls(DeviceBitmap& canvas);
+    runtime::HeadlessSurface& surfaceOf(const ViewerLayout& layout);
+    ViewerLayout layout() const;
+    tagVWPENEVENT eventAt(LPARAM place, LONG button) const;
+
+    EditedEffect* effect_ = nullptr;
+    std::unique_ptr<runtime::Viewer> tools_;
+    /// The frame as the system draws it: blue, green, red, alpha. No value: to be rendered.
+    std::optional<Picture> frame_;
+    ComPtr<runtime::HeadlessSurface> surface_;
+    SIZE surfaceSize_{};
+    int buttonsDown_ = 0;
+};
+
+}  // namespace ruvex::page_host
