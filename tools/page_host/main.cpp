@@ -10,10 +10,15 @@
 #include <cstdlib>
 #include <exception>
 
+#include "runtime/error.h"
 #include "tools/page_host/main_window.h"
 
 namespace ruvex::page_host {
 namespace {
+
+constexpr const char* kNotRegistered =
+    "The module V_Ruvex.dll is not registered. Run register.cmd in its folder, or "
+    "\"regsvr32 V_Ruvex.dll\", and start this program again.";
 
 /// The system's components for pictures and the module are COM objects.
 class ComScope {
@@ -46,6 +51,9 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, wchar_t*, int) {
     } catch (const UsageError& error) {
         showError(nullptr, std::string(error.what()) + "\n\n" + kUsage);
         return 2;
+    } catch (const ruvex::runtime::StatusError& error) {
+        showError(nullptr, error.status() == REGDB_E_CLASSNOTREG ? kNotRegistered : error.what());
+        return 1;
     } catch (const std::exception& error) {
         showError(nullptr, error.what());
         return 1;

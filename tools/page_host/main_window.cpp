@@ -57,6 +57,12 @@ void nameStep(HMENU menu, UINT command, const std::wstring& verb, const std::wst
     EnableMenuItem(menu, command, MF_BYCOMMAND | (step.empty() ? MF_GRAYED : MF_ENABLED));
 }
 
+/// The system translates no keys into commands while the mouse is captured, but a report may be
+/// wanted during a drag.
+bool isReportKey(const MSG& message) {
+    return message.message == WM_KEYDOWN && message.wParam == VK_F12;
+}
+
 }  // namespace
 
 MainWindow::MainWindow(Picture picture, std::filesystem::path report) : report_(std::move(report)) {
@@ -136,6 +142,24 @@ void MainWindow::arrange() {
     timeBar_->moveTo({left, bottom, right, bottom + kTimeBarHeight});
 }
 
+POINT MainWindow::smallestSize() const {
+    if (!tabs_) return {};
+    const SIZE pages = tabs_->size();
+    RECT inside{0, 0, pages.cx + 3 * kGap + kSmallestViewer.cx,
+                2 * kGap + std::max(pages.cy, kSmallestViewer.cy + kTimeBarHeight)};
+    AdjustWindowRectEx(&inside, WS_OVERLAPPEDWINDOW, TRUE, WS_EX_CONTROLPARENT);
+    return {inside.right - inside.left, inside.bottom - inside.top};
+}
+
+/// The control that had the focus when the user went to another window gets it back.
+void MainWindow::rememberFocus(bool active) {
+    if (!active) {
+        focus_ = GetFocus();
+    } else if (focus_ && IsChild(handle(), focus_)) {
+        SetFocus(focus_);
+    }
+}
+
 void MainWindow::chooseTime() {
     const int frame = timeBar_->frame();
     timeBar_->showFrame(frame);
@@ -205,6 +229,12 @@ LRESULT MainWindow::onMessage(UINT message, WPARAM wide, LPARAM extra) {
         case WM_SIZE:
             arrange();
             return 0;
+        case WM_GETMINMAXINFO:
+            reinterpret_cast<MINMAXINFO*>(extra)->ptMinTrackSize = smallestSize();
+            return 0;
+        case WM_ACTIVATE:
+            rememberFocus(LOWORD(wide) != WA_INACTIVE);
+            return 0;
         case WM_CLOSE:
             closeEffect();
             DestroyWindow(handle());
@@ -222,6 +252,10 @@ void MainWindow::run() {
     const HACCEL keys = LoadAcceleratorsW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDR_KEYS));
     MSG message;
     while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+        if (isReportKey(message)) {
+            SendMessageW(handle(), WM_COMMAND, IDM_WRITE_REPORT, 0);
+            continue;
+        }
         if (TranslateAcceleratorW(handle(), keys, &message)) continue;
         if (IsDialogMessageW(handle(), &message)) continue;
         TranslateMessage(&message);

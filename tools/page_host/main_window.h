@@ -34,6 +34,8 @@ private:
     void savePicture();
     void nameSteps();
     void arrange();
+    POINT smallestSize() const;
+    void rememberFocus(bool active);
     void chooseTime();
     void fitToContents();
 
@@ -43,6 +45,7 @@ private:
     std::unique_ptr<PageTabs> tabs_;
     std::unique_ptr<ViewerWindow> viewer_;
     std::unique_ptr<TimeBar> timeBar_;
+    HWND focus_ = nullptr;  ///< While the window is not active.
 };
 
 }  // namespace ruvex::page_host

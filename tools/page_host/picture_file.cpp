@@ -56,6 +56,9 @@ ComPtr<IWICBitmapSource> openFile(IWICImagingFactory& factory, const std::filesy
 }  // namespace
 
 Picture readPicture(const std::filesystem::path& file) {
+    if (!std::filesystem::is_regular_file(file)) {
+        throw runtime::Error("there is no picture " + nameOf(file));
+    }
     const auto factory = imagingFactory();
     const auto source = openFile(*factory, file);
     const std::string what = "cannot read the picture " + nameOf(file);
