@@ -16,6 +16,17 @@ ComPtr<CDSMemoryImage> imageOf(const runtime::Project& project, const Picture& p
     return image;
 }
 
+bool isOpaque(const Picture& picture) {
+    for (std::size_t i = 3; i < picture.bytes.size(); i += 4) {
+        if (picture.bytes[i] != 255) return false;
+    }
+    return true;
+}
+
+void makeOpaque(Picture& picture) {
+    for (std::size_t i = 3; i < picture.bytes.size(); i += 4) picture.bytes[i] = 255;
+}
+
 }  // namespace
 
 class EditedEffect::Observer final : public ComObject<IDSPropertyObserver> {
@@ -48,6 +59,7 @@ private:
 
 EditedEffect::EditedEffect(Picture picture, std::function<void()> changed)
     : picture_(std::make_shared<const Picture>(std::move(picture))),
+      opaque_(isOpaque(*picture_)),
       project_{.width = picture_->width, .height = picture_->height, .frameRate = kFrameRate},
       session_({.project = project_, .provider = std::make_shared<StillInput>(picture_, project_)}),
       editor_(session_),
@@ -68,6 +80,7 @@ Picture EditedEffect::render() {
     session_.render(request);
     Picture result(width(), height());
     std::memcpy(result.bytes.data(), output->bytes(), result.bytes.size());
+    if (opaque_) makeOpaque(result);
     return result;
 }
 

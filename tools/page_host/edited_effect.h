@@ -28,7 +28,8 @@ public:
     int height() const { return picture_->height; }
     double frameRate() const { return kFrameRate; }
 
-    /// The picture through the effect at the editor's time. Throws StatusError.
+    /// The picture through the effect at the editor's time. The result of an opaque picture is
+    /// opaque; otherwise its alpha is the effect's. Throws StatusError.
     Picture render();
 
     /// All stored properties, for an effect that replaces this one.
@@ -43,6 +44,7 @@ private:
     static constexpr double kFrameRate = 25.0;
 
     std::shared_ptr<const Picture> picture_;
+    bool opaque_;
     runtime::Project project_;
     runtime::EffectSession session_;
     runtime::Editor editor_;
