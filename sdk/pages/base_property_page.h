@@ -8,6 +8,7 @@
 #include "sdk/com/com_ptr.h"
 #include "sdk/controls/number_control.h"
 #include "sdk/pages/control_map.h"
+#include "sdk/pages/list_choice.h"
 #include "sdk/pages/page_site.h"
 #include "sdk/pages/property_page_interface.h"
 #include "sdk/pages/undo_style.h"
@@ -120,6 +121,7 @@ private:
     void updateEntry(const CDSPPGControlMapEntry& entry, double time);
 
     void onCommand(UINT controlId, UINT code);
+    bool isEdit(const CDSPPGControlMapEntry& entry, UINT code);
     void onNumber(UINT controlId, DSNumberEdit edit);
     void onChip(UINT controlId);
     void noteCommand(UINT controlId, UINT code);
@@ -142,6 +144,7 @@ private:
     /// Of the notifications of the first object; 0 without one.
     ULONG cookie_ = 0;
     DSCTLCOMMANDNOTIFY lastCommand_;
+    DSListChoice listChoice_;
     /// The bracket of a drag that is under way, or DSUNDO_OWN_STEP.
     UNDO_STYLE dragStyle_ = DSUNDO_OWN_STEP;
 };

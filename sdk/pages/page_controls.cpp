@@ -22,11 +22,8 @@ WPARAM itemOf(HWND combo, std::int32_t value) {
     return static_cast<WPARAM>(value >= 0 && value < count ? value : -1);
 }
 
-/// Whether the code is that of a user's change of the entry's control. Numbers and chips report
-/// their changes themselves; on Windows their windows also send the codes of clicks.
-bool isEdit(const CDSPPGControlMapEntry& entry, HWND control, UINT code) {
-    if (DSNumberControlOf(control) || DSColourChipOf(control)) return false;
-    return entry.boundType == VT_I4 ? code == CBN_SELCHANGE : code == BN_CLICKED;
+bool isOpened(HWND list) {
+    return SendMessageW(list, CB_GETDROPPEDSTATE, 0, 0) != 0;
 }
 
 }  // namespace
@@ -95,9 +92,21 @@ void CDSBasePropertyPage::notify(const CDSPPGControlMapEntry& entry) {
     if (entry.notify) (this->*entry.notify)();
 }
 
+/// Whether the code is that of a user's change of the entry's control. Numbers and chips report
+/// their changes themselves; on Windows their windows also send the codes of clicks.
+bool CDSBasePropertyPage::isEdit(const CDSPPGControlMapEntry& entry, UINT code) {
+    const HWND control = GetHwndControl(entry.controlId);
+    if (DSNumberControlOf(control) || DSColourChipOf(control)) return false;
+    if (entry.boundType != VT_I4) return code == BN_CLICKED;
+    const DSListEvent event = listChoice_.follow(entry.controlId, isOpened(control), code);
+    // The list's selection has moved, but not the property.
+    if (event == DSListEvent::Cancelled) showEntry(entry);
+    return event == DSListEvent::Chosen;
+}
+
 void CDSBasePropertyPage::onCommand(UINT controlId, UINT code) {
     const CDSPPGControlMapEntry* const entry = GetControlMap()->find(controlId);
-    if (!entry || !isEdit(*entry, GetHwndControl(controlId), code)) return;
+    if (!entry || !isEdit(*entry, code)) return;
     noteCommand(controlId, code);
     readControl(*entry);
     writeEntry(*entry, DSUNDO_OWN_STEP);

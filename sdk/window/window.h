@@ -70,6 +70,8 @@ inline constexpr UINT CB_GETCOUNT = 0x0146;
 inline constexpr UINT CB_GETCURSEL = 0x0147;
 inline constexpr UINT CB_RESETCONTENT = 0x014B;
 inline constexpr UINT CB_SETCURSEL = 0x014E;
+/// Whether the list is opened. Lists in memory never are.
+inline constexpr UINT CB_GETDROPPEDSTATE = 0x0157;
 inline constexpr LRESULT CB_ERR = -1;
 inline constexpr WPARAM BST_UNCHECKED = 0;
 inline constexpr WPARAM BST_CHECKED = 1;
@@ -77,6 +79,9 @@ inline constexpr WPARAM BST_CHECKED = 1;
 // Notification codes of WM_COMMAND.
 inline constexpr std::uint16_t BN_CLICKED = 0;
 inline constexpr std::uint16_t CBN_SELCHANGE = 1;
+inline constexpr std::uint16_t CBN_CLOSEUP = 8;
+inline constexpr std::uint16_t CBN_SELENDOK = 9;
+inline constexpr std::uint16_t CBN_SELENDCANCEL = 10;
 
 // Arguments of GetWindow.
 inline constexpr UINT GW_HWNDNEXT = 2;

@@ -66,6 +66,8 @@ LRESULT sendToCombo(HWND combo, DSWindowState& state, UINT message, WPARAM wide,
             return clearItems(combo, state);
         case CB_SETCURSEL:
             return select(combo, state, wide);
+        case CB_GETDROPPEDSTATE:
+            return FALSE;
         default:
             return 0;
     }

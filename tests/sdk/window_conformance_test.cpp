@@ -66,6 +66,7 @@ const WindowStatement kDocumented[] = {
     {"list: same text again", "2"},
     {"list: count", "3"},
     {"list: no selection yet", "-1"},
+    {"list: closed", "0"},
     {"list: text without a selection", "\"\""},
     {"list: select", "1"},
     {"list: text of the selected item", "\"a\""},

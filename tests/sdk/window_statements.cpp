@@ -195,6 +195,7 @@ private:
         see("list: same text again", addItem(L"b"));
         see("list: count", send(kList, CB_GETCOUNT));
         see("list: no selection yet", send(kList, CB_GETCURSEL));
+        see("list: closed", send(kList, CB_GETDROPPEDSTATE));
         seeText("list: text without a selection", control(kList));
         see("list: select", send(kList, CB_SETCURSEL, 1));
         seeText("list: text of the selected item", control(kList));
