@@ -1,98 +1,29 @@
 // The property pages of the registered module in dialogs of the system, driven by messages.
 
-#include <memory>
 #include <optional>
-#include <string>
-#include <vector>
 
 #include "host/base/class_ids.h"
 #include "pages/resources/resource_ids.h"
-#include "parameters/parameter_table.h"
-#include "runtime/editor.h"
-#include "runtime/module_loader.h"
 #include "sdk/controls/host_controls.h"
-#include "sdk/resources/dialog_template.h"
 #include "sdk/viewer/viewer_controller.h"
 #include "tests/windows/checks.h"
-#include "tests/windows/recorded_shell.h"
+#include "tests/windows/manual_check.h"
+#include "tests/windows/opened_pages.h"
 
 namespace ruvex::test {
 namespace {
 
-struct PageKind {
-    GUID classId;
-    std::uint16_t dialog;
-};
-constexpr PageKind kPages[] = {{kRuvexPageId, IDD_MAIN},        {kGunsPageId, IDD_GUNS},
-                               {kBreakup1PageId, IDD_BREAKUP1}, {kBreakup2PageId, IDD_BREAKUP2},
-                               {kShashPageId, IDD_SHASH},       {kEffectsPageId, IDD_EFFECTS},
-                               {kCropPageId, IDD_CROPPING},     {kHelpPageId, IDD_HELP}};
-
-using Page = std::unique_ptr<runtime::OpenPage>;
-
-/// An effect with its editor, and a window for its pages.
-class PageHost {
-public:
-    PageHost() {
-        parent_ = CreateWindowExW(0, L"Static", L"", WS_OVERLAPPEDWINDOW, 0, 0, 800, 600, nullptr,
-                                  nullptr, GetModuleHandleW(nullptr), nullptr);
+/// A control's title in a template; empty if there is no such control.
+std::wstring titleOf(const std::optional<DialogTemplate>& dialog, std::uint32_t id) {
+    std::wstring title;
+    if (!dialog) return title;
+    for (const DialogControl& control : dialog->controls) {
+        if (control.id != id) continue;
+        for (std::size_t i = 0; i < control.title.text.size(); ++i) {
+            title += static_cast<wchar_t>(control.title.text[i]);
+        }
     }
-    PageHost(const PageHost&) = delete;
-    PageHost& operator=(const PageHost&) = delete;
-    ~PageHost() { DestroyWindow(parent_); }
-
-    Page open(const GUID& classId) {
-        Page page = editor.open(classId, parent_);
-        page->show();
-        return page;
-    }
-    double value(ParameterId id) { return session.value(row(id).identifier); }
-
-    runtime::EffectSession session{
-        runtime::EffectSession::Setup{.project = {.width = 720, .height = 576}}};
-    runtime::Editor editor{session};
-
-private:
-    HWND parent_ = nullptr;
-};
-
-HWND item(const Page& page, int id) {
-    return GetDlgItem(page->window(), id);
-}
-
-bool shown(const Page& page, int id) {
-    return (GetWindowLongPtrW(item(page, id), GWL_STYLE) & WS_VISIBLE) != 0;
-}
-
-std::wstring textOf(HWND window) {
-    wchar_t text[2048] = L"";
-    GetWindowTextW(window, text, 2048);
-    return text;
-}
-
-/// Chooses an item of a list as the user does.
-void choose(const Page& page, int id, int index) {
-    SendMessageW(item(page, id), CB_SETCURSEL, static_cast<WPARAM>(index), 0);
-    SendMessageW(page->window(), WM_COMMAND, MAKEWPARAM(id, CBN_SELCHANGE),
-                 reinterpret_cast<LPARAM>(item(page, id)));
-}
-
-void click(const Page& page, int id) {
-    SendMessageW(item(page, id), BM_CLICK, 0, 0);
-}
-
-/// Types a number into a number control, and Enter.
-void type(const Page& page, int id, const char* text) {
-    for (; *text; ++text) SendMessageW(item(page, id), WM_CHAR, static_cast<WPARAM>(*text), 0);
-    SendMessageW(item(page, id), WM_KEYDOWN, VK_RETURN, 0);
-}
-
-std::optional<DialogTemplate> templateOf(HINSTANCE module, std::uint16_t number) {
-    const HRSRC found = FindResourceW(module, MAKEINTRESOURCEW(number), RT_DIALOG);
-    const HGLOBAL loaded = found ? LoadResource(module, found) : nullptr;
-    if (!loaded) return std::nullopt;
-    return readDialog(
-        {static_cast<const unsigned char*>(LockResource(loaded)), SizeofResource(module, found)});
+    return title;
 }
 
 /// A window's rectangle in its dialog, in pixels.
@@ -167,8 +98,13 @@ void checkTvType(Checks& checks, PageHost& host) {
             enabled = enabled && IsWindowEnabled(item(guns, id)) == colour &&
                       IsWindowEnabled(item(guns, CAPTION_OF(id)));
         }
-        enabled = enabled && IsWindowEnabled(item(breakup, IDC_COLOUR_DEGRADE_MAX)) == colour &&
-                  IsWindowEnabled(item(breakup, IDC_SNOW_MAX));
+        for (const int id : {IDC_COLOUR_DEGRADE_MAX, IDC_COLOUR_THRESHOLD}) {
+            enabled = enabled && IsWindowEnabled(item(breakup, id)) == colour &&
+                      IsWindowEnabled(item(breakup, CAPTION_OF(id)));
+        }
+        for (const int id : {IDC_SNOW_MAX, IDC_NUM_GHOSTS, IDC_GHOSTING_STRENGTH}) {
+            enabled = enabled && IsWindowEnabled(item(breakup, id));
+        }
         checks.expect(enabled, "and enables those of a colour set");
     }
 }
@@ -189,6 +125,44 @@ void checkPresets(Checks& checks, PageHost& host) {
     checks.expect(
         host.value(ParameterId::TvContrast) == 0.0 && textOf(item(main, IDC_TV_CONTRAST)) == L"0",
         "Reset writes and shows its values");
+}
+
+/// The tint's number as the page shows it.
+double shownNumber(const Page& page, int id) {
+    return DSNumberControlOf(item(page, id))->value();
+}
+
+void checkTint(Checks& checks, PageHost& host) {
+    const Page main = host.open(kRuvexPageId);
+    checks.expect(choose(main, IDC_PRESETS, L"Bad B&W TV"), "there is a black and white set");
+    checks.expect(!shown(main, IDC_TV_COLOUR) && !shown(main, IDC_TINT_GROUP),
+                  "it has neither colour nor tint");
+    checks.expect(choose(main, IDC_PRESETS, L"NightVision"), "there is a tinted set");
+    checks.expect(shown(main, IDC_TINT_GROUP) && shown(main, IDC_TINT_CHIP),
+                  "it shows the tint and its colour chip");
+    checks.expect(shownNumber(main, IDC_TINT_RED) == 24.0 &&
+                      shownNumber(main, IDC_TINT_GREEN) == 64.5 &&
+                      shownNumber(main, IDC_TINT_BLUE) == 30.0,
+                  "with the preset's percentages");
+    const CDSColourChip::Colour colour = DSColourChipOf(item(main, IDC_TINT_CHIP))->colour();
+    checks.expect(colour[0] == 61 && colour[1] == 164 && colour[2] == 76,
+                  "and the same as bytes in the colour chip");
+}
+
+/// The page widens the range that the control's title states.
+void checkWiderRange(Checks& checks, PageHost& host) {
+    const HINSTANCE module = GetModuleHandleW(L"V_Ruvex.dll");
+    checks.expect(titleOf(templateOf(module, IDD_BREAKUP2), IDC_VERT_ROLL_SPEED_MAX) ==
+                      L"Vert Roll Speed Max;class=dsnewnumberctrl;min=-1000;max=1000",
+                  "the title states a roll of at most 1000");
+    const Page page = host.open(kBreakup2PageId);
+    type(page, IDC_VERT_ROLL_SPEED_MAX, "10000");
+    checks.expect(host.value(ParameterId::VertRollSpeedMax) == 10000.0, "the page takes 10000");
+    type(page, IDC_VERT_ROLL_SPEED_MAX, "5");
+    type(page, IDC_VERT_ROLL_SPEED_MAX, "10001");
+    checks.expect(host.value(ParameterId::VertRollSpeedMax) == 10000.0 &&
+                      textOf(item(page, IDC_VERT_ROLL_SPEED_MAX)) == L"10000",
+                  "and nothing beyond");
 }
 
 void checkNumbers(Checks& checks, PageHost& host) {
@@ -214,22 +188,6 @@ void checkCrop(Checks& checks, PageHost& host) {
     checks.expect(!VWControllerContexts().empty(), "the page brings the tool");
 }
 
-void checkHelp(Checks& checks, PageHost& host) {
-    RecordedShell shell(L"V_Ruvex.dll");
-    checks.expect(shell.works(), "the module asks the shell");
-    const Page help = host.open(kHelpPageId);
-    checks.expect(textOf(item(help, IDC_MAKER)) == L"The V_Ruvex authors", "the page has texts");
-    click(help, IDC_ONLINE_HELP);
-    checks.expect(shell.files ==
-                      std::vector<std::wstring>{L"C:\\Program Files\\Osterlin\\Velmar 4.3 for DS10 "
-                                                L"(64bit)\\Documentation\\Velmar4.3.pdf"},
-                  "the button opens the manual");
-    for (const PageKind& kind : kPages) {
-        checks.expect(host.open(kind.classId)->page().Help(nullptr) == S_OK, "so does Help");
-    }
-    checks.expect(shell.files.size() == 9, "on each page");
-}
-
 }  // namespace
 
 void checkPages(Checks& checks) {
@@ -239,7 +197,9 @@ void checkPages(Checks& checks) {
     checkNumbers(checks, host);
     checkPresets(checks, host);
     checkCrop(checks, host);
-    checkHelp(checks, host);
+    checkTint(checks, host);
+    checkWiderRange(checks, host);
+    checkManual(checks, host);
 }
 
 }  // namespace ruvex::test
