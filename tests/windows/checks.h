@@ -31,6 +31,22 @@ void checkControls(Checks& checks);
 /// The property pages of the registered module.
 void checkPages(Checks& checks);
 
+/// Two hosts, and two effects in one, that use the registered module at the same time.
+void checkHosts(Checks& checks);
+/// One of two hosts, 1 or 2, in a process of its own.
+void runHost(Checks& checks, int number);
+
+/// Hosts that end while pages of the registered module are open.
+void checkLeavingHosts(Checks& checks);
+/// Such a host, in a process of its own: it ends in this way.
+[[noreturn]] void leaveHost(const char* way);
+
+/// A registered module whose file is replaced. Must come first in its process.
+void checkReplacement(Checks& checks);
+
+/// Registers and unregisters the registered module again, also from another folder.
+void checkRegistration(Checks& checks);
+
 /// The module after it was registered, and after it was taken out again.
 void checkRegistered(Checks& checks);
 void checkUnregistered(Checks& checks);

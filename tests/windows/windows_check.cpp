@@ -1,5 +1,7 @@
-// Usage: windows_check controls|registry|registered|pages|unregistered
+// Usage: windows_check controls|registry|registered|pages|registration|lives|unregistered
+// It starts itself as `windows_check host NUMBER` and `windows_check leave WAY`.
 
+#include <cstdlib>
 #include <exception>
 #include <objbase.h>
 #include <string_view>
@@ -8,7 +10,8 @@
 
 int main(int argc, char** argv) {
     using namespace ruvex::test;
-    const std::string_view part = argc == 2 ? argv[1] : "";
+    const std::string_view part = argc >= 2 ? argv[1] : "";
+    const char* const detail = argc == 3 ? argv[2] : "";
     Checks checks;
     checks.expect(SUCCEEDED(CoInitializeEx(nullptr, COINIT_MULTITHREADED)), "COM starts");
     try {
@@ -19,6 +22,14 @@ int main(int argc, char** argv) {
         }
         if (part == "registered") checkRegistered(checks);
         if (part == "pages") checkPages(checks);
+        if (part == "registration") checkRegistration(checks);
+        if (part == "lives") {
+            checkReplacement(checks);
+            checkHosts(checks);
+            checkLeavingHosts(checks);
+        }
+        if (part == "host") runHost(checks, std::atoi(detail));
+        if (part == "leave") leaveHost(detail);
         if (part == "unregistered") checkUnregistered(checks);
     } catch (const std::exception& error) {
         checks.expect(false, error.what());
