@@ -29,6 +29,8 @@ public:
     ComPtr<IDSViewer> viewer();
     std::vector<VWContext> contexts();
     HRESULT forEachTool(IDSViewer* viewer, const ToolCall& call);
+    /// Without the lock: for the end of the process, when no other thread runs.
+    bool hasContexts() const { return !entries_.empty(); }
 
 private:
     using Lock = std::lock_guard<std::mutex>;
@@ -236,9 +238,20 @@ HRESULT ViewerController::forEachTool(IDSViewer* viewer, const ToolCall& call) {
     return result;
 }
 
+/// A controller that is not destroyed while it has contexts. At the end of a process that has left
+/// some, the modules of their tools may be unloaded already.
+union ControllerHolder {
+    ControllerHolder() : controller() {}
+    ~ControllerHolder() {
+        if (!controller.hasContexts()) controller.~ViewerController();
+    }
+
+    ViewerController controller;
+};
+
 ViewerController& controller() {
-    static ViewerController instance;
-    return instance;
+    static ControllerHolder holder;
+    return holder.controller;
 }
 
 }  // namespace
