@@ -1,0 +1,68 @@
+#!/usr/bin/env bash
+# Tries the zip for Windows in a fresh Wine prefix: try_zip.sh ZIP PRINT_FRAMES_EXE NATIVE_PRINT_FRAMES.
+# Extracts it into a folder with a blank and an umlaut, registers the module with the zip's own file,
+# renders the named frames through COM with a program that lies elsewhere, and unregisters it. The
+# frames have to have the bytes of the native build, and the registry has to be as it was.
+set -euo pipefail
+zip=$(realpath "$1")
+frames=$(realpath "$2")
+native=$(realpath "$3")
+. "$(dirname "$0")/wine_prefix.sh"
+
+fail() {
+    echo "try_zip: $*" >&2
+    exit 1
+}
+
+# run NAME STATUS TEXT FILE: a .cmd file, which must end with this status and print the text.
+run() {
+    local status=0
+    windows 60 cmd /c "$(winepath -w "$4")" /quiet >"$own/$1.txt" || status=$?
+    [ "$status" -eq "$2" ] && grep -q "$3" "$own/$1.txt" ||
+        { cat "$own/$1.txt"; fail "$1 ended with status $status"; }
+}
+
+installedFiles() {
+    find "$WINEPREFIX/drive_c/Program Files" | sort
+}
+
+trap removePrefix EXIT
+makePrefix || fail "Wine does not start"
+registry >"$own/before.reg"
+installedFiles >"$own/before.files"
+
+unzip -q "$zip" -d "$own/Mein Ordner für Bildstörungen"
+folder=$(echo "$own/Mein Ordner für Bildstörungen"/*)
+while read -r file; do
+    ! grep -qv $'\r$' "$file" || fail "$file has lines without a carriage return"
+done < <(find "$folder" -name '*.txt' -o -name '*.cmd')
+for file in "$folder"/*.dll; do
+    ! objdump -h "$file" | grep -q debug || fail "$file has debugging data"
+done
+
+run absent 0 'V_Ruvex is not registered' "$folder/unregister.cmd"
+mkdir "$own/alone"
+cp "$folder/register.cmd" "$own/alone"
+run incomplete 1 'Extract the whole zip file first' "$own/alone/register.cmd"
+registry | diff "$own/before.reg" - || fail "the registry has changed before anything was registered"
+
+# A manual, as a release may have one.
+echo manual >"$folder/Documentation/Velmar4.3.pdf"
+run registered 0 'V_Ruvex is registered' "$folder/register.cmd"
+registry >"$own/registered.reg"
+[ "$(grep -c '^"Module"=.*Mein Ordner f.*V_Ruvex.dll' "$own/registered.reg")" -eq 10 ] ||
+    fail "the ten classes are not those of the extracted module"
+cmp "$folder/Documentation/Velmar4.3.pdf" \
+    "$WINEPREFIX/drive_c/Program Files/Osterlin/Velmar 4.3 for DS10 (64bit)/Documentation/Velmar4.3.pdf"
+
+mkdir "$own/host"
+cp "$frames" "$folder"/{il,dsvwr10,dssdk10}.dll "$own/host"
+windows 900 "$own/host/print_frames.exe" >"$own/frames.txt" || fail "print_frames fails"
+grep -q '^end: looks=' "$own/frames.txt" || fail "print_frames ended early"
+"$native" >"$own/native.txt"
+diff "$own/native.txt" "$own/frames.txt" || fail "the frames differ (< native, > Windows)"
+
+run unregistered 0 'V_Ruvex is no longer registered' "$folder/unregister.cmd"
+registry | diff "$own/before.reg" - || fail "the registry is not as it was"
+installedFiles | diff "$own/before.files" - || fail "files are left"
+echo "The zip's module renders $(grep -vc '^end: ' "$own/frames.txt") frames as the native build does."
