@@ -44,6 +44,8 @@ run absent 0 'V_Ruvex is not registered' "$folder/unregister.cmd"
 mkdir "$own/alone"
 cp "$folder/register.cmd" "$own/alone"
 run incomplete 1 'Extract the whole zip file first' "$own/alone/register.cmd"
+head -c 4096 "$folder/V_Ruvex.dll" >"$own/alone/V_Ruvex.dll"
+run damaged 3 'could not be loaded' "$own/alone/register.cmd"
 registry | diff "$own/before.reg" - || fail "the registry has changed before anything was registered"
 
 # A manual, as a release may have one.

@@ -86,13 +86,16 @@ goto end
 rem The entries are for all users of the computer. The system asks for the rights.
 echo Administrator rights are required. Please answer the system's question.
 set "RUVEX_SCRIPT=%script%"
-set "RUVEX_ACTION=/elevated"
-if "%action%"=="remove" set "RUVEX_ACTION=/elevated /remove"
-if "%wait%"=="no" set "RUVEX_ACTION=%RUVEX_ACTION% /quiet"
-"%system%\WindowsPowerShell\v1.0\powershell.exe" -NoProfile -Command "try { exit (Start-Process -FilePath $env:RUVEX_SCRIPT -ArgumentList $env:RUVEX_ACTION -Verb RunAs -Wait -PassThru).ExitCode } catch { exit 5 }"
+set "RUVEX_OPTIONS=/elevated"
+if "%action%"=="remove" set "RUVEX_OPTIONS=%RUVEX_OPTIONS% /remove"
+if "%wait%"=="no" set "RUVEX_OPTIONS=%RUVEX_OPTIONS% /quiet"
+rem $q is a double quote. cmd removes the outer two; the inner two enclose the path.
+set "RUVEX_START=$q = [string][char]34; $line = '/d /c ' + $q + $q + $env:RUVEX_SCRIPT + $q + ' ' + $env:RUVEX_OPTIONS + $q"
+set "RUVEX_START=%RUVEX_START%; try { exit (Start-Process -FilePath $env:ComSpec -ArgumentList $line -Verb RunAs -Wait -PassThru).ExitCode } catch { exit 5 }"
+"%system%\WindowsPowerShell\v1.0\powershell.exe" -NoProfile -Command "%RUVEX_START%"
 set "result=%errorlevel%"
-if not "%result%"=="0" echo Nothing was changed.
-exit /b %result%
+if "%result%"=="5" echo Nothing was changed.
+if "%result%"=="0" exit /b 0
 
 :end
 if "%wait%"=="yes" pause
