@@ -1,3 +1,10 @@
+// The context draws into a pbuffer: memory of the driver's, as with EGL. To make one takes a
+// context of a window, which is never shown. Without pbuffers (OpenGL 1.1 of the system itself) the
+// context draws into that window's back buffer, which is never swapped. That is the second choice,
+// since a driver may drop what is drawn into a hidden window: only pixels that can be seen belong
+// to it. A framebuffer object would do on Windows, but Mesa sets other pixels in it than in a
+// pbuffer where lines meet, so that pictures under Wine would differ from those of EGL.
+
 #include <windows.h>
 
 #include "runtime/headless_context.h"
@@ -6,16 +13,9 @@
 namespace ruvex::runtime {
 namespace {
 
-// Of framebuffer objects, which <GL/gl.h> does not have there.
-constexpr GLenum kFramebuffer = 0x8D40;
-constexpr GLenum kRenderbuffer = 0x8D41;
-constexpr GLenum kFirstColours = 0x8CE0;
-constexpr GLenum kComplete = 0x8CD5;
-constexpr GLenum kRgba8 = 0x8058;
-
 constexpr int kBitsPerChannel = 8;
 
-/// A class of windows of this name's own, so that several surfaces need not share one.
+/// A class of windows with a name of its own, so that several surfaces need not share one.
 class WindowClass {
 public:
     WindowClass() {
@@ -46,6 +46,7 @@ public:
         : window_(CreateWindowExW(0, className, L"", WS_POPUP, 0, 0, width, height, nullptr,
                                   nullptr, GetModuleHandleW(nullptr), nullptr)) {
         if (!window_) failOffScreen("Windows cannot make a window of this size");
+        setPixelFormat(device());
     }
     HiddenWindow(const HiddenWindow&) = delete;
     HiddenWindow& operator=(const HiddenWindow&) = delete;
@@ -54,29 +55,26 @@ public:
     HDC device() const { return GetDC(window_); }
 
 private:
+    static void setPixelFormat(HDC device) {
+        PIXELFORMATDESCRIPTOR format{};
+        format.nSize = sizeof(format);
+        format.nVersion = 1;
+        format.dwFlags = PFD_DRAW_TO_WINDOW | PFD_SUPPORT_OPENGL | PFD_DOUBLEBUFFER;
+        format.iPixelType = PFD_TYPE_RGBA;
+        format.cColorBits = 3 * kBitsPerChannel;
+        format.cAlphaBits = kBitsPerChannel;
+        const int chosen = ChoosePixelFormat(device, &format);
+        if (!chosen || !SetPixelFormat(device, chosen, &format)) {
+            failOffScreen("Windows has no pixel format for OpenGL with 8 bits a channel");
+        }
+    }
+
     HWND window_;
 };
 
-/// Gives the window of a device context a pixel format for OpenGL.
-void setPixelFormat(HDC device) {
-    PIXELFORMATDESCRIPTOR format{};
-    format.nSize = sizeof(format);
-    format.nVersion = 1;
-    format.dwFlags = PFD_DRAW_TO_WINDOW | PFD_SUPPORT_OPENGL | PFD_DOUBLEBUFFER;
-    format.iPixelType = PFD_TYPE_RGBA;
-    format.cColorBits = 3 * kBitsPerChannel;
-    format.cAlphaBits = kBitsPerChannel;
-    const int chosen = ChoosePixelFormat(device, &format);
-    if (!chosen || !SetPixelFormat(device, chosen, &format)) {
-        failOffScreen("Windows has no pixel format for OpenGL with 8 bits a channel");
-    }
-}
-
 class WglContext {
 public:
-    explicit WglContext(HDC device) {
-        setPixelFormat(device);
-        context_ = wglCreateContext(device);
+    explicit WglContext(HDC device) : context_(wglCreateContext(device)) {
         if (!context_) failOffScreen("Windows cannot make a context");
     }
     WglContext(const WglContext&) = delete;
@@ -89,82 +87,141 @@ private:
     HGLRC context_;
 };
 
+/// Makes a context current as long as it lives, then the one that was current before.
+class MadeCurrent {
+public:
+    MadeCurrent(HDC device, const WglContext& context)
+        : deviceBefore_(wglGetCurrentDC()), contextBefore_(wglGetCurrentContext()) {
+        if (!wglMakeCurrent(device, context.get())) {
+            failOffScreen("Windows cannot make the context current");
+        }
+    }
+    MadeCurrent(const MadeCurrent&) = delete;
+    MadeCurrent& operator=(const MadeCurrent&) = delete;
+    ~MadeCurrent() { wglMakeCurrent(deviceBefore_, contextBefore_); }
+
+private:
+    HDC deviceBefore_;
+    HGLRC contextBefore_;
+};
+
 template <class Function>
 bool findFunction(const char* name, Function& function) {
     function = reinterpret_cast<Function>(reinterpret_cast<void*>(wglGetProcAddress(name)));
     return function != nullptr;
 }
 
-/// Lets the current context draw into, and read, a framebuffer object, which goes with the context.
-/// Changes nothing if the driver has none of this size.
-void useFramebufferObject(LONG width, LONG height) {
-    void(APIENTRY * genFramebuffers)(GLsizei, GLuint*);
-    void(APIENTRY * bindFramebuffer)(GLenum, GLuint);
-    void(APIENTRY * genRenderbuffers)(GLsizei, GLuint*);
-    void(APIENTRY * bindRenderbuffer)(GLenum, GLuint);
-    void(APIENTRY * renderbufferStorage)(GLenum, GLenum, GLsizei, GLsizei);
-    void(APIENTRY * framebufferRenderbuffer)(GLenum, GLenum, GLenum, GLuint);
-    GLenum(APIENTRY * checkFramebufferStatus)(GLenum);
-    if (!findFunction("glGenFramebuffers", genFramebuffers) ||
-        !findFunction("glBindFramebuffer", bindFramebuffer) ||
-        !findFunction("glGenRenderbuffers", genRenderbuffers) ||
-        !findFunction("glBindRenderbuffer", bindRenderbuffer) ||
-        !findFunction("glRenderbufferStorage", renderbufferStorage) ||
-        !findFunction("glFramebufferRenderbuffer", framebufferRenderbuffer) ||
-        !findFunction("glCheckFramebufferStatus", checkFramebufferStatus)) {
-        return;
+/// The functions of WGL_ARB_pixel_format and WGL_ARB_pbuffer.
+struct PbufferFunctions {
+    /// False if the driver of the current context lacks one.
+    bool find() {
+        return findFunction("wglChoosePixelFormatARB", choosePixelFormat) &&
+               findFunction("wglCreatePbufferARB", create) &&
+               findFunction("wglDestroyPbufferARB", destroy) &&
+               findFunction("wglGetPbufferDCARB", getDevice) &&
+               findFunction("wglReleasePbufferDCARB", releaseDevice);
     }
-    GLuint colours = 0, framebuffer = 0;
-    genRenderbuffers(1, &colours);
-    bindRenderbuffer(kRenderbuffer, colours);
-    renderbufferStorage(kRenderbuffer, kRgba8, width, height);
-    genFramebuffers(1, &framebuffer);
-    bindFramebuffer(kFramebuffer, framebuffer);
-    framebufferRenderbuffer(kFramebuffer, kFirstColours, kRenderbuffer, colours);
-    if (checkFramebufferStatus(kFramebuffer) != kComplete) bindFramebuffer(kFramebuffer, 0);
+
+    BOOL(WINAPI* choosePixelFormat)(HDC, const int*, const FLOAT*, UINT, int*, UINT*);
+    HANDLE(WINAPI* create)(HDC, int, int, int, const int*);
+    BOOL(WINAPI* destroy)(HANDLE);
+    HDC(WINAPI* getDevice)(HANDLE);
+    int(WINAPI* releaseDevice)(HANDLE, HDC);
+};
+
+/// Names and values of WGL_ARB_pixel_format's attributes.
+constexpr int kPbufferFormat[] = {
+    0x202D, 1,                // drawn into a pbuffer
+    0x2010, 1,                // by OpenGL
+    0x2011, 1,                // with a back buffer, which is never copied to a screen
+    0x2013, 0x202B,           // pixels are red, green, blue and alpha
+    0x2015, kBitsPerChannel,  // red
+    0x2017, kBitsPerChannel,  // green
+    0x2019, kBitsPerChannel,  // blue
+    0x201B, kBitsPerChannel,  // alpha
+    0,
+};
+
+class Pbuffer {
+public:
+    /// `window` is a device context of the same driver, and `format` one of its pixel formats.
+    Pbuffer(const PbufferFunctions& functions, HDC window, int format, LONG width, LONG height)
+        : functions_(functions) {
+        const int noAttributes[] = {0};
+        buffer_ = functions_.create(window, format, width, height, noAttributes);
+        if (!buffer_) failOffScreen("the driver cannot make a surface of this size");
+        device_ = functions_.getDevice(buffer_);
+    }
+    Pbuffer(const Pbuffer&) = delete;
+    Pbuffer& operator=(const Pbuffer&) = delete;
+    ~Pbuffer() {
+        functions_.releaseDevice(buffer_, device_);
+        functions_.destroy(buffer_);
+    }
+
+    HDC device() const { return device_; }
+
+private:
+    PbufferFunctions functions_;
+    HANDLE buffer_ = nullptr;
+    HDC device_ = nullptr;
+};
+
+/// Throws Error for more pixels than the current context can draw. Wine ends the process if the X
+/// server refuses a pbuffer.
+void checkSize(LONG width, LONG height) {
+    GLint largest[2] = {};
+    gl().glGetIntegerv(GL_MAX_VIEWPORT_DIMS, largest);
+    if (width > largest[0] || height > largest[1]) {
+        failOffScreen("the driver cannot make a surface of this size");
+    }
+}
+
+/// The driver's best format for pbuffers; 0 if it has none.
+int findPbufferFormat(const PbufferFunctions& functions, HDC window) {
+    int format = 0;
+    UINT found = 0;
+    const BOOL done =
+        functions.choosePixelFormat(window, kPbufferFormat, nullptr, 1, &format, &found);
+    return done && found > 0 ? format : 0;
 }
 
 }  // namespace
 
 struct HeadlessContext::System {
     System(LONG width, LONG height)
-        : window(windowClass.name(), width, height), device(window.device()), context(device) {}
+        : window(windowClass.name(), width, height), windowContext(window.device()) {
+        const MadeCurrent current(window.device(), windowContext);
+        checkSize(width, height);
+        PbufferFunctions functions{};
+        const int format = functions.find() ? findPbufferFormat(functions, window.device()) : 0;
+        if (format == 0) return;
+        pbuffer.emplace(functions, window.device(), format, width, height);
+        pbufferContext.emplace(pbuffer->device());
+    }
+
+    HDC device() const { return pbuffer ? pbuffer->device() : window.device(); }
+    const WglContext& context() const { return pbufferContext ? *pbufferContext : windowContext; }
 
     WindowClass windowClass;
     HiddenWindow window;
-    HDC device;
-    WglContext context;
+    WglContext windowContext;
+    std::optional<Pbuffer> pbuffer;
+    std::optional<WglContext> pbufferContext;
 };
 
-// The pixels of a window are its own only where it can be seen: a driver may drop what is drawn
-// into a hidden one. A framebuffer object has its own pixels, and takes nothing but the device
-// context from the window. Without such objects (OpenGL 1.1 of the system itself) the window's back
-// buffer, which is never swapped, is the only place to draw into; if it has no alpha, all pixels
-// are opaque.
 HeadlessContext::HeadlessContext(LONG width, LONG height)
-    : system_(std::make_unique<System>(width, height)) {
-    const CurrentContext current(*this);
-    useFramebufferObject(width, height);
-    gl().glViewport(0, 0, width, height);
-}
+    : system_(std::make_unique<System>(width, height)) {}
 
 HeadlessContext::~HeadlessContext() = default;
 
-struct CurrentContext::Before {
-    HDC device;
-    HGLRC context;
+struct CurrentContext::Before : MadeCurrent {
+    using MadeCurrent::MadeCurrent;
 };
 
 CurrentContext::CurrentContext(const HeadlessContext& own)
-    : before_(std::make_unique<Before>(Before{wglGetCurrentDC(), wglGetCurrentContext()})) {
-    const HeadlessContext::System& system = *own.system_;
-    if (!wglMakeCurrent(system.device, system.context.get())) {
-        failOffScreen("Windows cannot make the context current");
-    }
-}
+    : before_(std::make_unique<Before>(own.system_->device(), own.system_->context())) {}
 
-CurrentContext::~CurrentContext() {
-    wglMakeCurrent(before_->device, before_->context);
-}
+CurrentContext::~CurrentContext() = default;
 
 }  // namespace ruvex::runtime

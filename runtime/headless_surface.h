@@ -15,10 +15,9 @@ namespace ruvex::runtime {
 class CurrentContext;
 class HeadlessContext;
 
-/// Pixels in memory with an OpenGL context of their own (compatibility profile): on Windows of a
-/// window that is never shown, elsewhere of EGL without a window system. A pixel is four bytes:
-/// red, green, blue, alpha; the first row is the bottom one. It is used and released on the thread
-/// that has created it.
+/// Pixels in memory with an OpenGL context of their own (compatibility profile): pbuffers of EGL,
+/// without a window system, or of Windows. A pixel is four bytes: red, green, blue, alpha; the
+/// first row is the bottom one. It is used and released on the thread that has created it.
 class HeadlessSurface final : public ComObject<IViewerSurface> {
 public:
     /// A surface of black, transparent pixels; opaque ones if the driver has no alpha. Its world
