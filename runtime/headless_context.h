@@ -10,7 +10,7 @@
 
 namespace ruvex::runtime {
 
-/// Throws Error for `what` is missing or fails.
+/// Throws Error: nothing can be drawn off screen, and `what` is the reason.
 [[noreturn]] inline void failOffScreen(const std::string& what) {
     throw Error("cannot draw with OpenGL off screen: " + what);
 }

@@ -43,6 +43,18 @@ endOf() {
 restore
 equal || fail "the states depend on their order"
 
+# penActs PLAIN PREFIX: the pictures of this prefix show that the pen is over the control or was.
+penActs() {
+    local picture
+    for picture in "$a/$2"-{hover,press,drag,dragged}-*.ppm; do
+        [ -e "$picture" ] || continue
+        if cmp -s "$picture" "$a/$1.ppm"; then fail "the pen does nothing in $picture"; fi
+    done
+}
+penActs crop-inside crop
+penActs axis-all axis
+penActs rectangle rectangle
+
 setPixel "$b/lines.ppm" 10 250
 differs "lines: 1 pixels differ, the first (10, 250) from the left and the bottom: (64, 64, 64) and (255, 255, 255)"
 restore

@@ -44,6 +44,8 @@ constexpr PenWord kPens[] = {
 
 void usePen(TreePen& tree, Pen pen, VxPosition place, VxPosition target) {
     if (pen == Pen::Away) return;
+    // A pen that starts where it is moved to has not moved.
+    tree.move({-120, -120});
     tree.move(place);
     if (pen == Pen::Over) return;
     tree.press(place);
@@ -60,10 +62,10 @@ struct Handle {
 
 // Axes.
 
-/// Handles of an axis of twice the size. The rotation is one whose sines and arctangents are exact:
-/// those of other angles differ in the last bit between the systems' libraries.
 constexpr std::uint32_t kAllHandles =
     Axis::kCentre | Axis::kAnyScale | Axis::kRotate | Axis::kAspect;
+/// Of an axis of twice the size. The arc is dragged by 90 degrees, whose sine and arctangent are
+/// the same everywhere: of other angles the systems' libraries give other last bits.
 constexpr Handle kAxisHandles[] = {
     {"centre", {0, 0}, {11, -7}},      {"move-x", {-40, 0}, {-25, 9}},
     {"move-y", {0, -40}, {9, -25}},    {"corner", {-74, -74}, {-80, -60}},
