@@ -60,17 +60,18 @@ void VxTInteract::renderControls(const tagVWOPENGLSURFACE& surface) {
 HRESULT VxTInteract::OnRender(IViewerSurface* surface) {
     if (!surface) return E_POINTER;
     const Kept kept(*this);
+    HRESULT drawn = S_OK;
     tagVWOPENGLSURFACE info{};
     if (isEnabled() && openGl() && SUCCEEDED(vwSurfaceBeginRenderOpenGL(surface, &info))) {
         // The render is ended also if drawing runs out of memory.
-        const HRESULT drawn = guarded([&] {
+        drawn = guarded([&] {
             if (canPushAttributes()) renderControls(info);
             return S_OK;
         });
         vwSurfaceEndRenderOpenGL(surface);
-        if (FAILED(drawn)) return drawn;
     }
-    return CDSInteractiveTool::OnRender(surface);
+    const HRESULT status = CDSInteractiveTool::OnRender(surface);
+    return FAILED(drawn) ? drawn : status;
 }
 
 }  // namespace ruvex

@@ -88,7 +88,7 @@ void paint(HWND window) {
     if (GetFocus() == window) DrawFocusRect(canvas.context(), &area);
 }
 
-LRESULT CALLBACK chipProcedure(HWND window, UINT message, WPARAM wide, LPARAM extra) {
+LRESULT CALLBACK chipProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_GETDLGCODE:
             return DLGC_BUTTON;
@@ -99,21 +99,29 @@ LRESULT CALLBACK chipProcedure(HWND window, UINT message, WPARAM wide, LPARAM ex
             setPressed(window, true);
             return 0;
         case WM_LBUTTONUP:
-            release(window, extra);
+            release(window, lParam);
             return 0;
         case WM_CAPTURECHANGED:
-            if (isPressed(window) && reinterpret_cast<HWND>(extra) != window) {
+            if (isPressed(window) && reinterpret_cast<HWND>(lParam) != window) {
                 setPressed(window, false);
             }
             return 0;
+        case WM_KEYDOWN:
+            if (wParam == VK_SPACE) setPressed(window, true);
+            return 0;
         case WM_KEYUP:
-            if (wide == VK_SPACE) choose(window);
+            // Not for a key that went down in another window.
+            if (wParam != VK_SPACE || !isPressed(window)) return 0;
+            setPressed(window, false);
+            choose(window);
             return 0;
         case BM_CLICK:
             choose(window);
             return 0;
-        case WM_SETFOCUS:
         case WM_KILLFOCUS:
+            setPressed(window, false);
+            return 0;
+        case WM_SETFOCUS:
         case WM_ENABLE:
             InvalidateRect(window, nullptr, FALSE);
             return 0;
@@ -123,7 +131,7 @@ LRESULT CALLBACK chipProcedure(HWND window, UINT message, WPARAM wide, LPARAM ex
             paint(window);
             return 0;
         default:
-            return DefWindowProcW(window, message, wide, extra);
+            return DefWindowProcW(window, message, wParam, lParam);
     }
 }
 

@@ -1,13 +1,12 @@
 #include "sdk/controls/group_title.h"
+#include "sdk/controls/window_class_windows.h"
 
 namespace {
 
 constexpr int kMostText = 256;
 
 bool isGroupBox(HWND window) {
-    wchar_t name[kMostText] = {};
-    GetClassNameW(window, name, kMostText);
-    return lstrcmpiW(name, L"Button") == 0 &&
+    return ruvex::controls::hasClass(window, L"Button") &&
            (GetWindowLongW(window, GWL_STYLE) & BS_TYPEMASK) == BS_GROUPBOX;
 }
 

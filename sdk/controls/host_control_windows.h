@@ -26,6 +26,9 @@ void becomeControl(HWND window, const DSControlTitle& title);
 void showNumber(HWND window, const CDSNumberControl& number);
 void showColour(HWND window, const CDSColourChip& chip);
 
+/// Makes a list take the wheel only while it has the focus.
+void watchList(HWND combo);
+
 /// Makes the opened list high enough for so many items.
 void resizeList(HWND combo, int items);
 

@@ -104,7 +104,10 @@ HRESULT DSMakeControls(HWND dialog) {
     const HRESULT status = ruvex::guarded([&] {
         for (HWND window = GetWindow(dialog, GW_CHILD); window;
              window = GetWindow(window, GW_HWNDNEXT)) {
-            if (ruvex::controls::isDropDown(window)) enlargeList(window);
+            if (ruvex::controls::isDropDown(window)) {
+                enlargeList(window);
+                ruvex::controls::watchList(window);
+            }
             const bool ordinary = !GetPropW(window, kDSControlInterface);
             if (ordinary && ruvex::controls::isStatic(window)) {
                 window = makeHostControl(dialog, window);

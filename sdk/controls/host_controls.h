@@ -26,6 +26,10 @@ DSSDK_API void DSReleaseControls(HWND dialog);
 DSSDK_API ComPtr<CDSNumberControl> DSNumberControlOf(HWND control);
 DSSDK_API ComPtr<CDSColourChip> DSColourChipOf(HWND control);
 
+/// Says that the items of a drop-down list are commands: the wheel never chooses one, and keys that
+/// move the selection open the list first.
+DSSDK_API void DSMakeCommandList(HWND list);
+
 /// Sets the text that is shown while the pointer rests on a control; null for none. Throws
 /// std::bad_alloc.
 DSSDK_API void DSSetToolTip(HWND dialog, HWND control, const wchar_t* text);

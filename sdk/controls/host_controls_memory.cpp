@@ -51,9 +51,13 @@ void resizeList(HWND combo, int items) {
                  SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
+void watchList(HWND) {}
+
 void releaseToolTips(HWND) {}
 
 }  // namespace ruvex::controls
+
+void DSMakeCommandList(HWND) {}
 
 void DSSetToolTip(HWND, HWND control, const wchar_t* text) {
     DSSetWindowTip(control, text);

@@ -1,32 +1,19 @@
 // The windows of the host's controls on Windows.
 
-// clang-format off
-#include <windows.h>
-#include <commctrl.h>  // needs the names of windows.h
-// clang-format on
-
-#include <cwchar>
 #include <new>
 #include <string>
+#include <windows.h>
 
 #include "sdk/com/guarded.h"
 #include "sdk/com/utf8.h"
 #include "sdk/controls/control_window_windows.h"
 #include "sdk/controls/host_control_windows.h"
 #include "sdk/controls/host_controls.h"
+#include "sdk/controls/tool_tips_windows.h"
+#include "sdk/controls/window_class_windows.h"
 
 namespace ruvex::controls {
 namespace {
-
-/// The property of a dialog that holds the window of its tool-tips.
-constexpr const wchar_t* kToolTips = L"DSTOOLTIPS";
-
-bool hasClass(HWND window, const wchar_t* name) {
-    constexpr int kLongestName = 64;
-    wchar_t text[kLongestName] = L"";
-    GetClassNameW(window, text, kLongestName);
-    return _wcsicmp(text, name) == 0;
-}
 
 void setText(HWND window, const std::string& text) {
     guarded([&] {
@@ -35,20 +22,14 @@ void setText(HWND window, const std::string& text) {
     });
 }
 
-/// The window of a dialog's tool-tips, created at the first call. Null if that fails.
-HWND toolTipsOf(HWND dialog) {
-    if (const HANDLE known = GetPropW(dialog, kToolTips)) return static_cast<HWND>(known);
-    const INITCOMMONCONTROLSEX classes{sizeof(INITCOMMONCONTROLSEX), ICC_BAR_CLASSES};
-    InitCommonControlsEx(&classes);
-    const HWND tips =
-        CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr,
-                        WS_POPUP | TTS_NOPREFIX | TTS_ALWAYSTIP, CW_USEDEFAULT, CW_USEDEFAULT,
-                        CW_USEDEFAULT, CW_USEDEFAULT, dialog, nullptr, nullptr, nullptr);
-    if (tips) SetPropW(dialog, kToolTips, tips);
-    return tips;
-}
-
 }  // namespace
+
+bool hasClass(HWND window, const wchar_t* name) {
+    constexpr int kLongestName = 64;
+    wchar_t text[kLongestName] = L"";
+    GetClassNameW(window, text, kLongestName);
+    return lstrcmpiW(text, name) == 0;
+}
 
 bool isStatic(HWND window) {
     return hasClass(window, L"Static");
@@ -73,6 +54,10 @@ void becomeControl(HWND window, const DSControlTitle& title) {
 
 void showNumber(HWND window, const CDSNumberControl& number) {
     setText(window, number.text());
+    guarded([&] {
+        if (IsWindow(window)) setTipRemark(window, number.remark());
+        return S_OK;
+    });
 }
 
 void showColour(HWND window, const CDSColourChip&) {
@@ -89,21 +74,4 @@ void resizeList(HWND combo, int items) {
                  SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-void releaseToolTips(HWND dialog) {
-    if (const HANDLE tips = RemovePropW(dialog, kToolTips)) DestroyWindow(static_cast<HWND>(tips));
-}
-
 }  // namespace ruvex::controls
-
-void DSSetToolTip(HWND dialog, HWND control, const wchar_t* text) {
-    const HWND tips = control ? ruvex::controls::toolTipsOf(dialog) : nullptr;
-    if (!tips) return;
-    TOOLINFOW tool{};
-    tool.cbSize = TTTOOLINFOW_V1_SIZE;
-    tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
-    tool.hwnd = dialog;
-    tool.uId = reinterpret_cast<UINT_PTR>(control);
-    SendMessageW(tips, TTM_DELTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
-    tool.lpszText = const_cast<wchar_t*>(text);
-    if (text) SendMessageW(tips, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
-}

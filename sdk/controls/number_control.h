@@ -72,6 +72,8 @@ public:
     std::optional<double> high() const { return options_.high; }
     int decimals() const { return options_.decimals; }
     double value() const { return value_; }
+    /// Whether the field shows a text that has not been entered yet.
+    bool typing() const { return typed_.has_value(); }
     /// What the field shows: the text being typed, or the value.
     std::string text() const;
     /// Why the last entered number was changed: "at least 0", "at most 100", "whole numbers only";

@@ -1,11 +1,17 @@
 // The window of a number control: a field with the number, which the user types, steps with arrow
 // keys and the wheel, and drags sideways.
 
+// clang-format off
+#include <windows.h>
+#include <imm.h>  // needs the names of windows.h
+// clang-format on
+
 #include <cstdlib>
 #include <new>
 #include <string>
 
 #include "sdk/com/guarded.h"
+#include "sdk/controls/clipboard_windows.h"
 #include "sdk/controls/control_window_windows.h"
 #include "sdk/controls/host_controls.h"
 
@@ -16,15 +22,18 @@ namespace {
 constexpr int kDragThreshold = 3;
 /// Between the field's edge and its text.
 constexpr int kIndent = 4;
+
+// Characters of the keyboard.
+constexpr wchar_t kCopy = 3;  // Ctrl+C
 constexpr wchar_t kBackspace = 8;
+constexpr wchar_t kPaste = 22;  // Ctrl+V
 
 /// What a window remembers between messages. The pointer's positions are in pixels of the window.
 struct NumberState {
     HFONT font = nullptr;
-    bool typing = false;  ///< The field shows what the user is typing.
     bool pressed = false;
     int pressedAt = 0;
-    int wheelRest = 0;  ///< Movement of the wheel that is no whole notch yet.
+    int wheelRemainder = 0;  ///< Movement of the wheel that is no whole notch yet.
 };
 
 NumberState* stateOf(HWND window) {
@@ -36,55 +45,87 @@ DSStepKeys heldKeys() {
     return GetKeyState(VK_CONTROL) < 0 ? DSStepKeys::Control : DSStepKeys::None;
 }
 
-/// The user's typing ends: the model has taken the text or dropped it.
-void endTyping(HWND window) {
-    if (NumberState* const state = stateOf(window)) state->typing = false;
-    InvalidateRect(window, nullptr, FALSE);
+bool isTyping(HWND window) {
+    const auto number = DSNumberControlOf(window);
+    return number && number->typing();
+}
+
+/// Also where the number stays the same: its marking changes with the focus.
+void redraw(HWND window) {
+    if (IsWindow(window)) InvalidateRect(window, nullptr, FALSE);
 }
 
 void enter(HWND window) {
     if (const auto number = DSNumberControlOf(window)) number->enter();
-    if (IsWindow(window)) endTyping(window);
+    redraw(window);
 }
 
 void revert(HWND window) {
     if (const auto number = DSNumberControlOf(window)) number->revert();
-    if (!IsWindow(window)) return;
-    if (GetCapture() == window) ReleaseCapture();
-    endTyping(window);
+    if (IsWindow(window) && GetCapture() == window) ReleaseCapture();
+    redraw(window);
 }
 
 void step(HWND window, int steps) {
     if (const auto number = DSNumberControlOf(window)) number->step(steps, heldKeys());
-    if (IsWindow(window)) endTyping(window);
+    redraw(window);
+}
+
+bool isPrintable(wchar_t character) {
+    return character > L' ' && character < 127;
 }
 
 /// The first character replaces the number, a backspace shortens it.
-void type(HWND window, wchar_t character) {
-    const auto number = DSNumberControlOf(window);
-    NumberState* const state = stateOf(window);
-    if (!number || number->dragging() || !state) return;
-    std::string text = number->text();
+void typeInto(CDSNumberControl& number, wchar_t character) {
+    std::string text = number.text();
     if (character == kBackspace) {
         if (!text.empty()) text.pop_back();
-    } else if (character > L' ' && character < 127) {
-        if (!state->typing) text.clear();
-        text += static_cast<char>(character);
     } else {
-        return;
+        if (!number.typing()) text.clear();
+        text += static_cast<char>(character);
     }
-    state->typing = true;
-    number->type(text);
+    number.type(text);
+}
+
+void copyText(HWND window) {
+    if (const auto number = DSNumberControlOf(window)) copyToClipboard(window, number->text());
+}
+
+/// What is pasted replaces the number, as if it had been typed.
+void pasteText(HWND window) {
+    const auto number = DSNumberControlOf(window);
+    if (!number) return;
+    std::string text;
+    for (const wchar_t character : clipboardText(window)) {
+        if (isPrintable(character)) text += static_cast<char>(character);
+    }
+    if (!text.empty()) number->type(text);
+}
+
+void handleCharacter(HWND window, wchar_t character) {
+    const auto number = DSNumberControlOf(window);
+    if (!number || number->dragging()) return;
+    if (character == kCopy) {
+        copyText(window);
+    } else if (character == kPaste) {
+        pasteText(window);
+    } else if (character == kBackspace || isPrintable(character)) {
+        typeInto(*number, character);
+    }
+}
+
+/// All of the number is marked until the user types.
+void clearText(HWND window) {
+    if (const auto number = DSNumberControlOf(window)) number->type("");
 }
 
 void wheel(HWND window, int movement) {
     const auto number = DSNumberControlOf(window);
     NumberState* const state = stateOf(window);
     if (!number || !state) return;
-    const int sum = state->wheelRest + movement;
-    state->wheelRest = sum % WHEEL_DELTA;
-    if (GetFocus() == window) state->typing = false;
-    number->wheel(sum / WHEEL_DELTA, GetFocus() == window, heldKeys());
+    const int sum = state->wheelRemainder + movement;
+    state->wheelRemainder = sum % WHEEL_DELTA;
+    number->wheel(sum / WHEEL_DELTA, true, heldKeys());
 }
 
 void press(HWND window, int x) {
@@ -103,7 +144,6 @@ void movePointer(HWND window, int x) {
     const int moved = x - state->pressedAt;
     if (!number->dragging()) {
         if (std::abs(moved) < kDragThreshold) return;
-        state->typing = false;
         number->beginDrag();
     }
     number->drag(moved, heldKeys());
@@ -119,9 +159,9 @@ void endPress(HWND window) {
 
 void paint(HWND window) {
     const ControlPaint canvas(window);
-    const NumberState* const state = stateOf(window);
+    const bool typing = isTyping(window);
     const bool enabled = IsWindowEnabled(window) != FALSE;
-    const bool selected = enabled && GetFocus() == window && state && !state->typing;
+    const bool selected = enabled && GetFocus() == window && !typing;
     RECT field = canvas.area();
     DrawEdge(canvas.context(), &field, EDGE_SUNKEN, BF_RECT | BF_ADJUST);
     FillRect(canvas.context(), &field, GetSysColorBrush(enabled ? COLOR_WINDOW : COLOR_BTNFACE));
@@ -133,7 +173,7 @@ void paint(HWND window) {
     wchar_t text[128] = L"";
     const int length = GetWindowTextW(window, text, 128);
     DrawTextW(canvas.context(), text, length, &field, DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX);
-    if (!state || !state->typing) return;
+    if (!typing) return;
     SIZE typed{};
     GetTextExtentPoint32W(canvas.context(), text, length, &typed);
     const RECT caret{field.left + typed.cx, field.top + 1, field.left + typed.cx + 1,
@@ -141,12 +181,11 @@ void paint(HWND window) {
     FillRect(canvas.context(), &caret, GetSysColorBrush(COLOR_WINDOWTEXT));
 }
 
-/// Enter and Escape belong to the dialog, but for an entry or a drag under way.
+/// The dialog gets Enter and Escape, except while the user types or drags.
 LRESULT wantedKeys(HWND window, const MSG* message) {
     constexpr LRESULT kAlways = DLGC_WANTARROWS | DLGC_WANTCHARS;
     const auto number = DSNumberControlOf(window);
-    const NumberState* const state = stateOf(window);
-    const bool busy = number && (number->dragging() || (state && state->typing));
+    const bool busy = number && (number->dragging() || number->typing());
     const bool ends = message && (message->wParam == VK_RETURN || message->wParam == VK_ESCAPE);
     return busy && ends ? kAlways | DLGC_WANTMESSAGE : kAlways;
 }
@@ -161,21 +200,29 @@ bool handleKey(HWND window, WPARAM key) {
             return enter(window), true;
         case VK_ESCAPE:
             return revert(window), true;
+        case VK_DELETE:
+            return clearText(window), true;
         default:
             return false;
     }
 }
 
 /// True for a message of the pointer or the keyboard that was handled.
-bool handleInput(HWND window, UINT message, WPARAM wide, LPARAM extra) {
-    const int x = static_cast<short>(LOWORD(extra));
+bool handleInput(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    const int x = static_cast<short>(LOWORD(lParam));
     switch (message) {
         case WM_KEYDOWN:
-            return handleKey(window, wide);
+            return handleKey(window, wParam);
         case WM_CHAR:
-            return type(window, static_cast<wchar_t>(wide)), true;
+            return handleCharacter(window, static_cast<wchar_t>(wParam)), true;
+        case WM_COPY:
+            return copyText(window), true;
+        case WM_PASTE:
+            return pasteText(window), true;
         case WM_MOUSEWHEEL:
-            return wheel(window, static_cast<short>(HIWORD(wide))), true;
+            // Without the focus the wheel scrolls the host's window, if that can be scrolled.
+            if (GetFocus() != window) return false;
+            return wheel(window, static_cast<short>(HIWORD(wParam))), true;
         case WM_LBUTTONDOWN:
         case WM_LBUTTONDBLCLK:
             return press(window, x), true;
@@ -192,20 +239,24 @@ bool handleInput(HWND window, UINT message, WPARAM wide, LPARAM extra) {
     }
 }
 
-LRESULT handle(HWND window, UINT message, WPARAM wide, LPARAM extra) {
-    if (handleInput(window, message, wide, extra)) return 0;
+LRESULT handle(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (handleInput(window, message, wParam, lParam)) return 0;
     NumberState* const state = stateOf(window);
     switch (message) {
         case WM_NCCREATE:
             SetWindowLongPtrW(window, GWLP_USERDATA,
                               reinterpret_cast<LONG_PTR>(new (std::nothrow) NumberState));
             break;
+        case WM_CREATE:
+            // Numbers are typed as they are, in every language.
+            ImmAssociateContext(window, nullptr);
+            break;
         case WM_NCDESTROY:
             SetWindowLongPtrW(window, GWLP_USERDATA, 0);
             delete state;
             break;
         case WM_GETDLGCODE:
-            return wantedKeys(window, reinterpret_cast<const MSG*>(extra));
+            return wantedKeys(window, reinterpret_cast<const MSG*>(lParam));
         case WM_SETFOCUS:
         case WM_ENABLE:
         case WM_SETTEXT:
@@ -215,7 +266,7 @@ LRESULT handle(HWND window, UINT message, WPARAM wide, LPARAM extra) {
             enter(window);
             return 0;
         case WM_SETFONT:
-            if (state) state->font = reinterpret_cast<HFONT>(wide);
+            if (state) state->font = reinterpret_cast<HFONT>(wParam);
             InvalidateRect(window, nullptr, FALSE);
             return 0;
         case WM_GETFONT:
@@ -228,14 +279,14 @@ LRESULT handle(HWND window, UINT message, WPARAM wide, LPARAM extra) {
         default:
             break;
     }
-    return DefWindowProcW(window, message, wide, extra);
+    return DefWindowProcW(window, message, wParam, lParam);
 }
 
 /// An edit for which there is no memory does nothing.
-LRESULT CALLBACK numberProcedure(HWND window, UINT message, WPARAM wide, LPARAM extra) {
+LRESULT CALLBACK numberProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     LRESULT result = 0;
     guarded([&] {
-        result = handle(window, message, wide, extra);
+        result = handle(window, message, wParam, lParam);
         return S_OK;
     });
     return result;

@@ -192,7 +192,11 @@ INT_PTR CDSBasePropertyPage::dialogMessage(HWND dialog, UINT message, WPARAM wid
     if (message != WM_COMMAND || !page) return FALSE;
     // What the command does may close the page.
     const ComPtr<IPropertyPage> kept(page);
-    page->onCommand(LOWORD(wide), HIWORD(wide));
+    // The system, which calls this, must not see exceptions.
+    ruvex::guarded([&] {
+        page->onCommand(LOWORD(wide), HIWORD(wide));
+        return S_OK;
+    });
     return TRUE;
 }
 

@@ -121,6 +121,8 @@ private:
     void updateEntry(const CDSPPGControlMapEntry& entry, double time);
 
     void onCommand(UINT controlId, UINT code);
+    /// Whether a list's items are no values of the object, but commands.
+    bool isCommandList(const CDSPPGControlMapEntry& entry) const;
     bool isEdit(const CDSPPGControlMapEntry& entry, UINT code);
     void onNumber(UINT controlId, DSNumberEdit edit);
     void onChip(UINT controlId);

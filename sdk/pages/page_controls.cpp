@@ -28,6 +28,11 @@ bool isOpened(HWND list) {
 
 }  // namespace
 
+bool CDSBasePropertyPage::isCommandList(const CDSPPGControlMapEntry& entry) const {
+    const CDSParamDef* const definition = definitionOf(entry.property);
+    return definition && definition->capabilities == DSCAPS_USER_INTERFACE;
+}
+
 void CDSBasePropertyPage::listenToControls() {
     for (const CDSPPGControlMapEntry& entry : GetControlMap()->entries()) {
         const HWND control = GetHwndControl(entry.controlId);
@@ -36,6 +41,8 @@ void CDSBasePropertyPage::listenToControls() {
             number->listen([this, id](DSNumberEdit edit) { onNumber(id, edit); });
         } else if (const auto chip = DSColourChipOf(control)) {
             chip->listen([this, id] { onChip(id); });
+        } else if (entry.boundType == VT_I4 && isCommandList(entry)) {
+            DSMakeCommandList(control);
         }
     }
 }

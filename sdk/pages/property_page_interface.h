@@ -22,7 +22,7 @@ using IPropertyPageSite = IUnknown;
 struct PROPPAGEINFO {
     ULONG cb;  ///< size of the record in bytes
     LPOLESTR pszTitle;
-    SIZE size;  ///< in dialog units
+    SIZE size;  ///< in dialog units; on Windows in pixels
     LPOLESTR pszDocString;
     LPOLESTR pszHelpFile;
     DWORD dwHelpContext;

@@ -1,5 +1,10 @@
 // The host's controls in a dialog of the system (tests/sdk/conformance.rc).
 
+// clang-format off
+#include <windows.h>
+#include <commctrl.h>  // needs the names of windows.h
+// clang-format on
+
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -150,6 +155,69 @@ void checkWheel(Checks& checks, HWND window) {
     checks.expect(number->value() == 49.0, "parts of notches add up");
 }
 
+/// The program shows another number, or the wheel turns a little, while the user types.
+void checkInterruptedTyping(Checks& checks, HWND window) {
+    const auto number = DSNumberControlOf(window);
+    if (!number) return;
+    number->show(5.0);
+    typeText(window, "1");
+    number->show(42.0);
+    typeText(window, "7");
+    checks.expect(textOf(window) == L"7", "typing begins anew after the program's number");
+    key(window, VK_ESCAPE);
+    typeText(window, "9");
+    SetFocus(window);
+    SendMessageW(window, WM_MOUSEWHEEL, MAKEWPARAM(0, WHEEL_DELTA / 4), 0);
+    typeText(window, "5");
+    checks.expect(textOf(window) == L"95", "a part of a notch ends no typing");
+    key(window, VK_DELETE);
+    checks.expect(textOf(window).empty(), "Delete clears the field");
+    key(window, VK_ESCAPE);
+    checks.expect(number->value() == 42.0, "Escape drops all of it");
+}
+
+void checkClipboard(Checks& checks, HWND window) {
+    const auto number = DSNumberControlOf(window);
+    if (!number) return;
+    number->show(12.5);
+    constexpr wchar_t kCtrlC = 3, kCtrlV = 22;
+    SendMessageW(window, WM_CHAR, kCtrlC, 0);
+    number->show(1.0);
+    SendMessageW(window, WM_CHAR, kCtrlV, 0);
+    checks.expect(number->typing() && number->text() == number->textOf(12.5, number->decimals()),
+                  "what was copied from a number is pasted into it");
+    key(window, VK_ESCAPE);
+}
+
+std::wstring tipOf(HWND dialog, HWND control) {
+    constexpr std::size_t kLongestTip = 256;
+    wchar_t text[kLongestTip] = L"";
+    TOOLINFOW tool{};
+    tool.cbSize = TTTOOLINFOW_V1_SIZE;
+    tool.hwnd = dialog;
+    tool.uId = reinterpret_cast<UINT_PTR>(control);
+    tool.lpszText = text;
+    const auto tips = static_cast<HWND>(GetPropW(dialog, L"DSTOOLTIPS"));
+    SendMessageW(tips, TTM_GETTEXTW, kLongestTip, reinterpret_cast<LPARAM>(&tool));
+    return text;
+}
+
+/// The tip says why another number was taken than the one that was typed.
+void checkRemark(Checks& checks, HWND dialog, HWND window) {
+    const auto number = DSNumberControlOf(window);
+    if (!number) return;
+    number->show(5.0);
+    DSSetToolTip(dialog, window, L"A number");
+    typeText(window, "99999");
+    key(window, VK_RETURN);
+    checks.expect(tipOf(dialog, window) == L"at most 10000\nA number", "a tip has a remark");
+    typeText(window, "-5");
+    key(window, VK_RETURN);
+    checks.expect(tipOf(dialog, window) == L"at least 0\nA number", "or another one");
+    key(window, VK_UP);
+    checks.expect(tipOf(dialog, window) == L"A number", "which the next change removes");
+}
+
 /// The listener destroys the window with the model.
 void checkDestruction(Checks& checks) {
     const HWND outer = makeDialog(1, nullptr);
@@ -179,6 +247,10 @@ void checkChip(Checks& checks, HWND window) {
     int picks = 0;
     chip->listen([&] { ++picks; });
     chip->SetColour(1, 2, 3, 4);
+    SendMessageW(window, WM_KEYUP, VK_SPACE, 0);
+    checks.expect(proposed == CDSColourChip::Colour{},
+                  "a key that went down elsewhere asks for no colour");
+    key(window, VK_SPACE);
     SendMessageW(window, WM_KEYUP, VK_SPACE, 0);
     checks.expect(proposed == CDSColourChip::Colour{1, 2, 3, 4}, "the colour is proposed");
     checks.expect(picks == 0, "a cancelled question changes nothing");
@@ -247,6 +319,9 @@ void checkControls(Checks& checks) {
     checkTyping(checks, seed);
     checkDragging(checks, seed);
     checkWheel(checks, seed);
+    checkInterruptedTyping(checks, seed);
+    checkClipboard(checks, seed);
+    checkRemark(checks, dialog, seed);
     checkChip(checks, GetDlgItem(dialog, kChip));
     checkList(checks, GetDlgItem(dialog, kCombo));
     DSSetToolTip(dialog, seed, L"A number");

@@ -58,6 +58,58 @@ bool hasId(HWND window, std::uint32_t id) {
     return (static_cast<std::uint32_t>(GetDlgCtrlID(window)) & kLow) == (id & kLow);
 }
 
+/// The size that a host reserves for a page.
+void checkSize(Checks& checks, const runtime::OpenPage& page) {
+    RECT window{};
+    GetWindowRect(page.window(), &window);
+    PROPPAGEINFO info{};
+    const bool known = page.page().GetPageInfo(&info) == S_OK;
+    checks.expect(known && info.size.cx == window.right - window.left &&
+                      info.size.cy == window.bottom - window.top,
+                  "a page says its size in pixels");
+    CoTaskMemFree(info.pszTitle);
+}
+
+/// Sends a turn of the wheel, or a key, to a list that has the focus or not.
+void checkListInput(Checks& checks, PageHost& host) {
+    const Page main = host.open(kRuvexPageId);
+    const HWND type = item(main, IDC_TV_TYPE);
+    const HWND presets = item(main, IDC_PRESETS);
+    const auto wheel = [](HWND list) {
+        SendMessageW(list, WM_MOUSEWHEEL, MAKEWPARAM(0, static_cast<WORD>(-WHEEL_DELTA)), 0);
+    };
+    const auto key = [](HWND list, WPARAM code) { SendMessageW(list, WM_KEYDOWN, code, 0); };
+    SetFocus(item(main, IDC_SEED));
+    const auto steps = host.editor.undoStack().undoCount();
+    wheel(type);
+    checks.expect(host.value(ParameterId::TvType) == 0.0,
+                  "the wheel changes no list without the focus");
+    SetFocus(type);
+    wheel(type);
+    checks.expect(host.value(ParameterId::TvType) == 1.0, "with the focus, it does");
+    key(type, VK_UP);
+    checks.expect(host.value(ParameterId::TvType) == 0.0, "so does an arrow key");
+    SetFocus(presets);
+    wheel(presets);
+    checks.expect(host.editor.undoStack().undoCount() == steps + 2,
+                  "the wheel chooses no preset in a closed list");
+    key(presets, VK_DOWN);
+    checks.expect(SendMessageW(presets, CB_GETDROPPEDSTATE, 0, 0) != 0 &&
+                      host.editor.undoStack().undoCount() == steps + 2,
+                  "an arrow key opens the list of presets and chooses none");
+    key(presets, VK_DOWN);
+    key(presets, VK_ESCAPE);
+    checks.expect(
+        host.editor.undoStack().undoCount() == steps + 2 && textOf(presets) == L"Presets...",
+        "Escape chooses none");
+    key(presets, VK_DOWN);
+    key(presets, VK_DOWN);
+    key(presets, VK_DOWN);
+    key(presets, VK_RETURN);
+    checks.expect(host.editor.undoStack().undoName() == L"Preset: Bad B&W TV",
+                  "Enter chooses the preset that the arrow keys have reached");
+}
+
 void checkGeometry(Checks& checks, PageHost& host) {
     const HINSTANCE module = GetModuleHandleW(L"V_Ruvex.dll");
     int controls = 0;
@@ -65,6 +117,7 @@ void checkGeometry(Checks& checks, PageHost& host) {
     for (const PageKind& kind : kPages) {
         const Page page = host.open(kind.classId);
         const auto dialog = templateOf(module, kind.dialog);
+        checkSize(checks, *page);
         checks.expect(page->window() && dialog, "a page has a window, and a template");
         if (!page->window() || !dialog) continue;
         HWND window = GetWindow(page->window(), GW_CHILD);
@@ -194,6 +247,7 @@ void checkPages(Checks& checks) {
     PageHost host;
     checkGeometry(checks, host);
     checkTvType(checks, host);
+    checkListInput(checks, host);
     checkNumbers(checks, host);
     checkPresets(checks, host);
     checkCrop(checks, host);

@@ -1,5 +1,4 @@
 #include "sdk/pages/dialog_size.h"
-
 #include "sdk/resources/dialog_template.h"
 #include "sdk/resources/module_resource.h"
 
