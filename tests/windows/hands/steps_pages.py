@@ -1,0 +1,179 @@
+"""Lists, check boxes, buttons, presets, and the order of the tab stops."""
+
+import hand
+import screen
+from control_map import COLOUR_TV, GREY_TV, PRESETS, RESETS, TINTED_TV
+from in_step import chip_component
+from screen import expect
+
+TV_TYPE, CONTRAST, CHIP = 1000, 1002, 1009
+FISH_EYE, FILTER = 1113, 1116
+GREY_PRESET, NIGHT_PRESET = 3, 7
+NIGHT_TINT = {"Tint Colour R": 24, "Tint Colour G": 64.5, "Tint Colour B": 30}
+NIGHT_CHIP = [61, 164, 76]
+# More than the tab stops of the window beside its pages: tabs, viewer and time.
+STOPS_ELSEWHERE = 8
+
+
+def tv_type(host):
+    """By the mouse; the tint group and the guns follow (see in_step)."""
+    for value in (TINTED_TV, GREY_TV, COLOUR_TV):
+        before = host.report()
+        after = hand.choose(host, host.page("V_Ruvex").control(TV_TYPE), value)
+        expect(hand.changed(before, after) == {"TV Type": value}, "TV Type is not chosen")
+        hand.check_one_step(host, before, after)
+
+
+def other_lists(host):
+    """Every other list, by the mouse: its last item, then its first one, then the one before."""
+    for title, numbers in (("Shash", (1100,)), ("Effects", (1106, 1117)),
+                           ("Cropping", (5004, 5005))):
+        for number in numbers:
+            control = host.page(title).control(number)
+            for item in (len(control.items) - 1, 0, control.selection):
+                after = hand.choose(host, control, item)
+                expect(after.front.control(number).selection == item, "an item is not chosen")
+
+
+def check_boxes(host):
+    """One by the mouse, one by the blank."""
+    before = host.report()
+    hand.click(host.page("Effects").control(FISH_EYE))
+    clicked = host.report()
+    expect(hand.changed(before, clicked) == {"Fish Eye": 1}, "the mouse does not check the box")
+    screen.keys("Tab")
+    focused = host.report().front.focused
+    expect(focused and focused.id == FILTER, "Tab goes to the next check box")
+    screen.keys("space")
+    after = host.report()
+    expect(hand.changed(clicked, after) == {"Filter": 1}, "the blank does not check the box")
+    hand.check_one_step(host, clicked, after)
+    screen.keys("space")
+    hand.click(after.front.control(FISH_EYE))
+    expect(host.report().values == before.values, "the boxes are not cleared again")
+
+
+def _check_preset(host, before, after):
+    expect(after.page("V_Ruvex").control(PRESETS).text == "Presets...",
+           "the list of presets does not show its title")
+    hand.check_one_step(host, before, after)
+
+
+def _check_no_change(before, after):
+    expect(after.values == before.values, "the same preset again changes a value")
+    expect(after.undo_count == before.undo_count, "the same preset again is a step")
+    expect(after.page("V_Ruvex").control(PRESETS).text == "Presets...",
+           "the list of presets does not show its title")
+
+
+def presets_by_mouse(host):
+    """The same one twice, then another one."""
+    presets = host.page("V_Ruvex").control(PRESETS)
+    before = host.report()
+    grey = hand.choose(host, presets, GREY_PRESET)
+    expect(grey.values["TV Type"] == GREY_TV and grey.values["Num Ghosts"] == 4,
+           "Bad B&W TV is not set")
+    _check_preset(host, before, grey)
+    before = host.report()
+    _check_no_change(before, hand.choose(host, presets, GREY_PRESET))
+    before = host.report()
+    night = hand.choose(host, presets, NIGHT_PRESET)
+    tint = {name: night.values[name] for name in NIGHT_TINT}
+    expect(tint == NIGHT_TINT, f"NightVision sets the tint {tint}")
+    chip = night.page("V_Ruvex").control(CHIP)
+    expect(chip.shown and chip.colour[:3] == NIGHT_CHIP, f"its chip has {chip.colour}")
+    _check_preset(host, before, night)
+
+
+def _choose_by_keys(host, opening, item_key):
+    """Focuses the list of presets, opens it with a key, and chooses with another one and Enter."""
+    control = host.page("V_Ruvex").control(CONTRAST)
+    focused = hand.focus_before(host, control, 2)
+    expect(focused and focused.id == PRESETS, "the list of presets has no focus")
+    # The pointer would choose the item that it lies over.
+    screen.move_to(hand.idle_place(host.look()))
+    before = host.report()
+    screen.keys(opening)
+    expect(host.report().page("V_Ruvex").control(PRESETS).opened, f"{opening} opens no list")
+    screen.keys(item_key, "Return")
+    after = host.report()
+    shown = after.page("V_Ruvex").control(PRESETS)
+    expect(shown.text == "Presets..." and not shown.opened,
+           f"after {opening} and {item_key} the list shows '{shown.text}'")
+    return before, after
+
+
+def presets_by_keyboard(host):
+    """The list is opened by F4 or by Alt with an arrow key; an arrow key chooses the first preset,
+    a letter another one. Each twice in a row."""
+    for opening, item_key, tv_type_then, seed in (("F4", "Down", COLOUR_TV, 7),
+                                                  ("alt+Down", "n", TINTED_TV, 30)):
+        before, after = _choose_by_keys(host, opening, item_key)
+        expect((after.values["TV Type"], after.values["Seed"]) == (tv_type_then, seed),
+               f"{opening} and {item_key} set another preset")
+        _check_preset(host, before, after)
+        _check_no_change(*_choose_by_keys(host, opening, item_key))
+
+
+def undo_and_redo(host):
+    """All properties come back, step by step, through several kinds of edits."""
+    page = host.page("V_Ruvex")
+    reports = [host.report()]
+    reports.append(hand.choose(host, page.control(PRESETS), GREY_PRESET))
+    reports.append(hand.type_number(host, page.control(CONTRAST), "-33.25"))
+    reports.append(hand.choose(host, page.control(PRESETS), NIGHT_PRESET))
+    for earlier in reversed(reports[:-1]):
+        expect(hand.undo(host).values == earlier.values, "undo does not restore all properties")
+    for later in reports[1:]:
+        expect(hand.redo(host).values == later.values, "redo does not restore all properties")
+
+
+def resets(host):
+    """Reset on each page, by the mouse, after all pages have other values than at the start."""
+    for title, number in RESETS.items():
+        before = host.report()
+        hand.click(host.page(title).control(number))
+        after = host.report()
+        expect(after.undo_count == before.undo_count + bool(hand.changed(before, after)),
+               f"Reset of {title} is not one step")
+    expect(after.values == host.first_values, "Reset does not bring back the first values: "
+           f"{[name for name in after.values if after.values[name] != host.first_values[name]]}")
+
+
+def _follows(former, latter):
+    """Whether a control comes after another one for a reader, from the left and from the top."""
+    below = latter.rect.top >= former.rect.bottom
+    beside = latter.rect.left >= former.rect.right
+    # A chip stands in the middle of the rows of its numbers.
+    upward = latter.rect.top < former.rect.top and former.colour is None
+    return below or (beside and not upward)
+
+
+def _walk(host, title):
+    """The tab stops of a page, in the order in which the Tab key reaches them."""
+    page = host.page(title)
+    wanted = [control.id for control in page.controls if control.tab_stop]
+    reached = []
+    for _ in range(2 * len(wanted) + STOPS_ELSEWHERE):
+        screen.keys("Tab")
+        focused = host.report().front.focused
+        if focused and reached and focused.id == reached[0]:
+            break
+        if focused and (reached or focused.id == wanted[0]):
+            reached.append(focused.id)
+    expect(reached == wanted, f"{title}: Tab reaches {reached}, the dialog has {wanted}")
+    return [page.control(number) for number in reached]
+
+
+def tab_stops(host):
+    """On every page, in reading order; for all three types of TV on the first one."""
+    for title in [page.title for page in host.report().pages]:
+        stops = _walk(host, title)
+        print("    " + title + ": " + " ".join(str(control.id) for control in stops))
+        for former, latter in zip(stops, stops[1:]):
+            expect(_follows(former, latter),
+                   f"{title}: {latter.id} comes after {former.id}, against the reading order")
+
+
+STEPS = (tv_type, other_lists, check_boxes, presets_by_mouse, presets_by_keyboard, undo_and_redo,
+         tab_stops, resets)
