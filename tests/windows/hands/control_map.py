@@ -53,8 +53,9 @@ LISTS = {
 CHECK_BOXES = {
     "Effects": {1113: "Fish Eye", 1116: "Filter"},
     "Cropping": {5012: "Display Cropped"},
-    "Help": {1119: "Hide Overlay Controls"},
 }
+# A page's own switch: its property stays 0, whether or not the box is checked.
+LOCAL_CHECK_BOXES = {"Help": {1119: "Hide Overlay Controls"}}
 
 CHIPS = {
     "V_Ruvex": {1009: ("Tint Colour R", "Tint Colour G", "Tint Colour B")},

@@ -36,7 +36,7 @@ def type_number(host, control, text, end="Tab"):
     return host.report()
 
 
-def _text_pixels(rows):
+def text_pixels(rows):
     colours = [colour for row in rows for colour in row]
     return len(colours) - max(map(colours.count, set(colours)))
 
@@ -44,7 +44,7 @@ def _text_pixels(rows):
 def _has_text(rows, item, count):
     """Whether the part of one of `count` items, one below the other, has text."""
     first, last = len(rows) * item // count, len(rows) * (item + 1) // count
-    return _text_pixels(rows[first + 1:last - 1]) >= FEWEST_TEXT_PIXELS
+    return text_pixels(rows[first + 1:last - 1]) >= FEWEST_TEXT_PIXELS
 
 
 def _wait_for_items(area, count):

@@ -16,11 +16,13 @@ import steps_colours
 import steps_crop
 import steps_numbers
 import steps_pages
+import steps_tips
 from host import Host
 from screen import Failure
 
 PICTURE_SIZE = "480x360"
-STEPS = (*steps_numbers.STEPS, *steps_pages.STEPS, *steps_colours.STEPS, *steps_crop.STEPS)
+STEPS = (*steps_tips.STEPS, *steps_numbers.STEPS, *steps_pages.STEPS, *steps_colours.STEPS,
+         *steps_crop.STEPS)
 
 
 def run_step(host, step):

@@ -52,7 +52,8 @@ def _check_chip(control, names, values):
 
 def _check_completeness(report):
     """Each control with a value is one that the map knows."""
-    tables = (control_map.NUMBERS, control_map.LISTS, control_map.CHECK_BOXES, control_map.CHIPS)
+    tables = (control_map.NUMBERS, control_map.LISTS, control_map.CHECK_BOXES,
+              control_map.LOCAL_CHECK_BOXES, control_map.CHIPS)
     for page in report.pages:
         known = {number for table in tables for number in table.get(page.title, {})}
         present = {control.id for control in page.controls
@@ -95,6 +96,8 @@ def check_in_step(report, typed=None):
         for number, name in control_map.CHECK_BOXES.get(page.title, {}).items():
             checked = page.control(number).checked
             expect(checked == (values[name] != 0), f"{name} is {values[name]}, checked: {checked}")
+        for name in control_map.LOCAL_CHECK_BOXES.get(page.title, {}).values():
+            expect(values[name] == 0, f"{name} is written: {values[name]}")
         for number, names in control_map.CHIPS.get(page.title, {}).items():
             _check_chip(page.control(number), names, values)
     _check_states(report)

@@ -165,15 +165,25 @@ def _walk(host, title):
     return [page.control(number) for number in reached]
 
 
+def _check_walk(host, title):
+    stops = _walk(host, title)
+    print("    " + title + ": " + " ".join(str(control.id) for control in stops))
+    for former, latter in zip(stops, stops[1:]):
+        expect(_follows(former, latter),
+               f"{title}: {latter.id} comes after {former.id}, against the reading order")
+
+
 def tab_stops(host):
-    """On every page, in reading order; for all three types of TV on the first one."""
-    for title in [page.title for page in host.report().pages]:
-        stops = _walk(host, title)
-        print("    " + title + ": " + " ".join(str(control.id) for control in stops))
-        for former, latter in zip(stops, stops[1:]):
-            expect(_follows(former, latter),
-                   f"{title}: {latter.id} comes after {former.id}, against the reading order")
+    """On every page, in reading order, with all controls enabled; on the first one for all three
+    types of TV."""
+    hand.click(host.page("Effects").control(FISH_EYE))
+    for value in (TINTED_TV, GREY_TV, COLOUR_TV):
+        hand.choose(host, host.page("V_Ruvex").control(TV_TYPE), value)
+        _check_walk(host, "V_Ruvex")
+    for page in host.report().pages[1:]:
+        _check_walk(host, page.title)
+    hand.click(host.page("Effects").control(FISH_EYE))
 
 
-STEPS = (tv_type, other_lists, check_boxes, presets_by_mouse, presets_by_keyboard, undo_and_redo,
-         tab_stops, resets)
+STEPS = (tv_type, other_lists, check_boxes, tab_stops, presets_by_mouse, presets_by_keyboard,
+         undo_and_redo, resets)
