@@ -1,0 +1,19 @@
+# The second part of scripts/test-windows: windows that are shown. It has a prefix and an X server of
+# its own. Sourced there, with the functions of wine.sh.
+
+echo "== Starting Wine with a screen"
+start_wine with-screen
+use_screen
+windows 60 regsvr32 /s "$module" || fail "the module cannot be registered"
+
+echo "== The property pages, shown"
+check pages-on-screen 60 "$bin/windows_check.exe" pages
+
+# ---- The scripted states of the on-screen controls: drawn here and natively, and compared. ----
+
+echo "== Mouse and keyboard"
+mkdir -p "$out/hands"
+timeout 300 python3 -B tests/windows/hands/hands.py "$bin/page_host.exe" "$out/hands" \
+    >"$out/hands.txt" 2>&1 || { cat "$out/hands.txt"; fail "see the picture in $out/hands"; }
+tail -n 1 "$out/hands.txt"
+tail -n 1 "$out/hands.txt" | grep -q '^end: hands .* failed=0 ' || fail "the hands ended early"
