@@ -98,7 +98,8 @@ class Host:
     def close(self):
         """Closes the window as a user does; the program has to end in order."""
         self._check_alive()
-        screen.keys("alt+F4")
+        # Ctrl+Tab gives the focus to the tabs: in a list, Alt+F4 would open that.
+        screen.keys("ctrl+Tab", "alt+F4")
         try:
             status = self.process.wait(END_SECONDS)
         except subprocess.TimeoutExpired as error:

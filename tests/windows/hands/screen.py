@@ -96,12 +96,23 @@ def screenshot(file):
     _run("import", "-window", "root", str(file))
 
 
+def _part(rect):
+    return f"{rect.right - rect.left}x{rect.bottom - rect.top}+{rect.left}+{rect.top}"
+
+
+def save_part(rect, colours, file):
+    """A part of the screen as a PNG with a palette, always with the same bytes for the same
+    pixels."""
+    _run("import", "-window", "root", "-crop", _part(rect), "+repage", "+dither", "-colors",
+         str(colours), "-strip", "-define", "png:exclude-chunks=date,time", f"png8:{file}")
+
+
 def pixels(rect):
     """The rows of a part of the screen, each a list of (red, green, blue)."""
     width, height = rect.right - rect.left, rect.bottom - rect.top
-    part = f"{width}x{height}+{rect.left}+{rect.top}"
-    data = _run("import", "-window", "root", "-crop", part, "+repage", "-depth", "8", "rgb:-")
-    expect(len(data) == width * height * 3, f"{part} is not on the screen")
+    data = _run("import", "-window", "root", "-crop", _part(rect), "+repage", "-depth", "8",
+                "rgb:-")
+    expect(len(data) == width * height * 3, f"{_part(rect)} is not on the screen")
     colours = list(zip(data[0::3], data[1::3], data[2::3]))
     return [colours[row * width:(row + 1) * width] for row in range(height)]
 
