@@ -5,6 +5,8 @@ from screen import NewWindow, expect, wait_for
 
 LIST_SECONDS = 5
 LIST_BORDER = 1
+# The height of a line in the dialogs' font, in pixels.
+LOWEST_ITEM = 17
 # Fewer pixels of another colour than the item's background are no text.
 FEWEST_TEXT_PIXELS = 10
 
@@ -50,6 +52,8 @@ def _has_text(rows, item, count):
 def _wait_for_items(area, count):
     """Each item of the opened list has its text on the screen."""
     expect(area.top >= 0 and area.left >= 0, "the list is opened beyond the screen")
+    expect(area.bottom - area.top >= count * LOWEST_ITEM + 2 * LIST_BORDER,
+           f"the opened list has no room for {count} items")
 
     def visible():
         rows = screen.pixels(screen.inset(area, LIST_BORDER + 1))

@@ -21,6 +21,7 @@ class Host:
     def __init__(self, program, folder, *options):
         self.folder = os.path.abspath(folder)
         self.file = os.path.join(self.folder, "report.json")
+        self.last_file = os.path.join(self.folder, "last-report.json")
         self.output = open(os.path.join(self.folder, "page_host.txt"), "w+b")
         self._remove_report()
         windows_file = "Z:" + self.file.replace("/", "\\")
@@ -76,7 +77,8 @@ class Host:
             self._check_alive()
             return os.path.exists(self.file)
         wait_for(written, REPORT_SECONDS, "report")
-        with open(self.file, encoding="utf-8") as file:
+        os.replace(self.file, self.last_file)
+        with open(self.last_file, encoding="utf-8") as file:
             return Report(json.load(file))
 
     def report(self, typed=None):
