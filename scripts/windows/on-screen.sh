@@ -9,7 +9,13 @@ windows 60 regsvr32 /s "$module" || fail "the module cannot be registered"
 echo "== The property pages, shown"
 check pages-on-screen 60 "$bin/windows_check.exe" pages
 
-# ---- The scripted states of the on-screen controls: drawn here and natively, and compared. ----
+echo "== The scripted states of the on-screen controls, in both builds"
+check overlay 120 "$bin/overlay_states.exe" "$out/overlay-windows"
+build/release/tests/overlay_states "$out/overlay-native" >"$out/overlay-native.txt" ||
+    { cat "$out/overlay-native.txt"; fail "natively"; }
+build/release/tests/overlay_states --compare "$out/overlay-native" "$out/overlay-windows" \
+    >"$out/overlay-compared.txt" || { cat "$out/overlay-compared.txt"; fail "controls differ"; }
+tail -n 1 "$out/overlay-compared.txt"
 
 echo "== Mouse and keyboard"
 mkdir -p "$out/hands"
