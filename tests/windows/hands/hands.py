@@ -6,7 +6,6 @@ FOLDER gets the log and, if a step fails, a screenshot and the last report. The 
 the Windows is WINEPREFIX, in which the module is registered. The last line is "end: hands ..."."""
 
 import os
-import subprocess
 import sys
 import time
 import traceback
@@ -45,7 +44,7 @@ def run_steps(program, folder, steps):
         name = "close"
         host.close()
         return True
-    except (Failure, subprocess.SubprocessError, KeyError, ValueError) as error:
+    except Exception as error:  # whatever it is, the screen at this moment explains most
         print(f"{name}: {error}", flush=True)
         if not isinstance(error, Failure):
             traceback.print_exc(file=sys.stdout)
@@ -59,6 +58,8 @@ def run_steps(program, folder, steps):
 def main():
     program, folder, *names = sys.argv[1:]
     steps = [step for step in STEPS if not names or step.__name__ in names]
+    if len(steps) < len(names):
+        sys.exit("no such step; there are " + " ".join(step.__name__ for step in STEPS))
     began = time.monotonic()
     passed = run_steps(program, folder, steps)
     print(f"end: hands steps={len(steps)} failed={0 if passed else 1} "

@@ -2,7 +2,8 @@
 
 Usage: make_pictures.py PAGE_HOST_EXE PICTURE FOLDER WORK_FOLDER
 
-PICTURE is shown in the viewer. FOLDER gets a PNG with a palette for each page, and viewer.png; WORK_FOLDER the program's output.
+PICTURE is shown in the viewer. FOLDER gets a PNG with a palette for each page, and viewer.png;
+WORK_FOLDER gets the output of the program.
 The display is DISPLAY, the Windows is WINEPREFIX, in which the module is registered."""
 
 import os

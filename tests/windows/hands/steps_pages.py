@@ -3,7 +3,6 @@
 import hand
 import screen
 from control_map import COLOUR_TV, GREY_TV, PRESETS, RESETS, TINTED_TV
-from in_step import chip_component
 from screen import expect
 
 TV_TYPE, CONTRAST, CHIP = 1000, 1002, 1009
