@@ -6,6 +6,8 @@ from screen import expect
 
 CONTRAST, BRIGHTNESS, SEED, MASTER, SPEED = 1002, 1003, 1001, 1005, 1007
 VERT_ROLL = 1097
+ROLL_TIP = ("The maximum speed of vertical roll (pixels per second) of the image "
+            "(when the 'Master Breakup' reaches 100%).")
 DRAG_PIXELS, DRAG_STEPS = 100, 50
 
 
@@ -65,13 +67,17 @@ def wheel(host):
 
 
 def widened_range(host):
-    """The page widens the range of Vert Roll Speed Max, which its template limits to 1000."""
+    """The page widens the range of Vert Roll Speed Max, which its template limits to 1000. The
+    tool-tip of a number that was changed begins with the reason."""
     roll = host.page("Breakup 2").control(VERT_ROLL)
-    for typed, value in (("10000", 10000), ("10001", 10000), ("-10000", -10000),
-                         ("-10001", -10000), ("9999.5", 9999.5)):
+    for typed, value, reason in (("10000", 10000, ""), ("10001", 10000, "at most 10000\n"),
+                                 ("-10001", -10000, "at least -10000\n"),
+                                 ("-10000", -10000, ""), ("9999.5", 9999.5, "")):
         after = hand.type_number(host, roll, typed, "Return")
         expect(after.values["Vert Roll Speed Max"] == value, f"{typed} is taken as "
                f"{after.values['Vert Roll Speed Max']}")
+        tip = after.front.control(VERT_ROLL).tip
+        expect(tip == reason + ROLL_TIP, f"after {typed} the tool-tip is '{tip}'")
 
 
 # What is typed into TV Brightness, the key that ends it, and the value then. Before each, it is 7.
@@ -97,13 +103,31 @@ def empty_entry(host):
     """A number from which all characters are deleted stays as it was."""
     brightness = host.page("V_Ruvex").control(BRIGHTNESS)
     before = hand.type_number(host, brightness, "12.25", "Return")
-    hand.click(brightness)
-    screen.keys(*["BackSpace"] * 5)
-    expect(host.report(typed={BRIGHTNESS: ""}).values == before.values, "deleting changes a value")
+    for deleting in (["BackSpace"] * 5, ["Delete"]):
+        hand.click(brightness)
+        screen.keys(*deleting)
+        typing_nothing = host.report(typed={BRIGHTNESS: ""})
+        expect(typing_nothing.values == before.values, "deleting changes a value")
+        screen.keys("Tab")
+        after = host.report()
+        expect(after.values == before.values, "an empty entry changes a value")
+        expect(after.undo_count == before.undo_count, "an empty entry is a step")
+
+
+def copy_and_paste(host):
+    """Ctrl+C takes the number, Ctrl+V types it elsewhere."""
+    page = host.page("V_Ruvex")
+    before = hand.type_number(host, page.control(CONTRAST), "-21.75")
+    hand.click(page.control(CONTRAST))
+    screen.keys("ctrl+c")
+    hand.click(page.control(BRIGHTNESS))
+    screen.keys("ctrl+v")
+    pasted = host.report(typed={BRIGHTNESS: "-21.75"})
+    expect(pasted.values == before.values, "pasting alone changes a value")
     screen.keys("Tab")
     after = host.report()
-    expect(after.values == before.values, "an empty entry changes a value")
-    expect(after.undo_count == before.undo_count, "an empty entry is a step")
+    expect(hand.changed(before, after) == {"TV Brightness": -21.75}, "the number is not pasted")
 
 
-STEPS = (typing, dragging, escape_while_dragging, wheel, widened_range, wrong_input, empty_entry)
+STEPS = (typing, dragging, escape_while_dragging, wheel, widened_range, wrong_input, empty_entry,
+         copy_and_paste)

@@ -7,6 +7,7 @@ from screen import expect
 
 TV_TYPE, CONTRAST, CHIP = 1000, 1002, 1009
 FISH_EYE, FILTER = 1113, 1116
+BLUR, REPEAT_FRAMES, BORDER_ALPHA = 1111, 1112, 1117
 GREY_PRESET, NIGHT_PRESET = 3, 7
 NIGHT_TINT = {"Tint Colour R": 24, "Tint Colour G": 64.5, "Tint Colour B": 30}
 NIGHT_CHIP = [61, 164, 76]
@@ -84,34 +85,77 @@ def presets_by_mouse(host):
     _check_preset(host, before, night)
 
 
-def _choose_by_keys(host, opening, item_key):
-    """Focuses the list of presets, opens it with a key, and chooses with another one and Enter."""
+def _focus_presets(host):
     control = host.page("V_Ruvex").control(CONTRAST)
     focused = hand.focus_before(host, control, 2)
     expect(focused and focused.id == PRESETS, "the list of presets has no focus")
     # The pointer would choose the item that it lies over.
     screen.move_to(hand.idle_place(host.look()))
-    before = host.report()
+    return host.report()
+
+
+def _choose_by_keys(host, opening, *item_keys):
+    """Focuses the list of presets, opens it with a key, and chooses with other ones and Enter."""
+    before = _focus_presets(host)
     screen.keys(opening)
     expect(host.report().page("V_Ruvex").control(PRESETS).opened, f"{opening} opens no list")
-    screen.keys(item_key, "Return")
+    screen.keys(*item_keys, "Return")
     after = host.report()
     shown = after.page("V_Ruvex").control(PRESETS)
     expect(shown.text == "Presets..." and not shown.opened,
-           f"after {opening} and {item_key} the list shows '{shown.text}'")
+           f"after {opening} and {item_keys} the list shows '{shown.text}'")
     return before, after
 
 
+# How the list is opened, how an item is chosen, and TV Type and Seed of its preset.
+PRESET_KEYS = ((("F4", "Down", "Down", "Down"), (GREY_TV, 20)),
+               (("alt+Down", "Down"), (COLOUR_TV, 7)),
+               (("alt+Down", "n"), (TINTED_TV, 30)))
+
+
 def presets_by_keyboard(host):
-    """The list is opened by F4 or by Alt with an arrow key; an arrow key chooses the first preset,
-    a letter another one. Each twice in a row."""
-    for opening, item_key, tv_type_then, seed in (("F4", "Down", COLOUR_TV, 7),
-                                                  ("alt+Down", "n", TINTED_TV, 30)):
-        before, after = _choose_by_keys(host, opening, item_key)
-        expect((after.values["TV Type"], after.values["Seed"]) == (tv_type_then, seed),
-               f"{opening} and {item_key} set another preset")
+    """The list is opened by F4 or by Alt with an arrow key; arrow keys or a letter move to a
+    preset. Each twice in a row."""
+    for keys, wanted in PRESET_KEYS:
+        before, after = _choose_by_keys(host, *keys)
+        expect((after.values["TV Type"], after.values["Seed"]) == wanted,
+               f"{keys} set another preset")
         _check_preset(host, before, after)
-        _check_no_change(*_choose_by_keys(host, opening, item_key))
+        _check_no_change(*_choose_by_keys(host, *keys))
+
+
+def presets_not_chosen(host):
+    """Arrow keys in the opened list, and then Escape; the wheel over the closed list."""
+    before = _focus_presets(host)
+    screen.keys("F4", "Down", "Down")
+    expect(host.look().values == before.values, "arrow keys choose a preset before Enter does")
+    screen.keys("Escape")
+    _check_no_change(before, host.report())
+    before = _focus_presets(host)
+    screen.move_to(screen.middle(before.front.control(PRESETS).rect))
+    screen.turn_wheel(-2)
+    _check_no_change(before, host.report())
+
+
+def wheel_over_lists(host):
+    """The wheel changes a list with the focus, and no other."""
+    lists = host.page("Effects")
+    hand.focus_before(host, lists.control(BLUR), 1)
+    before = host.report()
+    expect(before.front.focused is None, "a control of the page has the focus")
+    border = lists.control(BORDER_ALPHA)
+    screen.move_to(screen.middle(border.rect))
+    screen.turn_wheel(-1)
+    expect(host.report().values == before.values, "the wheel changes a list without the focus")
+    hand.click(lists.control(REPEAT_FRAMES))
+    screen.keys("Tab")
+    expect(host.report().front.control(BORDER_ALPHA).focus, "the list has no focus")
+    screen.move_to(screen.middle(border.rect))
+    screen.turn_wheel(-1)
+    after = host.report()
+    expect(hand.changed(before, after) == {"Border Alpha": 1}, "the wheel does not move the list")
+    hand.check_one_step(host, before, after)
+    hand.undo(host)
 
 
 def undo_and_redo(host):
@@ -185,4 +229,4 @@ def tab_stops(host):
 
 
 STEPS = (tv_type, other_lists, check_boxes, tab_stops, presets_by_mouse, presets_by_keyboard,
-         undo_and_redo, resets)
+         presets_not_chosen, wheel_over_lists, undo_and_redo, resets)
