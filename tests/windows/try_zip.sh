@@ -2,17 +2,13 @@
 # Tries the zip for Windows in a fresh Wine prefix: try_zip.sh ZIP PRINT_FRAMES_EXE NATIVE_PRINT_FRAMES.
 # Extracts it into a folder with a blank and an umlaut, registers the module with the zip's own file,
 # renders the named frames through COM with a program that lies elsewhere, and unregisters it. The
-# frames have to have the bytes of the native build, and the registry has to be as it was.
+# frames have to have the bytes of the native build, and the registry has to be as it was. Then starts
+# the zip's host program on an X server.
 set -euo pipefail
 zip=$(realpath "$1")
 frames=$(realpath "$2")
 native=$(realpath "$3")
-. "$(dirname "$0")/wine_prefix.sh"
-
-fail() {
-    echo "try_zip: $*" >&2
-    exit 1
-}
+. "$(dirname "$0")/../../scripts/windows/wine.sh"
 
 # run NAME STATUS TEXT FILE: a .cmd file, which must end with this status and print the text.
 run() {
@@ -26,8 +22,19 @@ installedFiles() {
     find "$WINEPREFIX/drive_c/Program Files" | sort
 }
 
-trap removePrefix EXIT
-makePrefix || fail "Wine does not start"
+# Every key and value of the registry, without times and without the system's own keys, some of which
+# change by themselves.
+registry() {
+    # The registry's files are complete when the server has ended.
+    stop_wine
+    awk '/^\[/ { left_out = tolower($0) ~ /^\[(software\\\\(wow6432node\\\\)?microsoft|system|hardware)\\\\/
+                 sub(/ [0-9]+$/, "") }
+         /^#time=/ || left_out { next }
+         { print }' "$WINEPREFIX"/{system,user}.reg
+}
+
+start_wine zip
+use_no_screen
 registry >"$own/before.reg"
 installedFiles >"$own/before.files"
 
@@ -67,4 +74,24 @@ diff "$own/native.txt" "$own/frames.txt" || fail "the frames differ (< native, >
 run unregistered 0 'V_Ruvex is no longer registered' "$folder/unregister.cmd"
 registry | diff "$own/before.reg" - || fail "the registry is not as it was"
 installedFiles | diff "$own/before.files" - || fail "files are left"
+
+# The host program, on a screen of its own: it shows the eight pages, and ends when it is closed.
+start_wine shown
+use_screen
+run registered 0 'V_Ruvex is registered' "$folder/register.cmd"
+windows 120 "$folder/page_host.exe" --report "$(winepath -w "$own/report.json")" >"$own/page_host.txt" &
+host=$!
+# page_host shows its window when all is ready; without a window manager, keys go where the pointer is.
+timeout 60 xdotool search --sync --onlyvisible --name '^V_Ruvex' >/dev/null || fail "page_host shows no window"
+xdotool mousemove 640 512
+for _ in $(seq 100); do
+    [ ! -e "$own/report.json" ] || break
+    xdotool key F12
+    sleep 0.2
+done
+[ "$(grep -c '^   "class": "{\?[0-9A-F-]*}\?"' "$own/report.json")" -eq 8 ] || fail "page_host does not show eight pages"
+xdotool key alt+F4
+wait "$host" || fail "page_host fails"
+grep -q '^end: page_host' "$own/page_host.txt" || fail "page_host ended early"
+
 echo "The zip's module renders $(grep -vc '^end: ' "$own/frames.txt") frames as the native build does."
