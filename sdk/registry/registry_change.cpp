@@ -24,6 +24,7 @@ bool holds(const std::vector<RegistryValue>& values, const std::wstring& name) {
     return std::ranges::find(values, name, &RegistryValue::name) != values.end();
 }
 
+/// Writes a key's values as they were before the change, and removes all others.
 void restore(const RegistrySnapshot& before) {
     const RegistryKey key = RegistryKey::create(before.path);
     if (!key) return;
@@ -54,7 +55,10 @@ void RegistryChange::putBack() const {
     const std::vector<RegistrySnapshot> now = snapshotsOf(places_);
     for (const RegistrySnapshot& key : now | std::views::reverse) {
         const auto known = std::ranges::find(before_, key.path, &RegistrySnapshot::path);
-        if (known == before_.end()) removeRegistryKeyIfEmpty(key.path);
+        if (known != before_.end()) continue;
+        // Subkeys come first. A new key in which another program has made a subkey stays.
+        restore({key.path, {}});
+        removeRegistryKeyIfEmpty(key.path);
     }
     for (const RegistrySnapshot& key : before_) restore(key);
 }

@@ -138,7 +138,8 @@ bool removeRegistryTree(const std::wstring& path) {
 }
 
 void removeRegistryKeyIfEmpty(const std::wstring& path) {
-    RegDeleteKeyW(kRoot, path.c_str());
+    const RegistryKey key = RegistryKey::open(path);
+    if (key && key.empty()) RegDeleteKeyW(kRoot, path.c_str());
 }
 
 }  // namespace ruvex

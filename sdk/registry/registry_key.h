@@ -55,6 +55,9 @@ public:
     /// The names of the direct subkeys. Throws RegistryUnreadable.
     std::vector<std::wstring> names() const;
 
+    /// Whether the key has neither subkeys nor values. Throws RegistryUnreadable.
+    bool empty() const { return names().empty() && values().empty(); }
+
 private:
     explicit RegistryKey(HKEY key) : key_(key) {}
 
@@ -67,7 +70,8 @@ bool registryKeyExists(const std::wstring& path);
 /// Deletes a key with all subkeys. True if it is deleted or did not exist.
 bool removeRegistryTree(const std::wstring& path);
 
-/// Deletes a key unless it has subkeys.
+/// Deletes a key that has neither subkeys nor values; does nothing for another one and for a
+/// missing one. Throws RegistryUnreadable.
 void removeRegistryKeyIfEmpty(const std::wstring& path);
 
 }  // namespace ruvex

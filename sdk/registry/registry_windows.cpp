@@ -122,14 +122,11 @@ bool writeFamily(const DSRegisteredFamily& entry, DWORD order) {
            key.set(L"Order", order);
 }
 
-void removeIfEmpty(const std::wstring& path) {
-    const RegistryKey key = RegistryKey::open(path);
-    if (key && key.names().empty()) ruvex::removeRegistryKeyIfEmpty(path);
-}
-
 /// Deletes the host's keys if no effect is registered any more.
 void removeEmptyKeys() {
-    for (const std::wstring& path : {kClasses, kFamilies, kHost}) removeIfEmpty(path);
+    for (const std::wstring& path : {kClasses, kFamilies, kHost}) {
+        ruvex::removeRegistryKeyIfEmpty(path);
+    }
 }
 
 template <class Operation>
@@ -200,7 +197,7 @@ public:
                 if (one == REGDB_E_WRITEREGDB) return one;
                 if (one == S_OK) status = S_OK;
             }
-            removeIfEmpty(familiesOf(classId));
+            ruvex::removeRegistryKeyIfEmpty(familiesOf(classId));
             return status;
         });
     }
