@@ -4,6 +4,25 @@
 
 #ifdef _WIN32
 
+#include "sdk/com/utf8.h"
+
+namespace {
+
+/// The system's sentence for an error, with the error's number.
+std::string systemErrorText(DWORD error) {
+    constexpr DWORD kFlags = FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS;
+    wchar_t buffer[1024];
+    const DWORD length =
+        FormatMessageW(kFlags, nullptr, error, 0, buffer, std::size(buffer), nullptr);
+    std::wstring text(buffer, length);
+    // The sentence ends with a full stop and a new line.
+    text.resize(text.find_last_not_of(L". \r\n") + 1);
+    if (text.empty()) text = L"system error";
+    return ruvex::toUtf8(text) + " (" + std::to_string(error) + ")";
+}
+
+}  // namespace
+
 struct DSDynamicLibrary::State {
     HMODULE handle = nullptr;
 };
@@ -12,7 +31,7 @@ std::unique_ptr<DSDynamicLibrary> DSDynamicLibrary::load(const std::filesystem::
                                                          std::string& problem) {
     HMODULE handle = LoadLibraryW(file.c_str());
     if (!handle) {
-        problem = "system error " + std::to_string(GetLastError());
+        problem = systemErrorText(GetLastError());
         return nullptr;
     }
     auto state = std::make_unique<State>();
