@@ -20,9 +20,13 @@ public:
         auto size = static_cast<DWORD>(bytes);
         const LONG status = RegQueryValueExW(key_, L"ProgramFilesDir", nullptr, &type,
                                              reinterpret_cast<BYTE*>(buffer), &size);
-        // A text that fills the buffer may lack its zero.
-        buffer[bytes / sizeof(wchar_t) - 1] = L'\0';
-        return status == ERROR_SUCCESS;
+        if (status != ERROR_SUCCESS) return false;
+        // A value may be stored without its zero, which then needs room of its own.
+        const std::size_t length = size / sizeof(wchar_t);
+        const bool ended = length > 0 && buffer[length - 1] == L'\0';
+        if (!ended && length == bytes / sizeof(wchar_t)) return false;
+        if (!ended) buffer[length] = L'\0';
+        return true;
     }
     void close() override { RegCloseKey(key_); }
 
