@@ -14,7 +14,7 @@ HeadlessSurface::~HeadlessSurface() = default;
 
 ComPtr<HeadlessSurface> HeadlessSurface::create(LONG width, LONG height) {
     if (width <= 0 || height <= 0) failOffScreen("the size has to be positive");
-    if (!openGl()) failOffScreen("the libraries libOpenGL and libGLU are missing");
+    if (!openGl()) failOffScreen("the system's libraries for OpenGL and GLU are missing");
     auto surface = ComPtr<HeadlessSurface>::attach(new HeadlessSurface(width, height));
     surface->clear(0.0f, 0.0f, 0.0f, 0.0f);
     return surface;
@@ -52,7 +52,7 @@ void HeadlessSurface::clear(float red, float green, float blue, float alpha) {
 }
 
 void HeadlessSurface::setPixels(const std::vector<std::uint8_t>& rgba) {
-    if (rgba.size() != pixels().size()) failOffScreen("the picture has not the surface's size");
+    if (rgba.size() != byteCount()) failOffScreen("the picture has not the surface's size");
     tagVWOPENGLSURFACE info;
     // The identity puts the raster position (-1, -1) into the low left corner.
     require(vwSurfaceBeginRenderOpenGL(this, &info), "cannot draw a picture");
@@ -61,10 +61,13 @@ void HeadlessSurface::setPixels(const std::vector<std::uint8_t>& rgba) {
     require(vwSurfaceEndRenderOpenGL(this), "cannot draw a picture");
 }
 
+std::size_t HeadlessSurface::byteCount() const {
+    return 4 * static_cast<std::size_t>(info_.width) * static_cast<std::size_t>(info_.height);
+}
+
 std::vector<std::uint8_t> HeadlessSurface::pixels() const {
     const CurrentContext current(*context_);
-    std::vector<std::uint8_t> rgba(4 * static_cast<std::size_t>(info_.width) *
-                                   static_cast<std::size_t>(info_.height));
+    std::vector<std::uint8_t> rgba(byteCount());
     gl().glReadPixels(0, 0, info_.width, info_.height, GL_RGBA, GL_UNSIGNED_BYTE, rgba.data());
     return rgba;
 }

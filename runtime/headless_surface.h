@@ -46,6 +46,9 @@ private:
     HeadlessSurface(LONG width, LONG height);
     ~HeadlessSurface() override;
 
+    /// Of the pixels in use.
+    std::size_t byteCount() const;
+
     tagVWOPENGLSURFACE info_;
     std::unique_ptr<HeadlessContext> context_;
     /// Set between Begin and End.
