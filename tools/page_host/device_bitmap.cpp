@@ -49,11 +49,11 @@ void DeviceBitmap::fill(const RECT& area, COLORREF colour) {
     FillRect(context_, &area, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
 }
 
-void DeviceBitmap::write(const std::wstring& text, COLORREF ink) {
+void DeviceBitmap::write(const std::wstring& text, COLORREF textColour) {
     constexpr int kIndent = 16;
     RECT area{kIndent, kIndent, size_.cx - kIndent, size_.cy - kIndent};
     SelectObject(context_, GetStockObject(DEFAULT_GUI_FONT));
-    SetTextColor(context_, ink);
+    SetTextColor(context_, textColour);
     SetBkMode(context_, TRANSPARENT);
     DrawTextW(context_, text.c_str(), static_cast<int>(text.size()), &area,
               DT_CENTER | DT_WORDBREAK | DT_NOPREFIX);

@@ -25,7 +25,7 @@ public:
 
     void fill(const RECT& area, COLORREF colour);
     /// Text in the middle, in several lines if it is long.
-    void write(const std::wstring& text, COLORREF ink);
+    void write(const std::wstring& text, COLORREF textColour);
     void copyTo(HDC context) const;
 
 private:

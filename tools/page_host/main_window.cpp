@@ -33,18 +33,18 @@ constexpr wchar_t kPngFiles[] = L"PNG pictures\0*.png\0";
 using FileDialog = BOOL(WINAPI*)(OPENFILENAMEW*);
 
 /// Asks for a file; no value if the user cancels.
-std::optional<std::filesystem::path> askForFile(HWND owner, FileDialog ask, const wchar_t* kinds,
+std::optional<std::filesystem::path> askForFile(HWND owner, FileDialog open, const wchar_t* filter,
                                                 DWORD flags) {
     wchar_t name[MAX_PATH] = L"";
-    OPENFILENAMEW question{};
-    question.lStructSize = sizeof question;
-    question.hwndOwner = owner;
-    question.lpstrFilter = kinds;
-    question.lpstrFile = name;
-    question.nMaxFile = MAX_PATH;
-    question.lpstrDefExt = L"png";
-    question.Flags = flags | OFN_NOCHANGEDIR;
-    if (!ask(&question)) return std::nullopt;
+    OPENFILENAMEW dialog{};
+    dialog.lStructSize = sizeof dialog;
+    dialog.hwndOwner = owner;
+    dialog.lpstrFilter = filter;
+    dialog.lpstrFile = name;
+    dialog.nMaxFile = MAX_PATH;
+    dialog.lpstrDefExt = L"png";
+    dialog.Flags = flags | OFN_NOCHANGEDIR;
+    if (!open(&dialog)) return std::nullopt;
     return name;
 }
 
@@ -201,27 +201,27 @@ bool MainWindow::onCommand(int command) {
         case IDM_REDO:
             return effect_->editor().redo(), true;
         case IDM_NEXT_PAGE:
-            return tabs_->turn(1), true;
+            return tabs_->selectNext(1), true;
         case IDM_PREVIOUS_PAGE:
-            return tabs_->turn(-1), true;
+            return tabs_->selectNext(-1), true;
         default:
             return false;
     }
 }
 
-LRESULT MainWindow::onMessage(UINT message, WPARAM wide, LPARAM extra) {
+LRESULT MainWindow::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case kRunTasks:
             queue_->run();
             return 0;
         case WM_COMMAND:
-            if (onCommand(LOWORD(wide))) return 0;
+            if (onCommand(LOWORD(wParam))) return 0;
             break;
         case WM_INITMENUPOPUP:
             nameSteps();
             return 0;
         case WM_NOTIFY:
-            if (reinterpret_cast<const NMHDR*>(extra)->code == TCN_SELCHANGE) tabs_->selected();
+            if (reinterpret_cast<const NMHDR*>(lParam)->code == TCN_SELCHANGE) tabs_->selected();
             return 0;
         case WM_HSCROLL:
             chooseTime();
@@ -230,10 +230,10 @@ LRESULT MainWindow::onMessage(UINT message, WPARAM wide, LPARAM extra) {
             arrange();
             return 0;
         case WM_GETMINMAXINFO:
-            reinterpret_cast<MINMAXINFO*>(extra)->ptMinTrackSize = smallestSize();
+            reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = smallestSize();
             return 0;
         case WM_ACTIVATE:
-            rememberFocus(LOWORD(wide) != WA_INACTIVE);
+            rememberFocus(LOWORD(wParam) != WA_INACTIVE);
             return 0;
         case WM_CLOSE:
             closeEffect();
@@ -245,7 +245,7 @@ LRESULT MainWindow::onMessage(UINT message, WPARAM wide, LPARAM extra) {
         default:
             break;
     }
-    return defaultAnswer(message, wide, extra);
+    return defaultAnswer(message, wParam, lParam);
 }
 
 void MainWindow::run() {

@@ -24,7 +24,7 @@ public:
     void run();
 
 private:
-    LRESULT onMessage(UINT message, WPARAM wide, LPARAM extra) override;
+    LRESULT onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
     bool onCommand(int command);
     std::unique_ptr<EditedEffect> makeEffect(Picture picture);
     void openEffect(std::unique_ptr<EditedEffect> effect);

@@ -79,8 +79,8 @@ RECT PageTabs::pageArea() const {
     return area;
 }
 
-void PageTabs::moveTo(POINT place) {
-    SetWindowPos(tabs_, nullptr, place.x, place.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+void PageTabs::moveTo(POINT topLeft) {
+    SetWindowPos(tabs_, nullptr, topLeft.x, topLeft.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
     const RECT area = pageArea();
     for (const Page& page : pages_) {
         // Above the tabs, so that these do not paint over the page.
@@ -102,7 +102,7 @@ void PageTabs::selected() {
     bringToFront(TabCtrl_GetCurSel(tabs_));
 }
 
-void PageTabs::turn(int steps) {
+void PageTabs::selectNext(int steps) {
     const int count = static_cast<int>(pages_.size());
     if (count == 0) return;
     // The number in front may lose its page: it takes what is typed first.
@@ -110,11 +110,11 @@ void PageTabs::turn(int steps) {
     bringToFront((front_ + steps + count) % count);
 }
 
-RECT PageTabs::headOnScreen(int index) const {
-    RECT head{};
-    TabCtrl_GetItemRect(tabs_, index, &head);
-    MapWindowPoints(tabs_, nullptr, reinterpret_cast<POINT*>(&head), 2);
-    return head;
+RECT PageTabs::tabRectOnScreen(int index) const {
+    RECT rect{};
+    TabCtrl_GetItemRect(tabs_, index, &rect);
+    MapWindowPoints(tabs_, nullptr, reinterpret_cast<POINT*>(&rect), 2);
+    return rect;
 }
 
 }  // namespace ruvex::page_host

@@ -30,9 +30,10 @@ public:
 
     /// Tells the tabs that the user has chosen one.
     void selected();
-    /// Goes `steps` pages forward, or back; after the last page comes the first.
-    void turn(int steps);
-    void moveTo(POINT place);
+    /// Brings the page to the front that lies `steps` after the present one: 1 or -1. The last page
+    /// is followed by the first.
+    void selectNext(int steps);
+    void moveTo(POINT topLeft);
 
     HWND handle() const { return tabs_; }
     /// In pixels: the tabs with the largest page below.
@@ -40,8 +41,8 @@ public:
     const std::vector<Page>& pages() const { return pages_; }
     /// The index of the page in front; -1 without pages.
     int front() const { return front_; }
-    /// The head of a tab on the screen.
-    RECT headOnScreen(int index) const;
+    /// The rectangle of one tab, in pixels of the screen.
+    RECT tabRectOnScreen(int index) const;
 
 private:
     void resize();

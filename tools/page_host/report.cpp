@@ -42,8 +42,8 @@ struct TipSearch {
 };
 
 /// Asks one window of tool-tips whether it has a text for the control.
-BOOL CALLBACK findTip(HWND window, LPARAM extra) {
-    auto& search = *reinterpret_cast<TipSearch*>(extra);
+BOOL CALLBACK findTip(HWND window, LPARAM lParam) {
+    auto& search = *reinterpret_cast<TipSearch*>(lParam);
     if (classOf(window) != "tooltips_class32") return TRUE;
     constexpr std::size_t kLongestTip = 1024;
     wchar_t text[kLongestTip] = L"";
@@ -168,12 +168,12 @@ Json undoJson(const runtime::UndoStack& steps) {
             {"redo", steps.redoCount()}};
 }
 
-Json headsJson(const PageTabs& tabs) {
-    Json heads = Json::array();
+Json tabRectsJson(const PageTabs& tabs) {
+    Json rects = Json::array();
     for (int i = 0; i < static_cast<int>(tabs.pages().size()); ++i) {
-        heads.push_back(rectJson(tabs.headOnScreen(i)));
+        rects.push_back(rectJson(tabs.tabRectOnScreen(i)));
     }
-    return heads;
+    return rects;
 }
 
 void writeWhole(const std::filesystem::path& file, const std::string& text) {
@@ -193,7 +193,7 @@ void writeReport(const std::filesystem::path& file, HWND window, const PageTabs&
     Json pages = Json::array();
     for (const PageTabs::Page& page : tabs.pages()) pages.push_back(pageJson(page));
     const Json report{{"window", rectJson(screenRect(window))},
-                      {"tabs", headsJson(tabs)},
+                      {"tabs", tabRectsJson(tabs)},
                       {"front", tabs.front()},
                       {"pages", std::move(pages)},
                       {"viewer",

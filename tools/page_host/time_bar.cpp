@@ -47,11 +47,11 @@ void TimeBar::showFrame(int frame) {
     SetWindowTextW(label_, text);
 }
 
-void TimeBar::moveTo(const RECT& place) {
-    const int height = place.bottom - place.top;
-    const int sliderWidth = place.right - place.left - kLabelWidth;
-    MoveWindow(slider_, place.left, place.top, sliderWidth, height, TRUE);
-    MoveWindow(label_, place.left + sliderWidth, place.top, kLabelWidth, height, TRUE);
+void TimeBar::moveTo(const RECT& area) {
+    const int height = area.bottom - area.top;
+    const int sliderWidth = area.right - area.left - kLabelWidth;
+    MoveWindow(slider_, area.left, area.top, sliderWidth, height, TRUE);
+    MoveWindow(label_, area.left + sliderWidth, area.top, kLabelWidth, height, TRUE);
 }
 
 }  // namespace ruvex::page_host

@@ -12,12 +12,11 @@ class TimeBar {
 public:
     TimeBar(HWND parent, int controlId, double frameRate);
 
-    HWND slider() const { return slider_; }
     /// The frame that the slider is at, from 0.
     int frame() const;
     void showFrame(int frame);
     /// In pixels of the parent.
-    void moveTo(const RECT& place);
+    void moveTo(const RECT& area);
 
 private:
     HWND slider_;

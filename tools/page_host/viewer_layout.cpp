@@ -7,9 +7,9 @@ namespace ruvex::page_host {
 namespace {
 
 double fittingScale(SIZE window, int width, int height) {
-    const double wide = std::max<LONG>(1, window.cx - 2 * ViewerLayout::kMargin);
-    const double high = std::max<LONG>(1, window.cy - 2 * ViewerLayout::kMargin);
-    return std::min({1.0, wide / width, high / height});
+    const double roomX = std::max<LONG>(1, window.cx - 2 * ViewerLayout::kMargin);
+    const double roomY = std::max<LONG>(1, window.cy - 2 * ViewerLayout::kMargin);
+    return std::min({1.0, roomX / width, roomY / height});
 }
 
 RECT centred(SIZE window, LONG width, LONG height) {

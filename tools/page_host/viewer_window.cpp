@@ -14,7 +14,7 @@ namespace ruvex::page_host {
 namespace {
 
 constexpr COLORREF kSurround = RGB(64, 64, 64);
-constexpr COLORREF kFailureInk = RGB(255, 200, 120);
+constexpr COLORREF kFailureColour = RGB(255, 200, 120);
 
 constexpr LONG kNoButton = 0;
 constexpr LONG kMainButton = 1;
@@ -65,20 +65,20 @@ RECT ViewerWindow::pictureOnScreen() const {
     return picture;
 }
 
-tagVWPENEVENT ViewerWindow::eventAt(LPARAM place, LONG button) const {
-    const WorldPoint point = layout().worldAt({GET_X_LPARAM(place), GET_Y_LPARAM(place)});
-    return {.button = button, .x = point.x, .y = point.y};
+tagVWPENEVENT ViewerWindow::eventAt(LPARAM point, LONG button) const {
+    const WorldPoint world = layout().worldAt({GET_X_LPARAM(point), GET_Y_LPARAM(point)});
+    return {.button = button, .x = world.x, .y = world.y};
 }
 
-void ViewerWindow::press(LONG button, LPARAM place) {
+void ViewerWindow::press(LONG button, LPARAM point) {
     SetFocus(handle());
     if (buttonsDown_++ == 0) SetCapture(handle());
-    tools_->penDown(eventAt(place, button));
+    tools_->penDown(eventAt(point, button));
 }
 
-void ViewerWindow::release(LONG button, LPARAM place) {
+void ViewerWindow::release(LONG button, LPARAM point) {
     if (buttonsDown_ == 0) return;
-    tools_->penUp(eventAt(place, button));
+    tools_->penUp(eventAt(point, button));
     if (--buttonsDown_ == 0) ReleaseCapture();
 }
 
@@ -88,30 +88,30 @@ void ViewerWindow::endDrag() {
     if (GetCapture() == handle()) ReleaseCapture();
 }
 
-bool ViewerWindow::onPen(UINT message, LPARAM extra) {
+bool ViewerWindow::onPen(UINT message, LPARAM lParam) {
     switch (message) {
         case WM_LBUTTONDOWN:
-            return press(kMainButton, extra), true;
+            return press(kMainButton, lParam), true;
         case WM_LBUTTONUP:
-            return release(kMainButton, extra), true;
+            return release(kMainButton, lParam), true;
         case WM_RBUTTONDOWN:
-            return press(kRightButton, extra), true;
+            return press(kRightButton, lParam), true;
         case WM_RBUTTONUP:
-            return release(kRightButton, extra), true;
+            return release(kRightButton, lParam), true;
         case WM_MBUTTONDOWN:
-            return press(kMiddleButton, extra), true;
+            return press(kMiddleButton, lParam), true;
         case WM_MBUTTONUP:
-            return release(kMiddleButton, extra), true;
+            return release(kMiddleButton, lParam), true;
         default:
             return false;
     }
 }
 
-LRESULT ViewerWindow::onMessage(UINT message, WPARAM wide, LPARAM extra) {
-    if (tools_ && onPen(message, extra)) return 0;
+LRESULT ViewerWindow::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (tools_ && onPen(message, lParam)) return 0;
     switch (message) {
         case WM_MOUSEMOVE:
-            if (tools_) tools_->penMove(eventAt(extra, pressedButton(wide)));
+            if (tools_) tools_->penMove(eventAt(lParam, pressedButton(wParam)));
             return 0;
         case WM_CAPTURECHANGED:
             endDrag();
@@ -120,7 +120,7 @@ LRESULT ViewerWindow::onMessage(UINT message, WPARAM wide, LPARAM extra) {
             // A drag takes Escape from the dialog keys.
             return buttonsDown_ > 0 ? DLGC_WANTALLKEYS : 0;
         case WM_KEYDOWN:
-            if (wide == VK_ESCAPE) endDrag();
+            if (wParam == VK_ESCAPE) endDrag();
             return 0;
         case WM_SIZE:
             InvalidateRect(handle(), nullptr, FALSE);
@@ -131,7 +131,7 @@ LRESULT ViewerWindow::onMessage(UINT message, WPARAM wide, LPARAM extra) {
             paint();
             return 0;
         default:
-            return defaultAnswer(message, wide, extra);
+            return defaultAnswer(message, wParam, lParam);
     }
 }
 
@@ -156,7 +156,7 @@ void ViewerWindow::draw(DeviceBitmap& canvas) {
         drawPicture(canvas.context());
         drawControls(canvas);
     } catch (const std::exception& error) {
-        canvas.write(fromUtf8(error.what()), kFailureInk);
+        canvas.write(fromUtf8(error.what()), kFailureColour);
     }
 }
 
@@ -165,13 +165,13 @@ void ViewerWindow::drawPicture(HDC context) {
         frame_ = effect_->render();
         swapRedAndBlue(frame_->bytes);
     }
-    const RECT place = layout().picture();
+    const RECT area = layout().picture();
     const BITMAPINFO info = bitmapInfo({frame_->width, frame_->height});
     SetStretchBltMode(context, HALFTONE);
     SetBrushOrgEx(context, 0, 0, nullptr);
-    StretchDIBits(context, place.left, place.top, place.right - place.left,
-                  place.bottom - place.top, 0, 0, frame_->width, frame_->height,
-                  frame_->bytes.data(), &info, DIB_RGB_COLORS, SRCCOPY);
+    StretchDIBits(context, area.left, area.top, area.right - area.left, area.bottom - area.top, 0,
+                  0, frame_->width, frame_->height, frame_->bytes.data(), &info, DIB_RGB_COLORS,
+                  SRCCOPY);
 }
 
 void ViewerWindow::drawControls(DeviceBitmap& canvas) {

@@ -32,10 +32,10 @@ public:
     RECT pictureOnScreen() const;
 
 private:
-    LRESULT onMessage(UINT message, WPARAM wide, LPARAM extra) override;
-    bool onPen(UINT message, LPARAM extra);
-    void press(LONG button, LPARAM place);
-    void release(LONG button, LPARAM place);
+    LRESULT onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+    bool onPen(UINT message, LPARAM lParam);
+    void press(LONG button, LPARAM point);
+    void release(LONG button, LPARAM point);
     void endDrag();
 
     void paint();
@@ -44,7 +44,7 @@ private:
     void drawControls(DeviceBitmap& canvas);
     runtime::HeadlessSurface& surfaceOf(const ViewerLayout& layout);
     ViewerLayout layout() const;
-    tagVWPENEVENT eventAt(LPARAM place, LONG button) const;
+    tagVWPENEVENT eventAt(LPARAM point, LONG button) const;
 
     EditedEffect* effect_ = nullptr;
     std::unique_ptr<runtime::Viewer> tools_;

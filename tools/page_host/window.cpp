@@ -38,23 +38,23 @@ void Window::create(const Options& options) {
     if (!handle_) throw runtime::Error("the system cannot make a window");
 }
 
-LRESULT CALLBACK Window::procedure(HWND window, UINT message, WPARAM wide, LPARAM extra) {
+LRESULT CALLBACK Window::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_NCCREATE) {
-        auto* const creation = reinterpret_cast<CREATESTRUCTW*>(extra);
+        auto* const creation = reinterpret_cast<CREATESTRUCTW*>(lParam);
         auto* const created = static_cast<Window*>(creation->lpCreateParams);
         created->handle_ = window;
         SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(created));
     }
     auto* const self = reinterpret_cast<Window*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-    if (!self) return DefWindowProcW(window, message, wide, extra);
+    if (!self) return DefWindowProcW(window, message, wParam, lParam);
     if (message == WM_NCDESTROY) {
         SetWindowLongPtrW(window, GWLP_USERDATA, 0);
         self->handle_ = nullptr;
-        return DefWindowProcW(window, message, wide, extra);
+        return DefWindowProcW(window, message, wParam, lParam);
     }
     // The system's code, which calls this function, must not see exceptions.
     try {
-        return self->onMessage(message, wide, extra);
+        return self->onMessage(message, wParam, lParam);
     } catch (const std::exception& error) {
         showError(window, error.what());
         return 0;

@@ -38,14 +38,14 @@ protected:
     void create(const Options& options);
 
     /// Handles a message. An exception is shown to the user, and the message counts as handled.
-    virtual LRESULT onMessage(UINT message, WPARAM wide, LPARAM extra) = 0;
+    virtual LRESULT onMessage(UINT message, WPARAM wParam, LPARAM lParam) = 0;
 
-    LRESULT defaultAnswer(UINT message, WPARAM wide, LPARAM extra) {
-        return DefWindowProcW(handle_, message, wide, extra);
+    LRESULT defaultAnswer(UINT message, WPARAM wParam, LPARAM lParam) {
+        return DefWindowProcW(handle_, message, wParam, lParam);
     }
 
 private:
-    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wide, LPARAM extra);
+    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
     static void registerClass(const Options& options);
 
     HWND handle_ = nullptr;
