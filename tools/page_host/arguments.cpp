@@ -22,6 +22,11 @@ Size parseSize(const std::wstring& text) {
     return size;
 }
 
+std::filesystem::path parsePath(const std::wstring& option, const std::wstring& value) {
+    if (value.empty()) throw UsageError(toUtf8(option) + " needs a file");
+    return std::filesystem::absolute(value);
+}
+
 }  // namespace
 
 const char* const kUsage =
@@ -34,6 +39,7 @@ const char* const kUsage =
 
 Arguments parseArguments(const std::vector<std::wstring>& words) {
     Arguments arguments;
+    arguments.report = std::filesystem::absolute(L"page_host.json");
     for (std::size_t i = 0; i < words.size(); ++i) {
         const std::wstring& option = words[i];
         const bool known = option == L"--picture" || option == L"--size" || option == L"--report";
@@ -41,9 +47,9 @@ Arguments parseArguments(const std::vector<std::wstring>& words) {
         if (i + 1 == words.size()) throw UsageError(toUtf8(option) + " needs a value");
         const std::wstring& value = words[++i];
         if (option == L"--picture") {
-            arguments.picture = value;
+            arguments.picture = parsePath(option, value);
         } else if (option == L"--report") {
-            arguments.report = value;
+            arguments.report = parsePath(option, value);
         } else {
             arguments.testCard = parseSize(value);
         }

@@ -15,9 +15,10 @@ struct Size {
 };
 
 struct Arguments {
+    // The paths are absolute, since a file dialog may change the current folder.
     std::optional<std::filesystem::path> picture;  ///< Without one, a test card.
     Size testCard{720, 576};
-    std::filesystem::path report = "page_host.json";
+    std::filesystem::path report;
 };
 
 /// A wrong command line.
