@@ -32,26 +32,41 @@ constexpr wchar_t kPngFiles[] = L"PNG pictures\0*.png\0";
 
 using FileDialog = BOOL(WINAPI*)(OPENFILENAMEW*);
 
-/// Asks for a file; no value if the user cancels.
+/// Asks for a file; no value if the user cancels. Throws runtime::Error.
 std::optional<std::filesystem::path> askForFile(HWND owner, FileDialog open, const wchar_t* filter,
                                                 DWORD flags) {
-    wchar_t name[MAX_PATH] = L"";
+    constexpr std::size_t kLongestPath = 32768;
+    std::wstring name(kLongestPath, L'\0');
     OPENFILENAMEW dialog{};
     dialog.lStructSize = sizeof dialog;
     dialog.hwndOwner = owner;
     dialog.lpstrFilter = filter;
-    dialog.lpstrFile = name;
-    dialog.nMaxFile = MAX_PATH;
+    dialog.lpstrFile = name.data();
+    dialog.nMaxFile = static_cast<DWORD>(name.size());
     dialog.lpstrDefExt = L"png";
-    dialog.Flags = flags | OFN_NOCHANGEDIR;
-    if (!open(&dialog)) return std::nullopt;
-    return name;
+    dialog.Flags = flags;
+    if (open(&dialog)) return name.c_str();
+    const DWORD error = CommDlgExtendedError();
+    if (error != 0) {
+        throw runtime::Error("the dialog for files fails with error " + std::to_string(error));
+    }
+    return std::nullopt;
+}
+
+/// A menu takes a single '&' as the mark of a letter to press.
+std::wstring menuText(const std::wstring& text) {
+    std::wstring doubled;
+    for (const wchar_t character : text) {
+        doubled += character;
+        if (character == L'&') doubled += character;
+    }
+    return doubled;
 }
 
 void nameStep(HMENU menu, UINT command, const std::wstring& verb, const std::wstring& step,
               const wchar_t* key) {
     std::wstring text = verb;
-    if (!step.empty()) text += L' ' + step;
+    if (!step.empty()) text += L' ' + menuText(step);
     text += key;
     ModifyMenuW(menu, command, MF_BYCOMMAND | MF_STRING, command, text.c_str());
     EnableMenuItem(menu, command, MF_BYCOMMAND | (step.empty() ? MF_GRAYED : MF_ENABLED));
