@@ -7,7 +7,9 @@
 namespace ruvex::runtime {
 
 HeadlessSurface::HeadlessSurface(LONG width, LONG height)
-    : info_{width, height, 0.0, 0.0, static_cast<double>(width), static_cast<double>(height)},
+    : fullWidth_(width),
+      fullHeight_(height),
+      info_{width, height, 0.0, 0.0, static_cast<double>(width), static_cast<double>(height)},
       context_(std::make_unique<HeadlessContext>(width, height)) {}
 
 HeadlessSurface::~HeadlessSurface() = default;
@@ -34,6 +36,14 @@ HRESULT HeadlessSurface::End() {
     if (!render_) return E_UNEXPECTED;
     render_.reset();
     return S_OK;
+}
+
+void HeadlessSurface::useSize(LONG width, LONG height) {
+    if (width <= 0 || height <= 0) failOffScreen("the size has to be positive");
+    if (width > fullWidth_ || height > fullHeight_) failOffScreen("the surface is smaller");
+    if (render_) failOffScreen("the size cannot change during a render");
+    info_.width = width;
+    info_.height = height;
 }
 
 void HeadlessSurface::setWorld(double x, double y, double width, double height) {

@@ -30,6 +30,12 @@ public:
     /// Makes the context current that was so before Begin. E_UNEXPECTED if it has not begun.
     HRESULT End() override;
 
+    /// Uses the low left part of the pixels from now on, as a surface of this size; the world
+    /// rectangle stays. A surface whose size changes keeps its context in this way, and with it the
+    /// display lists of the tools. Throws Error for a size that is not positive or larger than that
+    /// of `create`, and during a render.
+    void useSize(LONG width, LONG height);
+
     /// The part of the world that is visible.
     void setWorld(double x, double y, double width, double height);
 
@@ -49,6 +55,8 @@ private:
     /// Of the pixels in use.
     std::size_t byteCount() const;
 
+    const LONG fullWidth_;
+    const LONG fullHeight_;
     tagVWOPENGLSURFACE info_;
     std::unique_ptr<HeadlessContext> context_;
     /// Set between Begin and End.

@@ -84,6 +84,28 @@ TEST(HeadlessSurface, RefusesWhatItCannotDo) {
     EXPECT_EQ(surface->End(), S_OK);
 }
 
+TEST(HeadlessSurface, UsesThePartInTheLowLeftCorner) {
+    const auto surface = HeadlessSurface::create(4, 3);
+    surface->setPixels(std::vector<std::uint8_t>(4 * 3 * 4, 10));
+    surface->useSize(2, 1);
+    tagVWOPENGLSURFACE info;
+    ASSERT_EQ(surface->Begin(&info), S_OK);
+    EXPECT_THROW(surface->useSize(1, 1), runtime::Error);
+    ASSERT_EQ(surface->End(), S_OK);
+    EXPECT_EQ(info.width, 2);
+    EXPECT_EQ(info.height, 1);
+    EXPECT_EQ(info.worldWidth, 4.0);
+    surface->setPixels({1, 2, 3, 4, 5, 6, 7, 8});
+    EXPECT_EQ(surface->pixels(), (std::vector<std::uint8_t>{1, 2, 3, 4, 5, 6, 7, 8}));
+    surface->useSize(4, 3);
+    std::vector<std::uint8_t> whole(4 * 3 * 4, 10);
+    for (std::uint8_t i = 0; i < 8; ++i) whole[i] = i + 1;
+    EXPECT_EQ(surface->pixels(), whole);
+    EXPECT_THROW(surface->useSize(5, 3), runtime::Error);
+    EXPECT_THROW(surface->useSize(4, 4), runtime::Error);
+    EXPECT_THROW(surface->useSize(0, 3), runtime::Error);
+}
+
 TEST(HeadlessSurface, DrawsInsideTheRenderOfAnother) {
     const auto outer = HeadlessSurface::create(10, 10);
     const auto inner = HeadlessSurface::create(10, 10);
