@@ -3,8 +3,10 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <span>
-#include <string>
+#include <string_view>
+#include <type_traits>
 #include <windows.h>
 
 namespace ruvex::page_host {
@@ -15,26 +17,32 @@ class DeviceBitmap {
 public:
     /// Throws runtime::Error. The size is positive.
     DeviceBitmap(HDC like, SIZE size);
-    ~DeviceBitmap();
-    DeviceBitmap(const DeviceBitmap&) = delete;
-    DeviceBitmap& operator=(const DeviceBitmap&) = delete;
 
-    HDC context() const { return context_; }
+    HDC context() const { return context_.get(); }
     /// All pixels. What the system draws before is finished when this returns.
     std::span<std::uint8_t> bytes();
 
-    void fill(const RECT& area, COLORREF colour);
-    /// Text in the middle, in several lines if it is long.
-    void write(const std::wstring& text, COLORREF textColour);
     void copyTo(HDC context) const;
 
 private:
+    struct DeleteBitmap {
+        void operator()(HBITMAP bitmap) const { DeleteObject(bitmap); }
+    };
+    struct DeleteContext {
+        void operator()(HDC context) const { DeleteDC(context); }
+    };
+
     SIZE size_;
-    HDC context_ = nullptr;
-    HBITMAP bitmap_ = nullptr;
-    HGDIOBJ before_ = nullptr;
     void* bits_ = nullptr;
+    std::unique_ptr<std::remove_pointer_t<HBITMAP>, DeleteBitmap> bitmap_;
+    /// Deleted before the bitmap, which is selected into it.
+    std::unique_ptr<std::remove_pointer_t<HDC>, DeleteContext> context_;
 };
+
+void fillArea(HDC context, const RECT& area, COLORREF colour);
+
+/// Writes centred text at the top of an area of this size, in several lines if it is long.
+void writeText(HDC context, SIZE size, std::wstring_view text, COLORREF textColour);
 
 /// The system's description of such a bitmap.
 BITMAPINFO bitmapInfo(SIZE size);

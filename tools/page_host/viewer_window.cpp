@@ -27,6 +27,21 @@ LONG pressedButton(WPARAM keys) {
     return keys & MK_MBUTTON ? kMiddleButton : kNoButton;
 }
 
+/// Paints a window's invalid area, which is valid afterwards, in any case.
+class WindowPainting {
+public:
+    explicit WindowPainting(HWND window) : window_(window) { BeginPaint(window, &painting_); }
+    WindowPainting(const WindowPainting&) = delete;
+    WindowPainting& operator=(const WindowPainting&) = delete;
+    ~WindowPainting() { EndPaint(window_, &painting_); }
+
+    HDC context() const { return painting_.hdc; }
+
+private:
+    HWND window_;
+    PAINTSTRUCT painting_{};
+};
+
 }  // namespace
 
 ViewerWindow::ViewerWindow(HWND parent, int controlId) {
@@ -136,27 +151,31 @@ LRESULT ViewerWindow::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 void ViewerWindow::paint() {
-    PAINTSTRUCT painting{};
-    const HDC context = BeginPaint(handle(), &painting);
+    const WindowPainting painting(handle());
     const SIZE size = clientSize(handle());
-    if (size.cx > 0 && size.cy > 0) {
-        DeviceBitmap canvas(context, size);
+    if (size.cx <= 0 || size.cy <= 0) return;
+    // A failure is written into the viewer. A message box would be no use: closing it has the
+    // viewer painted again, which fails again.
+    try {
+        DeviceBitmap canvas(painting.context(), size);
         draw(canvas);
-        canvas.copyTo(context);
+        canvas.copyTo(painting.context());
+    } catch (const std::exception&) {
+        fillArea(painting.context(), {0, 0, size.cx, size.cy}, kSurround);
+        writeText(painting.context(), size, L"There is not enough memory to show the picture.",
+                  kFailureColour);
     }
-    EndPaint(handle(), &painting);
 }
 
 void ViewerWindow::draw(DeviceBitmap& canvas) {
     const SIZE size = clientSize(handle());
-    canvas.fill({0, 0, size.cx, size.cy}, kSurround);
+    fillArea(canvas.context(), {0, 0, size.cx, size.cy}, kSurround);
     if (!effect_) return;
-    // A failure is shown here: closing a dialog would paint, and open the next one.
     try {
         drawPicture(canvas.context());
         drawControls(canvas);
     } catch (const std::exception& error) {
-        canvas.write(fromUtf8(error.what()), kFailureColour);
+        writeText(canvas.context(), size, fromUtf8(error.what()), kFailureColour);
     }
 }
 
@@ -175,7 +194,7 @@ void ViewerWindow::drawPicture(HDC context) {
 }
 
 void ViewerWindow::drawControls(DeviceBitmap& canvas) {
-    runtime::HeadlessSurface& surface = surfaceOf(layout());
+    runtime::HeadlessSurface& surface = surfaceFor(layout());
     const std::span<std::uint8_t> pixels = canvas.bytes();
     swapRedAndBlue(pixels);
     surface.setPixels({pixels.begin(), pixels.end()});
@@ -185,12 +204,14 @@ void ViewerWindow::drawControls(DeviceBitmap& canvas) {
     swapRedAndBlue(pixels);
 }
 
-runtime::HeadlessSurface& ViewerWindow::surfaceOf(const ViewerLayout& layout) {
+runtime::HeadlessSurface& ViewerWindow::surfaceFor(const ViewerLayout& layout) {
     const SIZE size = layout.window();
-    if (!surface_ || size.cx != surfaceSize_.cx || size.cy != surfaceSize_.cy) {
-        surface_ = runtime::HeadlessSurface::create(size.cx, size.cy);
-        surfaceSize_ = size;
+    if (!surface_ || size.cx > largest_.cx || size.cy > largest_.cy) {
+        largest_ = {std::max<LONG>(size.cx, GetSystemMetrics(SM_CXVIRTUALSCREEN)),
+                    std::max<LONG>(size.cy, GetSystemMetrics(SM_CYVIRTUALSCREEN))};
+        surface_ = runtime::HeadlessSurface::create(largest_.cx, largest_.cy);
     }
+    surface_->useSize(size.cx, size.cy);
     const WorldPoint origin = layout.worldOrigin();
     surface_->setWorld(origin.x, origin.y, layout.worldWidth(), layout.worldHeight());
     return *surface_;

@@ -42,7 +42,7 @@ private:
     void draw(DeviceBitmap& canvas);
     void drawPicture(HDC context);
     void drawControls(DeviceBitmap& canvas);
-    runtime::HeadlessSurface& surfaceOf(const ViewerLayout& layout);
+    runtime::HeadlessSurface& surfaceFor(const ViewerLayout& layout);
     ViewerLayout layout() const;
     tagVWPENEVENT eventAt(LPARAM point, LONG button) const;
 
@@ -50,8 +50,10 @@ private:
     std::unique_ptr<runtime::Viewer> tools_;
     /// The frame as the system draws it: blue, green, red, alpha. No value: to be rendered.
     std::optional<Picture> frame_;
+    /// One surface as large as the screen, of which a part is used: a tool makes its display lists
+    /// once, for one OpenGL context.
     ComPtr<runtime::HeadlessSurface> surface_;
-    SIZE surfaceSize_{};
+    SIZE largest_{};  ///< The surface as a whole, in pixels.
     int buttonsDown_ = 0;
 };
 
