@@ -31,7 +31,7 @@ Picture makeTestCard(int width, int height);
 /// Reads a picture in a format that the system knows. Throws runtime::Error.
 Picture readPicture(const std::filesystem::path& file);
 
-/// Writes a PNG. Throws runtime::Error; the file is then incomplete or missing.
+/// Writes a PNG. Throws runtime::Error; the file is then as before.
 void writePicture(const std::filesystem::path& file, const Picture& picture);
 
 }  // namespace ruvex::page_host

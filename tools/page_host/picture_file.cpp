@@ -10,6 +10,7 @@
 #include "sdk/com/com_ptr.h"
 #include "sdk/com/utf8.h"
 #include "tools/page_host/picture.h"
+#include "tools/page_host/whole_file.h"
 
 namespace ruvex::page_host {
 namespace {
@@ -53,6 +54,37 @@ ComPtr<IWICBitmapSource> openFile(IWICImagingFactory& factory, const std::filesy
     return ComPtr<IWICBitmapSource>(converter.get());
 }
 
+ComPtr<IWICBitmap> bitmapOf(IWICImagingFactory& factory, Picture& topDown,
+                            const std::string& what) {
+    const auto width = static_cast<UINT>(topDown.width);
+    ComPtr<IWICBitmap> bitmap;
+    require(factory.CreateBitmapFromMemory(
+                width, static_cast<UINT>(topDown.height), GUID_WICPixelFormat32bppRGBA, 4 * width,
+                static_cast<UINT>(topDown.bytes.size()), topDown.bytes.data(), bitmap.put()),
+            what);
+    return bitmap;
+}
+
+/// The file is closed when this returns.
+void encodePng(const std::filesystem::path& file, Picture& topDown, const std::string& what) {
+    const auto factory = imagingFactory();
+    ComPtr<IWICStream> stream;
+    require(factory->CreateStream(stream.put()), what);
+    require(stream->InitializeFromFilename(file.c_str(), GENERIC_WRITE), what);
+    ComPtr<IWICBitmapEncoder> encoder;
+    require(factory->CreateEncoder(GUID_ContainerFormatPng, nullptr, encoder.put()), what);
+    require(encoder->Initialize(stream.get(), WICBitmapEncoderNoCache), what);
+    ComPtr<IWICBitmapFrameEncode> frame;
+    require(encoder->CreateNewFrame(frame.put(), nullptr), what);
+    require(frame->Initialize(nullptr), what);
+    require(frame->SetSize(static_cast<UINT>(topDown.width), static_cast<UINT>(topDown.height)),
+            what);
+    // The encoder converts from the bitmap's pixels to those that it writes.
+    require(frame->WriteSource(bitmapOf(*factory, topDown, what).get(), nullptr), what);
+    require(frame->Commit(), what);
+    require(encoder->Commit(), what);
+}
+
 }  // namespace
 
 Picture readPicture(const std::filesystem::path& file) {
@@ -79,32 +111,12 @@ Picture readPicture(const std::filesystem::path& file) {
 }
 
 void writePicture(const std::filesystem::path& file, const Picture& picture) {
-    const auto factory = imagingFactory();
-    const std::string what = "cannot write the picture " + nameOf(file);
-    ComPtr<IWICStream> stream;
-    require(factory->CreateStream(stream.put()), what);
-    require(stream->InitializeFromFilename(file.c_str(), GENERIC_WRITE), what);
-    ComPtr<IWICBitmapEncoder> encoder;
-    require(factory->CreateEncoder(GUID_ContainerFormatPng, nullptr, encoder.put()), what);
-    require(encoder->Initialize(stream.get(), WICBitmapEncoderNoCache), what);
-    ComPtr<IWICBitmapFrameEncode> frame;
-    require(encoder->CreateNewFrame(frame.put(), nullptr), what);
-    require(frame->Initialize(nullptr), what);
-
     Picture topDown = picture;
     swapRows(topDown);
-    const auto width = static_cast<UINT>(picture.width);
-    const auto height = static_cast<UINT>(picture.height);
-    ComPtr<IWICBitmap> bitmap;
-    require(factory->CreateBitmapFromMemory(width, height, GUID_WICPixelFormat32bppRGBA, 4 * width,
-                                            static_cast<UINT>(topDown.bytes.size()),
-                                            topDown.bytes.data(), bitmap.put()),
-            what);
-    require(frame->SetSize(width, height), what);
-    // The encoder converts from the bitmap's pixels to those that it writes.
-    require(frame->WriteSource(bitmap.get(), nullptr), what);
-    require(frame->Commit(), what);
-    require(encoder->Commit(), what);
+    const std::string what = "cannot write the picture " + nameOf(file);
+    writeWholeFile(file, [&](const std::filesystem::path& unfinished) {
+        encodePng(unfinished, topDown, what);
+    });
 }
 
 }  // namespace ruvex::page_host

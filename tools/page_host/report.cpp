@@ -12,6 +12,7 @@
 #include "runtime/error.h"
 #include "sdk/com/utf8.h"
 #include "sdk/controls/host_controls.h"
+#include "tools/page_host/whole_file.h"
 
 namespace ruvex::page_host {
 namespace {
@@ -176,14 +177,11 @@ Json tabRectsJson(const PageTabs& tabs) {
     return rects;
 }
 
-void writeWhole(const std::filesystem::path& file, const std::string& text) {
-    const std::filesystem::path unfinished = file.wstring() + L".new";
-    std::ofstream stream(unfinished, std::ios::binary);
+void writeReportText(const std::filesystem::path& file, const std::string& text) {
+    std::ofstream stream(file, std::ios::binary);
     stream << text;
     stream.close();
-    const bool written =
-        stream && MoveFileExW(unfinished.c_str(), file.c_str(), MOVEFILE_REPLACE_EXISTING);
-    if (!written) throw runtime::Error("cannot write the report " + toUtf8(file.wstring()));
+    if (!stream) throw runtime::Error("cannot write the report " + toUtf8(file.wstring()));
 }
 
 }  // namespace
@@ -203,7 +201,9 @@ void writeReport(const std::filesystem::path& file, HWND window, const PageTabs&
                       {"undo", undoJson(effect.editor().undoStack())},
                       {"time", effect.editor().time()},
                       {"properties", propertiesJson(effect)}};
-    writeWhole(file, report.dump(1) + "\n");
+    const std::string text = report.dump(1) + "\n";
+    writeWholeFile(
+        file, [&](const std::filesystem::path& unfinished) { writeReportText(unfinished, text); });
 }
 
 }  // namespace ruvex::page_host

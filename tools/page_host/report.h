@@ -10,7 +10,7 @@
 namespace ruvex::page_host {
 
 /// Writes the state of the window as JSON in UTF-8. Rectangles are [left, top, right, bottom] in
-/// pixels of the screen. The file appears whole: it is written under another name first. Throws
+/// pixels of the screen. The file appears whole. Throws
 /// runtime::Error.
 void writeReport(const std::filesystem::path& file, HWND window, const PageTabs& tabs,
                  const ViewerWindow& viewer, EditedEffect& effect);
