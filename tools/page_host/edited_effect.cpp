@@ -5,6 +5,7 @@
 
 #include "runtime/error.h"
 #include "runtime/images.h"
+#include "tools/page_host/module_advice.h"
 
 namespace ruvex::page_host {
 namespace {
@@ -25,6 +26,17 @@ bool isOpaque(const Picture& picture) {
 
 void makeOpaque(Picture& picture) {
     for (std::size_t i = 3; i < picture.bytes.size(); i += 4) picture.bytes[i] = 255;
+}
+
+/// Throws runtime::Error that says what the user can do.
+runtime::EffectSession openSession(runtime::EffectSession::Setup setup) {
+    try {
+        return runtime::EffectSession(std::move(setup));
+    } catch (const runtime::StatusError& error) {
+        const std::string advice = moduleAdvice(error.status());
+        if (advice.empty()) throw;
+        throw runtime::Error(advice + "\n\n(" + error.what() + ")");
+    }
 }
 
 }  // namespace
@@ -61,7 +73,8 @@ EditedEffect::EditedEffect(Picture picture, std::function<void()> changed)
     : picture_(std::make_shared<const Picture>(std::move(picture))),
       opaque_(isOpaque(*picture_)),
       project_{.width = picture_->width, .height = picture_->height, .frameRate = kFrameRate},
-      session_({.project = project_, .provider = std::make_shared<StillInput>(picture_, project_)}),
+      session_(openSession(
+          {.project = project_, .provider = std::make_shared<StillInput>(picture_, project_)})),
       editor_(session_),
       observer_(ComPtr<Observer>::attach(new Observer(std::move(changed)))) {
     runtime::require(session_.properties().Advise(observer_.get(), &cookie_),

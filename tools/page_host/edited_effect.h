@@ -15,8 +15,8 @@ namespace ruvex::page_host {
 /// project frame has the picture's size. User-interface thread.
 class EditedEffect {
 public:
-    /// `changed` is called when a property has changed. Throws StatusError, for example if no
-    /// module is registered.
+    /// `changed` is called when a property has changed. Throws runtime::Error, for example if no
+    /// module is registered or its file is missing.
     EditedEffect(Picture picture, std::function<void()> changed);
     ~EditedEffect();
     EditedEffect(const EditedEffect&) = delete;

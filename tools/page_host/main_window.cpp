@@ -94,8 +94,6 @@ MainWindow::MainWindow(Picture picture, std::filesystem::path report) : report_(
     openEffect(makeEffect(std::move(picture)));
     timeBar_ = std::make_unique<TimeBar>(handle(), IDC_TIME, effect_->frameRate());
     fitToContents();
-    ShowWindow(handle(), SW_SHOWNORMAL);
-    SetFocus(tabs_->handle());
 }
 
 MainWindow::~MainWindow() {
@@ -263,7 +261,9 @@ LRESULT MainWindow::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     return defaultAnswer(message, wParam, lParam);
 }
 
-void MainWindow::run() {
+void MainWindow::run(int showCommand) {
+    ShowWindow(handle(), showCommand);
+    SetFocus(tabs_->handle());
     const HACCEL keys = LoadAcceleratorsW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDR_KEYS));
     MSG message;
     while (GetMessageW(&message, nullptr, 0, 0) > 0) {

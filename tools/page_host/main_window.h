@@ -16,12 +16,13 @@ namespace ruvex::page_host {
 
 class MainWindow final : public Window {
 public:
-    /// Opens the effect over a picture and shows the window. Throws runtime::Error.
+    /// Opens the effect over a picture. Throws runtime::Error.
     MainWindow(Picture picture, std::filesystem::path report);
     ~MainWindow() override;
 
-    /// Runs the message loop until the window is closed.
-    void run();
+    /// Shows the window (`showCommand` is one for ShowWindow) and runs the message loop until it is
+    /// closed.
+    void run(int showCommand);
 
 private:
     LRESULT onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
