@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "runtime/error.h"
+#include "tools/page_host/message_font.h"
 
 namespace ruvex::page_host {
 
@@ -48,9 +49,9 @@ void fillArea(HDC context, const RECT& area, COLORREF colour) {
 }
 
 void writeText(HDC context, SIZE size, std::wstring_view text, COLORREF textColour) {
-    constexpr int kIndent = 16;
-    RECT area{kIndent, kIndent, size.cx - kIndent, size.cy - kIndent};
-    SelectObject(context, GetStockObject(DEFAULT_GUI_FONT));
+    const int indent = 2 * gap();
+    RECT area{indent, indent, size.cx - indent, size.cy - indent};
+    SelectObject(context, messageFont());
     SetTextColor(context, textColour);
     SetBkMode(context, TRANSPARENT);
     DrawTextW(context, text.data(), static_cast<int>(text.size()), &area,

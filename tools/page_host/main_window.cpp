@@ -12,6 +12,7 @@
 
 #include "runtime/error.h"
 #include "sdk/com/utf8.h"
+#include "tools/page_host/message_font.h"
 #include "tools/page_host/page_host_ids.h"
 #include "tools/page_host/report.h"
 
@@ -21,10 +22,12 @@ namespace {
 /// Another thread has posted a task.
 constexpr UINT kRunTasks = WM_APP;
 
-/// Between the parts of the window, and around them, in pixels.
-constexpr int kGap = 8;
-constexpr int kTimeBarHeight = 28;
-constexpr SIZE kSmallestViewer{240, 180};
+/// In pixels.
+SIZE smallestViewer() {
+    constexpr int kLines = 14;
+    const int height = kLines * textSize(L"X").cy;
+    return {height * 4 / 3, height};
+}
 
 constexpr wchar_t kPictureFiles[] =
     L"Pictures\0*.png;*.jpg;*.jpeg;*.bmp;*.tif;*.tiff\0All files\0*.*\0";
@@ -129,10 +132,10 @@ void MainWindow::replacePicture(Picture picture) {
 /// As large as the pages and the picture need, if the screen has the room.
 void MainWindow::fitToContents() {
     const SIZE pages = tabs_->size();
-    const LONG viewerWidth = effect_->width() + 2 * ViewerLayout::kMargin;
-    const LONG viewerHeight = effect_->height() + 2 * ViewerLayout::kMargin;
-    RECT wanted{0, 0, pages.cx + 3 * kGap + viewerWidth,
-                2 * kGap + std::max(pages.cy, viewerHeight + kTimeBarHeight)};
+    const LONG viewerWidth = effect_->width() + 2 * ViewerLayout::margin();
+    const LONG viewerHeight = effect_->height() + 2 * ViewerLayout::margin();
+    RECT wanted{0, 0, pages.cx + 3 * gap() + viewerWidth,
+                2 * gap() + std::max(pages.cy, viewerHeight + TimeBar::height())};
     AdjustWindowRectEx(&wanted, WS_OVERLAPPEDWINDOW, TRUE, WS_EX_CONTROLPARENT);
     RECT screen{};
     SystemParametersInfoW(SPI_GETWORKAREA, 0, &screen, 0);
@@ -146,20 +149,20 @@ void MainWindow::fitToContents() {
 void MainWindow::arrange() {
     if (!timeBar_) return;
     const SIZE inside = clientSize(handle());
-    tabs_->moveTo({kGap, kGap});
-    const LONG left = tabs_->size().cx + 2 * kGap;
-    const LONG right = std::max(left + kSmallestViewer.cx, inside.cx - kGap);
+    tabs_->moveTo({gap(), gap()});
+    const LONG left = tabs_->size().cx + 2 * gap();
+    const LONG right = std::max(left + smallestViewer().cx, inside.cx - gap());
     const LONG bottom =
-        std::max<LONG>(kGap + kSmallestViewer.cy, inside.cy - kGap - kTimeBarHeight);
-    MoveWindow(viewer_->handle(), left, kGap, right - left, bottom - kGap, TRUE);
-    timeBar_->moveTo({left, bottom, right, bottom + kTimeBarHeight});
+        std::max<LONG>(gap() + smallestViewer().cy, inside.cy - gap() - TimeBar::height());
+    MoveWindow(viewer_->handle(), left, gap(), right - left, bottom - gap(), TRUE);
+    timeBar_->moveTo({left, bottom, right, bottom + TimeBar::height()});
 }
 
 POINT MainWindow::smallestSize() const {
     if (!tabs_) return {};
     const SIZE pages = tabs_->size();
-    RECT inside{0, 0, pages.cx + 3 * kGap + kSmallestViewer.cx,
-                2 * kGap + std::max(pages.cy, kSmallestViewer.cy + kTimeBarHeight)};
+    RECT inside{0, 0, pages.cx + 3 * gap() + smallestViewer().cx,
+                2 * gap() + std::max(pages.cy, smallestViewer().cy + TimeBar::height())};
     AdjustWindowRectEx(&inside, WS_OVERLAPPEDWINDOW, TRUE, WS_EX_CONTROLPARENT);
     return {inside.right - inside.left, inside.bottom - inside.top};
 }

@@ -8,6 +8,7 @@
 #include <algorithm>
 
 #include "runtime/error.h"
+#include "tools/page_host/message_font.h"
 
 namespace ruvex::page_host {
 namespace {
@@ -27,10 +28,9 @@ PageTabs::PageTabs(HWND parent, int controlId)
                             reinterpret_cast<HMENU>(static_cast<INT_PTR>(controlId)),
                             GetModuleHandleW(nullptr), nullptr)) {
     if (!tabs_) throw runtime::Error("the system cannot make tabs");
-    SendMessageW(tabs_, WM_SETFONT, reinterpret_cast<WPARAM>(GetStockObject(DEFAULT_GUI_FONT)), 0);
+    useMessageFont(tabs_);
     // Narrow enough for all pages in one row.
-    constexpr int kPadding = 3;
-    TabCtrl_SetPadding(tabs_, kPadding, kPadding);
+    TabCtrl_SetPadding(tabs_, gap() / 2, gap() / 2);
 }
 
 void PageTabs::open(EditedEffect& effect) {

@@ -5,15 +5,16 @@
 
 #include "tools/page_host/time_bar.h"
 
+#include <algorithm>
 #include <cwchar>
 
 #include "runtime/error.h"
+#include "tools/page_host/message_font.h"
 
 namespace ruvex::page_host {
 namespace {
 
 constexpr double kSeconds = 10.0;
-constexpr int kLabelWidth = 130;
 
 HWND makeChild(HWND parent, const wchar_t* className, DWORD style, int id) {
     const HWND child = CreateWindowExW(0, className, L"", WS_CHILD | WS_VISIBLE | style, 0, 0, 0, 0,
@@ -29,11 +30,18 @@ TimeBar::TimeBar(HWND parent, int controlId, double frameRate)
     : slider_(makeChild(parent, TRACKBAR_CLASSW, WS_TABSTOP | TBS_HORZ | TBS_NOTICKS, controlId)),
       label_(makeChild(parent, L"Static", SS_CENTERIMAGE, 0)),
       frameRate_(frameRate) {
-    const auto frames = static_cast<LPARAM>(kSeconds * frameRate);
-    SendMessageW(slider_, TBM_SETRANGEMAX, FALSE, frames);
+    SendMessageW(slider_, TBM_SETRANGEMAX, FALSE, lastFrame());
     SendMessageW(slider_, TBM_SETPAGESIZE, 0, static_cast<LPARAM>(frameRate));
-    SendMessageW(label_, WM_SETFONT, reinterpret_cast<WPARAM>(GetStockObject(DEFAULT_GUI_FONT)), 0);
+    useMessageFont(label_);
     showFrame(0);
+}
+
+int TimeBar::height() {
+    return 2 * textSize(L"X").cy;
+}
+
+int TimeBar::lastFrame() const {
+    return static_cast<int>(kSeconds * frameRate_);
 }
 
 int TimeBar::frame() const {
@@ -41,17 +49,22 @@ int TimeBar::frame() const {
 }
 
 void TimeBar::showFrame(int frame) {
+    SendMessageW(slider_, TBM_SETPOS, TRUE, frame);
+    SetWindowTextW(label_, textOf(frame).c_str());
+}
+
+std::wstring TimeBar::textOf(int frame) const {
     wchar_t text[64];
     std::swprintf(text, std::size(text), L"Frame %d, %.2f s", frame, frame / frameRate_);
-    SendMessageW(slider_, TBM_SETPOS, TRUE, frame);
-    SetWindowTextW(label_, text);
+    return text;
 }
 
 void TimeBar::moveTo(const RECT& area) {
     const int height = area.bottom - area.top;
-    const int sliderWidth = area.right - area.left - kLabelWidth;
+    const int labelWidth = textSize(textOf(lastFrame())).cx + gap();
+    const int sliderWidth = std::max<int>(0, area.right - area.left - labelWidth);
     MoveWindow(slider_, area.left, area.top, sliderWidth, height, TRUE);
-    MoveWindow(label_, area.left + sliderWidth, area.top, kLabelWidth, height, TRUE);
+    MoveWindow(label_, area.left + sliderWidth, area.top, labelWidth, height, TRUE);
 }
 
 }  // namespace ruvex::page_host

@@ -15,10 +15,15 @@ public:
     /// The frame that the slider is at, from 0.
     int frame() const;
     void showFrame(int frame);
+    /// In pixels.
+    static int height();
     /// In pixels of the parent.
     void moveTo(const RECT& area);
 
 private:
+    int lastFrame() const;
+    std::wstring textOf(int frame) const;
+
     HWND slider_;
     HWND label_;
     double frameRate_;

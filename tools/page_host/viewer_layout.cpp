@@ -7,8 +7,8 @@ namespace ruvex::page_host {
 namespace {
 
 double fittingScale(SIZE window, int width, int height) {
-    const double roomX = std::max<LONG>(1, window.cx - 2 * ViewerLayout::kMargin);
-    const double roomY = std::max<LONG>(1, window.cy - 2 * ViewerLayout::kMargin);
+    const double roomX = std::max<LONG>(1, window.cx - 2 * ViewerLayout::margin());
+    const double roomY = std::max<LONG>(1, window.cy - 2 * ViewerLayout::margin());
     return std::min({1.0, roomX / width, roomY / height});
 }
 
@@ -25,6 +25,10 @@ ViewerLayout::ViewerLayout(SIZE window, int pictureWidth, int pictureHeight)
       scale_(fittingScale(window_, pictureWidth, pictureHeight)),
       picture_(centred(window_, std::max(1L, std::lround(pictureWidth * scale_)),
                        std::max(1L, std::lround(pictureHeight * scale_)))) {}
+
+int ViewerLayout::margin() {
+    return 3 * GetSystemMetrics(SM_CXDRAG);
+}
 
 WorldPoint ViewerLayout::worldOrigin() const {
     return {-picture_.left / scale_, (picture_.bottom - window_.cy) / scale_};

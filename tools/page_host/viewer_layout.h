@@ -16,8 +16,9 @@ struct WorldPoint {
 /// own pixels. The margin lets the pen reach the lines at the picture's border from both sides.
 class ViewerLayout {
 public:
-    /// In pixels of the window.
-    static constexpr int kMargin = 12;
+    /// Around the picture, in pixels of the window: three times the distance from which on the
+    /// system takes a movement of the mouse for a drag.
+    static int margin();
 
     ViewerLayout(SIZE window, int pictureWidth, int pictureHeight);
 
