@@ -24,6 +24,7 @@ public:
 
     runtime::Editor& editor() { return editor_; }
     runtime::EffectSession& session() { return session_; }
+    const std::wstring& pictureName() const { return picture_->name; }
     int width() const { return picture_->width; }
     int height() const { return picture_->height; }
     double frameRate() const { return kFrameRate; }

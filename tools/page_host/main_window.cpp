@@ -94,6 +94,7 @@ MainWindow::MainWindow(Picture picture, std::filesystem::path report) : report_(
         [window = handle()] { PostMessageW(window, kRunTasks, 0, 0); });
     tabs_ = std::make_unique<PageTabs>(handle(), IDC_TABS);
     viewer_ = std::make_unique<ViewerWindow>(handle(), IDC_VIEWER);
+    statusBar_ = std::make_unique<StatusBar>(handle(), IDC_STATUS);
     openEffect(makeEffect(std::move(picture)));
     timeBar_ = std::make_unique<TimeBar>(handle(), IDC_TIME, effect_->frameRate());
     fitToContents();
@@ -111,6 +112,7 @@ void MainWindow::openEffect(std::unique_ptr<EditedEffect> effect) {
     effect_ = std::move(effect);
     viewer_->show(effect_.get());
     tabs_->open(*effect_);
+    SetWindowTextW(handle(), (effect_->pictureName() + L" - V_Ruvex").c_str());
 }
 
 void MainWindow::closeEffect() {
@@ -121,6 +123,8 @@ void MainWindow::closeEffect() {
 
 /// The project frame has the picture's size, so that another picture needs another effect.
 void MainWindow::replacePicture(Picture picture) {
+    // A number that has the focus enters what was typed into it.
+    SetFocus(tabs_->handle());
     auto next = makeEffect(std::move(picture));
     next->replaceStates(effect_->states());
     closeEffect();
@@ -134,8 +138,9 @@ void MainWindow::fitToContents() {
     const SIZE pages = tabs_->size();
     const LONG viewerWidth = effect_->width() + 2 * ViewerLayout::margin();
     const LONG viewerHeight = effect_->height() + 2 * ViewerLayout::margin();
-    RECT wanted{0, 0, pages.cx + 3 * gap() + viewerWidth,
-                2 * gap() + std::max(pages.cy, viewerHeight + TimeBar::height())};
+    RECT wanted{
+        0, 0, pages.cx + 3 * gap() + viewerWidth,
+        2 * gap() + std::max(pages.cy, viewerHeight + TimeBar::height()) + statusBar_->height()};
     AdjustWindowRectEx(&wanted, WS_OVERLAPPEDWINDOW, TRUE, WS_EX_CONTROLPARENT);
     RECT screen{};
     SystemParametersInfoW(SPI_GETWORKAREA, 0, &screen, 0);
@@ -148,7 +153,9 @@ void MainWindow::fitToContents() {
 
 void MainWindow::arrange() {
     if (!timeBar_) return;
-    const SIZE inside = clientSize(handle());
+    statusBar_->fitToParent();
+    SIZE inside = clientSize(handle());
+    inside.cy -= statusBar_->height();
     tabs_->moveTo({gap(), gap()});
     const LONG left = tabs_->size().cx + 2 * gap();
     const LONG right = std::max(left + smallestViewer().cx, inside.cx - gap());
@@ -159,10 +166,11 @@ void MainWindow::arrange() {
 }
 
 POINT MainWindow::smallestSize() const {
-    if (!tabs_) return {};
+    if (!statusBar_) return {};
     const SIZE pages = tabs_->size();
     RECT inside{0, 0, pages.cx + 3 * gap() + smallestViewer().cx,
-                2 * gap() + std::max(pages.cy, smallestViewer().cy + TimeBar::height())};
+                2 * gap() + std::max(pages.cy, smallestViewer().cy + TimeBar::height()) +
+                    statusBar_->height()};
     AdjustWindowRectEx(&inside, WS_OVERLAPPEDWINDOW, TRUE, WS_EX_CONTROLPARENT);
     return {inside.right - inside.left, inside.bottom - inside.top};
 }
@@ -176,8 +184,19 @@ void MainWindow::rememberFocus(bool active) {
     }
 }
 
+/// A control that is disabled or hidden while it has the focus, by undo for example, leaves the
+/// focus where no key reaches a control.
+void MainWindow::keepFocus() {
+    if (!handle() || GetActiveWindow() != handle()) return;
+    const HWND focus = GetFocus();
+    const bool usable = focus && focus != handle() && !tabs_->isPage(focus) &&
+                        IsWindowVisible(focus) && IsWindowEnabled(focus);
+    if (!usable) SetFocus(tabs_->handle());
+}
+
 void MainWindow::chooseTime() {
     const int frame = timeBar_->frame();
+    if (frame == timeBar_->shownFrame()) return;
     timeBar_->showFrame(frame);
     effect_->editor().setTime(runtime::frameTime(frame, effect_->frameRate()));
     viewer_->frameChanged();
@@ -192,7 +211,14 @@ void MainWindow::openPicture() {
 void MainWindow::savePicture() {
     const Picture picture = effect_->render();
     const auto file = askForFile(handle(), GetSaveFileNameW, kPngFiles, OFN_OVERWRITEPROMPT);
-    if (file) writePicture(*file, picture);
+    if (!file) return;
+    writePicture(*file, picture);
+    statusBar_->show(L"Picture written to " + file->wstring());
+}
+
+void MainWindow::reportState() {
+    writeReport(report_, handle(), *tabs_, *viewer_, *effect_);
+    statusBar_->show(L"Report written to " + report_.wstring());
 }
 
 void MainWindow::nameSteps() {
@@ -209,7 +235,7 @@ bool MainWindow::onCommand(int command) {
         case IDM_SAVE_PICTURE:
             return savePicture(), true;
         case IDM_WRITE_REPORT:
-            return writeReport(report_, handle(), *tabs_, *viewer_, *effect_), true;
+            return reportState(), true;
         case IDM_EXIT:
             return SendMessageW(handle(), WM_CLOSE, 0, 0), true;
         case IDM_UNDO:
@@ -220,6 +246,8 @@ bool MainWindow::onCommand(int command) {
             return tabs_->selectNext(1), true;
         case IDM_PREVIOUS_PAGE:
             return tabs_->selectNext(-1), true;
+        case IDM_HELP:
+            return tabs_->showHelp(), true;
         default:
             return false;
     }
@@ -264,20 +292,25 @@ LRESULT MainWindow::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     return defaultAnswer(message, wParam, lParam);
 }
 
+void MainWindow::dispatch(MSG& message, HACCEL keys) {
+    if (isReportKey(message)) {
+        SendMessageW(handle(), WM_COMMAND, IDM_WRITE_REPORT, 0);
+        return;
+    }
+    if (TranslateAcceleratorW(handle(), keys, &message)) return;
+    if (IsDialogMessageW(handle(), &message)) return;
+    TranslateMessage(&message);
+    DispatchMessageW(&message);
+}
+
 void MainWindow::run(int showCommand) {
     ShowWindow(handle(), showCommand);
     SetFocus(tabs_->handle());
     const HACCEL keys = LoadAcceleratorsW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDR_KEYS));
     MSG message;
     while (GetMessageW(&message, nullptr, 0, 0) > 0) {
-        if (isReportKey(message)) {
-            SendMessageW(handle(), WM_COMMAND, IDM_WRITE_REPORT, 0);
-            continue;
-        }
-        if (TranslateAcceleratorW(handle(), keys, &message)) continue;
-        if (IsDialogMessageW(handle(), &message)) continue;
-        TranslateMessage(&message);
-        DispatchMessageW(&message);
+        dispatch(message, keys);
+        keepFocus();
     }
 }
 

@@ -8,6 +8,7 @@
 #include "sdk/com/ui_queue.h"
 #include "tools/page_host/arguments.h"
 #include "tools/page_host/page_tabs.h"
+#include "tools/page_host/status_bar.h"
 #include "tools/page_host/time_bar.h"
 #include "tools/page_host/viewer_window.h"
 #include "tools/page_host/window.h"
@@ -27,16 +28,19 @@ public:
 private:
     LRESULT onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
     bool onCommand(int command);
+    void dispatch(MSG& message, HACCEL keys);
     std::unique_ptr<EditedEffect> makeEffect(Picture picture);
     void openEffect(std::unique_ptr<EditedEffect> effect);
     void closeEffect();
     void replacePicture(Picture picture);
     void openPicture();
     void savePicture();
+    void reportState();
     void nameSteps();
     void arrange();
     POINT smallestSize() const;
     void rememberFocus(bool active);
+    void keepFocus();
     void chooseTime();
     void fitToContents();
 
@@ -46,6 +50,7 @@ private:
     std::unique_ptr<PageTabs> tabs_;
     std::unique_ptr<ViewerWindow> viewer_;
     std::unique_ptr<TimeBar> timeBar_;
+    std::unique_ptr<StatusBar> statusBar_;
     HWND focus_ = nullptr;  ///< While the window is not active.
 };
 

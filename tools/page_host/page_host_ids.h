@@ -14,9 +14,11 @@
 #define IDM_NEXT_PAGE 120
 #define IDM_PREVIOUS_PAGE 121
 #define IDM_WRITE_REPORT 130
+#define IDM_HELP 140
 
 #define IDC_TABS 200
 #define IDC_VIEWER 201
 #define IDC_TIME 202
+#define IDC_STATUS 203
 
 #endif

@@ -98,16 +98,31 @@ void PageTabs::bringToFront(int index) {
     if (before >= 0) pages_[static_cast<std::size_t>(before)].open->hide();
 }
 
+/// A number that has the focus enters what was typed into it before its page is hidden.
+void PageTabs::switchTo(int index) {
+    SetFocus(tabs_);
+    bringToFront(index);
+}
+
 void PageTabs::selected() {
-    bringToFront(TabCtrl_GetCurSel(tabs_));
+    switchTo(TabCtrl_GetCurSel(tabs_));
 }
 
 void PageTabs::selectNext(int steps) {
     const int count = static_cast<int>(pages_.size());
     if (count == 0) return;
-    // The number in front may lose its page: it takes what is typed first.
-    SetFocus(tabs_);
-    bringToFront((front_ + steps + count) % count);
+    switchTo((front_ + steps + count) % count);
+}
+
+bool PageTabs::isPage(HWND window) const {
+    return std::ranges::any_of(pages_,
+                               [&](const Page& page) { return page.open->window() == window; });
+}
+
+void PageTabs::showHelp() {
+    if (front_ < 0) return;
+    runtime::require(pages_[static_cast<std::size_t>(front_)].open->page().Help(nullptr),
+                     "the page cannot open its help");
 }
 
 RECT PageTabs::tabRectOnScreen(int index) const {

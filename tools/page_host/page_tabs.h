@@ -41,11 +41,16 @@ public:
     const std::vector<Page>& pages() const { return pages_; }
     /// The index of the page in front; -1 without pages.
     int front() const { return front_; }
+    /// Whether the window is the dialog of a page.
+    bool isPage(HWND window) const;
+    /// Has the page in front open its help.
+    void showHelp();
     /// The rectangle of one tab, in pixels of the screen.
     RECT tabRectOnScreen(int index) const;
 
 private:
     void resize();
+    void switchTo(int index);
     void bringToFront(int index);
     RECT pageArea() const;
 

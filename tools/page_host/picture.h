@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <string>
 #include <vector>
 
 namespace ruvex::page_host {
@@ -20,6 +21,7 @@ struct Picture {
     std::uint8_t* row(int y) { return &bytes[4 * static_cast<std::size_t>(y * width)]; }
     const std::uint8_t* row(int y) const { return &bytes[4 * static_cast<std::size_t>(y * width)]; }
 
+    std::wstring name;  ///< The file's, without its folder, or "Test card".
     int width = 0;
     int height = 0;
     std::vector<std::uint8_t> bytes;

@@ -107,6 +107,7 @@ Picture readPicture(const std::filesystem::path& file) {
                                picture.bytes.data()),
             what);
     swapRows(picture);
+    picture.name = file.filename().wstring();
     return picture;
 }
 

@@ -35,6 +35,7 @@ Colour colourAt(int x, int y, int width, int height) {
 
 Picture makeTestCard(int width, int height) {
     Picture picture(width, height);
+    picture.name = L"Test card";
     for (int y = 0; y < height; ++y) {
         std::uint8_t* pixel = picture.row(y);
         for (int x = 0; x < width; ++x, pixel += 4) {

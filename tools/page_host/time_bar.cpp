@@ -49,6 +49,7 @@ int TimeBar::frame() const {
 }
 
 void TimeBar::showFrame(int frame) {
+    shownFrame_ = frame;
     SendMessageW(slider_, TBM_SETPOS, TRUE, frame);
     SetWindowTextW(label_, textOf(frame).c_str());
 }

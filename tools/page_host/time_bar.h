@@ -14,7 +14,10 @@ public:
 
     /// The frame that the slider is at, from 0.
     int frame() const;
+    /// Moves the slider to a frame and writes it into the label.
     void showFrame(int frame);
+    /// The frame that was given last.
+    int shownFrame() const { return shownFrame_; }
     /// In pixels.
     static int height();
     /// In pixels of the parent.
@@ -27,6 +30,7 @@ private:
     HWND slider_;
     HWND label_;
     double frameRate_;
+    int shownFrame_ = 0;
 };
 
 }  // namespace ruvex::page_host
