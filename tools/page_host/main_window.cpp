@@ -95,7 +95,7 @@ MainWindow::MainWindow(Picture picture, std::filesystem::path report) : report_(
     tabs_ = std::make_unique<PageTabs>(handle(), IDC_TABS);
     viewer_ = std::make_unique<ViewerWindow>(handle(), IDC_VIEWER);
     statusBar_ = std::make_unique<StatusBar>(handle(), IDC_STATUS);
-    openEffect(makeEffect(std::move(picture)));
+    openEffect(makeEffect(std::move(picture)), 0);
     timeBar_ = std::make_unique<TimeBar>(handle(), IDC_TIME, effect_->frameRate());
     fitToContents();
 }
@@ -108,10 +108,10 @@ std::unique_ptr<EditedEffect> MainWindow::makeEffect(Picture picture) {
     return std::make_unique<EditedEffect>(std::move(picture), [this] { viewer_->frameChanged(); });
 }
 
-void MainWindow::openEffect(std::unique_ptr<EditedEffect> effect) {
+void MainWindow::openEffect(std::unique_ptr<EditedEffect> effect, int front) {
     effect_ = std::move(effect);
     viewer_->show(effect_.get());
-    tabs_->open(*effect_);
+    tabs_->open(*effect_, front);
     SetWindowTextW(handle(), (effect_->pictureName() + L" - V_Ruvex").c_str());
 }
 
@@ -127,8 +127,9 @@ void MainWindow::replacePicture(Picture picture) {
     SetFocus(tabs_->handle());
     auto next = makeEffect(std::move(picture));
     next->replaceStates(effect_->states());
+    const int front = std::max(0, tabs_->front());
     closeEffect();
-    openEffect(std::move(next));
+    openEffect(std::move(next), front);
     timeBar_->showFrame(0);
     arrange();
 }

@@ -30,7 +30,7 @@ private:
     bool onCommand(int command);
     void dispatch(MSG& message, HACCEL keys);
     std::unique_ptr<EditedEffect> makeEffect(Picture picture);
-    void openEffect(std::unique_ptr<EditedEffect> effect);
+    void openEffect(std::unique_ptr<EditedEffect> effect, int front);
     void closeEffect();
     void replacePicture(Picture picture);
     void openPicture();

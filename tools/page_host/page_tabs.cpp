@@ -33,7 +33,7 @@ PageTabs::PageTabs(HWND parent, int controlId)
     TabCtrl_SetPadding(tabs_, gap() / 2, gap() / 2);
 }
 
-void PageTabs::open(EditedEffect& effect) {
+void PageTabs::open(EditedEffect& effect, int front) {
     close();
     for (const GUID& classId : effect.editor().pages()) {
         auto page = effect.editor().open(classId, parent_);
@@ -47,7 +47,7 @@ void PageTabs::open(EditedEffect& effect) {
     // The width decides on the number of rows of tabs, and these on the height.
     resize();
     resize();
-    if (!pages_.empty()) bringToFront(0);
+    if (front < std::ssize(pages_)) bringToFront(front);
 }
 
 void PageTabs::close() {

@@ -24,8 +24,9 @@ public:
 
     PageTabs(HWND parent, int controlId);
 
-    /// Opens the pages of an effect; the first one is in front. Throws StatusError.
-    void open(EditedEffect& effect);
+    /// Opens the pages of an effect. `front` is the index of the one in front, not negative. Throws
+    /// StatusError.
+    void open(EditedEffect& effect, int front);
     void close();
 
     /// Tells the tabs that the user has chosen one.
