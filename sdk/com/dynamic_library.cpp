@@ -4,6 +4,8 @@
 
 #ifdef _WIN32
 
+#include <string_view>
+
 #include "sdk/com/utf8.h"
 
 namespace {
@@ -15,6 +17,10 @@ std::string systemErrorText(DWORD error) {
     const DWORD length =
         FormatMessageW(kFlags, nullptr, error, 0, buffer, std::size(buffer), nullptr);
     std::wstring text(buffer, length);
+    constexpr std::wstring_view kFilePlaceholder = L"%1";
+    if (const auto place = text.find(kFilePlaceholder); place != text.npos) {
+        text.replace(place, kFilePlaceholder.size(), L"the file");
+    }
     // The sentence ends with a full stop and a new line.
     text.resize(text.find_last_not_of(L". \r\n") + 1);
     if (text.empty()) text = L"system error";
