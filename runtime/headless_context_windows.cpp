@@ -15,7 +15,8 @@ namespace {
 
 constexpr int kBitsPerChannel = 8;
 
-/// A class of windows with a name of its own, so that several surfaces need not share one.
+/// A window class for one surface. Its name holds its address, since the name of a class that is
+/// still in use cannot be registered again.
 class WindowClass {
 public:
     WindowClass() {

@@ -155,7 +155,7 @@ void CDSBasePropertyPage::onNumber(UINT controlId, DSNumberEdit edit) {
     notify(*entry);
 }
 
-/// Steps in succession become one undo step, which their number says.
+/// Steps of one control in succession become one undo step: they have the same merge key.
 void CDSBasePropertyPage::writeStep(const CDSPPGControlMapEntry& entry) {
     const ComPtr<IDSPageSite> site = site_;
     UNDO_STYLE style = DSUNDO_OWN_STEP;

@@ -1,5 +1,6 @@
 // The store in the system's registry. Classes are registered where the system's CoCreateInstance
-// looks for them. A key of the host has the same classes with the fields that have no place there.
+// looks for them. A key of the host has the same classes, with what only the host needs: the order
+// in which they were registered, the identifier as a text, and the families of each effect.
 
 #include <algorithm>
 #include <utility>

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdio>
+#include <source_location>
 
 namespace ruvex::test {
 
@@ -10,12 +11,15 @@ struct Checks {
     int made = 0;
     int failed = 0;
 
-    /// `what` is what is to be true.
-    void expect(bool good, const char* what) {
+    /// `what` is what is to be true, after the statements before it. A failure is printed with its
+    /// line.
+    void expect(bool good, const char* what,
+                std::source_location where = std::source_location::current()) {
         ++made;
         if (good) return;
         ++failed;
-        std::printf("FAILED: %s\n", what);
+        std::printf("FAILED: %s:%u: %s\n", where.file_name(), static_cast<unsigned>(where.line()),
+                    what);
     }
 };
 

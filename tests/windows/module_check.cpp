@@ -40,7 +40,8 @@ void checkObjects(Checks& checks) {
     checks.expect(make(kMainPage) == S_OK, "and its main page");
     ComPtr<IUnknown> outer;
     CoCreateInstance(kRuvexClassId, nullptr, CLSCTX_INPROC_SERVER, IID_IUnknown, outer.putVoid());
-    checks.expect(makeInside(outer.get()) == CLASS_E_NOAGGREGATION, "nor an effect inside another");
+    checks.expect(makeInside(outer.get()) == CLASS_E_NOAGGREGATION,
+                  "an effect cannot be made inside another object");
 }
 
 void checkLoader(Checks& checks) {
@@ -52,7 +53,7 @@ void checkLoader(Checks& checks) {
         checks.expect(static_cast<bool>(factory.query<IMarshal>()),
                       "it may be called from any thread");
     }
-    checks.expect(module->canUnload(), "and no more");
+    checks.expect(module->canUnload(), "a module without objects can be unloaded");
     const auto report = runtime::describeModule(*module);
     checks.expect(report.name == "V_Ruvex", "the effect has its name");
     checks.expect(report.classes.size() == 10 && report.formats.size() == 2, "and says what it is");

@@ -57,11 +57,13 @@ void checkFamilies(Checks& checks) {
 
 void checkRegistry(Checks& checks) {
     checks.expect(contents().empty(), "nothing is registered at first");
-    checks.expect(DSUnregisterCOMEffect(kFirst) == REGDB_E_CLASSNOTREG, "nor to be removed");
+    checks.expect(DSUnregisterCOMEffect(kFirst) == REGDB_E_CLASSNOTREG,
+                  "a class that is not registered cannot be removed");
     checkClasses(checks, *DSSystemRegistry());
     checkFamilies(checks);
     checks.expect(DSUnregisterCOMEffect(kFirst) == S_OK, "a class is removed");
-    checks.expect(DSUnregisterCOMEffect(kFirst) == REGDB_E_CLASSNOTREG, "once");
+    checks.expect(DSUnregisterCOMEffect(kFirst) == REGDB_E_CLASSNOTREG,
+                  "a class can be removed once");
     checks.expect(!registryKeyExists(systemKey(kFirst)), "COM's key is gone");
     checks.expect(registryKeyExists(systemKey(kSecond)), "the other class's is there");
     checks.expect(DSUnregisterCOMEffect(kSecond) == S_OK, "it is removed too");

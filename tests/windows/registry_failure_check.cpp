@@ -96,8 +96,9 @@ void checkKnownClass(Checks& checks, DSRegistryStore& store) {
         const Denied sealed(kHostKey, kToWrite);
         checks.expect(store.addClass(kOther) == REGDB_E_WRITEREGDB, "one is not replaced by half");
         checks.expect(comHasFirst(), "COM has the old one");
-        checks.expect(contentsOf(store) == before, "and the host");
-        checks.expect(store.removeClass(kClass) == REGDB_E_WRITEREGDB, "nor removed by half");
+        checks.expect(contentsOf(store) == before, "the host's entries are as before");
+        checks.expect(store.removeClass(kClass) == REGDB_E_WRITEREGDB,
+                      "a class is not removed in part");
         checks.expect(comHasFirst(), "COM still has it");
         checks.expect(contentsOf(store) == before, "and the host does");
     }
@@ -105,8 +106,8 @@ void checkKnownClass(Checks& checks, DSRegistryStore& store) {
         const Denied hidden(kHostKey, kToRead);
         DSRegistryContents all = before;
         checks.expect(store.read(all) == REGDB_E_READREGDB, "what is not to be read is no reading");
-        checks.expect(all == before, "and gives nothing");
-        checks.expect(store.addClass(kOther) == REGDB_E_READREGDB, "nor is it replaced");
+        checks.expect(all == before, "a failed read gives nothing");
+        checks.expect(store.addClass(kOther) == REGDB_E_READREGDB, "a class is not replaced");
     }
     checks.expect(comHasFirst() && contentsOf(store) == before, "all is as it was");
 }
@@ -119,7 +120,8 @@ void checkFamilies(Checks& checks, DSRegistryStore& store) {
         const Denied sealed(familyKey(kFamilies[0]), kToWrite);
         checks.expect(store.addFamilies(both) == REGDB_E_WRITEREGDB,
                       "families are entered together");
-        checks.expect(contentsOf(store).families == std::vector{first}, "or not at all");
+        checks.expect(contentsOf(store).families == std::vector{first},
+                      "families are not entered in part");
     }
     checks.expect(store.addFamilies(both) == S_OK, "without the obstacle they are");
     const DSRegistryContents before = contentsOf(store);
@@ -128,7 +130,7 @@ void checkFamilies(Checks& checks, DSRegistryStore& store) {
         const Denied sealed(familyKey(kFamilies[0]), kToWrite);
         checks.expect(store.removeFamilies(kClass, order) == REGDB_E_WRITEREGDB,
                       "they are removed together");
-        checks.expect(contentsOf(store) == before, "or stay");
+        checks.expect(contentsOf(store) == before, "families are not removed in part");
     }
     checks.expect(store.removeFamilies(kClass, order) == S_OK, "and without it they go");
 }
