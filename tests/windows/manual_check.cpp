@@ -35,6 +35,18 @@ public:
 
     explicit operator bool() const { return before_.has_value(); }
     bool set(const std::wstring& folder) { return key_ && key_.set(kProgramFilesValue, folder); }
+    /// Stores the characters without the zero that ends a text.
+    bool setUnterminated(const std::wstring& folder) {
+        HKEY key = nullptr;
+        if (RegOpenKeyExW(HKEY_LOCAL_MACHINE, kProgramFilesKey, 0, KEY_SET_VALUE, &key) != 0) {
+            return false;
+        }
+        const auto bytes = static_cast<DWORD>(folder.size() * sizeof(wchar_t));
+        const LONG status = RegSetValueExW(key, kProgramFilesValue, 0, REG_SZ,
+                                           reinterpret_cast<const BYTE*>(folder.c_str()), bytes);
+        RegCloseKey(key);
+        return status == ERROR_SUCCESS;
+    }
     bool remove() { return key_ && key_.remove(kProgramFilesValue); }
 
 private:
@@ -96,6 +108,11 @@ void checkProgramFiles(Checks& checks, PageHost& host) {
                       "a folder of 129 characters is read");
         folder.set(folderOfLength(130));
         checks.expect(opened() == fallback, "one of 130 does not fit");
+        checks.expect(folder.setUnterminated(folderOfLength(129)), "it can lack its zero");
+        checks.expect(opened() == folderOfLength(129) + kBelowProgramFiles,
+                      "129 characters without a zero are read");
+        folder.setUnterminated(folderOfLength(130));
+        checks.expect(opened() == fallback, "130 characters without a zero do not fit");
         folder.set(L"D:\\100%d %s");
         checks.expect(opened() == L"D:\\100%d %s" + kBelowProgramFiles,
                       "a percent sign stays in its name");
