@@ -144,14 +144,15 @@ std::shared_ptr<Module> Module::loadBeside(const void* code) {
     if (folder.empty()) return loadRegistered(kRuvexClassId);
     const auto beside = folder / DSDynamicLibrary::fileName("V_Ruvex");
     const auto inLib = folder.parent_path() / "lib" / "ruvex" / beside.filename();
-    for (const auto& file : {beside, inLib}) {
+    const auto nextToFolder = folder.parent_path() / "ruvex" / beside.filename();
+    for (const auto& file : {beside, inLib, nextToFolder}) {
         if (std::filesystem::is_regular_file(file)) return load(file);
     }
     try {
         return loadRegistered(kRuvexClassId);
     } catch (const Error& error) {
-        throw Error("there is no module '" + beside.string() + "' and no '" + inLib.string() +
-                    "', and " + error.what());
+        throw Error("there is no module '" + beside.string() + "', no '" + inLib.string() +
+                    "' and no '" + nextToFolder.string() + "', and " + error.what());
     }
 }
 

@@ -23,8 +23,9 @@ public:
     static std::shared_ptr<Module> loadRegistered(const GUID& classId);
 
     /// Loads the module that belongs to the program or library which holds this address, of code or
-    /// of a constant: V_Ruvex in the same folder, or in ../lib/ruvex from there, where an installed
-    /// one is, or else the registered one. Throws Error, naming both places, when there is none.
+    /// of a constant: V_Ruvex in the same folder, or in an installation, which is ../lib/ruvex for
+    /// a program in bin/ and ../ruvex for a plug-in in a folder of lib/, or else the registered
+    /// one. Throws Error, naming these places, when there is none.
     static std::shared_ptr<Module> loadBeside(const void* code);
 
     /// The same for the program or library that this function is linked into: a plug-in finds the

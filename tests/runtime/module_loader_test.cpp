@@ -178,11 +178,13 @@ TEST(ModuleLoader, ALibrarysDefaultLiesBesideTheLibraryAndNotBesideTheProgram) {
 
     const auto beside = folder / DSDynamicLibrary::fileName("V_Ruvex");
     const auto inLib = programFolder() / "lib" / "ruvex" / beside.filename();
+    const auto nextToFolder = programFolder() / "ruvex" / beside.filename();
     const Link besideTheProgram(moduleFile("V_Ruvex"), "copy_module_incomplete");
     const ruvex::test::UsedRegistry used(DSMemoryRegistry());
     EXPECT_THAT(plugInsModule(), HasSubstr(beside.string()));
     EXPECT_THAT(plugInsModule(), HasSubstr(inLib.string()));
-    for (const auto& place : {beside, inLib}) {
+    EXPECT_THAT(plugInsModule(), HasSubstr(nextToFolder.string()));
+    for (const auto& place : {beside, inLib, nextToFolder}) {
         const Link link(place);
         EXPECT_EQ(plugInsModule(), moduleFile("copy_module"));
         EXPECT_EQ(Module::loadBeside(address)->file(), moduleFile("copy_module"));

@@ -1,0 +1,72 @@
+// The effect behind the pictures of another host.
+
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "adapters/common/picture_rows.h"
+#include "looks/parameter_change.h"
+#include "runtime/effect_session.h"
+#include "sdk/images/memory_image.h"
+
+namespace ruvex::adapters {
+
+/// The rows of each picture are divided into this number of shares, on which pictures depend: a
+/// plug-in gives the same pictures on every machine, those of `ruvex render --workers 8`.
+inline constexpr int kShares = 8;
+
+/// Which alpha a result has.
+enum class PlugInAlpha {
+    Input,   ///< That of the input; colours are the effect's.
+    Effect,  ///< The effect's, which makes parts of a picture transparent.
+};
+
+/// All that a frame depends on but its picture.
+struct FrameRequest {
+    std::int64_t frame = 0;                ///< Its time is frame / frameRate.
+    double frameRate = 25.0;               ///< Frames per second, above 0.
+    std::string look{};                    ///< A name or a path; empty for the defaults.
+    std::vector<looks::Setting> values{};  ///< Set over the look.
+    PlugInAlpha alpha = PlugInAlpha::Input;
+};
+
+/// One effect with the module that belongs to this plug-in. It is cheap to make: the module is
+/// loaded for the first frame. One thread uses it at a time; any number of them render at once.
+class HostedEffect {
+public:
+    HostedEffect();
+    ~HostedEffect();
+    HostedEffect(const HostedEffect&) = delete;
+    HostedEffect& operator=(const HostedEffect&) = delete;
+
+    /// Renders a frame of `source` into `target`, a picture of the same size, which may be the same
+    /// memory. The project frame has the picture's size. The result depends on the arguments alone,
+    /// not on earlier frames. Other frames of the clip are not to be had: the effect gets this
+    /// picture for them. Where the effect cannot render, the picture is copied, a message goes to
+    /// standard error, and the answer is false. Never throws.
+    bool render(const FrameRequest& request, const SourceRows& source,
+                const TargetRows& target) noexcept;
+
+private:
+    class CurrentPicture;
+
+    void renderOrThrow(const FrameRequest& request, const SourceRows& source,
+                       const TargetRows& target);
+    void openSession(const runtime::Project& project);
+    void setParameters(const FrameRequest& request);
+    ComPtr<CDSMemoryImage> renderImage(double seconds, const SourceRows& source);
+
+    std::shared_ptr<CurrentPicture> current_;
+    runtime::Project project_{};
+    std::optional<runtime::EffectSession> session_;
+    std::vector<looks::ParameterChange> state_;  ///< That the session has.
+    std::string lookName_;                       ///< Of `look_`.
+    std::vector<looks::ParameterChange> look_;
+};
+
+}  // namespace ruvex::adapters
