@@ -26,6 +26,8 @@ add_custom_target(preset_files ALL DEPENDS "${preset_files}/stamp")
 install(DIRECTORY "${preset_files}/" DESTINATION ${CMAKE_INSTALL_DATADIR}/ruvex/presets
   FILES_MATCHING PATTERN "*.json")
 
+file(GLOB shipped_look_files CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/looks/library/*.json")
+
 # The library of looks, where the command finds it from its own place.
 install(DIRECTORY "${PROJECT_SOURCE_DIR}/looks/library/" DESTINATION ${CMAKE_INSTALL_DATADIR}/ruvex/looks
   FILES_MATCHING PATTERN "*.json")
@@ -46,8 +48,21 @@ install(FILES "${told}/ruvex" DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completi
 install(FILES "${told}/_ruvex" DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions)
 install(FILES "${told}/ruvex.fish" DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)
 
-# Everything that an installation needs, for the package.
-add_custom_target(installation DEPENDS ruvex V_Ruvex preset_files told)
+# The plug-in for frei0r hosts, which finds the module in ../ruvex, and its description for Kdenlive.
+# All hosts search lib/frei0r-1, and few of them a folder for one kind of processor.
+set(kdenlive_file "${PROJECT_BINARY_DIR}/kdenlive/frei0r_ruvex.xml")
+add_custom_command(OUTPUT "${kdenlive_file}"
+  COMMAND ${CMAKE_COMMAND} -E make_directory "${PROJECT_BINARY_DIR}/kdenlive"
+  COMMAND kdenlive_effect "${PROJECT_SOURCE_DIR}/looks/library" "${kdenlive_file}"
+  DEPENDS kdenlive_effect ${shipped_look_files}
+  VERBATIM)
+add_custom_target(kdenlive_file ALL DEPENDS "${kdenlive_file}")
+set_target_properties(ruvex_frei0r PROPERTIES INSTALL_RPATH "$ORIGIN/../ruvex")
+install(TARGETS ruvex_frei0r LIBRARY DESTINATION lib/frei0r-1 COMPONENT frei0r)
+install(FILES "${kdenlive_file}" DESTINATION ${CMAKE_INSTALL_DATADIR}/kdenlive/effects COMPONENT frei0r)
+
+# Everything that an installation needs, for the packages.
+add_custom_target(installation DEPENDS ruvex V_Ruvex ruvex_frei0r preset_files told kdenlive_file)
 
 # Takes away what the last `cmake --install` of this build has installed.
 add_custom_target(uninstall

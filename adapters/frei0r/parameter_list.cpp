@@ -150,9 +150,10 @@ std::vector<ListedParameter> makeList() {
     const auto addRows = [&](std::span<const Id> ids) {
         std::ranges::transform(ids, std::back_inserter(all), listed);
     };
-    all.push_back(text(OwnParameter::Look, "look", "",
+    all.push_back(text(OwnParameter::Look, "look", "none",
                        "A look by its name, as 'ruvex presets' lists them, or a look file by its "
-                       "path. Parameters that differ from their defaults are set over it."));
+                       "path; default: none. Parameters that differ from their defaults are set "
+                       "over it."));
     addRows(kFirstRow);
     all.push_back(text(OwnParameter::Fps, "fps", "25",
                        "Frames per second of the clip: 25, 29.97, 30000/1001; default: 25. frei0r "
@@ -167,9 +168,9 @@ std::vector<ListedParameter> makeList() {
     all.push_back(text(OwnParameter::LookFile, "look-file", "",
                        "A look file by its path. It is used instead of 'look' if it is not "
                        "empty."));
-    all.push_back(text(OwnParameter::Override, "override", "",
+    all.push_back(text(OwnParameter::Override, "override", "none",
                        "Parameters that are set over the look even at their defaults: names "
-                       "separated by commas, or all."));
+                       "separated by commas, all or none; default: none."));
     return all;
 }
 

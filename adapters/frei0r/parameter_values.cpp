@@ -147,8 +147,11 @@ const std::string& ParameterValues::text(OwnParameter which) const {
 }
 
 const std::string& ParameterValues::look() const {
+    static const std::string kNone;
     const std::string& file = text(OwnParameter::LookFile);
-    return file.empty() ? text(OwnParameter::Look) : file;
+    if (!file.empty()) return file;
+    const std::string& name = text(OwnParameter::Look);
+    return labelsMatch(name, "none") ? kNone : name;
 }
 
 double ParameterValues::framesPerSecond() const {
@@ -181,8 +184,9 @@ bool ParameterValues::effectAlpha() const {
 bool ParameterValues::isOverridden(std::size_t index, const std::vector<std::string>& names) const {
     const ListedParameter& parameter = parameterList()[index];
     if (!isDefault(values_[index], parameter.defaultValue)) return true;
-    return std::ranges::any_of(
-        names, [&](const std::string& name) { return name == "all" || name == bareName(parameter.name); });
+    return std::ranges::any_of(names, [&](const std::string& name) {
+        return name == "all" || name == bareName(parameter.name);
+    });
 }
 
 std::vector<looks::Setting> ParameterValues::valuesOverLook() const {
