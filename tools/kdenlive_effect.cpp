@@ -3,6 +3,7 @@
 //
 //   kdenlive_effect LOOKS_FOLDER FILE      LOOKS_FOLDER holds the shipped looks
 
+#include <cmath>
 #include <cstdio>
 #include <exception>
 #include <fstream>
@@ -82,22 +83,28 @@ Entry list(const std::vector<std::string>& values, std::string_view defaultValue
     return list(values, values, defaultValue);
 }
 
-/// Kdenlive shows value * factor + offset and stores the value from 0 to 1.
+/// Kdenlive shows the value from 0 to 1 times a factor and adds nothing, so that what it shows is
+/// the distance from the low end of the range.
 Entry number(const ListedParameter& parameter) {
     const ParameterRow& row = *parameter.row;
-    const Range range = *row.controlRange;
-    const double factor = range.high - range.low;
+    const double factor = row.controlRange->high - row.controlRange->low;
     const int decimals = row.decimals.value_or(factor > kWideRange ? 1 : 2);
     Entry entry{row.kind == ParameterKind::Real ? "animated" : "constant",
                 attribute("default", formatNumber(std::get<double>(parameter.defaultValue))) +
-                    attribute("min", formatNumber(range.low)) +
-                    attribute("max", formatNumber(range.high)) +
+                    attribute("min", "0") + attribute("max", formatNumber(factor)) +
                     attribute("factor", formatNumber(factor)) +
                     attribute("decimals", std::to_string(decimals))};
-    if (range.low != 0.0) entry.attributes += attribute("offset", formatNumber(range.low));
     const std::string_view unit = unitText(row.unit);
     if (!unit.empty()) entry.attributes += attribute("suffix", std::string(1, ' ').append(unit));
     return entry;
+}
+
+/// "TV Contrast + 100" for a range from -100: what the number shown is.
+std::string numberTitle(const ParameterRow& row) {
+    const double low = row.controlRange ? row.controlRange->low : 0.0;
+    std::string title(row.label);
+    if (low == 0.0) return title;
+    return title.append(low < 0.0 ? " + " : " - ").append(formatNumber(std::abs(low)));
 }
 
 Entry colour(const ListedParameter& parameter) {
@@ -173,10 +180,10 @@ Entry entryOf(const ListedParameter& parameter, const std::vector<std::string>& 
     return {};
 }
 
-std::string_view titleOf(const ListedParameter& parameter) {
-    if (!parameter.row) return ownTitle(parameter.own);
-    const bool isColour = parameter.type == ParameterType::Colour;
-    return isColour ? adapters::colourLabel(*parameter.row) : parameter.row->label;
+std::string titleOf(const ListedParameter& parameter) {
+    if (!parameter.row) return std::string(ownTitle(parameter.own));
+    if (parameter.type != ParameterType::Colour) return numberTitle(*parameter.row);
+    return std::string(adapters::colourLabel(*parameter.row));
 }
 
 std::string parameterText(const ListedParameter& parameter, const std::vector<std::string>& looks) {
@@ -191,7 +198,7 @@ std::string effectText(const std::vector<std::string>& looks) {
     std::string text =
         "<?xml version=\"1.0\"?>\n<!DOCTYPE kpartgui>\n"
         "<!-- Made by tools/kdenlive_effect from the parameter table; do not edit. -->\n"
-        "<effect tag=\"frei0r.ruvex\" id=\"frei0r.ruvex\" category=\"Stylize\">\n"
+        "<effect tag=\"frei0r.ruvex\" id=\"frei0r.ruvex\">\n"
         "  <name>V_Ruvex</name>\n"
         "  <description>Makes the picture look like faulty television</description>\n"
         "  <author>The V_Ruvex authors</author>\n";

@@ -1,0 +1,110 @@
+#include "adapters/frei0r/frame_clock.h"
+
+#include <cmath>
+#include <gtest/gtest.h>
+#include <limits>
+#include <vector>
+
+namespace ruvex::frei0r {
+namespace {
+
+constexpr double kNtsc = 30000.0 / 1001.0;
+/// What ffmpeg gives at 25 frames per second where its time is garbage.
+constexpr double kGarbage = -3.6893488147419103e20;
+
+std::vector<std::int64_t> framesAt(const std::vector<double>& times, double rate,
+                                   TimeUnit unit = TimeUnit::Auto) {
+    FrameClock clock;
+    std::vector<std::int64_t> frames;
+    for (const double time : times) frames.push_back(clock.frameAt(time, rate, unit));
+    return frames;
+}
+
+using Frames = std::vector<std::int64_t>;
+
+TEST(FrameClock, SecondsAreFramesAtEveryRate) {
+    for (const double rate : {12.0, 24000.0 / 1001.0, 25.0, kNtsc, 50.0, 60.0, 120.0}) {
+        FrameClock clock;
+        for (std::int64_t frame = 0; frame < 5000; ++frame) {
+            ASSERT_EQ(clock.frameAt(static_cast<double>(frame) / rate, rate), frame);
+        }
+    }
+}
+
+TEST(FrameClock, MillisecondsAreFramesAtEveryRate) {
+    for (const double rate : {12.0, 24000.0 / 1001.0, 25.0, kNtsc, 50.0, 60.0, 120.0}) {
+        FrameClock clock;
+        for (std::int64_t frame = 0; frame < 5000; ++frame) {
+            ASSERT_EQ(clock.frameAt(static_cast<double>(frame) / rate * 1000.0, rate), frame);
+        }
+    }
+}
+
+TEST(FrameClock, WholeMillisecondsOfAFileAreFrames) {
+    EXPECT_EQ(framesAt({0, 33, 67, 100, 133}, kNtsc), (Frames{0, 1, 2, 3, 4}));
+    EXPECT_EQ(framesAt({0, 17, 33, 50}, 60.0), (Frames{0, 1, 2, 3}));
+}
+
+TEST(FrameClock, SecondsCutToNanosecondsAreFrames) {
+    EXPECT_EQ(framesAt({0, 0.033366666, 0.066733333, 0.1001}, kNtsc), (Frames{0, 1, 2, 3}));
+}
+
+TEST(FrameClock, CountsCallsWhoseTimeIsUnusable) {
+    const double infinity = std::numeric_limits<double>::infinity();
+    const double nan = std::nan("");
+    EXPECT_EQ(framesAt({kGarbage, kGarbage, kGarbage}, 25.0), (Frames{0, 1, 2}));
+    EXPECT_EQ(framesAt({nan, infinity, -infinity, -1.0, 1e300}, 25.0), (Frames{0, 1, 2, 3, 4}));
+    EXPECT_EQ(framesAt({nan, nan}, 25.0, TimeUnit::Milliseconds), (Frames{0, 1}));
+}
+
+TEST(FrameClock, GoesOnFromTheLastFrameWhereTimeBecomesUnusable) {
+    EXPECT_EQ(framesAt({0.4, 0.44, kGarbage, kGarbage, 0.0}, 25.0), (Frames{10, 11, 12, 13, 0}));
+}
+
+TEST(FrameClock, FramesOfSecondsMayComeInAnyOrderAndTwice) {
+    EXPECT_EQ(framesAt({0.16, 0.12, 0.12, 0.28, 0.0}, 25.0), (Frames{4, 3, 3, 7, 0}));
+    EXPECT_EQ(framesAt({0.12, 0.28, 0.44}, 25.0), (Frames{3, 7, 11}));
+}
+
+TEST(FrameClock, AJumpOfSecondsIsNoMillisecond) {
+    EXPECT_EQ(framesAt({0, 10, 10.04, 60}, 25.0), (Frames{0, 250, 251, 1500}));
+    EXPECT_EQ(framesAt({0, 1, 2, 3}, 25.0), (Frames{0, 25, 50, 75}));
+    // Steps of five seconds look like milliseconds; one of less than a second settles it.
+    EXPECT_EQ(framesAt({0, 0.04, 5, 10, 15, 20}, 25.0), (Frames{0, 1, 125, 250, 375, 500}));
+}
+
+TEST(FrameClock, SecondsStaySecondsAfterAStepBelowOne) {
+    EXPECT_EQ(framesAt({0, 0.04, 40.04, 80.04}, 25.0), (Frames{0, 1, 1001, 2001}));
+}
+
+TEST(FrameClock, MillisecondsAtAnotherRateThanTheClipsAreFoundInTheThirdCall) {
+    // 60 frames per second at 25: less than half a frame is 0.
+    const Frames frames = framesAt({0, 1000.0 / 60, 2000.0 / 60, 50}, 25.0);
+    EXPECT_EQ(frames[0], 0);
+    EXPECT_EQ(frames[2], 1);
+    EXPECT_EQ(frames[3], 1);
+}
+
+TEST(FrameClock, AFirstTimeOfManySecondsIsMilliseconds) {
+    EXPECT_EQ(framesAt({2000, 2040}, 25.0), (Frames{50, 51}));
+    EXPECT_EQ(framesAt({12.4, 12.44}, 25.0), (Frames{310, 311}));
+}
+
+TEST(FrameClock, ARestartAtZeroIsFrameZero) {
+    EXPECT_EQ(framesAt({0, 40, 80, 0, 40}, 25.0), (Frames{0, 1, 2, 0, 1}));
+}
+
+TEST(FrameClock, AGivenUnitIsNotGuessed) {
+    EXPECT_EQ(framesAt({0, 40, 80}, 25.0, TimeUnit::Seconds), (Frames{0, 1000, 2000}));
+    EXPECT_EQ(framesAt({0.0, 0.04, 40}, 25.0, TimeUnit::Milliseconds), (Frames{0, 0, 1}));
+}
+
+TEST(FrameClock, NoFrameIsBeyondTheLast) {
+    FrameClock clock;
+    EXPECT_EQ(clock.frameAt(kLastFrame / 25.0, 25.0, TimeUnit::Seconds), kLastFrame);
+    EXPECT_EQ(clock.frameAt(kGarbage, 25.0), kLastFrame);
+    EXPECT_EQ(clock.frameAt(1e12, 25.0, TimeUnit::Milliseconds), kLastFrame);
+}
+
+}  // namespace
+}  // namespace ruvex::frei0r
