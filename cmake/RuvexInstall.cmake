@@ -58,8 +58,21 @@ add_custom_command(OUTPUT "${kdenlive_file}"
   VERBATIM)
 add_custom_target(kdenlive_file ALL DEPENDS "${kdenlive_file}")
 set_target_properties(ruvex_frei0r PROPERTIES INSTALL_RPATH "$ORIGIN/../ruvex")
-install(TARGETS ruvex_frei0r LIBRARY DESTINATION lib/frei0r-1 COMPONENT frei0r)
-install(FILES "${kdenlive_file}" DESTINATION ${CMAKE_INSTALL_DATADIR}/kdenlive/effects COMPONENT frei0r)
+
+# There are two packages: one with everything, and one with the plug-in and what it needs, without the
+# command and the FFmpeg libraries. Files of the second are thus installed for both.
+foreach(component Unspecified frei0r)
+  install(TARGETS ruvex_frei0r LIBRARY DESTINATION lib/frei0r-1 COMPONENT ${component})
+  install(FILES "${kdenlive_file}" DESTINATION ${CMAKE_INSTALL_DATADIR}/kdenlive/effects
+    COMPONENT ${component})
+endforeach()
+install(TARGETS V_Ruvex dssdk dsvwr il LIBRARY DESTINATION ${RUVEX_PRIVATE_LIBDIR} COMPONENT frei0r)
+install(DIRECTORY "${PROJECT_SOURCE_DIR}/looks/library/" DESTINATION ${CMAKE_INSTALL_DATADIR}/ruvex/looks
+  COMPONENT frei0r FILES_MATCHING PATTERN "*.json")
+install(FILES "${PROJECT_SOURCE_DIR}/docs/plug-in-frei0r.md"
+  DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/ruvex-frei0r COMPONENT frei0r)
+install(FILES "${PROJECT_SOURCE_DIR}/LICENSE"
+  DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/ruvex-frei0r COMPONENT frei0r RENAME copyright)
 
 # Everything that an installation needs, for the packages.
 add_custom_target(installation DEPENDS ruvex V_Ruvex ruvex_frei0r preset_files told kdenlive_file)
@@ -81,6 +94,20 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS "${PROJECT_BINARY_DIR}/bin")
 # The labels of sheets; OpenGL and GLU, with which the on-screen controls are drawn. The module opens
 # both when a host first shows the controls, and renders without them.
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "fonts-dejavu-core, libopengl0, libglu1-mesa")
+set(CPACK_DEBIAN_UNSPECIFIED_PACKAGE_RECOMMENDS "fonts-dejavu-core, libopengl0, libglu1-mesa")
+set(CPACK_DEB_COMPONENT_INSTALL ON)
+set(CPACK_COMPONENTS_ALL Unspecified frei0r)
+set(CPACK_COMPONENTS_GROUPING IGNORE)
+set(CPACK_DEBIAN_UNSPECIFIED_PACKAGE_NAME ruvex)
+set(CPACK_DEBIAN_FREI0R_PACKAGE_NAME ruvex-frei0r)
+set(CPACK_COMPONENT_UNSPECIFIED_DESCRIPTION "The command ruvex, and the plug-in for frei0r hosts.")
+set(CPACK_COMPONENT_FREI0R_DESCRIPTION
+  "The effect in Kdenlive, melt, ffmpeg and GStreamer, without the command.")
+# Both have the same files at the same places.
+set(CPACK_DEBIAN_FREI0R_PACKAGE_CONFLICTS ruvex)
+set(CPACK_DEBIAN_FREI0R_PACKAGE_REPLACES ruvex)
+set(CPACK_DEBIAN_UNSPECIFIED_PACKAGE_CONFLICTS ruvex-frei0r)
+set(CPACK_DEBIAN_UNSPECIFIED_PACKAGE_REPLACES ruvex-frei0r)
+set(CPACK_DEBIAN_UNSPECIFIED_PACKAGE_PROVIDES ruvex-frei0r)
 set(CPACK_STRIP_FILES ON)
 include(CPack)

@@ -9,12 +9,12 @@ export QT_QPA_PLATFORM=offscreen
 
 # md5_of_frames FFMPEG_INPUT_OPTIONS...
 md5_of_frames() {
-    ffmpeg -v error -y "$@" -f framemd5 -pix_fmt rgba - | grep -v '^#' | awk '{print $NF}'
+    ffmpeg -nostdin -v error -y "$@" -f framemd5 -pix_fmt rgba - | grep -v '^#' | awk '{print $NF}'
 }
 
 # make_clip WIDTHxHEIGHT FRAMES FILE: a lossless clip.
 make_clip() {
-    ffmpeg -v error -y -f lavfi -i "testsrc2=size=$1:rate=$RATE" -frames:v "$2" -pix_fmt bgr0 -c:v ffv1 "$3"
+    ffmpeg -nostdin -v error -y -f lavfi -i "testsrc2=size=$1:rate=$RATE" -frames:v "$2" -pix_fmt bgr0 -c:v ffv1 "$3"
 }
 
 # frames_of_ruvex CLIP RENDER_OPTIONS...: the reference.
@@ -42,7 +42,7 @@ frames_of_melt() {
     [ "$instances" -eq 1 ] || order=-$instances
     melt -silent -profile "$WORK/profile" "$clip" in=0 out=$last -filter frei0r.ruvex "$@" \
         -consumer "avformat:$WORK/melt/%04d.png" vcodec=png pix_fmt="${PIXELS:-rgb24}" mlt_image_format=rgba \
-        real_time=$order >"$WORK/melt.log" 2>&1 || { cat "$WORK/melt.log" >&2; return 1; }
+        real_time=$order </dev/null >"$WORK/melt.log" 2>&1 || { cat "$WORK/melt.log" >&2; return 1; }
     md5_of_frames -start_number 1 -i "$WORK/melt/%04d.png"
 }
 
@@ -51,7 +51,7 @@ frames_of_gstreamer() {
     local clip=$1
     shift
     rm -rf "$WORK/gst" && mkdir "$WORK/gst"
-    ffmpeg -v error -y -i "$clip" -pix_fmt rgb24 -start_number 0 "$WORK/gst/in%d.png"
+    ffmpeg -nostdin -v error -y -i "$clip" -pix_fmt rgb24 -start_number 0 "$WORK/gst/in%d.png"
     gst-launch-1.0 -q multifilesrc "location=$WORK/gst/in%d.png" index=0 "caps=image/png,framerate=$RATE/1" ! \
         pngdec ! videoconvert ! frei0r-filter-ruvex "$@" ! videoconvert ! video/x-raw,format=RGB ! pngenc ! \
         multifilesink "location=$WORK/gst/out%d.png" >"$WORK/gst.log" 2>&1 || { cat "$WORK/gst.log" >&2; return 1; }

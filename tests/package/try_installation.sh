@@ -31,6 +31,8 @@ grep -q V_Ruvex "$work/module"
 [ "$(stat -c %s "$work/out.0.rgba8")" -eq $((64 * 48 * 4)) ]
 ! cmp -s "$work/in.0.rgba8" "$work/out.0.rgba8" || { echo "The picture is unchanged" >&2; exit 1; }
 
+"$(dirname "$0")/try_frei0r.sh" "$prefix"
+
 # The looks are found from where the command lies, also after the tree is moved.
 shipped=$(find "$prefix/share/ruvex/looks" -name '*.json' | wc -l)
 cp -a "$prefix" "$work/moved"
