@@ -6,7 +6,6 @@
 
 #include "adapters/common/message_once.h"
 #include "adapters/common/parameter_state.h"
-#include "looks/look.h"
 #include "looks/ruvex_control.h"
 #include "runtime/error.h"
 #include "runtime/images.h"
@@ -75,12 +74,25 @@ bool HostedEffect::render(const FrameRequest& request, const SourceRows& source,
 void HostedEffect::renderOrThrow(const FrameRequest& request, const SourceRows& source,
                                  const TargetRows& target) {
     checkSize(source);
-    openSession({source.width, source.height, 1.0, request.frameRate});
-    setParameters(request);
+    readLook(request.look);
+    openSession(projectFor(request, source));
+    setParameters(request.values);
     const double seconds = runtime::frameTime(request.frame, request.frameRate);
     const auto output = renderImage(seconds, source);
     if (request.alpha == PlugInAlpha::Input) takeAlpha(source, pixelsOf(*output));
     writeStraight(pixelsOf(*output), target);
+}
+
+void HostedEffect::readLook(const std::string& name) {
+    if (name == lookName_) return;
+    look_ = readLookOrReport(name);
+    lookName_ = name;
+}
+
+runtime::Project HostedEffect::projectFor(const FrameRequest& request,
+                                          const SourceRows& source) const {
+    const auto size = look_.projectSize.value_or(looks::ProjectSize{source.width, source.height});
+    return {size.width, size.height, 1.0, request.frameRate};
 }
 
 void HostedEffect::openSession(const runtime::Project& project) {
@@ -93,12 +105,8 @@ void HostedEffect::openSession(const runtime::Project& project) {
     project_ = project;
 }
 
-void HostedEffect::setParameters(const FrameRequest& request) {
-    if (request.look != lookName_) {
-        look_ = changesOfLook(request.look);
-        lookName_ = request.look;
-    }
-    auto state = completeState(look_, request.values);
+void HostedEffect::setParameters(const std::vector<looks::Setting>& values) {
+    auto state = completeState(look_.changes, values);
     // After a failure the session's state is unknown, and all of it is set again.
     const auto before = std::exchange(state_, {});
     changeState(*session_, before, state);

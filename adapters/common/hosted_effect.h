@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "adapters/common/picture_rows.h"
-#include "looks/parameter_change.h"
+#include "looks/look.h"
 #include "runtime/effect_session.h"
 #include "sdk/images/memory_image.h"
 
@@ -45,10 +45,10 @@ public:
     HostedEffect& operator=(const HostedEffect&) = delete;
 
     /// Renders a frame of `source` into `target`, a picture of the same size, which may be the same
-    /// memory. The project frame has the picture's size. The result depends on the arguments alone,
-    /// not on earlier frames. Other frames of the clip are not to be had: the effect gets this
-    /// picture for them. Where the effect cannot render, the picture is copied, a message goes to
-    /// standard error, and the answer is false. Never throws.
+    /// memory. The project frame is that of the look, or else it has the picture's size. The result
+    /// depends on the arguments alone, not on earlier frames. Other frames of the clip are not to
+    /// be had: the effect gets this picture for them. Where the effect cannot render, the picture
+    /// is copied, a message goes to standard error, and the answer is false. Never throws.
     bool render(const FrameRequest& request, const SourceRows& source,
                 const TargetRows& target) noexcept;
 
@@ -57,8 +57,10 @@ private:
 
     void renderOrThrow(const FrameRequest& request, const SourceRows& source,
                        const TargetRows& target);
+    void readLook(const std::string& name);
+    runtime::Project projectFor(const FrameRequest& request, const SourceRows& source) const;
     void openSession(const runtime::Project& project);
-    void setParameters(const FrameRequest& request);
+    void setParameters(const std::vector<looks::Setting>& values);
     ComPtr<CDSMemoryImage> renderImage(double seconds, const SourceRows& source);
 
     std::shared_ptr<CurrentPicture> current_;
@@ -66,7 +68,7 @@ private:
     std::optional<runtime::EffectSession> session_;
     std::vector<looks::ParameterChange> state_;  ///< That the session has.
     std::string lookName_;                       ///< Of `look_`.
-    std::vector<looks::ParameterChange> look_;
+    looks::Look look_;
 };
 
 }  // namespace ruvex::adapters

@@ -30,11 +30,11 @@ void changeState(runtime::EffectSession& session, std::span<const looks::Paramet
     }
 }
 
-std::vector<looks::ParameterChange> changesOfLook(const std::string& name) {
+looks::Look readLookOrReport(const std::string& name) {
     if (name.empty()) return {};
     try {
         const auto module = runtime::Module::loadDefault();
-        return looks::readLook(name, looks::lookFolders(module->file())).look.changes;
+        return looks::readLook(name, looks::lookFolders(module->file())).look;
     } catch (const std::exception& error) {
         printOnce(error.what());
     }

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "looks/parameter_change.h"
+#include "looks/look.h"
 #include "runtime/effect_session.h"
 
 namespace ruvex::adapters {
@@ -22,8 +22,8 @@ std::vector<looks::ParameterChange> completeState(std::span<const looks::Paramet
 void changeState(runtime::EffectSession& session, std::span<const looks::ParameterChange> from,
                  std::span<const looks::ParameterChange> to);
 
-/// The changes of the look with this name or in this file; an empty name means none. A look that
-/// cannot be read gives none either, and a message on standard error.
-std::vector<looks::ParameterChange> changesOfLook(const std::string& name);
+/// The look with this name or in this file; an empty name means one without changes. A look that
+/// cannot be read gives such a one too, and a message on standard error.
+looks::Look readLookOrReport(const std::string& name);
 
 }  // namespace ruvex::adapters

@@ -163,6 +163,17 @@ TEST(HostedEffect, ALookFileIsFoundByItsPath) {
               rendered({.frame = 5, .values = {{ParameterId::SnowMax, 90.0}}}, picture()));
 }
 
+TEST(HostedEffect, LengthsOfALookAreThoseOfItsProjectFrame) {
+    const std::string file = testing::TempDir() + "plug-in-project.json";
+    std::ofstream(file) << R"({"projectSize": {"width": 144, "height": 100}, "Blur": 4})";
+    const std::string half = testing::TempDir() + "plug-in-half.json";
+    std::ofstream(half) << R"({"Blur": 2})";
+    EXPECT_EQ(rendered({.frame = 5, .look = file, .values = {{ParameterId::MasterBreakup, 0.0}}},
+                       picture()),
+              rendered({.frame = 5, .look = half, .values = {{ParameterId::MasterBreakup, 0.0}}},
+                       picture()));
+}
+
 TEST(HostedEffect, PicturesThatAreTooLargeAreCopied) {
     Bytes source(70000 * kPixelBytes, 77);
     Bytes result(source.size());

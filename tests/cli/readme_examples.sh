@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Runs every `ruvex` example of the documents and of the commands' own help, on files with the names
 # that the examples use, and reads every look file that the documents show.
-# Usage: readme_examples.sh COMMAND DOCUMENT...
+# Usage: readme_examples.sh COMMAND DOCUMENT..., with the frei0r plug-in's folder in FREI0R_PATH.
 set -euo pipefail
 command=$(realpath "$1")
 shift
@@ -44,6 +44,7 @@ for file in shown.*.json; do
 done
 [ "$shown" -ge 1 ] || { echo "no look file found"; exit 1; }
 for result in poor.mp4 going.mkv cropped.00003.png out.7.s214 part.png rewound.mp4 spot.mp4 level.svg \
-    results/clip.mp4 results/other.mp4 sheet.png my-look.json again.mp4 both.mp4 split.mp4 still.png piped.mp4; do
+    results/clip.mp4 results/other.mp4 sheet.png my-look.json again.mp4 both.mp4 split.mp4 still.png piped.mp4 \
+    aerial.mp4 storm.mp4; do
     [ -s "$result" ] || { echo "no $result"; exit 1; }
 done
