@@ -71,6 +71,9 @@ install(DIRECTORY "${PROJECT_SOURCE_DIR}/looks/library/" DESTINATION ${CMAKE_INS
   COMPONENT frei0r FILES_MATCHING PATTERN "*.json")
 install(FILES "${PROJECT_SOURCE_DIR}/docs/plug-in-frei0r.md"
   DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/ruvex-frei0r COMPONENT frei0r)
+install(FILES "${PROJECT_SOURCE_DIR}/docs/images/kdenlive.jpg"
+  "${PROJECT_SOURCE_DIR}/docs/images/kdenlive-numbers.png"
+  DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/ruvex-frei0r/images COMPONENT frei0r)
 install(FILES "${PROJECT_SOURCE_DIR}/LICENSE"
   DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/ruvex-frei0r COMPONENT frei0r RENAME copyright)
 

@@ -11,7 +11,7 @@ using namespace ruvex::frei0r;
 
 namespace {
 
-/// Does what a host asks for; what fails, which only want of memory can make it, has no effect.
+/// Runs an operation. If it throws, which happens when memory runs out, the result is null or nothing.
 template <class Operation>
 auto withoutExceptions(Operation operation) noexcept {
     using Result = decltype(operation());
