@@ -11,7 +11,8 @@ using namespace ruvex::frei0r;
 
 namespace {
 
-/// Runs an operation. If it throws, which happens when memory runs out, the result is null or nothing.
+/// Runs an operation. If it throws, which happens when memory runs out, the result is null or
+/// nothing.
 template <class Operation>
 auto withoutExceptions(Operation operation) noexcept {
     using Result = decltype(operation());
