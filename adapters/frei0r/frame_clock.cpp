@@ -23,6 +23,18 @@ bool isTime(double time, double framesPerSecond) {
     return std::isfinite(time) && time >= 0.0 && time <= latest;
 }
 
+/// Whether this is the time of a frame in milliseconds, but for rounding of the time itself.
+bool isOnMillisecondGrid(double time, double framesPerSecond) {
+    constexpr double kFrameTolerance = 1e-6;
+    const double frame = time / kMillisecondsPerSecond * framesPerSecond;
+    return std::abs(frame - std::round(frame)) < kFrameTolerance;
+}
+
+bool isLikelyMilliseconds(double firstTime, double framesPerSecond) {
+    if (firstTime >= kLateFirstTime) return true;
+    return firstTime >= kLeastMillisecondStep && isOnMillisecondGrid(firstTime, framesPerSecond);
+}
+
 bool isFrameStep(double step) {
     return step >= kLeastFrameStep && step <= kGreatestFrameStep;
 }
@@ -49,7 +61,7 @@ void FrameClock::learn(double time, double framesPerSecond) {
     if (lastTime_) {
         learnFromStep(time - *lastTime_, framesPerSecond);
     } else {
-        looksLikeMilliseconds_ = time >= kLateFirstTime;
+        looksLikeMilliseconds_ = isLikelyMilliseconds(time, framesPerSecond);
     }
     lastTime_ = time;
 }

@@ -34,8 +34,10 @@ public:
     /// - A step of less than 1 between two calls means seconds, from then on.
     /// - Until then a step forward of one frame in milliseconds means milliseconds; so do two equal
     ///   steps of 4 to 1000, for a rate that is not the clip's.
-    /// - Without such steps it is seconds, but milliseconds if the instance's first time is 1000 or
-    ///   more: few clips begin after a quarter of an hour.
+    /// - Without such steps it is seconds. It is milliseconds if the instance's first time is 1000
+    /// or
+    ///   more, since few clips begin after a quarter of an hour; or if it is 1 or more and the time
+    ///   of a frame in milliseconds, which only one in a thousand frames has in seconds.
     ///
     /// `framesPerSecond` is finite and above 0.
     std::int64_t frameAt(double time, double framesPerSecond, TimeUnit unit = TimeUnit::Auto);

@@ -90,6 +90,14 @@ TEST(FrameClock, AFirstTimeOfManySecondsIsMilliseconds) {
     EXPECT_EQ(framesAt({12.4, 12.44}, 25.0), (Frames{310, 311}));
 }
 
+TEST(FrameClock, AFirstTimeThatIsAFrameInMillisecondsIsTakenForOne) {
+    EXPECT_EQ(framesAt({200, 240}, 25.0), (Frames{5, 6}));
+    EXPECT_EQ(framesAt({1000.0 * 7 / kNtsc}, kNtsc), (Frames{7}));
+    // Of the frames in seconds only 1 in 1000 looks so, and the next frame settles it.
+    EXPECT_EQ(framesAt({39.96, 40.0}, 25.0), (Frames{999, 1000}));
+    EXPECT_EQ(framesAt({40.0, 40.04}, 25.0), (Frames{1, 1001}));
+}
+
 TEST(FrameClock, ARestartAtZeroIsFrameZero) {
     EXPECT_EQ(framesAt({0, 40, 80, 0, 40}, 25.0), (Frames{0, 1, 2, 0, 1}));
 }
