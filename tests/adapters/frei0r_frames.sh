@@ -31,19 +31,30 @@ frames_of_ffmpeg() {
     md5_of_frames -i "$1" -vf "frei0r=ruvex:$2"
 }
 
-# frames_of_melt CLIP INSTANCES PROPERTY=VALUE...: INSTANCES render at once, each on its own thread.
+# frames_of_melt CLIP INSTANCES PROPERTY=VALUE...: INSTANCES render at once, each on its own thread. On a busy
+# machine melt 7.12 sometimes ends without a picture, or never, with or without the plug-in: then it is
+# started again. Pictures that are there are never made again.
 frames_of_melt() {
-    local clip=$1 instances=$2 last
-    shift 2
+    local clip=$1 count attempt
     write_profile "$clip"
-    last=$(($(frame_count "$clip") - 1))
-    rm -rf "$WORK/melt" && mkdir "$WORK/melt"
-    local order=0
-    [ "$instances" -eq 1 ] || order=-$instances
-    melt -silent -profile "$WORK/profile" "$clip" in=0 out=$last -filter frei0r.ruvex "$@" \
-        -consumer "avformat:$WORK/melt/%04d.png" vcodec=png pix_fmt="${PIXELS:-rgb24}" mlt_image_format=rgba \
-        real_time=$order </dev/null >"$WORK/melt.log" 2>&1 || { cat "$WORK/melt.log" >&2; return 1; }
+    count=$(frame_count "$clip")
+    for attempt in 1 2 3 4 5; do
+        run_melt $((count - 1)) "$@" || true
+        [ "$(find "$WORK/melt" -name '*.png' | wc -l)" -eq 0 ] || break
+        echo "melt made no picture in attempt $attempt" >&2
+    done
     md5_of_frames -start_number 1 -i "$WORK/melt/%04d.png"
+}
+
+# run_melt LAST_FRAME CLIP INSTANCES PROPERTY=VALUE...: for frames_of_melt.
+run_melt() {
+    local last=$1 clip=$2 instances=$3 order=0
+    shift 3
+    [ "$instances" -eq 1 ] || order=-$instances
+    rm -rf "$WORK/melt" && mkdir "$WORK/melt"
+    timeout 20 melt -silent -profile "$WORK/profile" "$clip" in=0 out="$last" -filter frei0r.ruvex "$@" \
+        -consumer "avformat:$WORK/melt/%04d.png" vcodec=png pix_fmt="${PIXELS:-rgb24}" mlt_image_format=rgba \
+        real_time="$order" </dev/null >"$WORK/melt.log" 2>&1 || { cat "$WORK/melt.log" >&2; return 1; }
 }
 
 # frames_of_gstreamer CLIP PROPERTY=VALUE...
