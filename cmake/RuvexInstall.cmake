@@ -70,6 +70,7 @@ install(TARGETS V_Ruvex dssdk dsvwr il LIBRARY DESTINATION ${RUVEX_PRIVATE_LIBDI
 install(DIRECTORY "${PROJECT_SOURCE_DIR}/looks/library/" DESTINATION ${CMAKE_INSTALL_DATADIR}/ruvex/looks
   COMPONENT frei0r FILES_MATCHING PATTERN "*.json")
 install(FILES "${PROJECT_SOURCE_DIR}/docs/plug-in-frei0r.md"
+  "${PROJECT_SOURCE_DIR}/docs/parameters.md" "${PROJECT_SOURCE_DIR}/docs/parameter-files.md"
   DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/ruvex-frei0r COMPONENT frei0r)
 install(FILES "${PROJECT_SOURCE_DIR}/docs/images/kdenlive.jpg"
   "${PROJECT_SOURCE_DIR}/docs/images/kdenlive-numbers.png"

@@ -139,26 +139,39 @@ std::shared_ptr<Module> Module::loadRegistered(const GUID& classId) {
     return load(entry->module);
 }
 
-std::shared_ptr<Module> Module::loadBeside(const void* code) {
-    const auto folder = DSDynamicLibrary::fileOfCode(code).parent_path();
-    if (folder.empty()) return loadRegistered(kRuvexClassId);
+namespace {
+
+constexpr char kHere = 0;
+
+/// The program or library that this code is linked into. Found when it is loaded: its name may be a
+/// relative path, which leads elsewhere after the process has changed its working folder.
+const std::filesystem::path ownFile = DSDynamicLibrary::fileOfCode(&kHere);
+
+std::shared_ptr<Module> loadBesideFile(const std::filesystem::path& programOrLibrary) {
+    const auto folder = programOrLibrary.parent_path();
+    if (folder.empty()) return Module::loadRegistered(kRuvexClassId);
     const auto beside = folder / DSDynamicLibrary::fileName("V_Ruvex");
     const auto inLib = folder.parent_path() / "lib" / "ruvex" / beside.filename();
     const auto nextToFolder = folder.parent_path() / "ruvex" / beside.filename();
     for (const auto& file : {beside, inLib, nextToFolder}) {
-        if (std::filesystem::is_regular_file(file)) return load(file);
+        if (std::filesystem::is_regular_file(file)) return Module::load(file);
     }
     try {
-        return loadRegistered(kRuvexClassId);
+        return Module::loadRegistered(kRuvexClassId);
     } catch (const Error& error) {
         throw Error("there is no module '" + beside.string() + "', no '" + inLib.string() +
                     "' and no '" + nextToFolder.string() + "', and " + error.what());
     }
 }
 
+}  // namespace
+
+std::shared_ptr<Module> Module::loadBeside(const void* code) {
+    return loadBesideFile(DSDynamicLibrary::fileOfCode(code));
+}
+
 std::shared_ptr<Module> Module::loadDefault() {
-    static constexpr char here = 0;
-    return loadBeside(&here);
+    return loadBesideFile(ownFile);
 }
 
 Module::~Module() {

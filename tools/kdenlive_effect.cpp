@@ -138,7 +138,8 @@ Entry ownEntry(const ListedParameter& parameter, const std::vector<std::string>&
         case OwnParameter::EffectAlpha:
             return yesOrNo(parameter);
         case OwnParameter::TimeUnit:
-            return list({"auto", "seconds", "milliseconds"}, "auto");
+            // Kdenlive's times are in seconds, so that there is nothing to guess.
+            return list({"auto", "seconds", "milliseconds"}, "seconds");
         case OwnParameter::LookFile:
             return {"url", attribute("default", "") + attribute("filter", "*.json")};
         case OwnParameter::Override:

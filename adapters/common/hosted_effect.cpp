@@ -97,11 +97,12 @@ runtime::Project HostedEffect::projectFor(const FrameRequest& request,
 
 void HostedEffect::openSession(const runtime::Project& project) {
     if (session_ && sameProject(project_, project)) return;
-    session_.reset();
+    runtime::EffectSession session(
+        {.module = runtime::Module::loadDefault(), .project = project, .provider = current_});
+    runtime::require(looks::ruvexControl(session).setWorkerCount(kShares),
+                     "cannot set the number of shares");
+    session_.emplace(std::move(session));
     state_.clear();
-    session_.emplace(runtime::EffectSession::Setup{
-        .module = runtime::Module::loadDefault(), .project = project, .provider = current_});
-    looks::ruvexControl(*session_).setWorkerCount(kShares);
     project_ = project;
 }
 

@@ -46,9 +46,9 @@ public:
 
     /// Renders a frame of `source` into `target`, a picture of the same size, which may be the same
     /// memory. The project frame is that of the look, or else it has the picture's size. The result
-    /// depends on the arguments alone, not on earlier frames. Other frames of the clip are not to
-    /// be had: the effect gets this picture for them. Where the effect cannot render, the picture
-    /// is copied, a message goes to standard error, and the answer is false. Never throws.
+    /// depends on the arguments alone, not on earlier frames. Where the effect asks
+    /// for another frame of the clip, it gets this picture. Where the effect cannot render, the
+    /// picture is copied, a message goes to standard error, and the answer is false. Never throws.
     bool render(const FrameRequest& request, const SourceRows& source,
                 const TargetRows& target) noexcept;
 
@@ -66,8 +66,8 @@ private:
     std::shared_ptr<CurrentPicture> current_;
     runtime::Project project_{};
     std::optional<runtime::EffectSession> session_;
-    std::vector<looks::ParameterChange> state_;  ///< That the session has.
-    std::string lookName_;                       ///< Of `look_`.
+    std::vector<looks::ParameterChange> state_;  ///< Of the session.
+    std::string lookName_;                       ///< The name or path of `look_`.
     looks::Look look_;
 };
 

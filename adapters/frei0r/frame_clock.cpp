@@ -7,15 +7,13 @@ namespace ruvex::frei0r {
 namespace {
 
 constexpr double kMillisecondsPerSecond = 1000.0;
-/// Files store times in whole milliseconds at worst, so a step is off by less than this.
-constexpr double kStepTolerance = 1.0;
-/// One frame in milliseconds, for rates from 250 down to 1.
-constexpr double kLeastFrameStep = 4.0;
-constexpr double kGreatestFrameStep = 1000.0;
+/// The usable times of an instance that tell the unit.
+constexpr int kTellingTimes = 3;
 /// A step below this is one in seconds: milliseconds would mean more than 1000 frames per second.
 constexpr double kLeastMillisecondStep = 1.0;
-/// The first time of an instance that is taken for milliseconds.
-constexpr double kLateFirstTime = 1000.0;
+/// Rates at which a clip may be while the user has set another one.
+constexpr double kNtsc = 1000.0 / 1001.0;
+constexpr double kUsualRates[] = {24 * kNtsc, 24, 25, 30 * kNtsc, 30, 48, 50, 60 * kNtsc, 60, 120};
 
 /// Whether the time can be one in either unit.
 bool isTime(double time, double framesPerSecond) {
@@ -30,17 +28,16 @@ bool isOnMillisecondGrid(double time, double framesPerSecond) {
     return std::abs(frame - std::round(frame)) < kFrameTolerance;
 }
 
-bool isLikelyMilliseconds(double firstTime, double framesPerSecond) {
-    if (firstTime >= kLateFirstTime) return true;
-    return firstTime >= kLeastMillisecondStep && isOnMillisecondGrid(firstTime, framesPerSecond);
-}
-
-bool isFrameStep(double step) {
-    return step >= kLeastFrameStep && step <= kGreatestFrameStep;
-}
-
-bool nearlyEqual(double a, double b) {
-    return std::abs(a - b) <= kStepTolerance;
+/// Whether a step is one frame in milliseconds.
+bool isOneFrame(double step, double framesPerSecond) {
+    // Files store times in whole milliseconds at worst, so a step is off by less than 1.
+    constexpr double kTolerance = 1.0, kTightTolerance = 1e-3;
+    const auto isFrameOf = [&](double rate, double tolerance) {
+        return std::abs(step - kMillisecondsPerSecond / rate) <= tolerance;
+    };
+    const bool usual = std::ranges::any_of(
+        kUsualRates, [&](double rate) { return isFrameOf(rate, kTightTolerance); });
+    return step >= kLeastMillisecondStep && (usual || isFrameOf(framesPerSecond, kTolerance));
 }
 
 }  // namespace
@@ -58,22 +55,16 @@ std::int64_t FrameClock::frameAt(double time, double framesPerSecond, TimeUnit u
 }
 
 void FrameClock::learn(double time, double framesPerSecond) {
-    if (lastTime_) {
-        learnFromStep(time - *lastTime_, framesPerSecond);
-    } else {
-        looksLikeMilliseconds_ = isLikelyMilliseconds(time, framesPerSecond);
+    const double step = lastTime_ ? time - *lastTime_ : 0.0;
+    // A frame that comes again is no step.
+    if (step != 0.0 && std::abs(step) < kLeastMillisecondStep) surelySeconds_ = true;
+    if (usableTimes_ < kTellingTimes) {
+        ++usableTimes_;
+        const bool first = !lastTime_ && time >= kLeastMillisecondStep;
+        if (first && isOnMillisecondGrid(time, framesPerSecond)) looksLikeMilliseconds_ = true;
+        if (isOneFrame(step, framesPerSecond)) looksLikeMilliseconds_ = true;
     }
     lastTime_ = time;
-}
-
-// A frame that comes again is no step.
-void FrameClock::learnFromStep(double step, double framesPerSecond) {
-    if (step == 0.0) return;
-    if (std::abs(step) < kLeastMillisecondStep) surelySeconds_ = true;
-    const bool oneFrame = nearlyEqual(step, kMillisecondsPerSecond / framesPerSecond);
-    const bool again = isFrameStep(step) && nearlyEqual(step, lastStep_);
-    if ((oneFrame && isFrameStep(step)) || again) looksLikeMilliseconds_ = true;
-    lastStep_ = step;
 }
 
 bool FrameClock::isMilliseconds(TimeUnit unit) const {

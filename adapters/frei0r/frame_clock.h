@@ -15,9 +15,8 @@ inline constexpr std::int64_t kLastFrame = std::int64_t{1} << 24;
 
 /// The clock of one instance. The interface says that time is in seconds. What hosts do:
 ///
-/// - melt, Kdenlive, Shotcut: seconds, exactly frame / rate, counted from the clip's in point.
-/// Frames
-///   come in any order, since several instances share them, and some come several times.
+/// - melt, Kdenlive, Shotcut: seconds, exactly frame / rate, counted from the clip's in point. Some
+///   frames come several times and, since several instances share them, in any order.
 /// - GStreamer: seconds, cut to whole nanoseconds.
 /// - ffmpeg: milliseconds. Where it has to copy rows into a picture without padding (on many
 ///   processors: at each width that is no multiple of 64) the time is garbage, a huge negative
@@ -30,25 +29,22 @@ public:
     /// unusable (not a number, infinite, negative or beyond kLastFrame) it is one more than that of
     /// the last call, and 0 in the first one.
     ///
-    /// With TimeUnit::Auto the unit follows from the calls so far:
-    /// - A step of less than 1 between two calls means seconds, from then on.
-    /// - Until then a step forward of one frame in milliseconds means milliseconds; so do two equal
-    ///   steps of 4 to 1000, for a rate that is not the clip's.
-    /// - Without such steps it is seconds. It is milliseconds if the instance's first time is 1000
-    /// or
-    ///   more, since few clips begin after a quarter of an hour; or if it is 1 or more and the time
-    ///   of a frame in milliseconds, which only one in a thousand frames has in seconds.
+    /// With TimeUnit::Auto the unit is seconds, unless one of the first three usable times says
+    /// milliseconds:
+    /// - the first one is 1 or more, and the time of a frame in milliseconds, which only one in a
+    ///   thousand frames has in seconds;
+    /// - a step forward is one frame in milliseconds, at this rate or at another usual one.
+    /// A step of less than 1, at any time, means seconds from then on.
     ///
     /// `framesPerSecond` is finite and above 0.
     std::int64_t frameAt(double time, double framesPerSecond, TimeUnit unit = TimeUnit::Auto);
 
 private:
     void learn(double time, double framesPerSecond);
-    void learnFromStep(double step, double framesPerSecond);
     bool isMilliseconds(TimeUnit unit) const;
 
     std::optional<double> lastTime_;  ///< The last usable one.
-    double lastStep_ = 0.0;           ///< 0 before the second usable time.
+    int usableTimes_ = 0;             ///< Counted up to those that tell the unit.
     bool surelySeconds_ = false;
     bool looksLikeMilliseconds_ = false;
     std::int64_t nextFrame_ = 0;  ///< Of a call whose time is unusable.

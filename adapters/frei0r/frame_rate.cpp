@@ -18,10 +18,10 @@ std::optional<double> numberIn(std::string_view text) {
     return number;
 }
 
-/// The rate 24000/1001, 30000/1001 or 60000/1001 if a decimal number means it.
+/// 24000/1001, 30000/1001 and their like if a decimal number means it: 23.976, 23.98, 29.97.
 double exactRate(double rate) {
-    constexpr double kTolerance = 0.001;
-    for (const double whole : {24.0, 30.0, 60.0}) {
+    constexpr double kTolerance = 0.005;
+    for (const double whole : {15.0, 24.0, 30.0, 48.0, 60.0, 120.0}) {
         const double ntsc = whole * 1000.0 / 1001.0;
         if (std::abs(rate - ntsc) < kTolerance) return ntsc;
     }

@@ -1,11 +1,20 @@
 #include "adapters/frei0r/instance.h"
 
+#include <algorithm>
 #include <climits>
 
 namespace ruvex::frei0r {
 namespace {
 
+constexpr std::uint32_t kTransparent = 0;
 constexpr unsigned kLongestSide = INT_MAX;
+/// More than any memory holds; the bytes of a larger picture could not be counted.
+constexpr std::uint64_t kMostPixels = std::uint64_t{1} << 40;
+
+bool isPictureSize(std::uint64_t width, std::uint64_t height) {
+    return width > 0 && height > 0 && width <= kLongestSide && height <= kLongestSide &&
+           width * height <= kMostPixels;
+}
 
 }  // namespace
 
@@ -22,9 +31,11 @@ void Instance::getParameter(int index, void* value) const {
 }
 
 void Instance::update(double time, const std::uint32_t* input, std::uint32_t* output) {
-    const bool hasPixels =
-        width_ > 0 && height_ > 0 && width_ <= kLongestSide && height_ <= kLongestSide;
-    if (!input || !output || !hasPixels) return;
+    if (!output || !isPictureSize(width_, height_)) return;
+    if (!input) {
+        std::fill_n(output, std::size_t{width_} * height_, kTransparent);
+        return;
+    }
     const std::lock_guard lock(mutex_);
     const auto width = static_cast<int>(width_);
     const auto height = static_cast<int>(height_);

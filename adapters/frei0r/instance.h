@@ -23,8 +23,8 @@ public:
     void getParameter(int index, void* value) const;
 
     /// Renders a picture of RGBA bytes, top row first, at a time as in FrameClock. If the effect
-    /// cannot render, the result is the input. Does nothing without an output, without an input, or
-    /// without pixels.
+    /// cannot render, the result is the input; without an input it is transparent. Does nothing
+    /// without an output or without pixels.
     void update(double time, const std::uint32_t* input, std::uint32_t* output);
 
 private:

@@ -69,25 +69,29 @@ TEST(FrameClock, FramesOfSecondsMayComeInAnyOrderAndTwice) {
 TEST(FrameClock, AJumpOfSecondsIsNoMillisecond) {
     EXPECT_EQ(framesAt({0, 10, 10.04, 60}, 25.0), (Frames{0, 250, 251, 1500}));
     EXPECT_EQ(framesAt({0, 1, 2, 3}, 25.0), (Frames{0, 25, 50, 75}));
-    // Steps of five seconds look like milliseconds; one of less than a second settles it.
-    EXPECT_EQ(framesAt({0, 0.04, 5, 10, 15, 20}, 25.0), (Frames{0, 1, 125, 250, 375, 500}));
+    // Thumbnails, and clips of few frames per second that several instances share.
+    EXPECT_EQ(framesAt({0, 10.5, 21, 31.5, 42}, 25.0), (Frames{0, 263, 525, 788, 1050}));
+    EXPECT_EQ(framesAt({0, 5, 10, 15, 20, 60, 100}, 25.0),
+              (Frames{0, 125, 250, 375, 500, 1500, 2500}));
+    EXPECT_EQ(framesAt({0, 5, 10, 15}, 0.2), (Frames{0, 1, 2, 3}));
+    EXPECT_EQ(framesAt({0, 4, 8, 12}, 1.0), (Frames{0, 4, 8, 12}));
 }
 
 TEST(FrameClock, SecondsStaySecondsAfterAStepBelowOne) {
     EXPECT_EQ(framesAt({0, 0.04, 40.04, 80.04}, 25.0), (Frames{0, 1, 1001, 2001}));
 }
 
-TEST(FrameClock, MillisecondsAtAnotherRateThanTheClipsAreFoundInTheThirdCall) {
+TEST(FrameClock, MillisecondsAtAnotherRateThanTheClipsAreFound) {
     // 60 frames per second at 25: less than half a frame is 0.
-    const Frames frames = framesAt({0, 1000.0 / 60, 2000.0 / 60, 50}, 25.0);
-    EXPECT_EQ(frames[0], 0);
-    EXPECT_EQ(frames[2], 1);
-    EXPECT_EQ(frames[3], 1);
+    EXPECT_EQ(framesAt({0, 1000.0 / 60, 2000.0 / 60, 50}, 25.0), (Frames{0, 0, 1, 1}));
+    EXPECT_EQ(framesAt({0, 1000.0 / kNtsc, 2000.0 / kNtsc}, 25.0), (Frames{0, 1, 2}));
+    EXPECT_EQ(framesAt({0, 1000.0 / 300, 2000.0 / 300, 10}, 300.0), (Frames{0, 1, 2, 3}));
 }
 
-TEST(FrameClock, AFirstTimeOfManySecondsIsMilliseconds) {
+TEST(FrameClock, AFirstTimeOfManySecondsIsOneInSecondsUnlessItIsAFrameInMilliseconds) {
     EXPECT_EQ(framesAt({2000, 2040}, 25.0), (Frames{50, 51}));
     EXPECT_EQ(framesAt({12.4, 12.44}, 25.0), (Frames{310, 311}));
+    EXPECT_EQ(framesAt({1200.04, 1200.16}, 25.0), (Frames{30001, 30004}));
 }
 
 TEST(FrameClock, AFirstTimeThatIsAFrameInMillisecondsIsTakenForOne) {

@@ -15,6 +15,9 @@ TEST(FrameRate, ReadsNumbersAndFractions) {
 
 TEST(FrameRate, DecimalsOfNtscAreExact) {
     EXPECT_EQ(frameRateIn("23.976"), 24.0 * 1000.0 / 1001.0);
+    EXPECT_EQ(frameRateIn("23.98"), 24.0 * 1000.0 / 1001.0);
+    EXPECT_EQ(frameRateIn("119.88"), 120.0 * 1000.0 / 1001.0);
+    EXPECT_EQ(frameRateIn("23.99"), 23.99);
     EXPECT_EQ(frameRateIn("29.97"), 30.0 * 1000.0 / 1001.0);
     EXPECT_EQ(frameRateIn("29.970030"), 30000.0 / 1001.0);
     EXPECT_EQ(frameRateIn("59.94"), 60000.0 / 1001.0);

@@ -50,9 +50,10 @@ TEST(PlugIn, NullsAreIgnored) {
     f0r_update(nullptr, 0.0, pixels.data(), pixels.data());
     HostSide host(4, 4);
     const Pixels before = pixels;
-    f0r_update(host.handle(), 0.0, nullptr, pixels.data());
     f0r_update(host.handle(), 0.0, pixels.data(), nullptr);
     EXPECT_EQ(pixels, before);
+    f0r_update(host.handle(), 0.0, nullptr, pixels.data());
+    EXPECT_EQ(pixels, Pixels(pixels.size(), 0)) << "without an input the result is transparent";
 }
 
 TEST(PlugIn, SizesWithoutPixelsWriteNothing) {

@@ -7,6 +7,8 @@ for file in lib/frei0r-1/ruvex.so lib/ruvex/V_Ruvex.so share/kdenlive/effects/fr
         share/ruvex/looks/storm.json; do
     [ -s "$prefix/$file" ] || { echo "$file is missing" >&2; exit 1; }
 done
+# A build with a sanitizer cannot be loaded by a host without it.
+! ldd "$prefix/lib/frei0r-1/ruvex.so" | grep -qE 'lib[at]san' || exit 0
 ldd "$prefix/lib/frei0r-1/ruvex.so" | grep -E 'libdssdk|libil\.so' |
     grep -vF "$prefix" && { echo "The plug-in loads libraries from elsewhere" >&2; exit 1; }
 
