@@ -32,18 +32,21 @@ frames_of_ffmpeg() {
 }
 
 # frames_of_melt CLIP INSTANCES PROPERTY=VALUE...: INSTANCES render at once, each on its own thread. On a busy
-# machine melt 7.12 sometimes ends without a picture, or never, with or without the plug-in: then it is
-# started again. Pictures that are there are never made again.
+# machine melt 7.12 sometimes ends without a picture, or never, without any plug-in too: then it is started
+# again.
 frames_of_melt() {
-    local clip=$1 count attempt
+    local clip=$1 count attempt status=1
     write_profile "$clip"
     count=$(frame_count "$clip")
     for attempt in 1 2 3; do
-        ! run_melt $((count - 1)) "$@" || break
-        # A failure with pictures is one of the plug-in.
-        [ "$(find "$WORK/melt" -name '*.png' | wc -l)" -eq 0 ] || return 1
-        echo "melt made no picture in attempt $attempt" >&2
+        status=0
+        run_melt $((count - 1)) "$@" || status=$?
+        [ "$status" -ne 0 ] || break
+        # A failure with pictures is one of the plug-in, but for the time limit.
+        [ "$status" -eq 124 ] || [ "$(find "$WORK/melt" -name '*.png' | wc -l)" -eq 0 ] || return 1
+        echo "melt ended with status $status in attempt $attempt" >&2
     done
+    [ "$status" -eq 0 ] || return 1
     md5_of_frames -start_number 1 -i "$WORK/melt/%04d.png"
 }
 
@@ -55,7 +58,7 @@ run_melt() {
     rm -rf "$WORK/melt" && mkdir "$WORK/melt"
     timeout 20 melt -silent -profile "$WORK/profile" "$clip" in=0 out="$last" -filter frei0r.ruvex "$@" \
         -consumer "avformat:$WORK/melt/%04d.png" vcodec=png pix_fmt="${PIXELS:-rgb24}" mlt_image_format=rgba \
-        real_time="$order" </dev/null >"$WORK/melt.log" 2>&1 || { cat "$WORK/melt.log" >&2; return 1; }
+        real_time="$order" </dev/null >"$WORK/melt.log" 2>&1 || { status=$?; cat "$WORK/melt.log" >&2; return "$status"; }
 }
 
 # frames_of_gstreamer CLIP PROPERTY=VALUE...
