@@ -82,7 +82,7 @@ run registered 0 'V_Ruvex is registered' "$folder/register.cmd"
 windows 120 "$folder/page_host.exe" --report "$(winepath -w "$own/report.json")" >"$own/page_host.txt" &
 host=$!
 # page_host shows its window when all is ready; without a window manager, keys go where the pointer is.
-timeout 60 xdotool search --sync --onlyvisible --name '^V_Ruvex' >/dev/null || fail "page_host shows no window"
+timeout 60 xdotool search --sync --onlyvisible --name 'V_Ruvex' >/dev/null || fail "page_host shows no window"
 xdotool mousemove 640 512
 for _ in $(seq 100); do
     [ ! -e "$own/report.json" ] || break
