@@ -138,12 +138,16 @@ void ParameterValues::get(int index, void* value) const {
     store(value, std::get<double>(known));
 }
 
-const std::string& ParameterValues::text(OwnParameter which) const {
+const Value& ParameterValues::valueOf(OwnParameter which) const {
     const auto list = parameterList();
     const auto found = std::ranges::find_if(list, [&](const ListedParameter& parameter) {
         return !parameter.row && parameter.own == which;
     });
-    return std::get<std::string>(values_[static_cast<std::size_t>(found - list.begin())]);
+    return values_[static_cast<std::size_t>(found - list.begin())];
+}
+
+const std::string& ParameterValues::text(OwnParameter which) const {
+    return std::get<std::string>(valueOf(which));
 }
 
 const std::string& ParameterValues::look() const {
@@ -174,11 +178,7 @@ TimeUnit ParameterValues::timeUnit() const {
 }
 
 bool ParameterValues::effectAlpha() const {
-    const auto list = parameterList();
-    const auto found = std::ranges::find_if(list, [](const ListedParameter& parameter) {
-        return !parameter.row && parameter.own == OwnParameter::EffectAlpha;
-    });
-    return std::get<double>(values_[static_cast<std::size_t>(found - list.begin())]) >= kTrueFrom;
+    return std::get<double>(valueOf(OwnParameter::EffectAlpha)) >= kTrueFrom;
 }
 
 bool ParameterValues::isOverridden(std::size_t index, const std::vector<std::string>& names) const {

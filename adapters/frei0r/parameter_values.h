@@ -43,6 +43,7 @@ public:
     std::vector<looks::Setting> valuesOverLook() const;
 
 private:
+    const Value& valueOf(OwnParameter which) const;
     const std::string& text(OwnParameter which) const;
     bool isOverridden(std::size_t index, const std::vector<std::string>& names) const;
 

@@ -134,19 +134,23 @@ void MainWindow::replacePicture(Picture picture) {
     arrange();
 }
 
+SIZE MainWindow::sizeAround(SIZE viewer) const {
+    const SIZE pages = tabs_->size();
+    RECT inside{
+        0, 0, pages.cx + 3 * gap() + viewer.cx,
+        2 * gap() + std::max(pages.cy, viewer.cy + TimeBar::height()) + statusBar_->height()};
+    AdjustWindowRectEx(&inside, WS_OVERLAPPEDWINDOW, TRUE, WS_EX_CONTROLPARENT);
+    return {inside.right - inside.left, inside.bottom - inside.top};
+}
+
 /// As large as the pages and the picture need, if the screen has the room.
 void MainWindow::fitToContents() {
-    const SIZE pages = tabs_->size();
-    const LONG viewerWidth = effect_->width() + 2 * ViewerLayout::margin();
-    const LONG viewerHeight = effect_->height() + 2 * ViewerLayout::margin();
-    RECT wanted{
-        0, 0, pages.cx + 3 * gap() + viewerWidth,
-        2 * gap() + std::max(pages.cy, viewerHeight + TimeBar::height()) + statusBar_->height()};
-    AdjustWindowRectEx(&wanted, WS_OVERLAPPEDWINDOW, TRUE, WS_EX_CONTROLPARENT);
+    const SIZE wanted = sizeAround({effect_->width() + 2 * ViewerLayout::margin(),
+                                    effect_->height() + 2 * ViewerLayout::margin()});
     RECT screen{};
     SystemParametersInfoW(SPI_GETWORKAREA, 0, &screen, 0);
-    const LONG width = std::min(wanted.right - wanted.left, screen.right - screen.left);
-    const LONG height = std::min(wanted.bottom - wanted.top, screen.bottom - screen.top);
+    const LONG width = std::min(wanted.cx, screen.right - screen.left);
+    const LONG height = std::min(wanted.cy, screen.bottom - screen.top);
     SetWindowPos(handle(), nullptr, screen.left + (screen.right - screen.left - width) / 2,
                  screen.top + (screen.bottom - screen.top - height) / 2, width, height,
                  SWP_NOZORDER);
@@ -168,12 +172,8 @@ void MainWindow::arrange() {
 
 POINT MainWindow::smallestSize() const {
     if (!statusBar_) return {};
-    const SIZE pages = tabs_->size();
-    RECT inside{0, 0, pages.cx + 3 * gap() + smallestViewer().cx,
-                2 * gap() + std::max(pages.cy, smallestViewer().cy + TimeBar::height()) +
-                    statusBar_->height()};
-    AdjustWindowRectEx(&inside, WS_OVERLAPPEDWINDOW, TRUE, WS_EX_CONTROLPARENT);
-    return {inside.right - inside.left, inside.bottom - inside.top};
+    const SIZE smallest = sizeAround(smallestViewer());
+    return {smallest.cx, smallest.cy};
 }
 
 /// The control that had the focus when the user went to another window gets it back.

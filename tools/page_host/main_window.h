@@ -38,6 +38,8 @@ private:
     void reportState();
     void nameSteps();
     void arrange();
+    /// The size of the window in pixels, with its frame, for a viewer of this size.
+    SIZE sizeAround(SIZE viewer) const;
     POINT smallestSize() const;
     void rememberFocus(bool active);
     void keepFocus();
