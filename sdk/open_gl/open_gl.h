@@ -52,6 +52,7 @@ namespace ruvex {
     FUNCTION(glRectf)                \
     FUNCTION(glRotatef)              \
     FUNCTION(glScalef)               \
+    FUNCTION(glScissor)              \
     FUNCTION(glShadeModel)           \
     FUNCTION(glTranslatef)           \
     FUNCTION(glVertex2f)             \

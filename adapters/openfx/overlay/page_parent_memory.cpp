@@ -1,0 +1,9 @@
+#include "adapters/openfx/overlay/page_parent.h"
+
+namespace ruvex::openfx {
+
+HWND pageParent() {
+    return nullptr;
+}
+
+}  // namespace ruvex::openfx
