@@ -12,6 +12,7 @@
 #include "jobs/files_written.h"
 #include "jobs/frames_to_make.h"
 #include "jobs/run_render.h"
+#include "looks/look_writing.h"
 #include "looks/session_look.h"
 #include "media/file_kind.h"
 

@@ -12,6 +12,7 @@
 #include "cli/value_column.h"
 #include "files/whole_file.h"
 #include "looks/level_series.h"
+#include "looks/look_writing.h"
 #include "looks/session_look.h"
 
 namespace ruvex::cli {

@@ -11,6 +11,7 @@
 #include "cli/usage_error.h"
 #include "files/words.h"
 #include "looks/look_library.h"
+#include "looks/look_writing.h"
 
 namespace ruvex::cli {
 namespace {

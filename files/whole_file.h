@@ -1,4 +1,4 @@
-// Reading and writing files in one piece.
+// Writing files in one piece.
 
 #pragma once
 
@@ -7,7 +7,6 @@
 #include <filesystem>
 #include <span>
 #include <string>
-#include <vector>
 
 namespace ruvex::files {
 
@@ -19,14 +18,6 @@ int writeAll(int descriptor, std::span<const std::byte> bytes);
 
 /// Writes a file that is either complete or not there. Throws FileError.
 void writeWhole(const std::filesystem::path& file, std::span<const std::byte> bytes);
-
-/// The contents of a file, or of a pipe up to its end. Throws FileError if it cannot be read or has
-/// more than `most` bytes; no more than those are read.
-std::vector<std::byte> readWhole(const std::filesystem::path& file,
-                                 std::size_t most = SIZE_MAX / 2);
-
-/// The same as text.
-std::string readText(const std::filesystem::path& file, std::size_t most = SIZE_MAX / 2);
 
 /// The folder that a file lies in; "." for a name without one.
 std::filesystem::path folderOf(const std::filesystem::path& file);

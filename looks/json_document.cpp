@@ -4,7 +4,7 @@
 #include <utility>
 #include <vector>
 
-#include "files/whole_file.h"
+#include "files/read_file.h"
 #include "files/words.h"
 
 namespace ruvex::looks {

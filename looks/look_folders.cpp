@@ -9,6 +9,16 @@ namespace {
 
 namespace fs = std::filesystem;
 
+#ifdef _WIN32
+
+fs::path userFolder() {
+    const wchar_t* value = _wgetenv(L"APPDATA");
+    const fs::path data(value != nullptr ? value : L"");
+    return data.is_absolute() ? data / "ruvex" / "looks" : fs::path();
+}
+
+#else
+
 /// An absolute path in a variable of the environment; empty if there is none.
 fs::path absoluteFromEnvironment(const char* name) {
     const char* value = std::getenv(name);
@@ -25,6 +35,8 @@ fs::path userFolder() {
     }
     return data / "ruvex" / "looks";
 }
+
+#endif
 
 /// The folder of shipped looks that belongs to a program or library; empty if there is none.
 fs::path shippedFolderFor(const fs::path& file) {

@@ -13,7 +13,7 @@ struct LookFolders {
 };
 
 /// The user's folder is ruvex/looks in the user's data folder: $XDG_DATA_HOME, or else
-/// ~/.local/share.
+/// ~/.local/share; on Windows %APPDATA%.
 ///
 /// The shipped looks are searched from the folder of the program or library that this code is
 /// linked into, and then from that of `module`, the file of the effect's module, if it is given: in

@@ -1,11 +1,9 @@
 #include "looks/look_library.h"
 
 #include <algorithm>
-#include <span>
 #include <utility>
 
 #include "files/file_error.h"
-#include "files/whole_file.h"
 #include "files/words.h"
 #include "looks/look_file.h"
 #include "looks/presets.h"
@@ -174,18 +172,6 @@ fs::path fileOfLook(const std::string& name, const LookFolders& folders) {
         if (const LibraryLook* found = library.find(name)) return found->file;
     }
     return name;
-}
-
-void writeLookFiles(std::span<const LibraryLook> looks, const fs::path& folder) {
-    std::error_code error;
-    fs::create_directories(folder, error);
-    if (error) throw files::FileError(files::writeFailure(folder, error.value()));
-    for (const LibraryLook& entry : looks) {
-        const std::string text = lookFileText(entry.look);
-        std::string name = entry.look.name;
-        std::ranges::replace(name, '/', '-');
-        files::writeWhole(folder / (name + ".json"), std::as_bytes(std::span(text)));
-    }
 }
 
 }  // namespace ruvex::looks

@@ -4,7 +4,6 @@
 #pragma once
 
 #include <filesystem>
-#include <span>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -67,9 +66,5 @@ LibraryLook readLook(const std::string& name, const LookFolders& folders = lookF
 /// The file that readLook reads for this name, whether or not it exists; empty for a preset.
 std::filesystem::path fileOfLook(const std::string& name,
                                  const LookFolders& folders = lookFolders());
-
-/// Writes each of the looks as a look file, named after it, into `folder`, which is created if
-/// missing. Throws files::FileError.
-void writeLookFiles(std::span<const LibraryLook> looks, const std::filesystem::path& folder);
 
 }  // namespace ruvex::looks

@@ -1,10 +1,5 @@
 #include "looks/session_look.h"
 
-#include <string>
-
-#include "files/whole_file.h"
-#include "looks/look_file.h"
-
 namespace ruvex::looks {
 namespace {
 
@@ -44,13 +39,6 @@ std::vector<ParameterChange> changesOf(const runtime::EffectSession& session) {
         all.push_back(stateOf(session, row));
     }
     return all;
-}
-
-void saveLook(const runtime::EffectSession& session, const std::filesystem::path& file,
-              std::optional<ProjectSize> projectSize) {
-    const std::string text =
-        lookFileText({.projectSize = projectSize, .changes = changesOf(session)});
-    files::writeWhole(file, std::as_bytes(std::span(text)));
 }
 
 }  // namespace ruvex::looks

@@ -2,8 +2,6 @@
 
 #pragma once
 
-#include <filesystem>
-#include <optional>
 #include <span>
 #include <vector>
 
@@ -19,10 +17,5 @@ void applyChanges(runtime::EffectSession& session, std::span<const ParameterChan
 /// Every parameter of the table as the session has it: its keys, or its value. Throws
 /// runtime::Error.
 std::vector<ParameterChange> changesOf(const runtime::EffectSession& session);
-
-/// Writes what changesOf gives as a look file, made for this project frame if one is given. Throws
-/// files::FileError too.
-void saveLook(const runtime::EffectSession& session, const std::filesystem::path& file,
-              std::optional<ProjectSize> projectSize = {});
 
 }  // namespace ruvex::looks

@@ -4,7 +4,6 @@
 #include <cstdint>
 #include <optional>
 
-#include "files/whole_file.h"
 #include "files/words.h"
 #include "looks/json_document.h"
 #include "looks/key_mode.h"
@@ -197,12 +196,6 @@ std::vector<PropertyState> parseStateFile(const std::string& name, const std::st
     } catch (const JsonError& error) {
         throw StateFileError(name + ": " + error.what());
     }
-}
-
-void saveState(const runtime::EffectSession& session, const std::filesystem::path& file) {
-    const auto scope = session.enter();
-    const std::string text = stateFileText(runtime::readStates(session.properties()));
-    files::writeWhole(file, std::as_bytes(std::span(text)));
 }
 
 std::vector<PropertyState> readStateFile(const runtime::EffectSession& session,

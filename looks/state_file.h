@@ -47,9 +47,6 @@ std::string stateFileText(std::span<const runtime::PropertyState> states);
 std::vector<runtime::PropertyState> parseStateFile(const std::string& name, const std::string& text,
                                                    const FindDefinition& find);
 
-/// Writes the stored state of a session's effect. Throws files::FileError and runtime::Error.
-void saveState(const runtime::EffectSession& session, const std::filesystem::path& file);
-
 /// The states in a file for a session's effect. Throws StateFileError, and files::FileError if the
 /// file cannot be read or has more than 16 MB.
 std::vector<runtime::PropertyState> readStateFile(const runtime::EffectSession& session,

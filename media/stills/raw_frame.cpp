@@ -4,6 +4,7 @@
 #include <bit>
 #include <utility>
 
+#include "files/read_file.h"
 #include "files/whole_file.h"
 #include "media/media_error.h"
 

@@ -1,5 +1,6 @@
 #include "media/stills/still_file.h"
 
+#include "files/read_file.h"
 #include "files/whole_file.h"
 #include "media/media_error.h"
 #include "media/pixels/float_lines.h"

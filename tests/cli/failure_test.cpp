@@ -8,6 +8,7 @@
 
 #include "cli/shell_text.h"
 #include "files/partial_file.h"
+#include "files/read_file.h"
 #include "files/whole_file.h"
 #include "media/stills/raw_frame.h"
 #include "tests/cli/run_command.h"

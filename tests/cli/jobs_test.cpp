@@ -1,7 +1,7 @@
 #include <fstream>
 #include <gtest/gtest.h>
 
-#include "files/whole_file.h"
+#include "files/read_file.h"
 #include "media/stills/raw_frame.h"
 #include "tests/cli/run_command.h"
 #include "tests/media/test_clips.h"

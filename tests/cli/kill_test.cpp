@@ -6,6 +6,7 @@
 #include <signal.h>
 #include <thread>
 
+#include "files/read_file.h"
 #include "files/whole_file.h"
 #include "media/frame_reader.h"
 #include "media/stills/raw_frame.h"

@@ -7,7 +7,7 @@
 #include <map>
 
 #include "cli/shell_text.h"
-#include "files/whole_file.h"
+#include "files/read_file.h"
 #include "media/stills/still_file.h"
 #include "tests/cli/run_command.h"
 #include "tests/media/test_clips.h"

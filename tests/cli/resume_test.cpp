@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "files/read_file.h"
 #include "files/whole_file.h"
 #include "media/stills/raw_frame.h"
 #include "tests/cli/run_command.h"

@@ -3,7 +3,7 @@
 #include <fstream>
 #include <gtest/gtest.h>
 
-#include "files/whole_file.h"
+#include "files/read_file.h"
 #include "media/stills/raw_frame.h"
 #include "media/stills/still_file.h"
 #include "tests/cli/run_command.h"

@@ -10,6 +10,7 @@
 
 #include "files/file_error.h"
 #include "files/numbered_path.h"
+#include "files/read_file.h"
 #include "files/whole_file.h"
 #include "tests/support/temp_folder.h"
 

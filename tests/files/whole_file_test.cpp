@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "files/file_error.h"
+#include "files/read_file.h"
 #include "tests/support/temp_folder.h"
 
 namespace ruvex::files {

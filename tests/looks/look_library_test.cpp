@@ -6,6 +6,7 @@
 
 #include "files/file_error.h"
 #include "looks/look_file.h"
+#include "looks/look_writing.h"
 #include "looks/presets.h"
 #include "parameters/presets.h"
 #include "tests/support/temp_folder.h"

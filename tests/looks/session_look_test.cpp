@@ -6,6 +6,7 @@
 
 #include "looks/level_series.h"
 #include "looks/look_file.h"
+#include "looks/look_writing.h"
 #include "looks/presets.h"
 #include "parameters/artefacts.h"
 #include "parameters/presets.h"

@@ -7,6 +7,7 @@
 #include <random>
 
 #include "files/file_error.h"
+#include "looks/look_writing.h"
 #include "parameters/parameter_table.h"
 #include "tests/support/temp_folder.h"
 
