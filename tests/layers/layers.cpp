@@ -76,6 +76,7 @@ bool isOpenGlUser(std::string_view path) {
 
 const std::vector<std::string_view>& openGlUsers() {
     static const std::vector<std::string_view> all = {
+        "adapters/openfx/overlay/",
         "desk/",
         "overlay/draw",
         "overlay/font_",
