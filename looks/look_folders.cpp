@@ -44,7 +44,9 @@ fs::path shippedFolderFor(const fs::path& file) {
     const fs::path folder = file.parent_path();
     const fs::path above = folder.parent_path();
     const fs::path shared = fs::path("share") / "ruvex" / "looks";
-    for (const fs::path& found : {folder / "looks", above / shared, above.parent_path() / shared}) {
+    const fs::path bundled = above / "Resources" / "looks";
+    for (const fs::path& found :
+         {folder / "looks", bundled, above / shared, above.parent_path() / shared}) {
         std::error_code ignored;
         if (fs::is_directory(found, ignored)) return found;
     }

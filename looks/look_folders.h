@@ -17,8 +17,8 @@ struct LookFolders {
 ///
 /// The shipped looks are searched from the folder of the program or library that this code is
 /// linked into, and then from that of `module`, the file of the effect's module, if it is given: in
-/// looks/ (a build), ../share/ruvex/looks and ../../share/ruvex/looks (an installation, from bin/
-/// and lib/ruvex/).
+/// looks/ (a build), ../Resources/looks (a bundle of an OpenFX plug-in), ../share/ruvex/looks and
+/// ../../share/ruvex/looks (an installation, from bin/ and lib/ruvex/).
 LookFolders lookFolders(const std::filesystem::path& module = {});
 
 }  // namespace ruvex::looks

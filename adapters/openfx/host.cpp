@@ -1,0 +1,92 @@
+#include "adapters/openfx/host.h"
+
+#include <mutex>
+
+namespace ruvex::openfx {
+namespace {
+
+/// What the process knows of its host.
+struct HostRecord {
+    std::mutex mutex;
+    OfxHost* given = nullptr;
+    Host suites;
+    int loads = 0;
+};
+
+HostRecord& record() {
+    static HostRecord only;
+    return only;
+}
+
+bool isComplete(const OfxPropertySuiteV1* suite) {
+    return suite && suite->propSetPointer && suite->propSetString && suite->propSetDouble &&
+           suite->propSetInt && suite->propGetPointer && suite->propGetString &&
+           suite->propGetDouble && suite->propGetInt && suite->propGetDimension;
+}
+
+bool isComplete(const OfxImageEffectSuiteV1* suite) {
+    return suite && suite->getPropertySet && suite->getParamSet && suite->clipDefine &&
+           suite->clipGetHandle && suite->clipGetPropertySet && suite->clipGetImage &&
+           suite->clipReleaseImage && suite->clipGetRegionOfDefinition && suite->abort;
+}
+
+bool isComplete(const OfxParameterSuiteV1* suite) {
+    return suite && suite->paramDefine && suite->paramGetHandle && suite->paramGetPropertySet &&
+           suite->paramGetValue && suite->paramGetValueAtTime && suite->paramSetValue &&
+           suite->paramSetValueAtTime && suite->paramGetNumKeys && suite->paramGetKeyTime &&
+           suite->paramDeleteAllKeys && suite->paramEditBegin && suite->paramEditEnd;
+}
+
+template <class Suite>
+const Suite* fetch(const OfxHost& host, const char* name) {
+    constexpr int kVersion = 1;
+    return static_cast<const Suite*>(host.fetchSuite(host.host, name, kVersion));
+}
+
+Host suitesOf(const OfxHost& host) {
+    Host suites{.properties = host.host,
+                .property = fetch<OfxPropertySuiteV1>(host, kOfxPropertySuite),
+                .effect = fetch<OfxImageEffectSuiteV1>(host, kOfxImageEffectSuite),
+                .parameter = fetch<OfxParameterSuiteV1>(host, kOfxParameterSuite),
+                .message = fetch<OfxMessageSuiteV1>(host, kOfxMessageSuite),
+                .interact = fetch<OfxInteractSuiteV1>(host, kOfxInteractSuite)};
+    if (suites.message && !suites.message->message) suites.message = nullptr;
+    return suites;
+}
+
+}  // namespace
+
+void setHost(OfxHost* host) {
+    HostRecord& known = record();
+    const std::lock_guard lock(known.mutex);
+    known.given = host;
+}
+
+OfxStatus loadHost() {
+    HostRecord& known = record();
+    const std::lock_guard lock(known.mutex);
+    if (!known.given || !known.given->fetchSuite) return kOfxStatErrMissingHostFeature;
+    const Host suites = suitesOf(*known.given);
+    if (!isComplete(suites.property) || !isComplete(suites.effect) ||
+        !isComplete(suites.parameter)) {
+        return kOfxStatErrMissingHostFeature;
+    }
+    known.suites = suites;
+    ++known.loads;
+    return kOfxStatOK;
+}
+
+void unloadHost() {
+    HostRecord& known = record();
+    const std::lock_guard lock(known.mutex);
+    if (known.loads > 0 && --known.loads == 0) known.suites = {};
+}
+
+std::optional<Host> currentHost() {
+    HostRecord& known = record();
+    const std::lock_guard lock(known.mutex);
+    if (known.loads == 0) return std::nullopt;
+    return known.suites;
+}
+
+}  // namespace ruvex::openfx

@@ -1,0 +1,106 @@
+// The functions that a host calls. No exception leaves them: hosts are written in C.
+
+#include "adapters/openfx/plug_in.h"
+
+#include <new>
+#include <string_view>
+
+#include "adapters/common/message_once.h"
+#include "adapters/openfx/describe.h"
+#include "adapters/openfx/failure.h"
+
+using namespace ruvex::openfx;
+
+namespace {
+
+using Handler = OfxStatus(const Action& action);
+
+struct HandledAction {
+    std::string_view name;
+    Handler* handler;
+};
+
+constexpr HandledAction kHandled[] = {
+    {kOfxActionDescribe, describe},
+    {kOfxImageEffectActionDescribeInContext, describeInContext},
+};
+
+Handler* handlerOf(std::string_view name) {
+    for (const HandledAction& handled : kHandled) {
+        if (handled.name == name) return handled.handler;
+    }
+    return nullptr;
+}
+
+OfxStatus perform(Handler& handler, const void* handle, OfxPropertySetHandle in,
+                  OfxPropertySetHandle out) {
+    const auto host = currentHost();
+    if (!host) return kOfxStatErrMissingHostFeature;
+    if (!handle) return kOfxStatErrBadHandle;
+    const auto effect = static_cast<OfxImageEffectHandle>(const_cast<void*>(handle));
+    return handler({*host, effect, {*host, in}, {*host, out}});
+}
+
+OfxStatus dispatch(std::string_view name, const void* handle, OfxPropertySetHandle in,
+                   OfxPropertySetHandle out) {
+    if (name == kOfxActionLoad) return loadHost();
+    if (name == kOfxActionUnload) {
+        unloadHost();
+        return kOfxStatOK;
+    }
+    Handler* const handler = handlerOf(name);
+    return handler ? perform(*handler, handle, in, out) : kOfxStatReplyDefault;
+}
+
+/// Prints without throwing: there may be no memory for it.
+void report(const char* sentence) noexcept {
+    try {
+        ruvex::adapters::printOnce(sentence);
+    } catch (...) {
+    }
+}
+
+OfxStatus enter(const char* name, const void* handle, OfxPropertySetHandle in,
+                OfxPropertySetHandle out) {
+    if (!name) return kOfxStatErrValue;
+    try {
+        return dispatch(name, handle, in, out);
+    } catch (const std::bad_alloc&) {
+        return kOfxStatErrMemory;
+    } catch (const Failure& failure) {
+        report(failure.what());
+        return failure.status();
+    } catch (const std::exception& error) {
+        report(error.what());
+    } catch (...) {
+        report("an action of the host failed");
+    }
+    return kOfxStatFailed;
+}
+
+void rememberHost(OfxHost* host) {
+    setHost(host);
+}
+
+OfxPlugin plugIn = {.pluginApi = kOfxImageEffectPluginApi,
+                    .apiVersion = 1,
+                    .pluginIdentifier = "org.v-ruvex.television",
+                    .pluginVersionMajor = 1,
+                    .pluginVersionMinor = 0,
+                    .setHost = rememberHost,
+                    .mainEntry = enter};
+
+}  // namespace
+
+RUVEX_OPENFX_EXPORT int OfxGetNumberOfPlugins() {
+    return 1;
+}
+
+RUVEX_OPENFX_EXPORT OfxPlugin* OfxGetPlugin(int index) {
+    return index == 0 ? &plugIn : nullptr;
+}
+
+RUVEX_OPENFX_EXPORT OfxStatus OfxSetHost(const OfxHost* host) {
+    setHost(const_cast<OfxHost*>(host));
+    return kOfxStatOK;
+}
