@@ -35,7 +35,9 @@ struct DSDynamicLibrary::State {
 
 std::unique_ptr<DSDynamicLibrary> DSDynamicLibrary::load(const std::filesystem::path& file,
                                                          std::string& problem) {
-    HMODULE handle = LoadLibraryW(file.c_str());
+    // Libraries that it needs may lie beside it, and not where the program is.
+    const auto absolute = std::filesystem::absolute(file);
+    HMODULE handle = LoadLibraryExW(absolute.c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
     if (!handle) {
         problem = systemErrorText(GetLastError());
         return nullptr;
