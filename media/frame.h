@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "sdk/images/sample_convert.h"
+
 namespace ruvex::media {
 
 /// How a component is stored: unsigned 8 bits with white 255, or S2.14, signed 16 bits with white
@@ -16,8 +18,8 @@ enum class Depth { Bits8, S214 };
 inline constexpr int kChannels = 4;
 /// Channel of alpha; red, green and blue are channels 0 to 2.
 inline constexpr int kAlpha = 3;
-inline constexpr int kWhite8 = 255;
-inline constexpr int kWhiteS214 = 16384;
+using ruvex::kWhite8;
+using ruvex::kWhiteS214;
 
 constexpr std::size_t bytesPerPixel(Depth depth) {
     return depth == Depth::Bits8 ? 4 : 8;

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "media/pixels/sample_convert.h"
+#include "sdk/images/sample_convert.h"
 
 namespace ruvex::media {
 

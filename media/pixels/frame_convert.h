@@ -6,8 +6,8 @@
 
 namespace ruvex::media {
 
-/// The frame at `depth`, each component rounded to the nearest (see sample_convert.h). A frame of
-/// this depth is returned unchanged.
+/// The frame at `depth`, each component rounded to the nearest (see sdk/images/sample_convert.h). A
+/// frame of this depth is returned unchanged.
 Frame convertDepth(Frame frame, Depth depth);
 
 /// The largest size of the same proportions whose longer side has at most `most` pixels; the

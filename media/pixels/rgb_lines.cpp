@@ -11,8 +11,8 @@ extern "C" {
 #include "media/frame.h"
 #include "media/pixels/component_read.h"
 #include "media/pixels/plane_line.h"
-#include "media/pixels/sample_convert.h"
 #include "media/pixels/yuv_coding.h"
+#include "sdk/images/sample_convert.h"
 
 namespace ruvex::media {
 namespace {
@@ -82,6 +82,14 @@ void store(const Values& values, int white, Channel to) {
             return static_cast<std::uint8_t>((value * kWhite8 + white / 2) / white);
         });
     }
+}
+
+/// dividend / divisor, rounded to the nearest, halves up; `divisor` is above 0, and twice the
+/// dividend fits an int.
+constexpr int nearestQuotient(int dividend, int divisor) {
+    const int doubled = 2 * dividend + divisor;
+    const int quotient = doubled / (2 * divisor);
+    return quotient - (doubled % (2 * divisor) < 0 ? 1 : 0);
 }
 
 /// Stores luma of limited range.

@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include "media/frame_reader.h"
-#include "media/pixels/sample_convert.h"
 #include "media/stills/raw_frame.h"
 #include "tests/cli/run_command.h"
 #include "tests/media/test_clips.h"
