@@ -1,13 +1,9 @@
 #include "adapters/common/hosted_effect.h"
 
-#include <algorithm>
 #include <exception>
-#include <utility>
 
 #include "adapters/common/message_once.h"
 #include "adapters/common/parameter_state.h"
-#include "looks/ruvex_control.h"
-#include "runtime/error.h"
 #include "runtime/images.h"
 
 namespace ruvex::adapters {
@@ -21,17 +17,6 @@ ComPtr<CDSMemoryImage> imageOf(const runtime::Project& project, const SourceRows
     auto image = runtime::makeProjectImage(project, source.width, source.height, MFIF_RGBA_RAW_32);
     readStraight(source, pixelsOf(*image));
     return image;
-}
-
-void checkSize(const SourceRows& source) {
-    if (std::max(source.width, source.height) > looks::kLongestProjectSide) {
-        throw runtime::Error("a picture of " + std::to_string(source.width) + "x" +
-                             std::to_string(source.height) + " pixels is too large");
-    }
-}
-
-bool sameProject(const runtime::Project& a, const runtime::Project& b) {
-    return a.width == b.width && a.height == b.height && a.frameRate == b.frameRate;
 }
 
 /// Prints without throwing: there may be no memory for it.
@@ -53,7 +38,7 @@ public:
     ComPtr<IDSImage> imageAt(double) override { return imageOf(project, source); }
 };
 
-HostedEffect::HostedEffect() : current_(std::make_shared<CurrentPicture>()) {}
+HostedEffect::HostedEffect() : current_(std::make_shared<CurrentPicture>()), session_(current_) {}
 HostedEffect::~HostedEffect() = default;
 
 bool HostedEffect::render(const FrameRequest& request, const SourceRows& source,
@@ -73,12 +58,14 @@ bool HostedEffect::render(const FrameRequest& request, const SourceRows& source,
 
 void HostedEffect::renderOrThrow(const FrameRequest& request, const SourceRows& source,
                                  const TargetRows& target) {
-    checkSize(source);
+    checkPictureSize(source.width, source.height);
     readLook(request.look);
-    openSession(projectFor(request, source));
-    setParameters(request.values);
+    session_.open(projectFor(request, source));
+    session_.setParameters(completeState(look_.changes, request.values));
+    current_->project = session_.project();
+    current_->source = source;
     const double seconds = runtime::frameTime(request.frame, request.frameRate);
-    const auto output = renderImage(seconds, source);
+    const auto output = session_.render(seconds, imageOf(current_->project, source));
     if (request.alpha == PlugInAlpha::Input) takeAlpha(source, pixelsOf(*output));
     writeStraight(pixelsOf(*output), target);
 }
@@ -93,41 +80,6 @@ runtime::Project HostedEffect::projectFor(const FrameRequest& request,
                                           const SourceRows& source) const {
     const auto size = look_.projectSize.value_or(looks::ProjectSize{source.width, source.height});
     return {size.width, size.height, 1.0, request.frameRate};
-}
-
-void HostedEffect::openSession(const runtime::Project& project) {
-    if (session_ && sameProject(project_, project)) return;
-    runtime::EffectSession session(
-        {.module = runtime::Module::loadDefault(), .project = project, .provider = current_});
-    runtime::require(looks::ruvexControl(session).setWorkerCount(kShares),
-                     "cannot set the number of shares");
-    session_.emplace(std::move(session));
-    state_.clear();
-    project_ = project;
-}
-
-void HostedEffect::setParameters(const std::vector<looks::Setting>& values) {
-    auto state = completeState(look_.changes, values);
-    // After a failure the session's state is unknown, and all of it is set again.
-    const auto before = std::exchange(state_, {});
-    changeState(*session_, before, state);
-    state_ = std::move(state);
-}
-
-ComPtr<CDSMemoryImage> HostedEffect::renderImage(double seconds, const SourceRows& source) {
-    current_->project = project_;
-    current_->source = source;
-    runtime::RenderRequest request;
-    request.seconds = seconds;
-    request.input = imageOf(project_, source);
-    const auto output =
-        runtime::makeProjectImage(project_, source.width, source.height, MFIF_RGBA_RAW_32);
-    request.output = output;
-    session_->render(request);
-    if (looks::ruvexControl(*session_).frameOutcome() == FrameOutcome::OutOfMemory) {
-        throw runtime::OutOfMemory("there is not enough memory for the frame");
-    }
-    return output;
 }
 
 }  // namespace ruvex::adapters

@@ -4,21 +4,15 @@
 
 #include <cstdint>
 #include <memory>
-#include <optional>
-#include <span>
 #include <string>
 #include <vector>
 
 #include "adapters/common/picture_rows.h"
+#include "adapters/common/render_session.h"
 #include "looks/look.h"
-#include "runtime/effect_session.h"
-#include "sdk/images/memory_image.h"
+#include "runtime/project.h"
 
 namespace ruvex::adapters {
-
-/// The rows of each picture are divided into this number of shares, on which pictures depend: a
-/// plug-in gives the same pictures on every machine, those of `ruvex render --workers 8`.
-inline constexpr int kShares = 8;
 
 /// Which alpha a result has.
 enum class PlugInAlpha {
@@ -59,15 +53,10 @@ private:
                        const TargetRows& target);
     void readLook(const std::string& name);
     runtime::Project projectFor(const FrameRequest& request, const SourceRows& source) const;
-    void openSession(const runtime::Project& project);
-    void setParameters(const std::vector<looks::Setting>& values);
-    ComPtr<CDSMemoryImage> renderImage(double seconds, const SourceRows& source);
 
     std::shared_ptr<CurrentPicture> current_;
-    runtime::Project project_{};
-    std::optional<runtime::EffectSession> session_;
-    std::vector<looks::ParameterChange> state_;  ///< Of the session.
-    std::string lookName_;                       ///< The name or path of `look_`.
+    RenderSession session_;
+    std::string lookName_;  ///< The name or path of `look_`.
     looks::Look look_;
 };
 

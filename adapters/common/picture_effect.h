@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <memory>
 #include <vector>
@@ -17,20 +18,22 @@ namespace ruvex::adapters {
 struct OtherFrames {
     virtual ~OtherFrames() = default;
 
-    /// Calls `use` once with the picture at that time and answers true; or answers false, and the
-    /// picture at hand is used instead. On the thread that renders.
+    /// Calls `use` once with the picture at that time, of any form, and answers true; or answers
+    /// false without a call, and the picture at hand is used instead. Called on the thread that
+    /// renders, for the same time more than once too. What this throws ends the render.
     virtual bool pictureAt(double seconds,
                            const std::function<void(const SourcePicture&)>& use) = 0;
 };
 
-/// Which lines of a frame are rendered. The lower field has the lines whose y is even.
+/// Which lines of a frame are rendered. The lower field has the lines whose y is even. The lines of
+/// a field are a picture of their own, which fills the project frame.
 enum class RenderedLines { All, LowerField, UpperField };
 
 /// Which alpha a result has.
 enum class ResultAlpha {
-    Automatic,  ///< Opaque if the source is: if its form has no alpha, or every pixel is opaque.
+    Automatic,  ///< Opaque if the form of the source is, or all its pixels in the rendered lines.
     Effect,     ///< The effect's, which makes parts of a picture transparent.
-    Opaque,
+    Opaque,     ///< White; colours are kept.
 };
 
 /// All that a frame depends on but its pictures.
@@ -39,7 +42,7 @@ struct FrameTask {
     double seconds = 0.0;
     std::vector<looks::ParameterChange> changes{};  ///< Of the defaults.
     PixelRect frame{};   ///< The whole picture; what the source lacks of it is transparent black.
-    PixelRect window{};  ///< The part that is written, as far as the target has it.
+    PixelRect window{};  ///< The part that is written, as far as the target has it. May be empty.
     RenderedLines lines = RenderedLines::All;  ///< Others of the window are not written.
     ResultAlpha alpha = ResultAlpha::Automatic;
     OtherFrames* others = nullptr;  ///< Without it the picture at hand is used.
@@ -55,10 +58,16 @@ public:
     PictureEffect& operator=(const PictureEffect&) = delete;
 
     /// Renders the whole picture and writes the window of it; pixels of the window that lie outside
-    /// the frame become 0. The result depends on the arguments alone. 8-bit pictures are rendered
-    /// with 8 bits, others with S2.14: 16 bits from black to white, and floats from -2 to just
-    /// below 2; NaN becomes 0. Without a source (null) the clip is transparent black. Throws
-    /// runtime::Error, and then the target may be partly written.
+    /// the frame become 0 in all components. The result depends on the arguments alone. If source
+    /// and target both have 8 bits, the effect works with 8 bits, otherwise with S2.14: 16 bits
+    /// from black to white, and floats from -2 to just below 2; NaN becomes 0. Without a source
+    /// (null) the clip is transparent black. Source and target may be the same memory.
+    ///
+    /// A picture of alpha alone is rendered as grey, and the result is the effect's alpha.
+    ///
+    /// Throws runtime::Error for a frame without pixels, with a side above
+    /// looks::kLongestProjectSide or with 2 GB; for a time that is not finite; and where the effect
+    /// fails. Throws runtime::OutOfMemory, and what `others` throws. The target is then unchanged.
     void render(const FrameTask& task, const SourcePicture* source, const TargetPicture& target);
 
     /// The values of the frame of a task; its pictures and areas are ignored. Throws
@@ -71,17 +80,20 @@ private:
 };
 
 /// Effects that no thread uses at present, kept for the next frame, since hosts make an instance
-/// for each frame. Any thread.
+/// for each frame. At most kMostKept are kept. Any thread.
 class PictureEffectPool {
 public:
+    static constexpr std::size_t kMostKept = 16;
+
     PictureEffectPool();
     ~PictureEffectPool();
     PictureEffectPool(const PictureEffectPool&) = delete;
     PictureEffectPool& operator=(const PictureEffectPool&) = delete;
 
-    /// Calls `use` with an effect that no other thread uses meanwhile. Throws what `use` throws.
+    /// Calls `use` with an effect that no other thread uses meanwhile. Throws what `use` throws;
+    /// the effect is then destroyed.
     void withEffect(const std::function<void(PictureEffect&)>& use);
-    /// Destroys the effects that are kept.
+    /// Destroys the effects that are kept; those in use are destroyed when their call ends.
     void clear();
 
 private:

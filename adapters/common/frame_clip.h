@@ -1,0 +1,51 @@
+// The clip behind one frame, as the effect asks for it: the picture at hand and other frames.
+
+#pragma once
+
+#include <exception>
+
+#include "adapters/common/frame_picture.h"
+#include "adapters/common/picture_effect.h"
+#include "runtime/frame_server.h"
+#include "runtime/project.h"
+#include "sdk/images/memory_image.h"
+
+namespace ruvex::adapters {
+
+/// Gives every frame as a new image with the same rows and the same format. One thread at a time.
+class FrameClip final : public runtime::InputProvider {
+public:
+    /// What the images of one frame are made from; both pointers outlive its render.
+    struct Frame {
+        runtime::Project project{};
+        FrameRows rows{};
+        GUID format{};
+        const SourcePicture* atHand = nullptr;  ///< Null for transparent black.
+        OtherFrames* others = nullptr;          ///< Null where the picture at hand serves.
+    };
+
+    /// The picture at hand.
+    struct AtHand {
+        ComPtr<CDSMemoryImage> image;
+        bool opaque = false;  ///< Its form is, or all its pixels.
+    };
+
+    /// Begins a frame and gives its picture. Throws runtime::Error.
+    AtHand begin(const Frame& frame);
+
+    /// To the effect an exception is a refusal; it is kept for rethrowFailure.
+    ComPtr<IDSImage> imageAt(double seconds) override;
+
+    /// Throws the exception that a request since `begin` ended with.
+    void rethrowFailure();
+
+private:
+    AtHand imageAtHand() const;
+    ComPtr<CDSMemoryImage> otherImage(double seconds) const;
+    ComPtr<CDSMemoryImage> blackImage() const;
+
+    Frame frame_;
+    std::exception_ptr failure_;
+};
+
+}  // namespace ruvex::adapters
