@@ -38,8 +38,9 @@ fs::path userFolder() {
 
 #endif
 
-/// The folder of shipped looks that belongs to a program or library; empty if there is none.
-fs::path shippedFolderFor(const fs::path& file) {
+}  // namespace
+
+fs::path shippedLookFolder(const fs::path& file) {
     if (file.empty()) return {};
     const fs::path folder = file.parent_path();
     const fs::path above = folder.parent_path();
@@ -53,13 +54,11 @@ fs::path shippedFolderFor(const fs::path& file) {
     return {};
 }
 
-}  // namespace
-
 LookFolders lookFolders(const fs::path& module) {
     static constexpr char here = 0;
-    LookFolders folders{.shipped = shippedFolderFor(DSDynamicLibrary::fileOfCode(&here)),
+    LookFolders folders{.shipped = shippedLookFolder(DSDynamicLibrary::fileOfCode(&here)),
                         .user = userFolder()};
-    if (folders.shipped.empty()) folders.shipped = shippedFolderFor(module);
+    if (folders.shipped.empty()) folders.shipped = shippedLookFolder(module);
     return folders;
 }
 

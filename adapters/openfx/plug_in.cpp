@@ -6,8 +6,10 @@
 #include <string_view>
 
 #include "adapters/common/message_once.h"
+#include "adapters/openfx/clip_actions.h"
 #include "adapters/openfx/describe.h"
 #include "adapters/openfx/failure.h"
+#include "adapters/openfx/instance_actions.h"
 
 using namespace ruvex::openfx;
 
@@ -23,6 +25,13 @@ struct HandledAction {
 constexpr HandledAction kHandled[] = {
     {kOfxActionDescribe, describe},
     {kOfxImageEffectActionDescribeInContext, describeInContext},
+    {kOfxActionCreateInstance, createInstance},
+    {kOfxActionDestroyInstance, destroyInstance},
+    {kOfxActionInstanceChanged, instanceChanged},
+    {kOfxActionEndInstanceChanged, endInstanceChanged},
+    {kOfxImageEffectActionGetRegionOfDefinition, regionOfDefinition},
+    {kOfxImageEffectActionGetRegionsOfInterest, regionsOfInterest},
+    {kOfxImageEffectActionGetClipPreferences, clipPreferences},
 };
 
 Handler* handlerOf(std::string_view name) {

@@ -199,6 +199,16 @@ TEST_F(Library, LooksThatAreWrittenAreReadAgain) {
     EXPECT_THROW(writeLookFiles(library.looks, folders.user / "odd.json"), files::FileError);
 }
 
+TEST(LookFolders, TheShippedOneBelongsToAFile) {
+    for (const char* place : {"bin/looks", "Resources/looks", "share/ruvex/looks"}) {
+        const files::TempFolder folder;
+        const fs::path file = folder.path() / "bin" / "program";
+        EXPECT_EQ(shippedLookFolder(file), fs::path());
+        fs::create_directories(folder.path() / place);
+        EXPECT_EQ(shippedLookFolder(file), folder.path() / place);
+    }
+}
+
 TEST(LookFolders, TheUsersIsInTheDataFolder) {
     const files::TempFolder folder;
     const char* before = std::getenv("XDG_DATA_HOME");

@@ -1,0 +1,64 @@
+#include "adapters/openfx/clip_actions.h"
+
+#include <cmath>
+
+#include "adapters/openfx/host_alpha.h"
+#include "adapters/openfx/instance.h"
+
+namespace ruvex::openfx {
+namespace {
+
+using adapters::HostAlpha;
+using adapters::ResultAlpha;
+
+std::optional<OfxRectD> regionFor(const Action& action) {
+    const double time = action.in.getDouble(kOfxPropTime, 0.0);
+    return Instance(action).regionAt(time);
+}
+
+/// The form of the output's alpha.
+HostAlpha outputAlpha(HostAlpha source, ResultAlpha result) {
+    if (result == ResultAlpha::Opaque) return HostAlpha::Opaque;
+    const bool becomesTransparent = result == ResultAlpha::Effect && source == HostAlpha::Opaque;
+    return becomesTransparent ? HostAlpha::Premultiplied : source;
+}
+
+void copyText(const Properties& from, const char* name, const Properties& to, const char* copy) {
+    const std::string text = from.getString(name);
+    if (!text.empty()) to.setString(copy, text);
+}
+
+}  // namespace
+
+OfxStatus regionOfDefinition(const Action& action) {
+    const auto region = regionFor(action);
+    if (!region) return kOfxStatReplyDefault;
+    action.out.setRectD(kOfxImageEffectPropRegionOfDefinition, *region);
+    return kOfxStatOK;
+}
+
+OfxStatus regionsOfInterest(const Action& action) {
+    const auto region = regionFor(action);
+    if (!region) return kOfxStatReplyDefault;
+    action.out.setRectD("OfxImageClipPropRoI_Source", *region);
+    return kOfxStatOK;
+}
+
+OfxStatus clipPreferences(const Action& action) {
+    const Instance instance(action);
+    const HostClip source = instance.source();
+    const Properties& clip = source.properties();
+    constexpr double kAnyTime = 0.0;
+    const HostAlpha alpha = outputAlpha(alphaOf(clip, HostAlpha::Premultiplied),
+                                        instance.values().resultAlphaAt(kAnyTime));
+    if (clip.getInt(kOfxImageClipPropConnected, 0) != 0) {
+        copyText(clip, kOfxImageEffectPropComponents, action.out,
+                 "OfxImageClipPropComponents_Output");
+        copyText(clip, kOfxImageEffectPropPixelDepth, action.out, "OfxImageClipPropDepth_Output");
+    }
+    action.out.setString(kOfxImageEffectPropPreMultiplication, alphaText(alpha));
+    action.out.setInt(kOfxImageEffectFrameVarying, 1);
+    return kOfxStatOK;
+}
+
+}  // namespace ruvex::openfx

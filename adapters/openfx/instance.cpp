@@ -1,0 +1,96 @@
+#include "adapters/openfx/instance.h"
+
+#include "adapters/openfx/edit_block.h"
+#include "adapters/openfx/parameter_names.h"
+#include "parameters/parameter_table.h"
+
+namespace ruvex::openfx {
+namespace {
+
+/// The parameters behind a crop.
+struct CropSide {
+    ParameterId id;
+    double Crop::*value;
+};
+constexpr CropSide kCropSides[] = {{ParameterId::CropLeft, &Crop::left},
+                                   {ParameterId::CropRight, &Crop::right},
+                                   {ParameterId::CropBottom, &Crop::bottom},
+                                   {ParameterId::CropTop, &Crop::top}};
+
+bool isPicture(const OfxRectD& region, double pixelAspect) {
+    return pixelsOf(region, pixelScale({1.0, 1.0}, pixelAspect)).has_value();
+}
+
+/// The project's rectangle; empty if the host gives none.
+OfxRectD projectRegion(const Properties& effect) {
+    constexpr OfxPointD kNone{0.0, 0.0};
+    const auto [x, y] = effect.findPointD(kOfxImageEffectPropProjectOffset).value_or(kNone);
+    const auto size = effect.findPointD(kOfxImageEffectPropProjectSize).value_or(kNone);
+    return {x, y, x + size.x, y + size.y};
+}
+
+}  // namespace
+
+bool Instance::hasTemporalAccess() const {
+    // Some hosts answer for other times with the frame at hand: their own flag decides.
+    const Properties host(host_, host_.properties);
+    return host.getInt(kOfxImageEffectPropTemporalClipAccess, 0) != 0 &&
+           source().hasTemporalAccess();
+}
+
+double Instance::frameRate() const {
+    const double ofProject = properties().getDouble(kOfxImageEffectPropFrameRate, kUsualRate);
+    return saneRate(
+        source().properties().getDouble(kOfxImageEffectPropFrameRate, saneRate(ofProject)));
+}
+
+EffectClock Instance::clockAt(double time) const {
+    return {.firstFrame = values().firstFrameAt(time), .rate = frameRate()};
+}
+
+std::optional<OfxRectD> Instance::regionAt(double time) const {
+    const HostClip clip = source();
+    const double aspect = clip.pixelAspect();
+    const auto region = clip.regionOfDefinition(time);
+    if (region && isPicture(*region, aspect)) return region;
+    const OfxRectD ofProject = projectRegion(properties());
+    if (isPicture(ofProject, aspect)) return ofProject;
+    return {};
+}
+
+runtime::Project Instance::projectAt(double time, int width, int height) const {
+    const int givenWidth = values().frameWidthAt(time);
+    const int givenHeight = values().frameHeightAt(time);
+    return {.width = givenWidth > 0 ? givenWidth : width,
+            .height = givenHeight > 0 ? givenHeight : height,
+            .pixelAspect = source().pixelAspect(),
+            .frameRate = frameRate()};
+}
+
+Crop Instance::cropAt(double time) const {
+    Crop crop;
+    for (const auto& [id, value] : kCropSides) crop.*value = values().valueAt(id, time);
+    return crop;
+}
+
+void Instance::setCrop(double time, const Crop& crop) const {
+    const Crop before = cropAt(time);
+    if (crop == before) return;
+    const ParameterSet set = parameters();
+    const EditBlock block(set, "Crop");
+    for (const auto& [id, value] : kCropSides) {
+        if (crop.*value == before.*value) continue;
+        const HostParameter parameter = set.find(scriptName(row(id)));
+        if (parameter.isAnimating()) {
+            parameter.setRealAt(time, crop.*value);
+        } else {
+            parameter.setReal(crop.*value);
+        }
+    }
+}
+
+bool Instance::hidesOverlayControls(double time) const {
+    return values().valueAt(ParameterId::HideOverlayControls, time) != 0.0;
+}
+
+}  // namespace ruvex::openfx
