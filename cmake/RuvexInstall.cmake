@@ -59,7 +59,7 @@ add_custom_command(OUTPUT "${kdenlive_file}"
 add_custom_target(kdenlive_file ALL DEPENDS "${kdenlive_file}")
 set_target_properties(ruvex_frei0r PROPERTIES INSTALL_RPATH "$ORIGIN/../ruvex")
 
-# There are two packages: one with everything, and one with the plug-in and what it needs, without the
+# There are two packages with it: one with the command, and one with the plug-in and what it needs, without the
 # command and the FFmpeg libraries. Files of the second are thus installed for both.
 foreach(component Unspecified frei0r)
   install(TARGETS ruvex_frei0r LIBRARY DESTINATION lib/frei0r-1 COMPONENT ${component})
@@ -78,8 +78,20 @@ install(FILES "${PROJECT_SOURCE_DIR}/docs/images/kdenlive.jpg"
 install(FILES "${PROJECT_SOURCE_DIR}/LICENSE"
   DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/ruvex-frei0r COMPONENT frei0r RENAME copyright)
 
+# The bundle for OpenFX hosts has its own copy of everything, so that it can be put anywhere. Hosts
+# search /usr/OFX/Plugins. Only `cmake --install --component openfx` installs it.
+set(bundle OFX/Plugins/V_Ruvex.ofx.bundle/Contents)
+set_target_properties(ruvex_openfx PROPERTIES INSTALL_RPATH "$ORIGIN")
+install(TARGETS ruvex_openfx V_Ruvex dssdk dsvwr il
+  LIBRARY DESTINATION ${bundle}/Linux-x86-64 COMPONENT openfx EXCLUDE_FROM_ALL)
+install(DIRECTORY "${PROJECT_SOURCE_DIR}/looks/library/" DESTINATION ${bundle}/Resources/looks
+  COMPONENT openfx EXCLUDE_FROM_ALL FILES_MATCHING PATTERN "*.json")
+install(FILES "${PROJECT_SOURCE_DIR}/LICENSE" DESTINATION ${bundle}/Resources
+  COMPONENT openfx EXCLUDE_FROM_ALL)
+
 # Everything that an installation needs, for the packages.
-add_custom_target(installation DEPENDS ruvex V_Ruvex ruvex_frei0r preset_files told kdenlive_file)
+add_custom_target(installation
+  DEPENDS ruvex V_Ruvex ruvex_frei0r ruvex_openfx preset_files told kdenlive_file)
 
 # Takes away what the last `cmake --install` of this build has installed.
 add_custom_target(uninstall
@@ -100,14 +112,17 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS "${PROJECT_BINARY_DIR}/bin")
 # both when a host first shows the controls, and renders without them.
 set(CPACK_DEBIAN_UNSPECIFIED_PACKAGE_RECOMMENDS "fonts-dejavu-core, libopengl0, libglu1-mesa")
 set(CPACK_DEB_COMPONENT_INSTALL ON)
-set(CPACK_COMPONENTS_ALL Unspecified frei0r)
+set(CPACK_COMPONENTS_ALL Unspecified frei0r openfx)
 set(CPACK_COMPONENTS_GROUPING IGNORE)
 set(CPACK_DEBIAN_UNSPECIFIED_PACKAGE_NAME ruvex)
 set(CPACK_DEBIAN_FREI0R_PACKAGE_NAME ruvex-frei0r)
+set(CPACK_DEBIAN_OPENFX_PACKAGE_NAME ruvex-openfx)
 set(CPACK_COMPONENT_UNSPECIFIED_DESCRIPTION "The command ruvex, and the plug-in for frei0r hosts.")
 set(CPACK_COMPONENT_FREI0R_DESCRIPTION
   "The effect in Kdenlive, melt, ffmpeg and GStreamer, without the command.")
-# Both have the same files at the same places.
+set(CPACK_COMPONENT_OPENFX_DESCRIPTION "The effect in OpenFX hosts, without the command.")
+set(CPACK_DEBIAN_OPENFX_PACKAGE_RECOMMENDS "libopengl0, libglu1-mesa")
+# The first two have the same files at the same places.
 set(CPACK_DEBIAN_FREI0R_PACKAGE_CONFLICTS ruvex)
 set(CPACK_DEBIAN_FREI0R_PACKAGE_REPLACES ruvex)
 set(CPACK_DEBIAN_UNSPECIFIED_PACKAGE_CONFLICTS ruvex-frei0r)

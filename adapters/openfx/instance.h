@@ -6,21 +6,12 @@
 
 #include "adapters/openfx/action.h"
 #include "adapters/openfx/host_clip.h"
+#include "adapters/openfx/overlay/crop.h"
 #include "adapters/openfx/parameter_values.h"
 #include "adapters/openfx/regions.h"
 #include "runtime/project.h"
 
 namespace ruvex::openfx {
-
-/// The crop in percent of the picture, from its left or lower side.
-struct Crop {
-    double left = 0.0;
-    double right = 100.0;
-    double bottom = 0.0;
-    double top = 100.0;
-
-    friend bool operator==(const Crop&, const Crop&) = default;
-};
 
 /// A view of an instance. It keeps nothing of its own: everything is the host's, and hosts make
 /// instances for single frames. One object for each action; times are the host's.

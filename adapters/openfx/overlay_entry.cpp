@@ -1,7 +1,95 @@
 #include "adapters/openfx/overlay_entry.h"
 
-namespace ruvex::openfx {
+#include <memory>
+#include <string_view>
 
-void declareOverlay(const Host&, const Properties&) {}
+#include "adapters/openfx/crop_interact.h"
+#include "adapters/openfx/guarded_entry.h"
+#include "adapters/openfx/parameter_names.h"
+#include "parameters/parameter_table.h"
+
+namespace ruvex::openfx {
+namespace {
+
+/// The parameters whose change moves or hides the lines.
+constexpr ParameterId kShown[] = {ParameterId::CropLeft, ParameterId::CropRight,
+                                  ParameterId::CropBottom, ParameterId::CropTop,
+                                  ParameterId::HideOverlayControls};
+
+CropInteract* instanceOf(const InteractAction& action) {
+    return static_cast<CropInteract*>(interactProperties(action).getPointer(kOfxPropInstanceData));
+}
+
+OfxStatus createInteract(const InteractAction& action) {
+    const Properties properties = interactProperties(action);
+    auto created = std::make_unique<CropInteract>();
+    if (!properties.setPointer(kOfxPropInstanceData, created.get())) return kOfxStatFailed;
+    // The host keeps it until it destroys the interact.
+    created.release();
+    int index = 0;
+    for (const ParameterId id : kShown) {
+        properties.setString(kOfxInteractPropSlaveToParam, scriptName(row(id)), index++);
+    }
+    return kOfxStatOK;
+}
+
+OfxStatus destroyInteract(const InteractAction& action) {
+    const std::unique_ptr<CropInteract> destroyed(instanceOf(action));
+    interactProperties(action).setPointer(kOfxPropInstanceData, nullptr);
+    return kOfxStatOK;
+}
+
+OfxStatus describeInteract(const InteractAction&) {
+    return kOfxStatOK;
+}
+
+template <OfxStatus (CropInteract::*Function)(const InteractAction&)>
+OfxStatus handled(const InteractAction& action) {
+    CropInteract* const interact = instanceOf(action);
+    return interact ? (interact->*Function)(action) : kOfxStatErrBadHandle;
+}
+
+struct HandledInteract {
+    std::string_view name;
+    OfxStatus (*handler)(const InteractAction& action);
+};
+
+constexpr HandledInteract kInteractActions[] = {
+    {kOfxActionDescribe, describeInteract},
+    {kOfxActionCreateInstance, createInteract},
+    {kOfxActionDestroyInstance, destroyInteract},
+    {kOfxInteractActionDraw, handled<&CropInteract::draw>},
+    {kOfxInteractActionPenDown, handled<&CropInteract::penDown>},
+    {kOfxInteractActionPenMotion, handled<&CropInteract::penMotion>},
+    {kOfxInteractActionPenUp, handled<&CropInteract::penUp>},
+    {kOfxInteractActionLoseFocus, handled<&CropInteract::loseFocus>},
+};
+
+OfxStatus dispatchInteract(std::string_view name, const void* handle, OfxPropertySetHandle in) {
+    for (const HandledInteract& known : kInteractActions) {
+        if (known.name != name) continue;
+        const auto host = currentHost();
+        if (!host || !host->interact) return kOfxStatErrMissingHostFeature;
+        if (!handle) return kOfxStatErrBadHandle;
+        const auto interact = static_cast<OfxInteractHandle>(const_cast<void*>(handle));
+        return known.handler({*host, interact, {*host, in}});
+    }
+    return kOfxStatReplyDefault;
+}
+
+/// The entry point of the overlay, which the host calls.
+OfxStatus enterInteract(const char* name, const void* handle, OfxPropertySetHandle in,
+                        OfxPropertySetHandle) {
+    return guardedEntry(name, [&] { return dispatchInteract(name, handle, in); });
+}
+
+}  // namespace
+
+void declareOverlay(const Host& host, const Properties& effect) {
+    const Properties ofHost(host, host.properties);
+    if (!host.interact || ofHost.getInt(kOfxImageEffectPropSupportsOverlays, 0) == 0) return;
+    effect.setPointer(kOfxImageEffectPluginPropOverlayInteractV1,
+                      reinterpret_cast<void*>(enterInteract));
+}
 
 }  // namespace ruvex::openfx

@@ -2,13 +2,11 @@
 
 #include "adapters/openfx/plug_in.h"
 
-#include <new>
 #include <string_view>
 
-#include "adapters/common/message_once.h"
 #include "adapters/openfx/clip_actions.h"
 #include "adapters/openfx/describe.h"
-#include "adapters/openfx/failure.h"
+#include "adapters/openfx/guarded_entry.h"
 #include "adapters/openfx/instance_actions.h"
 
 using namespace ruvex::openfx;
@@ -61,30 +59,9 @@ OfxStatus dispatch(std::string_view name, const void* handle, OfxPropertySetHand
     return handler ? perform(*handler, handle, in, out) : kOfxStatReplyDefault;
 }
 
-/// Prints without throwing: there may be no memory for it.
-void report(const char* sentence) noexcept {
-    try {
-        ruvex::adapters::printOnce(sentence);
-    } catch (...) {
-    }
-}
-
 OfxStatus enter(const char* name, const void* handle, OfxPropertySetHandle in,
                 OfxPropertySetHandle out) {
-    if (!name) return kOfxStatErrValue;
-    try {
-        return dispatch(name, handle, in, out);
-    } catch (const std::bad_alloc&) {
-        return kOfxStatErrMemory;
-    } catch (const Failure& failure) {
-        report(failure.what());
-        return failure.status();
-    } catch (const std::exception& error) {
-        report(error.what());
-    } catch (...) {
-        report("an action of the host failed");
-    }
-    return kOfxStatFailed;
+    return guardedEntry(name, [&] { return dispatch(name, handle, in, out); });
 }
 
 void rememberHost(OfxHost* host) {

@@ -97,7 +97,7 @@ private:
     static int open() { return openGl() ? kWindowWidth : 0; }
 };
 
-constexpr CropEdges kEdges{.left = 25, .right = 75, .bottom = 20, .top = 90};
+constexpr Crop kCrop{.left = 25, .right = 75, .bottom = 20, .top = 90};
 
 TEST_F(CropBoxTest, LinesLieWhereTheHostShowsThePicture) {
     // A view in a part of the window, one and a half pixels for a unit of the plane.
@@ -111,7 +111,7 @@ TEST_F(CropBoxTest, LinesLieWhereTheHostShowsThePicture) {
                         .planeHeight = 120};
     show(viewer);
     CropBox box({.left = 4, .bottom = 6, .width = 120, .height = 100});
-    box.setEdges(kEdges);
+    box.setCrop(kCrop);
     ASSERT_TRUE(box.draw());
     const int middleX = viewer.pixelX(4 + 60), middleY = viewer.pixelY(6 + 55);
     EXPECT_NE(columnNear(viewer.pixelX(4 + 30), middleY, kYellow), -1);
@@ -124,7 +124,7 @@ TEST_F(CropBoxTest, WidePixelsMakeAWiderBox) {
     const Viewer viewer{};
     show(viewer);
     CropBox box({.left = 0, .bottom = 0, .width = 100, .height = 100, .pixelAspect = 2.0});
-    box.setEdges(kEdges);
+    box.setCrop(kCrop);
     ASSERT_TRUE(box.draw());
     EXPECT_NE(columnNear(viewer.pixelX(50), 50, kYellow), -1);
     EXPECT_NE(columnNear(viewer.pixelX(150), 50, kCyan), -1);
@@ -142,7 +142,7 @@ TEST_F(CropBoxTest, NothingIsDrawnOutsideTheViewport) {
                         .planeHeight = 60};
     show(viewer);
     CropBox box({.width = 200, .height = 200});
-    box.setEdges({.left = 20, .right = 75, .bottom = 20, .top = 90});
+    box.setCrop({.left = 20, .right = 75, .bottom = 20, .top = 90});
     ASSERT_TRUE(box.draw());
     EXPECT_GT(drawnPixels(), 0);
     for (int y = 0; y < kWindowHeight; ++y) {
@@ -158,7 +158,7 @@ TEST_F(CropBoxTest, NothingIsDrawnOutsideTheViewport) {
 TEST_F(CropBoxTest, AScissorOfTheHostIsKept) {
     show({});
     CropBox box({.width = 200, .height = 200});
-    box.setEdges(kEdges);
+    box.setCrop(kCrop);
     gl().glEnable(GL_SCISSOR_TEST);
     gl().glScissor(0, 0, 20, 20);
     ASSERT_TRUE(box.draw());
@@ -211,54 +211,54 @@ TEST_F(CropBoxTest, ADragChangesTheEdgeOnRelease) {
     const Viewer viewer{};
     show(viewer);
     CropBox box({.left = 20, .bottom = 10, .width = 200, .height = 200});
-    box.setEdges(kEdges);
+    box.setCrop(kCrop);
     ASSERT_TRUE(box.draw());
     EXPECT_TRUE(box.press(20 + 50, 100));
     EXPECT_TRUE(box.isDragging());
     box.move(20 + 60, 100);
-    EXPECT_EQ(box.edges(), kEdges);
+    EXPECT_EQ(box.crop(), kCrop);
     show(viewer);
     ASSERT_TRUE(box.draw());
     EXPECT_NE(columnNear(viewer.pixelX(80), 100, {255, 255, 255}), -1);
     // The host's values do not move a line that is dragged.
-    box.setEdges({});
+    box.setCrop({});
     box.release(20 + 60, 100);
     EXPECT_FALSE(box.isDragging());
-    EXPECT_NEAR(box.edges().left, 30, 1e-3);
-    EXPECT_EQ(box.edges().right, 75);
+    EXPECT_NEAR(box.crop().left, 30, 1e-3);
+    EXPECT_EQ(box.crop().right, 75);
 }
 
 TEST_F(CropBoxTest, APressIsTakenWhereThePenHasBeenBefore) {
     show({});
     CropBox box({.width = 200, .height = 200});
-    box.setEdges(kEdges);
+    box.setCrop(kCrop);
     ASSERT_TRUE(box.draw());
     box.move(50, 110);
     EXPECT_TRUE(box.press(50, 110));
     box.move(40, 110);
     box.release();
-    EXPECT_NEAR(box.edges().left, 20, 1e-3);
+    EXPECT_NEAR(box.crop().left, 20, 1e-3);
     EXPECT_FALSE(box.press(100, 110));
     EXPECT_TRUE(box.press(40, 110));
     box.release(40, 110);
-    EXPECT_NEAR(box.edges().left, 20, 1e-3);
+    EXPECT_NEAR(box.crop().left, 20, 1e-3);
 }
 
 TEST_F(CropBoxTest, APressBesideTheLinesIsNotTaken) {
     show({});
     CropBox box({.width = 200, .height = 200});
-    box.setEdges(kEdges);
+    box.setCrop(kCrop);
     ASSERT_TRUE(box.draw());
     EXPECT_FALSE(box.press(100, 110));
     EXPECT_FALSE(box.isDragging());
     box.release(100, 110);
-    EXPECT_EQ(box.edges(), kEdges);
+    EXPECT_EQ(box.crop(), kCrop);
 }
 
 TEST_F(CropBoxTest, ThePenOverALineAsksForARedraw) {
     show({});
     CropBox box({.width = 200, .height = 200});
-    box.setEdges(kEdges);
+    box.setCrop(kCrop);
     ASSERT_TRUE(box.draw());
     box.takeRedraw();
     box.move(100, 110);
@@ -271,8 +271,8 @@ TEST_F(CropBoxTest, ThePenOverALineAsksForARedraw) {
 TEST_F(CropBoxTest, ValuesThatAreNotFiniteAreThoseOfTheWholePicture) {
     show({});
     CropBox box({.width = 200, .height = 200});
-    box.setEdges({.left = std::nan(""), .right = INFINITY, .bottom = -INFINITY, .top = 50});
-    EXPECT_EQ(box.edges(), (CropEdges{.left = 0, .right = 100, .bottom = 0, .top = 50}));
+    box.setCrop({.left = std::nan(""), .right = INFINITY, .bottom = -INFINITY, .top = 50});
+    EXPECT_EQ(box.crop(), (Crop{.left = 0, .right = 100, .bottom = 0, .top = 50}));
     EXPECT_TRUE(box.draw());
 }
 

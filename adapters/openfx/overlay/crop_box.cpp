@@ -43,15 +43,15 @@ CropBox::CropBox(const PicturePlace& place)
     page_->show();
 }
 
-void CropBox::setEdges(const CropEdges& edges) {
+void CropBox::setCrop(const Crop& crop) {
     if (dragging_) return;
-    setEdge(session_, ParameterId::CropLeft, edges.left);
-    setEdge(session_, ParameterId::CropRight, edges.right);
-    setEdge(session_, ParameterId::CropBottom, edges.bottom);
-    setEdge(session_, ParameterId::CropTop, edges.top);
+    setEdge(session_, ParameterId::CropLeft, crop.left);
+    setEdge(session_, ParameterId::CropRight, crop.right);
+    setEdge(session_, ParameterId::CropBottom, crop.bottom);
+    setEdge(session_, ParameterId::CropTop, crop.top);
 }
 
-CropEdges CropBox::edges() const {
+Crop CropBox::crop() const {
     return {edgeOf(session_, ParameterId::CropLeft), edgeOf(session_, ParameterId::CropRight),
             edgeOf(session_, ParameterId::CropBottom), edgeOf(session_, ParameterId::CropTop)};
 }

@@ -7,17 +7,11 @@
 #include <utility>
 
 #include "adapters/openfx/overlay/context_view.h"
+#include "adapters/openfx/overlay/crop.h"
 #include "runtime/editor.h"
 #include "runtime/viewer.h"
 
 namespace ruvex::openfx {
-
-/// Percentages of the picture.
-struct CropEdges {
-    double left = 0.0, right = 100.0, bottom = 0.0, top = 100.0;
-
-    friend bool operator==(const CropEdges&, const CropEdges&) = default;
-};
 
 /// A picture in the plane of a host's viewer, whose positions have square pixels.
 struct PicturePlace {
@@ -42,8 +36,8 @@ public:
 
     /// Moves the lines, which during a drag stay where they are. Values that are not finite are
     /// those of the whole picture. Throws runtime::Error.
-    void setEdges(const CropEdges& edges);
-    CropEdges edges() const;
+    void setCrop(const Crop& crop);
+    Crop crop() const;
 
     /// Draws the lines into the current OpenGL context, whose state is as before. False if the view
     /// does not allow it.
