@@ -1,0 +1,83 @@
+#include "tests/openfx/host/plug_in.h"
+
+#include <exception>
+#include <stdexcept>
+
+namespace ruvex::ofxhost {
+namespace {
+
+#ifdef _WIN32
+constexpr const char* kSystemFolder = "Win64";
+#else
+constexpr const char* kSystemFolder = "Linux-x86-64";
+#endif
+
+std::filesystem::path binaryOf(const std::filesystem::path& fileOrBundle) {
+    if (!std::filesystem::is_directory(fileOrBundle)) return fileOrBundle;
+    const auto folder = fileOrBundle / "Contents" / kSystemFolder;
+    for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+        if (entry.path().extension() == ".ofx") return entry.path();
+    }
+    throw std::runtime_error("no .ofx file in " + folder.string());
+}
+
+}  // namespace
+
+Binary::Binary(const std::filesystem::path& fileOrBundle) : file_(binaryOf(fileOrBundle)) {
+    std::string problem;
+    library_ = DSDynamicLibrary::load(file_, problem);
+    if (!library_) throw std::runtime_error("cannot load " + file_.string() + ": " + problem);
+    count_ = reinterpret_cast<int (*)()>(library_->find("OfxGetNumberOfPlugins"));
+    get_ = reinterpret_cast<OfxPlugin* (*)(int)>(library_->find("OfxGetPlugin"));
+    if (!count_ || !get_)
+        throw std::runtime_error(file_.string() + " lacks the functions of OpenFX");
+}
+
+PlugIn::PlugIn(Host& host, OfxPlugin& plugIn, std::string file)
+    : host_(host), ofx_(plugIn), file_(std::move(file)) {
+    ofx_.setHost(host_.ofx());
+}
+
+OfxStatus PlugIn::call(const char* action, const void* handle, ActionSets sets) {
+    try {
+        return ofx_.mainEntry(action, handle, sets.in ? sets.in->handle() : nullptr,
+                              sets.out ? sets.out->handle() : nullptr);
+    } catch (const std::exception& error) {
+        host_.fault(std::string("an exception left ") + action + ": " + error.what());
+    } catch (...) {
+        host_.fault(std::string("an exception left ") + action);
+    }
+    return kOfxStatErrFatal;
+}
+
+OfxStatus PlugIn::describe() {
+    auto description = std::make_unique<Effect>(host_, file_);
+    const OfxStatus status = call(kOfxActionDescribe, description->handle());
+    if (isDone(status)) description_ = std::move(description);
+    return status;
+}
+
+OfxStatus PlugIn::describeInContext(const std::string& context) {
+    auto description = std::make_unique<Effect>(*description_, context);
+    PropertySet in(host_);
+    in.add(kOfxImageEffectPropContext, text(context), Writer::Host);
+    const OfxStatus status =
+        call(kOfxImageEffectActionDescribeInContext, description->handle(), {&in, nullptr});
+    if (description->parameters.openBlocks() > 0) host_.fault("an edit block stays open");
+    if (isDone(status)) contexts_[context] = std::move(description);
+    return status;
+}
+
+OfxStatus PlugIn::prepare(const std::string& context) {
+    OfxStatus status = load();
+    if (isDone(status)) status = describe();
+    if (isDone(status)) status = describeInContext(context);
+    return isDone(status) ? kOfxStatOK : status;
+}
+
+const Effect* PlugIn::description(const std::string& context) const {
+    const auto found = contexts_.find(context);
+    return found == contexts_.end() ? nullptr : found->second.get();
+}
+
+}  // namespace ruvex::ofxhost
