@@ -1,0 +1,249 @@
+// A small OpenFX host: lists what a plug-in describes, and renders frames with it.
+//
+//     openfx_host BUNDLE
+//     openfx_host BUNDLE --size 320x240 --frames 0-9 [OPTIONS] [NAME=VALUE ...]
+//
+// BUNDLE is the folder of a bundle or an .ofx file. Options:
+//     --size WxH          of the test picture; without it nothing is rendered
+//     --picture FILE      a binary PPM file instead of the test picture, and its size
+//     --frames A-B        first and last frame; 0-0 without it
+//     --depth D           byte, short or float
+//     --scale S           render scale, 1 without it
+//     --output FOLDER     the frames as FOLDER/N.pam
+// A value is a number, the label of a choice, R,G,B of a colour, or keys as FRAME:NUMBER,FRAME:...
+// The program prints a digest of each frame's bytes. Its last line begins with "end:"; its status
+// is 1 if a call failed or the plug-in did something that it must not do.
+
+#include <charconv>
+#include <cstdio>
+#include <filesystem>
+#include <sstream>
+#include <stdexcept>
+
+#include "tests/frames/frame_list.h"
+#include "tests/openfx/host/instance.h"
+#include "tests/openfx/picture_file.h"
+#include "tests/openfx/test_card.h"
+
+namespace {
+
+using namespace ruvex::ofxhost;
+
+struct HostOptions {
+    std::string bundle;
+    int width = 0;
+    int height = 0;
+    std::string picture;
+    int first = 0;
+    int last = 0;
+    std::string depth = kOfxBitDepthByte;
+    double scale = 1.0;
+    std::string output;
+    std::vector<std::pair<std::string, std::string>> values;
+};
+
+double numberOf(const std::string& text) {
+    double number = 0.0;
+    const char* end = text.data() + text.size();
+    const auto result = std::from_chars(text.data(), end, number);
+    if (result.ec != std::errc{} || result.ptr != end) {
+        throw std::runtime_error("not a number: " + text);
+    }
+    return number;
+}
+
+std::vector<std::string> splitAt(const std::string& text, char separator) {
+    std::vector<std::string> parts;
+    std::istringstream stream(text);
+    for (std::string part; std::getline(stream, part, separator);) parts.push_back(part);
+    return parts;
+}
+
+std::pair<int, int> pairOf(const std::string& text, char separator) {
+    const auto parts = splitAt(text, separator);
+    if (parts.empty()) throw std::runtime_error("empty value");
+    return {static_cast<int>(numberOf(parts.front())), static_cast<int>(numberOf(parts.back()))};
+}
+
+std::string depthNamed(const std::string& name) {
+    if (name == "byte") return kOfxBitDepthByte;
+    if (name == "short") return kOfxBitDepthShort;
+    if (name == "float") return kOfxBitDepthFloat;
+    throw std::runtime_error("unknown depth " + name);
+}
+
+void readOption(HostOptions& options, const std::string& name, const std::string& value) {
+    if (name == "--size") {
+        std::tie(options.width, options.height) = pairOf(value, 'x');
+    } else if (name == "--frames") {
+        std::tie(options.first, options.last) = pairOf(value, '-');
+    } else if (name == "--depth") {
+        options.depth = depthNamed(value);
+    } else if (name == "--scale") {
+        options.scale = numberOf(value);
+    } else if (name == "--output") {
+        options.output = value;
+    } else if (name == "--picture") {
+        options.picture = value;
+    } else {
+        throw std::runtime_error("unknown option " + name);
+    }
+}
+
+HostOptions readOptions(int argc, char** argv) {
+    if (argc < 2) throw std::runtime_error("usage: openfx_host BUNDLE [OPTIONS] [NAME=VALUE ...]");
+    HostOptions options;
+    options.bundle = argv[1];
+    for (int i = 2; i < argc; ++i) {
+        const std::string word = argv[i];
+        const auto equals = word.find('=');
+        if (word.starts_with("--") && i + 1 < argc) {
+            readOption(options, word, argv[++i]);
+        } else if (equals != word.npos) {
+            options.values.emplace_back(word.substr(0, equals), word.substr(equals + 1));
+        } else {
+            throw std::runtime_error("not understood: " + word);
+        }
+    }
+    return options;
+}
+
+std::string listOf(const PropertySet& set, const char* name) {
+    std::string list;
+    const Property* property = set.find(name);
+    if (!property) return list;
+    for (const PropertyValue& value : property->values) {
+        if (!list.empty()) list.append(", ");
+        if (const auto* text = std::get_if<std::string>(&value)) list.append(*text);
+        char buffer[40] = "";
+        if (const auto* real = std::get_if<double>(&value)) {
+            std::snprintf(buffer, sizeof buffer, "%.9g", *real);
+        }
+        if (const auto* whole = std::get_if<int>(&value)) {
+            std::snprintf(buffer, sizeof buffer, "%d", *whole);
+        }
+        list.append(buffer);
+    }
+    return list;
+}
+
+void printDescription(const OfxPlugin& ofx, const Effect& effect) {
+    std::printf("%s %u.%u\n", ofx.pluginIdentifier, ofx.pluginVersionMajor, ofx.pluginVersionMinor);
+    for (const auto& [name, property] : effect.properties.all()) {
+        // The path depends on the place of the bundle, pointers on that of the code.
+        if (name == kOfxPluginPropFilePath || property.type == PropertyType::Pointer) continue;
+        std::printf("  %s: %s\n", name.c_str(), listOf(effect.properties, name.c_str()).c_str());
+    }
+    for (const auto& clip : effect.clips()) {
+        std::printf("clip %s: %s\n", clip->name().c_str(),
+                    listOf(clip->properties, kOfxImageEffectPropSupportedComponents).c_str());
+    }
+    for (const auto& parameter : effect.parameters.all()) {
+        const PropertySet& set = parameter->properties;
+        std::printf("%s %s \"%s\" in %s\n", parameter->type().c_str(), parameter->name().c_str(),
+                    set.text(kOfxPropLabel).c_str(), set.text(kOfxParamPropParent).c_str());
+        for (const char* name : {kOfxParamPropDefault, kOfxParamPropMin, kOfxParamPropMax,
+                                 kOfxParamPropChoiceOption, kOfxParamPropHint}) {
+            const std::string list = listOf(set, name);
+            if (!list.empty()) std::printf("  %s: %s\n", name, list.c_str());
+        }
+    }
+}
+
+/// Sets a parameter as a user of the application does.
+void setValue(Instance& instance, const std::string& name, const std::string& value) {
+    Parameter* parameter = instance.parameters().find(name);
+    if (!parameter) throw std::runtime_error("no parameter " + name);
+    const auto labels = parameter->properties.texts(kOfxParamPropChoiceOption);
+    for (std::size_t i = 0; i < labels.size(); ++i) {
+        if (labels[i] == value) return instance.set(name, static_cast<double>(i));
+    }
+    if (value.find(':') != value.npos) {
+        std::vector<Key> keys;
+        for (const std::string& part : splitAt(value, ',')) {
+            const auto colon = part.find(':');
+            keys.push_back({numberOf(part.substr(0, colon)), {numberOf(part.substr(colon + 1))}});
+        }
+        return instance.setKeys(name, keys);
+    }
+    std::vector<double> numbers;
+    for (const std::string& part : splitAt(value, ',')) numbers.push_back(numberOf(part));
+    if (numbers.size() != parameter->state().numbers.size()) {
+        throw std::runtime_error("a wrong number of values for " + name);
+    }
+    instance.set(name, numbers);
+}
+
+ClipSetup clipFor(HostOptions& options) {
+    const PixelFormat format{options.depth, kOfxImageComponentRGBA, kOfxImageUnPreMultiplied};
+    if (options.picture.empty()) return test::testCard(options.width, options.height, format);
+    const Raster still = test::readPpm(options.picture, options.depth);
+    options.width = widthOf(still.bounds);
+    options.height = heightOf(still.bounds);
+    ClipSetup setup = test::testCard(options.width, options.height, format);
+    setup.picture = [still](double, const OfxPointD&) { return still; };
+    return setup;
+}
+
+InstanceSetup setupFor(HostOptions& options) {
+    InstanceSetup setup;
+    setup.source = clipFor(options);
+    setup.project.size = {double(options.width), double(options.height)};
+    return setup;
+}
+
+bool renderFrames(PlugIn& plugIn, HostOptions& options) {
+    Instance instance(plugIn, setupFor(options));
+    if (!isDone(instance.status())) throw std::runtime_error("the plug-in makes no instance");
+    for (const auto& [name, value] : options.values) setValue(instance, name, value);
+    bool good = true;
+    for (int frame = options.first; frame <= options.last; ++frame) {
+        RenderArgs args;
+        args.time = frame;
+        args.scale = {options.scale, options.scale};
+        const RenderResult result = instance.render(args);
+        good &= result.status == kOfxStatOK;
+        std::printf("%s  frame %d, status %d\n", ruvex::test::digestOf(result.output.bytes).c_str(),
+                    frame, result.status);
+        if (options.output.empty()) continue;
+        std::filesystem::create_directories(options.output);
+        test::writePam(std::filesystem::path(options.output) / (std::to_string(frame) + ".pam"),
+                       result.output);
+    }
+    return good;
+}
+
+bool runHost(HostOptions options) {
+    Binary binary(options.bundle);
+    Host host;
+    bool good = true;
+    for (int i = 0; i < binary.count(); ++i) {
+        PlugIn plugIn(host, *binary.plugIn(i), binary.file().string());
+        if (plugIn.prepare() != kOfxStatOK)
+            throw std::runtime_error("the plug-in is not described");
+        const bool renders = options.width > 0 || !options.picture.empty();
+        if (renders) {
+            good &= renderFrames(plugIn, options);
+        } else {
+            printDescription(plugIn.ofx(), *plugIn.description(kOfxImageEffectContextFilter));
+        }
+        plugIn.unload();
+    }
+    for (const Message& message : host.messages())
+        std::printf("message: %s\n", message.text.c_str());
+    for (const std::string& fault : host.faults()) std::printf("fault: %s\n", fault.c_str());
+    good &= host.faults().empty();
+    std::printf("end: plug-ins=%d status=%s\n", binary.count(), good ? "good" : "bad");
+    return good;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    try {
+        return runHost(readOptions(argc, argv)) ? 0 : 1;
+    } catch (const std::exception& error) {
+        std::printf("failed: %s\n", error.what());
+        return 1;
+    }
+}
