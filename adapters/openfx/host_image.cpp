@@ -1,6 +1,5 @@
 #include "adapters/openfx/host_image.h"
 
-#include <cstdint>
 #include <cstdlib>
 
 #include "adapters/openfx/failure.h"
@@ -43,22 +42,9 @@ PixelRect boundsOf(const Properties& image) {
     return *pixels;
 }
 
-std::size_t sampleBytes(SampleType samples) {
-    return samples == SampleType::Bits8 ? 1 : samples == SampleType::Bits16 ? 2 : 4;
-}
-
-/// Rows must not overlap. Samples are where the processor can read them.
-void checkRows(std::uintptr_t data, std::ptrdiff_t rowBytes, const PixelRect& bounds,
-               const PixelForm& form) {
-    const auto pixels = static_cast<std::size_t>(bounds.width());
-    const auto distance = static_cast<std::size_t>(std::abs(rowBytes));
-    if (bounds.height() > 1 && distance < pixels * form.pixelBytes()) {
-        refuse("with rows that overlap");
-    }
-    const std::size_t alignment = sampleBytes(form.samples);
-    if (data % alignment != 0 || distance % alignment != 0) {
-        refuse("with samples at odd places of memory");
-    }
+void checkRows(std::ptrdiff_t rowBytes, const PixelRect& bounds, const PixelForm& form) {
+    const auto row = static_cast<std::ptrdiff_t>(form.pixelBytes()) * bounds.width();
+    if (bounds.height() > 1 && std::abs(rowBytes) < row) refuse("with rows that overlap");
 }
 
 template <class Byte>
@@ -68,7 +54,7 @@ adapters::HostPicture<Byte> pictureOf(const Properties& image, HostAlpha alpha) 
     if (!data || !rowBytes) refuse("without data");
     const PixelForm form{samplesOf(image), componentsOf(image), alphaOf(image, alpha)};
     const PixelRect bounds = boundsOf(image);
-    checkRows(reinterpret_cast<std::uintptr_t>(data), *rowBytes, bounds, form);
+    checkRows(*rowBytes, bounds, form);
     return {static_cast<Byte*>(data), *rowBytes, bounds, form};
 }
 

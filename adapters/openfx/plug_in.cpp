@@ -2,12 +2,16 @@
 
 #include "adapters/openfx/plug_in.h"
 
+#include <algorithm>
 #include <string_view>
 
 #include "adapters/openfx/clip_actions.h"
 #include "adapters/openfx/describe.h"
+#include "adapters/openfx/effect_pool.h"
+#include "adapters/openfx/frames_needed.h"
 #include "adapters/openfx/guarded_entry.h"
 #include "adapters/openfx/instance_actions.h"
+#include "adapters/openfx/render_action.h"
 
 using namespace ruvex::openfx;
 
@@ -30,6 +34,8 @@ constexpr HandledAction kHandled[] = {
     {kOfxImageEffectActionGetRegionOfDefinition, regionOfDefinition},
     {kOfxImageEffectActionGetRegionsOfInterest, regionsOfInterest},
     {kOfxImageEffectActionGetClipPreferences, clipPreferences},
+    {kOfxImageEffectActionGetFramesNeeded, framesNeeded},
+    {kOfxImageEffectActionRender, render},
 };
 
 Handler* handlerOf(std::string_view name) {
@@ -37,6 +43,18 @@ Handler* handlerOf(std::string_view name) {
         if (handled.name == name) return handled.handler;
     }
     return nullptr;
+}
+
+/// Actions that need no more than this answer. There is no state between frames: a sequence begins
+/// and ends with nothing to do, and there is none to store.
+bool needsNoHandler(std::string_view name) {
+    constexpr std::string_view kNames[] = {kOfxActionUnload,
+                                           kOfxActionPurgeCaches,
+                                           kOfxActionSyncPrivateData,
+                                           kOfxActionBeginInstanceChanged,
+                                           kOfxImageEffectActionBeginSequenceRender,
+                                           kOfxImageEffectActionEndSequenceRender};
+    return std::ranges::find(kNames, name) != std::end(kNames);
 }
 
 OfxStatus perform(Handler& handler, const void* handle, OfxPropertySetHandle in,
@@ -51,10 +69,9 @@ OfxStatus perform(Handler& handler, const void* handle, OfxPropertySetHandle in,
 OfxStatus dispatch(std::string_view name, const void* handle, OfxPropertySetHandle in,
                    OfxPropertySetHandle out) {
     if (name == kOfxActionLoad) return loadHost();
-    if (name == kOfxActionUnload) {
-        unloadHost();
-        return kOfxStatOK;
-    }
+    if (name == kOfxActionUnload || name == kOfxActionPurgeCaches) effectPool().clear();
+    if (name == kOfxActionUnload) unloadHost();
+    if (needsNoHandler(name)) return kOfxStatOK;
     Handler* const handler = handlerOf(name);
     return handler ? perform(*handler, handle, in, out) : kOfxStatReplyDefault;
 }

@@ -66,8 +66,4 @@ bool agree(const PixelRect& a, const PixelRect& b) {
     return near(a.x1, b.x1) && near(a.y1, b.y1) && near(a.x2, b.x2) && near(a.y2, b.y2);
 }
 
-PixelRect intersection(const PixelRect& a, const PixelRect& b) {
-    return {std::max(a.x1, b.x1), std::max(a.y1, b.y1), std::min(a.x2, b.x2), std::min(a.y2, b.y2)};
-}
-
 }  // namespace ruvex::openfx

@@ -41,7 +41,4 @@ std::optional<adapters::PixelRect> sanePixels(const OfxRectI& rectangle);
 /// Whether no side of one is further than a pixel from the same side of the other.
 bool agree(const adapters::PixelRect& a, const adapters::PixelRect& b);
 
-/// The pixels that belong to both; may be empty.
-adapters::PixelRect intersection(const adapters::PixelRect& a, const adapters::PixelRect& b);
-
 }  // namespace ruvex::openfx

@@ -1,46 +1,48 @@
 #include "adapters/openfx/source_copy.h"
 
+#include <algorithm>
 #include <cstring>
-
-#include "adapters/openfx/regions.h"
 
 namespace ruvex::openfx {
 namespace {
 
 using adapters::PixelRect;
 using adapters::RenderedLines;
+using adapters::SourcePicture;
+using adapters::TargetPicture;
 
 bool isRendered(int y, RenderedLines lines) {
     const bool even = y % 2 == 0;
     return lines == RenderedLines::All || even == (lines == RenderedLines::LowerField);
 }
 
-/// The bytes from x1 to x2 of a row.
-template <class Byte>
-Byte* bytesAt(const adapters::HostPicture<Byte>& picture, int x, int y) {
-    const auto left = static_cast<std::size_t>(x - picture.bounds.x1);
-    return picture.row(y) + left * picture.form.pixelBytes();
+std::size_t bytesOf(int pixels, const adapters::PixelForm& form) {
+    return static_cast<std::size_t>(pixels) * form.pixelBytes();
+}
+
+/// Copies a row from x1 to x2; what the source lacks of it becomes 0. Both may be the same memory.
+void copyRow(const SourcePicture& source, const TargetPicture& target, int y, int x1, int x2) {
+    const bool exists = y >= source.bounds.y1 && y < source.bounds.y2;
+    const int from = std::clamp(exists ? source.bounds.x1 : x2, x1, x2);
+    const int to = std::clamp(exists ? source.bounds.x2 : x2, from, x2);
+    if (from < to) {
+        std::memmove(target.pixel(from, y), source.pixel(from, y), bytesOf(to - from, target.form));
+    }
+    if (x1 < from) std::memset(target.pixel(x1, y), 0, bytesOf(from - x1, target.form));
+    if (to < x2) std::memset(target.pixel(to, y), 0, bytesOf(x2 - to, target.form));
 }
 
 }  // namespace
 
-bool copySource(const adapters::SourcePicture& source, const adapters::TargetPicture& target,
-                const PixelRect& window, RenderedLines lines) {
+bool copySource(const SourcePicture& source, const TargetPicture& target, const PixelRect& window,
+                RenderedLines lines) {
     const auto& from = source.form;
     const auto& to = target.form;
     if (from.samples != to.samples || from.components != to.components) return false;
     const PixelRect written = intersection(window, target.bounds);
     if (written.empty()) return true;
-    const PixelRect both = intersection(written, source.bounds);
-    const auto bytesOf = [&](int pixels) {
-        return static_cast<std::size_t>(pixels) * to.pixelBytes();
-    };
     for (int y = written.y1; y < written.y2; ++y) {
-        if (!isRendered(y, lines)) continue;
-        std::memset(bytesAt(target, written.x1, y), 0, bytesOf(written.width()));
-        if (both.empty() || y < both.y1 || y >= both.y2) continue;
-        std::memcpy(bytesAt(target, both.x1, y), bytesAt(source, both.x1, y),
-                    bytesOf(both.width()));
+        if (isRendered(y, lines)) copyRow(source, target, y, written.x1, written.x2);
     }
     return true;
 }
