@@ -40,7 +40,6 @@ TEST(Frames, PresetsOfEightBitsHaveTheBytesOfARender) {
 
 TEST(Frames, AnOpaqueSourceGivesAnOpaqueResultWithTheSameColours) {
     const ClipSetup clip = noiseClip(72, 50);
-    jobs::RenderJob job;
     const Raster effect = referenceFrame(clip, 2, presetNamed("Bad Colour TV"));
     BuiltInstance built(clip);
     built.choosePreset("Bad Colour TV");
@@ -102,21 +101,20 @@ Raster turned(const Raster& raster) {
 Raster byTheCommand(const Raster& still, const std::string& pixels, const std::string& options) {
     const files::TempFolder folder;
     const Raster lines = turned(still);
-    const std::string raw =
-        "-f rawvideo -pix_fmt " + pixels + " -s " + std::to_string(widthOf(still.bounds)) + "x" +
-        std::to_string(heightOf(still.bounds)) + " -i ";
+    const std::string raw = "-f rawvideo -pix_fmt " + pixels + " -s " +
+                            std::to_string(widthOf(still.bounds)) + "x" +
+                            std::to_string(heightOf(still.bounds)) + " -i ";
     std::ofstream(folder.file("in.raw"), std::ios::binary)
         .write(reinterpret_cast<const char*>(lines.bytes.data()),
                static_cast<std::streamsize>(lines.bytes.size()));
     media::runFfmpeg(raw + media::quoted(folder.file("in.raw")), folder.file("in.png"));
-    const std::string command = media::quoted(RUVEX_COMMAND) + " render " +
-                                media::quoted(folder.file("in.png")) + " -o " +
-                                media::quoted(folder.file("out.png")) +
-                                " --workers 8 --quiet " + options;
+    const std::string command =
+        media::quoted(RUVEX_COMMAND) + " render " + media::quoted(folder.file("in.png")) + " -o " +
+        media::quoted(folder.file("out.png")) + " --workers 8 --quiet " + options;
     EXPECT_EQ(std::system(command.c_str()), 0) << command;
-    media::runFfmpeg("-i " + media::quoted(folder.file("out.png")) + " -f rawvideo -pix_fmt " +
-                         pixels,
-                     folder.file("out.raw"));
+    media::runFfmpeg(
+        "-i " + media::quoted(folder.file("out.png")) + " -f rawvideo -pix_fmt " + pixels,
+        folder.file("out.raw"));
     Raster result(still.bounds, still.format);
     result.bytes = contentOf(folder.file("out.raw"));
     EXPECT_EQ(result.bytes.size(), still.bytes.size());

@@ -182,6 +182,15 @@ TEST(TestHost, ABlockIsOneUndoStep) {
     EXPECT_THAT(probe.host.faults(), IsEmpty());
 }
 
+TEST(TestHost, ParametersWithoutUndoAreNotPartOfSteps) {
+    ProbeHost probe;
+    ParameterSet& parameters = probe.instance.parameters();
+    parameters["kind"].properties.set(kOfxParamPropCanUndo, ints({0}));
+    probe.instance.set("kind", 1.0);
+    EXPECT_THAT(parameters.steps(), IsEmpty());
+    EXPECT_EQ(parameters["kind"].state().numbers, std::vector{1.0});
+}
+
 /// The faults after a change by the user that the plug-in answers with a script.
 std::vector<std::string> faultsOfChange(std::function<OfxStatus(const ProbeCall&)> changed) {
     ProbeHost probe({.changed = std::move(changed)});

@@ -74,8 +74,8 @@ TEST(Layout, AFrameMayBeginAnywhere) {
     const Raster expected = renderedBad(setupFor(clip)).output;
     for (const auto& [x, y] : {std::pair{30, 17}, std::pair{-12, -40}}) {
         ClipSetup moved = clip;
-        moved.regionOfDefinition = OfxRectD{double(x), double(y), x + double(kWide),
-                                            y + double(kHigh)};
+        moved.regionOfDefinition =
+            OfxRectD{double(x), double(y), x + double(kWide), y + double(kHigh)};
         moved.picture = [&, x = x, y = y](double time, const OfxPointD& scale) {
             auto raster = clip.picture(time, scale);
             raster->bounds = {x, y, x + kWide, y + kHigh};

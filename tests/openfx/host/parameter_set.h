@@ -42,7 +42,8 @@ public:
     void beginEdit(const std::string& name);
     /// False without a block.
     bool endEdit();
-    /// Makes a change of one parameter, in the open block or as a step of its own.
+    /// Makes a change of one parameter, in the open block or as a step of its own. Parameters
+    /// whose kOfxParamPropCanUndo is 0 are not part of steps.
     void edit(Parameter& parameter, const std::function<void(Parameter&)>& change);
 
     const std::vector<UndoStep>& steps() const { return steps_; }

@@ -1,0 +1,183 @@
+// Hosts that lack or refuse something, and what then comes out.
+
+#include <limits>
+
+#include "tests/openfx/built_plug_in.h"
+#include "tests/openfx/reference_clip.h"
+
+namespace ruvex::ofxhost::test {
+namespace {
+
+using ::testing::AnyOf;
+
+constexpr double kLackingTime = 2.0;
+constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
+constexpr double kInfinity = std::numeric_limits<double>::infinity();
+
+ClipSetup smallClip() {
+    return noiseClip(36, 28);
+}
+
+RenderResult renderedIn(HostTraits traits, InstanceSetup setup = setupFor(smallClip()),
+                        RenderArgs args = {}) {
+    BuiltInstance built(std::move(setup), std::move(traits));
+    EXPECT_TRUE(isDone(built.instance.status()));
+    args.time = kLackingTime;
+    return built.instance.render(args);
+}
+
+/// What a host that lacks nothing gets.
+Raster usual() {
+    return renderedIn({}).output;
+}
+
+TEST(Lacking, SuitesForMessagesAndInteractsAreNotNeeded) {
+    HostTraits traits;
+    traits.missingSuites = {kOfxMessageSuite, kOfxInteractSuite};
+    traits.overlays = false;
+    traits.background = true;
+    EXPECT_EQ(renderedIn(traits).output.bytes, usual().bytes);
+}
+
+TEST(Lacking, ARenderNeedsFewProperties) {
+    const std::set<std::string> without = {kOfxImageEffectPropFrameRate,
+                                           kOfxImageEffectPropRegionOfDefinition,
+                                           kOfxImagePropRegionOfDefinition,
+                                           kOfxImagePropField,
+                                           kOfxImagePropPixelAspectRatio,
+                                           kOfxImageEffectPropFieldToRender,
+                                           kOfxImageClipPropFieldOrder,
+                                           kOfxImageEffectPropRenderScale,
+                                           kOfxImageEffectPropProjectSize,
+                                           kOfxImageEffectPropProjectOffset,
+                                           kOfxImageEffectPropProjectExtent,
+                                           kOfxImageEffectPropFrameRange,
+                                           kOfxImagePropUniqueIdentifier,
+                                           kOfxImageClipPropUnmappedPixelDepth,
+                                           kOfxImageClipPropUnmappedComponents,
+                                           kOfxParamPropIsAnimating,
+                                           kOfxImageEffectPropTemporalClipAccess,
+                                           kOfxPropInstanceData,
+                                           kOfxImageClipPropConnected};
+    const Raster expected = usual();
+    for (const std::string& name : without) {
+        HostTraits traits;
+        traits.missingProperties = {name};
+        const RenderResult result = renderedIn(traits);
+        EXPECT_EQ(result.status, kOfxStatOK) << name;
+        EXPECT_EQ(result.output.bytes, expected.bytes) << name;
+    }
+}
+
+TEST(Lacking, ARateThatIsNoneIs25) {
+    const Raster expected = usual();
+    for (const double rate : {0.0, -1.0, kNan, kInfinity, 1e-300}) {
+        InstanceSetup setup = setupFor(smallClip());
+        setup.source.frameRate = rate;
+        setup.project.frameRate = rate;
+        EXPECT_EQ(renderedIn({}, setup).output.bytes, expected.bytes) << rate;
+    }
+}
+
+TEST(Lacking, ARegionThatIsNoneIsTheProjectsOrTheImages) {
+    const Raster expected = usual();
+    const OfxRectD regions[] = {{0.0, 0.0, 0.0, 0.0},
+                                {5.0, 5.0, -5.0, -5.0},
+                                {-kInfinity, -kInfinity, kInfinity, kInfinity},
+                                {kNan, kNan, kNan, kNan},
+                                {-1e30, -1e30, 1e30, 1e30}};
+    for (const OfxRectD& region : regions) {
+        for (const double projectSize : {36.0, 0.0, kNan}) {
+            InstanceSetup setup = setupFor(smallClip());
+            const auto picture = setup.source.picture;
+            // The host's own picture needs a region that is one; the plug-in asks the suite.
+            HostTraits traits;
+            traits.missingProperties = {kOfxImagePropRegionOfDefinition};
+            setup.project.size = {projectSize, projectSize == 36.0 ? 28.0 : projectSize};
+            BuiltInstance built(setup, traits);
+            ClipSetup absurd = setup.source;
+            absurd.regionOfDefinition = region;
+            absurd.picture = picture;
+            built.instance.source().connect(absurd);
+            RenderArgs args;
+            args.time = kLackingTime;
+            args.outputBounds = {0, 0, 36, 28};
+            EXPECT_EQ(built.instance.render(args).output.bytes, expected.bytes)
+                << region.x1 << " " << projectSize;
+        }
+    }
+}
+
+TEST(Lacking, WithoutASourcePictureNothingIsMadeUp) {
+    HostTraits traits;
+    traits.intercept = [](const HostCall& call) {
+        const bool source = call.name == kOfxImageEffectSimpleSourceClipName;
+        return call.function == "clipGetImage" && source ? kOfxStatFailed : kOfxStatOK;
+    };
+    const RenderResult result = renderedIn(traits);
+    // Transparent black is a source too; what a frame may not have is memory nobody wrote.
+    if (result.status == kOfxStatOK) {
+        EXPECT_NE(result.output.row(0)[0], kUntouched);
+    } else {
+        EXPECT_EQ(result.status, kOfxStatFailed);
+    }
+}
+
+TEST(Lacking, WithoutAnOutputTheRenderFails) {
+    RenderArgs args;
+    args.hasOutput = false;
+    EXPECT_EQ(renderedIn({}, setupFor(smallClip()), args).status, kOfxStatFailed);
+}
+
+TEST(Lacking, TheHostMayStopARenderAtEachOfItsQueries) {
+    BuiltInstance built(smallClip());
+    RenderArgs args;
+    args.time = kLackingTime;
+    const RenderResult whole = built.instance.render(args);
+    EXPECT_EQ(whole.status, kOfxStatOK);
+    for (int query = 0; query < whole.abortQueries; ++query) {
+        args.abortAt = query;
+        const RenderResult result = built.instance.render(args);
+        EXPECT_TRUE(result.status == kOfxStatOK || result.status == kOfxStatFailed) << query;
+    }
+    args.abortAt = -1;
+    EXPECT_EQ(built.instance.render(args).output.bytes, whole.output.bytes);
+}
+
+TEST(Lacking, UnknownActionsAndNullHandlesAreAnswered) {
+    BuiltInstance built(smallClip());
+    EXPECT_EQ(built.instance.call("OfxActionOfAnotherTime"), kOfxStatReplyDefault);
+    EXPECT_NE(built.plugIn.call(kOfxActionDescribe, nullptr), kOfxStatOK);
+    EXPECT_NE(built.plugIn.call(kOfxImageEffectActionRender, nullptr), kOfxStatOK);
+    EXPECT_NE(built.instance.call(kOfxImageEffectActionRender), kOfxStatOK);
+    EXPECT_NE(built.plugIn.call(nullptr, nullptr), kOfxStatOK);
+}
+
+TEST(Lacking, EachCallOfARenderMayFail) {
+    // How many calls the render makes that can fail.
+    int calls = 0;
+    int failing = -1;
+    HostTraits traits;
+    traits.intercept = [&](const HostCall&) {
+        return calls++ == failing ? kOfxStatFailed : kOfxStatOK;
+    };
+    BuiltInstance built(setupFor(smallClip()), traits);
+    RenderArgs args;
+    args.time = kLackingTime;
+    calls = 0;
+    const RenderResult whole = built.instance.render(args);
+    const int all = calls;
+    EXPECT_GT(all, 10);
+    for (failing = 0; failing < all; ++failing) {
+        calls = 0;
+        const RenderResult result = built.instance.render(args);
+        EXPECT_THAT(result.status, AnyOf(kOfxStatOK, kOfxStatFailed, kOfxStatErrBadHandle,
+                                         kOfxStatErrValue, kOfxStatErrImageFormat))
+            << "call " << failing << " failed";
+    }
+    failing = -1;
+    EXPECT_EQ(built.instance.render(args).output.bytes, whole.output.bytes);
+}
+
+}  // namespace
+}  // namespace ruvex::ofxhost::test
