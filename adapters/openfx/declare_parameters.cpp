@@ -103,6 +103,11 @@ void setBehaviour(const Properties& properties, const DeclaredParameter& paramet
         parameter.kind == DeclaredKind::Real || parameter.kind == DeclaredKind::Colour;
     properties.setInt(kOfxParamPropAnimates, animated ? 1 : 0);
     if (!parameter.rendered) properties.setInt(kOfxParamPropEvaluateOnChange, 0);
+    // Undo of a preset brings the values back. If it chose the preset again too, that would be
+    // applied once more.
+    if (parameter.row && parameter.row->id == ParameterId::Presets) {
+        properties.setInt(kOfxParamPropCanUndo, 0);
+    }
     // Frames depend on values at earlier times.
     if (animated) properties.setString(kOfxParamPropCacheInvalidation, kOfxParamInvalidateAll);
 }
