@@ -94,10 +94,11 @@ CropInteract::CropInteract() {
 CropInteract::~CropInteract() {
     SharedBox& all = shared();
     const std::lock_guard lock(all.mutex);
-    if (all.dragging == this) all.dragging = nullptr;
     const bool last = --all.interacts == 0;
+    const bool dragged = all.dragging == this;
+    if (dragged) all.dragging = nullptr;
     // A box on another thread stays, since its window belongs to that.
-    if (last && all.thread == std::this_thread::get_id()) {
+    if ((last || dragged) && all.thread == std::this_thread::get_id()) {
         all.box.reset();
         all.thread = {};
     }
@@ -109,7 +110,8 @@ CropBox* CropInteract::boxFor(const CropView& view) const {
     if (!all.box) all.thread = std::this_thread::get_id();
     if (all.thread != std::this_thread::get_id()) return nullptr;
     if (all.dragging) return all.dragging == this ? all.box.get() : nullptr;
-    if (!all.box || all.box->place() != view.place) {
+    // Nobody drags: a drag of the box is one whose overlay is gone.
+    if (!all.box || all.box->isDragging() || all.box->place() != view.place) {
         // There may be one viewer in a process.
         all.box.reset();
         all.box = std::make_unique<CropBox>(view.place);

@@ -268,7 +268,6 @@ inline constexpr char kOfxInteractPropPenPosition[] = "OfxInteractPropPenPositio
 inline constexpr char kOfxInteractPropPenViewportPosition[] = "OfxInteractPropPenViewportPosition";
 inline constexpr char kOfxInteractPropPenPressure[] = "OfxInteractPropPenPressure";
 inline constexpr char kOfxInteractPropSlaveToParam[] = "OfxInteractPropSlaveToParam";
-inline constexpr char kOfxInteractPropViewportSize[] = "OfxInteractPropViewport";
 
 // Kinds of messages.
 inline constexpr char kOfxMessageFatal[] = "OfxMessageFatal";

@@ -87,7 +87,10 @@ void CropBox::move(double x, double y) {
 }
 
 void CropBox::release(double x, double y) {
-    if (!std::exchange(dragging_, false)) return;
+    if (!dragging_) return;
+    // Hosts may leave out the last movement.
+    move(x, y);
+    dragging_ = false;
     viewer_.penUp(eventAt(x, y, kMainButton));
     end();
 }

@@ -18,8 +18,6 @@ void addInteractProperties(PropertySet& set, Effect& effect, const ViewSetup& vi
     set.add(kOfxInteractPropPixelScale, reals({view.pixelScale.x, view.pixelScale.y}),
             Writer::Host);
     set.add(kOfxInteractPropBackgroundColour, reals({0.0, 0.0, 0.0}), Writer::Host);
-    set.add(kOfxInteractPropViewportSize, reals({view.viewportSize.x, view.viewportSize.y}),
-            Writer::Host);
     set.addGrowing(kOfxInteractPropSlaveToParam, PropertyType::String);
 }
 
@@ -62,8 +60,6 @@ PropertySet Interact::arguments() const {
            Writer::Host);
     in.add(kOfxInteractPropPixelScale, reals({view.pixelScale.x, view.pixelScale.y}), Writer::Host);
     in.add(kOfxInteractPropBackgroundColour, reals({0.0, 0.0, 0.0}), Writer::Host);
-    in.add(kOfxInteractPropViewportSize, reals({view.viewportSize.x, view.viewportSize.y}),
-           Writer::Host);
     return in;
 }
 
