@@ -4,6 +4,7 @@
 
 #include <gmock/gmock.h>
 
+#include "tests/openfx/host/binary.h"
 #include "tests/openfx/host/instance.h"
 #include "tests/openfx/noise_clip.h"
 

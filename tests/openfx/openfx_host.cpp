@@ -21,6 +21,7 @@
 #include <stdexcept>
 
 #include "tests/frames/frame_list.h"
+#include "tests/openfx/host/binary.h"
 #include "tests/openfx/host/instance.h"
 #include "tests/openfx/picture_file.h"
 #include "tests/openfx/test_card.h"

@@ -1,38 +1,8 @@
 #include "tests/openfx/host/plug_in.h"
 
 #include <exception>
-#include <stdexcept>
 
 namespace ruvex::ofxhost {
-namespace {
-
-#ifdef _WIN32
-constexpr const char* kSystemFolder = "Win64";
-#else
-constexpr const char* kSystemFolder = "Linux-x86-64";
-#endif
-
-std::filesystem::path binaryOf(const std::filesystem::path& fileOrBundle) {
-    if (!std::filesystem::is_directory(fileOrBundle)) return fileOrBundle;
-    const auto folder = fileOrBundle / "Contents" / kSystemFolder;
-    for (const auto& entry : std::filesystem::directory_iterator(folder)) {
-        if (entry.path().extension() == ".ofx") return entry.path();
-    }
-    throw std::runtime_error("no .ofx file in " + folder.string());
-}
-
-}  // namespace
-
-Binary::Binary(const std::filesystem::path& fileOrBundle) : file_(binaryOf(fileOrBundle)) {
-    std::string problem;
-    library_ = DSDynamicLibrary::load(file_, problem);
-    if (!library_) throw std::runtime_error("cannot load " + file_.string() + ": " + problem);
-    count_ = reinterpret_cast<int (*)()>(library_->find("OfxGetNumberOfPlugins"));
-    get_ = reinterpret_cast<OfxPlugin* (*)(int)>(library_->find("OfxGetPlugin"));
-    if (!count_ || !get_)
-        throw std::runtime_error(file_.string() + " lacks the functions of OpenFX");
-}
-
 PlugIn::PlugIn(Host& host, OfxPlugin& plugIn, std::string file)
     : host_(host), ofx_(plugIn), file_(std::move(file)) {
     ofx_.setHost(host_.ofx());

@@ -1,37 +1,15 @@
-// A binary with plug-ins, and one plug-in of it from Load to Unload.
+// One plug-in of a binary, from Load to Unload.
 
 #pragma once
 
-#include <filesystem>
 #include <map>
 #include <memory>
 #include <string>
 
-#include "sdk/com/dynamic_library.h"
 #include "tests/openfx/host/effect.h"
 #include "tests/openfx/host/host.h"
 
 namespace ruvex::ofxhost {
-
-/// A loaded .ofx file.
-class Binary {
-public:
-    /// The file itself, or the folder of a bundle, in which the file for this system is taken.
-    /// Throws std::runtime_error if there is none, if it cannot be loaded, or if it lacks the two
-    /// functions of the interface.
-    explicit Binary(const std::filesystem::path& fileOrBundle);
-
-    int count() const { return count_(); }
-    /// Null beyond the count.
-    OfxPlugin* plugIn(int index) const { return get_(index); }
-    const std::filesystem::path& file() const { return file_; }
-
-private:
-    std::filesystem::path file_;
-    std::unique_ptr<DSDynamicLibrary> library_;
-    int (*count_)() = nullptr;
-    OfxPlugin* (*get_)(int) = nullptr;
-};
 
 /// What an action gets. Either set may be null.
 struct ActionSets {
