@@ -1,5 +1,6 @@
 #include "adapters/common/frame_clip.h"
 
+#include <cmath>
 #include <utility>
 
 #include "runtime/images.h"
@@ -25,6 +26,14 @@ void FrameClip::rethrowFailure() {
     if (failure_) std::rethrow_exception(std::exchange(failure_, nullptr));
 }
 
+bool FrameClip::isAtHand(double seconds) const {
+    // A time less than this share of a frame below a whole frame counts as that frame, as it does
+    // in the effect.
+    constexpr double kRoundingMargin = 0.01;
+    const double rate = frame_.project.frameRate;
+    return std::round(seconds * rate) == std::floor(frame_.seconds * rate + kRoundingMargin);
+}
+
 FrameClip::AtHand FrameClip::imageAtHand() const {
     AtHand atHand{blackImage()};
     if (!frame_.atHand) return atHand;
@@ -34,7 +43,7 @@ FrameClip::AtHand FrameClip::imageAtHand() const {
 }
 
 ComPtr<CDSMemoryImage> FrameClip::otherImage(double seconds) const {
-    if (!frame_.others) return imageAtHand().image;
+    if (!frame_.others || isAtHand(seconds)) return imageAtHand().image;
     auto image = blackImage();
     const auto read = [&](const SourcePicture& picture) {
         readPicture(picture, frame_.rows, *image);

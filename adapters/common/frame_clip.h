@@ -18,6 +18,7 @@ public:
     /// What the images of one frame are made from; both pointers outlive its render.
     struct Frame {
         runtime::Project project{};
+        double seconds = 0.0;
         FrameRows rows{};
         GUID format{};
         const SourcePicture* atHand = nullptr;  ///< Null for transparent black.
@@ -33,7 +34,9 @@ public:
     /// Begins a frame and gives its picture. Throws runtime::Error.
     AtHand begin(const Frame& frame);
 
-    /// To the effect an exception is a refusal; it is kept for rethrowFailure.
+    /// The frame nearest to `seconds`: the picture at hand if that is the frame of `begin`, which
+    /// the effect asks for at times between two frames, as those of second fields are. To the
+    /// effect an exception is a refusal; it is kept for rethrowFailure.
     ComPtr<IDSImage> imageAt(double seconds) override;
 
     /// Throws the exception that a request since `begin` ended with.
@@ -41,6 +44,7 @@ public:
 
 private:
     AtHand imageAtHand() const;
+    bool isAtHand(double seconds) const;
     ComPtr<CDSMemoryImage> otherImage(double seconds) const;
     ComPtr<CDSMemoryImage> blackImage() const;
 

@@ -13,15 +13,15 @@ namespace ruvex::adapters {
 struct PixelRect {
     int x1 = 0, y1 = 0, x2 = 0, y2 = 0;
 
-    bool empty() const { return x1 >= x2 || y1 >= y2; }
+    constexpr bool empty() const { return x1 >= x2 || y1 >= y2; }
     /// 0 if there are no columns; the largest int if there are more.
-    int width() const { return distance(x1, x2); }
-    int height() const { return distance(y1, y2); }
+    constexpr int width() const { return distance(x1, x2); }
+    constexpr int height() const { return distance(y1, y2); }
 
     friend bool operator==(const PixelRect&, const PixelRect&) = default;
 
 private:
-    static int distance(int from, int to) {
+    static constexpr int distance(int from, int to) {
         constexpr std::int64_t kMost = std::numeric_limits<int>::max();
         return static_cast<int>(
             std::clamp<std::int64_t>(std::int64_t{to} - std::int64_t{from}, 0, kMost));

@@ -89,7 +89,8 @@ void PictureEffect::State::render(const FrameTask& task, const SourcePicture* so
     prepare(task);
     const bool nothingToRender = rows.count == 0 || intersection(written.area, task.frame).empty();
     if (nothingToRender) return clearPicture(written, target);
-    const auto atHand = clip_->begin({task.project, rows, format, source, task.others});
+    const auto atHand =
+        clip_->begin({task.project, task.seconds, rows, format, source, task.others});
     const auto output = session_.render(task.seconds, atHand.image);
     clip_->rethrowFailure();
     writePicture(*output, rows, written, resultIsOpaque(task.alpha, atHand.opaque, target.form),

@@ -18,9 +18,10 @@ namespace ruvex::adapters {
 struct OtherFrames {
     virtual ~OtherFrames() = default;
 
-    /// Calls `use` once with the picture at that time, of any form, and answers true; or answers
-    /// false without a call, and the picture at hand is used instead. Called on the thread that
-    /// renders, for the same time more than once too. What this throws ends the render.
+    /// Calls `use` once with the picture of the frame at that time, of any form, and answers true;
+    /// or answers false without a call, and the picture at hand is used instead. Not called for the
+    /// frame that is rendered. Called on the thread that renders, for the same time more than once
+    /// too. What this throws ends the render.
     virtual bool pictureAt(double seconds,
                            const std::function<void(const SourcePicture&)>& use) = 0;
 };
