@@ -13,6 +13,8 @@ namespace {
 template <class Image>
 constexpr Image kWhiteOf = std::is_same_v<Image, std::uint8_t> ? kWhite8 : kWhiteS214;
 
+constexpr int kRgbComponents = 3;
+
 /// The host's component number `index` of a row.
 template <class Sample>
 Sample loaded(const std::byte* row, std::ptrdiff_t index) {
@@ -51,11 +53,10 @@ void readPremultiplied(const std::byte* from, int width, typename Codec::Image* 
 
 template <class Codec>
 void readRgb(const std::byte* from, int width, typename Codec::Image* to) {
-    constexpr int kColours = 3;
     for (std::ptrdiff_t x = 0; x < width; ++x) {
-        for (int channel = 0; channel < kColours; ++channel) {
+        for (int channel = 0; channel < kRgbComponents; ++channel) {
             to[x * kImageChannels + channel] =
-                Codec::read(loaded<typename Codec::Host>(from, x * kColours + channel));
+                Codec::read(loaded<typename Codec::Host>(from, x * kRgbComponents + channel));
         }
         to[x * kImageChannels + kAlphaChannel] = kWhiteOf<typename Codec::Image>;
     }
@@ -114,10 +115,10 @@ void writePremultiplied(const typename Codec::Image* from, int width, std::byte*
 
 template <class Codec>
 void writeRgb(const typename Codec::Image* from, int width, std::byte* to) {
-    constexpr int kColours = 3;
     for (std::ptrdiff_t x = 0; x < width; ++x) {
-        for (int channel = 0; channel < kColours; ++channel) {
-            store(Codec::written(from[x * kImageChannels + channel]), to, x * kColours + channel);
+        for (int channel = 0; channel < kRgbComponents; ++channel) {
+            store(Codec::written(from[x * kImageChannels + channel]), to,
+                  x * kRgbComponents + channel);
         }
     }
 }

@@ -9,6 +9,7 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdint>
 
@@ -48,6 +49,24 @@ constexpr std::int16_t s214FromUnit(Real value) {
     return nearestS214(held == held ? held : Real{0});
 }
 
+/// 2^32 / alpha, rounded up, for each 8-bit alpha; 0 for 0. A product with it replaces a division.
+inline constexpr int kReciprocalBits = 32;
+inline constexpr auto kReciprocals = [] {
+    constexpr std::uint64_t kOne = std::uint64_t{1} << kReciprocalBits;
+    std::array<std::uint64_t, kWhite8 + 1> all{};
+    for (std::uint64_t alpha = 1; alpha < all.size(); ++alpha) {
+        all[alpha] = (kOne + alpha - 1) / alpha;
+    }
+    return all;
+}();
+
+/// dividend / alpha, rounded down; 0 if alpha is 0. The dividend is below 2^23: then the
+/// reciprocal, which is less than 1 too large, changes no result.
+constexpr int quotient8(int dividend, std::uint8_t alpha) {
+    const auto product = static_cast<std::uint64_t>(dividend) * kReciprocals[alpha];
+    return static_cast<int>(product >> kReciprocalBits);
+}
+
 /// 8 bits in images of 8 bits. A colour above alpha, which no premultiplied picture should have,
 /// becomes white.
 struct Bits8Codec {
@@ -57,12 +76,8 @@ struct Bits8Codec {
     static constexpr Image read(Host value) { return value; }
 
     static constexpr Image readDivided(Host colour, Host alpha) {
-        // A float has the quotient's whole part exactly: no quotient below white is nearer than
-        // 1/255 below a whole number.
-        const auto dividend = static_cast<float>(colour * kWhite8 + alpha / 2);
-        const float quotient = dividend / static_cast<float>(std::max<int>(alpha, 1));
-        const float held = std::min(quotient, static_cast<float>(kWhite8));
-        return static_cast<Image>(alpha == 0 ? 0 : static_cast<int>(held));
+        return static_cast<Image>(
+            std::min(quotient8(colour * kWhite8 + alpha / 2, alpha), kWhite8));
     }
 
     static constexpr Host written(Image value) { return value; }
@@ -80,12 +95,9 @@ struct Bits8DeepCodec {
     static constexpr Image read(Host value) { return s214From8(value); }
 
     static constexpr Image readDivided(Host colour, Host alpha) {
-        // Halves are added before the division. The dividend has 23 bits, and no quotient is nearer
-        // than 1/510 below a whole number: a float has its whole part exactly.
-        const auto dividend = static_cast<float>(colour * 2 * kWhiteS214 + alpha);
-        const float quotient = dividend / static_cast<float>(std::max(2 * alpha, 1));
-        const float held = std::min(quotient, static_cast<float>(kMostS214));
-        return static_cast<Image>(alpha == 0 ? 0 : static_cast<int>(held));
+        // Half of an odd alpha may be cut, since no two results are equally near.
+        return static_cast<Image>(
+            std::min(quotient8(colour * kWhiteS214 + alpha / 2, alpha), kMostS214));
     }
 
     static constexpr Host written(Image value) { return u8FromS214(value); }
