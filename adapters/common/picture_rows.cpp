@@ -7,24 +7,22 @@
 namespace ruvex::adapters {
 namespace {
 
-/// The same form for rows of any depth.
-PixelForm formOf(AlphaForm alpha) {
-    return {SampleType::Bits8, Components::Rgba,
-            alpha == AlphaForm::Premultiplied ? HostAlpha::Premultiplied : HostAlpha::Straight};
+constexpr PixelForm rgba8(HostAlpha alpha) {
+    return {SampleType::Bits8, Components::Rgba, alpha};
 }
 
 }  // namespace
 
 void readStraight(const SourceRows& source, std::uint8_t* pixels) {
     for (int y = 0; y < source.height; ++y, pixels += source.rowBytes()) {
-        readRow(reinterpret_cast<const std::byte*>(source.row(y)), formOf(source.alpha),
+        readRow(reinterpret_cast<const std::byte*>(source.row(y)), rgba8(source.alpha),
                 source.width, pixels);
     }
 }
 
 void writeStraight(const std::uint8_t* pixels, const TargetRows& target) {
     for (int y = 0; y < target.height; ++y, pixels += target.rowBytes()) {
-        writeRow(pixels, formOf(target.alpha), target.width,
+        writeRow(pixels, rgba8(target.alpha), target.width,
                  reinterpret_cast<std::byte*>(target.row(y)));
     }
 }

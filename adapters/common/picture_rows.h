@@ -5,13 +5,12 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "adapters/common/host_picture.h"
+
 namespace ruvex::adapters {
 
 /// Bytes of one pixel: red, green, blue, alpha.
 inline constexpr std::size_t kPixelBytes = 4;
-
-/// Straight: colours are independent of alpha. Premultiplied: colours are multiplied by alpha.
-enum class AlphaForm { Straight, Premultiplied };
 
 /// A picture that the host owns. `stride` is the distance from a row to the one above it, in bytes:
 /// negative where the top row comes first in memory, and larger than a row where rows are padded.
@@ -21,7 +20,7 @@ struct PictureRows {
     std::ptrdiff_t stride = 0;
     int width = 0;
     int height = 0;
-    AlphaForm alpha = AlphaForm::Straight;
+    HostAlpha alpha = HostAlpha::Straight;
 
     /// Row `y` from the bottom.
     Byte* row(int y) const { return bottomRow + y * stride; }

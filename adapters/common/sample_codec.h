@@ -27,26 +27,28 @@ constexpr int productS214(std::int16_t colour, std::int16_t alpha) {
     return std::max(colour * alpha, 0);
 }
 
-/// Rounded to the nearest, of two equally near to the even one; `value` is not NaN and lies within
-/// S2.14. The sum is so large that its last bit counts ones: that rounds it, and needs no call.
+/// Rounded to the nearest, of two equally near to the even one; `value` lies in the range of S2.14.
+/// Numbers as large as the sum have no fraction, so that the addition rounds. This needs no library
+/// call, unlike std::lrint.
 constexpr std::int16_t nearestS214(float value) {
-    constexpr float kLastBitCountsOnes = 0x1.8p23F;
-    return static_cast<std::int16_t>((value + kLastBitCountsOnes) - kLastBitCountsOnes);
+    constexpr float kWithoutFraction = 0x1.8p23F;
+    return static_cast<std::int16_t>((value + kWithoutFraction) - kWithoutFraction);
 }
 constexpr std::int16_t nearestS214(double value) {
-    constexpr double kLastBitCountsOnes = 0x1.8p52;
-    return static_cast<std::int16_t>((value + kLastBitCountsOnes) - kLastBitCountsOnes);
+    constexpr double kWithoutFraction = 0x1.8p52;
+    return static_cast<std::int16_t>((value + kWithoutFraction) - kWithoutFraction);
 }
 
-/// S2.14 from a value whose white is 1.
+/// S2.14 from a value whose white is 1, held to the range; 0 for NaN.
 template <class Real>
 constexpr std::int16_t s214FromUnit(Real value) {
     constexpr Real kLeast = -32768;
     constexpr Real kMost = kMostS214;
     const Real scaled = value * kWhiteS214;
-    const Real least = scaled < kLeast ? kLeast : scaled;
-    const Real held = least > kMost ? kMost : least;
-    return nearestS214(held == held ? held : Real{0});
+    const Real fromLeast = scaled < kLeast ? kLeast : scaled;
+    const Real held = fromLeast > kMost ? kMost : fromLeast;
+    const bool isNumber = held == held;
+    return nearestS214(isNumber ? held : Real{0});
 }
 
 /// 2^32 / alpha, rounded up, for each 8-bit alpha; 0 for 0. A product with it replaces a division.

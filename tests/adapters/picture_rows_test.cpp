@@ -42,10 +42,10 @@ TEST(PictureRows, PaddingIsNeitherReadNorWritten) {
 TEST(PictureRows, PremultipliedColoursAreDividedAndMultiplied) {
     const Bytes host = {50, 100, 25, 100, 0, 9, 0, 0, 255, 1, 0, 255, 20, 0, 0, 10};
     Bytes pixels(16);
-    readStraight({host.data(), 16, 4, 1, AlphaForm::Premultiplied}, pixels.data());
+    readStraight({host.data(), 16, 4, 1, HostAlpha::Premultiplied}, pixels.data());
     EXPECT_EQ(pixels, (Bytes{128, 255, 64, 100, 0, 0, 0, 0, 255, 1, 0, 255, 255, 0, 0, 10}));
     Bytes back(16);
-    writeStraight(pixels.data(), {back.data(), 16, 4, 1, AlphaForm::Premultiplied});
+    writeStraight(pixels.data(), {back.data(), 16, 4, 1, HostAlpha::Premultiplied});
     EXPECT_EQ(back, (Bytes{50, 100, 25, 100, 0, 0, 0, 0, 255, 1, 0, 255, 10, 0, 0, 10}));
 }
 
@@ -56,8 +56,8 @@ TEST(PictureRows, EveryPremultipliedPixelComesBack) {
             const Bytes host = {c, c, c, static_cast<std::uint8_t>(alpha)};
             Bytes pixels(4);
             Bytes back(4);
-            readStraight({host.data(), 4, 1, 1, AlphaForm::Premultiplied}, pixels.data());
-            writeStraight(pixels.data(), {back.data(), 4, 1, 1, AlphaForm::Premultiplied});
+            readStraight({host.data(), 4, 1, 1, HostAlpha::Premultiplied}, pixels.data());
+            writeStraight(pixels.data(), {back.data(), 4, 1, 1, HostAlpha::Premultiplied});
             ASSERT_EQ(back, host);
         }
     }
