@@ -5,10 +5,9 @@
 
 namespace ruvex::openfx {
 
-double saneRate(double framesPerSecond) {
+bool isRate(double framesPerSecond) {
     constexpr double kLeast = 0.01, kGreatest = 100000.0;
-    const bool sane = framesPerSecond >= kLeast && framesPerSecond <= kGreatest;
-    return sane ? framesPerSecond : kUsualRate;
+    return framesPerSecond >= kLeast && framesPerSecond <= kGreatest;
 }
 
 double EffectClock::frameAt(double hostTime) const {

@@ -15,8 +15,8 @@ inline constexpr int kLastFrame = 1 << 24;
 /// Used where the host gives no rate, in frames per second.
 inline constexpr double kUsualRate = 25.0;
 
-/// The rate, or kUsualRate if it is none: not finite, below 0.01 or above 100000.
-double saneRate(double framesPerSecond);
+/// Whether this is a rate: from 0.01 to 100000.
+bool isRate(double framesPerSecond);
 
 /// How the frames of the host become the effect's. The host counts frames from anywhere.
 struct EffectClock {

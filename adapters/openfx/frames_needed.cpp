@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 #include <exception>
+#include <set>
+#include <span>
 
 #include "adapters/openfx/effect_pool.h"
 #include "adapters/openfx/instance.h"
@@ -24,25 +26,33 @@ bool playsAsItIs(std::span<const looks::ParameterChange> changes) {
            std::ranges::find(changes, looks::ParameterChange(kOnce)) != changes.end();
 }
 
-/// The host's time of the frame that is shown; `time` itself if that cannot be known.
+/// The host's time of the frame that is shown.
 double shownAt(const Instance& instance, double time) {
     const EffectClock clock = instance.clockAt(time);
     adapters::FrameTask task{.seconds = clock.secondsAt(time),
                              .changes = instance.values().changesAt(time, clock)};
-    if (playsAsItIs(task.changes)) return time;
+    if (playsAsItIs(task.changes)) return std::floor(time);
     // What the tape shows does not depend on the frame's size.
     constexpr int kAnySide = 64;
     task.project = instance.projectAt(time, kAnySide, kAnySide);
-    double shown = time;
+    double shown = 0.0;
     effectPool().withEffect([&](adapters::PictureEffect& effect) {
         shown = shownTime(instance.source(), clock, effect.valuesOf(task).shown / clock.rate);
     });
     return shown;
 }
 
-void setRange(const Properties& out, int range, double time) {
-    out.setDouble(kSourceRange, time, 2 * range);
-    out.setDouble(kSourceRange, time, 2 * range + 1);
+/// The time at hand, and those of other frames that are shown then, or half a frame later in the
+/// second field.
+std::set<double> timesNeeded(const Instance& instance, double time) {
+    constexpr double kHalfFrame = 0.5;
+    std::set<double> times{shownAt(instance, time)};
+    const bool interlaced = instance.source().firstField().has_value();
+    if (interlaced) times.insert(shownAt(instance, time + kHalfFrame));
+    // Between two frames the picture at hand is taken for the one before.
+    times.erase(std::floor(time));
+    times.insert(time);
+    return times;
 }
 
 }  // namespace
@@ -52,14 +62,18 @@ OfxStatus framesNeeded(const Action& action) {
     const auto time = action.in.findDouble(kOfxPropTime);
     if (!time || !std::isfinite(*time)) return kOfxStatErrValue;
     if (!instance.hasTemporalAccess()) return kOfxStatReplyDefault;
-    double shown = *time;
+    std::set<double> times{*time};
     try {
-        shown = shownAt(instance, *time);
+        times = timesNeeded(instance, *time);
     } catch (const std::exception& error) {
         warn(action.host, action.effect, error.what());
     }
-    setRange(action.out, 0, *time);
-    if (shown != *time) setRange(action.out, 1, shown);
+    // Ranges of one frame each: the first and the last of it are the same.
+    int index = 0;
+    for (const double needed : times) {
+        action.out.setDouble(kSourceRange, needed, index++);
+        action.out.setDouble(kSourceRange, needed, index++);
+    }
     return kOfxStatOK;
 }
 

@@ -39,9 +39,11 @@ bool Instance::hasTemporalAccess() const {
 }
 
 double Instance::frameRate() const {
-    const double ofProject = properties().getDouble(kOfxImageEffectPropFrameRate, kUsualRate);
-    return saneRate(
-        source().properties().getDouble(kOfxImageEffectPropFrameRate, saneRate(ofProject)));
+    for (const Properties& object : {source().properties(), properties()}) {
+        const double rate = object.getDouble(kOfxImageEffectPropFrameRate, 0.0);
+        if (isRate(rate)) return rate;
+    }
+    return kUsualRate;
 }
 
 EffectClock Instance::clockAt(double time) const {

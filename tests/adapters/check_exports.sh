@@ -1,14 +1,16 @@
 #!/usr/bin/env bash
-# Fails if the frei0r plug-in that is named exports anything but the interface, lacks a function of it,
-# or needs a library of FFmpeg.
+# Fails if a plug-in exports anything but the functions that are named after it, lacks one of them, or
+# needs a library of FFmpeg.
+# Usage: check_exports.sh PLUG_IN FUNCTION...
 set -euo pipefail
-expected="f0r_construct f0r_deinit f0r_destruct f0r_get_param_info f0r_get_param_value f0r_get_plugin_info
-f0r_init f0r_set_param_value f0r_update"
-exported=$(nm -D --defined-only "$1" | awk '{print $NF}' | sort)
-diff <(tr ' ' '\n' <<<"$expected") <(echo "$exported") || { echo "$1 exports other names" >&2; exit 1; }
-needed=$(readelf -d "$1" | grep NEEDED)
-grep -q libdssdk <<<"$needed" || { echo "$1 does not link what it should: $needed" >&2; exit 1; }
+plug_in=$1
+shift
+exported=$(nm -D --defined-only "$plug_in" | awk '{print $NF}' | sort)
+diff <(printf '%s\n' "$@" | sort) <(echo "$exported") ||
+    { echo "$plug_in exports other names (< expected, > exported)" >&2; exit 1; }
+needed=$(readelf -d "$plug_in" | grep NEEDED)
+grep -q libdssdk <<<"$needed" || { echo "$plug_in does not link what it should: $needed" >&2; exit 1; }
 if grep -E 'lib(av|sw)' <<<"$needed"; then
-    echo "$1 links FFmpeg" >&2
+    echo "$plug_in links FFmpeg" >&2
     exit 1
 fi
