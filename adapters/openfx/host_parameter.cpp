@@ -57,8 +57,7 @@ std::vector<double> HostParameter::keyTimes() const {
         if (std::isfinite(time)) times.push_back(time);
     }
     std::ranges::sort(times);
-    const auto repeated = std::ranges::unique(times);
-    times.erase(repeated.begin(), repeated.end());
+    times.erase(std::unique(times.begin(), times.end()), times.end());
     return times;
 }
 
