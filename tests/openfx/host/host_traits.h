@@ -11,6 +11,8 @@
 
 namespace ruvex::ofxhost {
 
+class PropertySet;
+
 /// What a request for a frame at another time than the rendered one gives.
 enum class OtherTimes {
     Given,     ///< That frame.
@@ -40,6 +42,9 @@ struct HostTraits {
     bool ignoresTimes = false;
     /// Answers for functions; kOfxStatOK lets the call pass. Null lets all pass. Any thread.
     std::function<OfxStatus(const HostCall&)> intercept{};
+    /// Changes the properties of an image or of an action's arguments before the plug-in sees them.
+    /// Any thread.
+    std::function<void(PropertySet&)> tamper{};
 };
 
 }  // namespace ruvex::ofxhost

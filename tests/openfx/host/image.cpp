@@ -49,6 +49,22 @@ Image::Image(Host& host, const Raster& raster, const ImageLayout& layout, const 
     properties.add(kOfxImagePropRowBytes, ints({layout.topDown ? -stride : stride}), Writer::Host);
     properties.add(kOfxImagePropField, text(info.field), Writer::Host);
     properties.add(kOfxImagePropUniqueIdentifier, text(info.identifier), Writer::Host);
+    placement_ = placement();
+    if (host.traits.tamper) host.traits.tamper(properties);
+}
+
+PropertyValues Image::placement() const {
+    PropertyValues values;
+    for (const char* name : {kOfxImagePropData, kOfxImagePropBounds, kOfxImagePropRowBytes,
+                             kOfxImageEffectPropPixelDepth, kOfxImageEffectPropComponents}) {
+        const Property* property = properties.find(name);
+        if (property) values.insert(values.end(), property->values.begin(), property->values.end());
+    }
+    return values;
+}
+
+bool Image::describesItself() const {
+    return placement() == placement_;
 }
 
 std::byte* Image::firstByte(int y) {

@@ -50,6 +50,8 @@ public:
     Raster raster() const;
     /// Whether no byte outside the rows was written.
     bool guardsIntact() const;
+    /// Whether the properties still say where the pixels are, as they did at first.
+    bool describesItself() const;
     RenderRecord& record() const { return *record_; }
 
     PropertySet properties;
@@ -58,8 +60,11 @@ private:
     std::byte* firstByte(int y);
     const std::byte* firstByte(int y) const;
 
+    PropertyValues placement() const;
+
     OfxRectI bounds_;
     PixelFormat format_;
+    PropertyValues placement_;
     ImageLayout layout_;
     std::vector<std::byte> memory_;
     std::shared_ptr<RenderRecord> record_;

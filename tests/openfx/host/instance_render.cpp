@@ -103,7 +103,7 @@ RenderResult Instance::render(const RenderArgs& args) {
     if (render.output) {
         result.output = render.output->raster();
         if (!render.output->guardsIntact()) host().fault("a write beside the output");
-        checkUntouched(result.output, window);
+        if (render.output->describesItself()) checkUntouched(result.output, window);
     }
     result.fetches = record->fetches;
     result.abortQueries = record->abortQueries;

@@ -9,6 +9,8 @@ PlugIn::PlugIn(Host& host, OfxPlugin& plugIn, std::string file)
 }
 
 OfxStatus PlugIn::call(const char* action, const void* handle, ActionSets sets) {
+    if (host_.traits.tamper && sets.in) host_.traits.tamper(*sets.in);
+    if (host_.traits.tamper && sets.out) host_.traits.tamper(*sets.out);
     try {
         return ofx_.mainEntry(action, handle, sets.in ? sets.in->handle() : nullptr,
                               sets.out ? sets.out->handle() : nullptr);

@@ -42,7 +42,8 @@ template <class T>
 T valueOf(const PropertySet& set, std::string_view name, std::size_t index) {
     const Property* property = set.find(name);
     if (!property || index >= property->values.size()) return T{};
-    return std::get<T>(property->values[index]);
+    const T* value = std::get_if<T>(&property->values[index]);
+    return value ? *value : T{};
 }
 
 }  // namespace
@@ -67,7 +68,7 @@ std::vector<std::string> PropertySet::texts(std::string_view name) const {
     std::vector<std::string> result;
     if (const Property* property = find(name)) {
         for (const PropertyValue& value : property->values) {
-            result.push_back(std::get<std::string>(value));
+            if (const auto* text = std::get_if<std::string>(&value)) result.push_back(*text);
         }
     }
     return result;

@@ -54,7 +54,7 @@ public:
     const Property* find(std::string_view name) const;
     Property* find(std::string_view name);
 
-    /// The value; the type's zero if there is none. The property must have that type.
+    /// The value; the type's zero if there is none of this type.
     int number(std::string_view name, std::size_t index = 0) const;
     double real(std::string_view name, std::size_t index = 0) const;
     std::string text(std::string_view name, std::size_t index = 0) const;
