@@ -127,7 +127,7 @@ private:
         if (kind < 700) return withInstance(&Attacker::ask, false);
         if (kind < 800) return callOddly();
         if (kind < 850) return withInstance(&Attacker::useInteract, true);
-        if (kind < 970) return withInstance(&Attacker::tamperWithInstance, true);
+        if (kind < 955) return withInstance(&Attacker::tamperWithInstance, true);
         withInstance(&Attacker::render, false);
     }
 
