@@ -20,6 +20,7 @@
 #include <thread>
 
 #include "tests/openfx/attack/tampering.h"
+#include "tests/openfx/host/binary.h"
 #include "tests/openfx/host/instance.h"
 #include "tests/openfx/host/interact.h"
 #include "tests/openfx/noise_clip.h"
