@@ -7,22 +7,21 @@
 #include "files/words.h"
 
 namespace ruvex::adapters {
-namespace {
 
-constexpr std::size_t kMostSentences = 1000;
-
-/// Whether the sentence is new, and there is room for it.
-bool isNew(const std::string& sentence) {
+bool isFirstTime(const std::string& sentence) {
+    constexpr std::size_t kMostSentences = 1000;
     static std::mutex mutex;
-    static std::set<std::string> printed;
+    static std::set<std::string> known;
     const std::lock_guard lock(mutex);
-    return printed.size() < kMostSentences && printed.insert(sentence).second;
+    return known.size() < kMostSentences && known.insert(sentence).second;
 }
 
-}  // namespace
+void printSentence(const std::string& sentence) {
+    std::fprintf(stderr, "V_Ruvex: %s\n", files::printable(sentence).c_str());
+}
 
 void printOnce(const std::string& sentence) {
-    if (isNew(sentence)) std::fprintf(stderr, "V_Ruvex: %s\n", files::printable(sentence).c_str());
+    if (isFirstTime(sentence)) printSentence(sentence);
 }
 
 }  // namespace ruvex::adapters

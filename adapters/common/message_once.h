@@ -6,9 +6,14 @@
 
 namespace ruvex::adapters {
 
-/// Prints "V_Ruvex: " and the sentence as one line, unless that sentence was printed before. Hosts
-/// render each frame, and several instances may have the same problem. Any thread; after a thousand
-/// different sentences nothing more is printed.
+/// Whether the process has not asked for this sentence before. Hosts render each frame, and several
+/// instances may have the same problem. Any thread; false after a thousand different sentences.
+bool isFirstTime(const std::string& sentence);
+
+/// Prints "V_Ruvex: " and the sentence as one line.
+void printSentence(const std::string& sentence);
+
+/// Prints the sentence if it is its first time.
 void printOnce(const std::string& sentence);
 
 }  // namespace ruvex::adapters

@@ -1,22 +1,10 @@
 #include "adapters/openfx/message.h"
 
-#include <mutex>
-#include <set>
-
 #include "adapters/common/message_once.h"
 #include "files/words.h"
 
 namespace ruvex::openfx {
 namespace {
-
-constexpr std::size_t kMostMessages = 1000;
-
-bool isNewMessage(const std::string& sentence) {
-    static std::mutex mutex;
-    static std::set<std::string> shown;
-    const std::lock_guard lock(mutex);
-    return shown.size() < kMostMessages && shown.insert(sentence).second;
-}
 
 bool show(const Host& host, OfxImageEffectHandle effect, const std::string& sentence) {
     if (!host.message) return false;
@@ -30,8 +18,8 @@ bool show(const Host& host, OfxImageEffectHandle effect, const std::string& sent
 
 void warn(const Host& host, OfxImageEffectHandle effect, const std::string& sentence) noexcept {
     try {
-        if (!isNewMessage(sentence)) return;
-        if (!show(host, effect, sentence)) adapters::printOnce(sentence);
+        if (!adapters::isFirstTime(sentence)) return;
+        if (!show(host, effect, sentence)) adapters::printSentence(sentence);
     } catch (...) {
         // Without memory there are no messages.
     }

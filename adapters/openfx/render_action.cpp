@@ -117,7 +117,12 @@ private:
 }  // namespace
 
 OfxStatus render(const Action& action) {
-    return FrameRender(action).run();
+    try {
+        return FrameRender(action).run();
+    } catch (const Failure& failure) {
+        warn(action.host, action.effect, failure.what());
+        return failure.status();
+    }
 }
 
 }  // namespace ruvex::openfx
