@@ -9,6 +9,7 @@ namespace ruvex::ofxhost::test {
 namespace {
 
 using ::testing::AnyOf;
+using ::testing::IsEmpty;
 
 constexpr double kLackingTime = 2.0;
 constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
@@ -142,6 +143,34 @@ TEST(Lacking, TheHostMayStopARenderAtEachOfItsQueries) {
     }
     args.abortAt = -1;
     EXPECT_EQ(built.instance.render(args).output.bytes, whole.output.bytes);
+}
+
+// A copy of the plug-in where its module is not.
+TEST(Lacking, WithoutItsModuleThePlugInCopiesTheSourceAndSaysSoOnce) {
+    const files::TempFolder folder;
+    std::filesystem::copy_file(RUVEX_OPENFX_FILE, folder.file("Alone.ofx"));
+    Binary binary(folder.file("Alone.ofx"));
+    for (const bool messages : {true, false}) {
+        HostTraits traits;
+        if (!messages) traits.missingSuites = {kOfxMessageSuite};
+        Host host(traits);
+        PlugIn plugIn(host, *binary.plugIn(0), binary.file().string());
+        ASSERT_EQ(plugIn.prepare(), kOfxStatOK);
+        {
+            Instance instance(plugIn, setupFor(smallClip()));
+            RenderArgs args;
+            args.layout = {8, true};
+            for (int frame = 0; frame < 3; ++frame) {
+                args.time = frame;
+                const RenderResult result = instance.render(args);
+                EXPECT_EQ(result.status, kOfxStatOK);
+                EXPECT_EQ(result.output.bytes, smallClip().picture(frame, {1.0, 1.0})->bytes);
+            }
+        }
+        plugIn.unload();
+        EXPECT_EQ(host.messages().size(), messages ? 1u : 0u);
+        EXPECT_THAT(host.faults(), IsEmpty());
+    }
 }
 
 TEST(Lacking, UnknownActionsAndNullHandlesAreAnswered) {
