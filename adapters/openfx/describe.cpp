@@ -3,6 +3,7 @@
 #include "adapters/openfx/declare_parameters.h"
 #include "adapters/openfx/failure.h"
 #include "adapters/openfx/overlay_entry.h"
+#include "adapters/openfx/parameter_list.h"
 
 namespace ruvex::openfx {
 namespace {
@@ -41,6 +42,9 @@ void setAbilities(const Properties& effect) {
     effect.setInt(kOfxImageEffectPluginPropFieldRenderTwiceAlways, 1);
     effect.setInt(kOfxImageEffectPropSupportsMultipleClipDepths, 0);
     effect.setInt(kOfxImageEffectPropSupportsMultipleClipPARs, 0);
+    // The form of the output's alpha depends on it.
+    effect.setString(kOfxImageEffectPropClipPreferencesSlaveParam,
+                     ownParameter(Purpose::ResultAlpha).name);
 }
 
 Properties defineClip(const Action& action, const char* name) {
