@@ -8,7 +8,7 @@ namespace {
 /// What the process knows of its host.
 struct HostRecord {
     std::mutex mutex;
-    OfxHost* given = nullptr;
+    const OfxHost* given = nullptr;
     Host suites;
     int loads = 0;
 };
@@ -56,7 +56,7 @@ Host suitesOf(const OfxHost& host) {
 
 }  // namespace
 
-void setHost(OfxHost* host) {
+void setHost(const OfxHost* host) {
     HostRecord& known = record();
     const std::lock_guard lock(known.mutex);
     known.given = host;

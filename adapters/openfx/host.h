@@ -20,7 +20,7 @@ struct Host {
 };
 
 /// Remembers the host for the next loadHost. May be called again, with another host or with null.
-void setHost(OfxHost* host);
+void setHost(const OfxHost* host);
 
 /// Fetches the suites: kOfxStatOK, or kOfxStatErrMissingHostFeature if a required suite, or a
 /// function of it, is missing. Calls are counted, since hosts load several times.

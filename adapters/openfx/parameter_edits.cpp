@@ -100,7 +100,7 @@ void resetPage(const Instance& instance, ParameterPage page, double time) {
     const EditBlock block(set, "Reset: " + std::string(groupLabel(page)));
     std::vector<looks::ParameterChange> changes;
     for (const ParameterValue& reset : resetValues(page)) {
-        changes.push_back(looks::Setting{reset.id, reset.value});
+        changes.emplace_back(looks::Setting{reset.id, reset.value});
     }
     ChangeWriter(set, instance.clockAt(time)).write(changes, instance.values(), time);
 }

@@ -56,7 +56,7 @@ std::vector<looks::ParameterChange> ParameterValues::changesAt(double hostTime,
             }
         } else {
             const int value = heldWhole(parameter, found.wholeAt(hostTime));
-            changes.push_back(looks::Setting{parameter.row->id, static_cast<double>(value)});
+            changes.emplace_back(looks::Setting{parameter.row->id, static_cast<double>(value)});
         }
     }
     return changes;

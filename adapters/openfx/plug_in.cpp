@@ -3,6 +3,7 @@
 #include "adapters/openfx/plug_in.h"
 
 #include <algorithm>
+#include <bit>
 #include <string_view>
 
 #include "adapters/openfx/clip_actions.h"
@@ -62,7 +63,8 @@ OfxStatus perform(Handler& handler, const void* handle, OfxPropertySetHandle in,
     const auto host = currentHost();
     if (!host) return kOfxStatErrMissingHostFeature;
     if (!handle) return kOfxStatErrBadHandle;
-    const auto effect = static_cast<OfxImageEffectHandle>(const_cast<void*>(handle));
+    // Entry points get handles of all kinds as pointers to constants.
+    const auto effect = std::bit_cast<OfxImageEffectHandle>(handle);
     return handler({*host, effect, {*host, in}, {*host, out}});
 }
 
@@ -104,6 +106,6 @@ RUVEX_OPENFX_EXPORT OfxPlugin* OfxGetPlugin(int index) {
 }
 
 RUVEX_OPENFX_EXPORT OfxStatus OfxSetHost(const OfxHost* host) {
-    setHost(const_cast<OfxHost*>(host));
+    setHost(host);
     return kOfxStatOK;
 }
