@@ -1,6 +1,13 @@
-# The program openfx_host, for Windows as well.
+# The programs openfx_host and openfx_overlay, for Windows as well.
 set(openfx_tests "${PROJECT_SOURCE_DIR}/tests/openfx")
 add_executable(openfx_host
   "${openfx_tests}/openfx_host.cpp" "${openfx_tests}/picture_file.cpp"
-  "${openfx_tests}/test_card.cpp" "${PROJECT_SOURCE_DIR}/tests/frames/digest.cpp")
+  "${openfx_tests}/test_card.cpp" "${openfx_tests}/typed_values.cpp"
+  "${PROJECT_SOURCE_DIR}/tests/frames/digest.cpp")
 target_link_libraries(openfx_host PRIVATE ruvex_openfx_host ruvex_options)
+
+add_executable(openfx_overlay
+  "${openfx_tests}/openfx_overlay.cpp" "${openfx_tests}/picture_file.cpp"
+  "${openfx_tests}/test_card.cpp" "${openfx_tests}/typed_values.cpp"
+  "${PROJECT_SOURCE_DIR}/tests/frames/digest.cpp")
+target_link_libraries(openfx_overlay PRIVATE ruvex_openfx_host ruvex_headless_surface ruvex_options)

@@ -14,10 +14,8 @@
 // The program prints a digest of each frame's bytes. Its last line begins with "end:"; its status
 // is 1 if a call failed or the plug-in did something that it must not do.
 
-#include <charconv>
 #include <cstdio>
 #include <filesystem>
-#include <sstream>
 #include <stdexcept>
 
 #include "tests/frames/frame_list.h"
@@ -25,10 +23,12 @@
 #include "tests/openfx/host/instance.h"
 #include "tests/openfx/picture_file.h"
 #include "tests/openfx/test_card.h"
+#include "tests/openfx/typed_values.h"
 
 namespace {
 
 using namespace ruvex::ofxhost;
+using namespace ruvex::ofxhost::test;
 
 struct HostOptions {
     std::string bundle;
@@ -42,23 +42,6 @@ struct HostOptions {
     std::string output;
     std::vector<std::pair<std::string, std::string>> values;
 };
-
-double numberOf(const std::string& text) {
-    double number = 0.0;
-    const char* end = text.data() + text.size();
-    const auto result = std::from_chars(text.data(), end, number);
-    if (result.ec != std::errc{} || result.ptr != end) {
-        throw std::runtime_error("not a number: " + text);
-    }
-    return number;
-}
-
-std::vector<std::string> splitAt(const std::string& text, char separator) {
-    std::vector<std::string> parts;
-    std::istringstream stream(text);
-    for (std::string part; std::getline(stream, part, separator);) parts.push_back(part);
-    return parts;
-}
 
 std::pair<int, int> pairOf(const std::string& text, char separator) {
     const auto parts = splitAt(text, separator);
@@ -151,37 +134,13 @@ void printDescription(const OfxPlugin& ofx, const Effect& effect) {
     }
 }
 
-/// Sets a parameter as a user of the application does.
-void setValue(Instance& instance, const std::string& name, const std::string& value) {
-    Parameter* parameter = instance.parameters().find(name);
-    if (!parameter) throw std::runtime_error("no parameter " + name);
-    const auto labels = parameter->properties.texts(kOfxParamPropChoiceOption);
-    for (std::size_t i = 0; i < labels.size(); ++i) {
-        if (labels[i] == value) return instance.set(name, static_cast<double>(i));
-    }
-    if (value.find(':') != value.npos) {
-        std::vector<Key> keys;
-        for (const std::string& part : splitAt(value, ',')) {
-            const auto colon = part.find(':');
-            keys.push_back({numberOf(part.substr(0, colon)), {numberOf(part.substr(colon + 1))}});
-        }
-        return instance.setKeys(name, keys);
-    }
-    std::vector<double> numbers;
-    for (const std::string& part : splitAt(value, ',')) numbers.push_back(numberOf(part));
-    if (numbers.size() != parameter->state().numbers.size()) {
-        throw std::runtime_error("a wrong number of values for " + name);
-    }
-    instance.set(name, numbers);
-}
-
 ClipSetup clipFor(HostOptions& options) {
     const PixelFormat format{options.depth, kOfxImageComponentRGBA, kOfxImageUnPreMultiplied};
-    if (options.picture.empty()) return test::testCard(options.width, options.height, format);
-    const Raster still = test::readPpm(options.picture, options.depth);
+    if (options.picture.empty()) return testCard(options.width, options.height, format);
+    const Raster still = readPpm(options.picture, options.depth);
     options.width = widthOf(still.bounds);
     options.height = heightOf(still.bounds);
-    ClipSetup setup = test::testCard(options.width, options.height, format);
+    ClipSetup setup = testCard(options.width, options.height, format);
     setup.picture = [still](double, const OfxPointD&) { return still; };
     return setup;
 }
@@ -208,8 +167,8 @@ bool renderFrames(PlugIn& plugIn, HostOptions& options) {
                     frame, result.status);
         if (options.output.empty()) continue;
         std::filesystem::create_directories(options.output);
-        test::writePam(std::filesystem::path(options.output) / (std::to_string(frame) + ".pam"),
-                       result.output);
+        writePam(std::filesystem::path(options.output) / (std::to_string(frame) + ".pam"),
+                 result.output);
     }
     return good;
 }
