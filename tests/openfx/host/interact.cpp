@@ -43,6 +43,7 @@ Interact::~Interact() {
 }
 
 OfxStatus Interact::call(const char* action, PropertySet* in) {
+    if (host().traits.tamper && in) host().traits.tamper(*in);
     try {
         return entry_(action, handle(), in ? in->handle() : nullptr, nullptr);
     } catch (...) {
