@@ -67,7 +67,7 @@ InstanceSetup randomSetup(RandomSource& random) {
 std::vector<double> randomNumbers(std::size_t count, RandomSource& random) {
     std::vector<double> numbers;
     for (std::size_t i = 0; i < count; ++i) {
-        numbers.push_back(random.oneIn(5) ? random.oddReal() : random.part() * 120.0 - 10.0);
+        numbers.push_back(random.oneIn(12) ? random.oddReal() : random.part() * 120.0 - 10.0);
     }
     return numbers;
 }
@@ -84,7 +84,8 @@ std::vector<Key> randomKeys(std::size_t count, RandomSource& random) {
 }
 
 double randomTime(RandomSource& random) {
-    if (random.oneIn(300)) return random.oddReal();
+    // The effect looks back over all frames before the one at hand: far ones take long.
+    if (random.oneIn(1000)) return random.oddReal();
     return random.oneIn(4) ? random.part() * 65.0 - 5.0 : random.whole(-5, 60);
 }
 
