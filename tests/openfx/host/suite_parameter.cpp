@@ -1,13 +1,12 @@
 // The parameter suite.
 
-#include <algorithm>
 #include <cmath>
 #include <cstdarg>
 #include <limits>
 
 #include "tests/openfx/host/host.h"
+#include "tests/openfx/host/parameter_access.h"
 #include "tests/openfx/host/parameter_properties.h"
-#include "tests/openfx/host/parameter_set.h"
 #include "tests/openfx/host/suites.h"
 
 namespace ruvex::ofxhost {
@@ -15,35 +14,6 @@ namespace {
 
 ParameterSet* setOf(OfxParamSetHandle handle) {
     return objectOf<ParameterSet>(HandleKind::Parameters, handle);
-}
-
-/// A parameter with its value, as far as the call is allowed.
-struct ParameterAccess {
-    Parameter* parameter = nullptr;
-    OfxStatus status = kOfxStatErrBadHandle;
-
-    bool ok() const { return status == kOfxStatOK; }
-};
-
-ParameterAccess accessParameter(const char* function, OfxParamHandle handle) {
-    ParameterAccess access;
-    access.parameter = objectOf<Parameter>(HandleKind::Parameter, handle);
-    if (!access.parameter) return access;
-    access.status = access.parameter->host().intercept(function, access.parameter->name());
-    return access;
-}
-
-/// The same for the parameter of an instance, which has a value.
-ParameterAccess accessValue(const char* function, OfxParamHandle handle) {
-    ParameterAccess access = accessParameter(function, handle);
-    if (!access.ok()) return access;
-    if (!access.parameter->set()) {
-        access.parameter->host().fault(std::string(function) + " of a description's parameter");
-        access.status = kOfxStatErrBadHandle;
-    } else if (!access.parameter->hasNumbers() && !access.parameter->isString()) {
-        access.status = kOfxStatErrUnsupported;
-    }
-    return access;
 }
 
 /// Stores numbers through the pointers that a plug-in passes.
@@ -125,13 +95,6 @@ void checkRange(const Parameter& parameter, const std::vector<double>& numbers) 
     }
 }
 
-OfxStatus changeByPlugIn(Parameter& parameter, const std::function<void(Parameter&)>& change) {
-    ParameterSet& set = *parameter.set();
-    set.edit(parameter, change);
-    if (set.onPlugInEdit) set.onPlugInEdit(parameter);
-    return kOfxStatOK;
-}
-
 OfxStatus takeAt(const char* function, OfxParamHandle handle, const double* time, va_list values) {
     const ParameterAccess access = accessValue(function, handle);
     if (!access.ok()) return access.status;
@@ -173,67 +136,6 @@ OfxStatus noDerivative(OfxParamHandle, OfxTime, ...) {
 
 OfxStatus noIntegral(OfxParamHandle, OfxTime, OfxTime, ...) {
     return kOfxStatErrUnsupported;
-}
-
-OfxStatus numberOfKeys(OfxParamHandle handle, unsigned int* count) {
-    const ParameterAccess access = accessValue("paramGetNumKeys", handle);
-    if (!access.ok()) return access.status;
-    if (!count) return kOfxStatErrValue;
-    *count = static_cast<unsigned>(access.parameter->state().keys.size());
-    return kOfxStatOK;
-}
-
-OfxStatus keyTime(OfxParamHandle handle, unsigned int index, OfxTime* time) {
-    const ParameterAccess access = accessValue("paramGetKeyTime", handle);
-    if (!access.ok()) return access.status;
-    const auto& keys = access.parameter->state().keys;
-    if (index >= keys.size()) return kOfxStatErrBadIndex;
-    if (!time) return kOfxStatErrValue;
-    *time = keys[index].time;
-    return kOfxStatOK;
-}
-
-/// The key at a time, or the nearest one before (direction below 0) or after it.
-OfxStatus keyIndex(OfxParamHandle handle, OfxTime time, int direction, int* index) {
-    const ParameterAccess access = accessValue("paramGetKeyIndex", handle);
-    if (!access.ok()) return access.status;
-    if (!index) return kOfxStatErrValue;
-    const auto& keys = access.parameter->state().keys;
-    const auto first = std::ranges::lower_bound(keys, time, {}, &Key::time);
-    auto found = first;
-    if (direction < 0) found = first == keys.begin() ? keys.end() : first - 1;
-    if (direction > 0) found = std::ranges::upper_bound(keys, time, {}, &Key::time);
-    if (direction == 0 && first != keys.end() && first->time != time) found = keys.end();
-    if (found == keys.end()) return kOfxStatFailed;
-    *index = static_cast<int>(found - keys.begin());
-    return kOfxStatOK;
-}
-
-OfxStatus deleteKeyAt(OfxParamHandle handle, OfxTime time) {
-    const ParameterAccess access = accessValue("paramDeleteKey", handle);
-    if (!access.ok()) return access.status;
-    const auto& keys = access.parameter->state().keys;
-    const auto found = std::ranges::find(keys, time, &Key::time);
-    if (found == keys.end()) return kOfxStatErrBadIndex;
-    const auto index = static_cast<std::size_t>(found - keys.begin());
-    return changeByPlugIn(*access.parameter, [&](Parameter& changed) { changed.deleteKey(index); });
-}
-
-OfxStatus deleteKeys(OfxParamHandle handle) {
-    const ParameterAccess access = accessValue("paramDeleteAllKeys", handle);
-    if (!access.ok()) return access.status;
-    return changeByPlugIn(*access.parameter, [](Parameter& changed) { changed.deleteAllKeys(); });
-}
-
-OfxStatus copyParameter(OfxParamHandle to, OfxParamHandle from, OfxTime offset, const OfxRangeD*) {
-    const ParameterAccess target = accessValue("paramCopy", to);
-    const ParameterAccess source = accessValue("paramCopy", from);
-    if (!target.ok()) return target.status;
-    if (!source.ok()) return source.status;
-    if (source.parameter->type() != target.parameter->type()) return kOfxStatErrValue;
-    ParameterState state = source.parameter->state();
-    for (Key& key : state.keys) key.time += offset;
-    return changeByPlugIn(*target.parameter, [&](Parameter& changed) { changed.restore(state); });
 }
 
 OfxStatus define(OfxParamSetHandle handle, const char* type, const char* name,
