@@ -1,7 +1,9 @@
 #include "adapters/openfx/crop_interact.h"
 
+#include <cstddef>
 #include <memory>
 #include <mutex>
+#include <new>
 #include <thread>
 #include <utility>
 
@@ -22,7 +24,8 @@ struct SharedBox {
 
 /// Never destroyed: hosts may end without destroying their overlays.
 SharedBox& shared() {
-    static auto* const only = new SharedBox;
+    alignas(SharedBox) static std::byte storage[sizeof(SharedBox)];
+    static SharedBox* const only = new (storage) SharedBox;
     return *only;
 }
 

@@ -23,13 +23,13 @@ CropInteract* instanceOf(const InteractAction& action) {
 OfxStatus createInteract(const InteractAction& action) {
     const Properties properties = interactProperties(action);
     auto created = std::make_unique<CropInteract>();
-    if (!properties.setPointer(kOfxPropInstanceData, created.get())) return kOfxStatFailed;
-    // The host keeps it until it destroys the interact.
-    created.release();
     int index = 0;
     for (const ParameterId id : kShown) {
         properties.setString(kOfxInteractPropSlaveToParam, scriptName(row(id)), index++);
     }
+    if (!properties.setPointer(kOfxPropInstanceData, created.get())) return kOfxStatFailed;
+    // The host keeps it until it destroys the interact.
+    static_cast<void>(created.release());
     return kOfxStatOK;
 }
 

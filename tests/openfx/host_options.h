@@ -10,18 +10,17 @@
 
 namespace ruvex::ofxhost {
 
-/// What openfx_host.cpp describes.
 struct HostOptions {
-    std::string bundle;
-    int width = 0;
+    std::string bundle;  ///< The folder of a bundle, or an .ofx file.
+    int width = 0;       ///< Of the test picture, in pixels; 0 if nothing is rendered.
     int height = 0;
-    std::string picture;
-    int first = 0;
+    std::string picture;  ///< A PPM file; empty for the test picture.
+    int first = 0;        ///< Frames, both inclusive.
     int last = 0;
     std::string depth = kOfxBitDepthByte;
-    double scale = 1.0;
-    std::string output;
-    std::vector<std::pair<std::string, std::string>> values;
+    double scale = 1.0;  ///< Render scale.
+    std::string output;  ///< The folder for frames; empty for none.
+    std::vector<std::pair<std::string, std::string>> values;  ///< Names and values of parameters.
 };
 
 /// Throws std::runtime_error for words that are not understood.

@@ -107,7 +107,7 @@ bool renderFrames(PlugIn& plugIn, HostOptions& options) {
         if (options.output.empty()) continue;
         std::filesystem::create_directories(options.output);
         writePam(std::filesystem::path(options.output) / (std::to_string(frame) + ".pam"),
-                       result.output);
+                 result.output);
     }
     return good;
 }

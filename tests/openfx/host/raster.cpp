@@ -5,6 +5,8 @@
 #include <cstring>
 #include <utility>
 
+#include "tests/openfx/host/whole_number.h"
+
 namespace ruvex::ofxhost {
 
 std::size_t PixelFormat::sampleBytes() const {
@@ -27,9 +29,8 @@ OfxRectI intersection(const OfxRectI& a, const OfxRectI& b) {
 
 OfxRectI pixelsOf(const OfxRectD& rect, const OfxPointD& scale, double pixelAspect) {
     const double x = scale.x / pixelAspect;
-    return {
-        static_cast<int>(std::floor(rect.x1 * x)), static_cast<int>(std::floor(rect.y1 * scale.y)),
-        static_cast<int>(std::ceil(rect.x2 * x)), static_cast<int>(std::ceil(rect.y2 * scale.y))};
+    return {wholeNumber(rect.x1 * x), wholeNumber(rect.y1 * scale.y),
+            wholeNumber(std::ceil(rect.x2 * x)), wholeNumber(std::ceil(rect.y2 * scale.y))};
 }
 
 Raster::Raster(const OfxRectI& rasterBounds, PixelFormat rasterFormat)

@@ -1,5 +1,6 @@
 // The parameter suite.
 
+#include <algorithm>
 #include <cmath>
 #include <cstdarg>
 #include <limits>
@@ -8,6 +9,7 @@
 #include "tests/openfx/host/parameter_access.h"
 #include "tests/openfx/host/parameter_properties.h"
 #include "tests/openfx/host/suites.h"
+#include "tests/openfx/host/whole_number.h"
 
 namespace ruvex::ofxhost {
 namespace {
@@ -24,8 +26,7 @@ void storeNumbers(const Parameter& parameter, const std::vector<double>& numbers
         if (real) {
             if (double* to = va_arg(pointers, double*)) *to = number;
         } else {
-            // Curves of whole numbers are rounded down.
-            if (int* to = va_arg(pointers, int*)) *to = static_cast<int>(std::floor(number));
+            if (int* to = va_arg(pointers, int*)) *to = wholeNumber(number);
         }
     }
 }
