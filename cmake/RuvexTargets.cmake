@@ -96,6 +96,15 @@ function(ruvex_library name)
   ruvex_export_folder(${name})
 endfunction()
 
+# ruvex_compile_as_one(TARGET...): compiles several files of each target as one, since their headers take
+# longer to compile than their own code. A local name may be used once in such a target.
+function(ruvex_compile_as_one)
+  foreach(target ${ARGN})
+    set_target_properties(${target} PROPERTIES UNITY_BUILD ON)
+    target_link_libraries(${target} PRIVATE ruvex_unity_options)
+  endforeach()
+endfunction()
+
 # ruvex_shared_library(NAME DEFINE SOURCES... LIBS...): a shared library; DEFINE is set while it is
 # itself compiled and turns its imports into exports.
 function(ruvex_shared_library name define)

@@ -4,6 +4,7 @@
 #include <memory>
 #include <mutex>
 #include <new>
+#include <set>
 #include <thread>
 #include <utility>
 
@@ -17,9 +18,9 @@ struct SharedBox {
     std::mutex mutex;  ///< Of all members but the box itself, which its thread alone uses.
     std::thread::id thread{};
     std::unique_ptr<CropBox> box{};
-    const CropInteract* dragging = nullptr;
-    Crop dragged{};  ///< At the begin of the drag.
-    int interacts = 0;
+    std::set<OfxInteractHandle> interacts{};  ///< Those that exist.
+    OfxInteractHandle dragging = nullptr;     ///< Null without a drag.
+    Crop dragged{};                           ///< At the begin of the drag.
 };
 
 /// Never destroyed: hosts may end without destroying their overlays.
@@ -52,19 +53,6 @@ std::optional<PicturePlace> placeOf(const Instance& instance, double time) {
                         .pixelAspect = aspect};
 }
 
-/// No value if the user has hidden the controls, if the host does not say whose they are, and
-/// without a picture.
-std::optional<CropView> viewOf(const InteractAction& action) {
-    const OfxImageEffectHandle effect = effectOf(action);
-    if (!effect) return std::nullopt;
-    const Instance instance(action.host, effect);
-    const double time = timeOf(action);
-    if (instance.hidesOverlayControls(time)) return std::nullopt;
-    const auto place = placeOf(instance, time);
-    if (!place) return std::nullopt;
-    return CropView{*place, instance.cropAt(time)};
-}
-
 std::optional<OfxPointD> penOf(const InteractAction& action) {
     return action.in.findPointD(kOfxInteractPropPenPosition);
 }
@@ -82,37 +70,63 @@ void writeDragged(const Instance& instance, double time, const Crop& before, con
                             .top = changed(now.top, before.top, after.top)});
 }
 
-void requestRedraw(const InteractAction& action) {
-    const OfxInteractSuiteV1* const suite = action.host.interact;
-    if (suite && suite->interactRedraw) suite->interactRedraw(action.interact);
+/// Destroys the box if it is the calling thread's. One on another thread stays, since its window
+/// belongs to that.
+void closeBox(SharedBox& all) {
+    if (all.thread != std::this_thread::get_id()) return;
+    all.box.reset();
+    all.thread = {};
 }
 
 }  // namespace
 
-CropInteract::CropInteract() {
-    const std::lock_guard lock(shared().mutex);
-    ++shared().interacts;
-}
+/// What the host's objects behind an overlay say at one time.
+struct CropInteract::View {
+    PicturePlace place{};
+    Crop crop{};
+};
 
-CropInteract::~CropInteract() {
+void closeCropBox() {
     SharedBox& all = shared();
     const std::lock_guard lock(all.mutex);
-    const bool last = --all.interacts == 0;
-    const bool dragged = all.dragging == this;
-    if (dragged) all.dragging = nullptr;
-    // A box on another thread stays, since its window belongs to that.
-    if ((last || dragged) && all.thread == std::this_thread::get_id()) {
-        all.box.reset();
-        all.thread = {};
-    }
+    if (!all.dragging) closeBox(all);
 }
 
-CropBox* CropInteract::boxFor(const CropView& view) const {
+OfxStatus CropInteract::create() const {
+    const std::lock_guard lock(shared().mutex);
+    shared().interacts.insert(action_.interact);
+    return kOfxStatOK;
+}
+
+OfxStatus CropInteract::destroy() const {
+    SharedBox& all = shared();
+    const std::lock_guard lock(all.mutex);
+    all.interacts.erase(action_.interact);
+    const bool dragged = all.dragging == action_.interact;
+    if (dragged) all.dragging = nullptr;
+    if (dragged || all.interacts.empty()) closeBox(all);
+    return kOfxStatOK;
+}
+
+/// No value if the user has hidden the controls, if the host does not say whose they are, and
+/// without a picture.
+std::optional<CropInteract::View> CropInteract::view() const {
+    const OfxImageEffectHandle effect = effectOf(action_);
+    if (!effect) return std::nullopt;
+    const Instance instance(action_.host, effect);
+    const double time = timeOf(action_);
+    if (instance.hidesOverlayControls(time)) return std::nullopt;
+    const auto place = placeOf(instance, time);
+    if (!place) return std::nullopt;
+    return View{*place, instance.cropAt(time)};
+}
+
+CropBox* CropInteract::boxFor(const View& view) const {
     SharedBox& all = shared();
     const std::lock_guard lock(all.mutex);
     if (!all.box) all.thread = std::this_thread::get_id();
     if (all.thread != std::this_thread::get_id()) return nullptr;
-    if (all.dragging) return all.dragging == this ? all.box.get() : nullptr;
+    if (all.dragging) return all.dragging == action_.interact ? all.box.get() : nullptr;
     // Nobody drags: a drag of the box is one whose overlay is gone.
     if (!all.box || all.box->isDragging() || all.box->place() != view.place) {
         // There may be one viewer in a process.
@@ -125,57 +139,61 @@ CropBox* CropInteract::boxFor(const CropView& view) const {
 
 bool CropInteract::isDragging() const {
     const std::lock_guard lock(shared().mutex);
-    return shared().dragging == this;
+    return shared().dragging == action_.interact;
 }
 
-OfxStatus CropInteract::draw(const InteractAction& action) {
-    const auto view = viewOf(action);
-    CropBox* const box = view ? boxFor(*view) : nullptr;
+void CropInteract::requestRedraw() const {
+    const auto redraw = action_.host.interact->interactRedraw;
+    if (redraw) redraw(action_.interact);
+}
+
+OfxStatus CropInteract::draw() const {
+    const auto shown = view();
+    CropBox* const box = shown ? boxFor(*shown) : nullptr;
     return box && box->draw() ? kOfxStatOK : kOfxStatReplyDefault;
 }
 
-OfxStatus CropInteract::penDown(const InteractAction& action) {
-    const auto view = viewOf(action);
-    const auto pen = penOf(action);
-    CropBox* const box = view && pen ? boxFor(*view) : nullptr;
+OfxStatus CropInteract::penDown() const {
+    const auto shown = view();
+    const auto pen = penOf(action_);
+    CropBox* const box = shown && pen ? boxFor(*shown) : nullptr;
     if (!box || isDragging() || !box->press(pen->x, pen->y)) return kOfxStatReplyDefault;
     {
         const std::lock_guard lock(shared().mutex);
-        shared().dragging = this;
+        shared().dragging = action_.interact;
         shared().dragged = box->crop();
     }
-    requestRedraw(action);
+    requestRedraw();
     return kOfxStatOK;
 }
 
-OfxStatus CropInteract::penMotion(const InteractAction& action) {
-    const auto view = viewOf(action);
-    const auto pen = penOf(action);
-    CropBox* const box = view && pen ? boxFor(*view) : nullptr;
+OfxStatus CropInteract::penMotion() const {
+    const auto shown = view();
+    const auto pen = penOf(action_);
+    CropBox* const box = shown && pen ? boxFor(*shown) : nullptr;
     if (!box) return kOfxStatReplyDefault;
     box->move(pen->x, pen->y);
-    if (box->takeRedraw()) requestRedraw(action);
+    if (box->takeRedraw()) requestRedraw();
     // A pen that only passes over the lines is for others, too.
     return isDragging() ? kOfxStatOK : kOfxStatReplyDefault;
 }
 
-OfxStatus CropInteract::penUp(const InteractAction& action) {
-    return endDrag(action, penOf(action));
+OfxStatus CropInteract::penUp() const {
+    return endDrag(penOf(action_));
 }
 
-OfxStatus CropInteract::loseFocus(const InteractAction& action) {
-    return endDrag(action, std::nullopt);
+OfxStatus CropInteract::loseFocus() const {
+    return endDrag(std::nullopt);
 }
 
-OfxStatus CropInteract::endDrag(const InteractAction& action, std::optional<OfxPointD> pen) {
+OfxStatus CropInteract::endDrag(std::optional<OfxPointD> pen) const {
     SharedBox& all = shared();
     CropBox* box = nullptr;
     Crop before;
     {
         const std::lock_guard lock(all.mutex);
-        if (all.dragging != this || all.thread != std::this_thread::get_id()) {
-            return kOfxStatReplyDefault;
-        }
+        const bool mine = all.thread == std::this_thread::get_id();
+        if (all.dragging != action_.interact || !mine) return kOfxStatReplyDefault;
         all.dragging = nullptr;
         box = all.box.get();
         before = all.dragged;
@@ -185,9 +203,10 @@ OfxStatus CropInteract::endDrag(const InteractAction& action, std::optional<OfxP
     } else {
         box->release();
     }
-    const OfxImageEffectHandle effect = effectOf(action);
-    if (effect) writeDragged({action.host, effect}, timeOf(action), before, box->crop());
-    requestRedraw(action);
+    if (const OfxImageEffectHandle effect = effectOf(action_)) {
+        writeDragged({action_.host, effect}, timeOf(action_), before, box->crop());
+    }
+    requestRedraw();
     return kOfxStatOK;
 }
 

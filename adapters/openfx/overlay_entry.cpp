@@ -1,6 +1,5 @@
 #include "adapters/openfx/overlay_entry.h"
 
-#include <memory>
 #include <string_view>
 
 #include "adapters/openfx/crop_interact.h"
@@ -16,37 +15,22 @@ constexpr ParameterId kShown[] = {ParameterId::CropLeft, ParameterId::CropRight,
                                   ParameterId::CropBottom, ParameterId::CropTop,
                                   ParameterId::HideOverlayControls};
 
-CropInteract* instanceOf(const InteractAction& action) {
-    return static_cast<CropInteract*>(interactProperties(action).getPointer(kOfxPropInstanceData));
-}
-
 OfxStatus createInteract(const InteractAction& action) {
     const Properties properties = interactProperties(action);
-    auto created = std::make_unique<CropInteract>();
     int index = 0;
     for (const ParameterId id : kShown) {
         properties.setString(kOfxInteractPropSlaveToParam, scriptName(row(id)), index++);
     }
-    if (!properties.setPointer(kOfxPropInstanceData, created.get())) return kOfxStatFailed;
-    // The host keeps it until it destroys the interact.
-    static_cast<void>(created.release());
-    return kOfxStatOK;
-}
-
-OfxStatus destroyInteract(const InteractAction& action) {
-    const std::unique_ptr<CropInteract> destroyed(instanceOf(action));
-    interactProperties(action).setPointer(kOfxPropInstanceData, nullptr);
-    return kOfxStatOK;
+    return CropInteract(action).create();
 }
 
 OfxStatus describeInteract(const InteractAction&) {
     return kOfxStatOK;
 }
 
-template <OfxStatus (CropInteract::*Function)(const InteractAction&)>
+template <OfxStatus (CropInteract::*Function)() const>
 OfxStatus handled(const InteractAction& action) {
-    CropInteract* const interact = instanceOf(action);
-    return interact ? (interact->*Function)(action) : kOfxStatErrBadHandle;
+    return (CropInteract(action).*Function)();
 }
 
 struct HandledInteract {
@@ -57,7 +41,7 @@ struct HandledInteract {
 constexpr HandledInteract kInteractActions[] = {
     {kOfxActionDescribe, describeInteract},
     {kOfxActionCreateInstance, createInteract},
-    {kOfxActionDestroyInstance, destroyInteract},
+    {kOfxActionDestroyInstance, handled<&CropInteract::destroy>},
     {kOfxInteractActionDraw, handled<&CropInteract::draw>},
     {kOfxInteractActionPenDown, handled<&CropInteract::penDown>},
     {kOfxInteractActionPenMotion, handled<&CropInteract::penMotion>},

@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "adapters/openfx/clip_actions.h"
+#include "adapters/openfx/crop_interact.h"
 #include "adapters/openfx/describe.h"
 #include "adapters/openfx/effect_pool.h"
 #include "adapters/openfx/frames_needed.h"
@@ -72,7 +73,10 @@ OfxStatus dispatch(std::string_view name, const void* handle, OfxPropertySetHand
                    OfxPropertySetHandle out) {
     if (name == kOfxActionLoad) return loadHost();
     if (name == kOfxActionUnload || name == kOfxActionPurgeCaches) effectPool().clear();
-    if (name == kOfxActionUnload) unloadHost();
+    if (name == kOfxActionUnload) {
+        closeCropBox();
+        unloadHost();
+    }
     if (needsNoHandler(name)) return kOfxStatOK;
     Handler* const handler = handlerOf(name);
     return handler ? perform(*handler, handle, in, out) : kOfxStatReplyDefault;

@@ -1,4 +1,4 @@
-// The class identifiers that the module registers. The effect's own is in sdk/effect, for hosts.
+// The class identifiers that the module registers. The effect's own and its tool's are in sdk/effect, for hosts.
 
 #pragma once
 
@@ -13,7 +13,6 @@ inline constexpr GUID kBreakup1PageId = guidFromText("82E8CBFA-9E51-4920-A471-A4
 inline constexpr GUID kBreakup2PageId = guidFromText("28D08FB3-1C11-4943-800B-C1648AC0F5A3");
 inline constexpr GUID kShashPageId = guidFromText("A58AD5AB-4CD7-4929-8E39-3212821AABA6");
 inline constexpr GUID kEffectsPageId = guidFromText("D69C227D-225A-48B8-998B-9AC1F8E2154E");
-inline constexpr GUID kToolClassId = guidFromText("6EBC28D8-0306-446E-9285-F5BF7111D075");
 inline constexpr GUID kHelpPageId = guidFromText("633BF221-759B-4B4A-B863-64706872769D");
 /// The crop page is shared with other effects of the family, so its identifier looks different.
 inline constexpr GUID kCropPageId = guidFromText("D9885DBA-EAB5-4D09-ADFE-A35A1E0693C3");

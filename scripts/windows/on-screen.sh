@@ -4,6 +4,11 @@
 echo "== Starting Wine with a screen"
 start_wine with-screen
 use_screen
+
+echo "== The crop box of the OpenFX bundle, which is not registered, and of the native one"
+openfx openfx-overlay openfx_overlay "presets=Bad Colour TV" cropLeft=20 cropTop=80 \
+    --drag 64,100,80,100 --drag 150,100,160,100 --hold 320,192,280,150
+
 windows 60 regsvr32 /s "$module" || fail "the module cannot be registered"
 
 echo "== The property pages, shown"

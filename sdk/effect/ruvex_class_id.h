@@ -1,4 +1,4 @@
-// The class identifier of the effect, by which hosts ask its module for it.
+// The class identifiers of the effect and of its tool, by which hosts ask its module for them.
 
 #pragma once
 
@@ -7,5 +7,7 @@
 namespace ruvex {
 
 inline constexpr GUID kRuvexClassId = guidFromText("A41E7F12-37AB-48B5-99C9-C4B83402C0FC");
+/// The tool with the on-screen controls.
+inline constexpr GUID kToolClassId = guidFromText("6EBC28D8-0306-446E-9285-F5BF7111D075");
 
 }  // namespace ruvex

@@ -12,8 +12,9 @@ namespace {
 constexpr LONG kNoButton = 0;
 constexpr LONG kMainButton = 1;
 
-runtime::EffectSession::Setup setupFor(const PicturePlace& place) {
-    return {.module = runtime::Module::loadDefault(),
+runtime::EffectSession::Setup setupFor(const PicturePlace& place,
+                                       std::shared_ptr<runtime::Module> module) {
+    return {.module = std::move(module),
             .project = {
                 .width = place.width, .height = place.height, .pixelAspect = place.pixelAspect}};
 }
@@ -36,7 +37,9 @@ void setEdge(runtime::EffectSession& session, ParameterId id, double value) {
 
 CropBox::CropBox(const PicturePlace& place)
     : place_(place),
-      session_(setupFor(place)),
+      module_(runtime::Module::loadDefault()),
+      toolClass_(*module_),
+      session_(setupFor(place, module_)),
       editor_(session_),
       viewer_(editor_, [this](ULONG, const RECT*) { redraw_ = true; }),
       page_(editor_.open(croppingPage(editor_), pageParent())) {

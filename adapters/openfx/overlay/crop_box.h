@@ -8,6 +8,7 @@
 
 #include "adapters/openfx/overlay/context_view.h"
 #include "adapters/openfx/overlay/crop.h"
+#include "adapters/openfx/overlay/tool_class.h"
 #include "runtime/editor.h"
 #include "runtime/viewer.h"
 
@@ -61,13 +62,15 @@ private:
     tagVWPENEVENT eventAt(double x, double y, LONG button) const;
 
     PicturePlace place_;
-    runtime::EffectSession session_;
     bool redraw_ = false;
+    bool dragging_ = false;
     // In the order in which they refer to each other.
+    std::shared_ptr<runtime::Module> module_;
+    ToolClass toolClass_;
+    runtime::EffectSession session_;
     runtime::Editor editor_;
     runtime::Viewer viewer_;
     std::unique_ptr<runtime::OpenPage> page_;
-    bool dragging_ = false;
 };
 
 }  // namespace ruvex::openfx

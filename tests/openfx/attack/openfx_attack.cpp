@@ -30,10 +30,12 @@ int attackPlugIn(const std::string& file, long calls, std::uint32_t seed) {
     attack::Counts counts;
     counts.callsLeft = calls;
     std::vector<std::thread> threads;
-    for (std::uint32_t i = 0; i < kThreads; ++i) {
-        threads.emplace_back(
-            [&, i] { attack::Attacker(target, counts, seed * kThreads + i, i == 0).run(); });
-    }
+    const auto attack = [&](std::uint32_t i) {
+        attack::Attacker(target, counts, seed * kThreads + i, i == 0).run();
+    };
+    for (std::uint32_t i = 1; i < kThreads; ++i) threads.emplace_back(attack, i);
+    // Overlays belong to the thread of the host's windows, which unloads the plug-in.
+    attack(0);
     for (std::thread& thread : threads) thread.join();
     for (attack::Slot& slot : target.slots) slot.clear();
     target.plugIn.unload();

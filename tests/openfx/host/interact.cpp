@@ -1,5 +1,7 @@
 #include "tests/openfx/host/interact.h"
 
+#include "tests/openfx/host/whole_number.h"
+
 namespace ruvex::ofxhost {
 namespace {
 
@@ -71,8 +73,8 @@ OfxStatus Interact::draw() {
 
 OfxStatus Interact::pen(const char* action, const OfxPointD& point, double pressure) {
     PropertySet in = arguments();
-    const int x = static_cast<int>((point.x - view.corner.x) / view.pixelScale.x);
-    const int y = static_cast<int>((point.y - view.corner.y) / view.pixelScale.y);
+    const int x = wholeNumber((point.x - view.corner.x) / view.pixelScale.x);
+    const int y = wholeNumber((point.y - view.corner.y) / view.pixelScale.y);
     in.add(kOfxInteractPropPenPosition, reals({point.x, point.y}), Writer::Host);
     in.add(kOfxInteractPropPenViewportPosition, ints({x, y}), Writer::Host);
     in.add(kOfxInteractPropPenPressure, reals({pressure}), Writer::Host);
