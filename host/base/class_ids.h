@@ -1,4 +1,5 @@
-// The class identifiers that the module registers. The effect's own and its tool's are in sdk/effect, for hosts.
+// The class identifiers that the module registers. The effect's own and its tool's are in
+// sdk/effect, for hosts.
 
 #pragma once
 
