@@ -1,13 +1,17 @@
 #!/usr/bin/env bash
-# Tries the zip for Windows in a fresh Wine prefix: try_zip.sh ZIP PRINT_FRAMES_EXE NATIVE_PRINT_FRAMES.
+# Tries the zip for Windows in a fresh Wine prefix: try_zip.sh ZIP PRINT_FRAMES_EXE NATIVE_PRINT_FRAMES
+# OPENFX_HOST_EXE NATIVE_OPENFX_HOST NATIVE_BUNDLE.
 # Extracts it into a folder with a blank and an umlaut, registers the module with the zip's own file,
 # renders the named frames through COM with a program that lies elsewhere, and unregisters it. The
 # frames have to have the bytes of the native build, and the registry has to be as it was. Then starts
-# the zip's host program on an X server.
+# the zip's host program on an X server. The OpenFX bundle is tried before anything is registered.
 set -euo pipefail
 zip=$(realpath "$1")
 frames=$(realpath "$2")
 native=$(realpath "$3")
+openfx_host=$(realpath "$4")
+native_openfx_host=$(realpath "$5")
+native_bundle=$(realpath "$6")
 . "$(dirname "$0")/../../scripts/windows/wine.sh"
 
 # run NAME STATUS TEXT FILE: a .cmd file, which must end with this status and print the text.
@@ -45,6 +49,18 @@ while read -r file; do
 done < <(find "$folder" -name '*.txt' -o -name '*.cmd')
 for file in "$folder"/*.dll; do
     ! objdump -h "$file" | grep -q debug || fail "$file has debugging data"
+done
+
+# The bundle alone, far from the other files, by a host that lies elsewhere.
+mkdir "$own/plug-ins"
+mv "$folder/V_Ruvex.ofx.bundle" "$own/plug-ins"
+for arguments in "" "--size 360x288 --frames 3-5 masterBreakup=70 snowMax=60 playSpeed=200"; do
+    # shellcheck disable=SC2086
+    windows 120 "$openfx_host" "$own/plug-ins/V_Ruvex.ofx.bundle" $arguments | tr -d '\r' >"$own/openfx.txt" ||
+        { cat "$own/openfx.txt"; fail "the OpenFX bundle fails"; }
+    # shellcheck disable=SC2086
+    "$native_openfx_host" "$native_bundle" $arguments >"$own/openfx-native.txt"
+    diff "$own/openfx-native.txt" "$own/openfx.txt" || fail "the OpenFX bundle differs (< native, > Windows)"
 done
 
 run absent 0 'V_Ruvex is not registered' "$folder/unregister.cmd"
