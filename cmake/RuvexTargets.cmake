@@ -97,8 +97,12 @@ function(ruvex_library name)
 endfunction()
 
 # ruvex_compile_as_one(TARGET...): compiles several files of each target as one, since their headers take
-# longer to compile than their own code. A local name may be used once in such a target.
+# longer to compile than their own code. A local name may be used once in such a target. Not on Windows,
+# whose headers define macros with the names of variables.
 function(ruvex_compile_as_one)
+  if(WIN32)
+    return()
+  endif()
   foreach(target ${ARGN})
     set_target_properties(${target} PROPERTIES UNITY_BUILD ON)
     target_link_libraries(${target} PRIVATE ruvex_unity_options)
