@@ -85,6 +85,9 @@ void setOwn(const ParameterSet& set, Purpose purpose, int value) {
 
 void applyLook(const Instance& instance, const looks::Look& look, double time) {
     const ParameterSet set = instance.parameters();
+    // Before the block: some hosts include the list in undo although it asks them not to. If the
+    // list changed in the block, undo would choose the preset again, and it would be applied again.
+    set.find(scriptName(row(ParameterId::Presets))).setWhole(0);
     const EditBlock block(set, "Preset: " + look.name);
     const auto changes = looks::lastChanges(look.changes);
     ChangeWriter(set, instance.clockAt(time)).write(changes, instance.values(), time);
@@ -92,7 +95,6 @@ void applyLook(const Instance& instance, const looks::Look& look, double time) {
         setOwn(set, Purpose::FrameWidth, look.projectSize->width);
         setOwn(set, Purpose::FrameHeight, look.projectSize->height);
     }
-    set.find(scriptName(row(ParameterId::Presets))).setWhole(0);
 }
 
 void resetPage(const Instance& instance, ParameterPage page, double time) {

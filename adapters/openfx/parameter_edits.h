@@ -12,7 +12,8 @@ namespace ruvex::openfx {
 /// Sets all that a look changes, values and keys, in one step of the host's undo, named "Preset:
 /// NAME"; other parameters keep their state. The project frame of a look becomes Frame Width and
 /// Frame Height. Between keys the host interpolates as it usually does; a value that is held gets a
-/// second key a frame before the next one. The choice of looks goes back to its title.
+/// second key a frame before the next one. Before that step the list of presets is set back to its
+/// title.
 void applyLook(const Instance& instance, const looks::Look& look, double time);
 
 /// Sets the values of a page back in one step, named "Reset: PAGE".

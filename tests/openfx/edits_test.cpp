@@ -50,6 +50,22 @@ TEST(Edits, APresetIsOneUndoStepAndTheChoiceSpringsBack) {
     }
 }
 
+TEST(Edits, WhereTheListCannotBeLeftOutOfUndoTheFirstStepIsThePresetAlone) {
+    HostTraits traits;
+    traits.ignoresCanUndo = true;
+    BuiltInstance built(noiseClip(16, 12), traits);
+    ParameterSet& parameters = built.instance.parameters();
+    built.instance.set("masterBreakup", 33.0);
+    const auto before = statesOf(parameters);
+    built.choosePreset("Bad Colour TV");
+    const auto after = statesOf(parameters);
+    EXPECT_FALSE(changedBetween(before, after).empty());
+    EXPECT_TRUE(built.instance.undo());
+    EXPECT_THAT(changedBetween(before, statesOf(parameters)), IsEmpty());
+    EXPECT_TRUE(built.instance.redo());
+    EXPECT_THAT(changedBetween(after, statesOf(parameters)), IsEmpty());
+}
+
 TEST(Edits, APresetSetsItsOwnRowsAlone) {
     for (const std::string_view name : presetNames()) {
         BuiltInstance built(noiseClip(16, 12));

@@ -40,6 +40,8 @@ struct HostTraits {
     bool tellsPlugInEdits = true;
     /// paramGetValueAtTime gives the value at the current time for each time.
     bool ignoresTimes = false;
+    /// Undo steps have changes of parameters whose kOfxParamPropCanUndo is 0, too.
+    bool ignoresCanUndo = false;
     /// Answers for functions; kOfxStatOK lets the call pass. Null lets all pass. Any thread.
     std::function<OfxStatus(const HostCall&)> intercept{};
     /// Changes the properties of an image or of an action's arguments before the plug-in sees them.

@@ -44,7 +44,8 @@ bool ParameterSet::endEdit() {
 
 void ParameterSet::edit(Parameter& parameter, const std::function<void(Parameter&)>& change) {
     beginEdit(parameter.name());
-    const bool canUndo = parameter.properties.number(kOfxParamPropCanUndo) != 0;
+    const bool canUndo =
+        host().traits.ignoresCanUndo || parameter.properties.number(kOfxParamPropCanUndo) != 0;
     if (canUndo && std::ranges::find(open_.changes, &parameter, &UndoStep::Change::parameter) ==
                        open_.changes.end()) {
         open_.changes.push_back({&parameter, parameter.state(), {}});
