@@ -30,7 +30,7 @@ bool playsAsItIs(std::span<const looks::ParameterChange> changes) {
 double shownAt(const Instance& instance, double time) {
     const EffectClock clock = instance.clockAt(time);
     adapters::FrameTask task{.seconds = clock.secondsAt(time),
-                             .changes = instance.values().changesAt(time, clock)};
+                             .changes = instance.changesAt(time, clock)};
     if (playsAsItIs(task.changes)) return std::floor(time);
     // What the tape shows does not depend on the frame's size.
     constexpr int kAnySide = 64;

@@ -1,5 +1,8 @@
 #include "adapters/openfx/instance.h"
 
+#include <utility>
+
+#include "adapters/openfx/chosen_look.h"
 #include "adapters/openfx/edit_block.h"
 #include "adapters/openfx/parameter_names.h"
 #include "parameters/parameter_table.h"
@@ -60,9 +63,21 @@ std::optional<OfxRectD> Instance::regionAt(double time) const {
     return {};
 }
 
+std::vector<looks::ParameterChange> Instance::changesAt(double time,
+                                                        const EffectClock& clock) const {
+    std::vector<looks::ParameterChange> changes = values().changesAt(time, clock);
+    const looks::Look* const look = chosenLook(parameters(), time);
+    return look ? overLook(*look, std::move(changes)) : changes;
+}
+
 runtime::Project Instance::projectAt(double time, int width, int height) const {
-    const int givenWidth = values().frameWidthAt(time);
-    const int givenHeight = values().frameHeightAt(time);
+    int givenWidth = values().frameWidthAt(time);
+    int givenHeight = values().frameHeightAt(time);
+    const looks::Look* const look = chosenLook(parameters(), time);
+    if (look && look->projectSize) {
+        if (givenWidth <= 0) givenWidth = look->projectSize->width;
+        if (givenHeight <= 0) givenHeight = look->projectSize->height;
+    }
     return {.width = givenWidth > 0 ? givenWidth : width,
             .height = givenHeight > 0 ? givenHeight : height,
             .pixelAspect = source().pixelAspect(),

@@ -42,6 +42,10 @@ public:
     /// project's; nothing if neither can be a picture's.
     std::optional<OfxRectD> regionAt(double time) const;
 
+    /// Every parameter that pictures depend on: ParameterValues::changesAt, over the look that is
+    /// chosen if the host has not told the plug-in of the choice.
+    std::vector<looks::ParameterChange> changesAt(double time, const EffectClock& clock) const;
+
     /// The frame that lengths refer to, for a picture of so many pixels at a scale of 1.
     runtime::Project projectAt(double time, int width, int height) const;
 

@@ -1,7 +1,7 @@
 #include "adapters/openfx/instance_actions.h"
 
+#include "adapters/openfx/chosen_look.h"
 #include "adapters/openfx/control_state.h"
-#include "adapters/openfx/look_list.h"
 #include "adapters/openfx/parameter_edits.h"
 
 namespace ruvex::openfx {
@@ -12,27 +12,12 @@ bool showsControls(const Host& host) {
     return Properties(host, host.properties).getInt(kOfxImageEffectHostPropIsBackground, 0) == 0;
 }
 
-/// The look whose label is chosen, whatever its place in the list; null for the title, and for a
-/// label that belongs to no look.
-const looks::Look* chosenLook(const HostParameter& parameter, const DeclaredParameter& choice,
-                              int index) {
-    if (index <= 0) return nullptr;
-    if (const auto label = parameter.properties().findString(kOfxParamPropChoiceOption, index)) {
-        return findLook(*label);
-    }
-    // This host does not give the labels back; they are those that it was given.
-    const auto known = static_cast<std::size_t>(index);
-    return known < choice.choices.size() ? findLook(choice.choices[known]) : nullptr;
-}
-
 void applyChosen(const Instance& instance, const DeclaredParameter& choice, double time) {
-    const HostParameter parameter = instance.parameters().find(choice.name);
-    const int index = parameter.wholeAt(time).value_or(0);
-    if (const looks::Look* look = chosenLook(parameter, choice, index)) {
-        applyLook(instance, *look, time);
-    } else if (index != 0) {
-        parameter.setWhole(0);
+    if (const looks::Look* look = chosenLook(instance.parameters(), time)) {
+        return applyLook(instance, *look, time);
     }
+    const HostParameter parameter = instance.parameters().find(choice.name);
+    if (parameter.wholeAt(time).value_or(0) != 0) parameter.setWhole(0);
 }
 
 /// Whether the change was a look or a Reset.

@@ -74,7 +74,7 @@ private:
         return {.project =
                     instance_.projectAt(arguments_.time, images.full.width(), images.full.height()),
                 .seconds = clock.secondsAt(time),
-                .changes = values.changesAt(time, clock),
+                .changes = instance_.changesAt(time, clock),
                 .frame = images.frame,
                 .window = intersection(arguments_.window, images.target.bounds),
                 .lines = arguments_.lines,
