@@ -51,7 +51,9 @@ HostOptions readOptions(int argc, char** argv) {
     for (int i = 2; i < argc; ++i) {
         const std::string word = argv[i];
         const auto equals = word.find('=');
-        if (word.starts_with("--") && i + 1 < argc) {
+        if (word == "--leave") {
+            options.leaves = true;
+        } else if (word.starts_with("--") && i + 1 < argc) {
             readOption(options, word, argv[++i]);
         } else if (equals != word.npos) {
             options.values.emplace_back(word.substr(0, equals), word.substr(equals + 1));

@@ -18,8 +18,9 @@ struct HostOptions {
     int first = 0;        ///< Frames, both inclusive.
     int last = 0;
     std::string depth = kOfxBitDepthByte;
-    double scale = 1.0;  ///< Render scale.
-    std::string output;  ///< The folder for frames; empty for none.
+    double scale = 1.0;   ///< Render scale.
+    std::string output;   ///< The folder for frames; empty for none.
+    bool leaves = false;  ///< Whether the program exits with the instance alive and all loaded.
     std::vector<std::pair<std::string, std::string>> values;  ///< Names and values of parameters.
 };
 

@@ -10,11 +10,13 @@
 //     --depth D           byte, short or float
 //     --scale S           render scale, 1 without it
 //     --output FOLDER     the frames as FOLDER/N.pam
+//     --leave             exits after the last frame without destroying the instance or unloading
 // A value is a number, the label of a choice, R,G,B of a colour, or keys as FRAME:NUMBER,FRAME:...
 // The program prints a digest of each frame's bytes. Its last line begins with "end:"; its status
 // is 1 if a call failed or the plug-in did something that it must not do.
 
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <stdexcept>
 
@@ -91,6 +93,12 @@ InstanceSetup setupFor(HostOptions& options) {
     return setup;
 }
 
+/// Ends as applications do that unload nothing.
+[[noreturn]] void leave(bool good) {
+    std::printf("end: left with the plug-in loaded, status=%s\n", good ? "good" : "bad");
+    std::exit(good ? 0 : 1);
+}
+
 bool renderFrames(PlugIn& plugIn, HostOptions& options) {
     Instance instance(plugIn, setupFor(options));
     if (!isDone(instance.status())) throw std::runtime_error("the plug-in makes no instance");
@@ -109,6 +117,7 @@ bool renderFrames(PlugIn& plugIn, HostOptions& options) {
         writePam(std::filesystem::path(options.output) / (std::to_string(frame) + ".pam"),
                  result.output);
     }
+    if (options.leaves) leave(good);
     return good;
 }
 

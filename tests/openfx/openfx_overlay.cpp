@@ -7,10 +7,12 @@
 //     --drag X,Y,X2,Y2         presses the pen at a place of the picture and releases it at another
 //     --hold X,Y,X2,Y2         the same without the release
 //     --output FILE            the view as a PAM file
+//     --leave                  exits without destroying the overlay or unloading the plug-in
 // Values as in openfx_host. The program prints what the plug-in answers, the crop in the host after
 // each drag, and a digest of the view. Its last line begins with "end:".
 
 #include <cstdio>
+#include <cstdlib>
 #include <stdexcept>
 
 #include "runtime/headless_context.h"
@@ -40,6 +42,7 @@ struct Options {
     std::string bundle;
     std::string picture;
     std::string output;
+    bool leaves = false;  ///< Whether the program exits with the overlay alive and all loaded.
     std::vector<Drag> drags;
     std::vector<std::pair<std::string, std::string>> values;
 };
@@ -66,6 +69,8 @@ Options readOptions(int argc, char** argv) {
             options.output = argv[++i];
         } else if ((word == "--drag" || word == "--hold") && hasNext) {
             options.drags.push_back(dragOf(argv[++i], word == "--drag"));
+        } else if (word == "--leave") {
+            options.leaves = true;
         } else if (equals != word.npos) {
             options.values.emplace_back(word.substr(0, equals), word.substr(equals + 1));
         } else {
@@ -149,6 +154,12 @@ private:
     Interact overlay_;
 };
 
+/// Ends as applications do that unload nothing.
+[[noreturn]] void leave(bool good) {
+    std::printf("end: left with the overlay shown, status=%s\n", good ? "good" : "bad");
+    std::exit(good ? 0 : 1);
+}
+
 bool runViewer(const Options& options) {
     Binary binary(options.bundle);
     Host host;
@@ -167,6 +178,7 @@ bool runViewer(const Options& options) {
         const Raster view = viewer.pixels();
         std::printf("%s  view\n", ruvex::test::digestOf(view.bytes).c_str());
         if (!options.output.empty()) writePam(options.output, view);
+        if (options.leaves) leave(host.faults().empty());
     }
     plugIn.unload();
     for (const std::string& fault : host.faults()) std::printf("fault: %s\n", fault.c_str());
