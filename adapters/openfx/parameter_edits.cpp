@@ -77,8 +77,20 @@ private:
     EffectClock clock_;
 };
 
-void setOwn(const ParameterSet& set, Purpose purpose, int value) {
-    set.find(ownParameter(purpose).name).setWhole(value);
+/// Frame Width or Frame Height; 0 for the picture's.
+void setFrameSide(const Instance& instance, Purpose side, int pixels, double time) {
+    const DeclaredParameter& parameter = ownParameter(side);
+    if (instance.values().wholeAt(parameter, time) == pixels) return;
+    instance.parameters().find(parameter.name).setWhole(pixels);
+}
+
+/// The channel masks and the plug-in's own parameters, all of them whole numbers.
+void resetHostGroup(const ParameterSet& set) {
+    for (const DeclaredParameter& parameter : parameterList()) {
+        const bool button = parameter.kind == DeclaredKind::Button;
+        if (parameter.page != ParameterPage::Host || button) continue;
+        set.find(parameter.name).setWhole(static_cast<int>(parameter.defaults[0]));
+    }
 }
 
 }  // namespace
@@ -91,15 +103,15 @@ void applyLook(const Instance& instance, const looks::Look& look, double time) {
     const EditBlock block(set, "Preset: " + look.name);
     const auto changes = looks::lastChanges(look.changes);
     ChangeWriter(set, instance.clockAt(time)).write(changes, instance.values(), time);
-    if (look.projectSize) {
-        setOwn(set, Purpose::FrameWidth, look.projectSize->width);
-        setOwn(set, Purpose::FrameHeight, look.projectSize->height);
-    }
+    const looks::ProjectSize frame = look.projectSize.value_or(looks::ProjectSize{});
+    setFrameSide(instance, Purpose::FrameWidth, frame.width, time);
+    setFrameSide(instance, Purpose::FrameHeight, frame.height, time);
 }
 
 void resetPage(const Instance& instance, ParameterPage page, double time) {
     const ParameterSet set = instance.parameters();
     const EditBlock block(set, "Reset: " + std::string(groupLabel(page)));
+    if (page == ParameterPage::Host) return resetHostGroup(set);
     std::vector<looks::ParameterChange> changes;
     for (const ParameterValue& reset : resetValues(page)) {
         changes.emplace_back(looks::Setting{reset.id, reset.value});

@@ -124,6 +124,7 @@ void addOwn(std::vector<DeclaredParameter>& all) {
                             "The height, in pixels, of the frame that lengths refer to; 0 for the "
                             "picture's.",
                             kSides, kUsualSides));
+    all.push_back(resetButton(Page::Host));
 }
 
 /// A page's parameters in the order of the table, but the presets first.

@@ -111,6 +111,7 @@ constexpr ReleasedParameter kReleasedParameters[] = {
     {"firstFrame", Integer},
     {"frameWidth", Integer},
     {"frameHeight", Integer},
+    {"resetHost", Button},
 };
 
 TEST(OpenFxParameterList, IsTheReleasedOne) {
@@ -166,10 +167,11 @@ TEST(OpenFxParameterList, PresetsBeginWithTheTitle) {
     EXPECT_THAT(choices, testing::Contains("Tape Pause"));
 }
 
-TEST(OpenFxParameterList, EachPageWithResetValuesHasAButton) {
+TEST(OpenFxParameterList, EachPageWithResetValuesHasAButtonAndSoHasTheHostsGroup) {
     for (const ParameterPage page : groupPages()) {
         const DeclaredParameter* const button = findDeclared(resetName(page));
-        EXPECT_EQ(button != nullptr, !resetValues(page).empty()) << groupLabel(page);
+        const bool resets = !resetValues(page).empty() || page == ParameterPage::Host;
+        EXPECT_EQ(button != nullptr, resets) << groupLabel(page);
         EXPECT_TRUE(!button || button->page == page) << groupLabel(page);
     }
 }

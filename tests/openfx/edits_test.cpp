@@ -130,6 +130,43 @@ TEST(Edits, ResetSetsItsPageBackInOneStep) {
     EXPECT_THAT(changedBetween(before, statesOf(parameters)), IsEmpty());
 }
 
+TEST(Edits, AFrameOfALookIsNotKeptForTheNextLook) {
+    BuiltInstance built(noiseClip(16, 12));
+    ParameterSet& parameters = built.instance.parameters();
+    const auto frame = [&] {
+        return std::vector{parameters["frameWidth"].state().numbers.front(),
+                           parameters["frameHeight"].state().numbers.front()};
+    };
+    built.choosePreset("Lost Hold");
+    EXPECT_THAT(frame(), ElementsAre(960.0, 540.0));
+    built.choosePreset("Bad Colour TV");
+    EXPECT_THAT(frame(), ElementsAre(0.0, 0.0));
+    EXPECT_TRUE(built.instance.undo());
+    EXPECT_THAT(frame(), ElementsAre(960.0, 540.0));
+}
+
+TEST(Edits, ResetOfTheHostsGroupSetsMasksAndThePlugInsOwnParametersBack) {
+    BuiltInstance built(noiseClip(16, 12));
+    ParameterSet& parameters = built.instance.parameters();
+    built.choosePreset("Bad Colour TV");
+    const auto before = statesOf(parameters);
+    for (const char* mask : {"maskRed", "maskGreen", "maskBlue", "maskAlpha"}) {
+        built.instance.set(mask, 0.0);
+    }
+    built.instance.set("resultAlpha", 2.0);
+    for (const char* own : {"firstFrame", "frameWidth", "frameHeight"}) {
+        built.instance.set(own, 7.0);
+    }
+    const std::size_t steps = parameters.steps().size();
+    built.instance.press("resetHost");
+    EXPECT_THAT(changedBetween(before, statesOf(parameters)), IsEmpty());
+    ASSERT_EQ(parameters.steps().size(), steps + 1);
+    EXPECT_EQ(parameters.steps().back().name, "Reset: Host");
+    EXPECT_EQ(parameters["maskRed"].state().numbers, std::vector{1.0});
+    EXPECT_EQ(parameters["resultAlpha"].state().numbers, std::vector{0.0});
+    EXPECT_EQ(parameters["frameWidth"].state().numbers, std::vector{0.0});
+}
+
 TEST(Edits, ControlsAreShownAndEnabledByTheTypeOfTelevision) {
     BuiltInstance built(noiseClip(16, 12));
     ParameterSet& parameters = built.instance.parameters();
