@@ -23,11 +23,6 @@ HostAlpha outputAlpha(HostAlpha source, ResultAlpha result) {
     return becomesTransparent ? HostAlpha::Premultiplied : source;
 }
 
-void copyText(const Properties& from, const char* name, const Properties& to, const char* copy) {
-    const std::string text = from.getString(name);
-    if (!text.empty()) to.setString(copy, text);
-}
-
 }  // namespace
 
 OfxStatus regionOfDefinition(const Action& action) {
@@ -51,11 +46,6 @@ OfxStatus clipPreferences(const Action& action) {
     constexpr double kAnyTime = 0.0;
     const HostAlpha alpha = outputAlpha(alphaOf(clip, HostAlpha::Premultiplied),
                                         instance.values().resultAlphaAt(kAnyTime));
-    if (clip.getInt(kOfxImageClipPropConnected, 0) != 0) {
-        copyText(clip, kOfxImageEffectPropComponents, action.out,
-                 "OfxImageClipPropComponents_Output");
-        copyText(clip, kOfxImageEffectPropPixelDepth, action.out, "OfxImageClipPropDepth_Output");
-    }
     action.out.setString(kOfxImageEffectPropPreMultiplication, alphaText(alpha));
     action.out.setInt(kOfxImageEffectFrameVarying, 1);
     return kOfxStatOK;

@@ -12,8 +12,9 @@ OfxStatus regionOfDefinition(const Action& action);
 /// The whole source, for any part of the output.
 OfxStatus regionsOfInterest(const Action& action);
 
-/// The output has the components and the depth of the source, and changes from frame to frame. Its
-/// alpha has the form of the source's, unless Result Alpha says otherwise.
+/// The output changes from frame to frame, and its alpha has the form of the source's, unless Result
+/// Alpha says otherwise. Components and depth keep the host's defaults, which are the source's: what
+/// a clip's properties say of them during this action may be out of date.
 OfxStatus clipPreferences(const Action& action);
 
 }  // namespace ruvex::openfx

@@ -34,6 +34,19 @@ TEST(Queries, FramesVaryAndTheOutputIsLikeTheSource) {
     }
 }
 
+TEST(Queries, TheFormOfTheOutputIsTheHostsWhateverTheSourceSaysMeanwhile) {
+    const std::pair<const char*, const char*> stale[] = {
+        {kOfxImageComponentNone, kOfxBitDepthNone}, {kOfxImageComponentAlpha, kOfxBitDepthByte}};
+    for (const auto& [components, depth] : stale) {
+        BuiltInstance built(noiseClip(40, 30, {kOfxBitDepthShort, kOfxImageComponentRGB}));
+        built.instance.source().properties.set(kOfxImageEffectPropComponents, text(components));
+        built.instance.source().properties.set(kOfxImageEffectPropPixelDepth, text(depth));
+        const auto preferences = built.instance.clipPreferences();
+        EXPECT_EQ(preferences->text("OfxImageClipPropComponents_Output"), kOfxImageComponentRGB);
+        EXPECT_EQ(preferences->text("OfxImageClipPropDepth_Output"), kOfxBitDepthShort);
+    }
+}
+
 TEST(Queries, OnlyAPictureThatIsUnchangedMayBeCalledIdentity) {
     for (const char* look : {"Clean", "Bad Colour TV"}) {
         BuiltInstance built(noiseClip(40, 30));
