@@ -1,5 +1,6 @@
 #include "adapters/openfx/host_image.h"
 
+#include <cmath>
 #include <cstdlib>
 
 #include "adapters/openfx/failure.h"
@@ -47,6 +48,22 @@ void checkRows(std::ptrdiff_t rowBytes, const PixelRect& bounds, const PixelForm
     if (bounds.height() > 1 && std::abs(rowBytes) < row) refuse("with rows that overlap");
 }
 
+bool isSameScale(double ofImage, double ofRender) {
+    // Hosts round scales to two decimals, or to more.
+    constexpr double kRounding = 0.0051;
+    const bool known = std::isfinite(ofImage) && ofImage > 0.0;
+    return !known || std::abs(ofImage - ofRender) <= kRounding;
+}
+
+/// Some hosts give no scale, or 0.
+void checkScale(const Properties& image, OfxPointD ofRender) {
+    const auto ofImage = image.findPointD(kOfxImageEffectPropRenderScale);
+    if (!ofImage) return;
+    const PixelScale wanted = pixelScale(ofRender, 1.0);
+    if (isSameScale(ofImage->x, wanted.x) && isSameScale(ofImage->y, wanted.y)) return;
+    throw Failure(kOfxStatFailed, "the host gives an image at another scale than it renders");
+}
+
 template <class Byte>
 adapters::HostPicture<Byte> pictureOf(const Properties& image, HostAlpha alpha) {
     void* const data = image.getPointer(kOfxImagePropData);
@@ -72,7 +89,8 @@ HostImage::~HostImage() {
     if (exists()) host_.effect->clipReleaseImage(properties_.handle());
 }
 
-adapters::SourcePicture HostImage::source(HostAlpha alpha) const {
+adapters::SourcePicture HostImage::source(HostAlpha alpha, OfxPointD renderScale) const {
+    checkScale(properties_, renderScale);
     return pictureOf<const std::byte>(properties_, alpha);
 }
 

@@ -23,7 +23,9 @@ public:
     // alpha where the host does not say. Throws Failure with kOfxStatErrImageFormat for an image
     // that cannot be read: without data, with bounds that no picture has, with rows that overlap,
     // or with depths or components that the plug-in did not offer.
-    adapters::SourcePicture source(adapters::HostAlpha alpha) const;
+
+    /// Throws Failure with kOfxStatFailed, too, for an image at another scale than `renderScale`.
+    adapters::SourcePicture source(adapters::HostAlpha alpha, OfxPointD renderScale) const;
     adapters::TargetPicture target(adapters::HostAlpha alpha) const;
 
 private:

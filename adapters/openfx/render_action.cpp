@@ -53,7 +53,7 @@ private:
         FrameImages images{};
         HostAlpha alpha = sourceAlpha();
         if (input.exists()) {
-            images.source = input.source(alpha);
+            images.source = input.source(alpha, arguments_.scale);
             alpha = images.source->form.alpha;
         }
         images.target = output.target(alpha);
@@ -85,7 +85,8 @@ private:
         const EffectClock clock = instance_.clockAt(arguments_.time);
         adapters::FrameTask task = taskFor(images, clock);
         if (task.window.empty()) return kOfxStatOK;
-        TapeFrames others(instance_.host(), source_, clock, arguments_.time, sourceAlpha());
+        TapeFrames others(instance_.host(), source_, clock, arguments_.time, arguments_.scale,
+                          sourceAlpha());
         if (instance_.hasTemporalAccess()) task.others = &others;
         try {
             effectPool().withEffect([&](adapters::PictureEffect& effect) {

@@ -8,10 +8,11 @@
 namespace ruvex::openfx {
 namespace {
 
-std::optional<adapters::SourcePicture> readable(const HostImage& image, adapters::HostAlpha alpha) {
+std::optional<adapters::SourcePicture> readable(const HostImage& image, adapters::HostAlpha alpha,
+                                                OfxPointD renderScale) {
     if (!image.exists()) return {};
     try {
-        return image.source(alpha);
+        return image.source(alpha, renderScale);
     } catch (const Failure&) {
         return {};
     }
@@ -25,7 +26,7 @@ bool TapeFrames::pictureAt(double seconds,
     // Between two frames, in the second field, the frame at hand is the one before.
     if (time == std::floor(timeAtHand_)) return false;
     const HostImage image(host_, source_, time);
-    const auto picture = readable(image, alpha_);
+    const auto picture = readable(image, alpha_, renderScale_);
     if (picture) use(*picture);
     return picture.has_value();
 }

@@ -12,11 +12,16 @@ namespace ruvex::openfx {
 /// after the clip's frames means the nearest of them.
 class TapeFrames final : public adapters::OtherFrames {
 public:
-    /// `timeAtHand` is that of the frame that is rendered, `alpha` the form of alpha where the host
-    /// does not say.
+    /// `timeAtHand` and `renderScale` are those of the frame that is rendered, `alpha` is the form
+    /// of alpha where the host does not say.
     TapeFrames(const Host& host, const HostClip& source, const EffectClock& clock,
-               double timeAtHand, adapters::HostAlpha alpha)
-        : host_(host), source_(source), clock_(clock), timeAtHand_(timeAtHand), alpha_(alpha) {}
+               double timeAtHand, OfxPointD renderScale, adapters::HostAlpha alpha)
+        : host_(host),
+          source_(source),
+          clock_(clock),
+          timeAtHand_(timeAtHand),
+          renderScale_(renderScale),
+          alpha_(alpha) {}
 
     /// Also false if the host has no image, or one that cannot be read.
     bool pictureAt(double seconds,
@@ -27,6 +32,7 @@ private:
     const HostClip& source_;
     EffectClock clock_;
     double timeAtHand_;
+    OfxPointD renderScale_;
     adapters::HostAlpha alpha_;
 };
 

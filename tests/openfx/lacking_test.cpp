@@ -124,6 +124,32 @@ TEST(Lacking, WithoutASourcePictureNothingIsMadeUp) {
     }
 }
 
+/// A host whose images of the source say that they are at this scale.
+HostTraits hostWithSourceScale(double scale) {
+    HostTraits traits;
+    traits.tamper = [=](PropertySet& set) {
+        const bool source = set.text(kOfxImagePropUniqueIdentifier).starts_with("Source");
+        if (source) set.set(kOfxImageEffectPropRenderScale, reals({scale, scale}));
+    };
+    return traits;
+}
+
+TEST(Lacking, AnImageAtAnotherScaleIsRefused) {
+    const RenderResult result = renderedIn(hostWithSourceScale(0.5));
+    EXPECT_EQ(result.status, kOfxStatFailed);
+    const auto& bytes = result.output.bytes;
+    EXPECT_EQ(bytes, std::vector<std::byte>(bytes.size(), kUntouched));
+    BuiltInstance built(noiseClip(40, 30), hostWithSourceScale(0.25));
+    EXPECT_EQ(built.instance.render().status, kOfxStatFailed);
+}
+
+TEST(Lacking, AnImageWithARoundedScaleOrNoneIsRead) {
+    const Raster expected = usual();
+    for (const double scale : {0.996, 1.004, 0.0, -1.0, kNan, kInfinity}) {
+        EXPECT_EQ(renderedIn(hostWithSourceScale(scale)).output.bytes, expected.bytes) << scale;
+    }
+}
+
 TEST(Lacking, WithoutAnOutputTheRenderFails) {
     RenderArgs args;
     args.hasOutput = false;
