@@ -47,7 +47,7 @@ double shownAt(const Instance& instance, double time) {
 std::set<double> timesNeeded(const Instance& instance, double time) {
     constexpr double kHalfFrame = 0.5;
     std::set<double> times{shownAt(instance, time)};
-    const bool interlaced = instance.source().firstField().has_value();
+    const bool interlaced = instance.firstField().has_value();
     if (interlaced) times.insert(shownAt(instance, time + kHalfFrame));
     // Between two frames the picture at hand is taken for the one before.
     times.erase(std::floor(time));

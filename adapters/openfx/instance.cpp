@@ -41,6 +41,11 @@ bool Instance::hasTemporalAccess() const {
            source().hasTemporalAccess();
 }
 
+FirstField Instance::firstField() const {
+    const FirstField ofSource = source().firstField();
+    return ofSource ? ofSource : output().firstField();
+}
+
 double Instance::frameRate() const {
     for (const Properties& object : {source().properties(), properties()}) {
         const double rate = object.getDouble(kOfxImageEffectPropFrameRate, 0.0);

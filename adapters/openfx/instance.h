@@ -34,6 +34,8 @@ public:
     /// Whether the host wants the render to stop.
     bool aborted() const { return host_.effect->abort(effect_) != 0; }
 
+    /// The lines that come first in a frame: those of the source, or else of the output.
+    FirstField firstField() const;
     /// Frames per second: those of the source, or else of the project, or else kUsualRate.
     double frameRate() const;
     EffectClock clockAt(double time) const;

@@ -69,7 +69,7 @@ private:
     }
 
     adapters::FrameTask taskFor(const FrameImages& images, const EffectClock& clock) const {
-        const double time = fieldTime(arguments_.time, arguments_.lines, source_.firstField());
+        const double time = fieldTime(arguments_.time, arguments_.lines, instance_.firstField());
         const ParameterValues values = instance_.values();
         return {.project =
                     instance_.projectAt(arguments_.time, images.full.width(), images.full.height()),

@@ -72,6 +72,33 @@ TEST(Fields, AreThoseOfARenderWhetherTheHostGivesThemOneTimeOrTwo) {
     }
 }
 
+/// The field of frame 1 that comes second in an interlaced frame with the lower field first.
+std::vector<std::byte> upperField(BuiltInstance& built) {
+    RenderArgs args;
+    args.time = 1.0;
+    args.field = kOfxImageFieldUpper;
+    return fieldRows(built.instance.render(args).output, kOfxImageFieldUpper);
+}
+
+void setFieldOrder(BuiltInstance& built, const char* clip, const char* order) {
+    built.instance.effect().clip(clip)->properties.set(kOfxImageClipPropFieldOrder, text(order));
+}
+
+TEST(Fields, TheirOrderIsThatOfTheOutputIfTheSourceHasNone) {
+    const auto expected = upperField(*torn(interlaced(kOfxImageFieldLower)));
+    const auto built = torn(interlaced(kOfxImageFieldNone));
+    setFieldOrder(*built, kOfxImageEffectOutputClipName, kOfxImageFieldLower);
+    EXPECT_EQ(upperField(*built), expected);
+    setFieldOrder(*built, kOfxImageEffectOutputClipName, kOfxImageFieldUpper);
+    const auto first = upperField(*built);
+    EXPECT_NE(first, expected);
+    setFieldOrder(*built, kOfxImageEffectOutputClipName, kOfxImageFieldNone);
+    EXPECT_EQ(upperField(*built), first) << "without an order both fields have the frame's time";
+    setFieldOrder(*built, kOfxImageEffectSimpleSourceClipName, kOfxImageFieldLower);
+    setFieldOrder(*built, kOfxImageEffectOutputClipName, kOfxImageFieldUpper);
+    EXPECT_EQ(upperField(*built), expected) << "the source decides";
+}
+
 TEST(Fields, TheTwoOfAFrameDiffer) {
     const auto built = torn(interlaced(kOfxImageFieldLower));
     RenderArgs args;
