@@ -9,18 +9,10 @@ namespace ruvex::openfx {
 namespace {
 
 using adapters::HostAlpha;
-using adapters::ResultAlpha;
 
 std::optional<OfxRectD> regionFor(const Action& action) {
     const double time = action.in.getDouble(kOfxPropTime, 0.0);
     return Instance(action).regionAt(time);
-}
-
-/// The form of the output's alpha.
-HostAlpha outputAlpha(HostAlpha source, ResultAlpha result) {
-    if (result == ResultAlpha::Opaque) return HostAlpha::Opaque;
-    const bool becomesTransparent = result == ResultAlpha::Effect && source == HostAlpha::Opaque;
-    return becomesTransparent ? HostAlpha::Premultiplied : source;
 }
 
 }  // namespace
@@ -44,8 +36,8 @@ OfxStatus clipPreferences(const Action& action) {
     const HostClip source = instance.source();
     const Properties& clip = source.properties();
     constexpr double kAnyTime = 0.0;
-    const HostAlpha alpha = outputAlpha(alphaOf(clip, HostAlpha::Premultiplied),
-                                        instance.values().resultAlphaAt(kAnyTime));
+    const HostAlpha alpha = announcedAlpha(alphaOf(clip, HostAlpha::Premultiplied),
+                                           instance.values().resultAlphaAt(kAnyTime));
     action.out.setString(kOfxImageEffectPropPreMultiplication, alphaText(alpha));
     action.out.setInt(kOfxImageEffectFrameVarying, 1);
     return kOfxStatOK;

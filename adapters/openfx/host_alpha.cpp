@@ -3,6 +3,7 @@
 namespace ruvex::openfx {
 
 using adapters::HostAlpha;
+using adapters::ResultAlpha;
 
 HostAlpha alphaOf(const Properties& properties, HostAlpha fallback) {
     const std::string text = properties.getString(kOfxImageEffectPropPreMultiplication);
@@ -10,6 +11,12 @@ HostAlpha alphaOf(const Properties& properties, HostAlpha fallback) {
     if (text == kOfxImagePreMultiplied) return HostAlpha::Premultiplied;
     if (text == kOfxImageUnPreMultiplied) return HostAlpha::Straight;
     return fallback;
+}
+
+HostAlpha announcedAlpha(HostAlpha source, ResultAlpha result) {
+    if (result == ResultAlpha::Opaque) return HostAlpha::Opaque;
+    const bool becomesTransparent = result == ResultAlpha::Effect && source == HostAlpha::Opaque;
+    return becomesTransparent ? HostAlpha::Premultiplied : source;
 }
 
 const char* alphaText(HostAlpha alpha) {

@@ -49,6 +49,14 @@ private:
         return alphaOf(source_.properties(), HostAlpha::Premultiplied);
     }
 
+    /// The form of the output's alpha where its image does not say: that of the clip, or else what
+    /// the plug-in announces, or else that of the source's image.
+    HostAlpha outputAlpha(HostAlpha ofSourceImage) const {
+        const HostAlpha source = alphaOf(source_.properties(), ofSourceImage);
+        const auto result = instance_.values().resultAlphaAt(arguments_.time);
+        return alphaOf(instance_.output().properties(), announcedAlpha(source, result));
+    }
+
     FrameImages imagesOf(const HostImage& input, const HostImage& output) const {
         FrameImages images{};
         HostAlpha alpha = sourceAlpha();
@@ -56,7 +64,7 @@ private:
             images.source = input.source(alpha, arguments_.scale);
             alpha = images.source->form.alpha;
         }
-        images.target = output.target(alpha);
+        images.target = output.target(outputAlpha(alpha));
         const auto& bounds = images.source ? images.source->bounds : images.target.bounds;
         const KnownPicture picture{.region = instance_.regionAt(arguments_.time),
                                    .pixelAspect = source_.pixelAspect(),

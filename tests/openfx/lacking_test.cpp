@@ -150,6 +150,52 @@ TEST(Lacking, AnImageWithARoundedScaleOrNoneIsRead) {
     }
 }
 
+/// A host whose output images say this of their alpha.
+HostTraits hostWithOutputAlpha(const char* alpha) {
+    HostTraits traits;
+    traits.tamper = [=](PropertySet& set) {
+        const bool output = set.text(kOfxImagePropUniqueIdentifier).starts_with("output");
+        if (output) set.set(kOfxImageEffectPropPreMultiplication, text(alpha));
+    };
+    return traits;
+}
+
+/// A frame with the effect's alpha, of a source in the form `source` whose output clip has the form
+/// `clip` and whose output image has the form `image`; empty for a host that does not say.
+std::vector<std::byte> frameWithAlphas(const char* source, const char* clip, const char* image) {
+    ClipSetup setup = smallClip();
+    setup.format.premultiplication = source;
+    BuiltInstance built(setup, hostWithOutputAlpha(image));
+    built.choosePreset("Bad Colour TV");
+    built.instance.set("masterBreakup", 85.0);
+    built.instance.set("borderAlpha", 1.0);
+    built.instance.set("resultAlpha", 1.0);
+    built.instance.set("cropLeft", 30.0);
+    built.instance.set("blankCropped", 1.0);
+    built.instance.effect()
+        .clip(kOfxImageEffectOutputClipName)
+        ->properties.set(kOfxImageEffectPropPreMultiplication, text(clip));
+    RenderArgs args;
+    args.time = kLackingTime;
+    return built.instance.render(args).output.bytes;
+}
+
+TEST(Lacking, TheAlphaOfTheOutputIsTheImagesOrTheClipsOrTheAnnouncedOne) {
+    const char* const opaque = kOfxImageOpaque;
+    const char* const multiplied = kOfxImagePreMultiplied;
+    const char* const straight = kOfxImageUnPreMultiplied;
+    for (const char* form : {opaque, multiplied, straight}) {
+        const auto expected = frameWithAlphas(straight, straight, form);
+        EXPECT_EQ(frameWithAlphas(straight, multiplied, form), expected) << form;
+        EXPECT_EQ(frameWithAlphas(straight, form, ""), expected) << form;
+    }
+    // Announced: premultiplied, since the effect makes an opaque picture transparent.
+    EXPECT_EQ(frameWithAlphas(opaque, "", ""), frameWithAlphas(opaque, "", multiplied));
+    EXPECT_NE(frameWithAlphas(opaque, "", ""), frameWithAlphas(opaque, "", opaque));
+    EXPECT_EQ(frameWithAlphas(straight, "", ""), frameWithAlphas(straight, "", straight));
+    EXPECT_NE(frameWithAlphas(straight, "", ""), frameWithAlphas(straight, "", opaque));
+}
+
 TEST(Lacking, WithoutAnOutputTheRenderFails) {
     RenderArgs args;
     args.hasOutput = false;
