@@ -15,7 +15,7 @@ std::optional<PixelRect> regionAt(const KnownPicture& picture, OfxPointD scale) 
 
 int unscaled(int pixels, double scale) {
     const double full = std::round(pixels / scale);
-    return static_cast<int>(std::clamp(full, 1.0, static_cast<double>(kLongestSide)));
+    return static_cast<int>(std::clamp(full, 1.0, static_cast<double>(kGreatestCoordinate)));
 }
 
 }  // namespace

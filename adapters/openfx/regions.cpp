@@ -23,10 +23,6 @@ bool isCoordinate(int value) {
     return value >= -kGreatestCoordinate && value <= kGreatestCoordinate;
 }
 
-bool isPicture(const PixelRect& pixels) {
-    return !pixels.empty() && pixels.width() <= kLongestSide && pixels.height() <= kLongestSide;
-}
-
 }  // namespace
 
 double saneAspect(double pixelAspect) {
@@ -45,7 +41,7 @@ std::optional<PixelRect> pixelsOf(const OfxRectD& canonical, PixelScale scale) {
     const PixelRect pixels{
         static_cast<int>(std::floor(x1 + kMargin)), static_cast<int>(std::floor(y1 + kMargin)),
         static_cast<int>(std::ceil(x2 - kMargin)), static_cast<int>(std::ceil(y2 - kMargin))};
-    if (!isPicture(pixels)) return {};
+    if (pixels.empty()) return {};
     return pixels;
 }
 
@@ -57,7 +53,7 @@ std::optional<PixelRect> sanePixels(const OfxRectI& rectangle) {
     const auto [x1, y1, x2, y2] = rectangle;
     if (!isCoordinate(x1) || !isCoordinate(y1) || !isCoordinate(x2) || !isCoordinate(y2)) return {};
     const PixelRect pixels{x1, y1, x2, y2};
-    if (!isPicture(pixels)) return {};
+    if (pixels.empty()) return {};
     return pixels;
 }
 

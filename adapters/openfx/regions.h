@@ -9,8 +9,8 @@
 
 namespace ruvex::openfx {
 
-/// The longest side of a picture, and the greatest coordinate, in pixels.
-inline constexpr int kLongestSide = 65536;
+/// The greatest coordinate of a rectangle, in pixels. The effect renders pictures with sides up to
+/// looks::kLongestProjectSide.
 inline constexpr int kGreatestCoordinate = 1 << 24;
 
 /// The number of pixels in a unit of canonical coordinates, on each axis. A canonical unit is as
@@ -29,7 +29,7 @@ double saneAspect(double pixelAspect);
 
 /// The smallest rectangle of whole pixels around a canonical one; a hundredth of a pixel is taken
 /// for an error of rounding. Nothing for a rectangle that no picture has: an empty one, one with
-/// infinite or NaN sides, one that is longer than kLongestSide or beyond kGreatestCoordinate.
+/// infinite or NaN sides, one beyond kGreatestCoordinate.
 std::optional<adapters::PixelRect> pixelsOf(const OfxRectD& canonical, PixelScale scale);
 
 /// The canonical rectangle of some pixels.

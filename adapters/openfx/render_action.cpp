@@ -3,6 +3,7 @@
 #include <new>
 #include <optional>
 
+#include "adapters/common/render_session.h"
 #include "adapters/openfx/effect_pool.h"
 #include "adapters/openfx/failure.h"
 #include "adapters/openfx/host_alpha.h"
@@ -97,6 +98,8 @@ private:
                           sourceAlpha());
         if (instance_.hasTemporalAccess()) task.others = &others;
         try {
+            // The picture at hand may be a smaller one.
+            adapters::checkPictureSize(images.full.width(), images.full.height());
             effectPool().withEffect([&](adapters::PictureEffect& effect) {
                 effect.render(task, images.source ? &*images.source : nullptr, images.target);
             });

@@ -217,6 +217,24 @@ TEST(Lacking, TheHostMayStopARenderAtEachOfItsQueries) {
     EXPECT_EQ(built.instance.render(args).output.bytes, whole.output.bytes);
 }
 
+TEST(Lacking, APictureThatIsTooLargeIsCopiedAndTheUserIsTold) {
+    BuiltInstance built(noiseClip(70000, 2));
+    RenderArgs args;
+    args.time = kLackingTime;
+    RenderResult result = built.instance.render(args);
+    EXPECT_EQ(result.status, kOfxStatOK);
+    const auto& source = built.instance.source().setup();
+    EXPECT_EQ(result.output.bytes, source.picture(kLackingTime, args.scale)->bytes);
+    ASSERT_EQ(built.host.messages().size(), 1u);
+    EXPECT_THAT(built.host.messages()[0].text,
+                ::testing::HasSubstr("a picture of 70000x2 pixels is too large"));
+    args.scale = {0.5, 0.5};
+    result = built.instance.render(args);
+    EXPECT_EQ(result.status, kOfxStatOK);
+    EXPECT_EQ(result.output.bytes, source.picture(kLackingTime, args.scale)->bytes)
+        << "at each scale alike";
+}
+
 // A copy of the plug-in where its module is not.
 TEST(Lacking, WithoutItsModuleThePlugInCopiesTheSourceAndSaysSoOnce) {
     const files::TempFolder folder;
