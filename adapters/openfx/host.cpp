@@ -38,20 +38,25 @@ bool isComplete(const OfxParameterSuiteV1* suite) {
 }
 
 template <class Suite>
-const Suite* fetch(const OfxHost& host, const char* name) {
-    constexpr int kVersion = 1;
-    return static_cast<const Suite*>(host.fetchSuite(host.host, name, kVersion));
+const Suite* fetch(const OfxHost& host, const char* name, int version = 1) {
+    return static_cast<const Suite*>(host.fetchSuite(host.host, name, version));
+}
+
+/// The function that shows messages, which both versions of the suite have; null without either.
+auto messageFunction(const OfxHost& host) {
+    const auto* first = fetch<OfxMessageSuiteV1>(host, kOfxMessageSuite);
+    if (first && first->message) return first->message;
+    const auto* second = fetch<OfxMessageSuiteV2>(host, kOfxMessageSuite, 2);
+    return second ? second->message : nullptr;
 }
 
 Host suitesOf(const OfxHost& host) {
-    Host suites{.properties = host.host,
-                .property = fetch<OfxPropertySuiteV1>(host, kOfxPropertySuite),
-                .effect = fetch<OfxImageEffectSuiteV1>(host, kOfxImageEffectSuite),
-                .parameter = fetch<OfxParameterSuiteV1>(host, kOfxParameterSuite),
-                .message = fetch<OfxMessageSuiteV1>(host, kOfxMessageSuite),
-                .interact = fetch<OfxInteractSuiteV1>(host, kOfxInteractSuite)};
-    if (suites.message && !suites.message->message) suites.message = nullptr;
-    return suites;
+    return {.properties = host.host,
+            .property = fetch<OfxPropertySuiteV1>(host, kOfxPropertySuite),
+            .effect = fetch<OfxImageEffectSuiteV1>(host, kOfxImageEffectSuite),
+            .parameter = fetch<OfxParameterSuiteV1>(host, kOfxParameterSuite),
+            .message = messageFunction(host),
+            .interact = fetch<OfxInteractSuiteV1>(host, kOfxInteractSuite)};
 }
 
 }  // namespace

@@ -15,8 +15,8 @@ struct Host {
     const OfxPropertySuiteV1* property = nullptr;
     const OfxImageEffectSuiteV1* effect = nullptr;
     const OfxParameterSuiteV1* parameter = nullptr;
-    const OfxMessageSuiteV1* message = nullptr;    ///< Optional.
-    const OfxInteractSuiteV1* interact = nullptr;  ///< Optional.
+    decltype(OfxMessageSuiteV1::message) message = nullptr;  ///< Optional.
+    const OfxInteractSuiteV1* interact = nullptr;            ///< Optional.
 };
 
 /// Remembers the host for the next loadHost. May be called again, with another host or with null.

@@ -9,8 +9,7 @@ namespace {
 bool show(const Host& host, OfxImageEffectHandle effect, const std::string& sentence) {
     if (!host.message) return false;
     const std::string text = "V_Ruvex: " + files::printable(sentence);
-    const OfxStatus status =
-        host.message->message(effect, kOfxMessageWarning, "ruvex", "%s", text.c_str());
+    const OfxStatus status = host.message(effect, kOfxMessageWarning, "ruvex", "%s", text.c_str());
     return status == kOfxStatOK || status == kOfxStatReplyYes;
 }
 

@@ -235,6 +235,17 @@ TEST(Lacking, APictureThatIsTooLargeIsCopiedAndTheUserIsTold) {
         << "at each scale alike";
 }
 
+TEST(Lacking, OneVersionOfTheMessagesIsEnough) {
+    int width = 80000;  // Another one each time, since a sentence is shown once.
+    for (const char* missing : {"OfxMessageSuite 1", "OfxMessageSuite 2"}) {
+        HostTraits traits;
+        traits.missingSuites = {missing};
+        BuiltInstance built(noiseClip(++width, 2), traits);
+        EXPECT_EQ(built.instance.render().status, kOfxStatOK);
+        EXPECT_EQ(built.host.messages().size(), 1u) << "without " << missing;
+    }
+}
+
 // A copy of the plug-in where its module is not.
 TEST(Lacking, WithoutItsModuleThePlugInCopiesTheSourceAndSaysSoOnce) {
     const files::TempFolder folder;
