@@ -4,11 +4,11 @@
 //     openfx_host BUNDLE --size 320x240 --frames 0-9 [OPTIONS] [NAME=VALUE ...]
 //
 // BUNDLE is the folder of a bundle or an .ofx file. Options:
-//     --size WxH          of the test picture; without it nothing is rendered
-//     --picture FILE      a binary PPM file instead of the test picture, and its size
-//     --frames A-B        first and last frame; 0-0 without it
+//     --size WxH          of the test picture, sides up to 8192; without it nothing is rendered
+//     --picture FILE      a binary PPM file instead of the test picture, and its size; at scale 1
+//     --frames A-B        first and last frame, or A..B, such as -5..-1, or one; 0 without it
 //     --depth D           byte, short or float
-//     --scale S           render scale, 1 without it
+//     --scale S           render scale, above 0 and at most 1; 1 without it
 //     --output FOLDER     the frames as FOLDER/N.pam
 //     --leave             exits after the last frame without destroying the instance or unloading
 // A value is a number, the label of a choice, R,G,B of a colour, or keys as FRAME:NUMBER,FRAME:...

@@ -25,22 +25,37 @@ unsigned sampleOf(const std::string& depth, const std::byte* from) {
     return static_cast<unsigned>(std::lround(std::clamp(real, 0.0f, 1.0f) * kWhite16));
 }
 
-void requireGood(const std::ios& file, const std::filesystem::path& path) {
-    if (!file) throw std::runtime_error("cannot read or write " + path.string());
+/// Pixels of a side.
+constexpr int kLargestPpmSide = 8192;
+
+struct PpmSize {
+    int width = 0, height = 0;
+};
+
+/// Reads the head of a binary PPM file; the first sample follows.
+PpmSize readPpmHead(std::istream& file, const std::filesystem::path& path) {
+    std::string kind;
+    int white = 0;
+    PpmSize size;
+    file >> kind >> size.width >> size.height >> white;
+    file.get();
+    if (!file || kind != "P6" || white != 255) {
+        throw std::runtime_error(path.string() + " is no binary PPM file of 8 bits");
+    }
+    const auto isSide = [](int side) { return side >= 1 && side <= kLargestPpmSide; };
+    if (!isSide(size.width) || !isSide(size.height)) {
+        throw std::runtime_error(path.string() + " has a side that is not from 1 to " +
+                                 std::to_string(kLargestPpmSide) + " pixels");
+    }
+    return size;
 }
 
 }  // namespace
 
 Raster readPpm(const std::filesystem::path& path, const std::string& depth) {
     std::ifstream file(path, std::ios::binary);
-    std::string kind;
-    int width = 0, height = 0, white = 0;
-    file >> kind >> width >> height >> white;
-    file.get();
-    requireGood(file, path);
-    if (kind != "P6" || white != 255 || width < 1 || height < 1) {
-        throw std::runtime_error(path.string() + " is no binary PPM file of 8 bits");
-    }
+    if (!file) throw std::runtime_error("cannot open " + path.string());
+    const auto [width, height] = readPpmHead(file, path);
     Raster raster({0, 0, width, height}, {depth, kOfxImageComponentRGBA, kOfxImageOpaque});
     constexpr unsigned kFrom8To16 = 257;
     for (int y = height - 1; y >= 0; --y) {
@@ -51,7 +66,7 @@ Raster readPpm(const std::filesystem::path& path, const std::string& depth) {
                         to);
         }
     }
-    requireGood(file, path);
+    if (!file) throw std::runtime_error(path.string() + " ends too early");
     return raster;
 }
 
@@ -69,7 +84,7 @@ void writePam(const std::filesystem::path& path, const Raster& raster) {
             file.put(static_cast<char>(sample & 0xFF));
         }
     }
-    requireGood(file, path);
+    if (!file) throw std::runtime_error("cannot write " + path.string());
 }
 
 }  // namespace ruvex::ofxhost::test

@@ -8,8 +8,8 @@
 
 namespace ruvex::ofxhost::test {
 
-/// Reads a binary PPM file of 8 bits as opaque RGBA in a depth, from (0, 0). Throws
-/// std::runtime_error.
+/// Reads a binary PPM file of 8 bits, without comments and with sides of up to 8192 pixels, as
+/// opaque RGBA in a depth, from (0, 0). Throws std::runtime_error.
 Raster readPpm(const std::filesystem::path& file, const std::string& depth);
 
 /// Writes RGBA or RGB of 8 or 16 bits as PAM; the samples of floats are cut to 0 to 1 and written

@@ -23,21 +23,40 @@ std::vector<std::string> splitAt(const std::string& text, char separator) {
     return parts;
 }
 
+namespace {
+
+/// The index of a label, or of a number that is an index.
+double choiceOf(const std::string& name, const std::string& value,
+                const std::vector<std::string>& labels) {
+    std::string list;
+    for (std::size_t i = 0; i < labels.size(); ++i) {
+        if (labels[i] == value || std::to_string(i) == value) return static_cast<double>(i);
+        list += (list.empty() ? "" : ", ") + labels[i];
+    }
+    throw std::runtime_error("no such choice of " + name + ": " + value + "; there are " + list);
+}
+
+std::vector<Key> keysOf(const std::string& value) {
+    std::vector<Key> keys;
+    for (const std::string& part : splitAt(value, ',')) {
+        const auto colon = part.find(':');
+        if (colon == part.npos) throw std::runtime_error("not a key as FRAME:NUMBER: " + part);
+        keys.push_back({numberOf(part.substr(0, colon)), {numberOf(part.substr(colon + 1))}});
+    }
+    return keys;
+}
+
+}  // namespace
+
 void setValue(Instance& instance, const std::string& name, const std::string& value) {
     Parameter* parameter = instance.parameters().find(name);
     if (!parameter) throw std::runtime_error("no parameter " + name);
     const auto labels = parameter->properties.texts(kOfxParamPropChoiceOption);
-    for (std::size_t i = 0; i < labels.size(); ++i) {
-        if (labels[i] == value) return instance.set(name, static_cast<double>(i));
+    const bool hasKeys = value.find(':') != value.npos;
+    if (!labels.empty() && !(hasKeys && parameter->animates())) {
+        return instance.set(name, choiceOf(name, value, labels));
     }
-    if (value.find(':') != value.npos) {
-        std::vector<Key> keys;
-        for (const std::string& part : splitAt(value, ',')) {
-            const auto colon = part.find(':');
-            keys.push_back({numberOf(part.substr(0, colon)), {numberOf(part.substr(colon + 1))}});
-        }
-        return instance.setKeys(name, keys);
-    }
+    if (hasKeys) return instance.setKeys(name, keysOf(value));
     std::vector<double> numbers;
     for (const std::string& part : splitAt(value, ',')) numbers.push_back(numberOf(part));
     if (numbers.size() != parameter->state().numbers.size()) {

@@ -15,7 +15,8 @@ double numberOf(const std::string& text);
 std::vector<std::string> splitAt(const std::string& text, char separator);
 
 /// Sets a parameter as a user of the application does. The value is a number, the label of a
-/// choice, R,G,B of a colour, or keys as FRAME:NUMBER,FRAME:... Throws std::runtime_error.
+/// choice or its index, R,G,B of a colour, or keys as FRAME:NUMBER,FRAME:... Throws
+/// std::runtime_error.
 void setValue(Instance& instance, const std::string& name, const std::string& value);
 
 }  // namespace ruvex::ofxhost::test
