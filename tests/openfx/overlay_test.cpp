@@ -43,9 +43,10 @@ protected:
     OfxStatus draw() { return draw(overlay_); }
 
     /// Whether the left line, yellow unless it is dragged, is drawn at this place.
-    bool leftLineAt(double x) const {
-        const int column = static_cast<int>(x - overlay_.view.corner.x);
-        const int row = static_cast<int>(kMiddle - overlay_.view.corner.y);
+    bool leftLineAt(double x) const { return leftLineAt(overlay_, {x, kMiddle}); }
+    bool leftLineAt(const Interact& interact, const OfxPointD& point) const {
+        const int column = static_cast<int>(point.x - interact.view.corner.x);
+        const int row = static_cast<int>(point.y - interact.view.corner.y);
         for (int near = column - 1; near <= column + 1; ++near) {
             unsigned char pixel[4] = {};
             gl().glReadPixels(near, row, 1, 1, GL_RGBA, GL_UNSIGNED_BYTE, pixel);
@@ -197,6 +198,31 @@ TEST_F(OverlayTest, SeveralEffectsAndViewersTakeTurns) {
     EXPECT_NEAR(crop("cropLeft"), 30.0, 1e-3);
     EXPECT_EQ(other.instance.parameters()["cropLeft"].numbersAt(0).at(0), 10.0);
     EXPECT_EQ(draw(second), kOfxStatOK);
+}
+
+/// A picture of 100 wide pixels on each line, somewhere.
+TEST_F(OverlayTest, APictureOfWidePixelsMayBeginAnywhere) {
+    constexpr double kLeft = 30.0, kBottom = -20.0, kAcross = 60.0;
+    ClipSetup clip = noiseClip(kPictureWidth / 2, kPictureHeight);
+    clip.pixelAspect = 2.0;
+    clip.regionOfDefinition =
+        OfxRectD{kLeft, kBottom, kLeft + kPictureWidth, kBottom + kPictureHeight};
+    BuiltInstance other(clip);
+    other.instance.set("cropLeft", 25.0);
+    Interact second(other.instance, {.viewportSize = {kViewWidth, kViewHeight},
+                                     .corner = {kLeft - 20.0, kBottom - 20.0}});
+    EXPECT_EQ(draw(second), kOfxStatOK);
+    EXPECT_TRUE(leftLineAt(second, {kLeft + 50.0, kAcross}));
+    EXPECT_FALSE(leftLineAt(second, {50.0, kAcross}));
+    EXPECT_FALSE(leftLineAt(second, {kLeft + 25.0, kAcross}));
+    EXPECT_FALSE(leftLineAt(second, {kLeft + 50.0, kBottom - 10.0}));
+
+    EXPECT_EQ(second.pen(kOfxInteractActionPenDown, {kLeft + 25.0, kAcross}), kOfxStatReplyDefault);
+    EXPECT_EQ(second.pen(kOfxInteractActionPenDown, {kLeft + 50.0, kAcross}), kOfxStatOK);
+    EXPECT_EQ(second.pen(kOfxInteractActionPenUp, {kLeft + 90.0, kAcross}), kOfxStatOK);
+    EXPECT_NEAR(other.instance.parameters()["cropLeft"].numbersAt(0).at(0), 45.0, 1e-3);
+    EXPECT_EQ(draw(second), kOfxStatOK);
+    EXPECT_TRUE(leftLineAt(second, {kLeft + 90.0, kAcross}));
 }
 
 TEST_F(OverlayTest, AnOverlayThatIsDestroyedDuringADragChangesNothing) {
