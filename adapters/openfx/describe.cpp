@@ -1,5 +1,7 @@
 #include "adapters/openfx/describe.h"
 
+#include <span>
+
 #include "adapters/openfx/declare_parameters.h"
 #include "adapters/openfx/failure.h"
 #include "adapters/openfx/overlay_entry.h"
@@ -13,16 +15,26 @@ constexpr const char* kDepths[] = {kOfxBitDepthByte, kOfxBitDepthShort, kOfxBitD
 constexpr const char* kComponents[] = {kOfxImageComponentRGBA, kOfxImageComponentRGB,
                                        kOfxImageComponentAlpha};
 
-template <std::size_t Count>
-void requireStrings(const Properties& properties, const char* name,
-                    const char* const (&values)[Count]) {
-    for (std::size_t i = 0; i < Count; ++i) {
-        properties.requireString(name, values[i], static_cast<int>(i));
+/// Sets those of the values that the host takes, one after the other. Throws Failure with
+/// kOfxStatErrMissingHostFeature if it takes none of them.
+void setList(const Properties& properties, const char* name, std::span<const char* const> values) {
+    int count = 0;
+    for (const char* value : values) {
+        if (properties.setString(name, value, count)) ++count;
     }
+    if (count > 0) return;
+    throw Failure(kOfxStatErrMissingHostFeature, std::string("the host refuses ") + name);
+}
+
+/// The same for a list of which the host has to take the first value.
+void setListWithFirst(const Properties& properties, const char* name,
+                      std::span<const char* const> values) {
+    properties.requireString(name, values.front());
+    setList(properties, name, values);
 }
 
 void setLabels(const Properties& effect) {
-    effect.requireString(kOfxPropLabel, "V_Ruvex");
+    effect.setString(kOfxPropLabel, "V_Ruvex");
     effect.setString(kOfxPropShortLabel, "V_Ruvex");
     effect.setString(kOfxPropLongLabel, "V_Ruvex Faulty Television");
     effect.setString(kOfxImageEffectPluginPropGrouping, "Television");
@@ -55,7 +67,7 @@ Properties defineClip(const Action& action, const char* name) {
                       std::string("the host refuses the clip ") + name);
     }
     const Properties clip(action.host, handle);
-    requireStrings(clip, kOfxImageEffectPropSupportedComponents, kComponents);
+    setListWithFirst(clip, kOfxImageEffectPropSupportedComponents, kComponents);
     clip.setInt(kOfxImageEffectPropSupportsTiles, 0);
     return clip;
 }
@@ -65,8 +77,8 @@ Properties defineClip(const Action& action, const char* name) {
 OfxStatus describe(const Action& action) {
     const Properties effect = propertiesOf(action.host, action.effect);
     setLabels(effect);
-    requireStrings(effect, kOfxImageEffectPropSupportedContexts, kContexts);
-    requireStrings(effect, kOfxImageEffectPropSupportedPixelDepths, kDepths);
+    setListWithFirst(effect, kOfxImageEffectPropSupportedContexts, kContexts);
+    setList(effect, kOfxImageEffectPropSupportedPixelDepths, kDepths);
     setAbilities(effect);
     declareOverlay(action.host, effect);
     return kOfxStatOK;

@@ -189,7 +189,7 @@ TEST(Describe, PropertiesThatAHostRefusesAreLeftOut) {
          complete.plugIn.description(kOfxImageEffectContextFilter)->parameters.all()) {
         for (const auto& [name, property] : parameter->properties.all()) names.insert(name);
     }
-    const std::set<std::string> needed = {kOfxPropLabel, kOfxImageEffectPropSupportedContexts,
+    const std::set<std::string> needed = {kOfxImageEffectPropSupportedContexts,
                                           kOfxImageEffectPropSupportedPixelDepths,
                                           kOfxParamPropChoiceOption};
     for (const std::string& name : names) {

@@ -9,6 +9,7 @@ namespace ruvex::ofxhost::test {
 namespace {
 
 using ::testing::AnyOf;
+using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
 constexpr double kLackingTime = 2.0;
@@ -122,6 +123,38 @@ TEST(Lacking, WithoutASourcePictureNothingIsMadeUp) {
     } else {
         EXPECT_EQ(result.status, kOfxStatFailed);
     }
+}
+
+/// A host that refuses a property from call `first` on, up to but without call `end`.
+HostTraits hostThatRefuses(const char* property, int first, int end) {
+    HostTraits traits;
+    traits.intercept = [=, calls = std::make_shared<int>(0)](const HostCall& call) {
+        if (call.function != "propSet" || call.name != property) return kOfxStatOK;
+        const int index = (*calls)++;
+        return index >= first && index < end ? kOfxStatErrValue : kOfxStatOK;
+    };
+    return traits;
+}
+
+TEST(Lacking, TheContextFilterOneDepthAndRgbaAreEnough) {
+    constexpr int kAll = 1000;
+    const char* const contexts = kOfxImageEffectPropSupportedContexts;
+    const char* const depths = kOfxImageEffectPropSupportedPixelDepths;
+    const char* const components = kOfxImageEffectPropSupportedComponents;
+    const auto prepared = [](const HostTraits& traits) { return BuiltPlugIn(traits).prepared; };
+    EXPECT_EQ(prepared(hostThatRefuses(contexts, 0, 1)), kOfxStatErrMissingHostFeature);
+    EXPECT_EQ(prepared(hostThatRefuses(components, 0, 1)), kOfxStatErrMissingHostFeature);
+    EXPECT_EQ(prepared(hostThatRefuses(depths, 0, kAll)), kOfxStatErrMissingHostFeature);
+    const BuiltPlugIn noByte(hostThatRefuses(depths, 0, 1));
+    EXPECT_EQ(noByte.prepared, kOfxStatOK);
+    EXPECT_THAT(noByte.plugIn.description()->properties.texts(depths),
+                ElementsAre(kOfxBitDepthShort, kOfxBitDepthFloat));
+    // The first one is set twice.
+    const BuiltPlugIn filterAlone(hostThatRefuses(contexts, 2, kAll));
+    EXPECT_EQ(filterAlone.prepared, kOfxStatOK);
+    EXPECT_THAT(filterAlone.plugIn.description()->properties.texts(contexts),
+                ElementsAre(kOfxImageEffectContextFilter));
+    EXPECT_EQ(prepared(hostThatRefuses(kOfxPropLabel, 0, kAll)), kOfxStatOK);
 }
 
 /// A host whose images of the source say that they are at this scale.
