@@ -1,7 +1,9 @@
 #include "adapters/openfx/curve_sampling.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
+#include <cstdint>
 #include <span>
 
 #include "adapters/openfx/point_merging.h"
@@ -9,8 +11,9 @@
 namespace ruvex::openfx {
 namespace {
 
-/// The most points of one segment. In a longer one only every second, third, ... frame is read.
-constexpr double kMostPoints = 16384.0;
+/// So many frames of a segment are read one by one; after that, every second up to twice this
+/// number, then every fourth up to four times, and so on.
+constexpr double kEveryFrame = 16384.0;
 
 /// The part of a curve between two frames: keys of the host, or an end of what is sampled.
 class Segment {
@@ -34,15 +37,26 @@ public:
 
 private:
     /// Reads whole frames from `from` to `to`, and these two where they are within the segment. If
-    /// there is none, the middle is read, which tells a step from a slope.
+    /// there is none, the middle is read, which tells a step from a slope. Where not every frame is
+    /// read, the last one is not before `to`: the points that are read do not depend on it.
     void readBetween(double from, double to) {
         constexpr double kMiddle = 0.5;
         if (from > begin_.frame) read(from);
-        const double firstFrame = std::floor(from) + 1.0;
-        const double step = std::max(1.0, std::ceil((to - firstFrame) / kMostPoints));
-        for (double frame = firstFrame; frame < to; frame += step) read(frame);
-        if (to < end_.frame && to > from) read(to);
+        double step = 1.0;
+        double frame = std::floor(from) + 1.0;
+        for (; frame < to; frame += step) {
+            read(frame);
+            step = stepAfter(frame - from);
+        }
+        const double last = step == 1.0 ? to : frame;
+        if (last < end_.frame && last > from) read(last);
         if (between_.empty()) read(begin_.frame + (end_.frame - begin_.frame) * kMiddle);
+    }
+
+    /// The distance of the next frame that is read, in frames.
+    static double stepAfter(double framesBefore) {
+        const auto quotient = static_cast<std::uint64_t>(framesBefore / kEveryFrame);
+        return quotient == 0 ? 1.0 : 2.0 * static_cast<double>(std::bit_floor(quotient));
     }
 
     void read(double frame) { between_.push_back({frame, curve_.valueAt(frame)}); }

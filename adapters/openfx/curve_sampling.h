@@ -34,6 +34,12 @@ struct FrameKey {
 /// first and after the last key, and everywhere in a curve without keys, the same is done from
 /// `first` to `last`. Values that differ by rounding of floats count as equal.
 ///
+/// From 16384 frames between two keys on, counted from `first` or from a key after it, only every
+/// second frame is read, then every fourth from twice that number on, and so on; values between
+/// them are interpolated. The frames that are read do not depend on `last`, so that values at
+/// earlier frames do not change as it moves on; but where no key follows, the values since the last
+/// frame that was read do.
+///
 /// One key means a constant.
 std::vector<FrameKey> sampleCurve(const HostCurve& curve, const std::vector<double>& keyFrames,
                                   double first, double last);
