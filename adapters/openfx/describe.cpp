@@ -41,7 +41,7 @@ void setLabels(const Properties& effect) {
     effect.setString(kOfxPropPluginDescription, "Makes the picture look like faulty television");
 }
 
-/// Hosts know fewer or more of these; one that is refused keeps the host's default.
+/// All of these are optional: a property that the host refuses keeps the host's default.
 void setAbilities(const Properties& effect) {
     effect.setString(kOfxImageEffectPluginRenderThreadSafety, kOfxImageEffectRenderFullySafe);
     // The effect runs threads of its own, on which its pictures must not depend.

@@ -9,7 +9,8 @@
 
 namespace ruvex::openfx {
 
-/// A clip that the host does not have is as one that is not connected.
+/// If the host does not have the clip, its handle is null, its properties have default values and
+/// it has no region of definition.
 class HostClip {
 public:
     HostClip(const Host& host, OfxImageEffectHandle effect, const char* name);

@@ -45,7 +45,7 @@ struct OfxRectD {
     double x1, y1, x2, y2;
 };
 
-/// Sides of a rectangle without an end.
+/// The coordinates of a rectangle that is infinite: its low sides and its high ones.
 inline constexpr int kOfxFlagInfiniteMin = -2147483647 - 1;
 inline constexpr int kOfxFlagInfiniteMax = 2147483647;
 

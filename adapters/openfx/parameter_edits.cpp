@@ -17,7 +17,8 @@ class ChangeWriter {
 public:
     ChangeWriter(const ParameterSet& set, const EffectClock& clock) : set_(set), clock_(clock) {}
 
-    /// The value that a channel of a colour keeps if it is not among the changes.
+    /// Writes the parameters that `changes` name. Where they name only some channels of a colour,
+    /// the others keep their value at `time`, from `values`.
     void write(std::span<const looks::ParameterChange> changes, const ParameterValues& values,
                double time) const {
         for (const DeclaredParameter& parameter : parameterList()) {

@@ -21,8 +21,8 @@ constexpr Page kGroupPages[] = {Page::Main,     Page::Guns,  Page::Breakup1,
                                 Page::Cropping, Page::Help,  Page::Host};
 constexpr int kUsualDecimals = 2;
 
-/// Whether the host shows the row. Of a colour only the red channel stands for all; of the rows
-/// that no render reads, two are for the pages.
+/// Whether a parameter is declared for the row. A colour is one parameter, declared for its red
+/// channel. Of the rows that no render reads, the host gets the presets and Hide Overlay Controls.
 bool isDeclared(const ParameterRow& row) {
     if (adapters::isColourChannel(row)) return adapters::beginsColour(row);
     return row.rendered || row.id == Id::Presets || row.id == Id::HideOverlayControls;

@@ -15,24 +15,33 @@ char upperCase(char c) {
     return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
 }
 
-/// The number of a page's title in the module's strings. The title of the main page is the name of
-/// the effect, and the host's group has no page.
+// The numbers of the pages' titles in the module's strings.
+constexpr int kGunsTitle = 5;
+constexpr int kBreakup1Title = 7;
+constexpr int kBreakup2Title = 9;
+constexpr int kShashTitle = 11;
+constexpr int kEffectsTitle = 13;
+constexpr int kHelpTitle = 15;
+constexpr int kCroppingTitle = 4996;
+
+/// The number of a page's title. The title of the main page is the name of the effect, and the
+/// host's group has no page.
 int titleString(ParameterPage page) {
     switch (page) {
         case ParameterPage::Guns:
-            return 5;
+            return kGunsTitle;
         case ParameterPage::Breakup1:
-            return 7;
+            return kBreakup1Title;
         case ParameterPage::Breakup2:
-            return 9;
+            return kBreakup2Title;
         case ParameterPage::Shash:
-            return 11;
+            return kShashTitle;
         case ParameterPage::Effects:
-            return 13;
+            return kEffectsTitle;
         case ParameterPage::Help:
-            return 15;
+            return kHelpTitle;
         default:
-            return 4996;
+            return kCroppingTitle;
     }
 }
 
