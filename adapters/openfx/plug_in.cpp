@@ -69,14 +69,19 @@ OfxStatus perform(Handler& handler, const void* handle, OfxPropertySetHandle in,
     return handler({*host, effect, {*host, in}, {*host, out}});
 }
 
+/// Some hosts load once more than they unload, and render in between.
+void unload() {
+    unloadHost();
+    if (currentHost()) return effectPool().clear();
+    closeCropBox();
+    closeEffectPool();
+}
+
 OfxStatus dispatch(std::string_view name, const void* handle, OfxPropertySetHandle in,
                    OfxPropertySetHandle out) {
     if (name == kOfxActionLoad) return loadHost();
-    if (name == kOfxActionUnload || name == kOfxActionPurgeCaches) effectPool().clear();
-    if (name == kOfxActionUnload) {
-        closeCropBox();
-        unloadHost();
-    }
+    if (name == kOfxActionPurgeCaches) effectPool().clear();
+    if (name == kOfxActionUnload) unload();
     if (needsNoHandler(name)) return kOfxStatOK;
     Handler* const handler = handlerOf(name);
     return handler ? perform(*handler, handle, in, out) : kOfxStatReplyDefault;

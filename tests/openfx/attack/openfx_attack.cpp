@@ -43,7 +43,7 @@ int attackPlugIn(const std::string& file, long calls, std::uint32_t seed) {
     attack(0);
     for (std::thread& thread : threads) thread.join();
     for (attack::Slot& slot : target.slots) slot.clear();
-    target.plugIn.unload();
+    target.plugIn.unloadAll();
     const bool faulty = target.faulty();
     if (faulty) {
         for (const std::string& fault : target.host.faults()) std::printf("%s\n", fault.c_str());

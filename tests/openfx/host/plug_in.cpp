@@ -1,5 +1,6 @@
 #include "tests/openfx/host/plug_in.h"
 
+#include <algorithm>
 #include <exception>
 
 namespace ruvex::ofxhost {
@@ -20,6 +21,21 @@ OfxStatus PlugIn::call(const char* action, const void* handle, ActionSets sets) 
         host_.fault(std::string("an exception left ") + action);
     }
     return kOfxStatErrFatal;
+}
+
+OfxStatus PlugIn::load() {
+    const OfxStatus status = call(kOfxActionLoad, nullptr);
+    if (isDone(status)) ++loads_;
+    return status;
+}
+
+OfxStatus PlugIn::unload() {
+    loads_ = std::max(0, loads_ - 1);
+    return call(kOfxActionUnload, nullptr);
+}
+
+void PlugIn::unloadAll() {
+    while (loads_ > 0) unload();
 }
 
 OfxStatus PlugIn::describe() {

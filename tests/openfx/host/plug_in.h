@@ -31,8 +31,10 @@ public:
     /// Calls the main entry and remembers as a fault if an exception leaves it.
     OfxStatus call(const char* action, const void* handle, ActionSets sets = {});
 
-    OfxStatus load() { return call(kOfxActionLoad, nullptr); }
-    OfxStatus unload() { return call(kOfxActionUnload, nullptr); }
+    OfxStatus load();
+    OfxStatus unload();
+    /// Unloads as often as the plug-in was loaded.
+    void unloadAll();
     /// Describes into a new description, which replaces the one before if the plug-in succeeds.
     OfxStatus describe();
     /// The same for a context; describe() comes first.
@@ -50,6 +52,7 @@ private:
     Host& host_;
     OfxPlugin& ofx_;
     std::string file_;
+    int loads_ = 0;  ///< That were not followed by an unload.
     std::unique_ptr<Effect> description_;
     std::map<std::string, std::unique_ptr<Effect>> contexts_;
 };
