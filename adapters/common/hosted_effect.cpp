@@ -19,14 +19,6 @@ ComPtr<CDSMemoryImage> imageOf(const runtime::Project& project, const SourceRows
     return image;
 }
 
-/// Prints without throwing: there may be no memory for it.
-void report(const char* sentence) noexcept {
-    try {
-        printOnce(sentence);
-    } catch (...) {
-    }
-}
-
 }  // namespace
 
 /// Serves the picture at hand for every time.
@@ -48,9 +40,9 @@ bool HostedEffect::render(const FrameRequest& request, const SourceRows& source,
         renderOrThrow(request, source, target);
         return true;
     } catch (const std::exception& error) {
-        report(error.what());
+        reportOnce(error.what());
     } catch (...) {
-        report("the frame cannot be rendered");
+        reportOnce("the frame cannot be rendered");
     }
     copyPicture(source, target);
     return false;

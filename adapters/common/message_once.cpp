@@ -24,4 +24,11 @@ void printOnce(const std::string& sentence) {
     if (isFirstTime(sentence)) printSentence(sentence);
 }
 
+void reportOnce(const char* sentence) noexcept {
+    try {
+        printOnce(sentence);
+    } catch (...) {
+    }
+}
+
 }  // namespace ruvex::adapters

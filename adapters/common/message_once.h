@@ -15,5 +15,7 @@ void printSentence(const std::string& sentence);
 
 /// Prints the sentence if it is its first time.
 void printOnce(const std::string& sentence);
+/// The same without throwing: there may be no memory for it.
+void reportOnce(const char* sentence) noexcept;
 
 }  // namespace ruvex::adapters

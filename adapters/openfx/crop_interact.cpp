@@ -1,14 +1,13 @@
 #include "adapters/openfx/crop_interact.h"
 
-#include <cstddef>
 #include <memory>
 #include <mutex>
-#include <new>
 #include <set>
 #include <thread>
 #include <utility>
 
 #include "adapters/openfx/instance.h"
+#include "adapters/openfx/never_destroyed.h"
 
 namespace ruvex::openfx {
 namespace {
@@ -23,11 +22,8 @@ struct SharedBox {
     Crop dragged{};                           ///< At the begin of the drag.
 };
 
-/// Never destroyed: hosts may end without destroying their overlays.
 SharedBox& shared() {
-    alignas(SharedBox) static std::byte storage[sizeof(SharedBox)];
-    static SharedBox* const only = new (storage) SharedBox;
-    return *only;
+    return neverDestroyed<SharedBox>();
 }
 
 OfxImageEffectHandle effectOf(const InteractAction& action) {

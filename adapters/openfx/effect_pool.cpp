@@ -1,9 +1,9 @@
 #include "adapters/openfx/effect_pool.h"
 
-#include <cstddef>
 #include <memory>
 #include <mutex>
-#include <new>
+
+#include "adapters/openfx/never_destroyed.h"
 
 namespace ruvex::openfx {
 namespace {
@@ -13,12 +13,8 @@ struct SharedPool {
     std::unique_ptr<adapters::PictureEffectPool> pool;
 };
 
-/// Never destroyed: a host that ends without unloading the plug-in has destroyed what effects need
-/// by then.
 SharedPool& sharedPool() {
-    alignas(SharedPool) static std::byte storage[sizeof(SharedPool)];
-    static SharedPool* const only = new (storage) SharedPool;
-    return *only;
+    return neverDestroyed<SharedPool>();
 }
 
 }  // namespace

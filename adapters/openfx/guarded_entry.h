@@ -10,14 +10,6 @@
 
 namespace ruvex::openfx {
 
-/// Prints without throwing: there may be no memory for it.
-inline void reportFailure(const char* sentence) noexcept {
-    try {
-        adapters::printOnce(sentence);
-    } catch (...) {
-    }
-}
-
 /// Calls `perform`, whose status is the answer to the host's action; a failure becomes a message
 /// and a status. kOfxStatErrValue without calling it if the action has no name (null).
 template <class Perform>
@@ -28,12 +20,12 @@ OfxStatus guardedEntry(const char* action, Perform perform) noexcept {
     } catch (const std::bad_alloc&) {
         return kOfxStatErrMemory;
     } catch (const Failure& failure) {
-        reportFailure(failure.what());
+        adapters::reportOnce(failure.what());
         return failure.status();
     } catch (const std::exception& error) {
-        reportFailure(error.what());
+        adapters::reportOnce(error.what());
     } catch (...) {
-        reportFailure("an action of the host failed");
+        adapters::reportOnce("an action of the host failed");
     }
     return kOfxStatFailed;
 }

@@ -50,12 +50,9 @@ Handler* handlerOf(std::string_view name) {
 /// Actions that need no more than this answer. There is no state between frames: a sequence begins
 /// and ends with nothing to do, and there is none to store.
 bool needsNoHandler(std::string_view name) {
-    constexpr std::string_view kNames[] = {kOfxActionUnload,
-                                           kOfxActionPurgeCaches,
-                                           kOfxActionSyncPrivateData,
-                                           kOfxActionBeginInstanceChanged,
-                                           kOfxImageEffectActionBeginSequenceRender,
-                                           kOfxImageEffectActionEndSequenceRender};
+    constexpr std::string_view kNames[] = {
+        kOfxActionSyncPrivateData, kOfxActionBeginInstanceChanged,
+        kOfxImageEffectActionBeginSequenceRender, kOfxImageEffectActionEndSequenceRender};
     return std::ranges::find(kNames, name) != std::end(kNames);
 }
 
@@ -80,8 +77,8 @@ void unload() {
 OfxStatus dispatch(std::string_view name, const void* handle, OfxPropertySetHandle in,
                    OfxPropertySetHandle out) {
     if (name == kOfxActionLoad) return loadHost();
-    if (name == kOfxActionPurgeCaches) effectPool().clear();
-    if (name == kOfxActionUnload) unload();
+    if (name == kOfxActionPurgeCaches) return effectPool().clear(), kOfxStatOK;
+    if (name == kOfxActionUnload) return unload(), kOfxStatOK;
     if (needsNoHandler(name)) return kOfxStatOK;
     Handler* const handler = handlerOf(name);
     return handler ? perform(*handler, handle, in, out) : kOfxStatReplyDefault;
