@@ -3,7 +3,9 @@
 
 #include <benchmark/benchmark.h>
 #include <chrono>
+#include <vector>
 
+#include "effect/frame_values.h"
 #include "effect/player.h"
 #include "effect/signal_walks.h"
 #include "imaging/noise/gradient_noise.h"
@@ -77,6 +79,26 @@ void frame(benchmark::State& state, void (*setUp)(ParameterSet&)) {
     state.counters["times_tenth"] = whole / tenth;
     state.counters["noise_part"] = noise / whole;
 }
+
+// The values of all frames up to a number, as a plot of the level reads them.
+void series(benchmark::State& state, void (*setUp)(ParameterSet&)) {
+    ParameterSet set;
+    setUp(set);
+    std::vector<FrameTime> times;
+    for (int k = 0; k <= state.range(0); ++k) times.emplace_back(k / kRate, kRate);
+    std::vector<FrameValues> values(times.size());
+    for (auto _ : state) {
+        valuesOfFrames(set.reader(), times, values.data());
+        benchmark::DoNotOptimize(values.data());
+    }
+}
+
+#define RUVEX_SERIES(name) \
+    BENCHMARK_CAPTURE(series, name, name)->Arg(20000)->Unit(benchmark::kMillisecond)
+
+RUVEX_SERIES(defaults);
+RUVEX_SERIES(keyedBreakupSpeed);
+#undef RUVEX_SERIES
 
 #define RUVEX_BENCH(name)                \
     BENCHMARK_CAPTURE(frame, name, name) \

@@ -18,35 +18,30 @@ bool slow(double speed) {
     return std::fabs(speed) < kNormalSpeed;
 }
 
-// The integral of Play Speed, in seconds of the clip. If the tape has always run at normal speed,
-// the result is the time itself and not the sum, which drifts: so the tape shows the output's own
-// frame at any time.
-double playedSeconds(const ParameterCurve& speed, double hostRate, double end) {
-    WalkCheck check(speed.interruption());
-    if (!(end > 0.0)) return 0.0;
-    if (speed.alwaysIs(kNormalSpeed)) return end;
-    const double step = 1.0 / hostRate;
-    double sum = 0.0;
-    float moment = 0.0f;
-    double next = step;
-    bool normal = true;
-    while (end >= next) {
-        const auto reached = static_cast<float>(next);
-        if (reached == moment || check.stops()) break;
-        const double value = speed.rawAt(moment);
-        normal = normal && value == kNormalSpeed;
-        sum = normal ? kNormalSpeed * reached : sum + value * step;
-        moment = reached;
-        next = moment + step;
-    }
-    const double rest = end - moment;
-    const double value = rest > 0.0 ? speed.rawAt(end) : kNormalSpeed;
-    if (normal && value == kNormalSpeed) return end;
-    if (rest > 0.0) sum += value * rest;
-    return sum / kNormalSpeed;
-}
-
 }  // namespace
+
+PlayedTime::PlayedTime(const ParameterCurve& speed, double hostRate)
+    : speed_(speed), step_(1.0 / hostRate), next_(step_), check_(speed.interruption()) {}
+
+// If the tape has always run at normal speed, the result is the time itself and not the sum, which
+// drifts: so the tape shows the output's own frame at any time.
+double PlayedTime::upTo(double end) {
+    if (!(end > 0.0)) return 0.0;
+    if (speed_.alwaysIs(kNormalSpeed)) return end;
+    while (end >= next_) {
+        const auto reached = static_cast<float>(next_);
+        if (reached == moment_ || check_.stops()) break;
+        const double value = speed_.rawAt(moment_);
+        normal_ = normal_ && value == kNormalSpeed;
+        sum_ = normal_ ? kNormalSpeed * reached : sum_ + value * step_;
+        moment_ = reached;
+        next_ = moment_ + step_;
+    }
+    const double rest = end - moment_;
+    const double value = rest > 0.0 ? speed_.rawAt(end) : kNormalSpeed;
+    if (normal_ && value == kNormalSpeed) return end;
+    return (rest > 0.0 ? sum_ + value * rest : sum_) / kNormalSpeed;
+}
 
 std::int32_t frameAtPosition(float position) {
     const std::int32_t whole = truncateToInt(position);
@@ -62,9 +57,13 @@ std::int32_t repeatedFrame(std::int32_t frame, std::int32_t repeat) {
 }
 
 TapePosition tapePosition(const ParameterReader& reader, const FrameTime& time) {
+    PlayedTime played(reader.curve(ParameterId::PlaySpeed), time.hostRate);
+    return tapePositionAt(reader, time, played.upTo(time.seconds));
+}
+
+TapePosition tapePositionAt(const ParameterReader& reader, const FrameTime& time, double playTime) {
     TapePosition tape;
-    tape.playTime =
-        playedSeconds(reader.curve(ParameterId::PlaySpeed), time.hostRate, time.seconds);
+    tape.playTime = playTime;
     tape.sourcePosition = static_cast<float>(time.singleRate * tape.playTime);
     tape.sourceFrame = frameAtPosition(tape.sourcePosition);
     tape.shownFrame = static_cast<float>(

@@ -19,6 +19,12 @@ constexpr UINT kNameString = 1;
 constexpr UINT kDescriptionString = 2;
 constexpr UINT kToolBitmap = 102;
 
+// The answer to a StopQuestion, as a render's interruption asks it.
+std::uint32_t answerOf(void* context, std::atomic<std::uint32_t>*) {
+    const auto& question = *static_cast<const StopQuestion*>(context);
+    return question.stops(question.context) ? 1 : 0;
+}
+
 }  // namespace
 
 Ruvex::Ruvex() {
@@ -114,6 +120,28 @@ std::int32_t Ruvex::frameValues(double seconds, double framesPerSecond, FrameVal
     return guarded([&] {
         *values = valuesOfFrame(reader(), {seconds, framesPerSecond});
         return S_OK;
+    });
+}
+
+std::int32_t Ruvex::levels(std::int64_t first, std::int64_t last, double framesPerSecond,
+                           FrameValues* values, const StopQuestion* question) const {
+    if (!values) return E_POINTER;
+    if (!(framesPerSecond > 0.0) || !std::isfinite(framesPerSecond)) return E_INVALIDARG;
+    if (first < 0 || last < first) return E_INVALIDARG;
+    return guarded([&] {
+        std::vector<FrameTime> times;
+        const auto count = static_cast<std::uint64_t>(last - first) + 1;
+        if (count > times.max_size()) return E_OUTOFMEMORY;
+        times.reserve(static_cast<std::size_t>(count));
+        for (std::uint64_t i = 0; i < count; ++i) {
+            const auto number = static_cast<double>(first + static_cast<std::int64_t>(i));
+            times.emplace_back(number / framesPerSecond, framesPerSecond);
+        }
+        StopQuestion asked = question ? *question : StopQuestion{};
+        InterruptionRecord record;
+        if (question) record.reset(&asked, answerOf);
+        valuesOfFrames({*this, parameters, &record}, times, values);
+        return record.interrupted != 0 ? E_ABORT : S_OK;
     });
 }
 

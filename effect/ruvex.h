@@ -42,6 +42,8 @@ public:
     std::int32_t frameValues(double seconds, double framesPerSecond,
                              FrameValues* values) const override;
     FrameOutcome frameOutcome() const override;
+    std::int32_t levels(std::int64_t first, std::int64_t last, double framesPerSecond,
+                        FrameValues* values, const StopQuestion* question) const override;
 
 protected:
     const CDSPropertiesMap* GetPropertyMap() override;

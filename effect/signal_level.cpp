@@ -45,11 +45,35 @@ float SignalLevel::varied(float level, double variation, double phase) const {
     return clampToUnit(static_cast<float>(level + change));
 }
 
-float SignalLevel::at(double seconds, double playTime) const {
+template <class Phase>
+float SignalLevel::levelAt(double seconds, Phase phase) const {
     const float level = levelOf(master_.at(seconds));
     const double variation = variation_.at(seconds);
-    if (variation == 0.0) return level;
-    return varied(level, variation, integrateParameter(speed_, hostRate_, 0.0, playTime));
+    return variation == 0.0 ? level : varied(level, variation, phase());
+}
+
+float SignalLevel::at(double seconds, double playTime) const {
+    return levelAt(seconds, [&] { return integrateParameter(speed_, hostRate_, 0.0, playTime); });
+}
+
+std::vector<float> SignalLevel::atAll(const std::vector<double>& seconds,
+                                      const std::vector<double>& playTimes) const {
+    std::vector<float> levels(seconds.size());
+    std::vector<std::size_t> rising;
+    for (std::size_t i = 0; i < levels.size(); ++i) {
+        // Also for NaN, which has no place in an order.
+        if (!(playTimes[i] > 0.0)) {
+            levels[i] = at(seconds[i], playTimes[i]);
+        } else {
+            rising.push_back(i);
+        }
+    }
+    std::ranges::sort(rising, {}, [&](std::size_t i) { return playTimes[i]; });
+    FrameIntegral phase(speed_, hostRate_, 0.0);
+    for (const std::size_t i : rising) {
+        levels[i] = levelAt(seconds[i], [&] { return phase.upTo(playTimes[i]); });
+    }
+    return levels;
 }
 
 std::vector<float> SignalLevel::atEarlier(const std::vector<float>& moments) const {

@@ -2,6 +2,7 @@
 
 #include "effect/percent.h"
 #include "effect/walk_check.h"
+#include "effect/walk_steps.h"
 #include "imaging/pixel_convert.h"
 #include "stages/threshold.h"
 
@@ -27,44 +28,33 @@ struct Start {
     const FrameTime& time;
     float breakup;
 
-    float threshold(ParameterId id) const { return fractionOf(reader.real(id, time.seconds)); }
+    float threshold(ParameterId id) const { return thresholdAt(reader, id, time.seconds); }
 };
 
 double creepingLines(const Start& start, const Past& past) {
-    const ParameterCurve speedMax = start.reader.curve(ParameterId::LineSpeedMax);
-    const ParameterCurve threshold = start.reader.curve(ParameterId::LineThreshold);
+    const LineSteps steps(start.reader, start.time.singleRate);
     WalkCheck check(start.reader.interruption());
     double sum = 0.0;
     float level = start.breakup;
     for (std::size_t i = 0; i < past.moments.size() && !check.stops(); ++i) {
-        const double moment = past.moments[i];
-        const double speed = speedMax.rawAt(moment) / start.time.singleRate;
-        sum += stageAmountDouble(level, speed, fractionOf(threshold.rawAt(moment)));
+        sum += steps.distance(level, past.moments[i]);
         level = past.levels[i];
     }
     return sum;
-}
-
-std::int32_t verticalOffset(const Start& start) {
-    const double max = start.reader.real(ParameterId::VertOffsetMax, start.time.seconds);
-    return truncateToInt(
-        stageAmountDouble(start.breakup, max, start.threshold(ParameterId::VertOffsetThreshold)));
 }
 
 // Adds the roll speed for every frame since the level was last at or below the roll threshold: the
 // roll restarts when the signal has recovered. The sum begins with `sum` and is truncated to an
 // integer at every step.
 std::int32_t verticalRoll(const Start& start, const Past& past, std::int32_t sum) {
-    const ParameterCurve speedMax = start.reader.curve(ParameterId::VertRollSpeedMax);
-    const ParameterCurve thresholds = start.reader.curve(ParameterId::VertRollThreshold);
+    const RollSteps steps(start.reader, start.time.singleRate);
     WalkCheck check(start.reader.interruption());
     float level = start.breakup;
     for (std::size_t i = 0; i < past.moments.size() && !check.stops(); ++i) {
         const double moment = past.moments[i];
-        const float threshold = fractionOf(thresholds.rawAt(moment));
-        if (!(threshold < 1.0f)) break;
-        const double speed = speedMax.rawAt(moment) / start.time.singleRate;
-        sum = truncateToInt(thresholdLineDouble(level, speed, threshold) + static_cast<float>(sum));
+        const float threshold = steps.threshold(moment);
+        if (!steps.rolls(threshold)) break;
+        sum = RollSteps::added(sum, steps.distance(level, moment, threshold));
         if (i + 1 == past.moments.size()) break;
         level = past.levels[i + 1];
         if (!aboveThreshold(level, threshold)) break;
@@ -85,13 +75,23 @@ std::int32_t shashFrames(const Start& start, const Past& past) {
 
 }  // namespace
 
+float thresholdAt(const ParameterReader& reader, ParameterId id, double seconds) {
+    return fractionOf(reader.real(id, seconds));
+}
+
+std::int32_t verticalOffset(const ParameterReader& reader, double seconds, float breakup) {
+    const double max = reader.real(ParameterId::VertOffsetMax, seconds);
+    const float threshold = thresholdAt(reader, ParameterId::VertOffsetThreshold, seconds);
+    return truncateToInt(stageAmountDouble(breakup, max, threshold));
+}
+
 SignalWalks walkBack(const ParameterReader& reader, const SignalLevel& levels,
                      const FrameTime& time, float sourcePosition, float breakup) {
     const Start start{reader, time, breakup};
     const Past tape = pastOf(levels, sourcePosition, time.singleRate);
     SignalWalks walks;
     walks.lineSum = creepingLines(start, tape);
-    walks.verticalSum = verticalOffset(start);
+    walks.verticalSum = verticalOffset(reader, time.seconds, breakup);
     if (actsAt(breakup, start.threshold(ParameterId::VertRollThreshold))) {
         walks.verticalSum = verticalRoll(start, tape, walks.verticalSum);
     }

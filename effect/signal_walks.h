@@ -27,6 +27,12 @@ struct SignalState {
 SignalState signalAt(const ParameterReader& reader, const FrameTime& time,
                      const TapePosition& tape);
 
+/// A threshold of the frame at `seconds`, as a fraction.
+float thresholdAt(const ParameterReader& reader, ParameterId id, double seconds);
+
+/// The vertical offset of the frame at `seconds` with level `breakup`, in project pixels.
+std::int32_t verticalOffset(const ParameterReader& reader, double seconds, float breakup);
+
 /// The walks of a frame with level `breakup` and the tape at `sourcePosition` in frames. Lines and
 /// roll are summed over the tape's frames, shash over the output's.
 SignalWalks walkBack(const ParameterReader& reader, const SignalLevel& levels,

@@ -14,13 +14,14 @@ std::optional<std::vector<FrameValues>> levelSeries(const runtime::EffectSession
                                                     double rate, const std::stop_token& stop) {
     const IRuvexControl& control = ruvexControl(session);
     const auto scope = session.enter();
-    std::vector<FrameValues> series;
-    for (std::int64_t k = first; k <= last; ++k) {
-        if (stop.stop_requested()) return std::nullopt;
-        FrameValues& values = series.emplace_back();
-        runtime::require(control.frameValues(runtime::frameTime(k, rate), rate, &values),
-                         "the effect has no values for frame " + std::to_string(k));
-    }
+    std::vector<FrameValues> series(static_cast<std::size_t>(last - first + 1));
+    std::stop_token asked = stop;
+    const StopQuestion question{
+        [](void* token) { return static_cast<std::stop_token*>(token)->stop_requested(); }, &asked};
+    const HRESULT status = control.levels(first, last, rate, series.data(), &question);
+    if (status == E_ABORT) return std::nullopt;
+    runtime::require(status, "the effect has no values for frames " + std::to_string(first) +
+                                 " to " + std::to_string(last));
     return series;
 }
 

@@ -43,6 +43,13 @@ enum class FrameOutcome : std::int32_t {
 /// The most workers that an effect object can be given.
 inline constexpr std::int32_t kMostWorkers = 1024;
 
+/// What a long computation asks from time to time: whether it has to stop. Asked on the thread that
+/// computes.
+struct StopQuestion {
+    bool (*stops)(void* context);
+    void* context;  ///< not owned
+};
+
 /// Obtained through QueryInterface of the effect with `kRuvexControlId`, which adds a COM
 /// reference. The caller releases it through one of the effect's other interfaces. The pointer is
 /// valid during the effect's lifetime.
@@ -65,6 +72,16 @@ struct IRuvexControl {
     /// What became of the frame of the last Execute that returned 0, which says nothing about that
     /// by itself; Finished before the first. Must not be called while this object renders.
     virtual FrameOutcome frameOutcome() const = 0;
+
+    /// Gives the values of the frames `first` to `last`, both inclusive, frame k at k /
+    /// framesPerSecond seconds, as frameValues gives them one by one, but in one walk over time:
+    /// twenty thousand frames take a tenth of a second and not ten seconds. Stores last - first + 1
+    /// values in `values`. `question` may be null. Returns 0; 0x80004003 for null `values`;
+    /// 0x80070057 (invalid argument) for a rate that is not finite and above 0, and unless
+    /// 0 <= first <= last; 0x8007000E if memory ran out; 0x80004004 (aborted), with values that
+    /// have no meaning, if the question was answered with true.
+    virtual std::int32_t levels(std::int64_t first, std::int64_t last, double framesPerSecond,
+                                FrameValues* values, const StopQuestion* question) const = 0;
 
 protected:
     ~IRuvexControl() = default;

@@ -1,7 +1,9 @@
 // What a front end asks of the effect through the one interface of our own.
 
 #include <cmath>
+#include <cstring>
 #include <gtest/gtest.h>
+#include <vector>
 
 #include "parameters/ruvex_interface.h"
 #include "tests/effect/support/poor_project.h"
@@ -86,6 +88,39 @@ TEST_F(Control, BadQuestionsAreRefused) {
     for (const double rate : {0.0, -25.0, HUGE_VAL, std::nan("")}) {
         EXPECT_EQ(control().frameValues(1.0, rate, &values), E_INVALIDARG) << rate;
     }
+}
+
+TEST_F(Control, LevelsAreTheValuesOfEachFrame) {
+    renderer_.set(Id::PlaySpeed, 80);
+    constexpr std::int64_t kFirst = 20, kLast = 90;
+    std::vector<FrameValues> values(kLast - kFirst + 1);
+    ASSERT_EQ(control().levels(kFirst, kLast, 30.0, values.data(), nullptr), S_OK);
+    for (std::int64_t k = kFirst; k <= kLast; ++k) {
+        const FrameValues& got = values[static_cast<std::size_t>(k - kFirst)];
+        const FrameValues wanted = valuesAt(static_cast<int>(k), 30.0);
+        EXPECT_EQ(std::memcmp(&got, &wanted, sizeof got), 0) << k;
+    }
+}
+
+TEST_F(Control, BadQuestionsForLevelsAreRefused) {
+    FrameValues values[3] = {};
+    EXPECT_EQ(control().levels(0, 2, 25.0, nullptr, nullptr), E_POINTER);
+    EXPECT_EQ(control().levels(-1, 1, 25.0, values, nullptr), E_INVALIDARG);
+    EXPECT_EQ(control().levels(2, 1, 25.0, values, nullptr), E_INVALIDARG);
+    EXPECT_EQ(control().levels(0, INT64_MAX, 25.0, values, nullptr), E_OUTOFMEMORY);
+    for (const double rate : {0.0, -25.0, HUGE_VAL, std::nan("")}) {
+        EXPECT_EQ(control().levels(0, 2, rate, values, nullptr), E_INVALIDARG) << rate;
+    }
+}
+
+TEST_F(Control, LevelsEndWhenTheQuestionIsAnsweredWithYes) {
+    FrameValues values[3] = {};
+    int asked = 0;
+    const StopQuestion stopped{[](void* count) { return ++*static_cast<int*>(count) > 0; }, &asked};
+    EXPECT_EQ(control().levels(0, 2, 25.0, values, &stopped), E_ABORT);
+    EXPECT_EQ(asked, 1);
+    const StopQuestion goesOn{[](void*) { return false; }, nullptr};
+    EXPECT_EQ(control().levels(0, 2, 25.0, values, &goesOn), S_OK);
 }
 
 TEST_F(Control, TheOutcomeIsThatOfTheLastFrame) {

@@ -1,11 +1,14 @@
 // The signal level, its walks and the player against their quadratic twins, bit for bit.
 
 #include <bit>
+#include <cstring>
 #include <gtest/gtest.h>
 
 #include "effect/frame_integral.h"
+#include "effect/frame_values.h"
 #include "effect/player.h"
 #include "effect/signal_walks.h"
+#include "tests/effect/support/noise_count.h"
 #include "tests/effect/support/parameter_set.h"
 #include "tests/effect/twins/player_twin.h"
 #include "tests/imaging/support/random.h"
@@ -175,6 +178,55 @@ TEST(SignalProperty, LevelAndWalksAreTheQuadraticOnes) {
         acted += walks.lineSum != 0.0 && walks.verticalSum != 0 && walks.shashFramesOn != 0;
     });
     EXPECT_GT(acted, cases(1500) / 50) << "too few cases in which the walks do anything";
+}
+
+// Compares the values of frames `first` to `last`, computed at once, with those of each frame.
+void expectSeriesOfFrames(const ParameterReader& reader, double rate, int first, int last) {
+    std::vector<FrameTime> times;
+    for (int k = first; k <= last; ++k) times.emplace_back(k / rate, rate);
+    std::vector<FrameValues> series(times.size());
+    valuesOfFrames(reader, times, series.data());
+    for (std::size_t i = 0; i < times.size(); ++i) {
+        const FrameValues wanted = valuesOfFrame(reader, times[i]);
+        ASSERT_EQ(std::memcmp(&series[i], &wanted, sizeof wanted), 0)
+            << "frame " << first + static_cast<int>(i);
+    }
+}
+
+TEST(SignalProperty, ASeriesHasTheValuesOfEachFrame) {
+    forCases(60000, 300, [](const Case& given) {
+        const int first = static_cast<int>(given.time * given.rate / 3);
+        expectSeriesOfFrames(given.set.reader(), given.rate, first, first + 70);
+    });
+}
+
+// The broken signal rolls through all frames, so the sums of many frames run to the first.
+TEST(SignalProperty, ASeriesOfALongRollHasTheValuesOfEachFrame) {
+    ParameterSet set;
+    set.set(Id::VertRollThreshold, 0).set(Id::LineThreshold, 0).set(Id::MasterBreakup, 95);
+    set.animate(Id::VertRollSpeedMax, {{0.0, 1000.0}, {20.0, -300.0}});
+    for (const double playSpeed : {100.0, 50.0, 37.0, -100.0, 0.0}) {
+        set.set(Id::PlaySpeed, playSpeed);
+        expectSeriesOfFrames(set.reader(), 30000.0 / 1001, 0, 300);
+    }
+}
+
+TEST(SignalProperty, ASeriesBeyondThePrecisionOfFrameNumbersHasTheValuesOfEachFrame) {
+    ParameterSet set;
+    set.set(Id::BreakupVariation, 0);
+    constexpr int kWalksEnd = 1 << 25;
+    expectSeriesOfFrames(set.reader(), 25.0, kWalksEnd, kWalksEnd + 20);
+}
+
+// One level a frame of the time line, however many frames are asked for.
+TEST(SignalProperty, ASeriesAtNormalSpeedNeedsOneLevelAFrame) {
+    const ParameterSet set;
+    std::vector<FrameTime> times;
+    for (int k = 0; k < 1000; ++k) times.emplace_back(k / 25.0, 25.0);
+    std::vector<FrameValues> series(times.size());
+    const auto before = fractalNoiseCalls();
+    valuesOfFrames(set.reader(), times, series.data());
+    EXPECT_LE(fractalNoiseCalls() - before, 2 * times.size());
 }
 
 }  // namespace
