@@ -108,6 +108,14 @@ set(CPACK_DEBIAN_PACKAGE_SECTION video)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS "${PROJECT_BINARY_DIR}/bin")
+# The command loads the FFmpeg libraries when it needs them. It is not linked with them, so that their packages
+# are not found by themselves; a package has the name of its library, with the version of the interface.
+set(ffmpeg_packages "")
+foreach(library avfilter avformat avcodec swresample swscale avutil)
+  string(REGEX MATCH "^[0-9]+" interface "${FFMPEG_lib${library}_VERSION}")
+  list(APPEND ffmpeg_packages "lib${library}${interface}")
+endforeach()
+list(JOIN ffmpeg_packages ", " CPACK_DEBIAN_UNSPECIFIED_PACKAGE_DEPENDS)
 # The labels of sheets; OpenGL and GLU, with which the on-screen controls are drawn. The module opens
 # both when a host first shows the controls, and renders without them.
 set(CPACK_DEBIAN_UNSPECIFIED_PACKAGE_RECOMMENDS "fonts-dejavu-core, libopengl0, libglu1-mesa")

@@ -2,16 +2,10 @@
 
 #pragma once
 
-extern "C" {
-#include <libavcodec/avcodec.h>
-#include <libavformat/avformat.h>
-#include <libavutil/frame.h>
-#include <libswscale/swscale.h>
-}
-
 #include <memory>
 #include <string>
 
+#include "media/av_functions.h"
 #include "media/rational.h"
 
 namespace ruvex::media {

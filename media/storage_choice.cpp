@@ -8,6 +8,7 @@ extern "C" {
 #include <iterator>
 #include <string_view>
 
+#include "media/av_functions.h"
 #include "media/video/video_codec.h"
 
 namespace ruvex::media {

@@ -4,6 +4,8 @@ extern "C" {
 #include <libavutil/pixdesc.h>
 }
 
+#include "media/av_functions.h"
+
 namespace ruvex::media {
 namespace {
 

@@ -1,5 +1,6 @@
 #include "media/pixels/component_read.h"
 
+#include "media/av_functions.h"
 #include "media/pixels/plane_line.h"
 
 namespace ruvex::media {

@@ -7,6 +7,7 @@ extern "C" {
 
 #include <cstring>
 
+#include "media/av_functions.h"
 #include "media/frame.h"
 
 namespace ruvex::media {

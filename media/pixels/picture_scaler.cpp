@@ -7,6 +7,7 @@ extern "C" {
 #include <new>
 #include <string>
 
+#include "media/av_functions.h"
 #include "media/media_error.h"
 
 namespace ruvex::media {

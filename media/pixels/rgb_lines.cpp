@@ -8,6 +8,7 @@ extern "C" {
 #include <cstring>
 #include <vector>
 
+#include "media/av_functions.h"
 #include "media/frame.h"
 #include "media/pixels/component_read.h"
 #include "media/pixels/plane_line.h"

@@ -4,6 +4,7 @@ extern "C" {
 #include <libavutil/pixdesc.h>
 }
 
+#include "media/av_functions.h"
 #include "media/media_error.h"
 #include "media/pixels/rgb_lines.h"
 

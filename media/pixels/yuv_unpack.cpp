@@ -7,6 +7,7 @@ extern "C" {
 #include <algorithm>
 #include <limits>
 
+#include "media/av_functions.h"
 #include "media/pixels/component_read.h"
 #include "media/pixels/line_cache.h"
 #include "media/pixels/rgb_lines.h"

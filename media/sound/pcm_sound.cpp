@@ -8,6 +8,7 @@ extern "C" {
 #include <new>
 #include <utility>
 
+#include "media/av_functions.h"
 #include "media/video/stream_loss.h"
 
 namespace ruvex::media {

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "media/av_functions.h"
 #include "media/sound/pcm_track.h"
 #include "media/video/stream_copy.h"
 

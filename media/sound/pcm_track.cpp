@@ -11,6 +11,8 @@ extern "C" {
 #include <new>
 #include <utility>
 
+#include "media/av_functions.h"
+
 namespace ruvex::media {
 namespace {
 

@@ -6,6 +6,7 @@ extern "C" {
 
 #include <csignal>
 
+#include "media/av_functions.h"
 #include "media/file_kind.h"
 #include "media/media_error.h"
 #include "media/pixels/frame_convert.h"

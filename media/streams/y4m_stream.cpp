@@ -6,6 +6,7 @@ extern "C" {
 
 #include <string_view>
 
+#include "media/av_functions.h"
 #include "media/media_error.h"
 #include "media/streams/stream_reader.h"
 

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <new>
 
+#include "media/av_functions.h"
+
 namespace ruvex::media {
 namespace {
 

@@ -3,6 +3,8 @@
 #include <new>
 #include <string_view>
 
+#include "media/av_functions.h"
+
 namespace ruvex::media {
 namespace {
 

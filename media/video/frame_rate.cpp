@@ -11,6 +11,8 @@ extern "C" {
 #include <limits>
 #include <numeric>
 
+#include "media/av_functions.h"
+
 namespace ruvex::media {
 namespace {
 

@@ -4,6 +4,7 @@
 #include <cstring>
 #include <new>
 
+#include "media/av_functions.h"
 #include "media/video/chapter_copy.h"
 #include "media/video/container_support.h"
 #include "media/video/stream_loss.h"

@@ -4,6 +4,7 @@
 #include <cctype>
 
 #include "files/words.h"
+#include "media/av_functions.h"
 #include "media/media_error.h"
 #include "media/video/video_file.h"
 

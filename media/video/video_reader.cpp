@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "media/av_functions.h"
 #include "media/media_error.h"
 
 namespace ruvex::media {

@@ -42,6 +42,10 @@ public:
         return E_NOTIMPL;
     }
     FrameOutcome frameOutcome() const override { return FrameOutcome::Finished; }
+    std::int32_t levels(std::int64_t, std::int64_t, double, ruvex::FrameValues*,
+                        const ruvex::StopQuestion*) const override {
+        return E_NOTIMPL;
+    }
 
     using CDSPlugInEffect::AddPropertyPage;
     using CDSPlugInEffect::RemovePropertyPage;
