@@ -17,6 +17,9 @@ namespace ruvex::bench {
 struct FrameSize {
     int width, height;
 };
+/// The number of the preset whose frames most benchmarks render.
+inline constexpr int kBadColourTv = 1;
+
 using Settings = std::vector<std::pair<ParameterId, double>>;
 
 /// A session over the module of this build, with a preset chosen, and the pictures of one frame:

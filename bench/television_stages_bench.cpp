@@ -9,8 +9,6 @@
 namespace ruvex::bench {
 namespace {
 
-constexpr int kBadColourTv = 1;
-
 struct Stage {
     const char* name;
     ParameterId id;
