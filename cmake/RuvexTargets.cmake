@@ -52,19 +52,32 @@ if(RUVEX_FUZZ)
   target_compile_options(ruvex_options INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
-# ruvex_avx2_sources(VARIABLE SOURCES... OPTIONS...): gives in VARIABLE the sources, to be compiled for
-# x86-64 processors with AVX2, and nothing in builds for other kinds of processor. Which version of a
-# loop runs is chosen at run time (imaging/kernels/dispatch.h). -fno-trapping-math lets loops with
-# choices in them be widened; no value changes.
-function(ruvex_avx2_sources variable)
+# ruvex_vector_sources(VARIABLE SOURCES... OPTIONS...): for each source, which is named without its ending, gives
+# in VARIABLE its version for x86-64 processors with AVX2 (_avx2.cpp) and that for 512-bit vectors
+# (_avx512.cpp), and nothing in builds for other kinds of processor. Which version of a loop runs is
+# chosen at run time (imaging/kernels/dispatch.h). -fno-trapping-math lets loops with choices in them be
+# widened; no value changes.
+function(ruvex_vector_sources variable)
   cmake_parse_arguments(arg "" "" "OPTIONS" ${ARGN})
-  set(sources ${arg_UNPARSED_ARGUMENTS})
   set(${variable} "" PARENT_SCOPE)
-  if(CMAKE_SYSTEM_PROCESSOR MATCHES "^(x86_64|AMD64|amd64)$")
-    set(${variable} ${sources} PARENT_SCOPE)
-    set_source_files_properties(${sources}
-      PROPERTIES COMPILE_OPTIONS "-mavx2;-fno-trapping-math;${arg_OPTIONS}")
+  if(NOT CMAKE_SYSTEM_PROCESSOR MATCHES "^(x86_64|AMD64|amd64)$")
+    return()
   endif()
+  set(avx2_options -mavx2)
+  set(avx512_options -mavx512f -mavx512bw -mavx512dq -mavx512vl -mprefer-vector-width=512)
+  set(sources "")
+  if(MINGW)
+    # GCC takes the stack for aligned to a vector there, but Windows aligns it to 16 bytes.
+    list(APPEND arg_OPTIONS -Wa,-muse-unaligned-vector-move)
+  endif()
+  foreach(source ${arg_UNPARSED_ARGUMENTS})
+    foreach(version avx2 avx512)
+      set_source_files_properties(${source}_${version}.cpp PROPERTIES
+        COMPILE_OPTIONS "${${version}_options};-fno-trapping-math;${arg_OPTIONS}")
+      list(APPEND sources ${source}_${version}.cpp)
+    endforeach()
+  endforeach()
+  set(${variable} ${sources} PARENT_SCOPE)
 endfunction()
 
 # ruvex_include_root(VARIABLE PATH): gives in VARIABLE an include folder of the build from which one

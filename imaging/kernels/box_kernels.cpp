@@ -1,7 +1,6 @@
 #include "imaging/kernels/box_kernels.h"
 
 #include "imaging/kernels/box_kernel_loops.h"
-#include "imaging/kernels/dispatch.h"
 
 namespace ruvex {
 namespace {
@@ -12,8 +11,14 @@ const BoxKernels& plainBoxKernels() {
     return detail::kBoxKernels<AnyProcessor>;
 }
 
+const KernelVersions<BoxKernels>& boxKernelVersions() {
+    static const KernelVersions versions =
+        supportedVersions<plainBoxKernels, avx2BoxKernels, avx512BoxKernels>();
+    return versions;
+}
+
 const BoxKernels& bestBoxKernels() {
-    static const BoxKernels& best = fastestVersion<plainBoxKernels, avx2BoxKernels>();
+    static const BoxKernels& best = boxKernelVersions().fastest();
     return best;
 }
 

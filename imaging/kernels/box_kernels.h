@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "imaging/blur/blur_weights.h"
+#include "imaging/kernels/dispatch.h"
 
 namespace ruvex {
 
@@ -36,6 +37,13 @@ const BoxKernels& plainBoxKernels();
 
 /// The loops for x86-64 processors with AVX2. Not defined in builds for other architectures.
 const BoxKernels& avx2BoxKernels();
+
+/// The loops for x86-64 processors with 512-bit vectors. Not defined in builds for other
+/// architectures.
+const BoxKernels& avx512BoxKernels();
+
+/// All versions that this machine's processor supports.
+const KernelVersions<BoxKernels>& boxKernelVersions();
 
 /// The fastest version that this machine's processor supports.
 const BoxKernels& bestBoxKernels();

@@ -1,6 +1,5 @@
 #include "imaging/kernels/noise_kernels.h"
 
-#include "imaging/kernels/dispatch.h"
 #include "imaging/kernels/noise_kernel_loops.h"
 
 namespace ruvex {
@@ -12,8 +11,14 @@ const NoiseKernels& plainNoiseKernels() {
     return detail::kNoiseKernels<AnyProcessor>;
 }
 
+const KernelVersions<NoiseKernels>& noiseKernelVersions() {
+    static const KernelVersions versions =
+        supportedVersions<plainNoiseKernels, avx2NoiseKernels, avx512NoiseKernels>();
+    return versions;
+}
+
 const NoiseKernels& bestNoiseKernels() {
-    static const NoiseKernels& best = fastestVersion<plainNoiseKernels, avx2NoiseKernels>();
+    static const NoiseKernels& best = noiseKernelVersions().fastest();
     return best;
 }
 

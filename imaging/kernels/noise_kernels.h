@@ -4,6 +4,7 @@
 
 #include <cstdint>
 
+#include "imaging/kernels/dispatch.h"
 #include "imaging/pixel.h"
 
 namespace ruvex {
@@ -33,6 +34,13 @@ const NoiseKernels& plainNoiseKernels();
 
 /// The loops for x86-64 processors with AVX2. Not defined in builds for other architectures.
 const NoiseKernels& avx2NoiseKernels();
+
+/// The loops for x86-64 processors with 512-bit vectors. Not defined in builds for other
+/// architectures.
+const NoiseKernels& avx512NoiseKernels();
+
+/// All versions that this machine's processor supports.
+const KernelVersions<NoiseKernels>& noiseKernelVersions();
 
 /// The fastest version that this machine's processor supports.
 const NoiseKernels& bestNoiseKernels();

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 
+#include "imaging/kernels/dispatch.h"
 #include "imaging/pixel.h"
 #include "stages/colour_loss.h"
 #include "stages/grain_shape.h"
@@ -54,6 +55,15 @@ const RowKernels<P>& plainRowKernels();
 /// The loops for x86-64 processors with AVX2. Not defined in builds for other architectures.
 template <class P>
 const RowKernels<P>& avx2RowKernels();
+
+/// The loops for x86-64 processors with 512-bit vectors. Not defined in builds for other
+/// architectures.
+template <class P>
+const RowKernels<P>& avx512RowKernels();
+
+/// All versions that this machine's processor supports.
+template <class P>
+const KernelVersions<RowKernels<P>>& rowKernelVersions();
 
 /// The fastest version that this machine's processor supports.
 template <class P>

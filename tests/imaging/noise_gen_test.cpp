@@ -3,14 +3,17 @@
 #include "imaging/noise/noise_gen.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
 #include <cstdint>
 #include <gtest/gtest.h>
 #include <random>
+#include <vector>
 
 #include "imaging/blur/blur_gauss.h"
 #include "imaging/blur/channel_blur_sampler.h"
 #include "imaging/kernels/noise_kernels.h"
+#include "imaging/noise/gradient_noise_cell.h"
 #include "imaging/noise/rgba_noise_gen.h"
 #include "imaging/threads.h"
 
@@ -262,19 +265,41 @@ TEST(NoiseKernels, EveryVersionGivesTheSameBits) {
                              2147483648.0f * kHashStep};
     for (std::uint32_t number = 0; number < 400; ++number) {
         const int count = static_cast<int>(number % kMost);
-        ChannelInt plain[kMost]{};
-        ChannelInt best[kMost]{};
-        plainNoiseKernels().channel(number * 2654435761u, count, factors[number % 4], -7.5f, plain);
-        bestNoiseKernels().channel(number * 2654435761u, count, factors[number % 4], -7.5f, best);
-        EXPECT_TRUE(std::equal(plain, plain + kMost, best)) << number;
-        RgbaInt plainColour[kMost]{};
-        RgbaInt bestColour[kMost]{};
-        plainNoiseKernels().colour(number * 40503u, count, factors, plainColour);
-        bestNoiseKernels().colour(number * 40503u, count, factors, bestColour);
-        EXPECT_TRUE(std::equal(plainColour, plainColour + kMost, bestColour)) << number;
-        plainNoiseKernels().colourWithoutAlpha(~number, count, factors, plainColour);
-        bestNoiseKernels().colourWithoutAlpha(~number, count, factors, bestColour);
-        EXPECT_TRUE(std::equal(plainColour, plainColour + kMost, bestColour)) << number;
+        const auto values = [&](const NoiseKernels& kernels) {
+            ChannelInt channel[kMost]{};
+            RgbaInt colour[2 * kMost]{};
+            kernels.channel(number * 2654435761u, count, factors[number % 4], -7.5f, channel);
+            kernels.colour(number * 40503u, count, factors, colour);
+            kernels.colourWithoutAlpha(~number, count, factors, colour + kMost);
+            std::vector<std::int32_t> all;
+            for (const ChannelInt& pixel : channel) all.push_back(pixel.c[0]);
+            for (const RgbaInt& pixel : colour) all.insert(all.end(), pixel.c, pixel.c + 4);
+            return all;
+        };
+        for (const NoiseKernels* version : noiseKernelVersions().all()) {
+            EXPECT_EQ(values(*version), values(plainNoiseKernels())) << number;
+        }
+    }
+}
+
+TEST(NoiseKernels, EveryVersionGivesTheSameFractalNoise) {
+    std::mt19937 random(1);
+    std::uniform_real_distribution<float> fraction(-1.0f, 1.0f);
+    std::vector<float> gradients(kGradientEntries);
+    for (float& gradient : gradients) gradient = fraction(random);
+    for (int count = 0; count < 70; ++count) {
+        std::vector<float> places(static_cast<std::size_t>(count));
+        for (float& place : places) place = fraction(random) * 1000.0f;
+        const auto values = [&](const NoiseKernels& kernels) {
+            std::vector<float> sums(places.size(), 0.25f);
+            kernels.octave(gradients.data(), places.data(), count, 2.0f, 7.5f, 0.5f, sums.data());
+            std::vector<std::uint32_t> bits;
+            for (const float sum : sums) bits.push_back(std::bit_cast<std::uint32_t>(sum));
+            return bits;
+        };
+        for (const NoiseKernels* version : noiseKernelVersions().all()) {
+            EXPECT_EQ(values(*version), values(plainNoiseKernels())) << count;
+        }
     }
 }
 

@@ -5,10 +5,10 @@
 set -euo pipefail
 objects=0
 for object in "$@"; do
-    case $object in *_avx2.cpp.*) ;; *) continue ;; esac
+    case $object in *_avx2.cpp.* | *_avx512.cpp.*) ;; *) continue ;; esac
     objects=$((objects + 1))
     seen=$(nm --defined-only --demangle "$object" | grep -E ' [TWVuBDR] ' |
-        grep -vE '(avx2[A-Za-z]*Kernels)' || true)
+        grep -vE 'avx(2|512)[A-Za-z]*Kernels' || true)
     if [ -n "$seen" ]; then
         printf '%s shows to others:\n%s\n' "$object" "$seen" >&2
         exit 1
