@@ -66,6 +66,10 @@ function(ruvex_vector_sources variable)
   set(avx2_options -mavx2)
   set(avx512_options -mavx512f -mavx512bw -mavx512dq -mavx512vl -mprefer-vector-width=512)
   set(sources "")
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    # Its own header of 512-bit vectors leaves variables undefined on purpose.
+    list(APPEND avx512_options -Wno-maybe-uninitialized)
+  endif()
   if(MINGW)
     # GCC takes the stack for aligned to a vector there, but Windows aligns it to 16 bytes.
     list(APPEND arg_OPTIONS -Wa,-muse-unaligned-vector-move)

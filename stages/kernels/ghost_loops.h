@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "imaging/kernels/vector.h"
 #include "stages/kernels/loop_maths.h"
 
 namespace ruvex::detail {
@@ -13,52 +14,40 @@ template <class P, class Processor>
 struct GhostLoops {
     using Component = typename P::Component;
 
-    // None of the three is inlined: the compiler uses __restrict only on function arguments, and
-    // vectorises the loops only if the arrays do not overlap.
-    template <int Width>
-    [[gnu::noinline]] static void begin(const Component* __restrict row, float* __restrict base,
-                                        float* __restrict sum) {
-        for (int k = 0; k < Width; ++k) sum[k] = base[k] = static_cast<float>(row[k]);
-    }
-    template <int Width>
-    [[gnu::noinline]] static void accumulate(const float* __restrict base,
-                                             const Component* __restrict ghost, float weight,
-                                             float* __restrict sum) {
-        for (int k = 0; k < Width; ++k) {
-            sum[k] += (base[k] - static_cast<float>(ghost[k])) * weight;
+    // `Registers` vectors of components, whose sums stay in registers from ghost to ghost.
+    template <int Lanes, int Registers>
+    [[gnu::always_inline]] static void block(const Component* row, const P* const* ghosts,
+                                             std::ptrdiff_t at, const float* weights,
+                                             std::int32_t ghostCount, Component* to) {
+        using V = Vector<Processor, Lanes>;
+        typename V::Floats base[Registers], sum[Registers];
+        for (int r = 0; r < Registers; ++r) {
+            sum[r] = base[r] = V::toFloats(V::widened(row + at + r * Lanes));
         }
-    }
-    template <int Width>
-    [[gnu::noinline]] static void store(const float* __restrict sum, Component* __restrict to) {
-        for (int k = 0; k < Width; ++k) {
-            to[k] = static_cast<Component>(clampedToRange<P>(sum[k]));
-        }
-    }
-
-    // `Width` components at once, so that their sums stay in the first-level cache from ghost to
-    // ghost.
-    template <int Width>
-    static void block(const Component* row, const P* const* ghosts, std::ptrdiff_t at,
-                      const float* weights, std::int32_t ghostCount, Component* to) {
-        float base[Width], sum[Width];
-        begin<Width>(row + at, base, sum);
         for (std::int32_t g = 0; g < ghostCount; ++g) {
-            accumulate<Width>(base, components(ghosts[g]) + at, weights[g], sum);
+            const Component* const ghost = components(ghosts[g]) + at;
+            for (int r = 0; r < Registers; ++r) {
+                sum[r] += (base[r] - V::toFloats(V::widened(ghost + r * Lanes))) * weights[g];
+            }
         }
-        store<Width>(sum, to + at);
+        for (int r = 0; r < Registers; ++r) {
+            V::narrow(clampedLanes<P, V>(sum[r]), to + at + r * Lanes);
+        }
     }
 
     static void addGhosts(const P* row, const P* const* ghosts, const float* weights,
                           std::int32_t ghostCount, std::int32_t count, P* to) {
-        constexpr int kWide = 64;
-        constexpr int kNarrow = 4;
-        const std::ptrdiff_t end = std::ptrdiff_t{count} * 4;
+        constexpr int kLanes = kVectorLanes<Processor>;
+        constexpr int kRegisters = 4;
+        constexpr int kOfPixel = 4;
+        const std::ptrdiff_t end = std::ptrdiff_t{count} * kOfPixel;
         std::ptrdiff_t at = 0;
-        for (; at + kWide <= end; at += kWide) {
-            block<kWide>(components(row), ghosts, at, weights, ghostCount, components(to));
+        for (; at + kLanes * kRegisters <= end; at += kLanes * kRegisters) {
+            block<kLanes, kRegisters>(components(row), ghosts, at, weights, ghostCount,
+                                      components(to));
         }
-        for (; at < end; at += kNarrow) {
-            block<kNarrow>(components(row), ghosts, at, weights, ghostCount, components(to));
+        for (; at < end; at += kOfPixel) {
+            block<kOfPixel, 1>(components(row), ghosts, at, weights, ghostCount, components(to));
         }
     }
 };

@@ -38,4 +38,11 @@ template <class P>
     return low < kTop ? low : kTop;
 }
 
+/// The same for the lanes of a Vector.
+template <class P, class V>
+[[gnu::always_inline]] inline typename V::Ints clampedLanes(typename V::Floats values) {
+    const auto low = V::larger(values, V::all(0.0f));
+    return V::truncated(V::smaller(low, V::all(PixelTraits<P>::kTop)));
+}
+
 }  // namespace ruvex::detail
