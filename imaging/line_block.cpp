@@ -157,39 +157,6 @@ void LineBlock<P, Mask>::gatherColumns(const Texture& from, const Lines& columns
 }
 
 template <class P, std::uint32_t Mask>
-void LineBlock<P, Mask>::gather(LineSource<P>& source, const TexAxis& axis, const P& fill,
-                                int count) {
-    using Lane = Layout<P, Mask>;
-    constexpr std::int32_t kRead = 64;
-    P pixels[kRead];
-    const auto layIn = [&](Component* lanes, std::int32_t n) {
-        for (std::int32_t i = 0; i < n; ++i) Lane::load(lanes + i * Lane::kStep, pixels[i]);
-    };
-    forEachRun(memory_.get(), axis, plan_.inputOf(0), [&](Component* lanes, const TexRun& run) {
-        // Only a run of consecutive pixels, or of the fill pixel, can be read in one piece.
-        const std::int32_t most = run.step == 1 || run.index == kNoPixel ? kRead : 1;
-        for (std::int32_t i = 0; i < run.length; i += most) {
-            const std::int32_t n = std::min(most, run.length - i);
-            for (int k = 0; k < count; ++k) {
-                if (run.index == kNoPixel) {
-                    std::fill_n(pixels, n, fill);
-                } else {
-                    source.read(k, run.index + i * run.step, n, pixels);
-                }
-                layIn(lanes + i * Lane::kStep + k * kTaken, n);
-            }
-        }
-    });
-}
-
-template <class P, std::uint32_t Mask>
-void LineBlock<P, Mask>::take(int line, std::int64_t first, std::int64_t count, P* to) const {
-    using Lane = Layout<P, Mask>;
-    const Component* lanes = present_ + first * Lane::kStep + line * kTaken;
-    for (std::int64_t i = 0; i < count; ++i) Lane::store(to[i], lanes + i * Lane::kStep);
-}
-
-template <class P, std::uint32_t Mask>
 void LineBlock<P, Mask>::filter(BoxFilter<Component> box, const P& fill) {
     present_ = memory_.get();
     for (int i = 0; i < plan_.boxes; ++i) {

@@ -12,19 +12,9 @@
 
 namespace ruvex {
 
-/// A source of lines that are computed instead of read from a texture.
-template <class P>
-class LineSource {
-public:
-    virtual ~LineSource() = default;
-
-    /// Writes `count` pixels of the block's line number `line`, from index `first` on its axis.
-    virtual void read(int line, std::int32_t first, std::int32_t count, P* to) = 0;
-};
-
-/// Takes a block of rows or columns through the boxes of a plan: gather, filter, then scatter or
-/// take. Only the components in `Mask` (bit 0 is the first) are written to the result. Each thread
-/// has its own block for each pass.
+/// Takes a block of rows or columns through the boxes of a plan: gather, filter, then scatter. Only
+/// the components in `Mask` (bit 0 is the first) are written to the result. Each thread has its own
+/// block for each pass.
 template <class P, std::uint32_t Mask>
 class LineBlock {
 public:
@@ -55,10 +45,6 @@ public:
     /// The same for columns.
     void gatherColumns(const Texture& from, const Lines& columns);
 
-    /// The same for `count` lines of `source`, with the size and edge method of `axis`. `fill` is
-    /// used where the edge method gives no pixel.
-    void gather(LineSource<P>& source, const TexAxis& axis, const P& fill, int count);
-
     /// Runs all boxes over the gathered lines. `fill` is used outside a row buffer where the edge
     /// method gives no pixel.
     void filter(BoxFilter<Component> box, const P& fill);
@@ -67,9 +53,6 @@ public:
     void scatterRows(Texture& to, const Lines& rows) const;
     /// The same for columns, which must be adjacent.
     void scatterColumns(Texture& to, const Lines& columns) const;
-
-    /// Copies `count` pixels of the result for line number `line`, from output position `first` on.
-    void take(int line, std::int64_t first, std::int64_t count, P* to) const;
 
 private:
     struct Release {

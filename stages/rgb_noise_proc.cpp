@@ -34,28 +34,49 @@ void giveRun(Generator& generator, const VxImgProc& from, std::uint32_t seed) {
     generator.scaleY = 1.0f / generator.scaleX;
 }
 
-// Adds noise to `count` source pixels (at most kTile) from (x, y) on, and stores the sums in the
-// target.
-template <class P>
-void addNoise(const VxTexture<P>& source, VxTexture<P>& target, std::int32_t x, std::int32_t y,
-              std::int32_t count, const float* noise, const GrainShape& shape) {
+// Calls add(from, done, length, to) for each run of the `count` source pixels (at most kTile) from
+// (x, y) on, with the target pixels where they belong; `done` is the number of pixels before it.
+template <class P, class Add>
+void forEachRun(const VxTexture<P>& source, VxTexture<P>& target, std::int32_t x, std::int32_t y,
+                std::int32_t count, Add add) {
     P* const to = target.writeAt(x, y);
     overRuns(source, x, y, count,
              [&](const P* from, std::int32_t step, std::int32_t done, std::int32_t length) {
                  P line[kTile];
-                 bestRowKernels<P>().addGrain(inLine(from, step, length, line), noise + 4 * done,
-                                              length, shape, to + done);
+                 add(inLine(from, step, length, line), done, length, to + done);
              });
 }
 
-// Converts blurred noise to floats, four per pixel.
-void widen(const RgbaInt* noise, std::int32_t count, float* to) {
-    const std::int32_t* const values = noise->c;
-    for (std::int32_t i = 0; i < 4 * count; ++i) to[i] = static_cast<float>(values[i]);
+// Adds noise to `count` source pixels and stores the sums in the target.
+template <class P>
+void addNoise(const VxTexture<P>& source, VxTexture<P>& target, std::int32_t x, std::int32_t y,
+              std::int32_t count, const float* noise, const GrainShape& shape) {
+    forEachRun(source, target, x, y, count,
+               [&](const P* from, std::int32_t done, std::int32_t length, P* to) {
+                   bestRowKernels<P>().addGrain(from, noise + 4 * done, length, shape, to);
+               });
 }
-void widen(const ChannelInt* noise, std::int32_t count, float* to) {
+
+// The same with soft noise. From a pixel to the next there are `stride` values.
+template <class P>
+void addSoftNoise(const VxTexture<P>& source, VxTexture<P>& target, std::int32_t x, std::int32_t y,
+                  std::int32_t count, const std::int32_t* noise, std::int64_t stride,
+                  const GrainShape& shape) {
+    forEachRun(source, target, x, y, count,
+               [&](const P* from, std::int32_t done, std::int32_t length, P* to) {
+                   bestRowKernels<P>().addSoftGrain(from, noise + done * stride, stride, length,
+                                                    shape, to);
+               });
+}
+
+// Converts blurred noise to floats, four per pixel.
+void widenColour(const std::int32_t* noise, std::int32_t count, float* to) {
+    for (std::int32_t i = 0; i < 4 * count; ++i) to[i] = static_cast<float>(noise[i]);
+}
+// From a pixel to the next there are `stride` integers.
+void widenGrey(const std::int32_t* noise, std::int64_t stride, std::int32_t count, float* to) {
     for (std::int32_t i = 0; i < count; ++i) {
-        const auto value = static_cast<float>(noise[i].c[0]);
+        const auto value = static_cast<float>(noise[i * stride]);
         for (int k = 0; k < 4; ++k) to[4 * i + k] = value;
     }
 }
@@ -235,7 +256,12 @@ void VxRGBNoiseProc<P>::runPicture(VxTexture<Noise>& picture, const GrainShape& 
     for (std::int32_t y = rows.first; y < rows.end; ++y) {
         if (interruptCheck(this->interrupt)) return;
         addToRow(y, shape, [&](std::int32_t x, std::int32_t count, float* to) {
-            widen(picture.writeAt(x, y), count, to);
+            const std::int32_t* const noise = picture.writeAt(x, y)->c;
+            if constexpr (Noise::kComponents == 4) {
+                widenColour(noise, count, to);
+            } else {
+                widenGrey(noise, 1, count, to);
+            }
         });
     }
 }
@@ -252,15 +278,35 @@ void VxRGBNoiseProc<P>::runSoftRows(const GrainShape& shape) {
     SoftNoiseRows<Noise> soft(wanted, {columns, {this->y0, this->y1}});
     if (!soft.usable()) return raiseOutOfMemory(this->interrupt);
     for (std::int32_t y = rows.first; y < rows.end; y += soft.kRows) {
-        const std::int32_t count = std::min<std::int32_t>(soft.kRows, rows.end - y);
-        soft.make(y, count);
-        for (std::int32_t row = 0; row < count; ++row) {
+        const Span block{y, std::min(y + soft.kRows, rows.end)};
+        soft.start(y);
+        for (std::int32_t x = columns.first; x < columns.end;) {
             if (interruptCheck(this->interrupt)) return;
-            addToRow(y + row, shape, [&](std::int32_t x, std::int32_t n, float* to) {
-                Noise pixels[kTile];
-                soft.take(row, x - columns.first, n, pixels);
-                widen(pixels, n, to);
-            });
+            const auto tile = soft.next();
+            addTile(tile, x, block, shape);
+            x += tile.columns;
+        }
+    }
+}
+
+// Adds the tile of soft noise whose first column is `left`.
+template <class P>
+template <class Tile>
+void VxRGBNoiseProc<P>::addTile(const Tile& tile, std::int32_t left, Span rows,
+                                const GrainShape& shape) {
+    for (std::int32_t y = rows.first; y < rows.end; ++y) {
+        const std::int32_t* noise = tile.row(y - rows.first);
+        for (std::int32_t done = 0; done < tile.columns; done += kTile) {
+            const std::int32_t count = std::min(kTile, tile.columns - done);
+            const std::int32_t* values = noise + std::ptrdiff_t{done} * tile.kStride;
+            if (mode == Mode::Colour) {
+                addSoftNoise(*this->source, *this->target, left + done, y, count, values,
+                             tile.kStride, shape);
+            } else {
+                float floats[4 * kTile];
+                widenGrey(values, tile.kStride, count, floats);
+                addNoise(*this->source, *this->target, left + done, y, count, floats, shape);
+            }
         }
     }
 }

@@ -57,6 +57,8 @@ private:
     void runPicture(VxTexture<Noise>& picture, const GrainShape& shape);
     template <class Noise>
     void runSoftRows(const GrainShape& shape);
+    template <class Tile>
+    void addTile(const Tile& tile, std::int32_t left, Span rows, const GrainShape& shape);
     template <class Noise>
     void addToRow(std::int32_t y, const GrainShape& shape, Noise noise);
 };

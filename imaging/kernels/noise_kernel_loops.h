@@ -4,6 +4,7 @@
 #pragma once
 
 #include "imaging/kernels/noise_kernels.h"
+#include "imaging/kernels/soft_noise_loops.h"
 #include "imaging/maths/maths_sine.h"
 #include "imaging/maths/random.h"
 #include "imaging/noise/gradient_noise_cell.h"
@@ -54,8 +55,11 @@ void sineRow(const float* __restrict angles, std::int32_t count, float* __restri
 }
 
 template <class Processor>
-inline constexpr NoiseKernels kNoiseKernels{
-    NoiseLoops<Processor>::channel, NoiseLoops<Processor>::template colour<4>,
-    NoiseLoops<Processor>::template colour<3>, octaveRow<Processor>, sineRow<Processor>};
+inline constexpr NoiseKernels kNoiseKernels{NoiseLoops<Processor>::channel,
+                                            NoiseLoops<Processor>::template colour<4>,
+                                            NoiseLoops<Processor>::template colour<3>,
+                                            octaveRow<Processor>,
+                                            sineRow<Processor>,
+                                            SoftNoiseLoops<Processor>::soften};
 
 }  // namespace ruvex::detail

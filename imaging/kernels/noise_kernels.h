@@ -4,7 +4,9 @@
 
 #include <cstdint>
 
+#include "imaging/blur/blur_weights.h"
 #include "imaging/kernels/dispatch.h"
+#include "imaging/kernels/soft_noise.h"
 #include "imaging/pixel.h"
 
 namespace ruvex {
@@ -27,6 +29,12 @@ struct NoiseKernels {
     /// The sines, in single precision, of angles in radians. Their magnitude must not exceed
     /// maths::detail::kExactReduction.
     void (*sines)(const float* angles, std::int32_t count, float* to);
+    /// Computes noise at `count` positions, blurs it with three boxes of 14-bit weights and writes
+    /// their outputs, as a further box of radius 0 rounds them. The first 3 * weights.span outputs
+    /// after a jump in the noise depend on what was there before it. The numbers of `noise` and the
+    /// inputs of `chain` move on by `count` positions.
+    void (*soften)(NoiseLanes& noise, std::int64_t count, const BoxWeights& weights,
+                   BoxChain& chain, std::int32_t* to);
 };
 
 /// The loops compiled for the build's target processor.

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "imaging/blur/blur_gauss.h"
+#include "imaging/kernels/noise_kernels.h"
 #include "imaging/maths/wrap.h"
 #include "imaging/pixel_convert.h"
 
@@ -12,6 +13,11 @@ namespace {
 
 template <class P>
 constexpr bool kColour = P::kComponents == 4;
+
+// The shortest tile, in columns. For long boxes tiles are longer, since the inputs that a box keeps
+// are moved after each tile.
+constexpr std::int64_t kLeastTile = 64;
+constexpr std::int64_t kSpansInTile = 8;
 
 std::int32_t sizeOf(Span span) {
     return span.end - span.first;
@@ -48,38 +54,82 @@ BoxPlan noisePlan(float softness, const typename SoftNoiseRows<P>::Window& windo
 template <class P>
 SoftNoiseRows<P>::SoftNoiseRows(const Noise& noise, const Window& window)
     : noise_(noise),
+      window_(window),
       axis_(noiseAxis<P>(noise.softness, window.columns)),
       plan_(noisePlan<P>(noise.softness, window, axis_)),
-      block_(plan_) {
+      tileColumns_(std::max(kLeastTile, plan_.weights.span / kSpansInTile)) {
     numbers_.seed = noise.seed;
     for (std::size_t k = 0; k < 4; ++k) factors_[k] = noise.scale[k] * kHashStep;
+    if (plan_.possible()) allocate();
 }
 
+// One buffer for the inputs of the boxes and the tile. The sums begin with 0, so the inputs too.
 template <class P>
-void SoftNoiseRows<P>::read(int line, std::int32_t first, std::int32_t count, P* to) {
-    const std::uint32_t number =
-        numbers_.pixelNumber(wrapAdd(axis_.origin, first), wrapAdd(row_, line));
-    if constexpr (kColour<P>) {
-        noiseRow(number, count, factors_, true, to);
-    } else {
-        noiseRow(number, count, factors_[0], 0.0f, to);
+void SoftNoiseRows<P>::allocate() {
+    const std::int64_t columns = plan_.weights.span + tileColumns_;
+    const std::int64_t all = BoxChain::kBoxes * columns + tileColumns_;
+    constexpr std::int64_t kColumnBytes = kNoiseLanes * sizeof(std::int32_t);
+    if (all > kMaxBufferBytes / kColumnBytes) return;
+    buffer_.reset(allocateBuffer(static_cast<std::int32_t>(all * kColumnBytes), Contents::Zero));
+    auto* place = reinterpret_cast<std::int32_t*>(buffer_.get());
+    for (std::int32_t*& inputs : inputs_) {
+        inputs = place;
+        place += columns * kNoiseLanes;
     }
+    tile_ = place;
 }
 
 template <class P>
-void SoftNoiseRows<P>::make(std::int32_t y, int count) {
+void SoftNoiseRows<P>::start(std::int32_t y) {
     row_ = y;
-    block_.gather(*this, axis_, P{}, count);
-    block_.filter(bestBoxKernels().fixed32, P{});
+    const BoxWeights& weights = plan_.weights;
+    column_ = window_.columns.first;
+    input_ = column_ - BoxChain::kBoxes * weights.reach;
+    // What the boxes have from the rows before leaves their sums in this time.
+    std::int64_t left = BoxChain::kBoxes * weights.span;
+    for (; left > tileColumns_; left -= tileColumns_) soften(tileColumns_);
+    soften(left);
 }
 
 template <class P>
-void SoftNoiseRows<P>::take(int row, std::int32_t first, std::int32_t count, P* to) const {
-    block_.take(row, first, count, to);
-    // The generators also blur along Y with radius 0, which changes values by its rounding.
-    for (std::int32_t i = 0; i < count; ++i) {
-        for (int k = 0; k < P::kComponents; ++k) to[i].c[k] = foldedInteger(to[i].c[k]);
+typename SoftNoiseRows<P>::Tile SoftNoiseRows<P>::next() {
+    const auto count = static_cast<std::int32_t>(
+        std::min<std::int64_t>(tileColumns_, window_.columns.end - column_));
+    soften(count);
+    column_ += count;
+    return {tile_, count};
+}
+
+// Computes the next `count` columns into the tile.
+template <class P>
+void SoftNoiseRows<P>::soften(std::int64_t count) {
+    std::copy(std::begin(inputs_), std::end(inputs_), chain_.inputs);
+    for (std::int64_t done = 0; done < count;) {
+        const TexRun run = axis_.mapRun(static_cast<std::int32_t>(input_));
+        const std::int64_t length = std::min<std::int64_t>(run.length, count - done);
+        setLanes(run);
+        bestNoiseKernels().soften(lanes_, length, plan_.weights, chain_,
+                                  tile_ + done * kNoiseLanes);
+        input_ += length;
+        done += length;
     }
+    for (int box = 0; box < BoxChain::kBoxes; ++box) {
+        std::copy_n(chain_.inputs[box], plan_.weights.span * kNoiseLanes, inputs_[box]);
+    }
+}
+
+// Outside the axis, where an edge method gives no pixel, the noise is 0.
+template <class P>
+void SoftNoiseRows<P>::setLanes(const TexRun& run) {
+    const bool present = run.index != kNoPixel;
+    const std::int32_t x = wrapAdd(axis_.origin, run.index);
+    for (int lane = 0; lane < kNoiseLanes; ++lane) {
+        const int k = lane % P::kComponents;
+        const std::int32_t y = wrapAdd(row_, lane / P::kComponents);
+        lanes_.numbers[lane] = numbers_.pixelNumber(x, y) + static_cast<std::uint32_t>(k);
+        lanes_.factors[lane] = present ? factors_[k] : 0.0f;
+    }
+    lanes_.step = static_cast<std::uint32_t>(run.step) * VxNoisyBastard::kColumnStep;
 }
 
 template class SoftNoiseRows<RgbaInt>;

@@ -1,23 +1,23 @@
-// Hash noise blurred along X, computed a few rows at a time.
+// Hash noise blurred along X, computed a few rows and some columns at a time.
 
 #pragma once
 
 #include <cstdint>
+#include <memory>
 
 #include "imaging/blur/box_plan.h"
+#include "imaging/buffer.h"
 #include "imaging/img_proc.h"
-#include "imaging/line_block.h"
+#include "imaging/kernels/soft_noise.h"
 #include "imaging/noise/noise_rows.h"
 
 namespace ruvex {
 
 /// The same noise as VxNoiseGen (for ChannelInt) or VxRGBANoiseGen (for RgbaInt with alpha) gives
-/// with a blur along X alone, but without memory for a whole picture. Each worker has its own.
+/// with a blur along X alone. It is computed for kRows rows at once, from left to right, in tiles
+/// that stay in the first-level cache. Each worker has its own.
 template <class P>
-class SoftNoiseRows : private LineSource<P> {
-    static constexpr std::uint32_t kAllComponents = (1u << P::kComponents) - 1;
-    using Block = LineBlock<P, kAllComponents>;
-
+class SoftNoiseRows {
 public:
     struct Noise {
         std::uint32_t seed = 0;
@@ -29,33 +29,54 @@ public:
         Span columns;
         Span rows;
     };
+    static constexpr int kRows = kNoiseLanes / P::kComponents;
+
+    /// Some columns of kRows rows. Valid until the next call of `next` or `start`.
+    struct Tile {
+        /// From a column to the next.
+        static constexpr int kStride = kNoiseLanes;
+
+        const std::int32_t* values;
+        std::int32_t columns;
+
+        /// The components of a row's pixel in the first column.
+        const std::int32_t* row(int number) const { return values + number * P::kComponents; }
+    };
 
     SoftNoiseRows(const Noise& noise, const Window& window);
-    SoftNoiseRows(const SoftNoiseRows&) = delete;
-    SoftNoiseRows& operator=(const SoftNoiseRows&) = delete;
 
     /// False if memory ran out; then nothing else may be called.
-    bool usable() const { return plan_.possible() && block_.usable(); }
+    bool usable() const { return buffer_ != nullptr; }
 
-    /// The largest number of rows that one call of make computes.
-    static constexpr int kRows = Block::kLines;
+    /// Begins with rows y to y + kRows - 1, at the window's first column.
+    void start(std::int32_t y);
 
-    /// Computes rows y to y + count - 1, 1 <= count <= kRows.
-    void make(std::int32_t y, int count);
-
-    /// Copies `count` pixels of row y + `row` of the latest make, from the window's column number
-    /// `first` on (0 is its first column).
-    void take(int row, std::int32_t first, std::int32_t count, P* to) const;
+    /// Computes the next tile of these rows. There must be columns left.
+    Tile next();
 
 private:
-    void read(int line, std::int32_t first, std::int32_t count, P* to) override;
+    struct Release {
+        void operator()(std::byte* memory) const { releaseBuffer(memory); }
+    };
+
+    void allocate();
+    void soften(std::int64_t count);
+    void setLanes(const TexRun& run);
 
     Noise noise_;
+    Window window_;
     VxNoisyBastard numbers_;
     float factors_[4];
     TexAxis axis_;  // X axis of the noise before the blur
     BoxPlan plan_;
-    Block block_;
+    std::int64_t tileColumns_;
+    std::unique_ptr<std::byte, Release> buffer_;
+    std::int32_t* inputs_[BoxChain::kBoxes];  // in buffer_
+    std::int32_t* tile_;                      // in buffer_
+    NoiseLanes lanes_{};
+    BoxChain chain_{};
+    std::int64_t input_ = 0;   // coordinate of the noise that is computed next
+    std::int32_t column_ = 0;  // first column of the next tile
     std::int32_t row_ = 0;
 };
 

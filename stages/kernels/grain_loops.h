@@ -2,9 +2,11 @@
 
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
-#include <cstring>
+#include <limits>
 
+#include "imaging/kernels/vector.h"
 #include "imaging/maths/random.h"
 #include "imaging/noise/noise_rows.h"
 #include "imaging/pixel.h"
@@ -16,9 +18,6 @@ namespace ruvex::detail {
 template <class P, class Processor>
 struct GrainLoops {
     using Component = typename P::Component;
-
-    // The number of components per step: the four of a pixel are repeated to this width.
-    static constexpr int kWidth = 32;
 
     static void hashColour(std::uint32_t number, std::int32_t count, const float* factors,
                            float* to) {
@@ -40,69 +39,97 @@ struct GrainLoops {
         }
     }
 
-    // GrainShape's values of the four components, repeated kWidth / 4 times.
-    struct Lanes {
-        float low[kWidth];
-        std::int32_t keep[kWidth];  // all bits set for a component without noise
+    // GrainShape's values for the components of some pixels.
+    template <int Count>
+    struct ShapeLanes {
+        using V = Vector<Processor, Count>;
+        typename V::Floats low, cut, stretch;
+        typename V::Ints keep;  // all bits set for a component without noise
 
-        explicit Lanes(const GrainShape& shape) {
-            for (int k = 0; k < kWidth; ++k) {
-                low[k] = shape.low[k % 4];
-                keep[k] = (shape.keep >> (k % 4) & 1u) != 0 ? -1 : 0;
+        [[gnu::always_inline]] explicit ShapeLanes(const GrainShape& shape)
+            : cut(V::all(shape.cut)), stretch(V::all(shape.stretch)) {
+            float lows[Count];
+            std::int32_t keeps[Count];
+            for (int k = 0; k < Count; ++k) {
+                lows[k] = shape.low[k % 4];
+                keeps[k] = (shape.keep >> (k % 4) & 1u) != 0 ? -1 : 0;
             }
+            low = V::load(lows);
+            keep = V::load(keeps);
+        }
+
+        // Noise from -cut to cut becomes 0, and so does NaN (noise of range 0, stretched). The rest
+        // is symmetric about 0, and exactly so, since rounding is. In place of 0 it may be -0,
+        // which makes no difference to the sum.
+        [[gnu::always_inline]] typename V::Floats outsideBand(typename V::Floats value) const {
+            const auto bits = reinterpret_cast<typename V::Ints>(value);
+            const auto size = reinterpret_cast<typename V::Floats>(bits & 0x7FFFFFFF);
+            const auto left = V::larger((size - cut) * stretch, V::all(0.0f));
+            const auto sign = bits & std::numeric_limits<std::int32_t>::min();
+            return reinterpret_cast<typename V::Floats>(reinterpret_cast<typename V::Ints>(left) |
+                                                        sign);
+        }
+
+        template <bool Banded>
+        [[gnu::always_inline]] void add(const Component* from, typename V::Floats noise,
+                                        Component* to) const {
+            const auto shifted = noise + low;
+            const auto c = V::widened(from);
+            const auto sum = V::toFloats(c) + (Banded ? outsideBand(shifted) : shifted);
+            V::narrow((clampedLanes<P, V>(sum) & ~keep) | (c & keep), to);
         }
     };
 
-    // Not inlined: the compiler uses __restrict only on function arguments, and vectorises the loop
-    // only if the arrays do not overlap.
-    template <bool Banded, int Width>
-    [[gnu::noinline]] static void block(const Component* __restrict from,
-                                        const float* __restrict values,
-                                        const Lanes& __restrict lanes, const GrainShape& shape,
-                                        Component* __restrict to) {
-        const float cut = shape.cut;
-        const float stretch = shape.stretch;
-        for (int k = 0; k < Width; ++k) {
-            float v = values[k] + lanes.low[k];
-            if (Banded) {
-                // Written so that NaN (noise of range 0, stretched) becomes 0 too.
-                const bool below = v < 0.0f;
-                const float left = (v + (below ? cut : -cut)) * stretch;
-                const float lower = left < 0.0f ? left : 0.0f;
-                const float upper = left > 0.0f ? left : 0.0f;
-                v = below ? lower : upper;
-            }
-            const std::int32_t c = from[k];
-            const float sum = static_cast<float>(c) + v;
-            to[k] = static_cast<Component>((clampedToRange<P>(sum) & ~lanes.keep[k]) |
-                                           (c & lanes.keep[k]));
-        }
-    }
-
-    template <bool Banded>
-    static void add(const P* from, const float* values, std::int32_t count, const GrainShape& shape,
+    // Adds the values that noise.at<V>(i) gives for the pixels from number i on.
+    template <bool Banded, class Noise>
+    static void add(const P* from, const Noise& noise, std::int32_t count, const GrainShape& shape,
                     P* to) {
-        const Lanes lanes(shape);
-        constexpr std::int32_t kPixels = kWidth / 4;
-        for (std::int32_t i = 0; i < count;) {
-            // Buffered, since `to` may be `from`.
-            Component result[kWidth];
-            const std::int32_t n = count - i >= kPixels ? kPixels : 1;
-            if (n == kPixels) {
-                block<Banded, kWidth>(components(from + i), values + 4 * i, lanes, shape, result);
-            } else {
-                block<Banded, 4>(components(from + i), values + 4 * i, lanes, shape, result);
-            }
-            std::memcpy(static_cast<void*>(to + i), result,
-                        static_cast<std::size_t>(n) * sizeof(P));
-            i += n;
+        constexpr int kLanes = kVectorLanes<Processor>;
+        constexpr int kPixels = kLanes / 4;
+        const ShapeLanes<kLanes> lanes(shape);
+        std::int32_t i = 0;
+        for (; i + kPixels <= count; i += kPixels) {
+            lanes.template add<Banded>(components(from + i),
+                                       noise.template at<Vector<Processor, kLanes>>(i),
+                                       components(to + i));
+        }
+        const ShapeLanes<4> ofPixel(shape);
+        for (; i < count; ++i) {
+            ofPixel.template add<Banded>(components(from + i),
+                                         noise.template at<Vector<Processor, 4>>(i),
+                                         components(to + i));
         }
     }
+    template <class Noise>
+    static void add(const P* from, const Noise& noise, std::int32_t count, const GrainShape& shape,
+                    P* to) {
+        return shape.banded ? add<true>(from, noise, count, shape, to)
+                            : add<false>(from, noise, count, shape, to);
+    }
 
+    struct HardNoise {
+        const float* values;
+        template <class V>
+        [[gnu::always_inline]] typename V::Floats at(std::int32_t pixel) const {
+            return V::load(values + 4 * std::ptrdiff_t{pixel});
+        }
+    };
     static void addGrain(const P* from, const float* values, std::int32_t count,
                          const GrainShape& shape, P* to) {
-        return shape.banded ? add<true>(from, values, count, shape, to)
-                            : add<false>(from, values, count, shape, to);
+        return add(from, HardNoise{values}, count, shape, to);
+    }
+
+    struct SoftNoise {
+        const std::int32_t* values;
+        std::int64_t stride;
+        template <class V>
+        [[gnu::always_inline]] typename V::Floats at(std::int32_t pixel) const {
+            return V::toFloats(V::quads(values + pixel * stride, stride));
+        }
+    };
+    static void addSoftGrain(const P* from, const std::int32_t* values, std::int64_t stride,
+                             std::int32_t count, const GrainShape& shape, P* to) {
+        return add(from, SoftNoise{values, stride}, count, shape, to);
     }
 };
 

@@ -20,6 +20,7 @@ inline constexpr RowKernels<P> kRowKernels{
     .hashColour = GrainLoops<P, Processor>::hashColour,
     .hashGrey = GrainLoops<P, Processor>::hashGrey,
     .addGrain = GrainLoops<P, Processor>::addGrain,
+    .addSoftGrain = GrainLoops<P, Processor>::addSoftGrain,
     .points = ShashLoops<P, Processor>::points,
     .bars = ShashLoops<P, Processor>::bars,
     .dim = SignalLoops<P, Processor>::dim,

@@ -36,6 +36,10 @@ struct RowKernels {
     /// Adds noise, four values per pixel, with the given shape. In place or not.
     void (*addGrain)(const P* from, const float* noise, std::int32_t count, const GrainShape& shape,
                      P* to);
+    /// The same with integers. The four values of a pixel are followed by those of the next one
+    /// `stride` integers further.
+    void (*addSoftGrain)(const P* from, const std::int32_t* noise, std::int64_t stride,
+                         std::int32_t count, const GrainShape& shape, P* to);
     /// White points where the mean of four waves is high: from a table of 1024 sines, the pixels'
     /// places in periods, and the waves' phases and harmonics.
     void (*points)(const float* sines, const float* places, const float* phases,

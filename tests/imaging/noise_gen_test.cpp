@@ -303,6 +303,60 @@ TEST(NoiseKernels, EveryVersionGivesTheSameFractalNoise) {
     }
 }
 
+// What a call of soften reads and writes.
+struct SoftRun {
+    static constexpr int kColumns = 40;
+
+    BoxWeights weights;
+    NoiseLanes noise{};
+    BoxChain chain{};
+    std::vector<std::int32_t> inputs[BoxChain::kBoxes];
+    std::vector<std::int32_t> outputs;
+
+    SoftRun(float radius, std::mt19937& random) : weights(radius), outputs(kColumns * kNoiseLanes) {
+        for (std::uint32_t& number : noise.numbers) number = random();
+        for (float& factor : noise.factors) {
+            factor = static_cast<float>(random() % 80000) * kHashStep - 4e4f * kHashStep;
+        }
+        noise.factors[3] = 1e30f;
+        noise.step = random();
+        const auto span = static_cast<std::size_t>(weights.span) * kNoiseLanes;
+        for (int box = 0; box < BoxChain::kBoxes; ++box) {
+            inputs[box].resize(span + kColumns * kNoiseLanes);
+            for (std::size_t i = 0; i < span; ++i) {
+                inputs[box][i] = static_cast<std::int32_t>(random());
+                chain.sums[box][i % kNoiseLanes] += static_cast<std::uint32_t>(inputs[box][i]);
+            }
+        }
+    }
+
+    void soften(const NoiseKernels& kernels, int first, int count) {
+        for (int box = 0; box < BoxChain::kBoxes; ++box) {
+            chain.inputs[box] = inputs[box].data() + first * kNoiseLanes;
+        }
+        kernels.soften(noise, count, weights, chain, outputs.data() + first * kNoiseLanes);
+    }
+};
+
+TEST(NoiseKernels, EveryVersionGivesTheSameSoftNoise) {
+    std::mt19937 random(2);
+    for (const float radius : {0.01f, 0.4f, 1.0f, 2.0f, 2.7f, 11.0f}) {
+        for (int repeat = 0; repeat < 20; ++repeat) {
+            SoftRun plain(radius, random);
+            const SoftRun before = plain;
+            plain.soften(plainNoiseKernels(), 0, SoftRun::kColumns);
+            for (const NoiseKernels* version : noiseKernelVersions().all()) {
+                SoftRun run = before;
+                const int part = static_cast<int>(random() % SoftRun::kColumns);
+                run.soften(*version, 0, part);
+                run.soften(*version, part, SoftRun::kColumns - part);
+                EXPECT_EQ(run.outputs, plain.outputs) << radius;
+                EXPECT_TRUE(std::equal(std::begin(run.inputs), std::end(run.inputs), plain.inputs));
+            }
+        }
+    }
+}
+
 TEST_F(NoisePictures, WantOfMemoryStopsTheRender) {
     Channel picture;
     makeRegion(picture, 0, 0, 29999, 0);

@@ -45,15 +45,20 @@ void expectRows(const NoiseCase& chosen, VxTexture<P>& wanted) {
     std::copy(std::begin(chosen.scale), std::end(chosen.scale), noise.scale);
     SoftNoiseRows<P> soft(noise, {chosen.columns, chosen.rows});
     ASSERT_TRUE(soft.usable());
-    const std::int32_t width = chosen.columns.end - chosen.columns.first;
-    std::vector<P> got(static_cast<std::size_t>(width));
     for (std::int32_t y = chosen.rows.first; y < chosen.rows.end; y += soft.kRows) {
         const std::int32_t count = std::min<std::int32_t>(soft.kRows, chosen.rows.end - y);
-        soft.make(y, count);
-        for (std::int32_t row = 0; row < count; ++row) {
-            soft.take(row, 0, width, got.data());
-            const P* line = wanted.writeAt(chosen.columns.first, y + row);
-            ASSERT_TRUE(std::equal(got.begin(), got.end(), line)) << "row " << y + row;
+        soft.start(y);
+        for (std::int32_t x = chosen.columns.first; x < chosen.columns.end;) {
+            const auto tile = soft.next();
+            for (std::int32_t row = 0; row < count; ++row) {
+                for (std::int32_t i = 0; i < tile.columns; ++i) {
+                    const std::int32_t* got = tile.row(row) + i * tile.kStride;
+                    const P& pixel = *wanted.writeAt(x + i, y + row);
+                    ASSERT_TRUE(std::equal(got, got + P::kComponents, pixel.c))
+                        << "column " << x + i << ", row " << y + row;
+                }
+            }
+            x += tile.columns;
         }
     }
 }

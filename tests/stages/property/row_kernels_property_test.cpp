@@ -171,6 +171,39 @@ TYPED_TEST(RowKernelProperty, Grain) {
     });
 }
 
+TYPED_TEST(RowKernelProperty, SoftGrain) {
+    this->forCases(10, [&](Random& random, std::int32_t count) {
+        const auto reach = static_cast<std::int32_t>(PixelTraits<TypeParam>::kWhite);
+        const std::int64_t stride = random.whole(4, 16);
+        std::vector<std::int32_t> noise(static_cast<std::size_t>(count * stride));
+        for (std::int32_t& value : noise) {
+            value = random.chance(5) ? static_cast<std::int32_t>(random.bits())
+                                     : random.whole(-reach, reach);
+        }
+        GrainShape shape{.banded = random.chance(70), .keep = random.bits() & 15u};
+        for (float& low : shape.low) low = random.real(-1.0f, 1.0f) * static_cast<float>(reach);
+        shape.cut = random.real(0.0f, 1.0f) * static_cast<float>(reach);
+        shape.stretch = random.chance(10) ? kInfinity : random.real(-3.0f, 3.0f);
+        std::vector<float> hard;
+        for (std::int64_t i = 0; i < count * 4; ++i) {
+            hard.push_back(
+                static_cast<float>(noise[static_cast<std::size_t>(i / 4 * stride + i % 4)]));
+        }
+        const auto from = this->pixels(random, count);
+        this->compare(random, count, [&](auto& k, auto* to) {
+            // The plain version of hard grain is what soft grain is compared with.
+            if (&k == this->versions[0]) {
+                k.addGrain(from.data(), hard.data(), count, shape, to);
+            } else {
+                k.addSoftGrain(from.data(), noise.data(), stride, count, shape, to);
+            }
+        });
+        this->compare(random, count, [&](auto& k, auto* to) {
+            k.addSoftGrain(from.data(), noise.data(), stride, count, shape, to);
+        });
+    });
+}
+
 TYPED_TEST(RowKernelProperty, PointsBarsAndDashes) {
     this->forCases(8, [&](Random& random, std::int32_t count) {
         const auto sines = this->floats(random, 1024, -1.0f, 1.0f);
