@@ -69,11 +69,13 @@ VxLensWarper lensOf(const FrameParameters& parameters, const FrameScale& scale, 
 
 template <class P>
 FrameDriver<P>::FrameDriver(VxDsEffect& effect, const FrameHost& host,
-                            const ParameterReader& reader, const FrameTime& time)
+                            const ParameterReader& reader, const FrameTime& time,
+                            FrameMemory<P>& memory)
     : effect_(effect),
       host_(host),
       reader_(reader),
       time_(time),
+      memory_(memory),
       region_(frameRegion(effect, host.roiSet)) {}
 
 template <class P>
@@ -268,6 +270,7 @@ template <class P>
 void FrameDriver<P>::showSignal() {
     RuvexSampler<P> television;
     television.signal = signal_;
+    television.memory = &memory_;
     setAspect(television, scale_);
     prepare(television, effect_, workRegion_);
     television.process(*source_, sampled());

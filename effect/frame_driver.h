@@ -14,18 +14,19 @@
 #include "host/base/vx_ds_effect.h"
 #include "imaging/texture.h"
 #include "sdk/com/com_ptr.h"
+#include "stages/frame_memory.h"
 #include "stages/signal_parameters.h"
 
 namespace ruvex {
 
 /// Renders one frame of pixel type P. Execute creates it on the stack after it has set up the
-/// effect's render state; no state is kept for the next frame. The constructor's arguments must
-/// outlive it.
+/// effect's render state; for the next frame only `memory` is kept. The constructor's arguments
+/// must outlive it.
 template <class P>
 class FrameDriver {
 public:
     FrameDriver(VxDsEffect& effect, const FrameHost& host, const ParameterReader& reader,
-                const FrameTime& time);
+                const FrameTime& time, FrameMemory<P>& memory);
 
     /// Renders the whole frame: the stage chain and the finishing steps, or only the cropped input
     /// if that is to be shown. Returns 0 or the error of `process`.
@@ -68,6 +69,7 @@ private:
     const FrameHost& host_;
     ParameterReader reader_;
     FrameTime time_;
+    FrameMemory<P>& memory_;
     std::optional<PixelRegion> region_;      // at full size
     std::optional<PixelRegion> workRegion_;  // at the work size
 

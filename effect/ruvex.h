@@ -10,6 +10,7 @@
 #include "overlay/vx_t_ds_crop.h"
 #include "parameters/ruvex_interface.h"
 #include "sdk/effect/effect.h"
+#include "stages/frame_memory.h"
 
 namespace ruvex {
 
@@ -67,6 +68,9 @@ private:
     bool overlayPlaced_ = false;
     /// The argument of IRuvexControl::setWorkerCount; 0: the machine's number of processors.
     std::int32_t workers_ = 0;
+    /// For each pixel type. Not copied to clones, which may render at the same time.
+    FrameMemory<Rgba8> memory8_;
+    FrameMemory<RgbaS214> memory16_;
 };
 
 }  // namespace ruvex

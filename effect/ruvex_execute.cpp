@@ -59,10 +59,10 @@ HRESULT Ruvex::renderByFormat(double seconds) {
     const ParameterReader parametersOfFrame(*this, parameters, &interruption);
     const FrameTime time(seconds, host.sampleRate);
     if (format == MFIF_RGBA_RAW_32) {
-        return FrameDriver<Rgba8>(*this, host, parametersOfFrame, time).renderFrame();
+        return FrameDriver<Rgba8>(*this, host, parametersOfFrame, time, memory8_).renderFrame();
     }
     if (format == MFIF_RGBA_S2_14) {
-        return FrameDriver<RgbaS214>(*this, host, parametersOfFrame, time).renderFrame();
+        return FrameDriver<RgbaS214>(*this, host, parametersOfFrame, time, memory16_).renderFrame();
     }
     return S_OK;
 }

@@ -102,6 +102,16 @@ void VxTexture<P, C>::allocateLayout(const VxTexIndexer& layout, Contents conten
 }
 
 template <class P, class C>
+void VxTexture<P, C>::placeLayout(const VxTexIndexer& layout, std::byte* pixels) {
+    clear();
+    x = layout.x;
+    y = layout.y;
+    data = pixels;
+    owned = 0;
+    stride = pixels ? x.size * static_cast<std::int32_t>(sizeof(P)) : 0;
+}
+
+template <class P, class C>
 const P* VxTexture<P, C>::pixelAt(std::int32_t px, std::int32_t py) const {
     const std::int32_t column = x.mapIndex(wrapSubtract(px, x.origin));
     const std::int32_t row = y.mapIndex(wrapSubtract(py, y.origin));

@@ -67,6 +67,9 @@ public:
     /// The same for a layout without pixels, such as a padded one. The fill pixel is kept.
     void allocateLayout(const VxTexIndexer& layout, Contents contents = Contents::Undefined);
 
+    /// Becomes a view, with such a layout, of pixels that must outlive it. The fill pixel is kept.
+    void placeLayout(const VxTexIndexer& layout, std::byte* pixels);
+
     /// The pixel to read at image-space (px, py) according to the edge methods, or null.
     const P* pixelAt(std::int32_t px, std::int32_t py) const;
 

@@ -120,9 +120,11 @@ RowsRead rowsRead(const SignalParameters& signal, const PaddedArea& area, Span r
 
 template <class P>
 bool padSource(const SignalParameters& signal, const PaddedArea& area, const RowsRead& rows,
-               VxTexture<P>& source, VxTexture<P>& padded, const VxImgProc& run) {
+               VxTexture<P>& source, VxTexture<P>& padded, KeptBuffer& memory,
+               const VxImgProc& run) {
     padded.setFill(source.fill);
-    padded.allocateLayout(paddedLayout(source, area));
+    const VxTexIndexer layout = paddedLayout(source, area);
+    padded.placeLayout(layout, memory.reserve(imageBytes(layout.x.size, layout.y.size, sizeof(P))));
     if (!padded.data) {
         raiseOutOfMemory(run.interrupt);
         return false;
@@ -145,8 +147,8 @@ bool padSource(const SignalParameters& signal, const PaddedArea& area, const Row
 }
 
 template bool padSource(const SignalParameters&, const PaddedArea&, const RowsRead&,
-                        VxTexture<Rgba8>&, VxTexture<Rgba8>&, const VxImgProc&);
+                        VxTexture<Rgba8>&, VxTexture<Rgba8>&, KeptBuffer&, const VxImgProc&);
 template bool padSource(const SignalParameters&, const PaddedArea&, const RowsRead&,
-                        VxTexture<RgbaS214>&, VxTexture<RgbaS214>&, const VxImgProc&);
+                        VxTexture<RgbaS214>&, VxTexture<RgbaS214>&, KeptBuffer&, const VxImgProc&);
 
 }  // namespace ruvex

@@ -85,7 +85,9 @@ void RuvexSampler<P>::pre() {
     measureArea();
     if (!makeWork() || stopped() || !pictureShows()) return;
     if (needsPadding() && !pad()) return;
-    if (!stopped() && !tables_.build(signal)) raiseOutOfMemory(this->interrupt);
+    if (stopped()) return;
+    tables_ = kept().tones.tables(signal, useThreads_);
+    if (!tables_) raiseOutOfMemory(this->interrupt);
 }
 
 // The part of the padded picture that the window needs.
@@ -124,7 +126,7 @@ bool RuvexSampler<P>::pad() {
     const Span rows{this->y0, this->y1};
     const bool inside = area_.makes(rows, {this->x0, this->x1});
     return padSource(signal, area_, rowsRead(signal, area_, inside ? rows : area_.rows),
-                     *this->source, paddedSource, *this);
+                     *this->source, paddedSource, kept().paddedSource, *this);
 }
 
 template <class P>
@@ -212,7 +214,7 @@ void RuvexSampler<P>::runSignal() {
         }
     };
     const bool narrow = !hasGhosts(signal) && area_.makes({this->y0, this->y1}, columns);
-    SignalRows<P> signalRows(signal, tables_, from,
+    SignalRows<P> signalRows(signal, *tables_, from,
                              narrow ? columns.end - columns.first : area_.width);
     if (narrow) return makeAll(signalRows);
     if (!signalRows.usable()) return raiseOutOfMemory(this->interrupt);
@@ -346,7 +348,7 @@ void RuvexSampler<P>::afterTransport() {
 template <class P>
 void RuvexSampler<P>::post() {
     this->useThreads = useThreads_;
-    tables_.clear();
+    tables_ = nullptr;
 }
 
 template class RuvexSampler<Rgba8>;

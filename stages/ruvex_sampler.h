@@ -7,9 +7,9 @@
 #include "imaging/img_proc.h"
 #include "imaging/texture.h"
 #include "imaging/window_stack.h"
+#include "stages/frame_memory.h"
 #include "stages/padded_area.h"
 #include "stages/signal_parameters.h"
-#include "stages/tone_tables.h"
 
 namespace ruvex {
 
@@ -35,6 +35,9 @@ public:
     void postPass() override;
 
     SignalParameters signal;
+
+    /// Kept from frame to frame; not owned. Null: what this object has.
+    FrameMemory<P>* memory = nullptr;
 
     /// The source with its margins, until the end of pass 0. Empty without displacement.
     Texture paddedSource;
@@ -86,7 +89,10 @@ private:
     void afterWhiteDot();
     ShashType shashTypeOfFrame() const;
 
-    ToneTables<P> tables_;
+    FrameMemory<P>& kept() { return memory ? *memory : ownMemory_; }
+
+    FrameMemory<P> ownMemory_;
+    const ToneTables<P>* tables_ = nullptr;  // of this frame, if the picture shows
     PaddedArea area_;
     float shashMix_ = 0.0f;
     bool useThreads_ = true;  ///< the caller's setting of useThreads

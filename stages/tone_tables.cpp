@@ -4,6 +4,7 @@
 #include <new>
 
 #include "imaging/maths/maths.h"
+#include "imaging/threads.h"
 #include "stages/stage_pixel.h"
 
 namespace ruvex {
@@ -48,32 +49,29 @@ float tone(std::int32_t index, float brightness, float contrast) {
     return contrastCurve(brightened(fractionOfEntry<P>(index), brightness), contrast);
 }
 
+using Table = std::unique_ptr<std::int32_t[]>;
+
 template <class P>
-bool buildTable(std::unique_ptr<std::int32_t[]>& table, float brightness, float contrast) {
-    table.reset(new (std::nothrow) std::int32_t[ToneTables<P>::kEntries]);
-    if (!table) return false;
-    for (std::int32_t i = 0; i < ToneTables<P>::kEntries; ++i) {
+void fillTable(Table& table, float brightness, float contrast, Span entries) {
+    for (std::int32_t i = entries.first; i < entries.end; ++i) {
         table[i] = StagePixel<P>::clamp(
             truncateToInt(tone<P>(i, brightness, contrast) * StagePixel<P>::kWhite));
     }
-    return true;
 }
 
-// Builds the table of a gun, as a copy of another gun's if both have the same brightness.
+// Fills the table of a gun, as a copy of another gun's if both have the same brightness.
 template <class P>
-bool gunLike(std::unique_ptr<std::int32_t[]>& table, float brightness,
-             const std::unique_ptr<std::int32_t[]>& other, float otherBrightness,
-             const SignalParameters& signal) {
-    if (brightness != otherBrightness) {
-        return buildTable<P>(table, brightness + signal.brightness, signal.contrast);
+void fillLike(Table& table, float brightness, const Table& other, float otherBrightness,
+              const SignalParameters& signal, Span entries) {
+    if (brightness == otherBrightness) {
+        std::copy_n(&other[entries.first], entries.end - entries.first, &table[entries.first]);
+    } else {
+        fillTable<P>(table, brightness + signal.brightness, signal.contrast, entries);
     }
-    table.reset(new (std::nothrow) std::int32_t[ToneTables<P>::kEntries]);
-    if (table) std::copy_n(other.get(), ToneTables<P>::kEntries, table.get());
-    return table != nullptr;
 }
 
 template <class P>
-bool changesNothing(const std::unique_ptr<std::int32_t[]>& table) {
+bool changesNothing(const Table& table) {
     for (std::int32_t i = 0; i < ToneTables<P>::kEntries; ++i) {
         if (table[i] != i) return false;
     }
@@ -101,14 +99,20 @@ P tinted(float c, const float (&tint)[4]) {
 }
 
 template <class P>
-bool buildTint(std::unique_ptr<P[]>& table, const SignalParameters& signal) {
-    table.reset(new (std::nothrow) P[ToneTables<P>::kEntries]);
-    if (!table) return false;
-    for (std::int32_t i = 0; i < ToneTables<P>::kEntries; ++i) {
+void fillTint(std::unique_ptr<P[]>& table, const SignalParameters& signal, Span entries) {
+    for (std::int32_t i = entries.first; i < entries.end; ++i) {
         table[i] = tinted<P>(tone<P>(i, signal.brightness, signal.contrast), signal.tint);
     }
-    return true;
 }
+
+template <class T>
+bool allocateEntries(std::unique_ptr<T[]>& table, std::int32_t entries) {
+    table.reset(new (std::nothrow) T[static_cast<std::size_t>(entries)]);
+    return table != nullptr;
+}
+
+// With fewer entries than this, starting workers takes longer than computing them.
+constexpr std::int32_t kLeastShared = 4096;
 
 }  // namespace
 
@@ -123,29 +127,49 @@ float contrastCurve(float x, float contrast) {
 }
 
 template <class P>
-bool ToneTables<P>::build(const SignalParameters& signal) {
-    const auto gun = [&](std::unique_ptr<std::int32_t[]>& table, float brightness) {
-        return buildTable<P>(table, brightness, signal.contrast);
-    };
-    switch (signal.tvType) {
+bool ToneTables<P>::allocate(TvType type) {
+    switch (type) {
         case TvType::BlackAndWhite:
-            return gun(lutMono, signal.brightness);
+            return allocateEntries(lutMono, kEntries);
         case TvType::Tint:
-            return buildTint(tintTable, signal);
+            return allocateEntries(tintTable, kEntries);
         default:
-            break;
+            return allocateEntries(lutRed, kEntries) && allocateEntries(lutGreen, kEntries) &&
+                   allocateEntries(lutBlue, kEntries);
     }
-    const bool built = gun(lutRed, signal.gunRed + signal.brightness) &&
-                       gunLike<P>(lutGreen, signal.gunGreen, lutRed, signal.gunRed, signal) &&
-                       gunLike<P>(lutBlue, signal.gunBlue, lutRed, signal.gunRed, signal);
-    identity = built && changesNothing<P>(lutRed) && changesNothing<P>(lutGreen) &&
-               changesNothing<P>(lutBlue);
-    return built;
 }
 
 template <class P>
-void ToneTables<P>::clear() {
+void ToneTables<P>::fill(const SignalParameters& signal, Span entries) {
+    if (entries.first >= entries.end) return;
+    switch (signal.tvType) {
+        case TvType::BlackAndWhite:
+            return fillTable<P>(lutMono, signal.brightness, signal.contrast, entries);
+        case TvType::Tint:
+            return fillTint(tintTable, signal, entries);
+        default:
+            fillTable<P>(lutRed, signal.gunRed + signal.brightness, signal.contrast, entries);
+            fillLike<P>(lutGreen, signal.gunGreen, lutRed, signal.gunRed, signal, entries);
+            fillLike<P>(lutBlue, signal.gunBlue, lutRed, signal.gunRed, signal, entries);
+    }
+}
+
+template <class P>
+bool ToneTables<P>::build(const SignalParameters& signal, bool useThreads) {
     *this = {};
+    if (!allocate(signal.tvType)) return false;
+    if (useThreads && kEntries >= kLeastShared) {
+        const auto fillShare = [&] {
+            const RowShare share = shareOfRows(kEntries, workerCount(), workerIndex());
+            fill(signal, {share.first, share.end});
+        };
+        runOnAllThreads(fillShare);
+    } else {
+        fill(signal, {0, kEntries});
+    }
+    identity = lutRed && changesNothing<P>(lutRed) && changesNothing<P>(lutGreen) &&
+               changesNothing<P>(lutBlue);
+    return true;
 }
 
 template struct ToneTables<Rgba8>;

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <memory>
 
+#include "imaging/img_proc.h"
 #include "imaging/pixel.h"
 #include "stages/signal_parameters.h"
 
@@ -14,7 +15,7 @@ namespace ruvex {
 /// hard step. For `contrast` >= 0, values above 1 are unchanged. The result is never below 0.
 float contrastCurve(float x, float contrast);
 
-/// Tables of tones, computed once per frame. The type of television determines which tables exist;
+/// Tables of tones. The type of television determines which tables exist;
 /// the others are null.
 template <class P>
 struct ToneTables {
@@ -28,9 +29,12 @@ struct ToneTables {
     std::unique_ptr<P[]> tintTable;
     bool identity = false;  ///< the tables of all three guns are identities
 
-    /// False if memory ran out.
-    bool build(const SignalParameters& signal);
-    void clear();
+    /// False if memory ran out. With `useThreads` all workers share the entries.
+    bool build(const SignalParameters& signal, bool useThreads = false);
+
+private:
+    bool allocate(TvType type);
+    void fill(const SignalParameters& signal, Span entries);
 };
 
 extern template struct ToneTables<Rgba8>;
