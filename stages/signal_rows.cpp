@@ -129,10 +129,10 @@ void SignalRows<P>::make(std::int32_t y, Span columns, P* to) {
         } else {
             colour(y, x, count, to);
         }
-        if (tables_.identity) {
-            bestRowKernels<P>().clampToRange(to, count, to);
-        } else {
+        if (!tables_.identity) {
             lookUp(tables_, to, count);
+        } else if (guns_ || !copies()) {
+            bestRowKernels<P>().clampToRange(to, count, to);
         }
     }
     if (saturation == 1.0f && row.gain == 1.0f) return;
@@ -166,8 +166,12 @@ void SignalRows<P>::colour(std::int32_t y, std::int32_t x, std::int32_t count, P
     overRuns(source_, x, y, count,
              [&](const P* from, std::int32_t step, std::int32_t done, std::int32_t length) {
                  P* const out = to + done;
-                 bestRowKernels<P>().loseColour(inLine(from, step, length, out), length, loss_,
-                                                out);
+                 const P* const line = inLine(from, step, length, out);
+                 if (copies()) {
+                     bestRowKernels<P>().clampToRange(line, length, out);
+                 } else {
+                     bestRowKernels<P>().loseColour(line, length, loss_, out);
+                 }
              });
 }
 

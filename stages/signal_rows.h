@@ -44,6 +44,8 @@ private:
 
     Row rowState(std::int32_t y) const;
     float interferenceGain(float y) const;
+    // Whether the picture is copied and clamped, and nothing else.
+    bool copies() const { return tables_.identity && loss_.stage == ColourLoss::Stage::None; }
     void grey(std::int32_t y, std::int32_t x, std::int32_t count, P* to) const;
     void colour(std::int32_t y, std::int32_t x, std::int32_t count, P* to) const;
     void guns(std::int32_t y, std::int32_t x, std::int32_t count, P* to);
