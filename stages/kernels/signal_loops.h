@@ -3,6 +3,10 @@
 
 #pragma once
 
+#include <cstddef>
+#include <cstring>
+#include <limits>
+
 #include "imaging/pixel_convert.h"
 #include "stages/colour_loss.h"
 #include "stages/kernels/loop_maths.h"
@@ -13,6 +17,8 @@ namespace ruvex::detail {
 template <class P, class Processor>
 struct SignalLoops {
     using Words = PixelWords<P, Processor>;
+    using Component = typename P::Component;
+
     // from + (to - from) * k, truncated. 0 <= k <= 1, so the result fits.
     [[gnu::always_inline]] static std::int32_t towards(std::int32_t from, std::int32_t to,
                                                        float k) {
@@ -27,13 +33,35 @@ struct SignalLoops {
         for (std::int32_t i = 0; i < count; ++i) colour(Words(from + i), i);
     }
 
+    // What is stored is never above the range: only values below 0 have to be replaced.
     static void clampToRange(const P* from, std::int32_t count, P* to) {
-        forEach(
-            from, count, [=](const Words& w, std::int32_t i) __attribute__((always_inline)) {
-                w.store(clampedToRange<P>(w.template component<0>()),
-                        clampedToRange<P>(w.template component<1>()),
-                        clampedToRange<P>(w.template component<2>()), to + i);
-            });
+        using Limits = std::numeric_limits<Component>;
+        static_assert(static_cast<float>(Limits::max()) <= PixelTraits<P>::kTop);
+        if constexpr (Limits::min() == 0) {
+            copy(from, count, to);
+        } else {
+            constexpr int kPixels = 8;
+            std::int32_t i = 0;
+            for (; i + kPixels <= count; i += kPixels) {
+                raise<kPixels>(components(from + i), components(to + i));
+            }
+            for (; i < count; ++i) raise<1>(components(from + i), components(to + i));
+        }
+    }
+
+    // Raises red, green and blue to at least 0.
+    template <int Pixels>
+    [[gnu::always_inline]] static void raise(const Component* from, Component* to) {
+#pragma GCC ivdep
+        for (int k = 0; k < 4 * Pixels; ++k) {
+            const Component least = k % 4 == 3 ? std::numeric_limits<Component>::min() : 0;
+            to[k] = from[k] > least ? from[k] : least;
+        }
+    }
+
+    static void copy(const P* from, std::int32_t count, P* to) {
+        if (from == to || count <= 0) return;
+        std::memcpy(static_cast<void*>(to), from, static_cast<std::size_t>(count) * sizeof(P));
     }
 
     static void grey(const P* from, std::int32_t count, P* to) {
@@ -77,10 +105,7 @@ struct SignalLoops {
             case ColourLoss::Stage::Swap:
                 return swap(from, count, loss.weight, to);
             default:
-                if (from != to && count > 0) {
-                    std::memcpy(static_cast<void*>(to), from,
-                                static_cast<std::size_t>(count) * sizeof(P));
-                }
+                copy(from, count, to);
         }
     }
 
@@ -161,7 +186,6 @@ struct SignalLoops {
     }
 
     static void dim(const P* from, std::int32_t count, float factor, P* to) {
-        using Component = typename P::Component;
         const Component* const in = components(from);
         Component* const out = components(to);
 #pragma GCC ivdep
