@@ -51,6 +51,11 @@ struct VectorOperations {
     [[gnu::always_inline]] static void narrow(Ints values, T* to) {
         for (int k = 0; k < kLanes; ++k) to[k] = static_cast<T>(values[k]);
     }
+    [[gnu::always_inline]] static Floats entries(const float* table, Ints indices) {
+        Floats result{};
+        for (int k = 0; k < kLanes; ++k) result[k] = table[indices[k]];
+        return result;
+    }
     [[gnu::always_inline]] static Ints quads(const std::int32_t* from, std::int64_t) {
         Ints result;
         std::memcpy(&result, from, sizeof result);
@@ -84,6 +89,9 @@ struct VectorOperations<Processor, 8> {
     }
     [[gnu::always_inline]] static void narrow(Ints values, std::int16_t* to) {
         _mm_storeu_si128(reinterpret_cast<__m128i*>(to), packed(values));
+    }
+    [[gnu::always_inline]] static Floats entries(const float* table, Ints indices) {
+        return _mm256_i32gather_ps(table, reinterpret_cast<__m256i>(indices), sizeof(float));
     }
     [[gnu::always_inline]] static Ints quads(const std::int32_t* from, std::int64_t stride) {
         return reinterpret_cast<Ints>(
@@ -126,6 +134,9 @@ struct VectorOperations<Processor, 16> {
     [[gnu::always_inline]] static void narrow(Ints values, std::int16_t* to) {
         _mm256_storeu_si256(reinterpret_cast<__m256i*>(to),
                             _mm512_cvtepi32_epi16(reinterpret_cast<__m512i>(values)));
+    }
+    [[gnu::always_inline]] static Floats entries(const float* table, Ints indices) {
+        return _mm512_i32gather_ps(reinterpret_cast<__m512i>(indices), table, sizeof(float));
     }
     [[gnu::always_inline]] static Ints quads(const std::int32_t* from, std::int64_t stride) {
         using Half = VectorOperations<Processor, 8>;
@@ -183,6 +194,10 @@ struct Vector {
     template <class Component>
     [[gnu::always_inline]] static void narrow(Ints values, Component* to) {
         Operations::narrow(values, to);
+    }
+    /// The entries of a table at these indices.
+    [[gnu::always_inline]] static Floats entries(const float* table, Ints indices) {
+        return Operations::entries(table, indices);
     }
     /// Groups of four integers; from one group to the next there are `stride` integers.
     [[gnu::always_inline]] static Ints quads(const std::int32_t* from, std::int64_t stride) {

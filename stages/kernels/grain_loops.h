@@ -65,7 +65,8 @@ struct GrainLoops {
             const auto bits = reinterpret_cast<typename V::Ints>(value);
             const auto size = reinterpret_cast<typename V::Floats>(bits & 0x7FFFFFFF);
             const auto left = V::larger((size - cut) * stretch, V::all(0.0f));
-            const auto sign = bits & std::numeric_limits<std::int32_t>::min();
+            constexpr std::int32_t kSign = std::numeric_limits<std::int32_t>::min();
+            const auto sign = bits & kSign;
             return reinterpret_cast<typename V::Floats>(reinterpret_cast<typename V::Ints>(left) |
                                                         sign);
         }

@@ -2,8 +2,13 @@
 
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <cstring>
+#include <limits>
+#include <type_traits>
 
+#include "imaging/kernels/vector.h"
 #include "imaging/pixel_convert.h"
 #include "stages/kernels/loop_maths.h"
 #include "stages/pixel_words.h"
@@ -19,7 +24,7 @@ struct ShashLoops {
     static constexpr auto kWhiteInt = static_cast<std::int32_t>(kWhite);
 
     // The last index of the table of sines, which is also the mask for indices.
-    static constexpr std::uint32_t kLastSine = 1023;
+    static constexpr std::int32_t kLastSine = 1023;
 
     // Points are white where the magnitude of the waves' mean is above kPoint, and fade over the 5
     // % below it.
@@ -49,29 +54,54 @@ struct ShashLoops {
         Words(r, g, b, alpha).store(to);
     }
 
-    // The index in the table of sines for a place, modulo the table's length.
-    [[gnu::always_inline]] static std::uint32_t entry(float place) {
-        return static_cast<std::uint32_t>(truncateToInt(place)) & kLastSine;
+    using V = Vector<Processor, kVectorLanes<Processor>>;
+
+    // The sine of each place, from the table.
+    [[gnu::always_inline]] static typename V::Floats sines(const float* table,
+                                                           typename V::Floats places) {
+        return V::entries(table, V::truncated(places) & kLastSine);
     }
 
-    // White points where the mean of four waves is high, with a narrow ramp at their edges.
-    static void points(const float* __restrict sines, const float* __restrict places,
+    // White where the mean of four waves is high, with a narrow ramp at the edges of that.
+    [[gnu::always_inline]] static typename V::Ints point(const float* table, const float* phases,
+                                                         const float* harmonics,
+                                                         typename V::Floats place) {
+        constexpr auto kLast = static_cast<float>(kLastSine);
+        typename V::Floats sum{};
+        for (int k = 0; k < 4; ++k) sum += sines(table, phases[k] + harmonics[k] * place * kLast);
+        const auto bits = reinterpret_cast<typename V::Ints>(sum / 4.0f) & 0x7FFFFFFF;
+        const auto v = reinterpret_cast<typename V::Floats>(bits);  // the mean's magnitude
+        const auto ramp = V::truncated((v - kPointFrom) / kPointFade * kWhite);
+        // As wide as a component, in which the ramp wraps.
+        constexpr std::int32_t kLargest = std::numeric_limits<Component>::max();
+        constexpr int kSpare = 32 - 8 * static_cast<int>(sizeof(Component));
+        const auto low = std::is_signed_v<Component> ? (ramp << kSpare) >> kSpare : ramp & kLargest;
+        const auto full = v > kPoint;
+        return (full & kWhiteInt) | (~full & (v > kPointFrom) & low);
+    }
+
+    // White points: see point().
+    static void points(const float* __restrict table, const float* __restrict places,
                        const float* phases, const float* harmonics, std::int32_t count,
                        P* __restrict to) {
-        constexpr auto kLast = static_cast<float>(kLastSine);
-        const float p0 = phases[0], p1 = phases[1], p2 = phases[2], p3 = phases[3];
-        const float h0 = harmonics[0], h1 = harmonics[1], h2 = harmonics[2], h3 = harmonics[3];
-        for (std::int32_t i = 0; i < count; ++i) {
-            const float place = places[i];
-            const float sum = 0.0f + sines[entry(p0 + h0 * place * kLast)] +
-                              sines[entry(p1 + h1 * place * kLast)] +
-                              sines[entry(p2 + h2 * place * kLast)] +
-                              sines[entry(p3 + h3 * place * kLast)];
-            const float v = magnitude(sum / 4.0f);
-            const std::int32_t ramp = truncateToInt((v - kPointFrom) / kPointFade * kWhite + 0.0f);
-            const std::int32_t low = v > kPointFrom ? wrapped(ramp) : 0;
-            const std::int32_t value = v > kPoint ? kWhiteInt : low;
-            store(value, value, value, value, to + i);
+        constexpr std::int32_t kTile = 64;
+        constexpr std::int32_t kLanes = kVectorLanes<Processor>;
+        std::int32_t values[kTile];
+        for (std::int32_t first = 0; first < count; first += kTile) {
+            const std::int32_t length = count - first < kTile ? count - first : kTile;
+            std::int32_t i = 0;
+            for (; i + kLanes <= length; i += kLanes) {
+                V::store(point(table, phases, harmonics, V::load(places + first + i)), values + i);
+            }
+            if (i < length) {
+                float last[kLanes] = {};
+                std::memcpy(last, places + first + i,
+                            static_cast<std::size_t>(length - i) * sizeof(float));
+                V::store(point(table, phases, harmonics, V::load(last)), values + i);
+            }
+            for (i = 0; i < length; ++i) {
+                store(values[i], values[i], values[i], values[i], to + first + i);
+            }
         }
     }
 

@@ -52,9 +52,10 @@ struct SignalLoops {
     // Raises red, green and blue to at least 0.
     template <int Pixels>
     [[gnu::always_inline]] static void raise(const Component* from, Component* to) {
+        constexpr Component kLowest = std::numeric_limits<Component>::min();
 #pragma GCC ivdep
         for (int k = 0; k < 4 * Pixels; ++k) {
-            const Component least = k % 4 == 3 ? std::numeric_limits<Component>::min() : 0;
+            const Component least = k % 4 == 3 ? kLowest : 0;
             to[k] = from[k] > least ? from[k] : least;
         }
     }
