@@ -45,6 +45,24 @@ TEST(TextureAllocate, OwnsABufferOfContiguousRows) {
     EXPECT_TRUE(texture.usable());
 }
 
+TEST(TextureAllocate, APlacedLayoutBelongsToItsOwner) {
+    VxTexIndexer layout;
+    layout.x.setSize(3);
+    layout.y.setSize(2);
+    layout.y.offset = -7;
+    Rgba8 pixels[6]{};
+    VxTexture<Rgba8> texture;
+    texture.setFill({{1, 2, 3, 4}});
+    texture.placeLayout(layout, reinterpret_cast<std::byte*>(pixels));
+    EXPECT_TRUE(texture.usable());
+    EXPECT_EQ(texture.owned, 0);
+    EXPECT_EQ(texture.stride, 12);
+    EXPECT_EQ(texture.fill, (Rgba8{{1, 2, 3, 4}}));
+    EXPECT_EQ(texture.writeAt(2, -6), pixels + 5);
+    texture.placeLayout(layout, nullptr);
+    EXPECT_FALSE(texture.usable());
+}
+
 TEST(TextureAllocate, ASizeOfNoughtLeavesNoBufferAndIsNoFailure) {
     VxTexture<Rgba8> texture;
     texture.x.setSize(5);

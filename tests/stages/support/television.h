@@ -75,6 +75,7 @@ struct Television {
         sampler->interrupt = &record;
         sampler->keepWindow = keepWindow;
         sampler->useThreads = useThreads;
+        sampler->memory = memory;
         if (window) sampler->setWindow(window->left, window->top, window->right, window->bottom);
         sampler->process(inPlace ? target.texture : source.texture, target.texture);
         return *this;
@@ -106,6 +107,7 @@ struct Television {
     bool inPlace = false;          ///< the target is its own source
     bool keepWindow = false;
     bool useThreads = true;
+    FrameMemory<P>* memory = nullptr;  ///< what earlier frames left; not owned
     InterruptionRecord record;
     std::optional<RuvexSampler<P>> sampler;
 };
