@@ -34,9 +34,7 @@ Span clampedTo(const Span& rows, std::int32_t first, std::int32_t end) {
 }  // namespace
 
 template <class P>
-void EdgeAdder<P>::run() {
-    const Span rows = this->rowRange();
-    const Span columns = this->columnRange();
+void EdgeAdder<P>::paint(Span rows, Span columns) {
     if (rows.first >= rows.end || columns.first >= columns.end) return;
     const float noiseHeight = static_cast<float>(-top) * kBorderNoisePart;
     std::uint32_t local =

@@ -17,7 +17,10 @@ namespace ruvex {
 template <class P>
 class EdgeAdder : public VxImgProc1<VxTexture<P>> {
 public:
-    void run() override;
+    void run() override { paint(this->rowRange(), this->columnRange()); }
+
+    /// Paints a worker's rows of `target`.
+    void paint(Span rows, Span columns);
 
     /// The padded rectangle in image space; right and bottom are one past the end. `right` is not
     /// used: the pulses of that side are placed by the window's columns.

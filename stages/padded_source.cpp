@@ -32,25 +32,37 @@ std::int32_t paddedOriginY(const SignalParameters& signal, const PaddedArea& are
     return wrapSubtract(signal.verticalOffset, area.marginY);
 }
 
-// Copies a picture into a larger one, at the place given by their offsets, and clears the margins.
+// Copies a picture into a larger one, at the place given by their offsets, and paints the border.
 // Rows of the margins that are not read are not cleared.
 template <class P>
 class Padder : public VxImgProc2<VxTexture<P>, VxTexture<P>> {
 public:
+    void pre() override { border.target = this->target; }
     void run() override;
 
-    const RowsRead* rowsRead = nullptr;  // not owned; null: all rows
+    const RowsRead* rowsRead = nullptr;  // not owned
+    EdgeAdder<P> border;
+
+private:
+    void copy(Span rows, Span columns);
 };
 
+// A worker paints what it has just copied.
 template <class P>
 void Padder<P>::run() {
     const Span rows = this->rowRange();
     const Span columns = this->columnRange();
+    copy(rows, columns);
+    if (!interruptCheck(this->interrupt)) border.paint(rows, columns);
+}
+
+template <class P>
+void Padder<P>::copy(Span rows, Span columns) {
     const TexAxis& width = this->source->x;
     const TexAxis& height = this->source->y;
     for (std::int32_t y = rows.first; y < rows.end; ++y) {
         if (interruptCheck(this->interrupt)) return;
-        if (rowsRead && !rowsRead->has(y - this->target->y.offset)) continue;
+        if (!rowsRead->has(y - this->target->y.offset)) continue;
         P* to = this->target->writeAt(columns.first, y);
         const bool crossed = y >= 0 && y < height.size;
         const std::int32_t left = std::clamp(0, columns.first, columns.end);
@@ -62,12 +74,7 @@ void Padder<P>::run() {
 }
 
 template <class P>
-void paintBorder(const SignalParameters& signal, const PaddedArea& area, const RowsRead& rows,
-                 VxTexture<P>& padded, const VxImgProc& run) {
-    EdgeAdder<P> edge;
-    edge.interrupt = run.interrupt;
-    edge.useThreads = run.useThreads;
-    edge.rowsRead = &rows;
+void setBorder(const SignalParameters& signal, const PaddedArea& area, EdgeAdder<P>& edge) {
     edge.left = -area.marginX;
     edge.right = truncateToInt(static_cast<float>(area.marginX) + signal.width);
     edge.top = -area.marginY;
@@ -76,7 +83,6 @@ void paintBorder(const SignalParameters& signal, const PaddedArea& area, const R
     edge.seed = static_cast<std::uint32_t>(signal.seed);
     edge.sourceFrame = signal.sourceFrame;
     edge.noiseTable = signal.noiseTable;
-    edge.process(padded);
 }
 
 }  // namespace
@@ -137,12 +143,12 @@ bool padSource(const SignalParameters& signal, const PaddedArea& area, const Row
     padded.setEdgeMethods(kEdgeWrap, kEdgeWrap);
 
     Padder<P> padder;
-    padder.interrupt = run.interrupt;
+    padder.interrupt = padder.border.interrupt = run.interrupt;
     padder.useThreads = run.useThreads;
-    padder.rowsRead = &rows;
+    padder.rowsRead = padder.border.rowsRead = &rows;
+    setBorder(signal, area, padder.border);
     padder.process(source, padded);
     if (interruptCheck(run.interrupt)) return false;
-    paintBorder(signal, area, rows, padded, run);
     return true;
 }
 

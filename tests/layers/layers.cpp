@@ -27,8 +27,9 @@ bool liesIn(std::string_view path, std::string_view folder) {
     return path.starts_with(folder) && (path.size() == folder.size() || path[folder.size()] == '/');
 }
 
+/// The standard library's headers, and the compiler's own for vector instructions.
 bool isStandard(std::string_view header) {
-    return header.find_first_of("./") == std::string_view::npos;
+    return header == "immintrin.h" || header.find_first_of("./") == std::string_view::npos;
 }
 
 std::string quotedComplaint(const Layer& layer, std::string_view name) {
