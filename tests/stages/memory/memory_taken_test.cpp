@@ -55,6 +55,16 @@ TYPED_TEST(MemoryTaken, SoftSnowHasNoPictureOfItsNoise) {
     }
 }
 
+TYPED_TEST(MemoryTaken, TheNextFrameUsesTheMemoryOfTheFirst) {
+    FrameMemory<TypeParam> memory;
+    this->set.memory = &memory;
+    makeFaulty(this->set.signal);
+    this->set.signal.shashAmountMax = 0.0f;
+    this->set.signal.playState = PlayState::Normal;
+    EXPECT_GT(this->taken(), this->kFrame);
+    EXPECT_LT(this->taken(), this->kFrame / 8);
+}
+
 TYPED_TEST(MemoryTaken, ADisplacedPictureIsPadded) {
     this->set.signal.verticalOffset = 1;
     EXPECT_GT(this->taken(), this->kFrame);
