@@ -181,33 +181,27 @@ void SignalRows<P>::guns(std::int32_t y, std::int32_t x, std::int32_t count, P* 
     P* const red = gunRows_.get();
     P* const green = red + longest_;
     P* const blue = green + longest_;
-    readGun(signal_.gunRedX, truncateToInt(fy - signal_.gunRedY), x, count, red);
-    readGun(signal_.gunGreenX, truncateToInt(fy - signal_.gunGreenY), x, count, green);
-    readGun(signal_.gunBlueX, truncateToInt(fy - signal_.gunBlueY), x, count, blue);
+    readGun(0, signal_.gunRedX, truncateToInt(fy - signal_.gunRedY), x, count, red);
+    readGun(1, signal_.gunGreenX, truncateToInt(fy - signal_.gunGreenY), x, count, green);
+    readGun(2, signal_.gunBlueX, truncateToInt(fy - signal_.gunBlueY), x, count, blue);
     bestRowKernels<P>().loseColourApart(red, green, blue, count, loss_, to);
 }
 
-// Column positions are truncated towards zero, so the column at zero is read twice. The columns are
-// read in ranges of consecutive ones.
 template <class P>
-void SignalRows<P>::readGun(float offsetX, std::int32_t y, std::int32_t x, std::int32_t count,
-                            P* to) const {
-    const auto columnOf = [=](std::int32_t i) {
-        return truncateToInt(static_cast<float>(wrapAdd(x, i)) - offsetX);
-    };
+void SignalRows<P>::readGun(int gun, float offsetX, std::int32_t y, std::int32_t x,
+                            std::int32_t count, P* to) {
+    GunColumns& columns = gunColumns_[gun];
+    columns.startRow(offsetX, x, count);
     std::int32_t begin = 0;
-    std::int32_t first = columnOf(0);
-    for (std::int32_t i = 1; i <= count; ++i) {
-        const std::int32_t next = i < count ? columnOf(i) : 0;
-        if (i < count && next == wrapAdd(first, i - begin)) continue;
-        overRuns(source_, first, y, i - begin,
+    for (std::size_t number = 0; begin < count; ++number) {
+        const GunColumns::Run run = columns.run(number, begin);
+        overRuns(source_, run.first, y, run.length,
                  [&](const P* from, std::int32_t step, std::int32_t done, std::int32_t length) {
                      P* const out = to + begin + done;
                      const P* const line = inLine(from, step, length, out);
                      if (line != out) std::copy_n(line, length, out);
                  });
-        begin = i;
-        first = next;
+        begin += run.length;
     }
 }
 

@@ -8,6 +8,7 @@
 #include "imaging/img_proc.h"
 #include "imaging/texture.h"
 #include "stages/colour_loss.h"
+#include "stages/gun_columns.h"
 #include "stages/signal_parameters.h"
 #include "stages/tone_tables.h"
 
@@ -49,7 +50,7 @@ private:
     void grey(std::int32_t y, std::int32_t x, std::int32_t count, P* to) const;
     void colour(std::int32_t y, std::int32_t x, std::int32_t count, P* to) const;
     void guns(std::int32_t y, std::int32_t x, std::int32_t count, P* to);
-    void readGun(float offsetX, std::int32_t y, std::int32_t x, std::int32_t count, P* to) const;
+    void readGun(int gun, float offsetX, std::int32_t y, std::int32_t x, std::int32_t count, P* to);
 
     const SignalParameters& signal_;
     const ToneTables<P>& tables_;
@@ -62,6 +63,7 @@ private:
     bool guns_;
     std::int32_t longest_;
     std::unique_ptr<P[]> gunRows_;  // one row for each of the three guns
+    GunColumns gunColumns_[3];
     bool usable_;
 };
 
