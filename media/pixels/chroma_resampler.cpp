@@ -1,7 +1,7 @@
 #include "media/pixels/chroma_resampler.h"
 
 #include <algorithm>
-#include <cmath>
+#include <cstdlib>
 #include <numeric>
 
 namespace ruvex::media {
@@ -9,15 +9,22 @@ namespace {
 
 /// Samples that the cubic reaches to either side, before it is stretched.
 constexpr int kReach = 2;
+/// Places are counted in eighths: chroma samples and luma samples lie at multiples of 1/8 of each
+/// other's steps.
+constexpr int kPlaces = 8;
 
-/// Keys' cubic convolution kernel; `distance` is at least 0.
-double cubic(double distance) {
-    constexpr double kA = -0.6;
-    const double d = distance;
-    if (d < 1) {
-        return ((kA + 2) * d - (kA + 3)) * d * d + 1;
+/// Keys' cubic convolution kernel, multiplied by 5 * 8^3; `eighths` is a distance, at least 0. With
+/// d = eighths / 8 it is (7 d^3 - 12 d^2 + 5) / 5 below 1 and -3 (d^3 - 5 d^2 + 8 d - 4) / 5 from
+/// there to 2.
+constexpr int cubic(int eighths) {
+    constexpr int kSquare = kPlaces * kPlaces;
+    constexpr int kCube = kSquare * kPlaces;
+    const int n = eighths;
+    if (n < kPlaces) return (7 * n - 12 * kPlaces) * n * n + 5 * kCube;
+    if (n < kReach * kPlaces) {
+        return -3 * (((n - 5 * kPlaces) * n + 8 * kSquare) * n - 4 * kCube);
     }
-    return d < kReach ? kA * (((d - 5) * d + 8) * d - 4) : 0;
+    return 0;
 }
 
 /// The samples that lie nearer to the centre than the stretched cubic's reach.
@@ -25,84 +32,61 @@ constexpr int tapsOf(int stretch) {
     return 2 * kReach * stretch;
 }
 
-/// The weights of consecutive samples, of which the first lies `distance` before the centre.
-std::vector<double> cubicWeights(double distance, int stretch) {
-    std::vector<double> weights;
-    for (int tap = 0; tap < tapsOf(stretch); ++tap) {
-        weights.push_back(cubic(std::abs(tap - distance) / stretch));
-    }
-    const double sum = std::accumulate(weights.begin(), weights.end(), 0.0);
-    for (double& weight : weights) {
-        weight /= sum;
-    }
-    return weights;
+constexpr int floorQuotient(int dividend, int divisor) {
+    return (dividend - (dividend < 0 ? divisor - 1 : 0)) / divisor;
+}
+
+int eighths(double value) {
+    return static_cast<int>(value * kPlaces);
 }
 
 }  // namespace
 
-ChromaResampler::ChromaResampler(int inputs, int taps)
-    : inputs_(inputs), taps_(std::min(taps, inputs)) {}
+ChromaResampler::ChromaResampler(int inputs, int outputs, int cycle, int advance, int taps)
+    : inputs_(inputs), outputs_(outputs), cycle_(cycle), advance_(advance), taps_(taps) {}
 
 ChromaResampler ChromaResampler::decimator(const ChromaAxis& axis, int luma) {
     const int step = 1 << axis.log2Step;
-    ChromaResampler resampler(luma, step == 1 ? 1 : tapsOf(step));
-    for (int i = 0; i < axis.count(luma); ++i) {
-        resampler.add(i * step + axis.offset, step);
-    }
+    ChromaResampler resampler(luma, axis.count(luma), 1, step, step == 1 ? 1 : tapsOf(step));
+    resampler.add(eighths(axis.offset), step);
+    resampler.shorten();
     return resampler;
 }
 
 ChromaResampler ChromaResampler::interpolator(const ChromaAxis& axis, int luma) {
     const int step = 1 << axis.log2Step;
-    ChromaResampler resampler(axis.count(luma), step == 1 ? 1 : tapsOf(1));
-    for (int i = 0; i < luma; ++i) {
-        resampler.add((i - axis.offset) / step, 1);
+    ChromaResampler resampler(axis.count(luma), luma, step, 1, step == 1 ? 1 : tapsOf(1));
+    for (int i = 0; i < step; ++i) {
+        resampler.add((i * kPlaces - eighths(axis.offset)) / step, 1);
     }
+    resampler.shorten();
     return resampler;
 }
 
-void ChromaResampler::add(double centre, int stretch) {
-    if (taps_ == 1) {
-        first_.push_back(std::clamp(static_cast<int>(std::floor(centre)), 0, inputs_ - 1));
-        weights_.push_back(1);
-        return;
-    }
-    const int begin = static_cast<int>(std::floor(centre)) + 1 - kReach * stretch;
-    const int first = std::clamp(begin, 0, inputs_ - taps_);
-    first_.push_back(first);
-    weights_.resize(weights_.size() + static_cast<std::size_t>(taps_));
-    double* const weights = weights_.data() + weights_.size() - taps_;
-    const std::vector<double> cubics = cubicWeights(centre - begin, stretch);
-    for (int tap = 0; tap < tapsOf(stretch); ++tap) {
-        weights[std::clamp(begin + tap, 0, inputs_ - 1) - first] +=
-            cubics[static_cast<std::size_t>(tap)];
+void ChromaResampler::add(int centre, int stretch) {
+    const int before = floorQuotient(centre, kPlaces);
+    const int begin = taps_ == 1 ? before : before + 1 - kReach * stretch;
+    begins_.push_back(begin);
+    for (int tap = 0; tap < taps_; ++tap) {
+        weights_.push_back(cubic(std::abs((begin + tap) * kPlaces - centre) / stretch));
     }
 }
 
-template <int Taps>
-void ChromaResampler::resampleBy(const double* from, double* to) const {
-    for (int i = 0; i < size(); ++i) {
-        const double* const samples = from + first(i);
-        const double* const shares = weights(i).data();
-        double sum = 0;
-        for (int tap = 0; tap < (Taps == 0 ? taps_ : Taps); ++tap) {
-            sum += shares[tap] * samples[tap];
-        }
-        to[i] = sum;
-    }
+void ChromaResampler::shorten() {
+    int divisor = 0;
+    for (const int weight : weights_) divisor = std::gcd(divisor, weight);
+    for (int& weight : weights_) weight /= divisor;
+    unit_ = std::accumulate(weights_.begin(), weights_.begin() + taps_, 0);
 }
 
-void ChromaResampler::resample(const double* from, double* to) const {
-    switch (taps_) {
-        case 1:
-            return resampleBy<1>(from, to);
-        case tapsOf(1):
-            return resampleBy<tapsOf(1)>(from, to);
-        case tapsOf(2):
-            return resampleBy<tapsOf(2)>(from, to);
-        default:
-            return resampleBy<0>(from, to);
+int ChromaResampler::gain() const {
+    int most = 0;
+    for (int output = 0; output < cycle_; ++output) {
+        int sum = 0;
+        for (const int weight : weights(output)) sum += std::abs(weight);
+        most = std::max(most, sum);
     }
+    return most;
 }
 
 }  // namespace ruvex::media

@@ -8,6 +8,13 @@ namespace {
 
 template <typename Word>
 void copyValues(const ComponentLine<Word>& line, std::span<std::uint16_t> values) {
+    if (line.isTight()) {
+        // With a known step the compiler vectorises the loop.
+        for (std::size_t x = 0; x < values.size(); ++x) {
+            values[x] = static_cast<std::uint16_t>(line.tightValue(static_cast<std::ptrdiff_t>(x)));
+        }
+        return;
+    }
     for (std::size_t x = 0; x < values.size(); ++x) {
         values[x] = static_cast<std::uint16_t>(line[static_cast<std::ptrdiff_t>(x)]);
     }

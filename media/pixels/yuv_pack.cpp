@@ -4,9 +4,8 @@ extern "C" {
 #include <libavutil/pixdesc.h>
 }
 
-#include <algorithm>
+#include <limits>
 
-#include "media/pixels/line_cache.h"
 #include "media/pixels/plane_line.h"
 #include "media/pixels/rgb_lines.h"
 
@@ -16,143 +15,128 @@ namespace {
 constexpr int kBluePlane = 1;
 constexpr int kRedPlane = 2;
 
-int whiteOf(const Frame& frame) {
-    return frame.depth() == Depth::Bits8 ? kWhite8 : kWhiteS214;
+int whiteOf(Depth depth) {
+    return depth == Depth::Bits8 ? kWhite8 : kWhiteS214;
 }
 
-/// Code values of a line: zero + range * value / unit, rounded to the nearest, halves up, clamped
-/// to 0 to top. `unit` is a value that stands for 1.
-///
-/// Luma and colour differences of whole pixels are integers times 1 / unit, and all products here
-/// integers below 2^53, which doubles hold exactly. A quotient that is not half way between two
-/// codes is at least 1 / (2 unit) away from it, far more than the division's rounding error.
-/// Therefore each code is exactly the nearest.
-struct CodeScale {
-    int zero;
-    int range;
-    double unit;
-    int top;
-
-    template <typename Word>
-    void store(std::span<const double> values, Word* line) const {
-        const double offset = (zero + 0.5) * unit;
-        const double last = top;
-        for (std::size_t x = 0; x < values.size(); ++x) {
-            const double code = (offset + range * values[x]) / unit;
-            line[x] = static_cast<Word>(static_cast<int>(std::min(std::max(code, 0.0), last)));
-        }
-    }
-
-    /// Stores line y of a plane of 8-bit or 16-bit words.
-    void store(std::span<const double> values, AVFrame& picture, int plane, int y) const {
-        if (bitsPerComponent(static_cast<AVPixelFormat>(picture.format)) == 8) {
-            store(values, planeLine<std::uint8_t>(picture, plane, y));
-        } else {
-            store(values, planeLine<std::uint16_t>(picture, plane, y));
-        }
-    }
-};
-
-template <typename T>
-void loadClamped(const T* from, int white, std::vector<double>& to) {
-    for (std::size_t i = 0; i < to.size(); ++i) {
-        to[i] = std::clamp<int>(from[i], 0, white);
-    }
+bool isSubsampled(const ChromaGrid& grid) {
+    return grid.across.log2Step + grid.down.log2Step > 0;
 }
 
-void loadRow(const Frame& frame, int row, std::vector<double>& to) {
-    if (frame.depth() == Depth::Bits8) {
-        loadClamped(frame.row8(row), kWhite8, to);
+/// Stores the code values of a line of a plane; encode8 and encode16 are loops for such a line.
+template <class Line, class Codes, class Encode8, class Encode16>
+void storeCodes(const Line& line, const Codes& codes, Encode8 encode8, Encode16 encode16,
+                AVFrame& picture, int plane, int y) {
+    if (bitsPerComponent(static_cast<AVPixelFormat>(picture.format)) == 8) {
+        encode8(line, codes, planeLine<std::uint8_t>(picture, plane, y));
     } else {
-        loadClamped(frame.row16(row), kWhiteS214, to);
+        encode16(line, codes, planeLine<std::uint16_t>(picture, plane, y));
     }
-}
-
-/// weights[0] R + weights[1] G + weights[2] B of each pixel; weights are integers.
-void mix(const std::vector<double>& pixels, const LumaShares& weights, std::vector<double>& to) {
-    const double red = weights.red;
-    const double green = weights.green;
-    const double blue = weights.blue;
-    const double* pixel = pixels.data();
-    for (std::size_t x = 0; x < to.size(); ++x, pixel += kChannels) {
-        to[x] = red * pixel[0] + green * pixel[1] + blue * pixel[2];
-    }
-}
-
-/// The weights of B - Y and of R - Y, in the unit of the shares.
-LumaShares blueDifference(const LumaShares& shares) {
-    return {-shares.red, -shares.green, kLumaUnit - shares.blue};
-}
-LumaShares redDifference(const LumaShares& shares) {
-    return {kLumaUnit - shares.red, -shares.green, -shares.blue};
 }
 
 }  // namespace
 
-YuvPacker::YuvPacker(FrameSize size, const YuvForm& form)
-    : format_(form.format),
-      size_(size),
+YuvPacker::Codes::Codes(const YuvCoding& coding, int white)
+    : luma(lumaMix(coding, white)),
+      blue(blueMix(coding, white)),
+      red(redMix(coding, white)),
+      alpha(alphaMix(coding, white)) {}
+
+YuvPacker::YuvPacker(FrameSize size, const YuvForm& form, const YuvKernels& kernels)
+    : size_(size),
+      form_(form),
       coding_{form.matrix, form.full, bitsPerComponent(form.format)},
-      shares_(lumaShares(form.matrix)),
-      across_(ChromaResampler::decimator(chromaGrid(form.format, form.siting).across, size.width)),
-      pixels_(static_cast<std::size_t>(size.width) * kChannels),
-      plain_(static_cast<std::size_t>(size.width)),
-      chroma_(static_cast<std::size_t>(across_.size()) * 2) {
-    const ChromaGrid grid = chromaGrid(form.format, form.siting);
-    for (const PictureLines& lines : pictureLines(grid, size.height, form.interlaced)) {
-        parts_.push_back({lines, ChromaResampler::decimator(lines.down, lines.count)});
+      grid_(chromaGrid(form.format, form.siting)),
+      kernels_(kernels),
+      across_(ChromaResampler::decimator(grid_.across, size.width)),
+      red_(size.width),
+      green_(size.width),
+      blue_(size.width),
+      alpha_(size.width) {}
+
+void YuvPacker::prepare(Depth depth) {
+    for (Part& part : parts_) part.next = 0;
+    if (depth_ == depth) return;
+    depth_ = depth;
+    codes_.emplace(coding_, whiteOf(depth));
+    parts_.clear();
+    if (!isSubsampled(grid_)) return;
+    for (const PictureLines& lines : pictureLines(grid_, size_.height, form_.interlaced)) {
+        parts_.push_back(partOf(lines, whiteOf(depth)));
     }
+}
+
+YuvPacker::Part YuvPacker::partOf(const PictureLines& lines, int white) const {
+    const auto down = ChromaResampler::decimator(lines.down, lines.count);
+    const std::int64_t unit = std::int64_t{across_.unit()} * down.unit();
+    const SumCodes blue(blueMix(coding_, white), unit);
+    const SumCodes red(redMix(coding_, white), unit);
+    const std::int64_t largestSum = std::int64_t{white} * across_.gain() * down.gain();
+    if (largestSum <= std::numeric_limits<std::int32_t>::max()) {
+        using Integers = ChromaDecimator<std::int32_t>;
+        return {lines, Integers(across_, down, kernels_, kernels_.integers), blue, red};
+    }
+    using Doubles = ChromaDecimator<double>;
+    return {lines, Doubles(across_, down, kernels_, kernels_.doubles), blue, red};
 }
 
 void YuvPacker::pack(const Frame& frame, AVFrame& picture) {
+    prepare(frame.depth());
     for (int y = 0; y < size_.height; ++y) {
-        packPlain(frame, y, picture);
-    }
-    for (const Part& part : parts_) {
-        packChroma(frame, part, picture);
-    }
-}
-
-/// Stores luma and alpha of line y.
-void YuvPacker::packPlain(const Frame& frame, int y, AVFrame& picture) {
-    const CodeRange range = codeRange(coding_);
-    const double white = whiteOf(frame);
-    loadRow(frame, chainRowOfLine(y, size_.height), pixels_);
-    mix(pixels_, shares_, plain_);
-    CodeScale{range.black, range.luma, kLumaUnit * white, range.top}.store(plain_, picture, 0, y);
-    if (hasAlpha(format_)) {
-        for (std::size_t x = 0; x < plain_.size(); ++x) {
-            plain_[x] = pixels_[x * kChannels + kAlpha];
+        split(frame, chainRowOfLine(y, size_.height));
+        store(pixels(), codes_->luma, picture, 0, y);
+        if (hasAlpha(form_.format)) {
+            const RgbLine<std::int32_t> alpha{alpha_.data(), alpha_.data(), alpha_.data(),
+                                              size_.width};
+            store(alpha, codes_->alpha, picture, kAlpha, y);
         }
-        CodeScale{0, range.top, white, range.top}.store(plain_, picture, kAlpha, y);
+        if (parts_.empty()) {
+            store(pixels(), codes_->blue, picture, kBluePlane, y);
+            store(pixels(), codes_->red, picture, kRedPlane, y);
+        } else {
+            Part& part = parts_[static_cast<std::size_t>(y) % parts_.size()];
+            packChroma(part, y / part.lines.step, picture);
+        }
     }
 }
 
-void YuvPacker::packChroma(const Frame& frame, const Part& part, AVFrame& picture) {
-    const CodeRange range = codeRange(coding_);
-    // Colour differences are (B - Y) / (2 (1 - Kb)) and (R - Y) / (2 (1 - Kr)).
-    const double unit = 2.0 * whiteOf(frame);
-    const CodeScale blue{range.neutral, range.chroma, unit * (kLumaUnit - shares_.blue), range.top};
-    const CodeScale red{range.neutral, range.chroma, unit * (kLumaUnit - shares_.red), range.top};
-    const auto width = static_cast<std::size_t>(across_.size());
-    LineCache cache(part.down.taps(), 2 * across_.size());
-    for (int i = 0; i < part.down.size(); ++i) {
-        cache.weightedSum(
-            part.down.first(i), part.down.weights(i), chroma_, [&](int line, double* values) {
-                readDifferences(frame, part.lines.first + line * part.lines.step, values);
-            });
-        const int y = part.lines.first + i * part.lines.step;
-        blue.store({chroma_.data(), width}, picture, kBluePlane, y);
-        red.store({chroma_.data() + width, width}, picture, kRedPlane, y);
+void YuvPacker::split(const Frame& frame, int row) {
+    const RgbaLines lines{red_.data(), green_.data(), blue_.data(), alpha_.data()};
+    if (frame.depth() == Depth::Bits8) {
+        kernels_.split8(frame.row8(row), size_.width, lines);
+    } else {
+        kernels_.split16(frame.row16(row), size_.width, lines);
     }
 }
 
-void YuvPacker::readDifferences(const Frame& frame, int y, double* values) {
-    loadRow(frame, chainRowOfLine(y, size_.height), pixels_);
-    mix(pixels_, blueDifference(shares_), plain_);
-    across_.resample(plain_.data(), values);
-    mix(pixels_, redDifference(shares_), plain_);
-    across_.resample(plain_.data(), values + across_.size());
+RgbLine<std::int32_t> YuvPacker::pixels() const {
+    return {red_.data(), green_.data(), blue_.data(), size_.width};
+}
+
+void YuvPacker::store(const RgbLine<std::int32_t>& line, const PixelCodes& codes, AVFrame& picture,
+                      int plane, int y) const {
+    storeCodes(line, codes, kernels_.encode8, kernels_.encode16, picture, plane, y);
+}
+
+/// Takes a line of the part and stores the chroma lines that it completes.
+void YuvPacker::packChroma(Part& part, int line, AVFrame& picture) {
+    red_.extend();
+    green_.extend();
+    blue_.extend();
+    const auto packReady = [&](auto& chroma, const auto& kernels) {
+        chroma.add(line, pixels());
+        for (; chroma.ready(part.next, line); ++part.next) {
+            const auto sums = chroma.sums(part.next);
+            const int y = part.lines.first + part.next * part.lines.step;
+            storeCodes(sums, part.blue, kernels.encode8, kernels.encode16, picture, kBluePlane, y);
+            storeCodes(sums, part.red, kernels.encode8, kernels.encode16, picture, kRedPlane, y);
+        }
+    };
+    if (auto* integers = std::get_if<ChromaDecimator<std::int32_t>>(&part.chroma)) {
+        packReady(*integers, kernels_.integers);
+    } else {
+        packReady(std::get<ChromaDecimator<double>>(part.chroma), kernels_.doubles);
+    }
 }
 
 }  // namespace ruvex::media

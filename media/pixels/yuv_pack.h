@@ -6,10 +6,16 @@ extern "C" {
 #include <libavutil/frame.h>
 }
 
+#include <optional>
+#include <variant>
 #include <vector>
 
 #include "media/frame.h"
+#include "media/pixels/chroma_decimator.h"
 #include "media/pixels/chroma_resampler.h"
+#include "media/pixels/code_scale.h"
+#include "media/pixels/edge_line.h"
+#include "media/pixels/kernels/yuv_kernels.h"
 #include "media/pixels/yuv_coding.h"
 
 namespace ruvex::media {
@@ -24,36 +30,55 @@ struct YuvForm {
 };
 
 /// Converts frames into YUV pictures of one form. Each code value is the nearest to the exact one,
-/// with halves rounded up. Components of a frame are clamped to black and white. Coefficients are
-/// computed once for all pictures.
+/// with halves rounded up. Components of a frame are clamped to black and white. Filters and
+/// working memory serve all pictures.
 class YuvPacker {
 public:
-    YuvPacker(FrameSize size, const YuvForm& form);
+    /// `kernels` must outlive the packer.
+    YuvPacker(FrameSize size, const YuvForm& form, const YuvKernels& kernels = bestYuvKernels());
 
     /// Converts a frame of either depth into a picture, both of the constructor's size.
     void pack(const Frame& frame, AVFrame& picture);
 
 private:
-    /// Lines with their vertical decimation.
+    using AnyDecimator = std::variant<ChromaDecimator<std::int32_t>, ChromaDecimator<double>>;
+
+    /// The code values of whole pixels.
+    struct Codes {
+        Codes(const YuvCoding& coding, int white);
+        PixelCodes luma, blue, red, alpha;
+    };
+    /// Lines with their decimation.
     struct Part {
         PictureLines lines;
-        ChromaResampler down;
+        AnyDecimator chroma;
+        SumCodes blue, red;
+        int next = 0;  ///< The next chroma line.
     };
-    void packPlain(const Frame& frame, int y, AVFrame& picture);
-    void packChroma(const Frame& frame, const Part& part, AVFrame& picture);
-    /// Computes the colour differences of line y, decimated across, into `values`: blue, then red.
-    void readDifferences(const Frame& frame, int y, double* values);
 
-    AVPixelFormat format_;
+    /// Prepares for frames of a depth.
+    void prepare(Depth depth);
+    Part partOf(const PictureLines& lines, int white) const;
+    void split(const Frame& frame, int row);
+    RgbLine<std::int32_t> pixels() const;
+    void store(const RgbLine<std::int32_t>& line, const PixelCodes& codes, AVFrame& picture,
+               int plane, int y) const;
+    void packChroma(Part& part, int line, AVFrame& picture);
+
     FrameSize size_;
+    YuvForm form_;
     YuvCoding coding_;
-    LumaShares shares_;
+    ChromaGrid grid_;
+    const YuvKernels& kernels_;
     ChromaResampler across_;
-    std::vector<Part> parts_;
-    // Working memory, a line each.
-    std::vector<double> pixels_;  ///< The components of a chain row, clamped.
-    std::vector<double> plain_;   ///< One value for each pixel.
-    std::vector<double> chroma_;  ///< Decimated both ways: blue, then red.
+    std::optional<Depth> depth_;  ///< Of the frames that it is prepared for.
+    std::optional<Codes> codes_;
+    std::vector<Part> parts_;  ///< Empty for 4:4:4.
+    // The components of a line.
+    EdgeLine<std::int32_t> red_;
+    EdgeLine<std::int32_t> green_;
+    EdgeLine<std::int32_t> blue_;
+    EdgeLine<std::int32_t> alpha_;
 };
 
 }  // namespace ruvex::media

@@ -9,77 +9,16 @@ extern "C" {
 
 #include "media/av_functions.h"
 #include "media/pixels/component_read.h"
-#include "media/pixels/line_cache.h"
 #include "media/pixels/rgb_lines.h"
 
 namespace ruvex::media {
 namespace {
 
-constexpr int kBlueComponent = 1;
-constexpr int kRedComponent = 2;
-
-/// One line of a picture, chroma at each pixel. `alpha` is null for a picture without it.
-struct YuvLine {
-    const std::uint16_t* luma;
-    const double* blue;
-    const double* red;
-    const std::uint16_t* alpha;
-    int width;
-};
-
-/// R = Y + rv V, G = Y - gu U - gv V, B = Y + bu U, where Y = y0 (luma - black),
-/// U = blue - neutral, V = red - neutral. The factors include the white of the frame.
-class YuvDecoder {
-public:
-    YuvDecoder(const YuvCoding& coding, int white) : range_(codeRange(coding)), white_(white) {
-        const LumaShares share = lumaShares(coding.matrix);
-        // Colour differences are (B - Y) / (2 (1 - Kb)) and (R - Y) / (2 (1 - Kr)).
-        const double chroma = 2.0 * white / range_.chroma / kLumaUnit;
-        y0_ = static_cast<double>(white) / range_.luma;
-        rv_ = chroma * (kLumaUnit - share.red);
-        bu_ = chroma * (kLumaUnit - share.blue);
-        gu_ = bu_ * share.blue / share.green;
-        gv_ = rv_ * share.red / share.green;
-        alpha0_ = static_cast<double>(white) / range_.top;
-    }
-
-    template <typename T>
-    void decode(const YuvLine& line, T* pixel) const {
-        for (int x = 0; x < line.width; ++x, pixel += kChannels) {
-            const double luma = (line.luma[x] - range_.black) * y0_;
-            const double blue = line.blue[x] - range_.neutral;
-            const double red = line.red[x] - range_.neutral;
-            pixel[0] = nearest<T>(luma + rv_ * red);
-            pixel[1] = nearest<T>(luma - gu_ * blue - gv_ * red);
-            pixel[2] = nearest<T>(luma + bu_ * blue);
-            pixel[kAlpha] = line.alpha == nullptr ? static_cast<T>(white_)
-                                                  : nearest<T>(line.alpha[x] * alpha0_);
-        }
-    }
-
-private:
-    /// Rounds to the nearest, halves up, and clamps to the range of T. Values are above -4 whites.
-    template <typename T>
-    static T nearest(double value) {
-        // The conversion to an integer truncates, which rounds down where the value is not
-        // negative.
-        constexpr int kLift = 4 * kWhiteS214;
-        const int rounded = static_cast<int>(value + (kLift + 0.5)) - kLift;
-        // Of integers the compiler clamps without branches; colours are often near the limits.
-        return static_cast<T>(
-            std::clamp<int>(rounded, std::numeric_limits<T>::min(), std::numeric_limits<T>::max()));
-    }
-
-    CodeRange range_;
-    int white_;
-    double y0_, rv_, gu_, gv_, bu_, alpha0_;
-};
-
-std::uint8_t* rowOfFrame(Frame& frame, int row, std::uint8_t) {
-    return frame.row8(row);
+const YuvSumKernels<std::int32_t>& kernelsFor(const YuvKernels& kernels, std::int32_t) {
+    return kernels.integers;
 }
-std::int16_t* rowOfFrame(Frame& frame, int row, std::int16_t) {
-    return frame.row16(row);
+const YuvSumKernels<double>& kernelsFor(const YuvKernels& kernels, double) {
+    return kernels.doubles;
 }
 
 }  // namespace
@@ -96,19 +35,17 @@ bool isYuv(AVPixelFormat format) {
 }
 
 YuvUnpacker::YuvUnpacker(FrameSize size, AVPixelFormat format, const YuvCoding& coding,
-                         AVChromaLocation siting)
+                         AVChromaLocation siting, const YuvKernels& kernels)
     : format_(*av_pix_fmt_desc_get(format)),
       size_(size),
       coding_(coding),
+      kernels_(kernels),
       across_(ChromaResampler::interpolator(chromaGrid(format, siting).across, size.width)),
       whole_(partsOf(chromaGrid(format, siting), false)),
       fields_(partsOf(chromaGrid(format, siting), true)),
-      chromaWidth_(chromaGrid(format, siting).across.count(size.width)),
-      values_(static_cast<std::size_t>(size.width)),
-      alpha_(values_.size()),
-      chroma_(static_cast<std::size_t>(chromaWidth_) * 2),
-      blue_(values_.size()),
-      red_(values_.size()) {}
+      chroma_(interpolatorFor(format, coding, across_, whole_, fields_, kernels)),
+      luma_(static_cast<std::size_t>(size.width)),
+      alpha_(luma_.size()) {}
 
 std::vector<YuvUnpacker::Part> YuvUnpacker::partsOf(const ChromaGrid& grid, bool interlaced) const {
     std::vector<Part> parts;
@@ -118,49 +55,61 @@ std::vector<YuvUnpacker::Part> YuvUnpacker::partsOf(const ChromaGrid& grid, bool
     return parts;
 }
 
+/// With integer sums if the largest fits them.
+YuvUnpacker::AnyInterpolator YuvUnpacker::interpolatorFor(
+    AVPixelFormat format, const YuvCoding& coding, const ChromaResampler& across,
+    const std::vector<Part>& whole, const std::vector<Part>& fields, const YuvKernels& kernels) {
+    const CodeRange range = codeRange(coding);
+    std::int64_t down = 0;
+    for (const Part& part : whole) down = std::max<std::int64_t>(down, part.down.gain());
+    for (const Part& part : fields) down = std::max<std::int64_t>(down, part.down.gain());
+    const AVPixFmtDescriptor& description = *av_pix_fmt_desc_get(format);
+    // Between lines, sums begin with the neutral value, so that none exceeds the highest code.
+    const std::int64_t largest = down * across.gain() * range.top;
+    if (largest <= std::numeric_limits<std::int32_t>::max()) {
+        return ChromaInterpolator<std::int32_t>(description, range.neutral, across,
+                                                kernels.integers);
+    }
+    return ChromaInterpolator<double>(description, range.neutral, across, kernels.doubles);
+}
+
 void YuvUnpacker::unpack(const AVFrame& picture, bool interlaced, Frame& frame) {
-    if (frame.depth() == Depth::Bits8) {
-        unpackAs<std::uint8_t>(picture, interlaced, frame);
-    } else {
-        unpackAs<std::int16_t>(picture, interlaced, frame);
-    }
+    std::visit(
+        [&](auto& chroma) {
+            for (const Part& part : interlaced ? fields_ : whole_) {
+                unpackPart(picture, part, chroma, frame);
+            }
+        },
+        chroma_);
 }
 
-template <typename T>
-void YuvUnpacker::unpackAs(const AVFrame& picture, bool interlaced, Frame& frame) {
-    for (const Part& part : interlaced ? fields_ : whole_) {
-        unpackPart<T>(picture, part, frame);
-    }
-}
-
-template <typename T>
-void YuvUnpacker::unpackPart(const AVFrame& picture, const Part& part, Frame& frame) {
-    const YuvDecoder decoder(coding_, frame.depth() == Depth::Bits8 ? kWhite8 : kWhiteS214);
+template <class Sum>
+void YuvUnpacker::unpackPart(const AVFrame& picture, const Part& part,
+                             ChromaInterpolator<Sum>& chroma, Frame& frame) {
+    const int white = frame.depth() == Depth::Bits8 ? kWhite8 : kWhiteS214;
+    const std::int64_t across = across_.unit();
+    const ColourScale scale(coding_, white, across * part.down.unit(),
+                            std::int64_t{across_.gain()} * part.down.gain());
     const bool withAlpha = (format_.flags & AV_PIX_FMT_FLAG_ALPHA) != 0;
-    LineCache cache(part.down.taps(), 2 * chromaWidth_);
     for (int i = 0; i < part.lines.count; ++i) {
-        cache.weightedSum(
-            part.down.first(i), part.down.weights(i), chroma_, [&](int line, double* values) {
-                readChroma(picture, part.lines.first + line * part.lines.step, values);
-            });
-        across_.resample(chroma_.data(), blue_.data());
-        across_.resample(chroma_.data() + chromaWidth_, red_.data());
         const int y = part.lines.first + i * part.lines.step;
-        readComponent(picture, format_, 0, y, values_);
-        if (withAlpha) {
-            readComponent(picture, format_, kAlpha, y, alpha_);
-        }
-        decoder.decode({values_.data(), blue_.data(), red_.data(),
-                        withAlpha ? alpha_.data() : nullptr, size_.width},
-                       rowOfFrame(frame, chainRowOfLine(y, size_.height), T{}));
+        const auto sides = chroma.line(picture, part.lines, part.down, i, i == 0);
+        readComponent(picture, format_, 0, y, luma_);
+        if (withAlpha) readComponent(picture, format_, kAlpha, y, alpha_);
+        const YuvLine<Sum> line{luma_.data(), sides.blue, sides.red,
+                                withAlpha ? alpha_.data() : nullptr, size_.width};
+        decode(line, scale, chainRowOfLine(y, size_.height), frame);
     }
 }
 
-void YuvUnpacker::readChroma(const AVFrame& picture, int line, double* values) {
-    const auto width = static_cast<std::size_t>(chromaWidth_);
-    for (const int component : {kBlueComponent, kRedComponent}) {
-        readComponent(picture, format_, component, line, {values_.data(), width});
-        values = std::copy_n(values_.data(), width, values);
+template <class Sum>
+void YuvUnpacker::decode(const YuvLine<Sum>& line, const ColourScale& scale, int row,
+                         Frame& frame) const {
+    const YuvSumKernels<Sum>& kernels = kernelsFor(kernels_, Sum{});
+    if (frame.depth() == Depth::Bits8) {
+        kernels.decode8(line, scale, frame.row8(row));
+    } else {
+        kernels.decode16(line, scale, frame.row16(row));
     }
 }
 

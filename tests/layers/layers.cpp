@@ -117,7 +117,7 @@ const std::vector<Layer>& layers() {
          {"pages", "effect", "overlay", "host/base", "stages", "imaging", "sdk", "parameters"}},
         {"runtime", {"sdk"}},
         {"files", {}},
-        {"media", {"files", "sdk/images/sample_convert.h"}},
+        {"media", {"files", "sdk/images/sample_convert.h", "imaging/kernels/dispatch.h"}},
         {"looks", {"runtime", "parameters", "files", "sdk"}},
         {"jobs", {"looks", "media", "runtime", "parameters", "files", "sdk"}},
         {"cli", {"jobs", "looks", "media", "runtime", "parameters", "files", "sdk"}},

@@ -1,0 +1,32 @@
+// The table of loops, filled once per instruction set.
+
+#pragma once
+
+#include "media/pixels/kernels/chroma_loops.h"
+#include "media/pixels/kernels/decode_loops.h"
+#include "media/pixels/kernels/encode_loops.h"
+#include "media/pixels/kernels/yuv_kernels.h"
+
+namespace ruvex::media::detail {
+
+template <class Sum, class Processor>
+inline constexpr YuvSumKernels<Sum> kYuvSumKernels{
+    .sumCodes = SumLoop<std::uint16_t, Sum, Processor>::run,
+    .sumComponents = SumLoop<std::int32_t, Sum, Processor>::run,
+    .interpolate = InterpolateLoop<Sum, Processor>::run,
+    .decode8 = DecodeLoops<Sum, std::uint8_t, Processor>::decode,
+    .decode16 = DecodeLoops<Sum, std::int16_t, Processor>::decode,
+    .encode8 = EncodeSumsLoop<Sum, std::uint8_t, Processor>::run,
+    .encode16 = EncodeSumsLoop<Sum, std::uint16_t, Processor>::run};
+
+template <class Processor>
+inline constexpr YuvKernels kYuvKernels{
+    .integers = kYuvSumKernels<std::int32_t, Processor>,
+    .doubles = kYuvSumKernels<double, Processor>,
+    .split8 = SplitLoop<std::uint8_t, Processor>::run,
+    .split16 = SplitLoop<std::int16_t, Processor>::run,
+    .decimate = DecimateLoop<Processor>::run,
+    .encode8 = EncodePixelsLoop<std::uint8_t, Processor>::run,
+    .encode16 = EncodePixelsLoop<std::uint16_t, Processor>::run};
+
+}  // namespace ruvex::media::detail
