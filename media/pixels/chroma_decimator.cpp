@@ -1,45 +1,77 @@
 #include "media/pixels/chroma_decimator.h"
 
 #include <algorithm>
+#include <array>
 
 namespace ruvex::media {
 namespace {
 
-/// With filters of other lengths than the loop in the kernels has.
-void decimateAny(const ChromaResampler& across, const std::int32_t* inputs, std::int32_t* outputs) {
+/// The whole quotient, rounded down.
+constexpr int half(int number) {
+    return number >> 1;
+}
+
+/// With steps other than 2, for which there are no fast loops.
+void decimateAny(const ChromaResampler& across, const std::int32_t* even, const std::int32_t* odd,
+                 std::int32_t* outputs) {
     for (int i = 0; i < across.outputs(); ++i) {
-        const std::int32_t* input = inputs + across.first(i);
+        int at = across.first(i);
         std::int32_t sum = 0;
-        for (const int weight : across.weights(i)) sum += weight * *input++;
+        for (const int weight : across.weights(i)) {
+            sum += weight * (at % 2 == 0 ? even : odd)[half(at)];
+            ++at;
+        }
         outputs[i] = sum;
     }
+}
+
+const YuvSumKernels<std::int32_t>& sumKernels(const YuvKernels& kernels, std::int32_t) {
+    return kernels.integers;
+}
+const YuvSumKernels<double>& sumKernels(const YuvKernels& kernels, double) {
+    return kernels.doubles;
 }
 
 }  // namespace
 
 template <class Sum>
 ChromaDecimator<Sum>::ChromaDecimator(ChromaResampler across, ChromaResampler down,
-                                      const YuvKernels& kernels,
-                                      const YuvSumKernels<Sum>& sumKernels)
+                                      const YuvKernels& kernels)
     : across_(std::move(across)),
       down_(std::move(down)),
       kernels_(kernels),
-      sumKernels_(sumKernels),
       decimated_(down_.taps(), kColours * across_.outputs()),
       sums_(kColours, std::vector<Sum>(static_cast<std::size_t>(across_.outputs()))) {}
 
 template <class Sum>
-void ChromaDecimator<Sum>::add(int line, const RgbLine<std::int32_t>& lines) {
+void ChromaDecimator<Sum>::add(int line, const PairLines& lines) {
     std::int32_t* outputs = decimated_.add(line);
-    for (const std::int32_t* inputs : {lines.red, lines.green, lines.blue}) {
+    for (int colour = 0; colour < kColours; ++colour, outputs += across_.outputs()) {
         if (across_.advance() == 2) {
-            kernels_.decimate(inputs + across_.first(0), across_.weights(0).data(), outputs,
-                              across_.outputs());
+            decimateByTwo(lines.even[colour], lines.odd[colour], outputs);
         } else {
-            decimateAny(across_, inputs, outputs);
+            decimateAny(across_, lines.even[colour], lines.odd[colour], outputs);
         }
-        outputs += across_.outputs();
     }
+}
+
+/// A tap of the filter is a line that is moved by whole pairs.
+template <class Sum>
+void ChromaDecimator<Sum>::decimateByTwo(const std::int32_t* even, const std::int32_t* odd,
+                                         std::int32_t* outputs) const {
+    std::array<const std::int32_t*, kMostTaps> moved{};
+    std::array<std::int32_t, kMostTaps> weights{};
+    int taps = 0;
+    int at = across_.first(0);
+    for (const int weight : across_.weights(0)) {
+        if (weight != 0) {
+            moved[static_cast<std::size_t>(taps)] = (at % 2 == 0 ? even : odd) + half(at);
+            weights[static_cast<std::size_t>(taps++)] = weight;
+        }
+        ++at;
+    }
+    kernels_.integers.sumComponents(moved.data(), weights.data(), taps, 0, outputs,
+                                    across_.outputs());
 }
 
 template <class Sum>
@@ -49,12 +81,13 @@ bool ChromaDecimator<Sum>::ready(int i, int line) const {
 }
 
 template <class Sum>
-RgbLine<Sum> ChromaDecimator<Sum>::sums(int i) {
+RgbSums<Sum> ChromaDecimator<Sum>::sums(int i) {
     const int width = across_.outputs();
     for (int colour = 0; colour < kColours; ++colour) {
         const auto from = decimated_.lines(down_.first(i), down_.inputs(), colour * width);
-        sumKernels_.sumComponents(from.data(), down_.weights(i).data(), down_.taps(), 0,
-                                  sums_[static_cast<std::size_t>(colour)].data(), width);
+        sumKernels(kernels_, Sum{})
+            .sumComponents(from.data(), down_.weights(i).data(), down_.taps(), 0,
+                           sums_[static_cast<std::size_t>(colour)].data(), width);
     }
     return {sums_[0].data(), sums_[1].data(), sums_[2].data(), width};
 }

@@ -17,12 +17,11 @@ template <class Sum>
 class ChromaDecimator {
 public:
     /// `kernels` must outlive it.
-    ChromaDecimator(ChromaResampler across, ChromaResampler down, const YuvKernels& kernels,
-                    const YuvSumKernels<Sum>& sumKernels);
+    ChromaDecimator(ChromaResampler across, ChromaResampler down, const YuvKernels& kernels);
 
     /// Takes the next line, from 0 on. `lines` has the outermost components repeated beyond both
     /// edges.
-    void add(int line, const RgbLine<std::int32_t>& lines);
+    void add(int line, const PairLines& lines);
 
     /// Whether the lines that chroma line i depends on have been taken, of which `line` is the
     /// last.
@@ -30,17 +29,17 @@ public:
 
     /// The sums for chroma line i, in multiples of 1 / (the units of both filters). The decimator
     /// owns them and keeps them until the next call.
-    RgbLine<Sum> sums(int i);
-
-    int chromaLines() const { return down_.outputs(); }
+    RgbSums<Sum> sums(int i);
 
 private:
     static constexpr int kColours = 3;
 
+    void decimateByTwo(const std::int32_t* even, const std::int32_t* odd,
+                       std::int32_t* outputs) const;
+
     ChromaResampler across_;
     ChromaResampler down_;
     const YuvKernels& kernels_;
-    const YuvSumKernels<Sum>& sumKernels_;
     LineRing<std::int32_t> decimated_;  ///< Along lines: red, green and blue.
     std::vector<std::vector<Sum>> sums_;
 };

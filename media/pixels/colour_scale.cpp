@@ -9,17 +9,18 @@
 namespace ruvex::media {
 namespace {
 
-/// The most by which the sum of terms, which add up to `size` or less, is wrong if it is computed
-/// in `Real` and truncated. Each term is a product of a rounded factor and a rounded colour
-/// difference; up to three of them are added.
+/// The most by which a component is wrong if it is computed in `Real` and truncated. `size` is the
+/// largest sum of its terms' absolute values. A term is the product of a rounded factor and a
+/// rounded colour difference; the three roundings and those of the three sums are each wrong by at
+/// most half an epsilon of what they round.
 template <class Real>
 int marginOf(double size) {
     constexpr int kRoundingsOfTerm = 3;
-    constexpr int kRoundingsOfSum = 2;
+    constexpr int kRoundingsOfSum = 3;
     constexpr double kRounding = std::numeric_limits<Real>::epsilon() / 2;
     const double error = size * kRounding * (kRoundingsOfTerm + kRoundingsOfSum);
     constexpr int kTruncation = 1;
-    return static_cast<int>(std::ceil(error)) + kTruncation + 1;
+    return static_cast<int>(std::ceil(error)) + kTruncation;
 }
 
 }  // namespace
@@ -50,10 +51,11 @@ ColourScale::ColourScale(const YuvCoding& coding, int white_, std::int64_t unit,
     gv = -factor(numerators_[1].red);
     bu = factor(numerators_[2].blue);
     black = range.black;
+    start = std::ldexp(0.5, kFractionBits) - black * y0;
     alpha = static_cast<double>(white) / range.top;
 
-    const double most =
-        y0 * range.top + std::max({rv, bu, gu + gv}) * range.neutral * static_cast<double>(gain);
+    const double most = y0 * range.top + std::abs(start) +
+                        std::max({rv, bu, gu + gv}) * range.neutral * static_cast<double>(gain);
     margin = white == kWhite8 ? marginOf<float>(most) : marginOf<double>(most);
 }
 

@@ -33,8 +33,8 @@ public:
     int black;   ///< Luma's code value.
     int white;   ///< Of the frame.
     int margin;  ///< The most by which a component in the loops is wrong, in their multiples.
-    // Factors, in the loops' multiples.
-    double y0, rv, gu, gv, bu;
+    // In the loops' multiples: factors, and what is added for luma's black and for rounding.
+    double y0, rv, gu, gv, bu, start;
     double alpha;  ///< From a code value of alpha to the frame's.
 
 private:

@@ -21,9 +21,11 @@ public:
     const Sample* data() const { return samples_.data() + kEdge; }
 
     /// Repeats the outermost samples beyond the edges.
-    void extend() {
-        std::fill_n(samples_.begin(), kEdge, samples_[kEdge]);
-        std::fill_n(samples_.end() - kEdge, kEdge, data()[width_ - 1]);
+    void extend() { extend(data()[0], data()[width_ - 1]); }
+    /// Sets the samples before and after the line.
+    void extend(Sample before, Sample after) {
+        std::fill_n(samples_.begin(), kEdge, before);
+        std::fill_n(samples_.end() - kEdge, kEdge, after);
     }
 
 private:

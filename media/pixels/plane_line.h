@@ -48,22 +48,13 @@ public:
           shift_(component.shift),
           mask_((1 << component.depth) - 1) {}
 
-    int operator[](std::ptrdiff_t x) const { return valueAt(first_ + x * step_); }
-
-    /// Whether there is nothing between the values.
-    bool isTight() const { return step_ == sizeof(Word); }
-    /// The value by column in such a line.
-    int tightValue(std::ptrdiff_t x) const {
-        return valueAt(first_ + x * static_cast<std::ptrdiff_t>(sizeof(Word)));
-    }
-
-private:
-    int valueAt(const std::uint8_t* place) const {
+    int operator[](std::ptrdiff_t x) const {
         Word word;
-        std::memcpy(&word, place, sizeof word);
+        std::memcpy(&word, first_ + x * step_, sizeof word);
         return word >> shift_ & mask_;
     }
 
+private:
     const std::uint8_t* first_;
     std::ptrdiff_t step_;  ///< Bytes from one value to the next.
     int shift_;

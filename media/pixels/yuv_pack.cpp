@@ -14,6 +14,7 @@ namespace {
 
 constexpr int kBluePlane = 1;
 constexpr int kRedPlane = 2;
+constexpr int kColours = 3;
 
 int whiteOf(Depth depth) {
     return depth == Depth::Bits8 ? kWhite8 : kWhiteS214;
@@ -23,24 +24,32 @@ bool isSubsampled(const ChromaGrid& grid) {
     return grid.across.log2Step + grid.down.log2Step > 0;
 }
 
-/// Stores the code values of a line of a plane; encode8 and encode16 are loops for such a line.
-template <class Line, class Codes, class Encode8, class Encode16>
-void storeCodes(const Line& line, const Codes& codes, Encode8 encode8, Encode16 encode16,
-                AVFrame& picture, int plane, int y) {
-    if (bitsPerComponent(static_cast<AVPixelFormat>(picture.format)) == 8) {
-        encode8(line, codes, planeLine<std::uint8_t>(picture, plane, y));
-    } else {
-        encode16(line, codes, planeLine<std::uint16_t>(picture, plane, y));
-    }
+const std::uint8_t* pixelsOf(const Frame& frame, int row, std::uint8_t) {
+    return frame.row8(row);
+}
+const std::int16_t* pixelsOf(const Frame& frame, int row, std::int16_t) {
+    return frame.row16(row);
+}
+
+/// The loop for sums of one type to words of one type.
+template <class Sum>
+EncodeSums<Sum, std::uint8_t> encodeSums(const YuvSumKernels<Sum>& kernels, std::uint8_t) {
+    return kernels.encode8;
+}
+template <class Sum>
+EncodeSums<Sum, std::uint16_t> encodeSums(const YuvSumKernels<Sum>& kernels, std::uint16_t) {
+    return kernels.encode16;
+}
+
+/// Frames' rows follow each other downwards in memory, against the order that processors expect.
+void prefetchRow(const Frame& frame, int row) {
+    constexpr std::size_t kCacheLine = 64;
+    if (row < 0) return;
+    const std::byte* const bytes = frame.row(row);
+    for (std::size_t i = 0; i < frame.rowBytes(); i += kCacheLine) __builtin_prefetch(bytes + i);
 }
 
 }  // namespace
-
-YuvPacker::Codes::Codes(const YuvCoding& coding, int white)
-    : luma(lumaMix(coding, white)),
-      blue(blueMix(coding, white)),
-      red(redMix(coding, white)),
-      alpha(alphaMix(coding, white)) {}
 
 YuvPacker::YuvPacker(FrameSize size, const YuvForm& form, const YuvKernels& kernels)
     : size_(size),
@@ -48,21 +57,25 @@ YuvPacker::YuvPacker(FrameSize size, const YuvForm& form, const YuvKernels& kern
       coding_{form.matrix, form.full, bitsPerComponent(form.format)},
       grid_(chromaGrid(form.format, form.siting)),
       kernels_(kernels),
-      across_(ChromaResampler::decimator(grid_.across, size.width)),
-      red_(size.width),
-      green_(size.width),
-      blue_(size.width),
-      alpha_(size.width) {}
+      across_(ChromaResampler::decimator(grid_.across, size.width)) {
+    if (isSubsampled(grid_)) {
+        even_.assign(kColours, EdgeLine<std::int32_t>((size.width + 1) / 2));
+        odd_ = even_;
+    }
+}
 
 void YuvPacker::prepare(Depth depth) {
     for (Part& part : parts_) part.next = 0;
     if (depth_ == depth) return;
     depth_ = depth;
-    codes_.emplace(coding_, whiteOf(depth));
+    const int white = whiteOf(depth);
+    colourCodes_ = {PixelCodes(lumaMix(coding_, white)), PixelCodes(blueMix(coding_, white)),
+                    PixelCodes(redMix(coding_, white))};
+    alphaCodes_ = {PixelCodes(alphaMix(coding_, white))};
     parts_.clear();
     if (!isSubsampled(grid_)) return;
     for (const PictureLines& lines : pictureLines(grid_, size_.height, form_.interlaced)) {
-        parts_.push_back(partOf(lines, whiteOf(depth)));
+        parts_.push_back(partOf(lines, white));
     }
 }
 
@@ -74,62 +87,76 @@ YuvPacker::Part YuvPacker::partOf(const PictureLines& lines, int white) const {
     const std::int64_t largestSum = std::int64_t{white} * across_.gain() * down.gain();
     if (largestSum <= std::numeric_limits<std::int32_t>::max()) {
         using Integers = ChromaDecimator<std::int32_t>;
-        return {lines, Integers(across_, down, kernels_, kernels_.integers), blue, red};
+        return {lines, Integers(across_, down, kernels_), blue, red};
     }
     using Doubles = ChromaDecimator<double>;
-    return {lines, Doubles(across_, down, kernels_, kernels_.doubles), blue, red};
+    return {lines, Doubles(across_, down, kernels_), blue, red};
 }
 
 void YuvPacker::pack(const Frame& frame, AVFrame& picture) {
     prepare(frame.depth());
-    for (int y = 0; y < size_.height; ++y) {
-        split(frame, chainRowOfLine(y, size_.height));
-        store(pixels(), codes_->luma, picture, 0, y);
-        if (hasAlpha(form_.format)) {
-            const RgbLine<std::int32_t> alpha{alpha_.data(), alpha_.data(), alpha_.data(),
-                                              size_.width};
-            store(alpha, codes_->alpha, picture, kAlpha, y);
-        }
-        if (parts_.empty()) {
-            store(pixels(), codes_->blue, picture, kBluePlane, y);
-            store(pixels(), codes_->red, picture, kRedPlane, y);
-        } else {
-            Part& part = parts_[static_cast<std::size_t>(y) % parts_.size()];
-            packChroma(part, y / part.lines.step, picture);
-        }
-    }
-}
-
-void YuvPacker::split(const Frame& frame, int row) {
-    const RgbaLines lines{red_.data(), green_.data(), blue_.data(), alpha_.data()};
+    const bool toBytes = coding_.bits == 8;
     if (frame.depth() == Depth::Bits8) {
-        kernels_.split8(frame.row8(row), size_.width, lines);
+        const auto& from = kernels_.from8;
+        toBytes ? packAs(frame, from, from.to8, picture) : packAs(frame, from, from.to16, picture);
     } else {
-        kernels_.split16(frame.row16(row), size_.width, lines);
+        const auto& from = kernels_.from16;
+        toBytes ? packAs(frame, from, from.to8, picture) : packAs(frame, from, from.to16, picture);
     }
 }
 
-RgbLine<std::int32_t> YuvPacker::pixels() const {
-    return {red_.data(), green_.data(), blue_.data(), size_.width};
+template <class Component, class Word>
+void YuvPacker::packAs(const Frame& frame, const PixelKernels<Component>& kernels,
+                       const EncodeKernels<Component, Word>& encode, AVFrame& picture) {
+    const int width = size_.width;
+    for (int y = 0; y < size_.height; ++y) {
+        const int row = chainRowOfLine(y, size_.height);
+        const Component* const pixels = pixelsOf(frame, row, Component{});
+        Word* const colours[] = {planeLine<Word>(picture, 0, y),
+                                 parts_.empty() ? planeLine<Word>(picture, kBluePlane, y) : nullptr,
+                                 parts_.empty() ? planeLine<Word>(picture, kRedPlane, y) : nullptr};
+        prefetchRow(frame, row - 1);
+        (parts_.empty() ? encode.lumaBlueRed : encode.luma)(pixels, width, colourCodes_.data(),
+                                                            colours);
+        if (hasAlpha(form_.format)) {
+            Word* const alpha[] = {planeLine<Word>(picture, kAlpha, y)};
+            encode.alpha(pixels, width, alphaCodes_.data(), alpha);
+        }
+        if (!parts_.empty()) {
+            kernels.split(pixels, width, pairLines());
+            Part& part = parts_[static_cast<std::size_t>(y) % parts_.size()];
+            packChroma<Word>(part, y / part.lines.step, picture);
+        }
+    }
 }
 
-void YuvPacker::store(const RgbLine<std::int32_t>& line, const PixelCodes& codes, AVFrame& picture,
-                      int plane, int y) const {
-    storeCodes(line, codes, kernels_.encode8, kernels_.encode16, picture, plane, y);
+PairLines YuvPacker::pairLines() {
+    return {{even_[0].data(), even_[1].data(), even_[2].data()},
+            {odd_[0].data(), odd_[1].data(), odd_[2].data()}};
 }
 
-/// Takes a line of the part and stores the chroma lines that it completes.
+/// Repeats the outermost pixels.
+void YuvPacker::extendPairs() {
+    for (std::size_t colour = 0; colour < kColours; ++colour) {
+        const std::int32_t first = even_[colour].data()[0];
+        const std::int32_t last = odd_[colour].data()[(size_.width - 1) / 2];
+        even_[colour].extend(first, last);
+        odd_[colour].extend(first, last);
+    }
+}
+
+/// Takes the line in pairLines and stores the chroma lines of the part that it completes.
+template <class Word>
 void YuvPacker::packChroma(Part& part, int line, AVFrame& picture) {
-    red_.extend();
-    green_.extend();
-    blue_.extend();
+    extendPairs();
     const auto packReady = [&](auto& chroma, const auto& kernels) {
-        chroma.add(line, pixels());
+        chroma.add(line, pairLines());
+        const auto encode = encodeSums(kernels, Word{});
         for (; chroma.ready(part.next, line); ++part.next) {
             const auto sums = chroma.sums(part.next);
             const int y = part.lines.first + part.next * part.lines.step;
-            storeCodes(sums, part.blue, kernels.encode8, kernels.encode16, picture, kBluePlane, y);
-            storeCodes(sums, part.red, kernels.encode8, kernels.encode16, picture, kRedPlane, y);
+            encode(sums, part.blue, planeLine<Word>(picture, kBluePlane, y));
+            encode(sums, part.red, planeLine<Word>(picture, kRedPlane, y));
         }
     };
     if (auto* integers = std::get_if<ChromaDecimator<std::int32_t>>(&part.chroma)) {

@@ -43,11 +43,6 @@ public:
 private:
     using AnyDecimator = std::variant<ChromaDecimator<std::int32_t>, ChromaDecimator<double>>;
 
-    /// The code values of whole pixels.
-    struct Codes {
-        Codes(const YuvCoding& coding, int white);
-        PixelCodes luma, blue, red, alpha;
-    };
     /// Lines with their decimation.
     struct Part {
         PictureLines lines;
@@ -59,10 +54,12 @@ private:
     /// Prepares for frames of a depth.
     void prepare(Depth depth);
     Part partOf(const PictureLines& lines, int white) const;
-    void split(const Frame& frame, int row);
-    RgbLine<std::int32_t> pixels() const;
-    void store(const RgbLine<std::int32_t>& line, const PixelCodes& codes, AVFrame& picture,
-               int plane, int y) const;
+    template <class Component, class Word>
+    void packAs(const Frame& frame, const PixelKernels<Component>& kernels,
+                const EncodeKernels<Component, Word>& encode, AVFrame& picture);
+    PairLines pairLines();
+    void extendPairs();
+    template <class Word>
     void packChroma(Part& part, int line, AVFrame& picture);
 
     FrameSize size_;
@@ -71,14 +68,13 @@ private:
     ChromaGrid grid_;
     const YuvKernels& kernels_;
     ChromaResampler across_;
-    std::optional<Depth> depth_;  ///< Of the frames that it is prepared for.
-    std::optional<Codes> codes_;
+    std::optional<Depth> depth_;           ///< Of the frames that it is prepared for.
+    std::vector<PixelCodes> colourCodes_;  ///< Luma, blue, red.
+    std::vector<PixelCodes> alphaCodes_;
     std::vector<Part> parts_;  ///< Empty for 4:4:4.
-    // The components of a line.
-    EdgeLine<std::int32_t> red_;
-    EdgeLine<std::int32_t> green_;
-    EdgeLine<std::int32_t> blue_;
-    EdgeLine<std::int32_t> alpha_;
+    // Red, green and blue of a line, for parts_.
+    std::vector<EdgeLine<std::int32_t>> even_;
+    std::vector<EdgeLine<std::int32_t>> odd_;
 };
 
 }  // namespace ruvex::media

@@ -1,4 +1,4 @@
-// The loops that interpolate and decimate chroma, compiled once per instruction set. Each source
+// The loops that sum lines and interpolate chroma, compiled once per instruction set. Each source
 // uses its own tag type, so that the linker can't merge the versions.
 
 #pragma once
@@ -11,19 +11,33 @@ template <class From, class Sum, class Processor>
 struct SumLoop {
     static void run(const From* const* lines, const std::int32_t* weights, int taps,
                     std::int32_t start, Sum* sums, int count) {
-        if (taps == 1) {
-            return sumOne(lines[0], weights[0], start, sums, count);
+        const int fours = taps / kFour * kFour;
+        for (int tap = 0; tap < fours; tap += kFour) {
+            if (tap == 0) {
+                sumFour<true>(lines, weights, start, sums, count);
+            } else {
+                sumFour<false>(lines + tap, weights + tap, 0, sums, count);
+            }
         }
-        sumFour<true>(lines, weights, start, sums, count);
-        for (int tap = 4; tap < taps; tap += 4) {
-            sumFour<false>(lines + tap, weights + tap, 0, sums, count);
+        for (int tap = fours; tap < taps; ++tap) {
+            if (tap == 0) {
+                sumOne<true>(lines[0], weights[0], start, sums, count);
+            } else {
+                sumOne<false>(lines[tap], weights[tap], 0, sums, count);
+            }
         }
     }
 
 private:
+    /// Lines that are added at a time.
+    static constexpr int kFour = 4;
+
+    template <bool First>
     static void sumOne(const From* line, Sum weight, Sum start, Sum* sums, int count) {
 #pragma GCC ivdep
-        for (int i = 0; i < count; ++i) sums[i] = start + weight * static_cast<Sum>(line[i]);
+        for (int i = 0; i < count; ++i) {
+            sums[i] = (First ? start : sums[i]) + weight * static_cast<Sum>(line[i]);
+        }
     }
 
     template <bool First>
@@ -67,21 +81,6 @@ struct InterpolateLoop {
 private:
     [[gnu::always_inline]] static Sum weighted(const Sum* inputs, const Sum at[4]) {
         return at[0] * inputs[0] + at[1] * inputs[1] + at[2] * inputs[2] + at[3] * inputs[3];
-    }
-};
-
-template <class Processor>
-struct DecimateLoop {
-    static void run(const std::int32_t* inputs, const std::int32_t* weights, std::int32_t* outputs,
-                    int count) {
-        const std::int32_t at[8] = {weights[0], weights[1], weights[2], weights[3],
-                                    weights[4], weights[5], weights[6], weights[7]};
-#pragma GCC ivdep
-        for (int i = 0; i < count; ++i) {
-            const std::int32_t* const input = inputs + 2 * i;
-            outputs[i] = at[0] * input[0] + at[1] * input[1] + at[2] * input[2] + at[3] * input[3] +
-                         at[4] * input[4] + at[5] * input[5] + at[6] * input[6] + at[7] * input[7];
-        }
     }
 };
 

@@ -9,61 +9,117 @@
 
 namespace ruvex::media::detail {
 
+/// A pixel's components, clamped to black and white.
 template <class Component, class Processor>
-struct SplitLoop {
-    static void run(const Component* pixels, int width, const RgbaLines& lines) {
-        std::int32_t* const red = lines.red;
-        std::int32_t* const green = lines.green;
-        std::int32_t* const blue = lines.blue;
-        std::int32_t* const alpha = lines.alpha;
-#pragma GCC ivdep
-        for (int x = 0; x < width; ++x) {
-            const PixelWords<Component, Processor> words(pixels + 4 * x);
-            red[x] = clamped(words.template component<0>());
-            green[x] = clamped(words.template component<1>());
-            blue[x] = clamped(words.template component<2>());
-            alpha[x] = clamped(words.template component<3>());
-        }
+struct ClampedPixel {
+    std::int32_t red, green, blue, alpha;
+
+    [[gnu::always_inline]] explicit ClampedPixel(const Component* pixel) {
+        const PixelWords<Component, Processor> words(pixel);
+        red = clamped(words.template component<0>());
+        green = clamped(words.template component<1>());
+        blue = clamped(words.template component<2>());
+        alpha = clamped(words.template component<3>());
     }
 
 private:
-    static constexpr std::int32_t kWhite = sizeof(Component) == 1 ? 255 : 16384;
-
     [[gnu::always_inline]] static std::int32_t clamped(std::int32_t value) {
+        if constexpr (sizeof(Component) == 1) return value;
+        constexpr std::int32_t kWhite = 16384;
         const std::int32_t atLeast = value < 0 ? 0 : value;
         return atLeast > kWhite ? kWhite : atLeast;
     }
 };
 
-template <class Word, class Processor>
-struct EncodePixelsLoop {
-    static void run(const RgbLine<std::int32_t>& line, const PixelCodes& codes, Word* words) {
-        const PixelCodes by = codes;
-        const RgbLine<std::int32_t> from = line;
-        const auto divisor = static_cast<std::int32_t>(by.divisor);
+template <class Component, class Processor>
+struct SplitLoop {
+    static void run(const Component* pixels, int width, const PairLines& lines) {
+        const PairLines to = lines;
 #pragma GCC ivdep
-        for (int x = 0; x < from.width; ++x) {
-            const std::int32_t sum = by.weights.red * from.red[x] +
-                                     by.weights.green * from.green[x] +
-                                     by.weights.blue * from.blue[x];
-            const auto guess =
-                static_cast<std::int32_t>(static_cast<float>(sum) * by.factor + by.start);
-            const auto rest =
-                static_cast<std::int32_t>(static_cast<std::uint32_t>(sum) * by.range + by.offset -
-                                          static_cast<std::uint32_t>(guess) * by.divisor);
-            const std::int32_t code = guess + (rest >= divisor ? 1 : 0) - (rest < 0 ? 1 : 0);
-            words[x] = static_cast<Word>(code > by.top ? by.top : code);
+        for (int i = 0; i < width / 2; ++i) {
+            store(Pixel(pixels + 8 * i), to.even, i);
+            store(Pixel(pixels + 8 * i + 4), to.odd, i);
         }
+        if (width % 2 != 0) {
+            const Pixel last(pixels + 4 * (width - 1));
+            store(last, to.even, width / 2);
+            store(last, to.odd, width / 2);
+        }
+    }
+
+private:
+    using Pixel = ClampedPixel<Component, Processor>;
+
+    [[gnu::always_inline]] static void store(const Pixel& pixel, std::int32_t* const lines[3],
+                                             int i) {
+        lines[0][i] = pixel.red;
+        lines[1][i] = pixel.green;
+        lines[2][i] = pixel.blue;
+    }
+};
+
+template <class Component, class Word, class Processor>
+struct EncodePixelsLoop {
+    static void runLuma(const Component* pixels, int width, const PixelCodes* codes,
+                        Word* const* words) {
+        const PixelCodes by = codes[0];
+        Word* const to = words[0];
+#pragma GCC ivdep
+        for (int x = 0; x < width; ++x) to[x] = codeOf(Pixel(pixels + 4 * x), by);
+    }
+
+    static void runLumaBlueRed(const Component* pixels, int width, const PixelCodes* codes,
+                               Word* const* words) {
+        const PixelCodes byLuma = codes[0];
+        const PixelCodes byBlue = codes[1];
+        const PixelCodes byRed = codes[2];
+        Word* const luma = words[0];
+        Word* const blue = words[1];
+        Word* const red = words[2];
+#pragma GCC ivdep
+        for (int x = 0; x < width; ++x) {
+            const Pixel pixel(pixels + 4 * x);
+            luma[x] = codeOf(pixel, byLuma);
+            blue[x] = codeOf(pixel, byBlue);
+            red[x] = codeOf(pixel, byRed);
+        }
+    }
+
+    static void runAlpha(const Component* pixels, int width, const PixelCodes* codes,
+                         Word* const* words) {
+        const PixelCodes by = codes[0];
+        Word* const to = words[0];
+#pragma GCC ivdep
+        for (int x = 0; x < width; ++x) to[x] = codeOfSum(Pixel(pixels + 4 * x).alpha, by);
+    }
+
+private:
+    using Pixel = ClampedPixel<Component, Processor>;
+
+    [[gnu::always_inline]] static Word codeOf(const Pixel& pixel, const PixelCodes& by) {
+        return codeOfSum(by.weights.red * pixel.red + by.weights.green * pixel.green +
+                             by.weights.blue * pixel.blue,
+                         by);
+    }
+    [[gnu::always_inline]] static Word codeOfSum(std::int32_t sum, const PixelCodes& by) {
+        const auto guess =
+            static_cast<std::int32_t>(static_cast<float>(sum) * by.factor + by.start);
+        const auto rest =
+            static_cast<std::int32_t>(static_cast<std::uint32_t>(sum) * by.range + by.offset -
+                                      static_cast<std::uint32_t>(guess) * by.divisor);
+        const std::int32_t code =
+            guess + (rest >= static_cast<std::int32_t>(by.divisor) ? 1 : 0) - (rest < 0 ? 1 : 0);
+        return static_cast<Word>(code > by.top ? by.top : code);
     }
 };
 
 template <class Sum, class Word, class Processor>
 struct EncodeSumsLoop {
-    static void run(const RgbLine<Sum>& line, const SumCodes& codes, Word* words) {
+    static void run(const RgbSums<Sum>& line, const SumCodes& codes, Word* words) {
         std::int32_t values[kPart];
         for (int x = 0; x < line.width; x += kPart) {
             const int count = line.width - x < kPart ? line.width - x : kPart;
-            const RgbLine<Sum> from{line.red + x, line.green + x, line.blue + x, count};
+            const RgbSums<Sum> from{line.red + x, line.green + x, line.blue + x, count};
             const bool open = compute(from, codes, values);
             store(values, count, codes.top, words + x);
             if (open) settle(from, codes, values, words + x);
@@ -88,7 +144,7 @@ private:
 
     /// Computes the code values in multiples of 1 / 2^kFractionBits; tells whether the rounding of
     /// any of them is open.
-    [[gnu::always_inline]] static bool compute(const RgbLine<Sum>& line, const SumCodes& codes,
+    [[gnu::always_inline]] static bool compute(const RgbSums<Sum>& line, const SumCodes& codes,
                                                std::int32_t* values) {
         const double red = codes.red;
         const double green = codes.green;
@@ -113,7 +169,7 @@ private:
     }
 
     /// Stores the code values whose rounding is open.
-    [[gnu::noinline]] static void settle(const RgbLine<Sum>& line, const SumCodes& codes,
+    [[gnu::noinline]] static void settle(const RgbSums<Sum>& line, const SumCodes& codes,
                                          const std::int32_t* values, Word* words) {
         for (int x = 0; x < line.width; ++x) {
             if (!isOpen(values[x])) continue;

@@ -19,14 +19,22 @@ inline constexpr YuvSumKernels<Sum> kYuvSumKernels{
     .encode8 = EncodeSumsLoop<Sum, std::uint8_t, Processor>::run,
     .encode16 = EncodeSumsLoop<Sum, std::uint16_t, Processor>::run};
 
+template <class Component, class Word, class Processor>
+inline constexpr EncodeKernels<Component, Word> kEncodeKernels{
+    .lumaBlueRed = EncodePixelsLoop<Component, Word, Processor>::runLumaBlueRed,
+    .luma = EncodePixelsLoop<Component, Word, Processor>::runLuma,
+    .alpha = EncodePixelsLoop<Component, Word, Processor>::runAlpha};
+
+template <class Component, class Processor>
+inline constexpr PixelKernels<Component> kPixelKernels{
+    .split = SplitLoop<Component, Processor>::run,
+    .to8 = kEncodeKernels<Component, std::uint8_t, Processor>,
+    .to16 = kEncodeKernels<Component, std::uint16_t, Processor>};
+
 template <class Processor>
-inline constexpr YuvKernels kYuvKernels{
-    .integers = kYuvSumKernels<std::int32_t, Processor>,
-    .doubles = kYuvSumKernels<double, Processor>,
-    .split8 = SplitLoop<std::uint8_t, Processor>::run,
-    .split16 = SplitLoop<std::int16_t, Processor>::run,
-    .decimate = DecimateLoop<Processor>::run,
-    .encode8 = EncodePixelsLoop<std::uint8_t, Processor>::run,
-    .encode16 = EncodePixelsLoop<std::uint16_t, Processor>::run};
+inline constexpr YuvKernels kYuvKernels{.integers = kYuvSumKernels<std::int32_t, Processor>,
+                                        .doubles = kYuvSumKernels<double, Processor>,
+                                        .from8 = kPixelKernels<std::uint8_t, Processor>,
+                                        .from16 = kPixelKernels<std::int16_t, Processor>};
 
 }  // namespace ruvex::media::detail

@@ -23,25 +23,24 @@ struct YuvLine {
     int width;
 };
 
-/// The components of a row of pixels, apart from each other.
-struct RgbaLines {
-    std::int32_t* red;
-    std::int32_t* green;
-    std::int32_t* blue;
-    std::int32_t* alpha;
+/// Red, green and blue of a row of pixels, apart from each other: of every second pixel from the
+/// first one on, and of those between them.
+struct PairLines {
+    std::int32_t* even[3];
+    std::int32_t* odd[3];
 };
 
-/// The components of a row of pixels, or sums of them at the chroma samples.
+/// Sums of red, green and blue at the chroma samples of a line.
 template <class Sum>
-struct RgbLine {
+struct RgbSums {
     const Sum* red;
     const Sum* green;
     const Sum* blue;
     int width;
 };
 
-/// sums[i] = start + the sum of weights[tap] * lines[tap][i]; i is 0 to count - 1. `taps` is 1 or a
-/// multiple of 4.
+/// sums[i] = start + the sum of weights[tap] * lines[tap][i]; i is 0 to count - 1, and `taps` at
+/// least 1.
 template <class From, class Sum>
 using SumLines = void (*)(const From* const* lines, const std::int32_t* weights, int taps,
                           std::int32_t start, Sum* sums, int count);
@@ -58,24 +57,21 @@ using Interpolate = void (*)(const Sum* inputs, const int first[2], const std::i
 template <class Sum, class Component>
 using Decode = void (*)(const YuvLine<Sum>& line, const ColourScale& colour, Component* pixels);
 
-/// Takes pixels apart; components are clamped to black and white.
+/// Takes pixels apart; components are clamped to black and white. If their number is odd, the last
+/// pixel counts twice.
 template <class Component>
-using Split = void (*)(const Component* pixels, int width, const RgbaLines& lines);
+using Split = void (*)(const Component* pixels, int width, const PairLines& lines);
 
 /// Stores the code values of weighted sums of each pixel's components: the nearest, halves up,
-/// clamped to their range.
-template <class Word>
-using EncodePixels = void (*)(const RgbLine<std::int32_t>& line, const PixelCodes& codes,
-                              Word* words);
+/// clamped to their range. Components are clamped to black and white. There is a line of words for
+/// each of the codes.
+template <class Component, class Word>
+using EncodePixels = void (*)(const Component* pixels, int width, const PixelCodes* codes,
+                              Word* const* words);
 
 /// The same for components that are themselves sums of samples.
 template <class Sum, class Word>
-using EncodeSums = void (*)(const RgbLine<Sum>& line, const SumCodes& codes, Word* words);
-
-/// Decimates to one output for two inputs: output i is the sum of 8 inputs, input 2 i being the
-/// first. There are `count` outputs.
-using Decimate = void (*)(const std::int32_t* inputs, const std::int32_t* weights,
-                          std::int32_t* outputs, int count);
+using EncodeSums = void (*)(const RgbSums<Sum>& sums, const SumCodes& codes, Word* words);
 
 /// The loops with sums of one type.
 template <class Sum>
@@ -89,15 +85,29 @@ struct YuvSumKernels {
     EncodeSums<Sum, std::uint16_t> encode16;
 };
 
+/// The loops from pixels to words of one type: all that have one line of chroma for each pixel, or
+/// luma or alpha alone.
+template <class Component, class Word>
+struct EncodeKernels {
+    EncodePixels<Component, Word> lumaBlueRed;
+    EncodePixels<Component, Word> luma;
+    EncodePixels<Component, Word> alpha;
+};
+
+/// The loops from pixels of one type.
+template <class Component>
+struct PixelKernels {
+    Split<Component> split;
+    EncodeKernels<Component, std::uint8_t> to8;
+    EncodeKernels<Component, std::uint16_t> to16;
+};
+
 /// One version of every loop. All versions give the same bits.
 struct YuvKernels {
     YuvSumKernels<std::int32_t> integers;
     YuvSumKernels<double> doubles;
-    Split<std::uint8_t> split8;
-    Split<std::int16_t> split16;
-    Decimate decimate;
-    EncodePixels<std::uint8_t> encode8;
-    EncodePixels<std::uint16_t> encode16;
+    PixelKernels<std::uint8_t> from8;
+    PixelKernels<std::int16_t> from16;
 };
 
 /// The loops compiled for the build's target processor.
