@@ -2,7 +2,15 @@
 
 #include <cmath>
 
+#include "media/pixels/rounding_margin.h"
+
 namespace ruvex::media {
+namespace {
+
+/// Code values up to this one are bytes, which the loops compute in floats.
+constexpr int kTopOfBytes = 255;
+
+}  // namespace
 
 CodeMix lumaMix(const YuvCoding& coding, int white) {
     const CodeRange range = codeRange(coding);
@@ -47,7 +55,8 @@ PixelCodes::PixelCodes(const CodeMix& mix)
       start(static_cast<float>(mix.zero + 0.5)),
       top(mix.top) {}
 
-SumCodes::SumCodes(const CodeMix& mix, std::int64_t unit) : top(mix.top), mix_(mix), unit_(unit) {
+SumCodes::SumCodes(const CodeMix& mix, std::int64_t unit, std::int64_t gain)
+    : top(mix.top), mix_(mix), unit_(unit) {
     const double scale = std::ldexp(1.0, kFractionBits);
     const double factor =
         scale * mix.range / (static_cast<double>(mix.unit) * static_cast<double>(unit));
@@ -55,6 +64,10 @@ SumCodes::SumCodes(const CodeMix& mix, std::int64_t unit) : top(mix.top), mix_(m
     green = mix.weights.green * factor;
     blue = mix.weights.blue * factor;
     start = (mix.zero + 0.5) * scale;
+    // A colour difference of whole pixels is at most half of the range away from neutral.
+    const double overshoot = static_cast<double>(gain) / static_cast<double>(unit);
+    const double most = start + scale * mix.range * overshoot;
+    margin = top <= kTopOfBytes ? roundingMargin<float>(most) : roundingMargin<double>(most);
 }
 
 int SumCodes::nearest(std::int64_t reds, std::int64_t greens, std::int64_t blues, int upper) const {

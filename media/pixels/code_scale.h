@@ -45,16 +45,14 @@ struct PixelCodes {
 };
 
 /// The code values of pixels whose components are sums of samples, with integer weights that add up
-/// to `unit`. The loops compute them in doubles, in multiples of 1 / 2^kFractionBits; where they
-/// are too near to the border between two code values, `nearest` decides in integers.
+/// to `unit`. The loops compute them in floating point, in multiples of 1 / 2^kFractionBits; where
+/// that leaves open to which side the exact value is rounded, `nearest` decides in integers.
 class SumCodes {
 public:
     static constexpr int kFractionBits = 14;
-    /// The most by which a code value in the loops is wrong, in their multiples: less than 1 by its
-    /// truncation, and far less by rounding errors.
-    static constexpr int kMargin = 2;
 
-    SumCodes(const CodeMix& mix, std::int64_t unit);
+    /// `gain` is the largest sum of absolute weights, in the same multiples as `unit`.
+    SumCodes(const CodeMix& mix, std::int64_t unit, std::int64_t gain);
 
     /// The nearest code value, halves up, which must be `upper` or `upper` - 1.
     int nearest(std::int64_t red, std::int64_t green, std::int64_t blue, int upper) const;
@@ -63,6 +61,7 @@ public:
     // the loops' multiples.
     double red, green, blue, start;
     int top;
+    int margin;  ///< The most by which a code value in the loops is wrong, in their multiples.
 
 private:
     CodeMix mix_;

@@ -2,29 +2,11 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 #include "media/frame.h"
+#include "media/pixels/rounding_margin.h"
 
 namespace ruvex::media {
-namespace {
-
-/// The most by which a component is wrong if it is computed in `Real` and truncated. `size` is the
-/// largest sum of its terms' absolute values. A term is the product of a rounded factor and a
-/// rounded colour difference; the three roundings and those of the three sums are each wrong by at
-/// most half an epsilon of what they round.
-template <class Real>
-int marginOf(double size) {
-    constexpr int kRoundingsOfTerm = 3;
-    constexpr int kRoundingsOfSum = 3;
-    constexpr double kRounding = std::numeric_limits<Real>::epsilon() / 2;
-    const double error = size * kRounding * (kRoundingsOfTerm + kRoundingsOfSum);
-    constexpr int kTruncation = 1;
-    return static_cast<int>(std::ceil(error)) + kTruncation;
-}
-
-}  // namespace
-
 ColourScale::ColourScale(const YuvCoding& coding, int white_, std::int64_t unit, std::int64_t gain)
     : white(white_) {
     const CodeRange range = codeRange(coding);
@@ -56,7 +38,7 @@ ColourScale::ColourScale(const YuvCoding& coding, int white_, std::int64_t unit,
 
     const double most = y0 * range.top + std::abs(start) +
                         std::max({rv, bu, gu + gv}) * range.neutral * static_cast<double>(gain);
-    margin = white == kWhite8 ? marginOf<float>(most) : marginOf<double>(most);
+    margin = white == kWhite8 ? roundingMargin<float>(most) : roundingMargin<double>(most);
 }
 
 int ColourScale::nearest(int component, int luma, std::int64_t blue, std::int64_t red,

@@ -82,10 +82,10 @@ void YuvPacker::prepare(Depth depth) {
 YuvPacker::Part YuvPacker::partOf(const PictureLines& lines, int white) const {
     const auto down = ChromaResampler::decimator(lines.down, lines.count);
     const std::int64_t unit = std::int64_t{across_.unit()} * down.unit();
-    const SumCodes blue(blueMix(coding_, white), unit);
-    const SumCodes red(redMix(coding_, white), unit);
-    const std::int64_t largestSum = std::int64_t{white} * across_.gain() * down.gain();
-    if (largestSum <= std::numeric_limits<std::int32_t>::max()) {
+    const std::int64_t gain = std::int64_t{across_.gain()} * down.gain();
+    const SumCodes blue(blueMix(coding_, white), unit, gain);
+    const SumCodes red(redMix(coding_, white), unit, gain);
+    if (white * gain <= std::numeric_limits<std::int32_t>::max()) {
         using Integers = ChromaDecimator<std::int32_t>;
         return {lines, Integers(across_, down, kernels_), blue, red};
     }

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include <type_traits>
+
 #include "media/pixels/code_scale.h"
 #include "media/pixels/kernels/pixel_words.h"
 #include "media/pixels/kernels/yuv_kernels.h"
@@ -115,69 +117,80 @@ private:
 
 template <class Sum, class Word, class Processor>
 struct EncodeSumsLoop {
-    static void run(const RgbSums<Sum>& line, const SumCodes& codes, Word* words) {
-        std::int32_t values[kPart];
-        for (int x = 0; x < line.width; x += kPart) {
-            const int count = line.width - x < kPart ? line.width - x : kPart;
-            const RgbSums<Sum> from{line.red + x, line.green + x, line.blue + x, count};
-            const bool open = compute(from, codes, values);
-            store(values, count, codes.top, words + x);
-            if (open) settle(from, codes, values, words + x);
+    static void run(const RgbSums<Sum>& sums, const SumCodes& codes, Word* words) {
+        const Factors by(codes);
+        for (int x = 0; x < sums.width; x += kPart) {
+            const int count = sums.width - x < kPart ? sums.width - x : kPart;
+            const RgbSums<Sum> part{sums.red + x, sums.green + x, sums.blue + x, count};
+            const std::int32_t nearness = convert(part, by, words + x);
+            if (nearness <= 2 * by.margin) settle(part, by, codes, words + x);
         }
     }
 
 private:
+    // Floats suffice for bytes; where they do not, see SumCodes.
+    using Real = std::conditional_t<sizeof(Word) == 1, float, double>;
+
     static constexpr int kFractionBits = SumCodes::kFractionBits;
     static constexpr std::int32_t kFraction = (1 << kFractionBits) - 1;
-    static constexpr int kMargin = SumCodes::kMargin;
     /// Code values that are computed at a time.
     static constexpr int kPart = 32;
 
-    /// Whether the margin of `value` includes an integer, so that its rounding is open.
-    [[gnu::always_inline]] static bool isOpen(std::int32_t value) {
-        return ((value + kMargin) & kFraction) <= 2 * kMargin;
+    struct Factors {
+        Real red, green, blue, start;
+        std::int32_t top, margin;
+
+        explicit Factors(const SumCodes& codes)
+            : red(static_cast<Real>(codes.red)),
+              green(static_cast<Real>(codes.green)),
+              blue(static_cast<Real>(codes.blue)),
+              start(static_cast<Real>(codes.start)),
+              top(codes.top),
+              margin(codes.margin) {}
+    };
+
+    /// A code value in multiples of 1 / 2^kFractionBits, to be rounded down.
+    [[gnu::always_inline]] static std::int32_t valueAt(const RgbSums<Sum>& sums, int x,
+                                                       const Factors& by) {
+        return static_cast<std::int32_t>(by.start + static_cast<Real>(sums.red[x]) * by.red +
+                                         static_cast<Real>(sums.green[x]) * by.green +
+                                         static_cast<Real>(sums.blue[x]) * by.blue);
     }
-    [[gnu::always_inline]] static std::int32_t clamped(std::int32_t code, int top) {
+    /// At most 2 * margin if an integer lies within the margin of the value, so that its rounding
+    /// is open.
+    [[gnu::always_inline]] static std::int32_t nearnessOf(std::int32_t value, std::int32_t margin) {
+        return (value + margin) & kFraction;
+    }
+    [[gnu::always_inline]] static Word clamped(std::int32_t code, std::int32_t top) {
         const std::int32_t atLeast = code < 0 ? 0 : code;
-        return atLeast > top ? top : atLeast;
+        return static_cast<Word>(atLeast > top ? top : atLeast);
     }
 
-    /// Computes the code values in multiples of 1 / 2^kFractionBits; tells whether the rounding of
-    /// any of them is open.
-    [[gnu::always_inline]] static bool compute(const RgbSums<Sum>& line, const SumCodes& codes,
-                                               std::int32_t* values) {
-        const double red = codes.red;
-        const double green = codes.green;
-        const double blue = codes.blue;
-        const double start = codes.start;
-        std::int32_t open = 0;
-        for (int x = 0; x < line.width; ++x) {
-            const double value = start + static_cast<double>(line.red[x]) * red +
-                                 static_cast<double>(line.green[x]) * green +
-                                 static_cast<double>(line.blue[x]) * blue;
-            values[x] = static_cast<std::int32_t>(value);
-            open |= static_cast<std::int32_t>(isOpen(values[x]));
+    /// Converts a part of a line; gives the least nearness of its code values.
+    [[gnu::always_inline]] static std::int32_t convert(const RgbSums<Sum>& sums, const Factors& by,
+                                                       Word* words) {
+        std::int32_t nearest = kFraction;
+#pragma GCC ivdep
+        for (int x = 0; x < sums.width; ++x) {
+            const std::int32_t value = valueAt(sums, x, by);
+            const std::int32_t nearness = nearnessOf(value, by.margin);
+            nearest = nearness < nearest ? nearness : nearest;
+            words[x] = clamped(value >> kFractionBits, by.top);
         }
-        return open != 0;
-    }
-
-    [[gnu::always_inline]] static void store(const std::int32_t* values, int count, int top,
-                                             Word* words) {
-        for (int x = 0; x < count; ++x) {
-            words[x] = static_cast<Word>(clamped(values[x] >> kFractionBits, top));
-        }
+        return nearest;
     }
 
     /// Stores the code values whose rounding is open.
-    [[gnu::noinline]] static void settle(const RgbSums<Sum>& line, const SumCodes& codes,
-                                         const std::int32_t* values, Word* words) {
-        for (int x = 0; x < line.width; ++x) {
-            if (!isOpen(values[x])) continue;
-            const int upper = (values[x] + kMargin) >> kFractionBits;
-            const int nearest = codes.nearest(static_cast<std::int64_t>(line.red[x]),
-                                              static_cast<std::int64_t>(line.green[x]),
-                                              static_cast<std::int64_t>(line.blue[x]), upper);
-            words[x] = static_cast<Word>(clamped(nearest, codes.top));
+    [[gnu::noinline]] static void settle(const RgbSums<Sum>& sums, const Factors& by,
+                                         const SumCodes& codes, Word* words) {
+        for (int x = 0; x < sums.width; ++x) {
+            const std::int32_t value = valueAt(sums, x, by);
+            if (nearnessOf(value, by.margin) > 2 * by.margin) continue;
+            const int upper = (value + by.margin) >> kFractionBits;
+            words[x] = clamped(codes.nearest(static_cast<std::int64_t>(sums.red[x]),
+                                             static_cast<std::int64_t>(sums.green[x]),
+                                             static_cast<std::int64_t>(sums.blue[x]), upper),
+                               by.top);
         }
     }
 };
