@@ -25,13 +25,6 @@ void decimateAny(const ChromaResampler& across, const std::int32_t* even, const 
     }
 }
 
-const YuvSumKernels<std::int32_t>& sumKernels(const YuvKernels& kernels, std::int32_t) {
-    return kernels.integers;
-}
-const YuvSumKernels<double>& sumKernels(const YuvKernels& kernels, double) {
-    return kernels.doubles;
-}
-
 }  // namespace
 
 template <class Sum>
@@ -85,9 +78,8 @@ RgbSums<Sum> ChromaDecimator<Sum>::sums(int i) {
     const int width = across_.outputs();
     for (int colour = 0; colour < kColours; ++colour) {
         const auto from = decimated_.lines(down_.first(i), down_.inputs(), colour * width);
-        sumKernels(kernels_, Sum{})
-            .sumComponents(from.data(), down_.weights(i).data(), down_.taps(), 0,
-                           sums_[static_cast<std::size_t>(colour)].data(), width);
+        kernels_.with<Sum>().sumComponents(from.data(), down_.weights(i).data(), down_.taps(), 0,
+                                           sums_[static_cast<std::size_t>(colour)].data(), width);
     }
     return {sums_[0].data(), sums_[1].data(), sums_[2].data(), width};
 }

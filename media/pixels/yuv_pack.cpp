@@ -149,9 +149,9 @@ void YuvPacker::extendPairs() {
 template <class Word>
 void YuvPacker::packChroma(Part& part, int line, AVFrame& picture) {
     extendPairs();
-    const auto packReady = [&](auto& chroma, const auto& kernels) {
+    const auto packReady = [&]<class Sum>(ChromaDecimator<Sum>& chroma) {
         chroma.add(line, pairLines());
-        const auto encode = encodeSums(kernels, Word{});
+        const auto encode = encodeSums(kernels_.with<Sum>(), Word{});
         for (; chroma.ready(part.next, line); ++part.next) {
             const auto sums = chroma.sums(part.next);
             const int y = part.lines.first + part.next * part.lines.step;
@@ -159,11 +159,7 @@ void YuvPacker::packChroma(Part& part, int line, AVFrame& picture) {
             encode(sums, part.red, planeLine<Word>(picture, kRedPlane, y));
         }
     };
-    if (auto* integers = std::get_if<ChromaDecimator<std::int32_t>>(&part.chroma)) {
-        packReady(*integers, kernels_.integers);
-    } else {
-        packReady(std::get<ChromaDecimator<double>>(part.chroma), kernels_.doubles);
-    }
+    std::visit(packReady, part.chroma);
 }
 
 }  // namespace ruvex::media

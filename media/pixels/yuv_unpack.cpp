@@ -12,17 +12,6 @@ extern "C" {
 #include "media/pixels/rgb_lines.h"
 
 namespace ruvex::media {
-namespace {
-
-const YuvSumKernels<std::int32_t>& kernelsFor(const YuvKernels& kernels, std::int32_t) {
-    return kernels.integers;
-}
-const YuvSumKernels<double>& kernelsFor(const YuvKernels& kernels, double) {
-    return kernels.doubles;
-}
-
-}  // namespace
-
 bool isYuv(AVPixelFormat format) {
     const AVPixFmtDescriptor& description = *av_pix_fmt_desc_get(format);
     constexpr std::uint64_t kUnsupported = AV_PIX_FMT_FLAG_HWACCEL | AV_PIX_FMT_FLAG_FLOAT |
@@ -105,7 +94,7 @@ void YuvUnpacker::unpackPart(const AVFrame& picture, const Part& part,
 template <class Sum>
 void YuvUnpacker::decode(const YuvLine<Sum>& line, const ColourScale& scale, int row,
                          Frame& frame) const {
-    const YuvSumKernels<Sum>& kernels = kernelsFor(kernels_, Sum{});
+    const YuvSumKernels<Sum>& kernels = kernels_.with<Sum>();
     if (frame.depth() == Depth::Bits8) {
         kernels.decode8(line, scale, frame.row8(row));
     } else {

@@ -6,6 +6,7 @@
 #pragma once
 
 #include <cstdint>
+#include <type_traits>
 
 #include "media/pixels/code_scale.h"
 #include "media/pixels/colour_scale.h"
@@ -108,6 +109,16 @@ struct YuvKernels {
     YuvSumKernels<double> doubles;
     PixelKernels<std::uint8_t> from8;
     PixelKernels<std::int16_t> from16;
+
+    /// The loops with sums of type `Sum`.
+    template <class Sum>
+    const YuvSumKernels<Sum>& with() const {
+        if constexpr (std::is_same_v<Sum, double>) {
+            return doubles;
+        } else {
+            return integers;
+        }
+    }
 };
 
 /// The loops compiled for the build's target processor.
