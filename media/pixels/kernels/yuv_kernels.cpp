@@ -1,6 +1,5 @@
 #include "media/pixels/kernels/yuv_kernels.h"
 
-#include "imaging/kernels/dispatch.h"
 #include "media/pixels/kernels/yuv_kernel_table.h"
 
 namespace ruvex::media {
@@ -12,8 +11,14 @@ const YuvKernels& plainYuvKernels() {
     return detail::kYuvKernels<AnyProcessor>;
 }
 
+const KernelVersions<YuvKernels>& yuvKernelVersions() {
+    static const KernelVersions versions =
+        supportedVersions<plainYuvKernels, avx2YuvKernels, avx512YuvKernels>();
+    return versions;
+}
+
 const YuvKernels& bestYuvKernels() {
-    static const YuvKernels& best = fastestVersion<plainYuvKernels, avx2YuvKernels>();
+    static const YuvKernels& best = yuvKernelVersions().fastest();
     return best;
 }
 

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <type_traits>
 
+#include "imaging/kernels/dispatch.h"
 #include "media/pixels/code_scale.h"
 #include "media/pixels/colour_scale.h"
 
@@ -126,6 +127,13 @@ const YuvKernels& plainYuvKernels();
 
 /// The loops for x86-64 processors with AVX2. Not defined in builds for other architectures.
 const YuvKernels& avx2YuvKernels();
+
+/// The loops for x86-64 processors with 512-bit vectors. Not defined in builds for other
+/// architectures.
+const YuvKernels& avx512YuvKernels();
+
+/// All versions that this machine's processor supports.
+const KernelVersions<YuvKernels>& yuvKernelVersions();
 
 /// The fastest version that this machine's processor supports.
 const YuvKernels& bestYuvKernels();
