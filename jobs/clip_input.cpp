@@ -1,10 +1,7 @@
 #include "jobs/clip_input.h"
 
 #include <cmath>
-#include <cstring>
 #include <utility>
-
-#include "runtime/images.h"
 
 namespace ruvex::jobs {
 
@@ -12,30 +9,31 @@ const GUID& formatOf(media::Depth depth) {
     return depth == media::Depth::Bits8 ? MFIF_RGBA_RAW_32 : MFIF_RGBA_S2_14;
 }
 
-ComPtr<IDSImage> toImage(const runtime::Project& project, const media::Frame& frame) {
-    auto image =
-        runtime::makeProjectImage(project, frame.width(), frame.height(), formatOf(frame.depth()));
-    std::memcpy(image->bytes(), frame.bytes().data(), frame.bytes().size());
-    return image;
-}
-
 ComPtr<IDSImage> ClipInput::frame(std::int64_t number) {
-    const media::Frame* found = find(number);
-    if (found == nullptr) {
-        return {};
-    }
-    if (atHand_.field) {
-        media::takeField(*found, *atHand_.field, field_);
-        found = &field_;
-    }
-    return toImage(project_, *found);
+    Given& given = unusedPicture();
+    if (!readFrame(number, given.frame)) return {};
+    return given.image.lend(project_, given.frame.width(), given.frame.height(),
+                            formatOf(given.frame.depth()), given.frame.bytes().data());
 }
 
-const media::Frame* ClipInput::find(std::int64_t number) {
-    if (atHand_.frame != nullptr && atHand_.number == number) {
-        return atHand_.frame;
+bool ClipInput::readFrame(std::int64_t number, media::Frame& frame) {
+    const bool isAtHand = atHand_.frame != nullptr && atHand_.number == number;
+    if (!atHand_.field) return clip_->readOther(number, frame);
+    if (!isAtHand && !clip_->readOther(number, whole_)) return false;
+    media::takeField(isAtHand ? *atHand_.frame : whole_, *atHand_.field, frame);
+    return true;
+}
+
+ClipInput::Given& ClipInput::unusedPicture() {
+    for (Given& given : given_) {
+        if (!given.image.isHeld()) return given;
     }
-    return clip_->readOther(number, frame_) ? &frame_ : nullptr;
+    return given_.emplace_back();
+}
+
+void ClipInput::endRender() noexcept {
+    for (Given& given : given_) given.image.takeBack();
+    failure_ = nullptr;
 }
 
 ComPtr<IDSImage> ClipInput::imageAt(double seconds) {

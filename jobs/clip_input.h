@@ -3,6 +3,7 @@
 #pragma once
 
 #include <exception>
+#include <list>
 #include <memory>
 #include <optional>
 
@@ -10,6 +11,7 @@
 #include "jobs/shared_clip.h"
 #include "media/pixels/fields.h"
 #include "runtime/frame_server.h"
+#include "runtime/lent_image.h"
 #include "runtime/project.h"
 
 namespace ruvex::jobs {
@@ -17,10 +19,23 @@ namespace ruvex::jobs {
 /// The format identifier of a depth.
 const GUID& formatOf(media::Depth depth);
 
-/// A copy of the picture as an image that fills the project's frame.
-ComPtr<IDSImage> toImage(const runtime::Project& project, const media::Frame& frame);
+/// Lends a picture to the effect as an image that fills the project's frame. The effect may change
+/// the picture.
+class LentFrame {
+public:
+    LentFrame(runtime::LentImage& lent, const runtime::Project& project, media::Frame& frame)
+        : loan_(lent, project, frame.width(), frame.height(), formatOf(frame.depth()),
+                frame.bytes().data()) {}
+
+    const ComPtr<IDSImage>& image() const { return loan_.image(); }
+
+private:
+    runtime::Loan loan_;
+};
 
 /// The input provider of one session. One thread at a time; several providers may share the clip.
+/// Pictures are read straight into the memory that the effect works on, and the memory serves frame
+/// after frame.
 class ClipInput final : public runtime::InputProvider {
 public:
     /// `ends` says what the effect gets when it asks for frames outside the clip.
@@ -46,11 +61,12 @@ public:
     };
 
     /// The frame nearest to seconds * rate; outside the clip, the frame that `ends` asks for, or
-    /// null. To the effect an exception here is a refusal; it is kept for rethrowFailure.
+    /// null. The image has its pixels until endRender. To the effect an exception here is a
+    /// refusal; it is kept for rethrowFailure.
     ComPtr<IDSImage> imageAt(double seconds) override;
 
-    /// Forgets an exception that was kept for rethrowFailure.
-    void forgetFailure() { failure_ = nullptr; }
+    /// Takes back the images of a render, and forgets its failure.
+    void endRender() noexcept;
     /// Throws the exception that the last failed request ended with, once.
     void rethrowFailure();
 
@@ -61,16 +77,24 @@ private:
         std::optional<media::Field> field{};
     };
 
+    /// A picture that the effect was given.
+    struct Given {
+        media::Frame frame;
+        runtime::LentImage image;
+    };
+
     ComPtr<IDSImage> frame(std::int64_t number);
-    /// Null where the clip has no such frame.
-    const media::Frame* find(std::int64_t number);
+    /// False where the clip has no such frame.
+    bool readFrame(std::int64_t number, media::Frame& frame);
+    /// The memory of a picture that the effect does not hold.
+    Given& unusedPicture();
 
     std::shared_ptr<SharedClip> clip_;
     runtime::Project project_;
     ClipEnds ends_;
     AtHand atHand_;
-    media::Frame frame_;
-    media::Frame field_;
+    std::list<Given> given_;  ///< Mostly one: the effect asks for one picture a frame.
+    media::Frame whole_;      ///< The frame of a field that the effect asks for.
     std::exception_ptr failure_;
 };
 

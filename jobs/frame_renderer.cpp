@@ -47,7 +47,7 @@ FrameRenderer FrameRenderer::clone() const {
     return {*this, std::make_shared<ClipInput>(clip_, plan_.project, plan_.ends)};
 }
 
-bool FrameRenderer::render(std::int64_t number, const media::Frame& source, media::Frame& result) {
+bool FrameRenderer::render(std::int64_t number, media::Frame& source, media::Frame& result) {
     try {
         return renderResult(number, source, result);
     } catch (const std::bad_alloc&) {
@@ -55,26 +55,24 @@ bool FrameRenderer::render(std::int64_t number, const media::Frame& source, medi
     }
 }
 
-bool FrameRenderer::renderResult(std::int64_t number, const media::Frame& source,
-                                 media::Frame& result) {
+bool FrameRenderer::renderResult(std::int64_t number, media::Frame& source, media::Frame& result) {
     if (!renderFrame(number, source, scaler_ ? unscaled_ : result)) return false;
     if (scaler_) scaler_->scale(unscaled_, result);
     if (plan_.opaque) media::makeOpaque(result);
     return true;
 }
 
-bool FrameRenderer::renderFrame(std::int64_t number, const media::Frame& source,
-                                media::Frame& result) {
+bool FrameRenderer::renderFrame(std::int64_t number, media::Frame& source, media::Frame& result) {
     media::makeRoom(result, renderedSize(plan_), plan_.depth);
     if (!plan_.comparison) return renderEffect(number, source, result);
+    before_ = source;
     media::makeRoom(after_, plan_.size, plan_.depth);
     if (!renderEffect(number, source, after_)) return false;
-    compareFrames(*plan_.comparison, source, after_, result);
+    compareFrames(*plan_.comparison, before_, after_, result);
     return true;
 }
 
-bool FrameRenderer::renderEffect(std::int64_t number, const media::Frame& source,
-                                 media::Frame& result) {
+bool FrameRenderer::renderEffect(std::int64_t number, media::Frame& source, media::Frame& result) {
     const double time = runtime::frameTime(number, plan_.project.frameRate);
     if (plan_.fields == media::FieldOrder::Progressive) {
         return renderer_.render({number, time, source, mask_, plan_.region}, result);

@@ -33,19 +33,19 @@ public:
     FrameRenderer clone() const;
 
     /// Renders frame `number`, whose picture is `source`, into `result`, which gets the size and
-    /// depth of the plan's output; a comparison shows both. False if a stop was requested; the
-    /// result is then unfinished. Throws media::MediaError; FrameOutOfMemory; and runtime::Error,
-    /// which names the frame.
-    bool render(std::int64_t number, const media::Frame& source, media::Frame& result);
+    /// depth of the plan's output; a comparison shows both. The effect works in the memory of both:
+    /// `source` may be changed. False if a stop was requested; the result is then unfinished.
+    /// Throws media::MediaError; FrameOutOfMemory; and runtime::Error, which names the frame.
+    bool render(std::int64_t number, media::Frame& source, media::Frame& result);
 
 private:
     FrameRenderer(const FrameRenderer& other, std::shared_ptr<ClipInput> input);
 
     void readMasks();
-    bool renderResult(std::int64_t number, const media::Frame& source, media::Frame& result);
+    bool renderResult(std::int64_t number, media::Frame& source, media::Frame& result);
     /// In the size that is rendered.
-    bool renderFrame(std::int64_t number, const media::Frame& source, media::Frame& result);
-    bool renderEffect(std::int64_t number, const media::Frame& source, media::Frame& result);
+    bool renderFrame(std::int64_t number, media::Frame& source, media::Frame& result);
+    bool renderEffect(std::int64_t number, media::Frame& source, media::Frame& result);
     bool renderField(media::Field field, double time, std::int64_t number,
                      const media::Frame& source, media::Frame& result);
 
@@ -57,7 +57,9 @@ private:
     std::array<ComPtr<IDSImage>, 2> fieldMasks_;  ///< Of top and bottom fields; may be null.
     media::Frame fieldSource_;
     media::Frame fieldResult_;
-    media::Frame after_;                       ///< The render that a comparison shows.
+    // What a comparison shows.
+    media::Frame before_;
+    media::Frame after_;
     std::optional<media::AreaScaler> scaler_;  ///< Empty where the result is as large as rendered.
     media::Frame unscaled_;
 };

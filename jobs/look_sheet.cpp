@@ -54,11 +54,13 @@ std::optional<media::Frame> lookSheet(const RenderPlan& plan,
     clip->readExisting(plan.frames.first, frame);
     std::vector<media::LabelledPicture> pictures;
     if (source) pictures.push_back({"Source", forCell(frame, longest)});
+    media::Frame changed;
     media::Frame rendered;
     for (const SheetLook& look : looks) {
         const RenderPlan one = planOf(look, plan);
         FrameRenderer renderer(one, clip, stop);
-        if (!renderer.render(plan.frames.first, frame, rendered)) return std::nullopt;
+        changed = frame;
+        if (!renderer.render(plan.frames.first, changed, rendered)) return std::nullopt;
         pictures.push_back({look.label, forCell(rendered, longest)});
         drawn();
     }

@@ -1,6 +1,6 @@
 #include "jobs/picture_renderer.h"
 
-#include <cstring>
+#include <algorithm>
 #include <new>
 #include <utility>
 
@@ -8,7 +8,6 @@
 #include "looks/ruvex_control.h"
 #include "looks/session_look.h"
 #include "runtime/error.h"
-#include "runtime/images.h"
 
 namespace ruvex::jobs {
 namespace {
@@ -30,6 +29,18 @@ void setWorkers(runtime::EffectSession& session, const RenderPlan& plan) {
             "the effect does not take " + std::to_string(*plan.workers) + " workers. Use fewer.");
     }
 }
+
+/// Takes back the clip's images after a render, a failed one too.
+class RenderEnding {
+public:
+    explicit RenderEnding(ClipInput& input) : input_(input) {}
+    ~RenderEnding() { input_.endRender(); }
+    RenderEnding(const RenderEnding&) = delete;
+    RenderEnding& operator=(const RenderEnding&) = delete;
+
+private:
+    ClipInput& input_;
+};
 
 }  // namespace
 
@@ -69,29 +80,25 @@ bool PictureRenderer::render(const PictureTask& task, media::Frame& result) {
 }
 
 void PictureRenderer::renderPicture(const PictureTask& task, media::Frame& result) {
-    input_->forgetFailure();
-    const auto output = runtime::makeProjectImage(project_, result.width(), result.height(),
-                                                  formatOf(result.depth()));
-    runtime::RenderRequest request = requestFor(task);
-    request.output = output;
+    const RenderEnding ending(*input_);
+    const LentFrame source(source_, project_, task.source);
+    const LentFrame output(result_, project_, result);
+    runtime::RenderRequest request;
+    request.seconds = task.seconds;
+    request.input = source.image();
+    request.output = output.image();
+    request.pixelMask = task.mask;
+    if (task.region) {
+        // The effect writes the whole picture, but of a region nothing else.
+        std::ranges::fill(result.bytes(), std::byte{});
+        request.region =
+            DSRECT{task.region->x, task.region->y, task.region->width, task.region->height};
+    }
     session_.render(request);
     input_->rethrowFailure();
     if (looks::ruvexControl(session_).frameOutcome() == FrameOutcome::OutOfMemory) {
         throw std::bad_alloc();
     }
-    std::memcpy(result.bytes().data(), output->bytes(), result.bytes().size());
-}
-
-runtime::RenderRequest PictureRenderer::requestFor(const PictureTask& task) const {
-    runtime::RenderRequest request;
-    request.seconds = task.seconds;
-    request.input = toImage(project_, task.source);
-    request.pixelMask = task.mask;
-    if (task.region) {
-        request.region =
-            DSRECT{task.region->x, task.region->y, task.region->width, task.region->height};
-    }
-    return request;
 }
 
 }  // namespace ruvex::jobs

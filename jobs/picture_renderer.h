@@ -15,7 +15,7 @@ namespace ruvex::jobs {
 struct PictureTask {
     std::int64_t frame = 0;  ///< The frame that it is or belongs to, for messages.
     double seconds = 0.0;
-    const media::Frame& source;
+    media::Frame& source;          ///< The effect may change it.
     ComPtr<IDSImage> mask;         ///< Of the source's size; may be null.
     std::optional<Region> region;  ///< In rows and columns of the source.
 };
@@ -40,12 +40,15 @@ private:
                     std::stop_token stop, runtime::EffectSession session);
 
     void renderPicture(const PictureTask& task, media::Frame& result);
-    runtime::RenderRequest requestFor(const PictureTask& task) const;
 
     runtime::Project project_;
     std::shared_ptr<ClipInput> input_;
     std::stop_token stop_;
     runtime::EffectSession session_;
+    // The pictures of a task as images: what was read is what the effect reads, and it writes what
+    // is written.
+    runtime::LentImage source_;
+    runtime::LentImage result_;
 };
 
 }  // namespace ruvex::jobs

@@ -11,9 +11,13 @@ namespace ruvex::runtime {
 
 namespace {
 
-/// Throws for every status but 0: a positive one means that nothing was done.
-void requireDone(HRESULT status, const std::string& what) {
-    if (status != S_OK) throw StatusError(what, status);
+std::string frameAt(double seconds) {
+    return "the frame at " + std::to_string(seconds) + " s";
+}
+
+/// Throws for an input of a render that the effect refuses.
+void requireTaken(HRESULT status, const char* input) {
+    if (FAILED(status)) throw StatusError(std::string("the effect refuses its ") + input, status);
 }
 
 template <class T>
@@ -37,15 +41,6 @@ ComPtr<IDSImageEffect> makeEffect(const Module* module, const GUID& classId) {
     return effect;
 }
 
-ComPtr<IDSCoordMan> coordinateManagerFor(const Project& project, const RenderRequest& request,
-                                         const ComPtr<IDSImage>& input) {
-    IDSImage* measured = input ? input.get() : request.output.get();
-    LONG width = project.width;
-    LONG height = project.height;
-    if (measured) require(measured->GetSize(&width, &height), "the image to render has no size");
-    return makeCoordinateManager(project, width, height);
-}
-
 }  // namespace
 
 struct EffectSession::State {
@@ -55,6 +50,10 @@ struct EffectSession::State {
     ComPtr<IDSImageEffect> effect;
     ComPtr<IDSProperties> properties;
     DSIMAGEEFFECTINFO info;
+    // Of the last render, for the next one of the same size.
+    ComPtr<IDSCoordMan> coordinates;
+    LONG width = 0;
+    LONG height = 0;
 
     explicit State(Setup given)
         : setup(std::move(given)),
@@ -107,36 +106,58 @@ struct EffectSession::State {
         }
     }
 
+    IDSCoordMan* coordinatesFor(const RenderRequest& request, const ComPtr<IDSImage>& input);
     void handIn(const RenderRequest& request);
     void execute(const RenderRequest& request);
 };
 
-void EffectSession::State::handIn(const RenderRequest& request) {
-    const ComPtr<IDSImage> input = inputFor(request);
-    const auto coordinates = coordinateManagerFor(setup.project, request, input);
-    const std::string refused = "the effect refuses its ";
-    require(effect->Setup(), "the effect cannot be set up");
-    require(effect->SetSampleRate(setup.project.frameRate), refused + "frame rate");
-    require(effect->SetEffectHost(server.get()), refused + "host");
-    require(effect->SetExecuteContext(server.get()), refused + "execute context");
-    require(effect->SetCoordMan(coordinates.get()), refused + "coordinate manager");
-    require(effect->SetInput(input.get()), refused + "input");
-    require(effect->SetInput2(request.input2.get()), refused + "second input");
-    require(effect->SetPixelMask(request.pixelMask.get(), request.maskOffsetX, request.maskOffsetY),
-            refused + "mask");
-    require(effect->SetOutput(request.output.get()), refused + "output");
-    require(effect->SetROI(request.region ? &*request.region : nullptr), refused + "region");
-    require(effect->SetProcessingMode(request.fieldMode), refused + "field mode");
+IDSCoordMan* EffectSession::State::coordinatesFor(const RenderRequest& request,
+                                                  const ComPtr<IDSImage>& input) {
+    IDSImage* measured = input ? input.get() : request.output.get();
+    LONG newWidth = setup.project.width;
+    LONG newHeight = setup.project.height;
+    if (measured) {
+        require(measured->GetSize(&newWidth, &newHeight), "the image to render has no size");
+    }
+    if (!coordinates || newWidth != width || newHeight != height) {
+        coordinates = makeCoordinateManager(setup.project, newWidth, newHeight);
+        width = newWidth;
+        height = newHeight;
+    }
+    return coordinates.get();
 }
 
+void EffectSession::State::handIn(const RenderRequest& request) {
+    const ComPtr<IDSImage> input = inputFor(request);
+    IDSCoordMan* const coordMan = coordinatesFor(request, input);
+    require(effect->Setup(), "the effect cannot be set up");
+    requireTaken(effect->SetSampleRate(setup.project.frameRate), "frame rate");
+    requireTaken(effect->SetEffectHost(server.get()), "host");
+    requireTaken(effect->SetExecuteContext(server.get()), "execute context");
+    requireTaken(effect->SetCoordMan(coordMan), "coordinate manager");
+    requireTaken(effect->SetInput(input.get()), "input");
+    requireTaken(effect->SetInput2(request.input2.get()), "second input");
+    requireTaken(
+        effect->SetPixelMask(request.pixelMask.get(), request.maskOffsetX, request.maskOffsetY),
+        "mask");
+    requireTaken(effect->SetOutput(request.output.get()), "output");
+    requireTaken(effect->SetROI(request.region ? &*request.region : nullptr), "region");
+    requireTaken(effect->SetProcessingMode(request.fieldMode), "field mode");
+}
+
+/// A positive status is a failure too: it means that nothing was done.
 void EffectSession::State::execute(const RenderRequest& request) {
-    const std::string frame = "the frame at " + std::to_string(request.seconds) + " s";
-    requireDone(effect->Verify(), "the effect cannot render " + frame +
-                                      " with the images and the region that it was given");
-    require(effect->BeginFrame(request.seconds), "cannot begin " + frame);
+    if (const HRESULT status = effect->Verify(); status != S_OK) {
+        throw StatusError("the effect cannot render " + frameAt(request.seconds) +
+                              " with the images and the region that it was given",
+                          status);
+    }
+    if (const HRESULT status = effect->BeginFrame(request.seconds); FAILED(status)) {
+        throw StatusError("cannot begin " + frameAt(request.seconds), status);
+    }
     const HRESULT status = effect->Execute(request.seconds);
     effect->EndFrame();
-    requireDone(status, "cannot render " + frame);
+    if (status != S_OK) throw StatusError("cannot render " + frameAt(request.seconds), status);
 }
 
 EffectSession::EffectSession(Setup setup) : state_(std::make_unique<State>(std::move(setup))) {

@@ -18,8 +18,8 @@ std::string inHexadecimal(HRESULT status) {
 StatusError::StatusError(const std::string& what, HRESULT status)
     : Error(what + " (status " + inHexadecimal(status) + ")"), status_(status) {}
 
-void require(HRESULT status, const std::string& what) {
-    if (FAILED(status)) throw StatusError(what, status);
+void require(HRESULT status, std::string_view what) {
+    if (FAILED(status)) throw StatusError(std::string(what), status);
 }
 
 }  // namespace ruvex::runtime

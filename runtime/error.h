@@ -4,6 +4,7 @@
 
 #include <stdexcept>
 #include <string>
+#include <string_view>
 
 #include "sdk/com/guarded.h"
 
@@ -35,7 +36,7 @@ private:
 
 /// Throws a StatusError for a failure. `what` names the operation that failed: "cannot render frame
 /// 7".
-void require(HRESULT status, const std::string& what);
+void require(HRESULT status, std::string_view what);
 
 /// As ruvex::guarded, and a StatusError gives its own status.
 template <class Operation>

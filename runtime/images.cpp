@@ -6,23 +6,41 @@
 #include "runtime/error.h"
 
 namespace ruvex::runtime {
+namespace {
+
+std::string cannotMake(int width, int height) {
+    return "cannot make an image of " + std::to_string(width) + "x" + std::to_string(height) +
+           " pixels";
+}
+
+}  // namespace
+
+DSFloatPair worldSizeOf(const Project& project) {
+    return {static_cast<float>(project.width),
+            static_cast<float>(project.height / project.pixelAspect)};
+}
+
+void checkImage(int width, int height, const GUID& format) {
+    if (width < 1 || height < 1 || DSBytesPerPixel(format) == 0) {
+        throw Error(cannotMake(width, height));
+    }
+}
+
+void checkMade(const IDSImage* image, int width, int height) {
+    if (!image) throw OutOfMemory(cannotMake(width, height) + ": out of memory");
+}
 
 ComPtr<CDSMemoryImage> makeImage(int width, int height, const GUID& format) {
-    const auto cannot = [&] {
-        return "cannot make an image of " + std::to_string(width) + "x" + std::to_string(height) +
-               " pixels";
-    };
-    if (width < 1 || height < 1 || DSBytesPerPixel(format) == 0) throw Error(cannot());
+    checkImage(width, height, format);
     auto image = CDSMemoryImage::create(width, height, format);
-    if (!image) throw OutOfMemory(cannot() + ": out of memory");
+    checkMade(image.get(), width, height);
     return image;
 }
 
 ComPtr<CDSMemoryImage> makeProjectImage(const Project& project, int width, int height,
                                         const GUID& format) {
     auto image = makeImage(width, height, format);
-    image->setWorldSize({static_cast<float>(project.width),
-                         static_cast<float>(project.height / project.pixelAspect)});
+    image->setWorldSize(worldSizeOf(project));
     return image;
 }
 

@@ -8,6 +8,15 @@
 
 namespace ruvex::runtime {
 
+/// The world size of an image that fills the project's frame.
+DSFloatPair worldSizeOf(const Project& project);
+
+/// Throws Error for an unknown format and for a size below 1.
+void checkImage(int width, int height, const GUID& format);
+
+/// Throws OutOfMemory for an image that was not made.
+void checkMade(const IDSImage* image, int width, int height);
+
 /// A new image, all bytes 0. Throws Error for an unknown format and for a size below 1, OutOfMemory
 /// if there is not enough memory.
 ComPtr<CDSMemoryImage> makeImage(int width, int height, const GUID& format);

@@ -33,8 +33,9 @@ struct IDSImage : IUnknown {
     virtual HRESULT GetStatus() = 0;
     /// Width and height in pixels.
     virtual HRESULT GetSize(LONG* width, LONG* height) = 0;
-    /// The first pixel of row 0; the address is valid for the image's lifetime. A module may write
-    /// to every image that it was given, including inputs.
+    /// The first pixel of row 0. The address is valid as long as the module holds the image, and at
+    /// most until its call of Cleanup: the memory may be the host's own, for its next frame. A
+    /// module may write to every image that it was given, including inputs.
     virtual void* GetPixels() = 0;
     virtual HRESULT GetFormat(GUID* format) = 0;
     /// The picture's size in world units.

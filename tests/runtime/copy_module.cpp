@@ -26,6 +26,9 @@ public:
         *out = nullptr;
         if (outer) return CLASS_E_NOAGGREGATION;
         const auto made = ComPtr<CopyEffect>::attach(new (std::nothrow) CopyEffect);
+#ifdef COPY_MODULE_KEEPS_INPUT
+        if (made) made->keepInput();
+#endif
         return made ? made->QueryInterface(id, out) : E_OUTOFMEMORY;
     }
 

@@ -40,9 +40,10 @@ public:
     }
 };
 
-inline EffectSession::Setup copySetup(std::stop_token stop = {}) {
+inline EffectSession::Setup copySetup(std::stop_token stop = {},
+                                      const std::string& name = "copy_module") {
     EffectSession::Setup setup;
-    setup.module = Module::load(moduleFile("copy_module"));
+    setup.module = Module::load(moduleFile(name));
     setup.project = kSmallProject;
     setup.provider = std::make_shared<CountingClip>();
     setup.stop = std::move(stop);

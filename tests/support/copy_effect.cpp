@@ -70,11 +70,13 @@ HRESULT CopyEffect::Execute(double seconds) {
     if (!output) return E_POINTER;
     if (const HRESULT status = output->GetStatus(); status != S_OK) return status;
     const ComPtr<IDSImage> source = sourceAt(seconds);
-    if (source) copyRows(*source);
+    if (source && source->GetStatus() == S_OK) copyRows(*source);
     return S_OK;
 }
 
 ComPtr<IDSImage> CopyEffect::sourceAt(double seconds) {
+    if (keeps_ && !kept_) kept_ = input;
+    if (keeps_) return kept_;
     const double back = GetValueDirect(kDelayId, delay_, seconds);
     if (back == 0.0) return input;
     ComPtr<IUnknown> frame;

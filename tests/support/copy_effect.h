@@ -52,6 +52,10 @@ public:
 
     double delay() const { return delay_; }
 
+    /// From now on the effect breaks its host's rule: it holds its first input, and copies from it
+    /// in later renders too, as long as the image is ready.
+    void keepInput() { keeps_ = true; }
+
     /// Objects of this class that live now.
     static std::atomic<int> liveObjects;
 
@@ -67,6 +71,8 @@ private:
     double delay_ = 0.0;
     std::int32_t lift_ = 0;
     std::int32_t invert_ = 0;
+    bool keeps_ = false;
+    ComPtr<IDSImage> kept_;
     std::int32_t workers_ = 2;
 };
 

@@ -67,7 +67,7 @@ struct FrameMemory : testing::TestWithParam<Depth> {
 template <class Memory>
 std::string FrameMemory::renderWithout(std::size_t number, FrameRenderer& renderer, Frame& result,
                                        bool& denied) {
-    const Frame source = clip.picture(kFrame);
+    Frame source = clip.picture(kFrame);
     const Memory memory(number);
     std::string sentence;
     try {
@@ -85,7 +85,8 @@ void FrameMemory::denyEach(const RenderJob& job) {
     const auto shared = open(plan);
     FrameRenderer renderer(plan, shared);
     Frame wanted;
-    ASSERT_TRUE(renderer.render(kFrame, clip.picture(kFrame), wanted));
+    Frame source = clip.picture(kFrame);
+    ASSERT_TRUE(renderer.render(kFrame, source, wanted));
     int failures = 0;
     bool denied = true;
     for (std::size_t number = 1; denied; ++number) {
@@ -99,7 +100,8 @@ void FrameMemory::denyEach(const RenderJob& job) {
             ++failures;
         }
         Frame next;
-        ASSERT_TRUE(renderer.render(kFrame, clip.picture(kFrame), next));
+        source = clip.picture(kFrame);
+        ASSERT_TRUE(renderer.render(kFrame, source, next));
         ASSERT_TRUE(next == wanted) << "wrong after allocation " << number << " was denied";
     }
     EXPECT_GT(failures, 0) << "the module's allocations are counted";
