@@ -1,11 +1,14 @@
 #include "jobs/frame_renderer.h"
 
 #include <algorithm>
+#include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
+#include <random>
 
 #include "media/media_error.h"
 #include "media/stills/still_file.h"
+#include "parameters/parameter_table.h"
 #include "runtime/images.h"
 #include "tests/jobs/job_clip.h"
 
@@ -128,6 +131,51 @@ TEST_P(Rendering, AComparisonShowsBoth) {
     Frame wanted({2 * kSize.width, kSize.height}, GetParam());
     compareFrames(*job.comparison, clip.picture(2), after, wanted);
     EXPECT_TRUE(both == wanted);
+}
+
+/// A value of the parameter, mostly between the ends of its range.
+looks::ParameterChange anyValue(const ParameterRow& row, std::mt19937& random) {
+    constexpr Range kAny{-100, 100};
+    constexpr double kBeyond = 0.1;
+    const Range range = row.enteredRange().value_or(kAny);
+    const double margin = kBeyond * (range.high - range.low);
+    std::uniform_real_distribution<double> real(range.low - margin, range.high + margin);
+    const double value = real(random);
+    if (isReal(row.kind)) return looks::Setting{row.id, value};
+    if (isCheckBox(row.kind)) return looks::Setting{row.id, static_cast<double>(random() % 2)};
+    constexpr double kMostGhosts = 6;
+    const double high = row.id == ParameterId::NumGhosts ? kMostGhosts : range.high;
+    return looks::Setting{row.id, std::floor(std::clamp(value, range.low, high))};
+}
+
+std::vector<looks::ParameterChange> anyLook(std::mt19937& random) {
+    std::vector<looks::ParameterChange> changes;
+    for (const ParameterRow& row : parameterTable()) {
+        if (random() % 4 == 0) changes.push_back(anyValue(row, random));
+    }
+    return changes;
+}
+
+// The effect writes straight into the result, which holds an older frame.
+TEST_P(Rendering, AResultDoesNotDependOnWhatWasInItsMemory) {
+    std::mt19937 random(71);
+    for (int round = 0; round < 300; ++round) {
+        RenderJob job = clip.job();
+        job.parameters = anyLook(random);
+        job.workers = 1 + static_cast<int>(random() % 5);
+        if (random() % 4 == 0) job.region = Region{3, 5, 20, 17};
+        if (random() % 4 == 0) job.mask = mask(static_cast<int>(random() % 256));
+        job.fields = random() % 4 == 0;
+        if (job.fields) job.fieldOrder = media::FieldOrder::TopFirst;
+        const RenderPlan plan = clip.plan(job);
+        FrameRenderer renderer(plan, open(plan));
+        Frame inNew, inOld(kSize, GetParam());
+        std::ranges::fill(inOld.bytes(), std::byte{0xA5});
+        Frame source = clip.picture(2), sameSource = source;
+        ASSERT_TRUE(renderer.render(2, source, inNew));
+        ASSERT_TRUE(renderer.render(2, sameSource, inOld));
+        ASSERT_TRUE(inNew == inOld) << "round " << round;
+    }
 }
 
 TEST_P(Rendering, ARequestedStopEndsIt) {
