@@ -16,13 +16,26 @@ constexpr Step after(Step step) {
 
 }  // namespace
 
-/// A step takes its next slot once the step before has taken that frame and finished it; reading
-/// takes one once writing has.
+/// Whether the frame that had the source of `frame` has been rendered.
+bool FrameRing::sourceIsFree(std::int64_t frame) const {
+    const std::int64_t before = frame - static_cast<std::int64_t>(sources_.size());
+    return before < taken(Step::Write) || slotOf(before).next == Step::Write;
+}
+
+/// Whether the frame that had the result of `frame` has been written. Its slot may have been taken
+/// for a later frame since, which is not rendered yet.
+bool FrameRing::resultIsFree(std::int64_t frame) const {
+    const std::int64_t before = frame - static_cast<std::int64_t>(results_.size());
+    return before < 0 || (before < taken(Step::Write) && slotOf(before).next != Step::Write);
+}
+
+/// A step takes its next slot once the step before has taken that frame and finished it.
 bool FrameRing::ready(Step step) const {
-    const std::int64_t end = step == Step::Read
-                                 ? taken(Step::Write) + static_cast<std::int64_t>(slots_.size())
-                                 : taken(static_cast<Step>(static_cast<int>(step) - 1));
-    return taken(step) < end && nextSlot(step).next == step;
+    const std::int64_t frame = taken(step);
+    if (slotOf(frame).next != step) return false;
+    if (step == Step::Read) return sourceIsFree(frame);
+    if (step == Step::Render && !resultIsFree(frame)) return false;
+    return frame < taken(static_cast<Step>(static_cast<int>(step) - 1));
 }
 
 bool FrameRing::over(Step step) const {
@@ -35,8 +48,11 @@ FrameSlot* FrameRing::take(Step step) {
     if (over(step)) {
         return nullptr;
     }
-    std::int64_t& place = taken_[static_cast<std::size_t>(step)];
-    return &slots_[static_cast<std::size_t>(place++) % slots_.size()];
+    const auto frame = static_cast<std::size_t>(taken_[static_cast<std::size_t>(step)]++);
+    FrameSlot& slot = slots_[frame % slots_.size()];
+    if (step == Step::Read) slot.source = &sources_[frame % sources_.size()];
+    if (step == Step::Render) slot.result = &results_[frame % results_.size()];
+    return &slot;
 }
 
 void FrameRing::pass(FrameSlot& slot) {
@@ -47,10 +63,11 @@ void FrameRing::pass(FrameSlot& slot) {
     changed_.notify_all();
 }
 
-void FrameRing::end() {
+void FrameRing::end(FrameSlot* unused) {
     {
         const std::lock_guard lock(mutex_);
         ended_ = true;
+        if (unused) --taken_[static_cast<std::size_t>(Step::Read)];
     }
     changed_.notify_all();
 }

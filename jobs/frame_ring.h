@@ -19,23 +19,32 @@ enum class Step { Read, Render, Write };
 /// The place of one frame. Only the thread that has taken it may use it.
 struct FrameSlot {
     std::int64_t number = 0;
-    media::Frame source;
-    media::Frame result;
-    std::exception_ptr failure;  ///< Why there is no result; null where there is one.
+    media::Frame* source = nullptr;  ///< The picture, as long as it is read or rendered.
+    media::Frame* result = nullptr;  ///< As long as it is rendered or written.
+    std::exception_ptr failure;      ///< Why there is no result; null where there is one.
 
 private:
     friend class FrameRing;
     Step next = Step::Read;
 };
 
-/// A fixed number of slots in a circle: each is read, rendered, written, and read again. Each step
-/// takes the frames in the order of reading, however many threads work at it, so results come out
-/// in order. A step waits for the step before it, and reading waits for a free slot, which bounds
-/// the memory. Any thread.
+/// Slots in a circle: each is read, rendered, written, and read again. Each step takes the frames
+/// in the order of reading, however many threads work at it, so results come out in order. Any
+/// thread.
+///
+/// The ring owns a fixed number of pictures, which bounds the memory and lets all of it serve
+/// again: a frame keeps its source until it is rendered, and its result from then until it is
+/// written. Reading waits for a source that is free, rendering for a result and for a frame that
+/// was read.
 class FrameRing {
 public:
-    /// `slots` is at least 1: the most frames that are in the pipeline at once.
-    explicit FrameRing(int slots) : slots_(static_cast<std::size_t>(slots)) {}
+    /// `rendering` is the number of frames that are rendered at once, at least 1. On each side
+    /// there are a picture for the thread that reads or writes, and one that waits, so that a
+    /// thread does not wait for another's frame that takes longer.
+    explicit FrameRing(int rendering)
+        : sources_(static_cast<std::size_t>(rendering) + kBesideRendering),
+          results_(sources_.size()),
+          slots_(sources_.size() + results_.size()) {}
 
     /// Waits for the next slot of this step. Null when all frames have been taken for the step, and
     /// when the ring is closed.
@@ -44,8 +53,9 @@ public:
     /// Gives a slot back when the step that it was taken for is done.
     void pass(FrameSlot& slot);
 
-    /// No more frames will be read.
-    void end();
+    /// No more frames will be read, not into `unused` either: a slot that was taken for a frame
+    /// that does not exist. It may be null.
+    void end(FrameSlot* unused = nullptr);
 
     /// From now on take() gives null to everybody.
     void close();
@@ -53,18 +63,28 @@ public:
     /// Whether all frames have been read and taken for writing.
     bool ended();
 
+    /// The pictures, for a caller that knows that no thread uses them.
+    const std::vector<media::Frame>& sources() const { return sources_; }
+    const std::vector<media::Frame>& results() const { return results_; }
+
 private:
     static constexpr std::size_t kSteps = 3;
+    static constexpr std::size_t kBesideRendering = 2;
 
     std::int64_t taken(Step step) const { return taken_[static_cast<std::size_t>(step)]; }
-    const FrameSlot& nextSlot(Step step) const {
-        return slots_[static_cast<std::size_t>(taken(step)) % slots_.size()];
+    /// The slot of a frame, counted in the order of reading.
+    const FrameSlot& slotOf(std::int64_t frame) const {
+        return slots_[static_cast<std::size_t>(frame) % slots_.size()];
     }
+    bool sourceIsFree(std::int64_t frame) const;
+    bool resultIsFree(std::int64_t frame) const;
     bool ready(Step step) const;
     bool over(Step step) const;
 
     std::mutex mutex_;
     std::condition_variable changed_;
+    std::vector<media::Frame> sources_;
+    std::vector<media::Frame> results_;
     std::vector<FrameSlot> slots_;
     std::array<std::int64_t, kSteps> taken_{};  ///< Frames that were taken for each step.
     bool ended_ = false;

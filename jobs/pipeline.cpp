@@ -12,10 +12,6 @@
 namespace ruvex::jobs {
 namespace {
 
-/// Slots beside the frames that are rendered: one that is read, one that is written, and one that
-/// waits on each side, so that none of the three threads waits for a frame that takes longer.
-constexpr int kSlotsBesideRendering = 4;
-
 /// Closes the ring when the caller leaves, by an exception too, so that the threads end.
 class Closing {
 public:
@@ -51,7 +47,7 @@ Pipeline::Pipeline(const RenderPlan& plan, std::shared_ptr<SharedClip> clip, std
 }
 
 bool Pipeline::run(const FramesToMake& frames, const Write& write) {
-    FrameRing ring(static_cast<int>(renderers_.size()) + kSlotsBesideRendering);
+    FrameRing ring(static_cast<int>(renderers_.size()));
     std::vector<std::jthread> threads;
     const Closing closing(ring);
     threads.emplace_back([&] { read(frames, ring); });
@@ -62,37 +58,27 @@ bool Pipeline::run(const FramesToMake& frames, const Write& write) {
         if (slot->failure) {
             rethrow(*slot);
         }
-        write(slot->number, slot->result);
+        write(slot->number, *slot->result);
         ring.pass(*slot);
     }
     return ring.ended();
 }
 
 void Pipeline::read(const FramesToMake& frames, FrameRing& ring) {
-    media::Frame frame;
     for (std::int64_t k = frames.range.first; k <= frames.range.last; ++k) {
-        if (frames.made.contains(k)) {
-            continue;
-        }
-        std::exception_ptr failure;
-        try {
-            if (!readNext(frames, k, frame)) {
-                break;
-            }
-        } catch (...) {
-            failure = std::current_exception();
-        }
+        if (frames.made.contains(k)) continue;
         FrameSlot* slot = ring.take(Step::Read);
-        if (!slot) {
-            return;
-        }
+        if (!slot) return;
         slot->number = k;
-        slot->failure = failure;
-        std::swap(slot->source, frame);
-        ring.pass(*slot);
-        if (failure) {
-            break;
+        slot->failure = nullptr;
+        try {
+            if (!readNext(frames, k, *slot->source)) return ring.end(slot);
+        } catch (...) {
+            slot->failure = std::current_exception();
         }
+        const bool failed = slot->failure != nullptr;
+        ring.pass(*slot);
+        if (failed) break;
     }
     ring.end();
 }
@@ -106,7 +92,7 @@ bool Pipeline::readNext(const FramesToMake& frames, std::int64_t number, media::
 void Pipeline::render(FrameRenderer& renderer, FrameRing& ring) {
     while (FrameSlot* slot = ring.take(Step::Render)) {
         try {
-            if (!slot->failure && !renderer.render(slot->number, slot->source, slot->result)) {
+            if (!slot->failure && !renderer.render(slot->number, *slot->source, *slot->result)) {
                 return ring.close();
             }
         } catch (...) {
