@@ -17,10 +17,15 @@ ComPtr<IDSImage> ClipInput::frame(std::int64_t number) {
 }
 
 bool ClipInput::readFrame(std::int64_t number, media::Frame& frame) {
-    const bool isAtHand = atHand_.frame != nullptr && atHand_.number == number;
-    if (!atHand_.field) return clip_->readOther(number, frame);
-    if (!isAtHand && !clip_->readOther(number, whole_)) return false;
-    media::takeField(isAtHand ? *atHand_.frame : whole_, *atHand_.field, frame);
+    const bool isAtHand = atHand_.frame && (atHand_.number == number || !clip_->servesOthers());
+    media::Frame& read = atHand_.field ? whole_ : frame;
+    if (!isAtHand && !clip_->readOther(number, read)) return false;
+    const media::Frame& found = isAtHand ? *atHand_.frame : read;
+    if (atHand_.field) {
+        media::takeField(found, *atHand_.field, frame);
+    } else if (isAtHand) {
+        frame = found;
+    }
     return true;
 }
 

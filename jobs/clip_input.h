@@ -43,12 +43,14 @@ public:
               ClipEnds ends = ClipEnds::Blank)
         : clip_(std::move(clip)), project_(project), ends_(ends) {}
 
-    /// As long as this lives, requests for frame `number` are served from `frame`, which is not
-    /// read again, and every request gets the named field of its frame only.
+    /// As long as this lives, requests for frame `number` are served with a copy of `frame`, which
+    /// is not read again: the effect asks for it where the time of a frame is no exact fraction. So
+    /// are all requests of a clip that serves no other frames. If there is a field, every request
+    /// gets that field of its frame only.
     class FrameAtHand {
     public:
         FrameAtHand(ClipInput& input, std::int64_t number, const media::Frame& frame,
-                    media::Field field)
+                    std::optional<media::Field> field = {})
             : input_(input) {
             input_.atHand_ = {number, &frame, field};
         }

@@ -75,6 +75,7 @@ bool FrameRenderer::renderFrame(std::int64_t number, media::Frame& source, media
 bool FrameRenderer::renderEffect(std::int64_t number, media::Frame& source, media::Frame& result) {
     const double time = runtime::frameTime(number, plan_.project.frameRate);
     if (plan_.fields == media::FieldOrder::Progressive) {
+        const ClipInput::FrameAtHand atHand(*input_, number, source);
         return renderer_.render({number, time, source, mask_, plan_.region}, result);
     }
     constexpr double kHalfFrame = 0.5;

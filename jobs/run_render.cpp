@@ -4,6 +4,7 @@
 
 #include "files/partial_file.h"
 #include "jobs/frames_to_make.h"
+#include "looks/sound_drift.h"
 #include "media/file_kind.h"
 #include "media/media_error.h"
 
@@ -18,7 +19,11 @@ std::shared_ptr<SharedClip> clipOf(const RenderPlan& plan,
             return media::openReader(input, reading);
         };
     }
-    return std::make_shared<SharedClip>(std::move(reader), std::move(openAgain));
+    const bool others =
+        looks::movesPictures(plan.parameters) || looks::framesBehind(plan.parameters) > 0;
+    using enum SharedClip::Requests;
+    return std::make_shared<SharedClip>(std::move(reader), std::move(openAgain),
+                                        others ? AnyFrame : None);
 }
 
 RenderEnd render(const RenderPlan& plan, std::unique_ptr<media::FrameReader> reader,

@@ -6,13 +6,15 @@
 
 namespace ruvex::jobs {
 
-bool SharedClip::readFrom(Locked& locked, std::int64_t number, media::Frame& frame) {
+bool SharedClip::readFrom(Locked& locked, std::int64_t number, media::Frame& frame,
+                          media::Use use) {
     const std::lock_guard lock(locked.mutex);
-    return locked.reader->read(number, frame);
+    return locked.reader->read(number, frame, use);
 }
 
 bool SharedClip::read(std::int64_t number, media::Frame& frame) {
-    return readFrom(inOrder_, number, frame);
+    const bool once = openAgain_ || !servesOthers();
+    return readFrom(inOrder_, number, frame, once ? media::Use::Once : media::Use::Again);
 }
 
 void SharedClip::readExisting(std::int64_t number, media::Frame& frame) {
@@ -23,10 +25,10 @@ void SharedClip::readExisting(std::int64_t number, media::Frame& frame) {
 
 bool SharedClip::readOther(std::int64_t number, media::Frame& frame) {
     if (!openAgain_) {
-        return readFrom(inOrder_, number, frame);
+        return readFrom(inOrder_, number, frame, media::Use::Again);
     }
     std::call_once(opened_, [&] { other_.reader = openAgain_(); });
-    return readFrom(other_, number, frame);
+    return readFrom(other_, number, frame, media::Use::Again);
 }
 
 }  // namespace ruvex::jobs

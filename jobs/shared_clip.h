@@ -15,11 +15,14 @@ namespace ruvex::jobs {
 class SharedClip {
 public:
     using Open = std::function<std::unique_ptr<media::FrameReader>()>;
+    /// Which frames are asked for beside those that are read in order.
+    enum class Requests { None, AnyFrame };
 
     /// `openAgain` makes a second reader of the same clip, at the first request out of order. Empty
     /// for a clip that can be opened only once.
-    SharedClip(std::unique_ptr<media::FrameReader> reader, Open openAgain)
-        : inOrder_{std::move(reader)}, openAgain_(std::move(openAgain)) {}
+    SharedClip(std::unique_ptr<media::FrameReader> reader, Open openAgain,
+               Requests requests = Requests::AnyFrame)
+        : inOrder_{std::move(reader)}, openAgain_(std::move(openAgain)), requests_(requests) {}
 
     const media::ClipInfo& info() const { return inOrder_.reader->info(); }
 
@@ -30,6 +33,8 @@ public:
     /// The same; throws MediaError where the clip has no such frame.
     void readExisting(std::int64_t number, media::Frame& frame);
 
+    /// Whether frames out of order can be read.
+    bool servesOthers() const { return requests_ == Requests::AnyFrame; }
     /// The same as read for a frame out of order.
     bool readOther(std::int64_t number, media::Frame& frame);
 
@@ -38,11 +43,12 @@ private:
         std::unique_ptr<media::FrameReader> reader;
         std::mutex mutex{};
     };
-    static bool readFrom(Locked& locked, std::int64_t number, media::Frame& frame);
+    static bool readFrom(Locked& locked, std::int64_t number, media::Frame& frame, media::Use use);
 
     Locked inOrder_;
     Locked other_;
     Open openAgain_;
+    Requests requests_;
     std::once_flag opened_;
 };
 

@@ -1,6 +1,7 @@
 #include "media/frame_reader.h"
 
 #include <unistd.h>
+#include <utility>
 
 #include "files/numbered_path.h"
 #include "media/file_kind.h"
@@ -12,14 +13,15 @@
 
 namespace ruvex::media {
 
-bool FrameReader::read(std::int64_t number, Frame& frame) {
-    if (number < info().first || number > info().last) {
-        return false;
+bool FrameReader::read(std::int64_t number, Frame& frame, Use use) {
+    if (number < info().first || number > info().last) return false;
+    if (depthOfFrames() == info().depth) return readOwn(number, frame, use);
+    if (!readOwn(number, own_, use)) return false;
+    if (own_.depth() == depthOfFrames()) {
+        std::swap(own_, frame);
+    } else {
+        convertDepth(own_, depthOfFrames(), frame);
     }
-    if (!readOwn(number, frame)) {
-        return false;
-    }
-    frame = convertDepth(std::move(frame), depthOfFrames());
     return true;
 }
 

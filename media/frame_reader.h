@@ -32,6 +32,9 @@ struct ReadOptions {
     std::stop_token stop{};
 };
 
+/// Whether a frame may be asked for again: then it may be kept, which costs a copy and the memory.
+enum class Use { Again, Once };
+
 /// Reads a clip: a video, a still, numbered stills, raw frames or a stream. Not thread-safe.
 class FrameReader {
 public:
@@ -44,8 +47,9 @@ public:
 
     /// Stores frame `number` in `frame`, whose memory is reused where it fits. Frames may be read
     /// in any order; a picture does not depend on what was read before. False if `number` is
-    /// outside the clip. Throws MediaError if a frame of the clip cannot be read.
-    bool read(std::int64_t number, Frame& frame);
+    /// outside the clip. Throws MediaError if a frame of the clip cannot be read, as of a stream a
+    /// frame from before one that was read once.
+    bool read(std::int64_t number, Frame& frame, Use use = Use::Again);
 
 protected:
     explicit FrameReader(std::optional<Depth> depth) : depth_(depth) {}
@@ -56,9 +60,10 @@ protected:
 private:
     /// Stores frame `number`, from info().first to info().last, at the input's own depth or at
     /// depthOfFrames(). False if a stream has ended before it.
-    virtual bool readOwn(std::int64_t number, Frame& frame) = 0;
+    virtual bool readOwn(std::int64_t number, Frame& frame, Use use) = 0;
 
     std::optional<Depth> depth_;
+    Frame own_;  ///< A frame at the input's own depth, where frames are of another one.
 };
 
 /// Opens `path` as the kind of file that its extension says; see fileKind. "-" is standard input,

@@ -29,12 +29,12 @@ T nearestOf(double value) {
                                      static_cast<double>(std::numeric_limits<T>::max())));
 }
 
-/// The frame with components of type To. Of pixels whose alpha is not 0, each colour component is
-/// change(component, alpha), with alpha from 0 to 1, and is rounded once.
+/// Stores the frame with components of type To. Of pixels whose alpha is not 0, each colour
+/// component is change(component, alpha), with alpha from 0 to 1, and is rounded once.
 template <typename From, typename To, class Change>
-Frame changedInto(const Frame& frame, Change change) {
+void changeInto(const Frame& frame, Change change, Frame& changed) {
     constexpr double kScale = ComponentOf<To>::kWhite / ComponentOf<From>::kWhite;
-    Frame changed(frame.size(), ComponentOf<To>::kDepth);
+    makeRoom(changed, frame.size(), ComponentOf<To>::kDepth);
     const auto* from = reinterpret_cast<const From*>(frame.bytes().data());
     auto* to = reinterpret_cast<To*>(changed.bytes().data());
     auto* const end = to + changed.bytes().size() / sizeof(To);
@@ -46,19 +46,24 @@ Frame changedInto(const Frame& frame, Change change) {
         }
         to[kAlpha] = nearestOf<To>(from[kAlpha] * kScale);
     }
-    return changed;
 }
 
 template <typename From, class Change>
-Frame changedFrom(const Frame& frame, Depth depth, Change change) {
-    return depth == Depth::Bits8 ? changedInto<From, std::uint8_t>(frame, change)
-                                 : changedInto<From, std::int16_t>(frame, change);
+void changeFrom(const Frame& frame, Depth depth, Change change, Frame& changed) {
+    if (depth == Depth::Bits8) {
+        changeInto<From, std::uint8_t>(frame, change, changed);
+    } else {
+        changeInto<From, std::int16_t>(frame, change, changed);
+    }
 }
 
 template <class Change>
-Frame changed(const Frame& frame, Depth depth, Change change) {
-    return frame.depth() == Depth::Bits8 ? changedFrom<std::uint8_t>(frame, depth, change)
-                                         : changedFrom<std::int16_t>(frame, depth, change);
+void change(const Frame& frame, Depth depth, Change change, Frame& changed) {
+    if (frame.depth() == Depth::Bits8) {
+        changeFrom<std::uint8_t>(frame, depth, change, changed);
+    } else {
+        changeFrom<std::int16_t>(frame, depth, change, changed);
+    }
 }
 
 template <typename T>
@@ -72,12 +77,26 @@ void fillAlpha(Frame& frame) {
 
 }  // namespace
 
+void unpremultiply(const Frame& frame, Depth depth, Frame& straight) {
+    change(
+        frame, depth, [](double colour, double alpha) { return colour / alpha; }, straight);
+}
+
 Frame unpremultiplied(const Frame& frame, Depth depth) {
-    return changed(frame, depth, [](double colour, double alpha) { return colour / alpha; });
+    Frame straight;
+    unpremultiply(frame, depth, straight);
+    return straight;
+}
+
+void premultiply(const Frame& frame, Depth depth, Frame& product) {
+    change(
+        frame, depth, [](double colour, double alpha) { return colour * alpha; }, product);
 }
 
 Frame premultiplied(const Frame& frame, Depth depth) {
-    return changed(frame, depth, [](double colour, double alpha) { return colour * alpha; });
+    Frame product;
+    premultiply(frame, depth, product);
+    return product;
 }
 
 void makeOpaque(Frame& frame) {

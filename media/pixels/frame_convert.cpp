@@ -10,7 +10,17 @@ Frame convertDepth(Frame frame, Depth depth) {
     if (frame.depth() == depth) {
         return frame;
     }
-    Frame converted(frame.size(), depth);
+    Frame converted;
+    convertDepth(frame, depth, converted);
+    return converted;
+}
+
+void convertDepth(const Frame& frame, Depth depth, Frame& converted) {
+    if (frame.depth() == depth) {
+        converted = frame;
+        return;
+    }
+    makeRoom(converted, frame.size(), depth);
     const int components = frame.width() * kChannels;
     for (int y = 0; y < frame.height(); ++y) {
         if (depth == Depth::S214) {
@@ -21,7 +31,6 @@ Frame convertDepth(Frame frame, Depth depth) {
                            u8FromS214);
         }
     }
-    return converted;
 }
 
 FrameSize fitInto(FrameSize size, int most) {

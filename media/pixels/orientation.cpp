@@ -79,13 +79,18 @@ Frame setUpright(Frame frame, const Orientation& orientation) {
     if (orientation.upright()) {
         return frame;
     }
-    Frame shown(setUpright(frame.size(), orientation), frame.depth());
+    Frame shown;
+    setUpright(frame, orientation, shown);
+    return shown;
+}
+
+void setUpright(const Frame& frame, const Orientation& orientation, Frame& shown) {
+    makeRoom(shown, setUpright(frame.size(), orientation), frame.depth());
     if (frame.depth() == Depth::Bits8) {
         turn<bytesPerPixel(Depth::Bits8)>(frame, orientation, shown);
     } else {
         turn<bytesPerPixel(Depth::S214)>(frame, orientation, shown);
     }
-    return shown;
 }
 
 FrameSize setUpright(FrameSize size, const Orientation& orientation) {

@@ -32,6 +32,8 @@ Orientation orientationOf(const AVStream& stream);
 
 /// The picture as it is shown.
 Frame setUpright(Frame frame, const Orientation& orientation);
+/// The same into `shown`, another frame, whose memory is reused where it fits.
+void setUpright(const Frame& frame, const Orientation& orientation, Frame& shown);
 
 /// Size, pixel aspect and field order of the picture as it is shown. A transposed picture counts as
 /// progressive, since its fields are no longer made of lines. `height` is the stored picture's.

@@ -113,36 +113,26 @@ Chroma PictureToFrame::chroma() const {
     return description.log2_chroma_h == 0 ? Chroma::C422 : Chroma::C420;
 }
 
-Frame PictureToFrame::convert(const AVFrame& picture) {
+void PictureToFrame::convert(const AVFrame& picture, Frame& into) {
     if (picture.format != format_ || FrameSize{picture.width, picture.height} != size_) {
         throw MediaError(path_.string() +
                          " changes its size or pixel format within the clip, "
                          "which is not supported. Convert it first.");
     }
-    if (!scaler_) {
-        return unpack(picture);
-    }
+    if (!scaler_) return unpack(picture, into);
     scaler_->scale(picture, *scaled_);
-    return unpack(*scaled_);
+    unpack(*scaled_, into);
 }
 
-Frame PictureToFrame::unpack(const AVFrame& picture) {
-    Frame frame(size_, depth_);
+void PictureToFrame::unpack(const AVFrame& picture, Frame& into) {
+    makeRoom(into, size_, depth_);
     if (yuv_) {
-        yuv_->unpack(picture, picture.interlaced_frame != 0, frame);
+        yuv_->unpack(picture, picture.interlaced_frame != 0, into);
     } else {
-        unpackRgb(picture, frame);
+        unpackRgb(picture, into);
     }
-    return frame;
 }
 
-FrameToYuv::FrameToYuv(FrameSize size, const YuvForm& form)
-    : size_(size), format_(form.format), packer_(size, form) {}
-
-AvFrame FrameToYuv::convert(const Frame& frame) {
-    AvFrame picture = newPicture(size_.width, size_.height, format_);
-    packer_.pack(frame, *picture);
-    return picture;
-}
+FrameToYuv::FrameToYuv(FrameSize size, const YuvForm& form) : packer_(size, form) {}
 
 }  // namespace ruvex::media

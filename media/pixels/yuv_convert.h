@@ -31,16 +31,17 @@ public:
     /// Of a component of the pictures.
     int bits() const { return bitsPerComponent(format_); }
     Chroma chroma() const;
-    /// A picture marked as interlaced is converted as such; see YuvUnpacker::unpack. Throws
-    /// MediaError if its format or size differs from that of `like`.
-    Frame convert(const AVFrame& picture);
+    /// Converts into `into`, whose memory is reused where it fits. A picture marked as interlaced
+    /// is converted as such; see YuvUnpacker::unpack. Throws MediaError if its format or size
+    /// differs from that of `like`.
+    void convert(const AVFrame& picture, Frame& into);
 
 private:
     /// Throws MediaError if the matrix is not supported.
     void checkMatrix(const AVFrame& like) const;
     void prepareYuv(AVPixelFormat format, const AVFrame& like);
     void prepareScaler(const AVFrame& like);
-    Frame unpack(const AVFrame& picture);
+    void unpack(const AVFrame& picture, Frame& into);
 
     std::filesystem::path path_;
     AVPixelFormat format_;
@@ -56,13 +57,11 @@ class FrameToYuv {
 public:
     FrameToYuv(FrameSize size, const YuvForm& form);
 
-    /// Converts a frame of this size and of either depth. A new picture for each call, since
-    /// encoders keep some for later.
-    AvFrame convert(const Frame& frame);
+    /// Converts a frame of either depth into a picture, both of the constructor's size. Of the
+    /// picture's memory only its pixels are written.
+    void convert(const Frame& frame, AVFrame& into) { packer_.pack(frame, into); }
 
 private:
-    FrameSize size_;
-    AVPixelFormat format_;
     YuvPacker packer_;
 };
 

@@ -43,7 +43,8 @@ Decoded fromInteger(const std::filesystem::path& file, const AVFrame& picture, A
     PictureToFrame convert(picture, file);
     const Depth wanted = depth.value_or(convert.depth());
     const bool divides = alpha == AlphaForm::Premultiplied && convert.hasAlpha();
-    Frame frame = convert.convert(picture);
+    Frame frame;
+    convert.convert(picture, frame);
     return {divides ? unpremultiplied(frame, wanted) : convertDepth(std::move(frame), wanted),
             convert.depth()};
 }
@@ -76,7 +77,8 @@ AvFrame toFloat(const Frame& frame, AlphaForm alpha, ExrPixels pixels) {
 
 AvFrame toJpeg(const Frame& frame) {
     const AVPixelFormat format = storedFormat(FileKind::Jpeg, frame.depth());
-    AvFrame picture = FrameToYuv(frame.size(), {format, AVCOL_SPC_SMPTE170M, true}).convert(frame);
+    AvFrame picture = newPicture(frame.width(), frame.height(), format);
+    FrameToYuv(frame.size(), {format, AVCOL_SPC_SMPTE170M, true}).convert(frame, *picture);
     markJpeg(*picture);
     return picture;
 }

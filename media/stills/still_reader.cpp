@@ -49,7 +49,7 @@ void StillReader::openStill() {
     info_.pixelAspect = first.pixelAspect;
 }
 
-bool StillReader::readOwn(std::int64_t number, Frame& frame) {
+bool StillReader::readOwn(std::int64_t number, Frame& frame, Use) {
     const std::filesystem::path file = files_.file(number);
     if (rawDepth(kind_)) {
         frame = readRawFrame(file, info_.size, info_.depth);

@@ -17,7 +17,7 @@ public:
     const ClipInfo& info() const override { return info_; }
 
 private:
-    bool readOwn(std::int64_t number, Frame& frame) override;
+    bool readOwn(std::int64_t number, Frame& frame, Use use) override;
     void openRaw(std::optional<FrameSize> size, Depth depth);
     void openStill();
 

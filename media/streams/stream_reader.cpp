@@ -1,6 +1,7 @@
 #include "media/streams/stream_reader.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "media/file_kind.h"
 #include "media/media_error.h"
@@ -43,12 +44,9 @@ RawStream::RawStream(InputStream stream, FrameSize size, Depth depth) : stream_(
     info_.bits = depth == Depth::Bits8 ? 8 : 16;
 }
 
-std::optional<Frame> RawStream::next() {
-    Frame frame(info_.size, info_.depth);
-    if (!stream_.readFrame(frame.bytes())) {
-        return std::nullopt;
-    }
-    return frame;
+bool RawStream::next(Frame& frame) {
+    makeRoom(frame, info_.size, info_.depth);
+    return stream_.readFrame(frame.bytes());
 }
 
 StreamReader::StreamReader(int descriptor, std::string name, const ReadOptions& options)
@@ -56,41 +54,54 @@ StreamReader::StreamReader(int descriptor, std::string name, const ReadOptions& 
       name_(name),
       alpha_(options.alpha),
       source_(openSource(InputStream(descriptor, std::move(name), options.stop), options)) {
-    if (!advance()) {
+    if (!keepNext()) {
         throw MediaError("Cannot read " + name_ + ": it has no frames.");
     }
 }
 
-bool StreamReader::advance() {
-    auto frame = ended_ ? std::nullopt : source_->next();
-    if (!frame) {
+bool StreamReader::readNext(Frame& frame) {
+    const bool divides = alpha_ == AlphaForm::Premultiplied && info().hasAlpha;
+    if (ended_ || !source_->next(divides ? premultiplied_ : frame)) {
         ended_ = true;
         return false;
     }
-    if (alpha_ == AlphaForm::Premultiplied && info().hasAlpha) {
-        frame = unpremultiplied(*frame, depthOfFrames());
-    }
-    if (kept_.size() >= mostFrames(*frame)) {
-        kept_.pop_front();
-    }
-    kept_.push_back(std::move(*frame));
+    if (divides) unpremultiply(premultiplied_, depthOfFrames(), frame);
     ++count_;
     return true;
 }
 
-bool StreamReader::readOwn(std::int64_t number, Frame& frame) {
-    while (count_ <= number) {
-        if (!advance()) {
-            return false;
-        }
+bool StreamReader::keepNext() {
+    if (!readNext(next_)) return false;
+    if (kept_.size() < mostFrames(next_)) {
+        kept_.emplace_back();
+    } else {
+        kept_.splice(kept_.end(), kept_, kept_.begin());
+        ++firstKept_;
     }
-    const std::int64_t first = count_ - static_cast<std::int64_t>(kept_.size());
-    if (number < first) {
+    std::swap(kept_.back(), next_);
+    return true;
+}
+
+bool StreamReader::readOwn(std::int64_t number, Frame& frame, Use use) {
+    if (number < firstKept_) {
         throw MediaError("Cannot go back to frame " + std::to_string(number) + " of " + name_ +
-                         ": only the frames from " + std::to_string(first) +
+                         ": only the frames from " + std::to_string(firstKept_) +
                          " on are still in memory. Render from a file.");
     }
-    frame = kept_[static_cast<std::size_t>(number - first)];
+    if (use == Use::Once && number >= count_) return readStraight(number, frame);
+    while (count_ <= number) {
+        if (!keepNext()) return false;
+    }
+    frame = *std::next(kept_.begin(), number - firstKept_);
+    return true;
+}
+
+bool StreamReader::readStraight(std::int64_t number, Frame& frame) {
+    while (count_ <= number) {
+        if (!readNext(frame)) return false;
+    }
+    kept_.clear();
+    firstKept_ = count_;
     return true;
 }
 

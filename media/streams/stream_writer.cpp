@@ -4,7 +4,9 @@ extern "C" {
 #include <libavutil/imgutils.h>
 }
 
+#include <algorithm>
 #include <csignal>
+#include <string_view>
 
 #include "media/av_functions.h"
 #include "media/file_kind.h"
@@ -14,6 +16,10 @@ extern "C" {
 
 namespace ruvex::media {
 namespace {
+
+constexpr std::string_view kMarkLine = "FRAME\n";
+constexpr std::size_t kPlanesAt = 64;
+constexpr std::size_t kMarkAt = kPlanesAt - kMarkLine.size();
 
 /// Bits of a component; see WriteOptions::bits.
 int bitsFor(const WriteOptions& options) {
@@ -65,38 +71,50 @@ void StreamWriter::begin() {
     const int matrix = matrixInUse(options_.colour.matrix, options_.size.height);
     convert_.emplace(options_.size, YuvForm{header_.format, matrix, header_.full, header_.siting,
                                             options_.fields != FieldOrder::Progressive});
-    bytes_.resize(static_cast<std::size_t>(
-        av_image_get_buffer_size(header_.format, options_.size.width, options_.size.height, 1)));
+    prepareY4m();
     stream_.write(formatY4mHeader(header_));
 }
 
+/// The mark stands right before the planes, which begin at an address that suits vector code: the
+/// picture is converted into the bytes that are written, with one call.
+void StreamWriter::prepareY4m() {
+    const auto [width, height] = options_.size;
+    const int bytes = av_image_get_buffer_size(header_.format, width, height, 1);
+    bytes_.resize(kPlanesAt + static_cast<std::size_t>(bytes));
+    std::ranges::copy(std::as_bytes(std::span(kMarkLine)), bytes_.begin() + kMarkAt);
+    picture_ = newAvFrame();
+    picture_->width = width;
+    picture_->height = height;
+    picture_->format = header_.format;
+    av_image_fill_arrays(picture_->data, picture_->linesize,
+                         reinterpret_cast<std::uint8_t*>(bytes_.data() + kPlanesAt), header_.format,
+                         width, height, 1);
+}
+
 void StreamWriter::write(std::int64_t, const Frame& frame) {
-    const Depth depth = rawDepth(options_.format.value_or(FileKind::Y4m)).value_or(frame.depth());
-    if (options_.alpha == AlphaForm::Premultiplied) {
-        writeStored(premultiplied(frame, depth));
-    } else if (depth != frame.depth()) {
-        writeStored(convertDepth(frame, depth));
+    if (convert_) {
+        writeY4m(stored(frame));
     } else {
-        writeStored(frame);
+        stream_.write(stored(frame).bytes());
     }
     reportWritten();
 }
 
-void StreamWriter::writeStored(const Frame& frame) {
-    if (rawDepth(options_.format.value_or(FileKind::Y4m))) {
-        stream_.write(frame.bytes());
+const Frame& StreamWriter::stored(const Frame& frame) {
+    const Depth depth = rawDepth(options_.format.value_or(FileKind::Y4m)).value_or(frame.depth());
+    const bool multiplies = options_.alpha == AlphaForm::Premultiplied;
+    if (!multiplies && depth == frame.depth()) return frame;
+    if (multiplies) {
+        premultiply(frame, depth, changed_);
     } else {
-        writeY4m(frame);
+        convertDepth(frame, depth, changed_);
     }
+    return changed_;
 }
 
 void StreamWriter::writeY4m(const Frame& frame) {
-    const AvFrame picture = convert_->convert(frame);
-    av_image_copy_to_buffer(reinterpret_cast<std::uint8_t*>(bytes_.data()),
-                            static_cast<int>(bytes_.size()), picture->data, picture->linesize,
-                            header_.format, picture->width, picture->height, 1);
-    stream_.write("FRAME\n");
-    stream_.write(bytes_);
+    convert_->convert(frame, *picture_);
+    stream_.write(std::span(bytes_).subspan(kMarkAt));
 }
 
 std::vector<std::string> StreamWriter::remarks() const {

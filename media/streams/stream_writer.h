@@ -26,8 +26,9 @@ public:
 
 private:
     void begin();
-    /// `frame` has the alpha form, and for raw frames the depth, of the stream.
-    void writeStored(const Frame& frame);
+    void prepareY4m();
+    /// The frame with the alpha form, and for raw frames the depth, of the stream.
+    const Frame& stored(const Frame& frame);
     void writeY4m(const Frame& frame);
 
     WriteOptions options_;
@@ -35,7 +36,9 @@ private:
     OutputStream stream_;
     Y4mHeader header_;
     std::optional<FrameToYuv> convert_;
-    std::vector<std::byte> bytes_;
+    Frame changed_;                 ///< A frame of another alpha form or depth.
+    std::vector<std::byte> bytes_;  ///< A picture as it is written, after its mark.
+    AvFrame picture_;               ///< The planes in `bytes_`.
 };
 
 }  // namespace ruvex::media

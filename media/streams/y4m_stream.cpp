@@ -15,10 +15,16 @@ namespace {
 
 constexpr std::string_view kFrameMark = "FRAME";
 
-/// A picture with the header's properties. Y4M has no tag for the matrix, which therefore follows
-/// the height (see matrixInUse).
-AvFrame blankPicture(const Y4mHeader& header) {
-    AvFrame picture = newPicture(header.size.width, header.size.height, header.format);
+/// A picture with the header's properties, whose planes lie in `bytes`. Y4M has no tag for the
+/// matrix, which therefore follows the height (see matrixInUse).
+AvFrame pictureIn(std::span<std::byte> bytes, const Y4mHeader& header) {
+    AvFrame picture = newAvFrame();
+    picture->width = header.size.width;
+    picture->height = header.size.height;
+    picture->format = header.format;
+    av_image_fill_arrays(picture->data, picture->linesize,
+                         reinterpret_cast<std::uint8_t*>(bytes.data()), header.format,
+                         header.size.width, header.size.height, 1);
     picture->color_range = header.full ? AVCOL_RANGE_JPEG : AVCOL_RANGE_MPEG;
     picture->chroma_location = header.siting;
     picture->interlaced_frame = header.fields != FieldOrder::Progressive ? 1 : 0;
@@ -47,8 +53,9 @@ Y4mStream::Y4mStream(InputStream stream, std::optional<FieldOrder> fields)
     }
     header_ = parseY4mHeader(*line, stream_.name());
     header_.fields = fields.value_or(header_.fields);
-    bytes_.resize(bytesOf(header_, stream_.name()));
-    picture_ = blankPicture(header_);
+    frameBytes_ = bytesOf(header_, stream_.name());
+    bytes_.resize(frameBytes_ + AV_INPUT_BUFFER_PADDING_SIZE);
+    picture_ = pictureIn(bytes_, header_);
     convert_.emplace(*picture_, stream_.name());
     info_.size = header_.size;
     info_.depth = convert_->depth();
@@ -83,25 +90,18 @@ std::optional<std::string> Y4mStream::readLine() {
     return std::nullopt;
 }
 
-std::optional<Frame> Y4mStream::next() {
+bool Y4mStream::next(Frame& frame) {
     const auto line = readLine();
-    if (!line) {
-        return std::nullopt;
-    }
+    if (!line) return false;
     const bool tags = line->size() > kFrameMark.size() && (*line)[kFrameMark.size()] == ' ';
     if (!line->starts_with(kFrameMark) || (line->size() > kFrameMark.size() && !tags)) {
         throw MediaError(stream_.name() + " is damaged: a frame does not begin with FRAME.");
     }
-    if (!stream_.readFrame(bytes_)) {
+    if (!stream_.readFrame(std::span(bytes_).first(frameBytes_))) {
         throw MediaError(stream_.name() + " ends within a frame.");
     }
-    std::uint8_t* planes[4] = {};
-    int pitches[4] = {};
-    av_image_fill_arrays(planes, pitches, reinterpret_cast<std::uint8_t*>(bytes_.data()),
-                         header_.format, header_.size.width, header_.size.height, 1);
-    av_image_copy(picture_->data, picture_->linesize, const_cast<const std::uint8_t**>(planes),
-                  pitches, header_.format, header_.size.width, header_.size.height);
-    return convert_->convert(*picture_);
+    convert_->convert(*picture_, frame);
+    return true;
 }
 
 }  // namespace ruvex::media

@@ -14,7 +14,7 @@ public:
     Y4mStream(InputStream stream, std::optional<FieldOrder> fields);
 
     const ClipInfo& info() const override { return info_; }
-    std::optional<Frame> next() override;
+    bool next(Frame& frame) override;
 
 private:
     /// The next line, without its line end, which is skipped; empty at the end of the stream.
@@ -23,8 +23,11 @@ private:
 
     InputStream stream_;
     Y4mHeader header_;
-    std::vector<std::byte> bytes_;  ///< A picture as it is stored, with planes one after the other.
-    AvFrame picture_;
+    std::size_t frameBytes_ = 0;
+    /// A picture as it is stored, with planes one after the other, and what the libraries' vector
+    /// code may read behind it.
+    std::vector<std::byte> bytes_;
+    AvFrame picture_;  ///< The planes in `bytes_`.
     std::optional<PictureToFrame> convert_;
     ClipInfo info_;
 };

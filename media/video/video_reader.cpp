@@ -1,6 +1,7 @@
 #include "media/video/video_reader.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "media/av_functions.h"
 #include "media/media_error.h"
@@ -10,7 +11,6 @@ namespace {
 
 /// The number of a picture that is not in the index.
 constexpr std::int64_t kNotShown = -1;
-constexpr std::size_t kMostCachedFrames = 8;
 constexpr std::size_t kMostCachedBytes = std::size_t{256} << 20;
 
 Rational pixelAspectOf(const AVFrame& picture, const AVStream& stream) {
@@ -49,14 +49,14 @@ const Frame* FrameCache::find(std::int64_t number) {
     return &entries_.front().frame;
 }
 
-void FrameCache::keep(std::int64_t number, Frame frame) {
+void FrameCache::keep(std::int64_t number, const Frame& frame, std::size_t most) {
     const std::size_t bytes = std::max<std::size_t>(frame.bytes().size(), 1);
-    const std::size_t most =
-        std::clamp<std::size_t>(kMostCachedBytes / bytes, 1, kMostCachedFrames);
-    while (entries_.size() >= most) {
-        entries_.pop_back();
-    }
-    entries_.push_front({number, std::move(frame)});
+    const std::size_t room = std::clamp<std::size_t>(kMostCachedBytes / bytes, 1, most);
+    while (entries_.size() > room) entries_.pop_back();
+    if (entries_.size() < room) entries_.emplace_back();
+    entries_.splice(entries_.begin(), entries_, std::prev(entries_.end()));
+    entries_.front().number = number;
+    entries_.front().frame = frame;
 }
 
 VideoReader::VideoReader(const std::filesystem::path& path, const ReadOptions& options)
@@ -74,7 +74,7 @@ VideoReader::VideoReader(const std::filesystem::path& path, const ReadOptions& o
     describe(*picture_);
     info_.tags = readTags(decoder_.file(), decoder_.stream());
     at_ = 0;
-    cache_.keep(0, toFrame());
+    shown_ = 0;
 }
 
 void VideoReader::describe(const AVFrame& first) {
@@ -112,30 +112,26 @@ FieldOrder VideoReader::fieldsOf(const AVFrame& picture) const {
     return fields_.value_or(media::fieldsOf(decoder_.stream()));
 }
 
-Frame VideoReader::toFrame() {
+void VideoReader::toFrame(Frame& into) {
+    const bool divides = alpha_ == AlphaForm::Premultiplied && convert_->hasAlpha();
+    const bool turns = !orientation_.upright();
     picture_->interlaced_frame = fieldsOf(*picture_) != FieldOrder::Progressive ? 1 : 0;
-    Frame frame = convert_->convert(*picture_);
-    if (alpha_ == AlphaForm::Premultiplied && convert_->hasAlpha()) {
-        frame = unpremultiplied(frame, depthOfFrames());
-    }
-    return setUpright(std::move(frame), orientation_);
+    Frame& converted = divides || turns ? converted_ : into;
+    convert_->convert(*picture_, converted);
+    Frame& straight = divides && turns ? straight_ : divides ? into : converted;
+    if (divides) unpremultiply(converted, depthOfFrames(), straight);
+    if (turns) setUpright(straight, orientation_, into);
 }
 
 std::int64_t VideoReader::numberOfPicture() const {
     return index_.timed() ? index_.numberAt(picture_->pts).value_or(kNotShown) : at_ + 1;
 }
 
-bool VideoReader::advance(std::int64_t from) {
-    if (!decoder_.next(*picture_)) {
-        return false;
-    }
-    const std::int64_t number = numberOfPicture();
-    if (number != kNotShown) {
-        at_ = number;
-    }
-    if (number >= from) {
-        cache_.keep(number, toFrame());
-    }
+bool VideoReader::advance() {
+    shown_ = kNotShown;
+    if (!decoder_.next(*picture_)) return false;
+    shown_ = numberOfPicture();
+    if (shown_ != kNotShown) at_ = shown_;
     return true;
 }
 
@@ -158,33 +154,41 @@ void VideoReader::goBefore(std::int64_t number) {
     at_ = -1;
 }
 
-const Frame* VideoReader::reach(std::int64_t number) {
-    while (at_ < number && advance(number)) {
+bool VideoReader::reach(std::int64_t number) {
+    while (at_ < number && advance()) {
     }
-    return cache_.find(number);
+    return shown_ == number;
 }
 
-const Frame& VideoReader::find(std::int64_t wanted) {
-    const std::int64_t number = index_.shownAs(wanted);
-    if (const Frame* kept = cache_.find(number)) {
-        return *kept;
-    }
+void VideoReader::decode(std::int64_t number, std::int64_t wanted) {
+    if (shown_ == number) return;
     goBefore(number);
-    if (const Frame* found = reach(number)) {
-        return *found;
-    }
+    if (reach(number)) return;
     // A file's table of key frames may be wrong, and a decoder may drop frames after a seek.
     // Decoding from the beginning finds every frame.
     goToStart();
-    if (const Frame* found = reach(number)) {
-        return *found;
-    }
+    if (reach(number)) return;
     throw MediaError(path_.string() + " is damaged: frame " + std::to_string(wanted) +
                      " cannot be decoded.");
 }
 
-bool VideoReader::readOwn(std::int64_t number, Frame& frame) {
-    frame = find(number);
+bool VideoReader::isShownAgain(std::int64_t number) const {
+    return number < info_.last && index_.shownAs(number + 1) == index_.shownAs(number);
+}
+
+bool VideoReader::readOwn(std::int64_t number, Frame& frame, Use use) {
+    const std::int64_t stored = index_.shownAs(number);
+    if (const Frame* kept = cache_.find(stored)) {
+        frame = *kept;
+        return true;
+    }
+    decode(stored, number);
+    toFrame(frame);
+    if (use == Use::Again) {
+        cache_.keep(stored, frame);
+    } else if (isShownAgain(number)) {
+        cache_.keep(stored, frame, 1);
+    }
     return true;
 }
 

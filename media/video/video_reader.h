@@ -19,7 +19,11 @@ class FrameCache {
 public:
     /// The frame, or null. The pointer is valid until the next call of `keep`.
     const Frame* find(std::int64_t number);
-    void keep(std::int64_t number, Frame frame);
+    /// Keeps a copy, at most `most` frames with it, at least 1. The memory of older frames serves
+    /// again.
+    void keep(std::int64_t number, const Frame& frame, std::size_t most = kMost);
+
+    static constexpr std::size_t kMost = 8;
 
 private:
     struct Entry {
@@ -40,25 +44,27 @@ public:
     const ClipInfo& info() const override { return info_; }
 
 private:
-    bool readOwn(std::int64_t number, Frame& frame) override;
+    bool readOwn(std::int64_t number, Frame& frame, Use use) override;
     /// Fills `info_` from the first picture.
     void describe(const AVFrame& first);
-    /// Decodes the next picture and caches it if its number is at least `from`. False at the end.
-    bool advance(std::int64_t from);
+    /// Decodes the next picture. False at the end.
+    bool advance();
     /// Seeks to the key frame before stored frame `number`, if decoding on does not lead there.
     void goBefore(std::int64_t number);
     void goToStart();
-    /// Decodes up to stored frame `number`. Null if it is not found.
-    const Frame* reach(std::int64_t number);
-    /// Frame `number` of the clip, by the cache or by decoding. Valid until the next picture is
-    /// decoded. Throws MediaError.
-    const Frame& find(std::int64_t number);
+    /// Decodes up to stored frame `number`. False if it is not found.
+    bool reach(std::int64_t number);
+    /// Makes stored frame `number` the one in `picture_`; `wanted` is the number of the clip's
+    /// frame, for messages. Throws MediaError.
+    void decode(std::int64_t number, std::int64_t wanted);
+    /// Whether the next frame of the clip is the same stored frame.
+    bool isShownAgain(std::int64_t number) const;
     /// Number of the stored frame in `picture_`; kNotShown if it is not in the index.
     std::int64_t numberOfPicture() const;
 
     FieldOrder fieldsOf(const AVFrame& picture) const;
     /// Converts `picture_`.
-    Frame toFrame();
+    void toFrame(Frame& into);
 
     std::filesystem::path path_;
     std::optional<AlphaForm> alpha_;
@@ -70,7 +76,10 @@ private:
     Orientation orientation_;
     FrameCache cache_;
     ClipInfo info_;
-    std::int64_t at_ = -1;  ///< Number of the last frame decoded; -1 after a seek or rewind.
+    std::int64_t at_ = -1;     ///< Number of the last frame decoded; -1 after a seek or rewind.
+    std::int64_t shown_ = -1;  ///< Number of the stored frame in `picture_`; kNotShown for none.
+    Frame converted_;          ///< Before alpha is divided out.
+    Frame straight_;           ///< Before the picture is set upright.
 };
 
 }  // namespace ruvex::media

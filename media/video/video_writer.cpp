@@ -91,6 +91,7 @@ VideoWriter::~VideoWriter() {
 void VideoWriter::openCoder(const WriteOptions& options) {
     const bool globalHeader = (format_->oformat->flags & AVFMT_GLOBALHEADER) != 0;
     coder_ = openEncoder(codec_, path_, options, globalHeader);
+    pictures_.emplace(options.size.width, options.size.height, coder_->pix_fmt);
     if (!codec_.exact) {
         convert_.emplace(options.size, YuvForm{coder_->pix_fmt, coder_->colorspace,
                                                coder_->color_range == AVCOL_RANGE_JPEG,
@@ -130,35 +131,37 @@ void VideoWriter::writeBeside(std::int64_t time) {
     if (sound_) check(sound_->writeUntil(time));
 }
 
-AvFrame VideoWriter::toPicture(const Frame& frame) {
+AVFrame& VideoWriter::toPicture(const Frame& frame) {
     if (alpha_ != AlphaForm::Premultiplied) {
         return pack(frame);
     }
     // The product has more bits than an 8-bit frame, which deep YUV can hold.
     const bool deep = !codec_.exact && bitsPerComponent(coder_->pix_fmt) > 8;
-    return pack(premultiplied(frame, deep ? Depth::S214 : frame.depth()));
+    premultiply(frame, deep ? Depth::S214 : frame.depth(), premultiplied_);
+    return pack(premultiplied_);
 }
 
-AvFrame VideoWriter::pack(const Frame& frame) {
+AVFrame& VideoWriter::pack(const Frame& frame) {
+    AVFrame& picture = pictures_->take();
     if (convert_) {
-        return convert_->convert(frame);
+        convert_->convert(frame, picture);
+    } else {
+        packRgb(frame, picture);
     }
-    AvFrame picture = newPicture(frame.width(), frame.height(), coder_->pix_fmt);
-    packRgb(frame, *picture);
     return picture;
 }
 
 void VideoWriter::write(std::int64_t, const Frame& frame) {
-    const AvFrame picture = toPicture(frame);
-    picture->pts = sent_++;
+    AVFrame& picture = toPicture(frame);
+    picture.pts = sent_++;
     // The ProRes encoder takes the marks of its frames from these fields.
-    picture->color_primaries = coder_->color_primaries;
-    picture->color_trc = coder_->color_trc;
-    picture->colorspace = coder_->colorspace;
-    picture->color_range = coder_->color_range;
-    picture->interlaced_frame = isInterlaced(*coder_) ? 1 : 0;
-    picture->top_field_first = coder_->field_order == AV_FIELD_TT ? 1 : 0;
-    encode(picture.get());
+    picture.color_primaries = coder_->color_primaries;
+    picture.color_trc = coder_->color_trc;
+    picture.colorspace = coder_->colorspace;
+    picture.color_range = coder_->color_range;
+    picture.interlaced_frame = isInterlaced(*coder_) ? 1 : 0;
+    picture.top_field_first = coder_->field_order == AV_FIELD_TT ? 1 : 0;
+    encode(&picture);
     writeBeside(av_rescale_q(sent_, coder_->time_base, kMicroseconds));
 }
 

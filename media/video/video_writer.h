@@ -7,6 +7,7 @@
 #include "files/partial_file.h"
 #include "media/av_library.h"
 #include "media/frame_writer.h"
+#include "media/picture_pool.h"
 #include "media/pixels/yuv_convert.h"
 #include "media/sound/pcm_sound.h"
 #include "media/video/stream_copy.h"
@@ -42,9 +43,9 @@ private:
     /// Adds what the source has beside its pictures.
     void addBeside(CopySource source);
     /// The frame in the encoder's format, with colours premultiplied if the options say so.
-    AvFrame toPicture(const Frame& frame);
+    AVFrame& toPicture(const Frame& frame);
     /// The frame in the encoder's format.
-    AvFrame pack(const Frame& frame);
+    AVFrame& pack(const Frame& frame);
     /// Encodes a picture and writes the packets that come of it; null drains the encoder.
     void encode(const AVFrame* picture);
     /// Writes what belongs to the time before `time`, in microseconds since the first picture,
@@ -68,7 +69,9 @@ private:
     std::optional<StreamCopy> copy_;
     std::optional<PcmSound> sound_;      ///< For MXF, into which sound is not copied.
     std::optional<FrameToYuv> convert_;  ///< Empty for a codec that takes RGB.
-    std::int64_t sent_ = 0;              ///< Frames sent to the encoder so far.
+    std::optional<PicturePool> pictures_;
+    Frame premultiplied_;
+    std::int64_t sent_ = 0;  ///< Frames sent to the encoder so far.
 };
 
 }  // namespace ruvex::media

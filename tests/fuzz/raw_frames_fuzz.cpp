@@ -43,11 +43,12 @@ void tryStream(std::string_view pixels, const Layout& layout) {
     const ruvex::fuzz::MemoryFile file(pixels);
     RawStream stream(InputStream(file.descriptor(), "clip"), layout.size, layout.depth);
     std::string_view rest = pixels;
+    Frame frame;
     for (; rest.size() >= layout.bytes(); rest.remove_prefix(layout.bytes())) {
-        const auto frame = stream.next();
-        demand(frame && holds(*frame, rest.substr(0, layout.bytes())), "frames are the bytes");
+        const bool found = stream.next(frame);
+        demand(found && holds(frame, rest.substr(0, layout.bytes())), "frames are the bytes");
     }
-    const auto last = accepted("clip", [&] { return stream.next(); });
+    const auto last = accepted("clip", [&] { return stream.next(frame); });
     demand(last.has_value() == rest.empty(), "half a frame is refused");
     demand(!last || !*last, "a stream that is whole ends");
 }

@@ -31,10 +31,11 @@ std::int64_t pixelsOf(std::string_view bytes) {
 
 std::size_t readAll(Y4mStream& stream) {
     std::size_t count = 0;
-    while (const auto frame = accepted([&] { return stream.next(); })) {
-        if (!*frame) break;
-        demand((*frame)->size() == stream.info().size, "frames have the size that was told");
-        demand((*frame)->depth() == stream.info().depth, "frames have the depth that was told");
+    Frame frame;
+    while (const auto found = accepted([&] { return stream.next(frame); })) {
+        if (!*found) break;
+        demand(frame.size() == stream.info().size, "frames have the size that was told");
+        demand(frame.depth() == stream.info().depth, "frames have the depth that was told");
         ++count;
     }
     return count;

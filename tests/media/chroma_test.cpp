@@ -196,7 +196,8 @@ TEST(ChromaFilter, IsTheOneOfTheScalerForEverySiting) {
           {AV_PIX_FMT_YUV422P, AVCHROMA_LOC_LEFT, 128, 0}}) {
         const AvFrame theirs = scaled(frame, format, across, down);
         FrameToYuv convert(frame.size(), {format, AVCOL_SPC_BT709, false, siting});
-        const AvFrame ours = convert.convert(frame);
+        const AvFrame ours = newPicture(frame.width(), frame.height(), format);
+        convert.convert(frame, *ours);
         for (const int plane : {1, 2}) {
             for (int y = 0; y < (format == AV_PIX_FMT_YUV420P ? 24 : 48); ++y) {
                 for (int x = 0; x < 32; ++x) {

@@ -288,6 +288,12 @@ testing::AssertionResult isExact(const Frame& frame, const ExactYuv& yuv,
     return testing::AssertionSuccess();
 }
 
+Frame frameOf(const AVFrame& picture) {
+    Frame frame;
+    PictureToFrame(picture, "a").convert(picture, frame);
+    return frame;
+}
+
 // All 2^24 codes.
 TEST(ExactRgb, EveryCodeOf8BitsBecomesTheNearestColour) {
     const ExactYuv yuv{1, false, 8};
@@ -295,11 +301,13 @@ TEST(ExactRgb, EveryCodeOf8BitsBecomesTheNearestColour) {
         return p == 0 ? 0 : p == 1 ? x : y;
     });
     PictureToFrame convert(*picture, "a");
+    Frame frame;
     for (int luma = 0; luma < 256; ++luma) {
         for (int y = 0; y < 256; ++y) {
             std::fill_n(planeLine(*picture, 0, y), 256, static_cast<std::uint8_t>(luma));
         }
-        ASSERT_TRUE(isExact(convert.convert(*picture), yuv, [luma](int x, int y) {
+        convert.convert(*picture, frame);
+        ASSERT_TRUE(isExact(frame, yuv, [luma](int x, int y) {
             return Triple{static_cast<double>(luma), static_cast<double>(x),
                           static_cast<double>(y)};
         }));
@@ -316,12 +324,10 @@ TEST(ExactRgb, CodesBecomeTheNearestColours) {
         };
         const FrameSize size{(kSteps + 1) * (kSteps + 1), kSteps + 1};
         const AvFrame picture = pictureOf(yuv, size, code);
-        ASSERT_TRUE(
-            isExact(PictureToFrame(*picture, "a").convert(*picture), yuv, [&](int x, int y) {
-                return Triple{static_cast<double>(code(0, x, y)),
-                              static_cast<double>(code(1, x, y)),
-                              static_cast<double>(code(2, x, y))};
-            }));
+        ASSERT_TRUE(isExact(frameOf(*picture), yuv, [&](int x, int y) {
+            return Triple{static_cast<double>(code(0, x, y)), static_cast<double>(code(1, x, y)),
+                          static_cast<double>(code(2, x, y))};
+        }));
     });
 }
 
@@ -355,8 +361,7 @@ TEST(Generations, KeepEveryCodeOfColoursBetweenBlackAndWhite) {
                 return generation > 0 ? before.at(p, x, y)
                                       : codes[static_cast<std::size_t>(pixel)][p];
             });
-            const Planes after =
-                written(PictureToFrame(*picture, "a").convert(*picture), yuv, Chroma::C444);
+            const Planes after = written(frameOf(*picture), yuv, Chroma::C444);
             for (int pixel = 0; pixel < kSize.width * kSize.height; ++pixel) {
                 const int x = pixel % kSize.width;
                 const int y = pixel / kSize.width;
