@@ -230,8 +230,9 @@ const CDSParamDef* EffectSession::definition(const GUID& id) const {
 void* EffectSession::ownInterface(const GUID& id) const {
     const auto scope = enter();
     void* found = nullptr;
-    require(state_->effect->QueryInterface(id, &found),
-            "the effect has no interface " + toText(id));
+    if (const HRESULT status = state_->effect->QueryInterface(id, &found); FAILED(status)) {
+        throw StatusError("the effect has no interface " + toText(id), status);
+    }
     // The session's own reference keeps the effect.
     state_->effect->Release();
     return found;
