@@ -34,8 +34,10 @@ public:
         if (talk_ != Talk::Quiet) printWarnings({sentence});
     }
     void frameWritten() override { progress_->step(); }
+    void memoryUsed(const media::HeldMemory& held) override { held_ = held; }
     void finished() override {
         progress_->endLine();
+        if (talk_ == Talk::Verbose) printMessage(memoryLine(held_));
         if (talk_ != Talk::Quiet && tells()) {
             printMessage(closingLine(plan_, progress_->done(), progress_->seconds()));
         }
@@ -54,6 +56,7 @@ private:
     Talk talk_;
     std::string label_;
     std::optional<Progress> progress_;
+    media::HeldMemory held_;
 };
 
 /// The parameters as the effect has them after the plan's changes.

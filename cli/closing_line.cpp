@@ -38,6 +38,11 @@ std::string nameOfResult(const jobs::RenderPlan& plan) {
 
 }  // namespace
 
+std::string memoryLine(const media::HeldMemory& held) {
+    return "memory for frames: " + std::to_string(held.pictures) +
+           (held.pictures == 1 ? " frame, " : " frames, ") + bytesText(held.bytes) + ".";
+}
+
 std::string closingLine(const jobs::RenderPlan& plan, std::int64_t frames, double seconds) {
     if (frames == 0) return nameOfResult(plan) + ": nothing is left to render.";
     std::string line = nameOfResult(plan) + ": " + std::to_string(frames) +

@@ -36,6 +36,13 @@ ClipInput::Given& ClipInput::unusedPicture() {
     return given_.emplace_back();
 }
 
+media::HeldMemory ClipInput::held() const {
+    media::HeldMemory held;
+    for (const Given& given : given_) held.add(given.frame);
+    held.add(whole_);
+    return held;
+}
+
 void ClipInput::endRender() noexcept {
     for (Given& given : given_) given.image.takeBack();
     failure_ = nullptr;

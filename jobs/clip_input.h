@@ -69,6 +69,7 @@ public:
 
     /// Takes back the images of a render, and forgets its failure.
     void endRender() noexcept;
+    media::HeldMemory held() const;
     /// Throws the exception that the last failed request ended with, once.
     void rethrowFailure();
 

@@ -47,6 +47,15 @@ FrameRenderer FrameRenderer::clone() const {
     return {*this, std::make_shared<ClipInput>(clip_, plan_.project, plan_.ends)};
 }
 
+media::HeldMemory FrameRenderer::held() const {
+    media::HeldMemory held = input_->held();
+    for (const media::Frame* frame :
+         {&fieldSource_, &fieldResult_, &before_, &after_, &unscaled_}) {
+        held.add(*frame);
+    }
+    return held;
+}
+
 bool FrameRenderer::render(std::int64_t number, media::Frame& source, media::Frame& result) {
     try {
         return renderResult(number, source, result);

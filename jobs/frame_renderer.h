@@ -38,6 +38,9 @@ public:
     /// Throws media::MediaError; FrameOutOfMemory; and runtime::Error, which names the frame.
     bool render(std::int64_t number, media::Frame& source, media::Frame& result);
 
+    /// What this holds for pictures, beside the memory of the effect's module.
+    media::HeldMemory held() const;
+
 private:
     FrameRenderer(const FrameRenderer& other, std::shared_ptr<ClipInput> input);
 

@@ -77,6 +77,13 @@ bool FrameRing::ended() {
     return ended_ && taken(Step::Write) >= taken(Step::Read);
 }
 
+media::HeldMemory FrameRing::held() const {
+    media::HeldMemory held;
+    for (const media::Frame& frame : sources_) held.add(frame);
+    for (const media::Frame& frame : results_) held.add(frame);
+    return held;
+}
+
 void FrameRing::close() {
     {
         const std::lock_guard lock(mutex_);

@@ -9,7 +9,7 @@
 #include <mutex>
 #include <vector>
 
-#include "media/frame.h"
+#include "media/held_memory.h"
 
 namespace ruvex::jobs {
 
@@ -63,9 +63,8 @@ public:
     /// Whether all frames have been read and taken for writing.
     bool ended();
 
-    /// The pictures, for a caller that knows that no thread uses them.
-    const std::vector<media::Frame>& sources() const { return sources_; }
-    const std::vector<media::Frame>& results() const { return results_; }
+    /// Its pictures. For a caller that knows that no thread uses them.
+    media::HeldMemory held() const;
 
 private:
     static constexpr std::size_t kSteps = 3;

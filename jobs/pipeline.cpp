@@ -39,7 +39,7 @@ private:
 }  // namespace
 
 Pipeline::Pipeline(const RenderPlan& plan, std::shared_ptr<SharedClip> clip, std::stop_token stop)
-    : clip_(std::move(clip)), stop_(std::move(stop)) {
+    : clip_(std::move(clip)), stop_(std::move(stop)), ring_(plan.framesAtOnce) {
     renderers_.emplace_back(plan, clip_, stop_);
     while (renderers_.size() < static_cast<std::size_t>(plan.framesAtOnce)) {
         renderers_.push_back(renderers_.front().clone());
@@ -47,40 +47,46 @@ Pipeline::Pipeline(const RenderPlan& plan, std::shared_ptr<SharedClip> clip, std
 }
 
 bool Pipeline::run(const FramesToMake& frames, const Write& write) {
-    FrameRing ring(static_cast<int>(renderers_.size()));
     std::vector<std::jthread> threads;
-    const Closing closing(ring);
-    threads.emplace_back([&] { read(frames, ring); });
+    const Closing closing(ring_);
+    threads.emplace_back([&] { read(frames); });
     for (FrameRenderer& renderer : renderers_) {
-        threads.emplace_back([&] { render(renderer, ring); });
+        threads.emplace_back([&] { render(renderer); });
     }
-    while (FrameSlot* slot = ring.take(Step::Write)) {
+    while (FrameSlot* slot = ring_.take(Step::Write)) {
         if (slot->failure) {
             rethrow(*slot);
         }
         write(slot->number, *slot->result);
-        ring.pass(*slot);
+        ring_.pass(*slot);
     }
-    return ring.ended();
+    return ring_.ended();
 }
 
-void Pipeline::read(const FramesToMake& frames, FrameRing& ring) {
+media::HeldMemory Pipeline::held() const {
+    media::HeldMemory held = ring_.held();
+    held.add(clip_->held());
+    for (const FrameRenderer& renderer : renderers_) held.add(renderer.held());
+    return held;
+}
+
+void Pipeline::read(const FramesToMake& frames) {
     for (std::int64_t k = frames.range.first; k <= frames.range.last; ++k) {
         if (frames.made.contains(k)) continue;
-        FrameSlot* slot = ring.take(Step::Read);
+        FrameSlot* slot = ring_.take(Step::Read);
         if (!slot) return;
         slot->number = k;
         slot->failure = nullptr;
         try {
-            if (!readNext(frames, k, *slot->source)) return ring.end(slot);
+            if (!readNext(frames, k, *slot->source)) return ring_.end(slot);
         } catch (...) {
             slot->failure = std::current_exception();
         }
         const bool failed = slot->failure != nullptr;
-        ring.pass(*slot);
+        ring_.pass(*slot);
         if (failed) break;
     }
-    ring.end();
+    ring_.end();
 }
 
 bool Pipeline::readNext(const FramesToMake& frames, std::int64_t number, media::Frame& frame) {
@@ -89,16 +95,16 @@ bool Pipeline::readNext(const FramesToMake& frames, std::int64_t number, media::
     return true;
 }
 
-void Pipeline::render(FrameRenderer& renderer, FrameRing& ring) {
-    while (FrameSlot* slot = ring.take(Step::Render)) {
+void Pipeline::render(FrameRenderer& renderer) {
+    while (FrameSlot* slot = ring_.take(Step::Render)) {
         try {
             if (!slot->failure && !renderer.render(slot->number, *slot->source, *slot->result)) {
-                return ring.close();
+                return ring_.close();
             }
         } catch (...) {
             slot->failure = std::current_exception();
         }
-        ring.pass(*slot);
+        ring_.pass(*slot);
     }
 }
 

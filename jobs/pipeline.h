@@ -39,17 +39,23 @@ public:
 
     /// Calls `write` for each frame in the order of their numbers, up to a frame that fails. False
     /// if a stop ended it before the last. Throws FrameFailure, and whatever `write` throws.
+    /// To be called once.
     bool run(const FramesToMake& frames, const Write& write);
 
+    /// What is held for pictures after `run`, which is the most during it: reading and rendering,
+    /// beside the memory of a decoder and of the effect's module.
+    media::HeldMemory held() const;
+
 private:
-    void read(const FramesToMake& frames, FrameRing& ring);
+    void read(const FramesToMake& frames);
     /// False at the end of a stream.
     bool readNext(const FramesToMake& frames, std::int64_t number, media::Frame& frame);
-    void render(FrameRenderer& renderer, FrameRing& ring);
+    void render(FrameRenderer& renderer);
 
     std::shared_ptr<SharedClip> clip_;
     std::stop_token stop_;
     std::list<FrameRenderer> renderers_;  ///< One for each frame that is rendered at once.
+    FrameRing ring_;
 };
 
 }  // namespace ruvex::jobs

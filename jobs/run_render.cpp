@@ -43,6 +43,9 @@ RenderEnd render(const RenderPlan& plan, std::unique_ptr<media::FrameReader> rea
         writer->write(number, result);
     });
     if (!all) return RenderEnd::Stopped;
+    media::HeldMemory held = pipeline.held();
+    held.add(writer->held());
+    events.memoryUsed(held);
     writer->finish();
     events.finished();
     return RenderEnd::Finished;

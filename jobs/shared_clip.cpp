@@ -17,6 +17,12 @@ bool SharedClip::read(std::int64_t number, media::Frame& frame) {
     return readFrom(inOrder_, number, frame, once ? media::Use::Once : media::Use::Again);
 }
 
+media::HeldMemory SharedClip::held() const {
+    media::HeldMemory held = inOrder_.reader->held();
+    if (other_.reader) held.add(other_.reader->held());
+    return held;
+}
+
 void SharedClip::readExisting(std::int64_t number, media::Frame& frame) {
     if (!read(number, frame)) {
         throw media::MediaError("The input has ended before frame " + std::to_string(number) + ".");

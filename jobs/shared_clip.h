@@ -26,6 +26,9 @@ public:
 
     const media::ClipInfo& info() const { return inOrder_.reader->info(); }
 
+    /// What its readers hold. For a caller that knows that no thread reads.
+    media::HeldMemory held() const;
+
     /// Frame `number`; the next call should ask for the next. False outside the clip. Throws
     /// MediaError. Any thread.
     bool read(std::int64_t number, media::Frame& frame);

@@ -25,6 +25,13 @@ bool FrameReader::read(std::int64_t number, Frame& frame, Use use) {
     return true;
 }
 
+HeldMemory FrameReader::held() const {
+    HeldMemory held;
+    held.add(own_);
+    addHeld(held);
+    return held;
+}
+
 std::unique_ptr<FrameReader> openReader(const std::filesystem::path& path,
                                         const ReadOptions& options) {
     const FileKind kind = fileKind(path);

@@ -9,6 +9,7 @@
 
 #include "media/clip_info.h"
 #include "media/file_kind.h"
+#include "media/held_memory.h"
 #include "media/pixels/alpha.h"
 
 namespace ruvex::media {
@@ -51,6 +52,9 @@ public:
     /// frame from before one that was read once.
     bool read(std::int64_t number, Frame& frame, Use use = Use::Again);
 
+    /// What this holds for pictures, beside the memory of a decoder.
+    HeldMemory held() const;
+
 protected:
     explicit FrameReader(std::optional<Depth> depth) : depth_(depth) {}
 
@@ -61,6 +65,8 @@ private:
     /// Stores frame `number`, from info().first to info().last, at the input's own depth or at
     /// depthOfFrames(). False if a stream has ended before it.
     virtual bool readOwn(std::int64_t number, Frame& frame, Use use) = 0;
+    /// What the kind of reader holds.
+    virtual void addHeld(HeldMemory& held) const { static_cast<void>(held); }
 
     std::optional<Depth> depth_;
     Frame own_;  ///< A frame at the input's own depth, where frames are of another one.

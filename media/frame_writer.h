@@ -13,6 +13,7 @@
 
 #include "media/clip_info.h"
 #include "media/file_kind.h"
+#include "media/held_memory.h"
 #include "media/pixels/alpha.h"
 #include "media/stills/exr_form.h"
 #include "media/video/stream_copy.h"
@@ -65,6 +66,9 @@ public:
 
     /// Completes the result; to be called once, after the last frame. Throws MediaError.
     virtual void finish() = 0;
+
+    /// What this holds for pictures, beside the memory of an encoder.
+    virtual HeldMemory held() const { return {}; }
 
     /// Sentences for the user about what the result lacks; mostly none.
     virtual std::vector<std::string> remarks() const { return {}; }

@@ -9,4 +9,14 @@ AVFrame& PicturePool::take() {
     return *pictures_.emplace_back(newPicture(width_, height_, format_));
 }
 
+HeldMemory PicturePool::held() const {
+    HeldMemory held;
+    for (const AvFrame& picture : pictures_) {
+        std::size_t bytes = 0;
+        for (const AVBufferRef* plane : picture->buf) bytes += plane ? plane->size : 0;
+        held.add(bytes);
+    }
+    return held;
+}
+
 }  // namespace ruvex::media

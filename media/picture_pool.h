@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "media/av_library.h"
+#include "media/held_memory.h"
 
 namespace ruvex::media {
 
@@ -19,7 +20,7 @@ public:
     /// std::bad_alloc.
     AVFrame& take();
 
-    std::size_t pictures() const { return pictures_.size(); }
+    HeldMemory held() const;
 
 private:
     int width_;

@@ -59,6 +59,13 @@ StreamReader::StreamReader(int descriptor, std::string name, const ReadOptions& 
     }
 }
 
+void StreamReader::addHeld(HeldMemory& held) const {
+    for (const Frame& frame : kept_) held.add(frame);
+    held.add(next_);
+    held.add(premultiplied_);
+    source_->addHeld(held);
+}
+
 bool StreamReader::readNext(Frame& frame) {
     const bool divides = alpha_ == AlphaForm::Premultiplied && info().hasAlpha;
     if (ended_ || !source_->next(divides ? premultiplied_ : frame)) {

@@ -20,6 +20,8 @@ public:
     /// Stores the next frame in `frame`, whose memory is reused where it fits. False at the end.
     /// Throws MediaError if the stream is damaged or ends within a frame.
     virtual bool next(Frame& frame) = 0;
+    /// What this holds for pictures.
+    virtual void addHeld(HeldMemory& held) const { static_cast<void>(held); }
 
 protected:
     StreamSource() = default;
@@ -52,6 +54,7 @@ public:
 
 private:
     bool readOwn(std::int64_t number, Frame& frame, Use use) override;
+    void addHeld(HeldMemory& held) const override;
     /// Reads frame `number`, which has not been read yet, and keeps none. False at the end of the
     /// stream.
     bool readStraight(std::int64_t number, Frame& frame);

@@ -117,6 +117,13 @@ void StreamWriter::writeY4m(const Frame& frame) {
     stream_.write(std::span(bytes_).subspan(kMarkAt));
 }
 
+HeldMemory StreamWriter::held() const {
+    HeldMemory held;
+    held.add(changed_);
+    held.add(bytes_.capacity());
+    return held;
+}
+
 std::vector<std::string> StreamWriter::remarks() const {
     if (options_.copied.path.empty()) return {};
     return lossesOf(options_.copied, stream_.name());

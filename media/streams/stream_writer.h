@@ -22,6 +22,7 @@ public:
 
     void write(std::int64_t number, const Frame& frame) override;
     void finish() override;
+    HeldMemory held() const override;
     std::vector<std::string> remarks() const override;
 
 private:

@@ -15,6 +15,7 @@ public:
 
     const ClipInfo& info() const override { return info_; }
     bool next(Frame& frame) override;
+    void addHeld(HeldMemory& held) const override { held.add(bytes_.capacity()); }
 
 private:
     /// The next line, without its line end, which is skipped; empty at the end of the stream.

@@ -59,6 +59,10 @@ void FrameCache::keep(std::int64_t number, const Frame& frame, std::size_t most)
     entries_.front().frame = frame;
 }
 
+void FrameCache::addHeld(HeldMemory& held) const {
+    for (const Entry& entry : entries_) held.add(entry.frame);
+}
+
 VideoReader::VideoReader(const std::filesystem::path& path, const ReadOptions& options)
     : FrameReader(options.depth),
       path_(path),
@@ -170,6 +174,12 @@ void VideoReader::decode(std::int64_t number, std::int64_t wanted) {
     if (reach(number)) return;
     throw MediaError(path_.string() + " is damaged: frame " + std::to_string(wanted) +
                      " cannot be decoded.");
+}
+
+void VideoReader::addHeld(HeldMemory& held) const {
+    cache_.addHeld(held);
+    held.add(converted_);
+    held.add(straight_);
 }
 
 bool VideoReader::isShownAgain(std::int64_t number) const {

@@ -25,6 +25,8 @@ public:
 
     static constexpr std::size_t kMost = 8;
 
+    void addHeld(HeldMemory& held) const;
+
 private:
     struct Entry {
         std::int64_t number;
@@ -45,6 +47,7 @@ public:
 
 private:
     bool readOwn(std::int64_t number, Frame& frame, Use use) override;
+    void addHeld(HeldMemory& held) const override;
     /// Fills `info_` from the first picture.
     void describe(const AVFrame& first);
     /// Decodes the next picture. False at the end.

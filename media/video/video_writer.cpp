@@ -72,6 +72,12 @@ VideoWriter::VideoWriter(const std::filesystem::path& path, const WriteOptions& 
     openContainer(options);
 }
 
+HeldMemory VideoWriter::held() const {
+    HeldMemory held = pictures_->held();
+    held.add(premultiplied_);
+    return held;
+}
+
 std::vector<std::string> VideoWriter::remarks() const {
     std::vector<std::string> remarks = copy_->losses();
     if (sound_) remarks.insert(remarks.end(), sound_->remarks().begin(), sound_->remarks().end());

@@ -32,6 +32,7 @@ public:
 
     void write(std::int64_t number, const Frame& frame) override;
     void finish() override;
+    HeldMemory held() const override;
     std::vector<std::string> remarks() const override;
 
     /// Whether files of this extension can hold one of the codecs.

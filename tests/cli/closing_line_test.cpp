@@ -61,6 +61,15 @@ TEST_F(ClosingLine, SaysThatNothingWasLeftToRender) {
     EXPECT_EQ(render(out, {"--resume"}).err, "ruvex: " + out + ": nothing is left to render.\n");
 }
 
+TEST_F(ClosingLine, IsLedByTheMemoryWhenVerbose) {
+    constexpr std::uintmax_t kFrameBytes = 64 * 48 * 4;
+    const std::string printed = render(folder.file("out.png"), {"--frames", "1", "--verbose"}).err;
+    EXPECT_TRUE(
+        holds(printed, "ruvex: memory for frames: 2 frames, " + bytesText(2 * kFrameBytes) + ".\n"))
+        << printed;
+    EXPECT_FALSE(holds(render(folder.file("out.mkv")).err, "memory for frames"));
+}
+
 TEST_F(ClosingLine, KnowsNoBytesOfAStream) {
     const std::string printed = render("-").err;
     EXPECT_TRUE(isLineFor(printed, "standard output", "64x48")) << printed;

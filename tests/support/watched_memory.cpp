@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdlib>
 #include <link.h>
+#include <malloc.h>
 #include <new>
 #include <string_view>
 
@@ -14,6 +15,7 @@ extern "C" {
 void* __libc_malloc(std::size_t size);                           // NOLINT
 void* __libc_calloc(std::size_t count, std::size_t size);        // NOLINT
 void* __libc_realloc(void* memory, std::size_t size);            // NOLINT
+void __libc_free(void* memory);                                  // NOLINT
 void* __libc_memalign(std::size_t alignment, std::size_t size);  // NOLINT
 }
 
@@ -45,6 +47,7 @@ Range program;
 Range module;
 Counters allocated;
 Counters copied;
+std::atomic<std::int64_t> inUse{0};
 
 void count(Counters& counters, std::size_t bytes, const void* caller) {
     std::atomic<std::uint64_t>& counter = program.contains(caller)  ? counters.program
@@ -97,14 +100,27 @@ void* copy(void* to, const void* from, std::size_t size, const void* caller) {
     return to;
 }
 
-void* allocate(std::size_t size, const void* caller) noexcept {
+/// Counts memory that was allocated for `size` bytes, and gives it.
+void* taken(void* memory, std::size_t size, const void* caller) {
     count(allocated, size, caller);
-    return __libc_malloc(size);
+    inUse.fetch_add(static_cast<std::int64_t>(malloc_usable_size(memory)),
+                    std::memory_order_relaxed);
+    return memory;
+}
+
+/// Counts memory that is going to be freed.
+void* given(void* memory) {
+    inUse.fetch_sub(static_cast<std::int64_t>(malloc_usable_size(memory)),
+                    std::memory_order_relaxed);
+    return memory;
+}
+
+void* allocate(std::size_t size, const void* caller) noexcept {
+    return taken(__libc_malloc(size), size, caller);
 }
 
 void* allocate(std::size_t size, std::align_val_t alignment, const void* caller) noexcept {
-    count(allocated, size, caller);
-    return __libc_memalign(static_cast<std::size_t>(alignment), size);
+    return taken(__libc_memalign(static_cast<std::size_t>(alignment), size), size, caller);
 }
 
 void* orThrow(void* memory) {
@@ -122,6 +138,10 @@ ByOwner allocatedBytesByOwner() {
     return allocated.values();
 }
 
+std::int64_t bytesInUse() {
+    return inUse.load(std::memory_order_relaxed);
+}
+
 ByOwner copiedBytesByOwner() {
     return copied.values();
 }
@@ -131,28 +151,29 @@ ByOwner copiedBytesByOwner() {
 #define RUVEX_EXPORTED extern "C" __attribute__((visibility("default")))
 
 RUVEX_EXPORTED void* malloc(std::size_t size) {
-    ruvex::test::count(ruvex::test::allocated, size, __builtin_return_address(0));
-    return __libc_malloc(size);
+    return ruvex::test::allocate(size, __builtin_return_address(0));
+}
+
+RUVEX_EXPORTED void free(void* memory) {
+    __libc_free(ruvex::test::given(memory));
 }
 
 RUVEX_EXPORTED void* calloc(std::size_t number, std::size_t size) {
-    ruvex::test::count(ruvex::test::allocated, number * size, __builtin_return_address(0));
-    return __libc_calloc(number, size);
+    return ruvex::test::taken(__libc_calloc(number, size), number * size,
+                              __builtin_return_address(0));
 }
 
 RUVEX_EXPORTED void* realloc(void* memory, std::size_t size) {
-    ruvex::test::count(ruvex::test::allocated, size, __builtin_return_address(0));
-    return __libc_realloc(memory, size);
+    return ruvex::test::taken(__libc_realloc(ruvex::test::given(memory), size), size,
+                              __builtin_return_address(0));
 }
 
 RUVEX_EXPORTED void* aligned_alloc(std::size_t alignment, std::size_t size) {
-    ruvex::test::count(ruvex::test::allocated, size, __builtin_return_address(0));
-    return __libc_memalign(alignment, size);
+    return ruvex::test::allocate(size, std::align_val_t{alignment}, __builtin_return_address(0));
 }
 
 RUVEX_EXPORTED int posix_memalign(void** memory, std::size_t alignment, std::size_t size) {
-    ruvex::test::count(ruvex::test::allocated, size, __builtin_return_address(0));
-    *memory = __libc_memalign(alignment, size);
+    *memory = ruvex::test::allocate(size, std::align_val_t{alignment}, __builtin_return_address(0));
     return *memory ? 0 : ENOMEM;
 }
 

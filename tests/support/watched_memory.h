@@ -25,6 +25,9 @@ void learnOwners();
 /// freed again counts too.
 ByOwner allocatedBytesByOwner();
 
+/// Bytes that are allocated now, by the whole process.
+std::int64_t bytesInUse();
+
 /// Bytes that were copied so far, in all threads, by calls of `memcpy` and `memmove` of a
 /// kilobyte or more. Compilers make such calls of assignments and loops that only copy.
 ByOwner copiedBytesByOwner();

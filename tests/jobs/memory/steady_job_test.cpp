@@ -48,6 +48,10 @@ std::ostream& operator<<(std::ostream& out, const Kind& kind) {
 /// Counts from the frame that is written as number kWarm to the last one.
 class Counting final : public RenderEvents {
 public:
+    void memoryUsed(const media::HeldMemory& memory) override {
+        held = memory;
+        used = test::bytesInUse() - usedBefore;
+    }
     void frameWritten() override {
         ++written_;
         if (written_ == kWarm) {
@@ -63,6 +67,9 @@ public:
 
     ByOwner allocated;
     ByOwner copied;
+    media::HeldMemory held;
+    std::int64_t usedBefore = test::bytesInUse();
+    std::int64_t used = 0;  ///< Bytes that the whole process came to use during the render.
     int written_ = 0;
 
 private:
@@ -128,6 +135,20 @@ TEST_P(SteadyJob, AllocatesNoFrameAndCopiesAtMostOne) {
     run(counting);
     EXPECT_LE(counting.allocated.program / kCounted, kLinesOfConversion * kLine);
     EXPECT_LE(counting.copied.program / kCounted, frameBytes());
+}
+
+TEST_P(SteadyJob, TellsWhatItHolds) {
+    constexpr int kMostPictures = 12;
+    Counting counting;
+    run(counting);
+    EXPECT_LE(counting.held.pictures, kMostPictures);
+    const auto held = static_cast<std::int64_t>(counting.held.bytes);
+    EXPECT_LE(held, counting.used);
+    // Files have codecs, which use memory of their own.
+    if (GetParam().piped) {
+        EXPECT_LT(counting.used, held + static_cast<std::int64_t>(frameBytes()))
+            << "as much as a frame is missing";
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Kinds, SteadyJob,
