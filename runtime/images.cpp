@@ -30,6 +30,17 @@ void checkMade(const IDSImage* image, int width, int height) {
     if (!image) throw OutOfMemory(cannotMake(width, height) + ": out of memory");
 }
 
+bool isOfForm(const CDSPixelImage* image, int width, int height, const GUID& format) {
+    return image && image->width() == width && image->height() == height &&
+           image->format() == format;
+}
+
+bool isShared(CDSPixelImage* image) {
+    if (!image) return false;
+    image->AddRef();
+    return image->Release() > 1;
+}
+
 ComPtr<CDSMemoryImage> makeImage(int width, int height, const GUID& format) {
     checkImage(width, height, format);
     auto image = CDSMemoryImage::create(width, height, format);

@@ -17,6 +17,12 @@ void checkImage(int width, int height, const GUID& format);
 /// Throws OutOfMemory for an image that was not made.
 void checkMade(const IDSImage* image, int width, int height);
 
+/// Whether there is an image, and it has this size and format.
+bool isOfForm(const CDSPixelImage* image, int width, int height, const GUID& format);
+
+/// Whether there is an image, and somebody holds it beside the caller, who has one reference.
+bool isShared(CDSPixelImage* image);
+
 /// A new image, all bytes 0. Throws Error for an unknown format and for a size below 1, OutOfMemory
 /// if there is not enough memory.
 ComPtr<CDSMemoryImage> makeImage(int width, int height, const GUID& format);

@@ -32,8 +32,6 @@ public:
     bool isHeld() const;
 
 private:
-    bool fits(int width, int height, const GUID& format) const;
-
     ComPtr<CDSBorrowedImage> image_;
 };
 

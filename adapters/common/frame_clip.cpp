@@ -1,16 +1,15 @@
 #include "adapters/common/frame_clip.h"
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
-
-#include "runtime/images.h"
 
 namespace ruvex::adapters {
 
 FrameClip::AtHand FrameClip::begin(const Frame& frame) {
     frame_ = frame;
     failure_ = nullptr;
-    return imageAtHand();
+    return readAtHand(input_);
 }
 
 ComPtr<IDSImage> FrameClip::imageAt(double seconds) {
@@ -34,26 +33,31 @@ bool FrameClip::isAtHand(double seconds) const {
     return std::round(seconds * rate) == std::floor(frame_.seconds * rate + kRoundingMargin);
 }
 
-FrameClip::AtHand FrameClip::imageAtHand() const {
-    AtHand atHand{blackImage()};
+FrameClip::AtHand FrameClip::readAtHand(runtime::KeptImage& kept) const {
+    AtHand atHand{imageFor(frame_.atHand, kept)};
     if (!frame_.atHand) return atHand;
     const bool opaque = readPicture(*frame_.atHand, frame_.rows, *atHand.image);
     atHand.opaque = opaque || frame_.atHand->form.isOpaque();
     return atHand;
 }
 
-ComPtr<CDSMemoryImage> FrameClip::otherImage(double seconds) const {
-    if (!frame_.others || isAtHand(seconds)) return imageAtHand().image;
-    auto image = blackImage();
+ComPtr<CDSMemoryImage> FrameClip::otherImage(double seconds) {
+    if (!frame_.others || isAtHand(seconds)) return readAtHand(other_).image;
+    ComPtr<CDSMemoryImage> image;
     const auto read = [&](const SourcePicture& picture) {
+        image = imageFor(&picture, other_);
         readPicture(picture, frame_.rows, *image);
     };
-    return frame_.others->pictureAt(seconds, read) ? image : imageAtHand().image;
+    return frame_.others->pictureAt(seconds, read) ? image : readAtHand(other_).image;
 }
 
-ComPtr<CDSMemoryImage> FrameClip::blackImage() const {
-    return runtime::makeProjectImage(frame_.project, frame_.rows.frame.width(), frame_.rows.count,
-                                     frame_.format);
+ComPtr<CDSMemoryImage> FrameClip::imageFor(const SourcePicture* picture,
+                                           runtime::KeptImage& kept) const {
+    const PixelRect& frame = frame_.rows.frame;
+    auto image = kept.take(frame_.project, frame.width(), frame_.rows.count, frame_.format);
+    const bool isWhole = picture && intersection(picture->bounds, frame) == frame;
+    if (!isWhole) std::fill_n(image->bytes(), image->byteCount(), std::byte{});
+    return image;
 }
 
 }  // namespace ruvex::adapters

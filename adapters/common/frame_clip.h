@@ -7,12 +7,14 @@
 #include "adapters/common/frame_picture.h"
 #include "adapters/common/picture_effect.h"
 #include "runtime/frame_server.h"
+#include "runtime/kept_image.h"
 #include "runtime/project.h"
 #include "sdk/images/memory_image.h"
 
 namespace ruvex::adapters {
 
-/// Gives every frame as a new image with the same rows and the same format. One thread at a time.
+/// Gives every frame as an image of its own with the same rows and the same format. An image serves
+/// the next frame again unless somebody still holds it. One thread at a time.
 class FrameClip final : public runtime::InputProvider {
 public:
     /// What the images of one frame are made from; both pointers outlive its render.
@@ -43,12 +45,16 @@ public:
     void rethrowFailure();
 
 private:
-    AtHand imageAtHand() const;
+    /// The picture at hand in the image.
+    AtHand readAtHand(runtime::KeptImage& kept) const;
     bool isAtHand(double seconds) const;
-    ComPtr<CDSMemoryImage> otherImage(double seconds) const;
-    ComPtr<CDSMemoryImage> blackImage() const;
+    ComPtr<CDSMemoryImage> otherImage(double seconds);
+    /// An image for the picture; what the picture lacks of the frame is 0.
+    ComPtr<CDSMemoryImage> imageFor(const SourcePicture* picture, runtime::KeptImage& kept) const;
 
     Frame frame_;
+    runtime::KeptImage input_;
+    runtime::KeptImage other_;
     std::exception_ptr failure_;
 };
 

@@ -4,19 +4,13 @@
 
 #include "adapters/common/message_once.h"
 #include "adapters/common/parameter_state.h"
-#include "runtime/images.h"
+#include "runtime/kept_image.h"
 
 namespace ruvex::adapters {
 namespace {
 
 std::uint8_t* pixelsOf(CDSMemoryImage& image) {
     return reinterpret_cast<std::uint8_t*>(image.bytes());
-}
-
-ComPtr<CDSMemoryImage> imageOf(const runtime::Project& project, const SourceRows& source) {
-    auto image = runtime::makeProjectImage(project, source.width, source.height, MFIF_RGBA_RAW_32);
-    readStraight(source, pixelsOf(*image));
-    return image;
 }
 
 }  // namespace
@@ -27,7 +21,19 @@ public:
     runtime::Project project{};
     SourceRows source{};
 
-    ComPtr<IDSImage> imageAt(double) override { return imageOf(project, source); }
+    /// The picture itself.
+    ComPtr<CDSMemoryImage> image() { return copyInto(input_); }
+    ComPtr<IDSImage> imageAt(double) override { return copyInto(other_); }
+
+private:
+    ComPtr<CDSMemoryImage> copyInto(runtime::KeptImage& kept) const {
+        const auto& image = kept.take(project, source.width, source.height, MFIF_RGBA_RAW_32);
+        readStraight(source, pixelsOf(*image));
+        return image;
+    }
+
+    runtime::KeptImage input_;
+    runtime::KeptImage other_;
 };
 
 HostedEffect::HostedEffect() : current_(std::make_shared<CurrentPicture>()), session_(current_) {}
@@ -57,7 +63,7 @@ void HostedEffect::renderOrThrow(const FrameRequest& request, const SourceRows& 
     current_->project = session_.project();
     current_->source = source;
     const double seconds = runtime::frameTime(request.frame, request.frameRate);
-    const auto output = session_.render(seconds, imageOf(current_->project, source));
+    const auto output = session_.render(seconds, current_->image());
     if (request.alpha == PlugInAlpha::Input) takeAlpha(source, pixelsOf(*output));
     writeStraight(pixelsOf(*output), target);
 }

@@ -8,7 +8,6 @@
 #include "looks/look.h"
 #include "looks/ruvex_control.h"
 #include "runtime/error.h"
-#include "runtime/images.h"
 
 namespace ruvex::adapters {
 namespace {
@@ -50,8 +49,9 @@ void RenderSession::setParameters(std::vector<looks::ParameterChange> completeSt
 }
 
 ComPtr<CDSMemoryImage> RenderSession::render(double seconds, const ComPtr<CDSMemoryImage>& input) {
-    const auto output =
-        runtime::makeProjectImage(project_, input->width(), input->height(), input->format());
+    // The effect writes all pixels of a render without a region.
+    const ComPtr<CDSMemoryImage> output =
+        output_.take(project_, input->width(), input->height(), input->format());
     runtime::RenderRequest request;
     request.seconds = seconds;
     request.input = input;

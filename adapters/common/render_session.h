@@ -9,6 +9,7 @@
 #include "looks/parameter_change.h"
 #include "parameters/ruvex_interface.h"
 #include "runtime/effect_session.h"
+#include "runtime/kept_image.h"
 #include "sdk/images/memory_image.h"
 
 namespace ruvex::adapters {
@@ -35,8 +36,8 @@ public:
     /// session must be open, as below.
     void setParameters(std::vector<looks::ParameterChange> completeState);
 
-    /// Renders an image, into which the effect may write, to a new one of its size and format.
-    /// Throws runtime::Error.
+    /// Renders an image, into which the effect may write, to one of its size and format, which
+    /// serves the next render again unless the caller still holds it. Throws runtime::Error.
     ComPtr<CDSMemoryImage> render(double seconds, const ComPtr<CDSMemoryImage>& input);
 
     /// The values of the frame at that time. Throws runtime::Error.
@@ -49,6 +50,7 @@ private:
     std::shared_ptr<runtime::InputProvider> provider_;
     runtime::Project project_{};
     std::optional<runtime::EffectSession> session_;
+    runtime::KeptImage output_;
     std::vector<looks::ParameterChange> state_;  ///< Of the session; empty where it is unknown.
 };
 
