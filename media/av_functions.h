@@ -40,6 +40,7 @@ RUVEX_FUNCTION(av_frame_alloc);
 RUVEX_FUNCTION(av_frame_free);
 RUVEX_FUNCTION(av_frame_get_buffer);
 RUVEX_FUNCTION(av_frame_get_side_data);
+RUVEX_FUNCTION(av_frame_is_writable);
 RUVEX_FUNCTION(av_free);
 RUVEX_FUNCTION(av_freep);
 RUVEX_FUNCTION(av_get_packed_sample_fmt);
