@@ -5,6 +5,7 @@ extern "C" {
 }
 
 #include <algorithm>
+#include <bit>
 #include <cstring>
 #include <vector>
 
@@ -12,6 +13,7 @@ extern "C" {
 #include "media/frame.h"
 #include "media/pixels/component_read.h"
 #include "media/pixels/plane_line.h"
+#include "media/pixels/usual_lines.h"
 #include "media/pixels/yuv_coding.h"
 #include "sdk/images/sample_convert.h"
 
@@ -162,6 +164,7 @@ void unpackLine(const AVFrame& picture, const AVPixFmtDescriptor& format, int y,
         std::memcpy(frame.row(row), planeLine(picture, 0, y), frame.rowBytes());
         return;
     }
+    if (unpackUsualLine(picture, format, y, row, frame)) return;
     const bool limited = isLimitedGrey(picture, format);
     if (limited) {
         unpackLimitedGrey(picture, format, y, row, line, frame);
@@ -177,17 +180,10 @@ void unpackLine(const AVFrame& picture, const AVPixFmtDescriptor& format, int y,
 }
 
 void packLine8(const std::uint8_t* row, int width, bool blueFirst, std::uint8_t* line) {
-    std::copy(row, row + std::ptrdiff_t{width} * kChannels, line);
-    for (std::ptrdiff_t x = 0; blueFirst && x < width; ++x) {
-        std::swap(line[x * kChannels], line[x * kChannels + 2]);
-    }
-}
-
-void packLine16(const std::int16_t* row, int width, bool bigEndian, std::uint8_t* bytes) {
-    auto* line = reinterpret_cast<std::uint16_t*>(bytes);
-    for (std::ptrdiff_t i = 0; i < std::ptrdiff_t{width} * kChannels; ++i) {
-        const std::uint16_t value = u16FromS214(row[i]);
-        line[i] = bigEndian ? static_cast<std::uint16_t>(value << 8 | value >> 8) : value;
+    if (blueFirst) {
+        swapRedAndBlue(row, width, line);
+    } else {
+        std::copy_n(row, std::ptrdiff_t{width} * kChannels, line);
     }
 }
 
@@ -239,8 +235,10 @@ void packRgb(const Frame& frame, AVFrame& picture) {
         if (frame.depth() == Depth::Bits8) {
             packLine8(frame.row8(row), frame.width(), picture.format == AV_PIX_FMT_BGRA, line);
         } else {
-            packLine16(frame.row16(row), frame.width(), picture.format == AV_PIX_FMT_RGBA64BE,
-                       line);
+            const bool bigEndian = picture.format == AV_PIX_FMT_RGBA64BE;
+            const bool swapped = bigEndian != (std::endian::native == std::endian::big);
+            packWords(frame.row16(row), frame.width(), swapped,
+                      planeLine<std::uint16_t>(picture, 0, y));
         }
     }
 }

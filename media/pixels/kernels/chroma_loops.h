@@ -68,13 +68,14 @@ struct InterpolateLoop {
         const Sum* const odd = inputs + first[1];
         const Sum evenAt[4] = {Sum(weights[0]), Sum(weights[1]), Sum(weights[2]), Sum(weights[3])};
         const Sum oddAt[4] = {Sum(weights[4]), Sum(weights[5]), Sum(weights[6]), Sum(weights[7])};
+        const int pairs = count / 2;
 #pragma GCC ivdep
-        for (int i = 0; i < count / 2; ++i) {
+        for (int i = 0; i < pairs; ++i) {
             outputs[2 * i] = weighted(even + i, evenAt);
             outputs[2 * i + 1] = weighted(odd + i, oddAt);
         }
         if (count % 2 != 0) {
-            outputs[count - 1] = weighted(even + count / 2, evenAt);
+            outputs[count - 1] = weighted(even + pairs, evenAt);
         }
     }
 

@@ -37,15 +37,16 @@ template <class Component, class Processor>
 struct SplitLoop {
     static void run(const Component* pixels, int width, const PairLines& lines) {
         const PairLines to = lines;
+        const int pairs = width / 2;
 #pragma GCC ivdep
-        for (int i = 0; i < width / 2; ++i) {
+        for (int i = 0; i < pairs; ++i) {
             store(Pixel(pixels + 8 * i), to.even, i);
             store(Pixel(pixels + 8 * i + 4), to.odd, i);
         }
         if (width % 2 != 0) {
             const Pixel last(pixels + 4 * (width - 1));
-            store(last, to.even, width / 2);
-            store(last, to.odd, width / 2);
+            store(last, to.even, pairs);
+            store(last, to.odd, pairs);
         }
     }
 
