@@ -14,7 +14,7 @@ namespace ruvex::cli {
 /// the result; a stream has none to count.
 std::string closingLine(const jobs::RenderPlan& plan, std::int64_t frames, double seconds);
 
-/// "memory for frames: 8 frames, 56.0 MB.": what was held beside the codecs and the effect.
+/// "memory for frames: 8 frames, 56.0 MB.": what was held beside the codecs.
 std::string memoryLine(const media::HeldMemory& held);
 
 }  // namespace ruvex::cli

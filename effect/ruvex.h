@@ -43,6 +43,9 @@ public:
     std::int32_t frameValues(double seconds, double framesPerSecond,
                              FrameValues* values) const override;
     FrameOutcome frameOutcome() const override;
+    std::int64_t keptPictureBytes() const override {
+        return std::int64_t{memory8_.paddedSource.size()} + memory16_.paddedSource.size();
+    }
     std::int32_t levels(std::int64_t first, std::int64_t last, double framesPerSecond,
                         FrameValues* values, const StopQuestion* question) const override;
 

@@ -29,6 +29,9 @@ public:
         return memory_;
     }
 
+    /// Bytes that are kept now.
+    std::int32_t size() const { return size_; }
+
 private:
     std::byte* memory_ = nullptr;
     std::int32_t size_ = 0;

@@ -49,6 +49,7 @@ FrameRenderer FrameRenderer::clone() const {
 
 media::HeldMemory FrameRenderer::held() const {
     media::HeldMemory held = input_->held();
+    held.add(renderer_.held());
     for (const media::Frame* frame :
          {&fieldSource_, &fieldResult_, &before_, &after_, &unscaled_}) {
         held.add(*frame);

@@ -38,7 +38,7 @@ public:
     /// Throws media::MediaError; FrameOutOfMemory; and runtime::Error, which names the frame.
     bool render(std::int64_t number, media::Frame& source, media::Frame& result);
 
-    /// What this holds for pictures, beside the memory of the effect's module.
+    /// What this holds for pictures, the effect included.
     media::HeldMemory held() const;
 
 private:

@@ -65,6 +65,13 @@ PictureRenderer PictureRenderer::clone(const std::shared_ptr<ClipInput>& input) 
     return {project_, input, stop_, session_.clone(input)};
 }
 
+media::HeldMemory PictureRenderer::held() const {
+    const auto bytes = looks::ruvexControl(session_).keptPictureBytes();
+    media::HeldMemory held;
+    held.add(static_cast<std::size_t>(bytes));
+    return held;
+}
+
 bool PictureRenderer::render(const PictureTask& task, media::Frame& result) {
     if (stop_.stop_requested()) return false;
     try {

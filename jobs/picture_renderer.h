@@ -35,6 +35,9 @@ public:
     /// media::MediaError; FrameOutOfMemory; and runtime::Error, which names the frame.
     bool render(const PictureTask& task, media::Frame& result);
 
+    /// The pictures that the effect keeps from one render to the next.
+    media::HeldMemory held() const;
+
 private:
     PictureRenderer(runtime::Project project, std::shared_ptr<ClipInput> input,
                     std::stop_token stop, runtime::EffectSession session);

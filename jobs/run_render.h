@@ -22,7 +22,7 @@ public:
     /// A frame has been written. An encoder holds frames back, so this may be a while after it was
     /// rendered.
     virtual void frameWritten() {}
-    /// What was held for pictures, beside the memory of codecs and of the effect's module, after
+    /// What was held for pictures, by the effect too, but not by codecs, after
     /// the last frame.
     virtual void memoryUsed(const media::HeldMemory& held) { static_cast<void>(held); }
     /// The result is complete.

@@ -63,10 +63,16 @@ TEST_F(ClosingLine, SaysThatNothingWasLeftToRender) {
 
 TEST_F(ClosingLine, IsLedByTheMemoryWhenVerbose) {
     constexpr std::uintmax_t kFrameBytes = 64 * 48 * 4;
-    const std::string printed = render(folder.file("out.png"), {"--frames", "1", "--verbose"}).err;
+    // Without displacement the effect keeps no picture of its own.
+    const std::string printed =
+        render(folder.file("out.png"), {"--frames", "1", "--verbose", "--preset", "Clean"}).err;
     EXPECT_TRUE(
         holds(printed, "ruvex: memory for frames: 2 frames, " + bytesText(2 * kFrameBytes) + ".\n"))
         << printed;
+    const std::string torn =
+        render(folder.file("out.png"), {"--frames", "1", "--verbose", "--preset", "Bad Colour TV"})
+            .err;
+    EXPECT_TRUE(holds(torn, "ruvex: memory for frames: 3 frames, ")) << torn;
     EXPECT_FALSE(holds(render(folder.file("out.mkv")).err, "memory for frames"));
 }
 

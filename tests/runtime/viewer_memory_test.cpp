@@ -112,7 +112,7 @@ TEST_F(ViewerInLittleMemory, AViewerIsMadeOrNot) {
     }
     EXPECT_TRUE(tool->isAttached());
     viewer.reset();
-    EXPECT_GE(refused, 3) << "the list of followers, the viewer, its site";
+    EXPECT_GE(refused, 2) << "the list of followers, the viewer";
     EXPECT_FALSE(VWControllerViewer());
     editor.setTime(1.0);
     remove();

@@ -42,6 +42,7 @@ public:
         return E_NOTIMPL;
     }
     FrameOutcome frameOutcome() const override { return FrameOutcome::Finished; }
+    std::int64_t keptPictureBytes() const override { return 0; }
     std::int32_t levels(std::int64_t, std::int64_t, double, ruvex::FrameValues*,
                         const ruvex::StopQuestion*) const override {
         return E_NOTIMPL;
