@@ -1,4 +1,5 @@
-// How the time of a frame grows with its size and with the number of workers. "Bad Colour TV", 8-bit.
+// How the time of a frame grows with its size and with the number of workers. "Bad Colour TV",
+// 8-bit.
 
 #include <benchmark/benchmark.h>
 #include <string>

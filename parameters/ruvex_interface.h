@@ -83,8 +83,8 @@ struct IRuvexControl {
     virtual std::int32_t levels(std::int64_t first, std::int64_t last, double framesPerSecond,
                                 FrameValues* values, const StopQuestion* question) const = 0;
 
-    /// Bytes of the pictures that this object keeps for its next frame, and of no other memory. Must
-    /// not be called while this object renders.
+    /// Bytes of the pictures that this object keeps for its next frame, and of no other memory.
+    /// Must not be called while this object renders.
     virtual std::int64_t keptPictureBytes() const = 0;
 
 protected:

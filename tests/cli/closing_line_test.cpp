@@ -65,7 +65,7 @@ TEST_F(ClosingLine, IsLedByTheMemoryWhenVerbose) {
     constexpr std::uintmax_t kFrameBytes = 64 * 48 * 4;
     // Without displacement the effect keeps no picture of its own.
     const std::string printed =
-        render(folder.file("out.png"), {"--frames", "1", "--verbose", "--preset", "Clean"}).err;
+        render(folder.file("out.png"), {"--frames", "1", "--verbose", "--preset", "Good TV"}).err;
     EXPECT_TRUE(
         holds(printed, "ruvex: memory for frames: 2 frames, " + bytesText(2 * kFrameBytes) + ".\n"))
         << printed;
