@@ -1,5 +1,7 @@
 #include "media/stills/still_reader.h"
 
+#include <utility>
+
 #include "media/media_error.h"
 #include "media/stills/raw_frame.h"
 #include "media/stills/still_file.h"
@@ -42,11 +44,16 @@ void StillReader::openRaw(std::optional<FrameSize> size, Depth depth) {
 }
 
 void StillReader::openStill() {
-    const Still first = readStill(files_.file(info_.first), alpha_);
+    Still first = readStill(files_.file(info_.first), alpha_);
     info_.size = first.frame.size();
     info_.depth = first.depth;
     info_.hasAlpha = first.hasAlpha;
     info_.pixelAspect = first.pixelAspect;
+    if (depthOfFrames() == info_.depth) first_ = std::move(first.frame);
+}
+
+void StillReader::addHeld(HeldMemory& held) const {
+    held.add(first_);
 }
 
 bool StillReader::readOwn(std::int64_t number, Frame& frame, Use) {
@@ -56,6 +63,10 @@ bool StillReader::readOwn(std::int64_t number, Frame& frame, Use) {
         if (alpha_ == AlphaForm::Premultiplied) {
             frame = unpremultiplied(frame, depthOfFrames());
         }
+        return true;
+    }
+    if (number == info_.first && !first_.bytes().empty()) {
+        frame = std::exchange(first_, {});
         return true;
     }
     frame = readStill(file, alpha_, depthOfFrames()).frame;

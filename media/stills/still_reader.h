@@ -20,11 +20,15 @@ private:
     bool readOwn(std::int64_t number, Frame& frame, Use use) override;
     void openRaw(std::optional<FrameSize> size, Depth depth);
     void openStill();
+    void addHeld(HeldMemory& held) const override;
 
     std::optional<AlphaForm> alpha_;
     files::NumberedPath files_;
     FileKind kind_;
     ClipInfo info_;
+    /// The first picture, which was read for `info_`, until it is asked for; empty if frames are of
+    /// another depth.
+    Frame first_;
 };
 
 }  // namespace ruvex::media
