@@ -70,7 +70,7 @@ function(ruvex_vector_sources variable)
     # Its own header of 512-bit vectors leaves variables undefined on purpose.
     list(APPEND avx512_options -Wno-maybe-uninitialized)
   endif()
-  if(MINGW)
+  if(MINGW AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     # GCC takes the stack for aligned to a vector there, but Windows aligns it to 16 bytes.
     list(APPEND arg_OPTIONS -Wa,-muse-unaligned-vector-move)
   endif()

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "effect/walk_check.h"
 #include "stages/threshold.h"
 
 namespace ruvex {
@@ -28,14 +29,16 @@ SignalChain::SignalChain(const ParameterReader& reader, const SignalLevel& level
 
 void SignalChain::makeLines() {
     lines_.resize(moments_.size());
-    for (std::size_t i = 1; i < lines_.size(); ++i) {
+    WalkCheck check(reader_.interruption());
+    for (std::size_t i = 1; i < lines_.size() && !check.stops(); ++i) {
         lines_[i] = lineSteps_.distance(levels_[i - 1], moments_[i]);
     }
 }
 
 void SignalChain::makeRolls() {
     rolls_.resize(moments_.size());
-    for (std::size_t i = rolls_.size(); i-- > 0;) {
+    WalkCheck check(reader_.interruption());
+    for (std::size_t i = rolls_.size(); i-- > 0 && !check.stops();) {
         Roll& roll = rolls_[i];
         roll.threshold = rollSteps_.threshold(moments_[i]);
         roll.last = static_cast<std::uint32_t>(i);
@@ -52,9 +55,7 @@ std::size_t SignalChain::indexOf(const ChainStart& start) const {
 }
 
 void SignalChain::walk(std::span<const ChainStart> starts) const {
-    for (const ChainStart& start : starts) {
-        if (start.ofOutput) start.state->walks.shashFramesOn = framesWithShash(start);
-    }
+    countShash(starts);
     std::vector<ChainStart> ofTape;
     std::ranges::copy_if(starts, std::back_inserter(ofTape), &ChainStart::ofTape);
     for (std::size_t i = 0; i < ofTape.size(); i += kLanes) {
@@ -62,6 +63,13 @@ void SignalChain::walk(std::span<const ChainStart> starts) const {
         const Block block = Block(ofTape).subspan(i, std::min(kLanes, ofTape.size() - i));
         sumLines(block);
         sumRolls(block);
+    }
+}
+
+void SignalChain::countShash(std::span<const ChainStart> starts) const {
+    for (const ChainStart& start : starts) {
+        if (interruptCheck(reader_.interruption())) return;
+        if (start.ofOutput) start.state->walks.shashFramesOn = framesWithShash(start);
     }
 }
 

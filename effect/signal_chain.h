@@ -43,6 +43,7 @@ private:
 
     void makeLines();
     void makeRolls();
+    void countShash(std::span<const ChainStart> starts) const;
     void sumLines(Block starts) const;
     void sumRolls(Block starts) const;
     std::size_t rollToCommon(const ChainStart& start, std::size_t common, std::int32_t& sum) const;

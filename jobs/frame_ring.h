@@ -53,8 +53,8 @@ public:
     /// Gives a slot back when the step that it was taken for is done.
     void pass(FrameSlot& slot);
 
-    /// No more frames will be read, not into `unused` either: a slot that was taken for a frame
-    /// that does not exist. It may be null.
+    /// No more frames will be read. `unused` may be null, or the slot that was last taken for
+    /// reading, if its frame does not exist.
     void end(FrameSlot* unused = nullptr);
 
     /// From now on take() gives null to everybody.

@@ -48,8 +48,7 @@ private:
     std::shared_ptr<ClipInput> input_;
     std::stop_token stop_;
     runtime::EffectSession session_;
-    // The pictures of a task as images: what was read is what the effect reads, and it writes what
-    // is written.
+    // The frames of a task as images of the effect, without a copy.
     runtime::LentImage source_;
     runtime::LentImage result_;
 };

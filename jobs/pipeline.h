@@ -42,8 +42,8 @@ public:
     /// To be called once.
     bool run(const FramesToMake& frames, const Write& write);
 
-    /// What is held for pictures after `run`, which is the most during it: reading and rendering,
-    /// beside the memory of a decoder and of the effect's module.
+    /// What is held for pictures after `run`, by reading, rendering and the effect, but not by a
+    /// decoder. Memory that serves frame after frame is all still held then.
     media::HeldMemory held() const;
 
 private:

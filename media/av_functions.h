@@ -45,8 +45,6 @@ RUVEX_FUNCTION(av_free);
 RUVEX_FUNCTION(av_freep);
 RUVEX_FUNCTION(av_get_packed_sample_fmt);
 RUVEX_FUNCTION(av_get_pix_fmt_name);
-RUVEX_FUNCTION(av_image_copy);
-RUVEX_FUNCTION(av_image_copy_to_buffer);
 RUVEX_FUNCTION(av_image_fill_arrays);
 RUVEX_FUNCTION(av_image_get_buffer_size);
 RUVEX_FUNCTION(av_log_set_callback);

@@ -74,12 +74,14 @@ struct IRuvexControl {
     virtual FrameOutcome frameOutcome() const = 0;
 
     /// Gives the values of the frames `first` to `last`, both inclusive, frame k at k /
-    /// framesPerSecond seconds, as frameValues gives them one by one, but in one walk over time:
-    /// twenty thousand frames take a tenth of a second and not ten seconds. Stores last - first + 1
-    /// values in `values`. `question` may be null. Returns 0; 0x80004003 for null `values`;
-    /// 0x80070057 (invalid argument) for a rate that is not finite and above 0, and unless
-    /// 0 <= first <= last; 0x8007000E if memory ran out; 0x80004004 (aborted), with values that
-    /// have no meaning, if the question was answered with true.
+    /// framesPerSecond seconds, as frameValues gives them one by one. At a constant speed of the
+    /// tape the level at each earlier moment is computed once for all frames; only the sums over
+    /// the moments before a frame are added up for each. Stores last - first + 1 values in
+    /// `values`, and needs about 200 bytes of memory for each frame from 0 to `last`. `question`
+    /// may be null. Returns 0; 0x80004003 for null `values`; 0x80070057 (invalid argument) for a
+    /// rate that is not finite and above 0, and unless 0 <= first <= last; 0x8007000E if memory ran
+    /// out; 0x80004004 (aborted), with values that have no meaning, if the question was answered
+    /// with true.
     virtual std::int32_t levels(std::int64_t first, std::int64_t last, double framesPerSecond,
                                 FrameValues* values, const StopQuestion* question) const = 0;
 
@@ -91,6 +93,6 @@ protected:
     ~IRuvexControl() = default;
 };
 
-inline constexpr GUID kRuvexControlId = guidFromText("2F4A90C6-93D1-4E57-A4B8-5C06E1D7382B");
+inline constexpr GUID kRuvexControlId = guidFromText("7B1E52D4-0A6F-4C93-8E2D-41F7C9A3605E");
 
 }  // namespace ruvex

@@ -30,9 +30,9 @@ struct WrittenRows {
 };
 WrittenRows writtenRows(const PixelRect& window, RenderedLines lines, const PixelRect& bounds);
 
-/// Reads the rows into an image of the frame's width and `rows.count` rows, all bytes of which are
-/// 0: what the source lacks stays so. The image's format decides the depth. Answers whether every
-/// pixel of the image is then opaque.
+/// Reads the rows into an image of the frame's width and `rows.count` rows. What the source
+/// lacks stays as it is, so all bytes of the image are 0 unless the source has the whole frame. The
+/// image's format decides the depth. Answers whether every pixel of the image is then opaque.
 bool readPicture(const SourcePicture& source, const FrameRows& rows, CDSMemoryImage& image);
 
 /// Writes the image of the rows into a target, where they lie within `written`; pixels of `written`

@@ -81,10 +81,11 @@ private:
 };
 
 /// Effects that no thread uses at present, kept for the next frame, since hosts make an instance
-/// for each frame. At most kMostKept are kept. Any thread.
+/// for each frame. At most kMostKept are kept, since each keeps the memory of its pictures. Any
+/// thread.
 class PictureEffectPool {
 public:
-    static constexpr std::size_t kMostKept = 16;
+    static constexpr std::size_t kMostKept = 4;
 
     PictureEffectPool();
     ~PictureEffectPool();

@@ -13,9 +13,8 @@ namespace ruvex::media {
 
 /// Converts line y of an RGB picture, with or without alpha, into the frame's chain row, at the
 /// frame's depth. Gives false, and does nothing, if the layout is not a usual one: pixels of four
-/// bytes, four 16-bit words in the
-/// order of a frame, or a plane for each component of at least 8
-/// bits.
+/// bytes; four 16-bit words in the order of a frame; or a plane for each component, of 8 bits for
+/// an 8-bit frame and of 9 to 16 bits for an S2.14 frame.
 bool unpackUsualLine(const AVFrame& picture, const AVPixFmtDescriptor& format, int y, int row,
                      Frame& frame);
 

@@ -24,9 +24,16 @@ namespace {
 
 constexpr std::size_t kLeastCopy = 1024;
 
+// Addresses of one object in memory. Other threads may read them while they are stored.
 struct Range {
-    std::uintptr_t first = 0;
-    std::uintptr_t end = 0;
+    std::atomic<std::uintptr_t> first{UINTPTR_MAX};
+    std::atomic<std::uintptr_t> end{0};
+
+    // Contains nothing, or what it did before, until both are stored.
+    void become(std::uintptr_t newFirst, std::uintptr_t newEnd) {
+        end = newEnd;
+        first = newFirst;
+    }
 
     bool contains(const void* address) const {
         const auto number = reinterpret_cast<std::uintptr_t>(address);
@@ -42,7 +49,7 @@ struct Counters {
     ByOwner values() const { return {program, module, libraries}; }
 };
 
-// Written by learnOwners alone, while no other thread runs.
+// Stored by learnOwners alone.
 Range program;
 Range module;
 Counters allocated;
@@ -56,23 +63,23 @@ void count(Counters& counters, std::size_t bytes, const void* caller) {
     counter.fetch_add(bytes, std::memory_order_relaxed);
 }
 
-Range rangeOf(const dl_phdr_info& object) {
-    Range range{UINTPTR_MAX, 0};
+void learn(Range& range, const dl_phdr_info& object) {
+    std::uintptr_t first = UINTPTR_MAX, end = 0;
     for (int i = 0; i < object.dlpi_phnum; ++i) {
         const auto& segment = object.dlpi_phdr[i];
         if (segment.p_type != PT_LOAD) continue;
-        const std::uintptr_t first = object.dlpi_addr + segment.p_vaddr;
-        range.first = std::min<std::uintptr_t>(range.first, first);
-        range.end = std::max<std::uintptr_t>(range.end, first + segment.p_memsz);
+        const std::uintptr_t begin = object.dlpi_addr + segment.p_vaddr;
+        first = std::min<std::uintptr_t>(first, begin);
+        end = std::max<std::uintptr_t>(end, begin + segment.p_memsz);
     }
-    return range;
+    range.become(first, end);
 }
 
 int learnOwner(dl_phdr_info* object, std::size_t, void*) {
     const std::string_view name = object->dlpi_name;
     // The first object, which has no name, is the program.
-    if (name.empty() && program.end == 0) program = rangeOf(*object);
-    if (name.ends_with("V_Ruvex.so")) module = rangeOf(*object);
+    if (name.empty() && program.end == 0) learn(program, *object);
+    if (name.ends_with("V_Ruvex.so")) learn(module, *object);
     return 0;
 }
 
