@@ -1,5 +1,6 @@
 // A render that is killed at any moment, with no chance to clean up.
 
+#include <algorithm>
 #include <chrono>
 #include <gtest/gtest.h>
 #include <random>
@@ -90,7 +91,9 @@ struct Killed : testing::Test {
 };
 
 TEST_F(Killed, LeavesNoBrokenPictureAndIsGoneOnWith) {
-    const auto within = timeOf(command("out.%d.png"));
+    // The shorter of two runs: where other work has held up the first, kills would come too late.
+    const auto first = timeOf(command("out.%d.png"));
+    const auto within = std::min(first, timeOf(command("out.%d.png")));
     std::vector<Bytes> whole;
     for (int k = 0; k < kFrames; ++k) {
         whole.push_back(files::readWhole(folder.file(outName(k))));
