@@ -42,6 +42,8 @@ std::string optionText(JobField field) {
             return "--jobs";
         case JobField::EncoderSpeed:
             return "--encoder-speed";
+        case JobField::EncoderThreads:
+            return "--encoder-threads";
         case JobField::ExrPixels:
             return "--exr-pixels";
         case JobField::ExrCompression:

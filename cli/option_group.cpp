@@ -28,6 +28,7 @@ constexpr GroupedName kGroupedNames[] = {
     {"--mute", InAndOut},
     {"--quality", InAndOut},
     {"--encoder-speed", InAndOut},
+    {"--encoder-threads", InAndOut},
     {"--exr-pixels", InAndOut},
     {"--exr-compression", InAndOut},
     {"--field-order", InAndOut},

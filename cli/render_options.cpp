@@ -66,6 +66,11 @@ OptionTable renderOptions(RenderOptions& options) {
          "Of H.264 and H.265: ultrafast, superfast, veryfast, faster, fast, medium, slow, slower "
          "or veryslow; default: medium. Slower presets give smaller files",
          &options.encoderSpeed},
+        {"--encoder-threads", "N",
+         "Threads of the video encoder; default: by the machine. The same number gives the same "
+         "bytes on every machine, which matters for H.264 and H.265; above 1 their bit rate has no "
+         "limit",
+         &options.encoderThreads},
         {"--exr-pixels", "half|float", "Component type of .exr; default: float",
          &options.exrPixels},
         {"--exr-compression", "none|rle|zip1|zip16",

@@ -26,6 +26,7 @@ struct RenderOptions {
     std::string codec;
     std::string quality;
     std::string encoderSpeed;
+    std::string encoderThreads;
     std::string exrPixels;
     std::string exrCompression;
     bool mute = false;

@@ -40,6 +40,8 @@ void readOutput(const RenderOptions& options, jobs::RenderJob& job) {
     if (!options.codec.empty()) job.codec = options.codec;
     job.quality = ifGiven("--quality", options.quality, parseQuality);
     if (!options.encoderSpeed.empty()) job.encoderSpeed = options.encoderSpeed;
+    job.encoderThreads = ifGiven("--encoder-threads", options.encoderThreads,
+                                 wholeFrom(1, media::kMostEncoderThreads));
     job.exrPixels = ifGiven("--exr-pixels", options.exrPixels, parseExrPixels);
     job.exrCompression = ifGiven("--exr-compression", options.exrCompression, parseExrCompression);
     job.mute = options.mute;

@@ -24,6 +24,7 @@ enum class JobField {
     Codec,
     Quality,
     EncoderSpeed,
+    EncoderThreads,
     ExrPixels,
     ExrCompression,
     Mute,

@@ -33,6 +33,7 @@ void visitFields(Job& job, const Visitor& visitor) {
     visitor(JobField::Codec, job.codec);
     visitor(JobField::Quality, job.quality);
     visitor(JobField::EncoderSpeed, job.encoderSpeed);
+    visitor(JobField::EncoderThreads, job.encoderThreads);
     visitor(JobField::ExrPixels, job.exrPixels);
     visitor(JobField::ExrCompression, job.exrCompression);
     visitor(JobField::Mute, job.mute);

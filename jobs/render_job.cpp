@@ -129,6 +129,7 @@ media::StorageChoice storageOf(const RenderJob& job) {
     return {.codec = job.codec,
             .quality = job.quality,
             .encoderSpeed = job.encoderSpeed,
+            .encoderThreads = job.encoderThreads,
             .exrPixels = job.exrPixels,
             .exrCompression = job.exrCompression};
 }
@@ -173,6 +174,7 @@ void checkJob(const RenderJob& job) {
     checkRegion(job);
     checkComparison(job);
     checkNumber(JobField::Quality, job.quality, 1, 100);
+    checkNumber(JobField::EncoderThreads, job.encoderThreads, 1, media::kMostEncoderThreads);
     checkNumber(JobField::FramesAtOnce, job.framesAtOnce, 1, kMostFramesAtOnce);
     checkNumber(JobField::Workers, job.workers, 1, kMostWorkers);
     if (!job.mask.empty()) checkMaskName(job.mask);

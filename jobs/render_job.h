@@ -45,6 +45,9 @@ struct RenderJob {
     std::optional<std::string> codec{};         ///< Of video: "ffv1".
     std::optional<int> quality{};               ///< Of lossy kinds: 1 to 100, the best.
     std::optional<std::string> encoderSpeed{};  ///< Of H.264 and H.265: "veryfast".
+    /// Of video, 1 to media::kMostEncoderThreads. With it the bytes of H.264 and H.265 are the same
+    /// on every machine; see media::WriteOptions.
+    std::optional<int> encoderThreads{};
     std::optional<media::ExrPixels> exrPixels{};
     std::optional<media::ExrCompression> exrCompression{};
     bool mute = false;                    ///< Write no sound.

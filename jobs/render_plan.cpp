@@ -68,6 +68,8 @@ void checkStorage(const RenderPlan& plan) {
 void noteQuality(const RenderJob& job, std::vector<Note>& notes) {
     const std::string doubt = media::qualityDoubt(job.output, storageOf(job));
     if (!doubt.empty()) notes.push_back({JobField::Quality, doubt});
+    const std::string rate = media::unlimitedRate(job.output, storageOf(job));
+    if (!rate.empty()) notes.push_back({JobField::EncoderThreads, rate, JobField::Quality});
 }
 
 void checkReadFilesKept(const RenderPlan& plan) {
@@ -137,6 +139,7 @@ media::WriteOptions writingOf(const RenderJob& job, const media::ClipInfo& clip,
             .quality = job.quality,
             .codec = job.codec,
             .encoderSpeed = job.encoderSpeed,
+            .encoderThreads = job.encoderThreads,
             .exrPixels = job.exrPixels,
             .exrCompression = job.exrCompression,
             .copied = copiedOf(job, clip, plan),

@@ -89,6 +89,7 @@ RUVEX_FUNCTION(avcodec_send_packet);
 
 #define RUVEX_LIBRARY "libavformat.so." AV_STRINGIFY(LIBAVFORMAT_VERSION_MAJOR)
 RUVEX_FUNCTION(av_find_best_stream);
+RUVEX_FUNCTION(av_guess_format);
 RUVEX_FUNCTION(av_interleaved_write_frame);
 RUVEX_FUNCTION(av_read_frame);
 RUVEX_FUNCTION(av_seek_frame);

@@ -20,6 +20,9 @@
 
 namespace ruvex::media {
 
+/// More threads would take more memory than the pictures that they encode are worth.
+inline constexpr int kMostEncoderThreads = 64;
+
 /// The format of a result.
 struct WriteOptions {
     FrameSize size;
@@ -35,6 +38,10 @@ struct WriteOptions {
     std::optional<std::string> codec{};  ///< For video; a name that findVideoCodec knows.
     /// For H.264 and H.265: the encoder's preset, "ultrafast" to "veryslow"; default: "medium".
     std::optional<std::string> encoderSpeed{};
+    /// For video: threads of the encoder, 1 to kMostEncoderThreads; default: by the machine. With a
+    /// number the bytes of H.264 and H.265 depend on nothing but the frames and these options: not
+    /// on the machine, and not on how threads take turns. See limitsRate.
+    std::optional<int> encoderThreads{};
     std::optional<ExrPixels> exrPixels{};            ///< For EXR; default: Float.
     std::optional<ExrCompression> exrCompression{};  ///< For EXR; default: Zip16.
     CopySource copied{};  ///< For video: whose audio, subtitles and so on to copy.

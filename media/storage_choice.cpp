@@ -61,6 +61,16 @@ std::string speedFault(const StorageChoice& choice, const VideoCodec* codec) {
     return "'" + *choice.encoderSpeed + "' is not an encoder speed. Use one of " + names + ".";
 }
 
+std::string threadsFault(FileKind kind, const StorageChoice& choice) {
+    if (!choice.encoderThreads) return "";
+    if (kind != FileKind::Video) {
+        return "A number of encoder threads can be chosen for video files only.";
+    }
+    if (*choice.encoderThreads >= 1 && *choice.encoderThreads <= kMostEncoderThreads) return "";
+    return "The number of encoder threads has to be from 1 to " +
+           std::to_string(kMostEncoderThreads) + ".";
+}
+
 std::string exrFault(FileKind kind, const StorageChoice& choice) {
     const bool chosen = choice.exrPixels || choice.exrCompression;
     return chosen && kind != FileKind::Exr
@@ -100,6 +110,7 @@ StorageChoice storageOf(const WriteOptions& options) {
     return {.codec = options.codec,
             .quality = options.quality,
             .encoderSpeed = options.encoderSpeed,
+            .encoderThreads = options.encoderThreads,
             .exrPixels = options.exrPixels,
             .exrCompression = options.exrCompression};
 }
@@ -110,7 +121,7 @@ std::string storageFault(const std::filesystem::path& path, const StorageChoice&
         kind == FileKind::Video ? findVideoCodec(path, choice.codec) : nullptr;
     for (const std::string& fault :
          {codecFault(path, choice, codec), qualityFault(kind, choice, codec),
-          speedFault(choice, codec), exrFault(kind, choice)}) {
+          speedFault(choice, codec), threadsFault(kind, choice), exrFault(kind, choice)}) {
         if (!fault.empty()) return fault;
     }
     return "";
@@ -136,6 +147,20 @@ std::string qualityDoubt(const std::filesystem::path& path, const StorageChoice&
            " is a low quality: the scale is 1 to 100, and 100 is the best. For what "
            "encoders call CRF " +
            typed + ", give " + std::to_string(qualityOfRateFactor(*choice.quality)) + ".";
+}
+
+bool limitsRate(const VideoCodec& codec, const StorageChoice& choice) {
+    const bool variable = codec.family == CodecFamily::H264 || codec.family == CodecFamily::H265;
+    return variable && !choice.quality && choice.encoderThreads.value_or(1) == 1;
+}
+
+std::string unlimitedRate(const std::filesystem::path& path, const StorageChoice& choice) {
+    const VideoCodec* codec =
+        fileKind(path) == FileKind::Video ? findVideoCodec(path, choice.codec) : nullptr;
+    if (!hasEncoderSpeed(codec) || choice.quality || limitsRate(*codec, choice)) return "";
+    return std::string(codec->title) +
+           " is coded without a limit of its bit rate: with several threads, a limit gives other "
+           "bytes each time. One thread keeps the limit.";
 }
 
 }  // namespace ruvex::media

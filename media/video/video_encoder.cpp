@@ -5,12 +5,12 @@ extern "C" {
 }
 
 #include <algorithm>
-#include <cstdint>
 #include <string>
 
 #include "media/av_library.h"
 #include "media/media_error.h"
 #include "media/pixels/yuv_convert.h"
+#include "media/video/interframe_settings.h"
 
 namespace ruvex::media {
 namespace {
@@ -101,10 +101,6 @@ void setFields(AVCodecContext& coder, const WriteOptions& options, const VideoCo
     const bool top = options.fields == FieldOrder::TopFirst;
     coder.field_order = top ? AV_FIELD_TT : AV_FIELD_BB;
     coder.flags |= AV_CODEC_FLAG_INTERLACED_DCT | AV_CODEC_FLAG_INTERLACED_ME;
-    if (codec.family == CodecFamily::H264) {
-        // The encoder marks the first frames as top field first if only the frames say the order.
-        av_opt_set(coder.priv_data, "x264-params", top ? "tff=1" : "bff=1", 0);
-    }
 }
 
 /// Every frame is a key frame, for fast seeking. Larger pictures are coded in slices with
@@ -117,32 +113,6 @@ void setExact(AVCodecContext& coder) {
     coder.level = slices ? kVersionWithSlices : kVersionWithoutSlices;
     coder.gop_size = 1;
     av_opt_set_int(coder.priv_data, "slicecrc", slices ? 1 : 0, 0);
-}
-
-/// Limits the bit rate, which snow and shash would otherwise raise to several times what players
-/// and networks take. Small pictures need more bits for a pixel.
-void limitRate(AVCodecContext& coder, const WriteOptions& options) {
-    constexpr double kMostBitsPerPixel = 1.0;
-    constexpr double kLeastLimit = 8e6;     // Bits a second.
-    constexpr double kMostLimit = 2e9;      // That the libraries' fields can hold.
-    constexpr double kBufferSeconds = 0.5;  // Over which the limit is kept.
-    const double pixels = static_cast<double>(options.size.width) * options.size.height;
-    const double wanted = kMostBitsPerPixel * pixels * options.rate.value();
-    const double limit = std::clamp(wanted, kLeastLimit, kMostLimit);
-    coder.rc_max_rate = static_cast<std::int64_t>(limit);
-    coder.rc_buffer_size = static_cast<int>(limit * kBufferSeconds);
-}
-
-/// Sets the constant rate factor and the preset of H.264 and H.265.
-void setRateFactor(AVCodecContext& coder, const VideoCodec& codec, const WriteOptions& options) {
-    const int factor = rateFactor(options.quality.value_or(codec.quality));
-    av_opt_set_int(coder.priv_data, "crf", factor, 0);
-    if (!options.quality) limitRate(coder, options);
-    if (options.encoderSpeed) {
-        av_opt_set(coder.priv_data, "preset", options.encoderSpeed->c_str(), 0);
-    }
-    // H.265's encoder would print a banner to the terminal for each file.
-    av_opt_set(coder.priv_data, "x265-params", "log-level=none", 0);
 }
 
 /// Sets the profile of ProRes and DNxHR. A profile has a bit rate of its own, but for a codec with
@@ -166,7 +136,7 @@ void setFamily(AVCodecContext& coder, const VideoCodec& codec, const WriteOption
         case CodecFamily::Dnxhr:
             return setProfile(coder, codec, options);
         default:
-            return setRateFactor(coder, codec, options);
+            return setInterframe(coder, codec, options);
     }
 }
 
@@ -181,7 +151,7 @@ AvCodec openEncoder(const VideoCodec& codec, const std::filesystem::path& path,
     const AVCodec& encoder = encoderFor(codec, path);
     AvCodec coder = newAvCodec(&encoder);
     describe(*coder, options, codec);
-    coder->thread_count = 0;
+    coder->thread_count = options.encoderThreads.value_or(0);
     if (globalHeader) {
         coder->flags |= AV_CODEC_FLAG_GLOBAL_HEADER;
     }

@@ -4,14 +4,10 @@
 
 #include <optional>
 
-#include "files/partial_file.h"
-#include "media/av_library.h"
 #include "media/frame_writer.h"
-#include "media/picture_pool.h"
-#include "media/pixels/yuv_convert.h"
-#include "media/sound/pcm_sound.h"
-#include "media/video/stream_copy.h"
+#include "media/video/picture_encoder.h"
 #include "media/video/video_codec.h"
+#include "media/video/video_container.h"
 
 namespace ruvex::media {
 
@@ -28,51 +24,40 @@ class VideoWriter : public FrameWriter {
 public:
     /// Throws MediaError, also for options that storageFault refuses.
     VideoWriter(const std::filesystem::path& path, const WriteOptions& options);
-    ~VideoWriter() override;
+
+    /// The same in a codec of its own; that of the options is ignored.
+    VideoWriter(const std::filesystem::path& path, const WriteOptions& options,
+                const VideoCodec& codec);
 
     void write(std::int64_t number, const Frame& frame) override;
     void finish() override;
-    HeldMemory held() const override;
+    HeldMemory held() const override { return encoder_.held(); }
     std::vector<std::string> remarks() const override;
+
+    /// Writes the next frame as a picture that the encoder takes; see PictureEncoder::send.
+    void writePicture(AVFrame& picture);
+
+    /// Writes the next frame as a packet of a codec that codes each frame by itself, coded before
+    /// with these options. Takes its contents.
+    void writePacket(AVPacket& packet);
+
+    /// The encoder's settings.
+    const AVCodecContext& coder() const { return encoder_.coder(); }
 
     /// Whether files of this extension can hold one of the codecs.
     static bool canWrite(const std::filesystem::path& path);
 
 private:
-    void openCoder(const WriteOptions& options);
-    void openContainer(const WriteOptions& options);
-    /// Adds what the source has beside its pictures.
-    void addBeside(CopySource source);
-    /// The frame in the encoder's format, with colours premultiplied if the options say so.
-    AVFrame& toPicture(const Frame& frame);
-    /// The frame in the encoder's format.
-    AVFrame& pack(const Frame& frame);
-    /// Encodes a picture and writes the packets that come of it; null drains the encoder.
-    void encode(const AVFrame* picture);
-    /// Writes what belongs to the time before `time`, in microseconds since the first picture,
-    /// beside the pictures.
-    void writeBeside(std::int64_t time);
-    /// Throws MediaError if `code`, a result of the libraries, is an error.
-    void check(int code) const;
-
-    struct Free {
-        void operator()(AVFormatContext* format) const { avformat_free_context(format); }
-    };
+    /// Writes the packets that the encoder has ready.
+    void writeReady();
 
     std::filesystem::path path_;
-    const VideoCodec& codec_;
-    std::optional<AlphaForm> alpha_;
+    VideoCodec codec_;
     FieldOrder fields_;  ///< As in the options.
-    files::PartialFile file_;
-    std::unique_ptr<AVFormatContext, Free> format_;
-    AvCodec coder_;
+    PictureEncoder encoder_;
+    VideoContainer container_;
     AvPacket packet_;
-    std::optional<StreamCopy> copy_;
-    std::optional<PcmSound> sound_;      ///< For MXF, into which sound is not copied.
-    std::optional<FrameToYuv> convert_;  ///< Empty for a codec that takes RGB.
-    std::optional<PicturePool> pictures_;
-    Frame premultiplied_;
-    std::int64_t sent_ = 0;  ///< Frames sent to the encoder so far.
+    std::int64_t frames_ = 0;  ///< Passed to one of the functions that write.
 };
 
 }  // namespace ruvex::media

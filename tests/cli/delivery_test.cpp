@@ -78,6 +78,10 @@ TEST(Delivery, ChoicesThatDoNotApplyAreWrongCommandLines) {
     EXPECT_EQ(status("o.mov", {"--encoder-speed", "fast"}), 2);
     EXPECT_EQ(status("o.mp4", {"--encoder-speed", "fastest"}), 2);
     EXPECT_EQ(status("o.mp4", {"--encoder-speed", "ultrafast"}), 0);
+    EXPECT_EQ(status("o.mp4", {"--encoder-threads", "2"}), 0);
+    EXPECT_EQ(status("o.mp4", {"--encoder-threads", "0"}), 2);
+    EXPECT_EQ(status("o.mp4", {"--encoder-threads", "65"}), 2);
+    EXPECT_EQ(status("o.jpg", {"--encoder-threads", "2"}), 2);
     EXPECT_EQ(status("o.png", {"--exr-pixels", "half"}), 2);
     EXPECT_EQ(status("o.exr", {"--exr-pixels", "double"}), 2);
     EXPECT_EQ(status("o.exr", {"--exr-pixels", "half"}), 0);

@@ -83,6 +83,7 @@ public:
         give(job.codec, std::string("h264"));
         give(job.quality, whole());
         give(job.encoderSpeed, std::string("fast"));
+        give(job.encoderThreads, whole());
         give(job.exrPixels, media::ExrPixels::Half);
         give(job.exrCompression, media::ExrCompression::Rle);
         job.mute = coin();

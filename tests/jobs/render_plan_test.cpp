@@ -149,7 +149,9 @@ TEST(RenderPlan, HandsOnHowTheResultIsStored) {
     RenderJob video = job();
     video.codec = "h264";
     video.encoderSpeed = "slow";
+    video.encoderThreads = 3;
     EXPECT_EQ(planOf(video, clip()).writing.encoderSpeed, "slow");
+    EXPECT_EQ(planOf(video, clip()).writing.encoderThreads, 3);
 }
 
 TEST(RenderPlan, NamesTheFieldThatIsWrong) {
@@ -171,6 +173,7 @@ TEST(RenderPlan, NamesTheFieldThatIsWrong) {
     EXPECT_EQ(wrongField([](RenderJob& j) { j.codec = "divx"; }), Output);
     EXPECT_EQ(wrongField([](RenderJob& j) { j.quality = 0; }), Quality);
     EXPECT_EQ(wrongField([](RenderJob& j) { j.encoderSpeed = "fast"; }), Output);
+    EXPECT_EQ(wrongField([](RenderJob& j) { j.encoderThreads = 65; }), EncoderThreads);
     EXPECT_EQ(wrongField([](RenderJob& j) { j.exrPixels = media::ExrPixels::Half; }), Output);
     EXPECT_EQ(wrongField([](RenderJob& j) { j.size = media::FrameSize{5, 5}; }), Size);
     EXPECT_EQ(wrongField([](RenderJob& j) { j.input = "in.%d.rgba8"; }), Input);
