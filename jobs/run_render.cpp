@@ -26,16 +26,28 @@ std::shared_ptr<SharedClip> clipOf(const RenderPlan& plan,
                                         others ? AnyFrame : None);
 }
 
+std::unique_ptr<media::FrameReader> openInput(const RenderPlan& plan, const std::stop_token& stop) {
+    media::ReadOptions reading = plan.reading;
+    reading.stop = stop;
+    return media::openReader(plan.input, reading);
+}
+
+OpenResult openOutput(const RenderPlan& plan) {
+    return [&plan](const media::WriteOptions& writing) {
+        files::removeAbandoned(plan.output);
+        return media::openWriter(plan.output, writing);
+    };
+}
+
 RenderEnd render(const RenderPlan& plan, std::unique_ptr<media::FrameReader> reader,
-                 RenderEvents& events, const std::stop_token& stop) {
+                 const OpenResult& open, RenderEvents& events, const std::stop_token& stop) {
     const FramesToMake frames = framesToMake(plan, stop);
     events.begun(frames);
     Pipeline pipeline(plan, clipOf(plan, std::move(reader)), stop);
-    files::removeAbandoned(plan.output);
     media::WriteOptions writing = plan.writing;
     writing.stop = stop;
     writing.written = [&] { events.frameWritten(); };
-    const auto writer = media::openWriter(plan.output, writing);
+    const auto writer = open(writing);
     for (const std::string& remark : writer->remarks()) {
         events.remark(remark);
     }
@@ -54,19 +66,22 @@ RenderEnd render(const RenderPlan& plan, std::unique_ptr<media::FrameReader> rea
 }  // namespace
 
 RenderEnd runRender(const RenderPlan& plan, RenderEvents& events, const std::stop_token& stop) {
-    try {
-        media::ReadOptions reading = plan.reading;
-        reading.stop = stop;
-        return render(plan, media::openReader(plan.input, reading), events, stop);
-    } catch (const media::Stopped&) {
-        return RenderEnd::Stopped;
-    }
+    return renderInto(openOutput(plan), plan, events, stop);
 }
 
 RenderEnd runRender(const RenderPlan& plan, std::unique_ptr<media::FrameReader> reader,
                     RenderEvents& events, const std::stop_token& stop) {
     try {
-        return render(plan, std::move(reader), events, stop);
+        return render(plan, std::move(reader), openOutput(plan), events, stop);
+    } catch (const media::Stopped&) {
+        return RenderEnd::Stopped;
+    }
+}
+
+RenderEnd renderInto(const OpenResult& open, const RenderPlan& plan, RenderEvents& events,
+                     const std::stop_token& stop) {
+    try {
+        return render(plan, openInput(plan, stop), open, events, stop);
     } catch (const media::Stopped&) {
         return RenderEnd::Stopped;
     }

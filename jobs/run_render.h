@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <stop_token>
 #include <string>
@@ -42,5 +43,12 @@ RenderEnd runRender(const RenderPlan& plan, RenderEvents& events, const std::sto
 /// it cannot be opened twice.
 RenderEnd runRender(const RenderPlan& plan, std::unique_ptr<media::FrameReader> reader,
                     RenderEvents& events, const std::stop_token& stop = {});
+
+/// Opens what takes the results, with the plan's options for writing.
+using OpenResult = std::function<std::unique_ptr<media::FrameWriter>(const media::WriteOptions&)>;
+
+/// The same with results that go elsewhere than into plan.output.
+RenderEnd renderInto(const OpenResult& open, const RenderPlan& plan, RenderEvents& events,
+                     const std::stop_token& stop = {});
 
 }  // namespace ruvex::jobs

@@ -13,6 +13,7 @@ extern "C" {
 #include <libavutil/imgutils.h>
 #include <libavutil/opt.h>
 #include <libavutil/pixdesc.h>
+#include <libavutil/sha.h>
 #include <libavutil/timecode.h>
 #include <libswresample/swresample.h>
 #include <libswscale/swscale.h>
@@ -58,6 +59,10 @@ RUVEX_FUNCTION(av_reduce);
 RUVEX_FUNCTION(av_rescale);
 RUVEX_FUNCTION(av_rescale_q);
 RUVEX_FUNCTION(av_rescale_q_rnd);
+RUVEX_FUNCTION(av_sha_alloc);
+RUVEX_FUNCTION(av_sha_final);
+RUVEX_FUNCTION(av_sha_init);
+RUVEX_FUNCTION(av_sha_update);
 RUVEX_FUNCTION(av_strerror);
 RUVEX_FUNCTION(av_timecode_init_from_string);
 RUVEX_FUNCTION(av_timecode_make_string);

@@ -1,6 +1,7 @@
 #include "media/video/video_decoder.h"
 
 #include <string_view>
+#include <utility>
 
 #include "media/av_library.h"
 #include "media/media_error.h"
@@ -23,8 +24,8 @@ AVColorRange usualRange(const AVFormatContext& file) {
 
 }  // namespace
 
-VideoDecoder::VideoDecoder(const std::filesystem::path& path)
-    : path_(path), packet_(newAvPacket()) {
+VideoDecoder::VideoDecoder(const std::filesystem::path& path, Watch watch)
+    : path_(path), watch_(std::move(watch)), packet_(newAvPacket()) {
     rewind();
 }
 
@@ -66,6 +67,7 @@ void VideoDecoder::feed() {
         return;
     }
     drained_ = !file_->next(*packet_);
+    if (watch_ && !drained_) watch_(*packet_);
     const int code = avcodec_send_packet(codec_.get(), drained_ ? nullptr : packet_.get());
     if (code < 0) {
         throw undecodable(path_, code);

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <memory>
 
 #include "media/av_library.h"
@@ -14,7 +15,10 @@ namespace ruvex::media {
 /// decoded.
 class VideoDecoder {
 public:
-    explicit VideoDecoder(const std::filesystem::path& path);
+    /// Is shown each packet of the video that is read.
+    using Watch = std::function<void(const AVPacket&)>;
+
+    explicit VideoDecoder(const std::filesystem::path& path, Watch watch = {});
 
     const AVStream& stream() const { return file_->stream(); }
     const AVFormatContext& file() const { return file_->format(); }
@@ -36,6 +40,7 @@ private:
     void feed();
 
     std::filesystem::path path_;
+    Watch watch_;
     std::unique_ptr<VideoFile> file_;
     AvCodec codec_;
     AvPacket packet_;

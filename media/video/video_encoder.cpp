@@ -24,20 +24,6 @@ bool isEven(FrameSize size) {
     return size.width % 2 == 0 && size.height % 2 == 0;
 }
 
-AVPixelFormat formatFor(const VideoCodec& codec, const WriteOptions& options) {
-    const bool deep = options.depth == Depth::S214;
-    if (codec.format != AV_PIX_FMT_NONE) {
-        return codec.format;
-    }
-    if (codec.exact) {
-        return deep ? AV_PIX_FMT_RGBA64LE : AV_PIX_FMT_BGRA;
-    }
-    if (deep && codec.family == CodecFamily::H265) {
-        return isEven(options.size) ? AV_PIX_FMT_YUV420P10LE : AV_PIX_FMT_YUV444P10LE;
-    }
-    return isEven(options.size) ? AV_PIX_FMT_YUV420P : AV_PIX_FMT_YUV444P;
-}
-
 /// The matrix to mark. BT.601 has a code point for 625 lines and one for 525, with the same
 /// coefficients; where the options do not say which, the height does.
 AVColorSpace yuvMatrix(const WriteOptions& options, const VideoCodec& codec) {
@@ -85,7 +71,7 @@ void describe(AVCodecContext& coder, const WriteOptions& options, const VideoCod
     coder.sample_aspect_ratio = toAvRational(options.pixelAspect);
     coder.color_primaries = static_cast<AVColorPrimaries>(options.colour.primaries);
     coder.color_trc = static_cast<AVColorTransferCharacteristic>(options.colour.transfer);
-    coder.pix_fmt = formatFor(codec, options);
+    coder.pix_fmt = pixelFormat(codec, options);
     coder.chroma_sample_location = exact ? AVCHROMA_LOC_UNSPECIFIED : AVCHROMA_LOC_LEFT;
     coder.colorspace = exact ? AVCOL_SPC_RGB : yuvMatrix(options, codec);
     const bool full = exact || (options.colour.full && codec.fullRange);
@@ -141,6 +127,20 @@ void setFamily(AVCodecContext& coder, const VideoCodec& codec, const WriteOption
 }
 
 }  // namespace
+
+AVPixelFormat pixelFormat(const VideoCodec& codec, const WriteOptions& options) {
+    const bool deep = options.depth == Depth::S214;
+    if (codec.format != AV_PIX_FMT_NONE) {
+        return codec.format;
+    }
+    if (codec.exact) {
+        return deep ? AV_PIX_FMT_RGBA64LE : AV_PIX_FMT_BGRA;
+    }
+    if (deep && codec.family == CodecFamily::H265) {
+        return isEven(options.size) ? AV_PIX_FMT_YUV420P10LE : AV_PIX_FMT_YUV444P10LE;
+    }
+    return isEven(options.size) ? AV_PIX_FMT_YUV420P : AV_PIX_FMT_YUV444P;
+}
 
 bool isInterlaced(const AVCodecContext& coder) {
     return coder.field_order == AV_FIELD_TT || coder.field_order == AV_FIELD_BB;

@@ -10,6 +10,9 @@
 
 namespace ruvex::media {
 
+/// The format of the pictures that the codec's encoder takes.
+AVPixelFormat pixelFormat(const VideoCodec& codec, const WriteOptions& options);
+
 /// Opens an encoder. Its context has the pixel format, colour description, time base, pixel aspect
 /// and field order of the pictures that it takes. `globalHeader`: the container needs the codec's
 /// headers outside of the packets. `path` is for messages. Throws MediaError.

@@ -1,0 +1,63 @@
+// Reading the chunks of a video, with a digest of what is read.
+
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <string>
+
+#include "media/sha256.h"
+#include "media/video/video_decoder.h"
+#include "media/video/video_file.h"
+
+namespace ruvex::media {
+
+/// A file with some of a video's frames.
+struct ChunkFile {
+    std::filesystem::path file;
+    std::string frames;      ///< Their place in the clip, for messages and the digest: "40-79".
+    std::int64_t count = 0;  ///< How many.
+};
+
+/// The file's packets or pictures, once from its beginning to its end. All functions throw
+/// MediaError, whose message names the chunk, if the file is missing or damaged.
+class ChunkReader {
+public:
+    /// Opens the file, to read packets, or pictures if it `decodes`.
+    ChunkReader(ChunkFile chunk, bool decodes);
+    ChunkReader(const ChunkReader&) = delete;
+    ChunkReader& operator=(const ChunkReader&) = delete;
+
+    /// Checks that the packets are of the codec that `coder` writes, with the same headers.
+    void checkCoding(const AVCodecContext& coder) const;
+
+    /// Reads the next packet. False at the end.
+    bool next(AVPacket& packet);
+
+    /// Decodes the next picture, which has to have the size and format of those that `coder` takes.
+    /// False at the end.
+    bool next(AVFrame& picture, const AVCodecContext& coder);
+
+    /// The digest of the chunk's place and of all packets, to be called at the end. Throws unless
+    /// there were as many as the chunk has frames.
+    std::string finish();
+
+private:
+    template <class Read>
+    auto reading(const Read& read) const;
+    void open(bool decodes);
+    void take(const AVPacket& packet);
+    [[noreturn]] void refuse(const std::string& what) const;
+
+    ChunkFile chunk_;
+    Sha256 digest_;
+    std::int64_t packets_ = 0;
+    std::optional<VideoFile> file_;        ///< Where packets are read.
+    std::optional<VideoDecoder> decoder_;  ///< Where pictures are read.
+};
+
+/// Reads the whole file, and gives ChunkReader::finish.
+std::string digestOfChunk(const ChunkFile& chunk);
+
+}  // namespace ruvex::media
