@@ -41,10 +41,28 @@ std::string unknownCommand(const std::string& name) {
     return "There is no command " + files::inQuotes(name) + ". 'ruvex --help' lists them.";
 }
 
+/// The command line ended with the first word of commands, or goes on with none of them.
+std::string familyFault(const std::string& family, const std::vector<std::string>& left) {
+    const std::string help = "'ruvex " + family + " --help' lists them.";
+    if (left.empty()) return "A command is required after 'ruvex " + family + "'. " + help;
+    return "There is no command " + files::inQuotes(family + " " + left.front()) + ". " + help;
+}
+
+/// The first word of commands, where no command follows it; empty for other lines.
+std::string familyAlone(const CLI::App& app) {
+    const std::vector<CLI::App*> parsed = app.get_subcommands();
+    const bool alone = parsed.size() == 1 && parsed.front()->get_subcommands().empty() &&
+                       parsed.front()->get_require_subcommand_min() > 0;
+    return alone ? parsed.front()->get_name() : std::string();
+}
+
 /// What is wrong with the words.
 std::string faultOf(const CLI::App& app, const CLI::ParseError& error) {
     // In the order in which they were typed; the parser's own sentence reverses them.
     const std::vector<std::string> left = app.remaining(true);
+    if (const std::string family = familyAlone(app); !family.empty()) {
+        return familyFault(family, left);
+    }
     if (app.get_subcommands().empty() && !left.empty()) {
         return left.front().starts_with('-')
                    ? "There is no option " + files::inQuotes(left.front()) + "."
@@ -87,7 +105,9 @@ std::string textAskedFor(const Parser& parser, const std::vector<Command>& comma
     }
     const HelpLength length = isLong ? HelpLength::Long : HelpLength::Short;
     const Command* command = namedCommand(parser);
-    return command == nullptr ? programHelp(commands, length) : commandHelp(*command, length);
+    if (command != nullptr) return commandHelp(*command, length);
+    const std::string family = familyAlone(parser.app);
+    return family.empty() ? programHelp(commands, length) : familyHelp(commands, family, length);
 }
 
 bool lacks(bool) {
@@ -134,6 +154,7 @@ std::string helpText(const std::vector<Command>& commands, const std::string& na
     for (const Command& command : commands) {
         if (name == command.name) return commandHelp(command, HelpLength::Long);
     }
+    if (isFamily(commands, name)) return familyHelp(commands, name, HelpLength::Long);
     refuse(unknownCommand(name), commands, {name});
 }
 

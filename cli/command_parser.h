@@ -20,8 +20,8 @@ struct ParsedLine {
 ParsedLine parseCommandLine(const std::vector<Command>& commands, int argc,
                             const char* const* argv);
 
-/// What --help prints after the command `name`; of the whole program where that is empty. Throws
-/// UsageError for a name that is no command's.
+/// What --help prints after the command `name`, or after the first word of several commands; of the
+/// whole program where that is empty. Throws UsageError for a name that is no command's.
 std::string helpText(const std::vector<Command>& commands, const std::string& name);
 
 }  // namespace ruvex::cli

@@ -1,6 +1,9 @@
 #include "cli/command_table.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
+#include <iterator>
+#include <sstream>
 
 #include "cli/value_kind.h"
 
@@ -41,6 +44,17 @@ void declareNeeds(CLI::App& parser, const OptionTable& options) {
     }
 }
 
+/// What the commands of a family are added to.
+CLI::App& parentOf(CLI::App& parser, const std::string& family) {
+    if (family.empty()) return parser;
+    const auto known =
+        parser.get_subcommands([&](const CLI::App* app) { return app->get_name() == family; });
+    if (!known.empty()) return *known.front();
+    CLI::App& parent = *parser.add_subcommand(family);
+    parent.require_subcommand(1);
+    return parent;
+}
+
 }  // namespace
 
 std::string longName(const Option& option) {
@@ -48,8 +62,25 @@ std::string longName(const Option& option) {
     return names.substr(names.find(',') + 1);
 }
 
+std::vector<std::string> wordsOf(const Command& command) {
+    std::istringstream text(command.name);
+    return {std::istream_iterator<std::string>(text), {}};
+}
+
+std::string familyOf(const Command& command) {
+    const std::vector<std::string> words = wordsOf(command);
+    return words.size() > 1 ? words.front() : std::string();
+}
+
+bool isFamily(const std::vector<Command>& commands, const std::string& word) {
+    return std::ranges::any_of(commands, [&](const Command& command) {
+        return !word.empty() && familyOf(command) == word;
+    });
+}
+
 CLI::App& declareCommand(CLI::App& parser, const Command& command) {
-    CLI::App& declared = *parser.add_subcommand(command.name, command.summary);
+    CLI::App& parent = parentOf(parser, familyOf(command));
+    CLI::App& declared = *parent.add_subcommand(wordsOf(command).back(), command.summary);
     for (const Option& option : command.options) {
         declareOption(declared, option);
     }

@@ -35,6 +35,7 @@ using OptionTable = std::vector<Option>;
 std::string longName(const Option& option);
 
 struct Command {
+    /// "render"; "farm submit" for one of the commands that begin with the word "farm".
     const char* name;
     const char* summary;
     /// Their targets live as long as `run`.
@@ -47,6 +48,15 @@ struct Command {
     /// together, other exceptions for a job that failed.
     std::function<int()> run;
 };
+
+/// The words of the command's name: {"farm", "submit"}.
+std::vector<std::string> wordsOf(const Command& command);
+
+/// The first word of the name of a command that has two; empty for others.
+std::string familyOf(const Command& command);
+
+/// Whether the name of some command begins with this word, and goes on.
+bool isFamily(const std::vector<Command>& commands, const std::string& word);
 
 /// Adds the command with its options to what the parser knows. `command` must live until the
 /// command line is parsed.

@@ -1,5 +1,7 @@
 #include "cli/completion.h"
 
+#include <algorithm>
+
 #include "cli/shell_text.h"
 #include "cli/value_kind.h"
 #include "parameters/parameter_table.h"
@@ -89,7 +91,7 @@ std::string bashCases(const Command& command) {
         if (isPlace(option) || valueKind(option) == ValueKind::None) continue;
         std::string pattern;
         for (const std::string& form : namesOf(option)) {
-            pattern.append(pattern.empty() ? "" : "|").append(name).append(":").append(form);
+            pattern.append(pattern.empty() ? "" : "|").append(shellQuoted(name + ":" + form));
         }
         text.append("        ").append(pattern).append(") ").append(bashValue(option));
         text += "; return ;;\n";
@@ -97,10 +99,46 @@ std::string bashCases(const Command& command) {
     return text;
 }
 
-std::vector<std::string> commandNames(const std::vector<Command>& commands) {
+/// The first words of the commands, each once.
+std::vector<std::string> firstWords(const std::vector<Command>& commands) {
     std::vector<std::string> names;
-    for (const Command& command : commands) names.emplace_back(command.name);
+    for (const Command& command : commands) {
+        const std::string first = wordsOf(command).front();
+        if (std::ranges::count(names, first) == 0) names.push_back(first);
+    }
     return names;
+}
+
+/// The second words of the commands that begin with `family`.
+std::vector<std::string> secondWords(const std::vector<Command>& commands,
+                                     const std::string& family) {
+    std::vector<std::string> names;
+    for (const Command& command : commands) {
+        if (familyOf(command) == family) names.push_back(wordsOf(command).back());
+    }
+    return names;
+}
+
+/// Completes the second word of a command, and makes two words the command's name.
+std::string bashFamilies(const std::vector<Command>& commands) {
+    std::string text;
+    for (const std::string& first : firstWords(commands)) {
+        if (!isFamily(commands, first)) continue;
+        text += "    if [ \"$command\" = " + first + " ]; then\n";
+        text += "        if [ \"$COMP_CWORD\" -eq 2 ]; then " +
+                bashWords(secondWords(commands, first)) + "; return; fi\n";
+        text += "        command+=\" ${COMP_WORDS[2]}\"\n    fi\n";
+    }
+    return text;
+}
+
+/// The condition that fish tests: all words of the command's name were typed.
+std::string fishCondition(const Command& command) {
+    std::string text;
+    for (const std::string& word : wordsOf(command)) {
+        text += (text.empty() ? "" : "; and ") + ("__fish_seen_subcommand_from " + word);
+    }
+    return text;
 }
 
 std::string fishValue(const Option& option) {
@@ -120,9 +158,19 @@ std::string fishValue(const Option& option) {
     }
 }
 
+/// The last word of the command's name, after the words before it.
+std::string fishCommand(const Command& command) {
+    const std::string family = familyOf(command);
+    std::string text = "complete -c ruvex -n __fish_use_subcommand -f -a ";
+    if (!family.empty()) {
+        text +=
+            family + "\ncomplete -c ruvex -n '__fish_seen_subcommand_from " + family + "' -f -a ";
+    }
+    return text + wordsOf(command).back() + " -d " + shellQuoted(command.summary) + "\n";
+}
+
 std::string fishOption(const Command& command, const Option& option) {
-    std::string text =
-        std::string("complete -c ruvex -n '__fish_seen_subcommand_from ") + command.name + "'";
+    std::string text = "complete -c ruvex -n '" + fishCondition(command) + "'";
     for (const std::string& name : namesOf(option)) {
         text += name.starts_with("--") ? " -l " + name.substr(2) : " -s " + name.substr(1);
     }
@@ -132,27 +180,25 @@ std::string fishOption(const Command& command, const Option& option) {
 }  // namespace
 
 std::string bashCompletion(const std::vector<Command>& commands) {
-    std::vector<std::string> first = commandNames(commands);
+    std::vector<std::string> first = firstWords(commands);
     first.insert(first.end(), {"-h", "--help", "--version"});
     std::string text = kBashHead;
     text += "    if [ \"$COMP_CWORD\" -le 1 ]; then " + bashWords(first) + "; return; fi\n";
+    text += bashFamilies(commands);
     text += "    case $command:$before in\n";
     for (const Command& command : commands) text += bashCases(command);
     text += "    esac\n    case $command:$typed in\n";
     for (const Command& command : commands) {
-        text.append("        ").append(command.name).append(":-*) ");
+        text.append("        ").append(shellQuoted(std::string(command.name) + ":")).append("-*) ");
         text.append(bashWords(optionNames(command))).append("; return ;;\n");
     }
-    text += "        help:*) " + bashWords(commandNames(commands)) + "; return ;;\n";
+    text += "        help:*) " + bashWords(firstWords(commands)) + "; return ;;\n";
     return text + "    esac\n    _ruvex_files\n" + kBashTail;
 }
 
 std::string fishCompletion(const std::vector<Command>& commands) {
     std::string text = "# Completion of ruvex for fish.\n";
-    for (const Command& command : commands) {
-        text += std::string("complete -c ruvex -n __fish_use_subcommand -f -a ") + command.name +
-                " -d " + shellQuoted(command.summary) + "\n";
-    }
+    for (const Command& command : commands) text += fishCommand(command);
     for (const Command& command : commands) {
         for (const Option& option : command.options) {
             if (!isPlace(option)) text += fishOption(command, option);

@@ -2,6 +2,8 @@
 
 #include <iostream>
 #include <memory>
+#include <string>
+#include <vector>
 
 #include "cli/command_parser.h"
 #include "cli/commands.h"
@@ -15,7 +17,7 @@ namespace ruvex::cli {
 namespace {
 
 struct HelpOptions {
-    std::string command;
+    std::vector<std::string> command;
     bool man = false;
     std::string completion;
 };
@@ -27,6 +29,13 @@ std::string completionFor(const std::string& shell) {
                      " is no shell that it is made for; write bash, zsh or fish.");
 }
 
+/// The name of a command may have two words.
+std::string nameOf(const std::vector<std::string>& words) {
+    std::string name;
+    for (const std::string& word : words) name.append(name.empty() ? "" : " ").append(word);
+    return name;
+}
+
 std::string textOf(const HelpOptions& options) {
     const int wishes = (options.man ? 1 : 0) + (options.completion.empty() ? 0 : 1) +
                        (options.command.empty() ? 0 : 1);
@@ -34,7 +43,7 @@ std::string textOf(const HelpOptions& options) {
         throw UsageError("A command, --man and --completion do not go together. Choose one.");
     }
     if (options.man) return manPage(commands());
-    return options.completion.empty() ? helpText(commands(), options.command)
+    return options.completion.empty() ? helpText(commands(), nameOf(options.command))
                                       : completionFor(options.completion);
 }
 

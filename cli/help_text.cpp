@@ -162,6 +162,16 @@ std::string programHelp(const std::vector<Command>& commands, HelpLength length)
     return length == HelpLength::Short ? text : text + "\n" + exitStatusText() + "\n";
 }
 
+std::string familyHelp(const std::vector<Command>& commands, const std::string& family,
+                       HelpLength length) {
+    std::string text = "Usage: ruvex " + family + " COMMAND [OPTIONS]\n\nCommands:\n";
+    for (const Command& command : commands) {
+        if (familyOf(command) == family) text += entry(command.name, command.summary);
+    }
+    text += "\nOptions:\n" + helpEntries(length);
+    return length == HelpLength::Short ? text : text + "\n" + exitStatusText() + "\n";
+}
+
 std::string commandHelp(const Command& command, HelpLength length) {
     std::string text = std::string(command.summary) + ".\n" + usageOf(command);
     text += command.options.size() > kMostUngrouped ? groupedOptions(command, length)

@@ -17,4 +17,8 @@ enum class HelpLength { Short, Long };
 std::string programHelp(const std::vector<Command>& commands, HelpLength length);
 std::string commandHelp(const Command& command, HelpLength length);
 
+/// Of the commands whose names begin with the word `family`.
+std::string familyHelp(const std::vector<Command>& commands, const std::string& family,
+                       HelpLength length);
+
 }  // namespace ruvex::cli

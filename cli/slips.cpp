@@ -229,6 +229,19 @@ std::string inCommand(const Command& command, std::span<const std::string> typed
     return reason + " " + didYouMean(commandText(command, words));
 }
 
+/// Instead of the second word of a command's name.
+std::string inFamily(const std::vector<Command>& commands, std::span<const std::string> words) {
+    std::vector<std::string> names;
+    for (const Command& command : commands) {
+        if (familyOf(command) == words.front()) names.push_back(wordsOf(command).back());
+    }
+    const std::vector<std::string_view> known(names.begin(), names.end());
+    const std::string_view similar =
+        words.size() > 1 ? similarLabel(words[1], known) : std::string_view();
+    if (similar.empty()) return "";
+    return "Did you mean " + files::inQuotes(words.front() + " " + std::string(similar)) + "?";
+}
+
 /// Instead of the name of a command.
 std::string asCommand(const std::vector<Command>& commands, std::span<const std::string> words) {
     std::vector<std::string_view> names;
@@ -260,10 +273,15 @@ std::string meantInstead(const std::vector<Command>& commands, std::span<const s
     // More words are no slip of the hand, and trying all ways to join them would take long.
     constexpr std::size_t kMostWords = 100;
     if (words.empty() || words.size() > kMostWords) return "";
-    const auto named =
-        std::ranges::find_if(commands, [&](const Command& c) { return words.front() == c.name; });
-    if (named == commands.end()) return asCommand(commands, words);
-    return inCommand(*named, words.subspan(1));
+    for (const Command& command : commands) {
+        const std::vector<std::string> name = wordsOf(command);
+        if (words.size() < name.size() || !std::ranges::equal(name, words.first(name.size()))) {
+            continue;
+        }
+        return inCommand(command, words.subspan(name.size()));
+    }
+    return isFamily(commands, words.front()) ? inFamily(commands, words)
+                                             : asCommand(commands, words);
 }
 
 }  // namespace ruvex::cli

@@ -46,7 +46,7 @@ TEST(ExitStatuses, AreInEveryHelpAndInTheReadme) {
               "Ctrl-C.");
     EXPECT_TRUE(holds(ruvex({"--help"}).out, text));
     for (const Command& command : commands()) {
-        EXPECT_TRUE(holds(ruvex({command.name, "--help"}).out, text)) << command.name;
+        EXPECT_TRUE(holds(ruvex(wordsOf(command) + Arguments{"--help"}).out, text)) << command.name;
     }
     std::ifstream file(RUVEX_README);
     const std::string readme(std::istreambuf_iterator<char>(file), {});
@@ -56,9 +56,9 @@ TEST(ExitStatuses, AreInEveryHelpAndInTheReadme) {
 TEST(Help, TellsOfEachCommandWhatItsOwnHelpTells) {
     EXPECT_EQ(ruvex({"help"}).out, ruvex({"--help"}).out);
     for (const Command& command : commands()) {
-        const Outcome help = ruvex({"help", command.name});
+        const Outcome help = ruvex(Arguments{"help"} + wordsOf(command));
         EXPECT_EQ(help.status, 0);
-        EXPECT_EQ(help.out, ruvex({command.name, "--help"}).out) << command.name;
+        EXPECT_EQ(help.out, ruvex(wordsOf(command) + Arguments{"--help"}).out) << command.name;
     }
     EXPECT_EQ(ruvex({"help", "rendre"}).status, 2);
     EXPECT_EQ(ruvex({"help", "render", "--man"}).status, 2);
@@ -73,7 +73,7 @@ void expectNarrow(const std::string& text) {
 
 TEST(Help, IsShortWithOneDash) {
     for (const Command& command : commands()) {
-        const Outcome shorter = ruvex({command.name, "-h"});
+        const Outcome shorter = ruvex(wordsOf(command) + Arguments{"-h"});
         EXPECT_EQ(shorter.status, 0);
         EXPECT_EQ(shorter.out, commandHelp(command, HelpLength::Short));
         EXPECT_LT(shorter.out.size(), commandHelp(command, HelpLength::Long).size());
@@ -212,8 +212,13 @@ using Words = std::vector<std::string>;
 TEST(Completion, OffersEveryCommandAndOption) {
     const Words first = offered({""});
     for (const Command& command : commands()) {
-        EXPECT_EQ(std::ranges::count(first, command.name), 1) << command.name;
-        const Words options = offered({command.name, "-"});
+        const Words name = wordsOf(command);
+        EXPECT_EQ(std::ranges::count(first, name.front()), 1) << command.name;
+        if (name.size() > 1) {
+            const Words second = offered({name.front(), ""});
+            EXPECT_EQ(std::ranges::count(second, name.back()), 1) << command.name;
+        }
+        const Words options = offered(name + Words{"-"});
         std::size_t expected = 2;  // -h and --help
         for (const Option& option : command.options) {
             for (const std::string& name : namesOf(option)) {
@@ -255,7 +260,7 @@ TEST(Completion, FishKnowsTheSameOptions) {
         for (const Option& option : command.options) {
             for (const std::string& name : namesOf(option)) {
                 if (!name.starts_with("--")) continue;
-                const std::string start = std::string("from ") + command.name + "'";
+                const std::string start = "from " + wordsOf(command).back() + "'";
                 EXPECT_TRUE(holds(script, start)) << command.name;
                 EXPECT_TRUE(holds(script, std::string(" -l ").append(name, 2).append(" "))) << name;
             }
