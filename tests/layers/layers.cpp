@@ -120,7 +120,8 @@ const std::vector<Layer>& layers() {
         {"media", {"files", "sdk/images/sample_convert.h", "imaging/kernels/dispatch.h"}},
         {"looks", {"runtime", "parameters", "files", "sdk"}},
         {"jobs", {"looks", "media", "runtime", "parameters", "files", "sdk"}},
-        {"cli", {"jobs", "looks", "media", "runtime", "parameters", "files", "sdk"}},
+        {"farm", {"jobs", "looks", "media", "runtime", "parameters", "files", "sdk"}},
+        {"cli", {"farm", "jobs", "looks", "media", "runtime", "parameters", "files", "sdk"}},
         {"desk", {"jobs", "looks", "media", "runtime", "parameters", "files", "sdk"}},
         {"adapters", {"looks", "runtime", "parameters", "files", "sdk"}},
     };
@@ -135,7 +136,7 @@ const std::vector<OutsideLibrary>& outsideLibraries() {
         {"EGL/", {"runtime"}},
         {"Q", {"desk"}},
         {"CLI/", {"cli"}},
-        {"nlohmann/", {"looks", "jobs", "cli", "desk", "adapters"}},
+        {"nlohmann/", {"looks", "jobs", "farm", "cli", "desk", "adapters"}},
     };
     return all;
 }

@@ -1,0 +1,63 @@
+#include "farm/cancelling.h"
+
+#include <chrono>
+#include <set>
+#include <thread>
+
+#include "farm/farm_error.h"
+#include "farm/slurm.h"
+#include "files/partial_file.h"
+
+namespace ruvex::farm {
+namespace {
+
+using namespace std::chrono_literals;
+
+std::vector<QueuedElement> inQueue(const Farm& farm) {
+    auto elements = queuedElements(farm.job());
+    if (!elements) throw FarmError("Slurm is not installed here: its queue cannot be changed.");
+    return *std::move(elements);
+}
+
+void waitForEnd(const Farm& farm, const std::stop_token& stop) {
+    constexpr auto kPause = 500ms;
+    constexpr auto kLongest = 2min;
+    for (auto waited = 0ms; !inQueue(farm).empty() && !stop.stop_requested(); waited += kPause) {
+        if (waited >= kLongest) {
+            throw FarmError("Tasks of " + farm.layout().folder().string() +
+                            " do not end. 'squeue' lists them; cancel again when they have.");
+        }
+        std::this_thread::sleep_for(kPause);
+    }
+}
+
+void removeIncomplete(const Farm& farm) {
+    for (const FarmClip& clip : farm.job().clips) {
+        files::removeAbandoned(clip.output);
+        if (clip.isJoined()) {
+            files::removeAbandoned(farm.layout().chunks() / ("%06d" + clip.chunkExtension));
+        }
+    }
+    for (const std::filesystem::path& records : {farm.layout().done(), farm.layout().failed()}) {
+        files::removeAbandoned(records / "chunk-%06d.json");
+        files::removeAbandoned(records / "join-%06d.json");
+    }
+}
+
+}  // namespace
+
+std::int64_t cancelAll(const Farm& farm, const std::stop_token& stop) {
+    const std::vector<QueuedElement> elements = inQueue(farm);
+    std::set<std::string> arrays;
+    for (const QueuedElement& element : elements) arrays.insert(element.array);
+    cancelArrays(std::vector<std::string>(arrays.begin(), arrays.end()));
+    if (!elements.empty()) {
+        waitForEnd(farm, stop);
+        // A younger file counts as one that a program has just begun.
+        std::this_thread::sleep_for(1100ms);
+    }
+    removeIncomplete(farm);
+    return std::ssize(elements);
+}
+
+}  // namespace ruvex::farm

@@ -1,0 +1,121 @@
+#include "farm/farm_file.h"
+
+#include "farm/farm_error.h"
+#include "jobs/stored_path.h"
+#include "looks/json_document.h"
+
+namespace ruvex::farm {
+namespace {
+
+using looks::Json;
+
+constexpr const char* kVersionName = "ruvexFarm";
+
+Json schedulerJson(const SchedulerOptions& options) {
+    Json json = {{"partition", options.partition},
+                 {"account", options.account},
+                 {"time", options.time},
+                 {"joinTime", options.joinTime},
+                 {"extra", options.extra}};
+    if (options.maxTasks) json["maxTasks"] = *options.maxTasks;
+    return json;
+}
+
+SchedulerOptions schedulerFrom(const Json& json) {
+    SchedulerOptions options{.partition = json.at("partition"),
+                             .account = json.at("account"),
+                             .time = json.at("time"),
+                             .joinTime = json.at("joinTime"),
+                             .extra = json.at("extra")};
+    if (json.contains("maxTasks")) options.maxTasks = json["maxTasks"].get<int>();
+    return options;
+}
+
+Json clipJson(const FarmClip& clip) {
+    Json json = {{"name", clip.name},
+                 {"jobDigest", clip.jobDigest},
+                 {"input", jobs::storedPath(clip.input, {})},
+                 {"output", jobs::storedPath(clip.output, {})},
+                 {"firstFrame", clip.frames.first},
+                 {"lastFrame", clip.frames.last},
+                 {"chunkExtension", clip.chunkExtension},
+                 {"firstChunk", clip.firstChunk}};
+    if (clip.inputStamp) {
+        json["inputBytes"] = clip.inputStamp->bytes;
+        json["inputModified"] = clip.inputStamp->modified;
+    }
+    return json;
+}
+
+FarmClip clipFrom(const Json& json) {
+    FarmClip clip{.name = json.at("name"),
+                  .jobDigest = json.at("jobDigest"),
+                  .input = jobs::pathFromStored(json.at("input"), {}),
+                  .output = jobs::pathFromStored(json.at("output"), {}),
+                  .frames = {json.at("firstFrame"), json.at("lastFrame")},
+                  .chunkExtension = json.at("chunkExtension"),
+                  .firstChunk = json.at("firstChunk")};
+    if (json.contains("inputBytes")) {
+        clip.inputStamp = FileStamp{json["inputBytes"], json.at("inputModified")};
+    }
+    return clip;
+}
+
+/// Chunks follow one another without a gap, and each has frames.
+void checkChunks(const FarmJob& job) {
+    std::int64_t next = 0;
+    bool sound = job.chunkFrames > 0 && !job.clips.empty();
+    for (const FarmClip& clip : job.clips) {
+        const jobs::FrameRange& frames = clip.frames;
+        sound = sound && clip.firstChunk == next && frames.first >= 0 &&
+                frames.last >= frames.first && frames.last < jobs::kFrameNumberEnd;
+        if (!sound) break;
+        next += chunksOf(job, clip);
+    }
+    if (!sound) throw looks::JsonError("its chunks do not make sense.");
+}
+
+FarmJob farmFrom(const Json& json) {
+    if (json.at(kVersionName) != kFarmVersion) {
+        throw looks::JsonError(
+            "it is of another version than this program's. Use the ruvex that "
+            "made it.");
+    }
+    FarmJob job{.id = json.at("id"),
+                .program = {json.at("program").at("version"), json["program"].at("build")},
+                .chunkFrames = json.at("chunkFrames"),
+                .keepChunks = json.at("keepChunks"),
+                .scheduler = schedulerFrom(json.at("scheduler")),
+                .clips = {}};
+    for (const Json& clip : json.at("clips")) job.clips.push_back(clipFrom(clip));
+    checkChunks(job);
+    return job;
+}
+
+}  // namespace
+
+std::string farmText(const FarmJob& job) {
+    Json clips = Json::array();
+    for (const FarmClip& clip : job.clips) clips.push_back(clipJson(clip));
+    const Json json = {
+        {kVersionName, kFarmVersion},
+        {"id", job.id},
+        {"program", {{"version", job.program.version}, {"build", job.program.build}}},
+        {"chunkFrames", job.chunkFrames},
+        {"keepChunks", job.keepChunks},
+        {"scheduler", schedulerJson(job.scheduler)},
+        {"clips", clips}};
+    return json.dump(2) + "\n";
+}
+
+FarmJob parseFarm(const std::string& name, const std::string& text) {
+    try {
+        return farmFrom(looks::parseJson(text));
+    } catch (const looks::JsonError& error) {
+        throw FarmError(name + ": " + error.what());
+    } catch (const Json::exception&) {
+        throw FarmError(name + ": this is not a farm job that ruvex has made.");
+    }
+}
+
+}  // namespace ruvex::farm

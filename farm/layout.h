@@ -1,0 +1,43 @@
+// The folder of a farm job: which file stands where.
+
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <string>
+
+namespace ruvex::farm {
+
+/// Names only; nothing has to exist.
+class Layout {
+public:
+    /// `folder` becomes absolute: every machine has to see it under this name.
+    explicit Layout(const std::filesystem::path& folder);
+
+    const std::filesystem::path& folder() const { return folder_; }
+    /// What the job is; never written again.
+    std::filesystem::path farmFile() const { return folder_ / "farm.json"; }
+    /// The render of a clip, as 'ruvex render --save-job' writes it.
+    std::filesystem::path jobFile(const std::string& clip) const;
+    std::filesystem::path script() const { return folder_ / "task.sh"; }
+    /// Locked while something is submitted.
+    std::filesystem::path lock() const { return folder_ / "lock"; }
+    std::filesystem::path logs() const { return folder_ / "logs"; }
+    /// What a task of a scheduler's array has printed.
+    std::filesystem::path log(const std::string& array, std::int64_t index) const;
+    std::filesystem::path chunks() const { return folder_ / "chunks"; }
+    /// The file of a chunk of a video.
+    std::filesystem::path chunkFile(std::int64_t number, const std::string& extension) const;
+    std::filesystem::path done() const { return folder_ / "done"; }
+    std::filesystem::path doneRecord(std::int64_t chunk) const;
+    std::filesystem::path joinRecord(std::size_t clip) const;
+    std::filesystem::path failed() const { return folder_ / "failed"; }
+    std::filesystem::path failureRecord(std::int64_t chunk) const;
+    std::filesystem::path joinFailureRecord(std::size_t clip) const;
+
+private:
+    std::filesystem::path folder_;
+};
+
+}  // namespace ruvex::farm

@@ -1,0 +1,49 @@
+#include "farm/program_identity.h"
+
+#include <array>
+#include <filesystem>
+#include <system_error>
+#include <unistd.h>
+
+#include "files/read_file.h"
+#include "files/sha256.h"
+#include "runtime/module_loader.h"
+
+namespace ruvex::farm {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::size_t kShownDigits = 16;
+
+std::string digestOfFiles() {
+    files::Sha256 digest;
+    digest.add(files::readWhole("/proc/self/exe"));
+    const fs::path module = runtime::Module::loadDefault()->file();
+    digest.add(files::readWhole(module));
+    for (const char* library : {"libdssdk.so", "libdsvwr.so", "libil.so"}) {
+        const fs::path file = module.parent_path() / library;
+        std::error_code error;
+        if (fs::exists(file, error)) digest.add(files::readWhole(file));
+    }
+    return digest.finish().substr(0, kShownDigits);
+}
+
+}  // namespace
+
+const ProgramIdentity& runningProgram() {
+    static const ProgramIdentity program{RUVEX_VERSION, digestOfFiles()};
+    return program;
+}
+
+std::string toText(const ProgramIdentity& program) {
+    return program.version + " (build " + program.build + ")";
+}
+
+std::string hostName() {
+    // A test gives the name of a machine that there is only one of.
+    std::array<char, 256> name{};
+    return gethostname(name.data(), name.size() - 1) == 0 ? name.data() : "this machine";
+}
+
+}  // namespace ruvex::farm

@@ -1,0 +1,137 @@
+#include "farm/slurm.h"
+
+#include <charconv>
+#include <sstream>
+
+#include "farm/farm_error.h"
+#include "farm/number_list.h"
+#include "farm/process.h"
+#include "files/words.h"
+
+namespace ruvex::farm {
+namespace {
+
+/// Enough for a task to remove what is incomplete, and little of any limit on time.
+constexpr const char* kSecondsBeforeKill = "30";
+
+std::string firstLine(const std::string& text) {
+    return files::printable(text.substr(0, text.find('\n')));
+}
+
+/// Throws FarmError unless the program has ended with 0.
+void checkEnd(const std::string& program, const ProcessResult& result) {
+    if (result.status == 0) return;
+    throw FarmError(program + " refuses: " +
+                    (result.err.empty() ? "it gives no reason." : firstLine(result.err)));
+}
+
+[[noreturn]] void refuseWithoutSlurm(const Farm& farm) {
+    throw FarmError("Slurm is not installed here: 'ruvex farm plan " +
+                    farm.layout().folder().string() +
+                    "' prints the commands for another scheduler.");
+}
+
+void addIfGiven(std::vector<std::string>& words, const char* option, const std::string& value) {
+    if (!value.empty()) words.push_back(option + value);
+}
+
+std::string timeOf(const SchedulerOptions& options, Work work) {
+    return work == Work::Join && !options.joinTime.empty() ? options.joinTime : options.time;
+}
+
+/// The list of elements, "0-5,7%20".
+std::string elementsOf(const NewArray& array, const SchedulerOptions& options) {
+    std::vector<std::int64_t> elements;
+    for (const std::int64_t number : array.numbers) elements.push_back(number - array.name.first);
+    std::string text = numberList(elements);
+    if (options.maxTasks && array.name.work == Work::Task) {
+        text.append("%").append(std::to_string(*options.maxTasks));
+    }
+    return text;
+}
+
+std::vector<std::string> wordsFor(const Farm& farm, const NewArray& array) {
+    const SchedulerOptions& options = farm.job().scheduler;
+    std::vector<std::string> words = {
+        "sbatch",
+        "--parsable",
+        "--job-name=" + toText(array.name, farm.job()),
+        "--array=" + elementsOf(array, options),
+        "--chdir=" + farm.layout().folder().string(),
+        // %x is the name, %a the number of the element.
+        "--output=logs/%x_%a.txt",
+        "--open-mode=append",
+        "--requeue",
+        std::string("--signal=B:TERM@") + kSecondsBeforeKill,
+    };
+    addIfGiven(words, "--partition=", options.partition);
+    addIfGiven(words, "--account=", options.account);
+    addIfGiven(words, "--time=", timeOf(options, array.name.work));
+    std::string after;
+    for (const std::string& id : array.after) after.append(":").append(id);
+    addIfGiven(words, "--dependency=afterany", after);
+    words.insert(words.end(), options.extra.begin(), options.extra.end());
+    words.insert(words.end(), {farm.layout().script().string(), wordOf(array.name.work),
+                               std::to_string(array.name.first)});
+    return words;
+}
+
+std::optional<std::int64_t> wholeNumber(const std::string& text) {
+    std::int64_t number = 0;
+    const auto read = std::from_chars(text.data(), text.data() + text.size(), number);
+    const bool whole = read.ec == std::errc() && read.ptr == text.data() + text.size();
+    return whole ? std::optional(number) : std::nullopt;
+}
+
+std::optional<QueuedElement> elementIn(const FarmJob& job, const std::string& line) {
+    std::istringstream stream(line);
+    std::string name;
+    std::string array;
+    std::string index;
+    std::string state;
+    std::string reason;
+    for (std::string* part : {&name, &array, &index, &state}) std::getline(stream, *part, '|');
+    std::getline(stream, reason);
+    const auto known = arrayNamed(name, job);
+    const auto element = wholeNumber(index);
+    if (!known || !element) return std::nullopt;
+    return QueuedElement{known->work, known->first + *element, array, state != "PENDING", reason};
+}
+
+}  // namespace
+
+std::string submitArray(const Farm& farm, const NewArray& array) {
+    const auto result = runProgram(wordsFor(farm, array));
+    if (!result) refuseWithoutSlurm(farm);
+    checkEnd("sbatch", *result);
+    // "123", or "123;CLUSTER".
+    return firstLine(result->out.substr(0, result->out.find(';')));
+}
+
+std::vector<QueuedElement> parseQueue(const FarmJob& job, const std::string& text) {
+    std::vector<QueuedElement> elements;
+    std::istringstream lines(text);
+    for (std::string line; std::getline(lines, line);) {
+        if (auto element = elementIn(job, line)) elements.push_back(*std::move(element));
+    }
+    return elements;
+}
+
+std::optional<std::vector<QueuedElement>> queuedElements(const FarmJob& job) {
+    const auto result = runProgram({"squeue", "--noheader", "--array",
+                                    "--name=" + allArrayNames(job), "--format=%j|%F|%K|%T|%r"});
+    if (!result) return std::nullopt;
+    checkEnd("squeue", *result);
+    return parseQueue(job, result->out);
+}
+
+void cancelArrays(std::span<const std::string> arrays) {
+    if (arrays.empty()) return;
+    std::vector<std::string> words = {"scancel"};
+    words.insert(words.end(), arrays.begin(), arrays.end());
+    const auto result = runProgram(words);
+    if (!result) throw FarmError("Slurm is not installed here: there is no program scancel.");
+    checkEnd("scancel", *result);
+}
+
+}  // namespace ruvex::farm

@@ -1,0 +1,144 @@
+#include "farm/status.h"
+
+#include <algorithm>
+
+#include "farm/log_reading.h"
+#include "farm/slurm.h"
+
+namespace ruvex::farm {
+namespace {
+
+/// What is known of something that is neither done nor queued; empty if nothing is.
+std::optional<FailedPart> failureOf(const Farm& farm, Work work, std::int64_t number,
+                                    const std::filesystem::path& record) {
+    const LogFailure log = failureIn(logOf(farm, work, number));
+    if (const auto failure = readFailure(record)) {
+        return FailedPart{"", failure->host, failure->sentence};
+    }
+    if (!log.exists) return std::nullopt;
+    return FailedPart{"", log.host,
+                      log.sentence.empty() ? "it ended without a message: it was killed, or its "
+                                             "machine failed."
+                                           : log.sentence};
+}
+
+/// Elements that wait for a person, not for a turn.
+bool isHeld(const QueuedElement& element) {
+    return element.reason.find("eld") != std::string::npos ||
+           element.reason.find("DependencyNeverSatisfied") != std::string::npos;
+}
+
+void addElement(FarmStatus& status, const QueuedElement& element) {
+    if (element.work == Work::Join) {
+        status.joinRuns = status.joinRuns || element.running;
+    } else {
+        (element.running ? status.running : status.waiting) += 1;
+    }
+    if (!element.running && isHeld(element) &&
+        std::ranges::count(status.held, element.reason) == 0) {
+        status.held.push_back(element.reason);
+    }
+}
+
+void mark(std::vector<bool>& all, std::int64_t number) {
+    if (number >= 0 && number < std::ssize(all)) all[static_cast<std::size_t>(number)] = true;
+}
+
+}  // namespace
+
+std::optional<double> FarmStatus::secondsLeft() const {
+    if (!(framesPerSecond > 0.0) || (queueKnown && running == 0)) return std::nullopt;
+    return static_cast<double>(frames - framesDone) / framesPerSecond;
+}
+
+StatusReader::StatusReader(const Farm& farm)
+    : farm_(farm),
+      chunks_(static_cast<std::size_t>(farm.chunks())),
+      clips_(farm.job().clips.size()) {}
+
+void StatusReader::readRecords() {
+    for (std::size_t i = 0; i < chunks_.size(); ++i) {
+        if (chunks_[i]) continue;
+        const FarmChunk chunk = farm_.chunk(static_cast<std::int64_t>(i));
+        chunks_[i] = readDone(farm_.layout().doneRecord(chunk.number), chunk.frames);
+    }
+    for (std::size_t i = 0; i < clips_.size(); ++i) {
+        if (!clips_[i]) clips_[i] = completeClip(farm_, i);
+    }
+}
+
+double StatusReader::framesPerSecond() const {
+    // Enough to even out chunks of different weight, and few enough to follow the nodes' number.
+    constexpr std::size_t kRecent = 64;
+    std::vector<const DoneRecord*> recent;
+    for (const auto& record : chunks_) {
+        if (record) recent.push_back(&*record);
+    }
+    std::ranges::sort(recent, std::greater(), &DoneRecord::finished);
+    if (recent.size() > kRecent) recent.resize(kRecent);
+    if (recent.empty()) return 0.0;
+    // The chunks ran at the same time: their frames over the time from the first start to the last
+    // end.
+    double start = recent.front()->finished;
+    std::int64_t frames = 0;
+    for (const DoneRecord* record : recent) {
+        start = std::min(start, record->finished - record->seconds);
+        frames += record->frames.count();
+    }
+    const double seconds = recent.front()->finished - start;
+    return seconds > 0.0 ? static_cast<double>(frames) / seconds : 0.0;
+}
+
+void StatusReader::addFailures(FarmStatus& status, const std::vector<bool>& queuedChunks,
+                               const std::vector<bool>& queuedJoins) const {
+    for (std::size_t i = 0; i < chunks_.size(); ++i) {
+        const FarmChunk chunk = farm_.chunk(static_cast<std::int64_t>(i));
+        if (chunks_[i] || queuedChunks[i] || clips_[chunk.clip]) continue;
+        auto failure =
+            failureOf(farm_, Work::Task, chunk.number, farm_.layout().failureRecord(chunk.number));
+        if (!failure) {
+            ++status.absent;
+            continue;
+        }
+        failure->what = toText(farm_, chunk);
+        status.failed.push_back(*std::move(failure));
+    }
+    // A join that lacks chunks tells nothing more than these do.
+    if (!status.failed.empty() || status.absent > 0) return;
+    for (std::size_t i = 0; i < clips_.size(); ++i) {
+        if (clips_[i] || queuedJoins[i]) continue;
+        auto failure = failureOf(farm_, Work::Join, static_cast<std::int64_t>(i),
+                                 farm_.layout().joinFailureRecord(i));
+        if (!failure) continue;
+        failure->what = joinText(farm_.job().clips[i]);
+        status.failed.push_back(*std::move(failure));
+    }
+}
+
+FarmStatus StatusReader::read() {
+    FarmStatus status;
+    // The queue first: what leaves it afterwards has its record already.
+    const auto queue = queuedElements(farm_.job());
+    readRecords();
+    status.queueKnown = queue.has_value();
+    std::vector<bool> queuedChunks(chunks_.size());
+    std::vector<bool> queuedJoins(clips_.size());
+    for (const QueuedElement& element : queue.value_or(std::vector<QueuedElement>())) {
+        addElement(status, element);
+        mark(element.work == Work::Task ? queuedChunks : queuedJoins, element.number);
+    }
+    status.chunks = std::ssize(chunks_);
+    status.clips = std::ssize(clips_);
+    for (std::size_t i = 0; i < chunks_.size(); ++i) {
+        const jobs::FrameRange frames = farm_.chunk(static_cast<std::int64_t>(i)).frames;
+        status.frames += frames.count();
+        status.framesDone += chunks_[i] ? frames.count() : 0;
+        status.chunksDone += chunks_[i] ? 1 : 0;
+    }
+    status.clipsComplete = std::ranges::count_if(clips_, [](const auto& one) { return !!one; });
+    status.framesPerSecond = framesPerSecond();
+    addFailures(status, queuedChunks, queuedJoins);
+    return status;
+}
+
+}  // namespace ruvex::farm
