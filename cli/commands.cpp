@@ -1,6 +1,9 @@
 #include "cli/commands.h"
 
+#include <utility>
+
 #include "cli/compare_command.h"
+#include "cli/farm_commands.h"
 #include "cli/help_command.h"
 #include "cli/level_command.h"
 #include "cli/module_command.h"
@@ -12,8 +15,10 @@
 namespace ruvex::cli {
 
 std::vector<Command> newCommands() {
-    return {renderCommand(), compareCommand(), runCommand(),    levelCommand(),
-            paramsCommand(), presetsCommand(), moduleCommand(), helpCommand()};
+    std::vector<Command> all = {renderCommand(), compareCommand(), runCommand(),    levelCommand(),
+                                paramsCommand(), presetsCommand(), moduleCommand(), helpCommand()};
+    for (Command& command : farmCommands()) all.insert(all.end() - 1, std::move(command));
+    return all;
 }
 
 const std::vector<Command>& commands() {

@@ -10,6 +10,8 @@ namespace ruvex::cli {
 inline constexpr int kDone = 0;
 inline constexpr int kFailed = 1;
 inline constexpr int kWrongCommandLine = 2;
+/// Of 'ruvex farm status' before the end.
+inline constexpr int kUnderWay = 3;
 /// Of a program that was stopped: 128 and the number of SIGINT, whichever of the signals it was.
 inline constexpr int kStopped = 130;
 
@@ -19,10 +21,11 @@ struct ExitStatus {
 };
 
 /// All that there are.
-inline constexpr std::array<ExitStatus, 4> kExitStatuses = {{
+inline constexpr std::array<ExitStatus, 5> kExitStatuses = {{
     {kDone, "done"},
     {kFailed, "the job failed"},
     {kWrongCommandLine, "the command line is wrong"},
+    {kUnderWay, "a farm job is under way"},
     {kStopped, "stopped by Ctrl-C"},
 }};
 

@@ -8,7 +8,7 @@
 
 namespace ruvex::cli {
 
-enum class OptionGroup { InAndOut, Look, Time, Picture, Work, Other };
+enum class OptionGroup { InAndOut, Look, Time, Picture, Work, Farm, Other };
 
 struct GroupTitle {
     OptionGroup group;
@@ -16,12 +16,13 @@ struct GroupTitle {
 };
 
 /// All groups, in the order of the help.
-inline constexpr std::array<GroupTitle, 6> kGroupTitles = {{
+inline constexpr std::array<GroupTitle, 7> kGroupTitles = {{
     {OptionGroup::InAndOut, "Input and output"},
     {OptionGroup::Look, "Look"},
     {OptionGroup::Time, "Time"},
     {OptionGroup::Picture, "Picture"},
     {OptionGroup::Work, "How it is rendered and reported"},
+    {OptionGroup::Farm, "Chunks and scheduler"},
     {OptionGroup::Other, "Other"},
 }};
 

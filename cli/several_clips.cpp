@@ -93,17 +93,6 @@ void checkNames(const std::vector<RenderOptions>& clips) {
     }
 }
 
-void makeFolder(const RenderOptions& options) {
-    const bool isNew = options.output.ends_with('/') && !fs::exists(options.output);
-    if (!isNew || options.dryRun || !options.saveJob.empty()) return;
-    std::error_code error;
-    fs::create_directory(fs::path(options.output).parent_path(), error);
-    if (error) {
-        throw UsageError("The folder " + options.output + " cannot be made: " + error.message() +
-                         ".");
-    }
-}
-
 /// Once, for all pictures of it.
 void warnOfSequence(const std::vector<RenderOptions>& clips) {
     if (talkOf(clips.front().talk) == Talk::Quiet) return;
@@ -146,9 +135,20 @@ std::vector<RenderOptions> clipsOf(const RenderOptions& options) {
     return clips;
 }
 
+void makeResultFolder(const RenderOptions& options) {
+    const bool isNew = options.output.ends_with('/') && !fs::exists(options.output);
+    if (!isNew || options.dryRun || !options.saveJob.empty()) return;
+    std::error_code error;
+    fs::create_directory(fs::path(options.output).parent_path(), error);
+    if (error) {
+        throw UsageError("The folder " + options.output + " cannot be made: " + error.message() +
+                         ".");
+    }
+}
+
 int renderClips(const RenderOptions& options, const RenderOne& render) {
     const std::vector<RenderOptions> clips = clipsOf(options);
-    makeFolder(options);
+    makeResultFolder(options);
     return clips.size() == 1 ? render(clips.front(), "") : renderAll(clips, render);
 }
 

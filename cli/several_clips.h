@@ -17,6 +17,10 @@ namespace ruvex::cli {
 /// results of one name.
 std::vector<RenderOptions> clipsOf(const RenderOptions& options);
 
+/// Makes the folder that the output names with a '/' at its end, unless it exists or the options
+/// write no result. Throws UsageError if it cannot be made.
+void makeResultFolder(const RenderOptions& options);
+
 /// Renders one clip; the exit status. `label` is put before the line of progress.
 using RenderOne = std::function<int(const RenderOptions& one, const std::string& label)>;
 

@@ -62,8 +62,7 @@ std::string toText(const Farm& farm, const FarmChunk& chunk) {
 }
 
 std::string joinText(const FarmClip& clip) {
-    return (clip.isJoined() ? "the join of " : "the check of ") +
-           clip.output.filename().string();
+    return (clip.isJoined() ? "the join of " : "the check of ") + clip.output.filename().string();
 }
 
 void checkId(const Farm& farm, const std::string& id) {

@@ -112,7 +112,7 @@ public:
                                        layout_.chunks(), layout_.done(), layout_.failed()}) {
             std::error_code error;
             fs::create_directory(folder, error);
-            if (error) throw FarmError(files::writeFailure(folder, error.value()));
+            if (error) throw FarmError(files::writeFailure(final_, error.value()));
         }
     }
     ~NewFolder() {

@@ -1,6 +1,7 @@
 #include "farm/program_identity.h"
 
 #include <array>
+#include <cstdlib>
 #include <filesystem>
 #include <system_error>
 #include <unistd.h>
@@ -41,7 +42,8 @@ std::string toText(const ProgramIdentity& program) {
 }
 
 std::string hostName() {
-    // A test gives the name of a machine that there is only one of.
+    // As the scheduler calls it: what its other programs name it by.
+    if (const char* node = std::getenv("SLURMD_NODENAME")) return node;
     std::array<char, 256> name{};
     return gethostname(name.data(), name.size() - 1) == 0 ? name.data() : "this machine";
 }

@@ -21,7 +21,7 @@ const ProgramIdentity& runningProgram();
 /// "0.1.0 (build 0123456789abcdef)".
 std::string toText(const ProgramIdentity& program);
 
-/// The name of this machine in its network.
+/// The name of this machine, as the scheduler has it or else in its network.
 std::string hostName();
 
 }  // namespace ruvex::farm

@@ -21,8 +21,8 @@ std::string firstLine(const std::string& text) {
 /// Throws FarmError unless the program has ended with 0.
 void checkEnd(const std::string& program, const ProcessResult& result) {
     if (result.status == 0) return;
-    throw FarmError(program + " refuses: " +
-                    (result.err.empty() ? "it gives no reason." : firstLine(result.err)));
+    throw FarmError(program + " failed: " +
+                    (result.err.empty() ? "it gives no reason" : firstLine(result.err)));
 }
 
 [[noreturn]] void refuseWithoutSlurm(const Farm& farm) {

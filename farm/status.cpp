@@ -1,7 +1,9 @@
 #include "farm/status.h"
 
 #include <algorithm>
+#include <utility>
 
+#include "farm/farm_error.h"
 #include "farm/log_reading.h"
 #include "farm/slurm.h"
 
@@ -30,13 +32,25 @@ bool isHeld(const QueuedElement& element) {
 
 void addElement(FarmStatus& status, const QueuedElement& element) {
     if (element.work == Work::Join) {
-        status.joinRuns = status.joinRuns || element.running;
+        (element.running ? status.joinRuns : status.joinWaits) = true;
     } else {
         (element.running ? status.running : status.waiting) += 1;
     }
     if (!element.running && isHeld(element) &&
         std::ranges::count(status.held, element.reason) == 0) {
         status.held.push_back(element.reason);
+    }
+}
+
+/// Empty too where it is not known.
+std::vector<QueuedElement> queueOf(const FarmJob& job, FarmStatus& status) {
+    try {
+        auto elements = queuedElements(job);
+        status.queueKnown = elements.has_value();
+        return std::move(elements).value_or(std::vector<QueuedElement>());
+    } catch (const FarmError& error) {
+        status.queueFault = error.what();
+        return {};
     }
 }
 
@@ -118,12 +132,11 @@ void StatusReader::addFailures(FarmStatus& status, const std::vector<bool>& queu
 FarmStatus StatusReader::read() {
     FarmStatus status;
     // The queue first: what leaves it afterwards has its record already.
-    const auto queue = queuedElements(farm_.job());
+    const auto queue = queueOf(farm_.job(), status);
     readRecords();
-    status.queueKnown = queue.has_value();
     std::vector<bool> queuedChunks(chunks_.size());
     std::vector<bool> queuedJoins(clips_.size());
-    for (const QueuedElement& element : queue.value_or(std::vector<QueuedElement>())) {
+    for (const QueuedElement& element : queue) {
         addElement(status, element);
         mark(element.work == Work::Task ? queuedChunks : queuedJoins, element.number);
     }

@@ -27,8 +27,10 @@ struct FarmStatus {
     std::int64_t clips = 0;
     std::int64_t clipsComplete = 0;
     bool queueKnown = false;  ///< Without Slurm on this machine it is not.
+    std::string queueFault;   ///< Why a Slurm that is here does not tell; may be empty.
     std::int64_t running = 0;
     std::int64_t waiting = 0;
+    bool joinWaits = false;
     bool joinRuns = false;
     std::vector<std::string> held;  ///< Reasons for which the scheduler holds elements back.
     std::vector<FailedPart> failed;
@@ -38,7 +40,7 @@ struct FarmStatus {
     bool complete() const { return clipsComplete == clips; }
     /// Something waits or runs, or may do so where the queue is not known.
     bool underWay() const {
-        return running + waiting > 0 || joinRuns || (!queueKnown && failed.empty());
+        return running + waiting > 0 || joinWaits || joinRuns || (!queueKnown && failed.empty());
     }
     /// Seconds until the last chunk is done; empty where it cannot be said.
     std::optional<double> secondsLeft() const;
@@ -49,8 +51,7 @@ class StatusReader {
 public:
     explicit StatusReader(const Farm& farm);
 
-    /// Records that were read once are not read again. Throws FarmError if the queue does not
-    /// answer.
+    /// Records that were read once are not read again.
     FarmStatus read();
 
 private:

@@ -42,8 +42,8 @@ std::string outputOf(const std::string& command, int& status) {
 TEST(ExitStatuses, AreInEveryHelpAndInTheReadme) {
     const std::string text = exitStatusText();
     EXPECT_EQ(text,
-              "Exit status: 0 done, 1 the job failed, 2 the command line is wrong, 130 stopped by "
-              "Ctrl-C.");
+              "Exit status: 0 done, 1 the job failed, 2 the command line is wrong, 3 a farm job is "
+              "under way, 130 stopped by Ctrl-C.");
     EXPECT_TRUE(holds(ruvex({"--help"}).out, text));
     for (const Command& command : commands()) {
         EXPECT_TRUE(holds(ruvex(wordsOf(command) + Arguments{"--help"}).out, text)) << command.name;
