@@ -69,9 +69,9 @@ void printDetails(const FarmStatus& status, const std::string& folder) {
         std::cout << "The scheduler holds tasks back: " << files::printable(reason) << ".\n";
     }
     if (!status.queueKnown && !status.complete()) {
-        std::cout << (status.queueFault.empty() ? "Slurm is not installed here"
+        std::cout << (status.queueFault.empty() ? "Slurm is not installed here."
                                                 : files::printable(status.queueFault))
-                  << ": what waits or runs is not known.\n";
+                  << " What waits or runs is not known.\n";
     } else if (!status.underWay() && !status.complete()) {
         if (status.absent > 0) {
             std::cout << status.absent << (status.absent == 1 ? " chunk is" : " chunks are")
@@ -153,7 +153,7 @@ int watch(const farm::Farm& job) {
             const int written = finishOutput();
             return written == kDone ? statusCode(status) : written;
         }
-        pause(terminal ? 2000ms : 5000ms, signals.token());
+        pause(2000ms, signals.token());
         if (signals.token().stop_requested()) {
             if (terminal) std::cout << std::endl;
             return kStopped;

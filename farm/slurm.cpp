@@ -18,11 +18,20 @@ std::string firstLine(const std::string& text) {
     return files::printable(text.substr(0, text.find('\n')));
 }
 
+/// The first line of what a program says of its failure, as a sentence without the program's name.
+std::string reasonIn(const std::string& program, const std::string& err) {
+    std::string line = firstLine(err);
+    for (const std::string& start : {program + ": ", std::string("error: ")}) {
+        if (line.starts_with(start)) line.erase(0, start.size());
+    }
+    if (line.empty()) return "it gives no reason.";
+    return line.ends_with('.') ? line : line + ".";
+}
+
 /// Throws FarmError unless the program has ended with 0.
 void checkEnd(const std::string& program, const ProcessResult& result) {
     if (result.status == 0) return;
-    throw FarmError(program + " failed: " +
-                    (result.err.empty() ? "it gives no reason" : firstLine(result.err)));
+    throw FarmError(program + " failed: " + reasonIn(program, result.err));
 }
 
 [[noreturn]] void refuseWithoutSlurm(const Farm& farm) {

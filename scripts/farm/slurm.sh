@@ -1,6 +1,6 @@
 # A Slurm of our own for tests: one slurmctld and two slurmd, n0 and n1, on this machine, with all of
 # its files in one folder, and ports that belong to this run. Without authentication: anyone on the
-# machine could submit while it runs. To be sourced by bash, as root.
+# machine could submit while it runs. To be sourced by bash.
 
 # slurm_conf FOLDER: writes the configuration.
 slurm_conf() {
@@ -9,8 +9,8 @@ slurm_conf() {
     cat >"$folder/slurm.conf" <<CONF
 ClusterName=test
 SlurmctldHost=localhost(127.0.0.1)
-SlurmUser=root
-SlurmdUser=root
+SlurmUser=$(id -un)
+SlurmdUser=$(id -un)
 AuthType=auth/none
 CredType=cred/none
 ProctrackType=proctrack/pgid
@@ -92,7 +92,7 @@ start_slurm() {
 
 stop_slurm() {
     local node pid
-    scancel -u root >/dev/null 2>&1 || true
+    scancel -u "$(id -un)" >/dev/null 2>&1 || true
     for node in "${!slurm_node[@]}"; do
         kill "${slurm_node[$node]}" 2>/dev/null || true
         for pid in $(processes_of "$node"); do kill -KILL "$pid" 2>/dev/null || true; done

@@ -1,0 +1,44 @@
+#include <chrono>
+
+#include "tests/farm/fake_scheduler.h"
+
+namespace ruvex::farm {
+namespace {
+
+using cli::holds;
+using cli::Outcome;
+
+struct FarmCancel : FakeScheduler {};
+
+TEST_F(FarmCancel, EndsTasksAndKeepsWhatIsDone) {
+    makePictures(6);
+    ASSERT_EQ(submit().status, 0);
+    ASSERT_EQ(runTask("task", 0), 0);
+    setQueue({"task|1|RUNNING", "task|2|PENDING", "join|0|PENDING"});
+    // What a task that was killed has left, two seconds ago.
+    const auto partial = folder.file(".out.2.rgba8.partial-1-0");
+    write(".out.2.rgba8.partial-1-0", "half");
+    std::filesystem::last_write_time(
+        partial, std::filesystem::file_time_type::clock::now() - std::chrono::seconds(2));
+    const Outcome outcome = farm({"cancel", path("out.farm")});
+    EXPECT_EQ(outcome.status, 0) << outcome.err;
+    EXPECT_EQ(calls("scancel"), std::vector<std::string>{"1"});
+    EXPECT_FALSE(std::filesystem::exists(partial));
+    EXPECT_TRUE(exists("out.0.rgba8"));
+    EXPECT_TRUE(exists("out.farm/done/chunk-000000.json"));
+    const Outcome again = farm({"cancel", path("out.farm")});
+    EXPECT_EQ(again.status, 0);
+    EXPECT_TRUE(holds(again.err, "nothing was in the queue")) << again.err;
+}
+
+TEST_F(FarmCancel, WithoutASchedulerSaysSo) {
+    makePictures(2);
+    ASSERT_EQ(submit().status, 0);
+    setenv("PATH", "/nonexistent", 1);
+    const Outcome outcome = farm({"cancel", path("out.farm")});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_TRUE(holds(outcome.err, "Slurm is not installed here")) << outcome.err;
+}
+
+}  // namespace
+}  // namespace ruvex::farm
