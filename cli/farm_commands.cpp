@@ -26,6 +26,10 @@ int resume(const std::string& folder) {
         return 0;
     }
     text += chunksText(submission.submitted) + " submitted";
+    if (submission.joins > 0) {
+        text += " and " + std::to_string(submission.joins) +
+                (submission.joins == 1 ? " join" : " joins");
+    }
     if (submission.complete > 0)
         text += ", " + std::to_string(submission.complete) + " done before";
     if (submission.queued > 0) text += ", " + std::to_string(submission.queued) + " in the queue";

@@ -13,7 +13,8 @@ task_processes() {
 # kill_one_task: at a random moment of its life.
 kill_one_task() {
     local pid
-    sleep "0.$((RANDOM % 10))"
+    # A single one early, so that it is found at work.
+    sleep "$((kills > 1 ? RANDOM % 3 : 0)).$((RANDOM % 10))"
     pid=$(task_processes | shuf -n 1)
     [ -n "$pid" ] && kill -KILL "$pid" 2>/dev/null
 }

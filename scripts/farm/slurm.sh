@@ -2,6 +2,9 @@
 # its files in one folder, and ports that belong to this run. Without authentication: anyone on the
 # machine could submit while it runs. To be sourced by bash.
 
+# Tasks begin sooner than a scheduler for long ones lets them. Empty: as Slurm is installed.
+: "${slurm_scheduling=SchedulerParameters=batch_sched_delay=0,sched_min_interval=100000}"
+
 # slurm_conf FOLDER: writes the configuration.
 slurm_conf() {
     local folder=$1 port=$((20000 + $$ % 20000))
@@ -18,7 +21,7 @@ TaskPlugin=task/none
 SelectType=select/cons_tres
 SelectTypeParameters=CR_Core
 SchedulerType=sched/backfill
-SchedulerParameters=batch_sched_delay=0,sched_min_interval=100000
+$slurm_scheduling
 JobAcctGatherType=jobacct_gather/none
 AccountingStorageType=accounting_storage/none
 MpiDefault=none
