@@ -2,9 +2,11 @@
 #include <chrono>
 #include <cstdio>
 #include <iostream>
+#include <map>
 #include <memory>
 #include <thread>
 #include <unistd.h>
+#include <utility>
 
 #include "cli/amount_text.h"
 #include "cli/exit_status.h"
@@ -55,16 +57,29 @@ std::string lineOf(const FarmStatus& status) {
     return text;
 }
 
-void printDetails(const FarmStatus& status, const std::string& folder) {
+/// Failures for one reason on one machine are told once.
+void printFailures(const std::vector<farm::FailedPart>& failed) {
     constexpr std::size_t kMostShown = 20;
-    for (std::size_t i = 0; i < std::min(status.failed.size(), kMostShown); ++i) {
-        const farm::FailedPart& part = status.failed[i];
-        std::cout << part.what << " failed" << (part.host.empty() ? "" : " on " + part.host) << ": "
-                  << part.sentence << '\n';
+    std::map<std::pair<std::string, std::string>, std::size_t> counts;
+    for (const farm::FailedPart& part : failed) ++counts[{part.host, part.sentence}];
+    std::size_t shown = 0;
+    for (const farm::FailedPart& part : failed) {
+        auto& count = counts[{part.host, part.sentence}];
+        if (count == 0) continue;
+        if (++shown > kMostShown) {
+            std::cout << "There are more failures, for other reasons.\n";
+            return;
+        }
+        std::cout << part.what;
+        if (count > 1) std::cout << " and " << count - 1 << " more";
+        std::cout << " failed" << (part.host.empty() ? "" : " on " + files::printable(part.host))
+                  << ": " << files::printable(part.sentence) << '\n';
+        count = 0;
     }
-    if (status.failed.size() > kMostShown) {
-        std::cout << status.failed.size() - kMostShown << " more failed.\n";
-    }
+}
+
+void printDetails(const FarmStatus& status) {
+    printFailures(status.failed);
     for (const std::string& reason : status.held) {
         std::cout << "The scheduler holds tasks back: " << files::printable(reason) << ".\n";
     }
@@ -75,9 +90,7 @@ void printDetails(const FarmStatus& status, const std::string& folder) {
     } else if (!status.underWay() && !status.complete()) {
         if (status.absent > 0) {
             std::cout << status.absent << (status.absent == 1 ? " chunk is" : " chunks are")
-                      << " neither done nor in the queue, and left no message: tasks that do not "
-                         "see "
-                      << files::printable(folder) << " leave none.\n";
+                      << " neither done nor in the queue.\n";
         }
         std::cout << "'ruvex farm resume' submits what is missing.\n";
     }
@@ -87,9 +100,9 @@ int statusCode(const FarmStatus& status) {
     return status.complete() ? kDone : status.underWay() ? kUnderWay : kFailed;
 }
 
-int print(const FarmStatus& status, const farm::Farm& job) {
+int print(const FarmStatus& status) {
     std::cout << lineOf(status) << '\n';
-    printDetails(status, job.layout().folder().string());
+    printDetails(status);
     const int written = finishOutput();
     return written == kDone ? statusCode(status) : written;
 }
@@ -149,7 +162,7 @@ int watch(const farm::Farm& job) {
         }
         before = line;
         if (over) {
-            printDetails(status, job.layout().folder().string());
+            printDetails(status);
             const int written = finishOutput();
             return written == kDone ? statusCode(status) : written;
         }
@@ -168,7 +181,7 @@ int run(const StatusOptions& options) {
     const farm::Farm job(options.folder);
     if (options.watch) return watch(job);
     const FarmStatus status = farm::StatusReader(job).read();
-    return options.json ? printJson(status) : print(status, job);
+    return options.json ? printJson(status) : print(status);
 }
 
 }  // namespace

@@ -14,9 +14,9 @@ namespace {
 using namespace std::chrono_literals;
 
 std::vector<QueuedElement> inQueue(const Farm& farm) {
-    auto elements = queuedElements(farm.job());
-    if (!elements) throw FarmError("Slurm is not installed here: its queue cannot be changed.");
-    return *std::move(elements);
+    auto queue = queueOf(farm.job());
+    if (!queue) throw FarmError("Slurm is not installed here: its queue cannot be changed.");
+    return std::move(queue->elements);
 }
 
 void waitForEnd(const Farm& farm, const std::stop_token& stop) {

@@ -1,7 +1,10 @@
 #include "farm/slurm.h"
 
+#include <algorithm>
+#include <array>
 #include <charconv>
 #include <sstream>
+#include <string_view>
 
 #include "farm/farm_error.h"
 #include "farm/number_list.h"
@@ -95,16 +98,25 @@ std::optional<std::int64_t> wholeNumber(const std::string& text) {
 std::optional<QueuedElement> elementIn(const FarmJob& job, const std::string& line) {
     std::istringstream stream(line);
     std::string name;
-    std::string array;
     std::string index;
-    std::string state;
-    std::string reason;
-    for (std::string* part : {&name, &array, &index, &state}) std::getline(stream, *part, '|');
-    std::getline(stream, reason);
+    QueuedElement element;
+    for (std::string* part : {&name, &element.array, &index, &element.state, &element.node}) {
+        std::getline(stream, *part, '|');
+    }
+    std::getline(stream, element.reason);
     const auto known = arrayNamed(name, job);
-    const auto element = wholeNumber(index);
-    if (!known || !element) return std::nullopt;
-    return QueuedElement{known->work, known->first + *element, array, state != "PENDING", reason};
+    const auto number = wholeNumber(index);
+    if (!known || !number) return std::nullopt;
+    element.work = known->work;
+    element.number = known->first + *number;
+    return element;
+}
+
+bool hasEnded(const std::string& state) {
+    static constexpr std::array<std::string_view, 9> kEnds = {
+        "BOOT_FAIL", "CANCELLED",     "COMPLETED", "DEADLINE", "FAILED",
+        "NODE_FAIL", "OUT_OF_MEMORY", "PREEMPTED", "TIMEOUT"};
+    return std::ranges::count(kEnds, state) > 0;
 }
 
 }  // namespace
@@ -117,18 +129,22 @@ std::string submitArray(const Farm& farm, const NewArray& array) {
     return firstLine(result->out.substr(0, result->out.find(';')));
 }
 
-std::vector<QueuedElement> parseQueue(const FarmJob& job, const std::string& text) {
-    std::vector<QueuedElement> elements;
+Queue parseQueue(const FarmJob& job, const std::string& text) {
+    Queue queue;
     std::istringstream lines(text);
     for (std::string line; std::getline(lines, line);) {
-        if (auto element = elementIn(job, line)) elements.push_back(*std::move(element));
+        auto element = elementIn(job, line);
+        if (!element) continue;
+        const bool ended = hasEnded(element->state);
+        element->running = !ended && element->state != "PENDING";
+        (ended ? queue.ended : queue.elements).push_back(*std::move(element));
     }
-    return elements;
+    return queue;
 }
 
-std::optional<std::vector<QueuedElement>> queuedElements(const FarmJob& job) {
-    const auto result = runProgram({"squeue", "--noheader", "--array",
-                                    "--name=" + allArrayNames(job), "--format=%j|%F|%K|%T|%r"});
+std::optional<Queue> queueOf(const FarmJob& job) {
+    const auto result = runProgram({"squeue", "--noheader", "--array", "--states=all",
+                                    "--name=" + allArrayNames(job), "--format=%j|%F|%K|%T|%N|%r"});
     if (!result) return std::nullopt;
     checkEnd("squeue", *result);
     return parseQueue(job, result->out);

@@ -5,23 +5,28 @@
 
 #include "farm/farm_error.h"
 #include "farm/log_reading.h"
-#include "farm/slurm.h"
 
 namespace ruvex::farm {
 namespace {
 
-/// What is known of something that is neither done nor queued; empty if nothing is.
-std::optional<FailedPart> failureOf(const Farm& farm, Work work, std::int64_t number,
-                                    const std::filesystem::path& record) {
-    const LogFailure log = failureIn(logOf(farm, work, number));
-    if (const auto failure = readFailure(record)) {
-        return FailedPart{"", failure->host, failure->sentence};
+/// The last of the attempts that the scheduler remembers; null where it knows of none.
+const QueuedElement* lastEnd(const Queue& queue, Work work, std::int64_t number) {
+    const QueuedElement* last = nullptr;
+    for (const QueuedElement& element : queue.ended) {
+        if (element.work != work || element.number != number || element.node.empty()) continue;
+        // Later arrays have greater numbers.
+        const auto isLater = [](const std::string& a, const std::string& b) {
+            return a.size() != b.size() ? a.size() > b.size() : a >= b;
+        };
+        if (last == nullptr || isLater(element.array, last->array)) last = &element;
     }
-    if (!log.exists) return std::nullopt;
-    return FailedPart{"", log.host,
-                      log.sentence.empty() ? "it ended without a message: it was killed, or its "
-                                             "machine failed."
-                                           : log.sentence};
+    return last;
+}
+
+/// What can be said of a task that said nothing itself.
+std::string silentEnd(const QueuedElement* end, const std::string& doubt) {
+    return (end == nullptr ? "it ended" : "it ended as " + end->state) +
+           " without a message: " + doubt;
 }
 
 /// Elements that wait for a person, not for a turn.
@@ -43,11 +48,11 @@ void addElement(FarmStatus& status, const QueuedElement& element) {
 }
 
 /// Empty too where it is not known.
-std::vector<QueuedElement> queueOf(const FarmJob& job, FarmStatus& status) {
+Queue knownQueue(const FarmJob& job, FarmStatus& status) {
     try {
-        auto elements = queuedElements(job);
-        status.queueKnown = elements.has_value();
-        return std::move(elements).value_or(std::vector<QueuedElement>());
+        auto queue = queueOf(job);
+        status.queueKnown = queue.has_value();
+        return std::move(queue).value_or(Queue());
     } catch (const FarmError& error) {
         status.queueFault = error.what();
         return {};
@@ -103,13 +108,32 @@ double StatusReader::framesPerSecond() const {
     return seconds > 0.0 ? static_cast<double>(frames) / seconds : 0.0;
 }
 
-void StatusReader::addFailures(FarmStatus& status, const std::vector<bool>& queuedChunks,
+std::optional<FailedPart> StatusReader::failureOf(const Queue& queue, Work work,
+                                                  std::int64_t number) const {
+    const Layout& layout = farm_.layout();
+    const auto record = readFailure(
+        work == Work::Task ? layout.failureRecord(number)
+                           : layout.joinFailureRecord(static_cast<std::size_t>(number)));
+    if (record) return FailedPart{"", record->host, record->sentence};
+    const QueuedElement* end = lastEnd(queue, work, number);
+    const LogFailure log = failureIn(logOf(farm_, work, number));
+    if (!log.exists && end == nullptr) return std::nullopt;
+    if (!log.exists) {
+        return FailedPart{
+            "", end->node,
+            silentEnd(end, end->node + " may not see " + layout.folder().string() + ".")};
+    }
+    if (!log.sentence.empty()) return FailedPart{"", log.host, log.sentence};
+    return FailedPart{"", log.host, silentEnd(end, "it was killed, or its machine failed.")};
+}
+
+void StatusReader::addFailures(FarmStatus& status, const Queue& queue,
+                               const std::vector<bool>& queuedChunks,
                                const std::vector<bool>& queuedJoins) const {
     for (std::size_t i = 0; i < chunks_.size(); ++i) {
         const FarmChunk chunk = farm_.chunk(static_cast<std::int64_t>(i));
         if (chunks_[i] || queuedChunks[i] || clips_[chunk.clip]) continue;
-        auto failure =
-            failureOf(farm_, Work::Task, chunk.number, farm_.layout().failureRecord(chunk.number));
+        auto failure = failureOf(queue, Work::Task, chunk.number);
         if (!failure) {
             ++status.absent;
             continue;
@@ -121,8 +145,7 @@ void StatusReader::addFailures(FarmStatus& status, const std::vector<bool>& queu
     if (!status.failed.empty() || status.absent > 0) return;
     for (std::size_t i = 0; i < clips_.size(); ++i) {
         if (clips_[i] || queuedJoins[i]) continue;
-        auto failure = failureOf(farm_, Work::Join, static_cast<std::int64_t>(i),
-                                 farm_.layout().joinFailureRecord(i));
+        auto failure = failureOf(queue, Work::Join, static_cast<std::int64_t>(i));
         if (!failure) continue;
         failure->what = joinText(farm_.job().clips[i]);
         status.failed.push_back(*std::move(failure));
@@ -132,11 +155,11 @@ void StatusReader::addFailures(FarmStatus& status, const std::vector<bool>& queu
 FarmStatus StatusReader::read() {
     FarmStatus status;
     // The queue first: what leaves it afterwards has its record already.
-    const auto queue = queueOf(farm_.job(), status);
+    const Queue queue = knownQueue(farm_.job(), status);
     readRecords();
     std::vector<bool> queuedChunks(chunks_.size());
     std::vector<bool> queuedJoins(clips_.size());
-    for (const QueuedElement& element : queue) {
+    for (const QueuedElement& element : queue.elements) {
         addElement(status, element);
         mark(element.work == Work::Task ? queuedChunks : queuedJoins, element.number);
     }
@@ -150,7 +173,7 @@ FarmStatus StatusReader::read() {
     }
     status.clipsComplete = std::ranges::count_if(clips_, [](const auto& one) { return !!one; });
     status.framesPerSecond = framesPerSecond();
-    addFailures(status, queuedChunks, queuedJoins);
+    addFailures(status, queue, queuedChunks, queuedJoins);
     return status;
 }
 

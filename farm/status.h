@@ -9,6 +9,7 @@
 
 #include "farm/farm.h"
 #include "farm/records.h"
+#include "farm/slurm.h"
 
 namespace ruvex::farm {
 
@@ -57,7 +58,9 @@ public:
 private:
     void readRecords();
     double framesPerSecond() const;
-    void addFailures(FarmStatus& status, const std::vector<bool>& queuedChunks,
+    /// What is known of something that is neither done nor queued; empty if nothing is.
+    std::optional<FailedPart> failureOf(const Queue& queue, Work work, std::int64_t number) const;
+    void addFailures(FarmStatus& status, const Queue& queue, const std::vector<bool>& queuedChunks,
                      const std::vector<bool>& queuedJoins) const;
 
     const Farm& farm_;

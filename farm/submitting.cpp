@@ -36,13 +36,13 @@ private:
 };
 
 /// What the queue holds of a job.
-struct Queue {
+struct Submitted {
     std::set<std::int64_t> chunks;
     std::vector<std::string> taskArrays;
     std::vector<std::string> waitingJoins;  ///< Their arrays.
     bool joinRuns = false;
 
-    explicit Queue(const std::vector<QueuedElement>& elements) {
+    explicit Submitted(const std::vector<QueuedElement>& elements) {
         for (const QueuedElement& element : elements) {
             if (element.work == Work::Task) {
                 chunks.insert(element.number);
@@ -84,7 +84,7 @@ struct Missing {
     std::vector<std::int64_t> clips;
 };
 
-Missing missingOf(const Farm& farm, const Queue& queue, Submission& submission) {
+Missing missingOf(const Farm& farm, const Submitted& queue, Submission& submission) {
     Missing missing;
     for (std::size_t clip = 0; clip < farm.job().clips.size(); ++clip) {
         const FarmClip& one = farm.job().clips[clip];
@@ -111,7 +111,7 @@ Submission submitMissing(const Farm& farm) {
     const SubmissionLock lock(farm.layout());
     checkProgram(farm);
     for (const FarmClip& clip : farm.job().clips) checkJobFile(farm, clip);
-    const Queue queue(queuedElements(farm.job()).value_or(std::vector<QueuedElement>()));
+    const Submitted queue(queueOf(farm.job()).value_or(Queue()).elements);
     Submission submission;
     const Missing missing = missingOf(farm, queue, submission);
     const bool joinWaits = !queue.waitingJoins.empty() || queue.joinRuns;

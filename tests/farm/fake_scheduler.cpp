@@ -89,7 +89,7 @@ void FakeScheduler::setQueue(const std::vector<std::string>& elements) const {
     for (const std::string& element : elements) {
         const auto bar = element.find('|');
         queue += "ruvex-" + id() + "-" + element.substr(0, bar) + "-0|1" + element.substr(bar) +
-                 "|Reason\n";
+                 "|n7|Reason\n";
     }
     write("queue", queue);
 }

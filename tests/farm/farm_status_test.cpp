@@ -63,12 +63,18 @@ TEST_F(FarmStatus, NoticesTasksThatLeftNoTrace) {
     const Outcome outcome = status();
     EXPECT_EQ(outcome.status, 1);
     EXPECT_TRUE(holds(outcome.out, "2 chunks are neither done nor in the queue")) << outcome.out;
+    setQueue({"task|0|FAILED", "task|1|FAILED"});
+    EXPECT_TRUE(holds(status().out,
+                      "1 more failed on n7: it ended as FAILED without a message: n7 "
+                      "may not see " +
+                          path("out.farm")))
+        << status().out;
 }
 
 TEST_F(FarmStatus, TellsThatTheSchedulerHoldsTasksBack) {
     makePictures(2);
     ASSERT_EQ(submit().status, 0);
-    write("queue", "ruvex-" + id() + "-task-0|1|0|PENDING|launch failed requeued held\n");
+    write("queue", "ruvex-" + id() + "-task-0|1|0|PENDING||launch failed requeued held\n");
     const Outcome outcome = status();
     EXPECT_EQ(outcome.status, 3);
     EXPECT_TRUE(holds(outcome.out, "holds tasks back: launch failed requeued held."))
