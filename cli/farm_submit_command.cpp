@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <memory>
+#include <utility>
 
 #include "cli/farm_commands.h"
 #include "cli/farm_options.h"
@@ -64,6 +65,18 @@ std::vector<jobs::RenderJob> typedJobs(const FarmOptions& options,
     return all;
 }
 
+/// Several renders of one clip have the same to say.
+void removeRepeated(std::vector<jobs::Note>& notes) {
+    std::vector<jobs::Note> kept;
+    for (jobs::Note& note : notes) {
+        const auto same = [&](const jobs::Note& other) {
+            return other.field == note.field && other.sentence == note.sentence;
+        };
+        if (std::ranges::none_of(kept, same)) kept.push_back(std::move(note));
+    }
+    notes = std::move(kept);
+}
+
 farm::Farm madeFarm(FarmOptions& options, bool quiet) {
     std::vector<std::string> warnings;
     std::vector<jobs::Note> notes;
@@ -76,6 +89,7 @@ farm::Farm madeFarm(FarmOptions& options, bool quiet) {
     wish.folder = folderFor(options, wish.jobs.size());
     if (!quiet) printWarnings(warnings);
     farm::Farm job = makeFarm(wish, notes);
+    removeRepeated(notes);
     if (!quiet) printNotes(notes, saved > 0 ? jobFileText : optionText);
     return job;
 }
