@@ -17,6 +17,7 @@
 #include "files/whole_file.h"
 #include "jobs/files_written.h"
 #include "jobs/job_file.h"
+#include "media/file_kind.h"
 
 namespace ruvex::farm {
 namespace {
@@ -49,6 +50,9 @@ jobs::RenderJob fixedJob(jobs::RenderJob job) {
         if (!file->empty()) *file = fs::absolute(*file).lexically_normal();
     }
     if (!job.workers) job.workers = kUsualWorkers;
+    if (!job.encoderThreads && media::fileKind(job.output) == media::FileKind::Video) {
+        job.encoderThreads = kUsualEncoderThreads;
+    }
     job.resume = false;
     return job;
 }

@@ -14,6 +14,10 @@ namespace ruvex::farm {
 /// Shares of a picture's rows where a job names none: what a machine has must not matter.
 inline constexpr int kUsualWorkers = 8;
 
+/// Threads of a video encoder where a job names no number: the bytes of H.264 and H.265
+/// depend on it.
+inline constexpr int kUsualEncoderThreads = 8;
+
 /// Long enough that the start of a task and the seek to its first frame are a small part of its
 /// time, short enough that many machines finish at about the same time.
 inline constexpr std::int64_t kUsualChunkFrames = 250;

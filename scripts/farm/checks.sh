@@ -9,11 +9,13 @@ fail() {
 make_jobs() {
     ffmpeg -nostdin -v error -f lavfi -i testsrc2=size=320x240:rate=25 -f lavfi -i sine=440 -t 2.4 \
         -pix_fmt yuv420p -c:a aac "$work/clips/clip.mp4"
-    local output
+    local output threads
     for output in pictures.%04d.png lossless.mkv edit.mov film.mp4; do
         # Relative names: the copies name results beside themselves.
+        threads=(--encoder-threads 8)
+        [[ $output != *.png ]] || threads=()
         (cd "$work/one" && ruvex render ../clips/clip.mp4 -o "$output" --preset "Bad Colour TV" \
-            --key "Play Speed=0:100 1.5:-100" --ends hold --workers 8 \
+            --key "Play Speed=0:100 1.5:-100" --ends hold --workers 8 "${threads[@]}" \
             --save-job "${output##*.}.json")
     done
     cp "$work"/one/*.json "$work/farm/"
