@@ -5,8 +5,8 @@
 #include <thread>
 
 #include "farm/farm_error.h"
+#include "farm/leftovers.h"
 #include "farm/slurm.h"
-#include "files/partial_file.h"
 
 namespace ruvex::farm {
 namespace {
@@ -31,19 +31,6 @@ void waitForEnd(const Farm& farm, const std::stop_token& stop) {
     }
 }
 
-void removeIncomplete(const Farm& farm) {
-    for (const FarmClip& clip : farm.job().clips) {
-        files::removeAbandoned(clip.output);
-        if (clip.isJoined()) {
-            files::removeAbandoned(farm.layout().chunks() / ("%06d" + clip.chunkExtension));
-        }
-    }
-    for (const std::filesystem::path& records : {farm.layout().done(), farm.layout().failed()}) {
-        files::removeAbandoned(records / "chunk-%06d.json");
-        files::removeAbandoned(records / "join-%06d.json");
-    }
-}
-
 }  // namespace
 
 std::int64_t cancelAll(const Farm& farm, const std::stop_token& stop) {
@@ -56,7 +43,7 @@ std::int64_t cancelAll(const Farm& farm, const std::stop_token& stop) {
         // A younger file counts as one that a program has just begun.
         std::this_thread::sleep_for(1100ms);
     }
-    removeIncomplete(farm);
+    for (const FarmClip& clip : farm.job().clips) removeLeftovers(farm, clip);
     return std::ssize(elements);
 }
 

@@ -3,6 +3,7 @@
 #include <system_error>
 
 #include "farm/farm_error.h"
+#include "farm/leftovers.h"
 #include "farm/number_list.h"
 #include "farm/planned_clip.h"
 #include "farm/recorded_failure.h"
@@ -99,6 +100,7 @@ TaskEnd join(const Farm& farm, std::size_t number, bool verify, jobs::RenderEven
     record.seconds = record.finished - start;
     writeDone(farm.layout().joinRecord(number), record);
     if (clip.isJoined() && !farm.job().keepChunks) removeChunks(farm, done);
+    removeLeftovers(farm, clip);
     return TaskEnd::Done;
 }
 

@@ -1,0 +1,14 @@
+// Temporary files of tasks that were killed.
+
+#pragma once
+
+#include "farm/farm.h"
+
+namespace ruvex::farm {
+
+/// Removes what killed tasks have left beside the results and in the folder of the job. Files that
+/// a task of this machine still writes are locked and stay; where the disk has no locks between
+/// machines, this is for when no task of the clip runs.
+void removeLeftovers(const Farm& farm, const FarmClip& clip);
+
+}  // namespace ruvex::farm
