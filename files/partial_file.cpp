@@ -79,6 +79,20 @@ fs::path linkTarget(fs::path file) {
     return file;
 }
 
+/// Makes a temporary file of `final` and opens it for writing; `name` becomes its name. A
+/// descriptor, or below 0 with errno. A process of this number may have died on another machine and
+/// left files.
+int makePartial(const fs::path& final, fs::path& name) {
+    constexpr int kMostLeft = 1000;
+    int made = -1;
+    for (int tries = 0; made < 0 && tries < kMostLeft; ++tries) {
+        name = partialName(final);
+        made = open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+        if (made < 0 && errno != EEXIST) break;
+    }
+    return made;
+}
+
 /// Throws FileError unless the file may be replaced: it is missing, or a file that may be written.
 void checkReplaceable(const fs::path& file) {
     std::error_code error;
@@ -99,8 +113,7 @@ void checkReplaceable(const fs::path& file) {
 
 PartialFile::PartialFile(const fs::path& final) : final_(linkTarget(final)) {
     checkReplaceable(final_);
-    partial_ = partialName(final_);
-    lock_ = open(partial_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+    lock_ = makePartial(final_, partial_);
     if (lock_ < 0) {
         const int code = errno;
         partial_.clear();

@@ -71,6 +71,21 @@ TEST(PartialFile, GetsItsNameAtTheCommitAlone) {
     EXPECT_EQ(readText(folder.file("result")), "new");
 }
 
+TEST(PartialFile, PassesNamesThatAProcessOfThisNumberHasLeft) {
+    const TempFolder folder;
+    const fs::path final = folder.file("out.png");
+    std::string name = PartialFile(final).path().filename().string();
+    const auto end = name.rfind('-') + 1;
+    const int count = std::stoi(name.substr(end));
+    for (int next = 1; next <= 3; ++next) {
+        makeOld(folder.file(name.substr(0, end) + std::to_string(count + next)));
+    }
+    PartialFile file(final);
+    EXPECT_EQ(file.path().filename(), name.substr(0, end) + std::to_string(count + 4));
+    file.commit();
+    EXPECT_EQ(folder.names().size(), 4u);
+}
+
 TEST(PartialFile, TakesThePlaceOfFilesOnly) {
     const TempFolder folder;
     fs::create_directory(folder.file("result"));
