@@ -37,9 +37,10 @@ ChunkReader::ChunkReader(ChunkFile chunk, bool decodes) : chunk_(std::move(chunk
 
 void ChunkReader::open(bool decodes) {
     if (decodes) {
-        decoder_.emplace(chunk_.file, [this](const AVPacket& packet) { take(packet); });
+        decoder_.emplace(chunk_.file, FileLook::Header,
+                         [this](const AVPacket& packet) { take(packet); });
     } else {
-        file_.emplace(chunk_.file);
+        file_.emplace(chunk_.file, FileLook::Header);
     }
 }
 

@@ -24,8 +24,8 @@ AVColorRange usualRange(const AVFormatContext& file) {
 
 }  // namespace
 
-VideoDecoder::VideoDecoder(const std::filesystem::path& path, Watch watch)
-    : path_(path), watch_(std::move(watch)), packet_(newAvPacket()) {
+VideoDecoder::VideoDecoder(const std::filesystem::path& path, FileLook look, Watch watch)
+    : path_(path), look_(look), watch_(std::move(watch)), packet_(newAvPacket()) {
     rewind();
 }
 
@@ -48,7 +48,7 @@ void VideoDecoder::openDecoder() {
 }
 
 void VideoDecoder::rewind() {
-    file_ = std::make_unique<VideoFile>(path_);
+    file_ = std::make_unique<VideoFile>(path_, look_);
     openDecoder();
     drained_ = false;
 }

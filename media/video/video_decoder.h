@@ -18,7 +18,8 @@ public:
     /// Is shown each packet of the video that is read.
     using Watch = std::function<void(const AVPacket&)>;
 
-    explicit VideoDecoder(const std::filesystem::path& path, Watch watch = {});
+    explicit VideoDecoder(const std::filesystem::path& path, FileLook look = FileLook::FirstFrames,
+                          Watch watch = {});
 
     const AVStream& stream() const { return file_->stream(); }
     const AVFormatContext& file() const { return file_->format(); }
@@ -40,6 +41,7 @@ private:
     void feed();
 
     std::filesystem::path path_;
+    FileLook look_;
     Watch watch_;
     std::unique_ptr<VideoFile> file_;
     AvCodec codec_;

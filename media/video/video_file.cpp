@@ -75,12 +75,13 @@ std::string cutOff(const fs::path& path) {
            (detail.empty() ? "" : " (" + detail + ")") + ". Copy it again.";
 }
 
-VideoFile::VideoFile(const fs::path& path) : path_(path) {
+VideoFile::VideoFile(const fs::path& path, FileLook look) : path_(path) {
     quietLibraries();
     takeLibraryError();
     format_.reset(open(path));
     format_->flags |= AVFMT_FLAG_GENPTS;
-    const int code = avformat_find_stream_info(format_.get(), nullptr);
+    const int code =
+        look == FileLook::Header ? 0 : avformat_find_stream_info(format_.get(), nullptr);
     stream_ = code < 0 ? -1 : findVideo(*format_);
     if (stream_ < 0) {
         throw MediaError(isCutOff(path, *format_)

@@ -9,11 +9,15 @@
 
 namespace ruvex::media {
 
+/// How much of a file is read to tell what it holds: its first frames too, which takes any file and
+/// the time to decode them, or its header alone, for files that this program has written.
+enum class FileLook { FirstFrames, Header };
+
 /// A file and its video stream, as findVideo chooses it; other streams are skipped.
 class VideoFile {
 public:
     /// Throws MediaError if the file cannot be opened or has no video.
-    explicit VideoFile(const std::filesystem::path& path);
+    explicit VideoFile(const std::filesystem::path& path, FileLook look = FileLook::FirstFrames);
 
     AVFormatContext& format() const { return *format_; }
     AVStream& stream() const { return *format_->streams[stream_]; }
