@@ -5,8 +5,8 @@
 #include "farm/farm_error.h"
 #include "farm/farm_file.h"
 #include "files/file_error.h"
-#include "files/sha256.h"
 #include "looks/json_document.h"
+#include "media/sha256.h"
 
 namespace ruvex::farm {
 namespace {
@@ -72,6 +72,12 @@ void checkId(const Farm& farm, const std::string& id) {
                     "under this name.");
 }
 
+std::string digestOfText(const std::string& text) {
+    media::Sha256 digest;
+    digest.add(text);
+    return digest.finish();
+}
+
 void checkProgram(const Farm& farm) {
     if (runningProgram() == farm.job().program) return;
     throw FarmError(hostName() + " runs ruvex " + toText(runningProgram()) +
@@ -81,7 +87,7 @@ void checkProgram(const Farm& farm) {
 
 void checkJobFile(const Farm& farm, const FarmClip& clip) {
     const fs::path file = farm.layout().jobFile(clip.name);
-    if (files::sha256Of(looks::readJsonText(file)) == clip.jobDigest) return;
+    if (digestOfText(looks::readJsonText(file)) == clip.jobDigest) return;
     throw FarmError(file.string() +
                     " was changed after the submission. Submit the changed job as a new one.");
 }

@@ -75,6 +75,10 @@ void checkChunks(const FarmJob& job) {
     if (!sound) throw looks::JsonError("its chunks do not make sense.");
 }
 
+ProgramIdentity programFrom(const Json& json) {
+    return {json.at("version"), json.at("build"), json.at("libraries")};
+}
+
 FarmJob farmFrom(const Json& json) {
     if (json.at(kVersionName) != kFarmVersion) {
         throw looks::JsonError(
@@ -82,7 +86,7 @@ FarmJob farmFrom(const Json& json) {
             "made it.");
     }
     FarmJob job{.id = json.at("id"),
-                .program = {json.at("program").at("version"), json["program"].at("build")},
+                .program = programFrom(json.at("program")),
                 .chunkFrames = json.at("chunkFrames"),
                 .keepChunks = json.at("keepChunks"),
                 .scheduler = schedulerFrom(json.at("scheduler")),
@@ -97,14 +101,16 @@ FarmJob farmFrom(const Json& json) {
 std::string farmText(const FarmJob& job) {
     Json clips = Json::array();
     for (const FarmClip& clip : job.clips) clips.push_back(clipJson(clip));
-    const Json json = {
-        {kVersionName, kFarmVersion},
-        {"id", job.id},
-        {"program", {{"version", job.program.version}, {"build", job.program.build}}},
-        {"chunkFrames", job.chunkFrames},
-        {"keepChunks", job.keepChunks},
-        {"scheduler", schedulerJson(job.scheduler)},
-        {"clips", clips}};
+    const Json json = {{kVersionName, kFarmVersion},
+                       {"id", job.id},
+                       {"program",
+                        {{"version", job.program.version},
+                         {"build", job.program.build},
+                         {"libraries", job.program.libraries}}},
+                       {"chunkFrames", job.chunkFrames},
+                       {"keepChunks", job.keepChunks},
+                       {"scheduler", schedulerJson(job.scheduler)},
+                       {"clips", clips}};
     return json.dump(2) + "\n";
 }
 

@@ -13,7 +13,6 @@
 #include "farm/planned_clip.h"
 #include "files/numbered_path.h"
 #include "files/partial_name.h"
-#include "files/sha256.h"
 #include "files/whole_file.h"
 #include "jobs/files_written.h"
 #include "jobs/job_file.h"
@@ -70,9 +69,10 @@ std::string clipName(std::size_t number, const fs::path& output) {
 }
 
 void checkCanBeCut(const jobs::RenderPlan& plan) {
-    if (plan.endless) {
-        throw FarmError(plan.input.string() +
-                        " does not tell how long it is. Choose the frames with --frames.");
+    try {
+        checkInChunks(plan);
+    } catch (const jobs::JobError& error) {
+        throw FarmError(std::string(fieldName(error.field())) + ": " + error.what());
     }
     if (!jobs::isJoined(plan) && !files::NumberedPath(plan.output).isPattern()) {
         throw FarmError(plan.output.string() +
@@ -83,7 +83,7 @@ void checkCanBeCut(const jobs::RenderPlan& plan) {
 FarmClip clipOf(const std::string& name, const jobs::RenderPlan& plan, const std::string& text) {
     checkCanBeCut(plan);
     return {.name = name,
-            .jobDigest = files::sha256Of(text),
+            .jobDigest = digestOfText(text),
             .input = plan.input,
             .inputStamp = stampOf(plan.input),
             .output = plan.output,

@@ -7,7 +7,8 @@
 #include <unistd.h>
 
 #include "files/read_file.h"
-#include "files/sha256.h"
+#include "media/av_library.h"
+#include "media/sha256.h"
 #include "runtime/module_loader.h"
 
 namespace ruvex::farm {
@@ -18,7 +19,7 @@ namespace fs = std::filesystem;
 constexpr std::size_t kShownDigits = 16;
 
 std::string digestOfFiles() {
-    files::Sha256 digest;
+    media::Sha256 digest;
     digest.add(files::readWhole("/proc/self/exe"));
     const fs::path module = runtime::Module::loadDefault()->file();
     digest.add(files::readWhole(module));
@@ -33,12 +34,12 @@ std::string digestOfFiles() {
 }  // namespace
 
 const ProgramIdentity& runningProgram() {
-    static const ProgramIdentity program{RUVEX_VERSION, digestOfFiles()};
+    static const ProgramIdentity program{RUVEX_VERSION, digestOfFiles(), media::libraryVersion()};
     return program;
 }
 
 std::string toText(const ProgramIdentity& program) {
-    return program.version + " (build " + program.build + ")";
+    return program.version + " (build " + program.build + ", FFmpeg " + program.libraries + ")";
 }
 
 std::string hostName() {

@@ -63,6 +63,7 @@ RUVEX_FUNCTION(av_sha_alloc);
 RUVEX_FUNCTION(av_sha_final);
 RUVEX_FUNCTION(av_sha_init);
 RUVEX_FUNCTION(av_sha_update);
+RUVEX_FUNCTION(av_version_info);
 RUVEX_FUNCTION(av_strerror);
 RUVEX_FUNCTION(av_timecode_init_from_string);
 RUVEX_FUNCTION(av_timecode_make_string);

@@ -102,6 +102,10 @@ int openCodec(AVCodecContext& context, const AVCodec& codec) {
     return code;
 }
 
+std::string libraryVersion() {
+    return av_version_info();
+}
+
 std::string libraryReason(int code) {
     std::array<char, AV_ERROR_MAX_STRING_SIZE> text{};
     av_strerror(code, text.data(), text.size());

@@ -45,6 +45,9 @@ void quietLibraries();
 /// there was none.
 std::string takeLibraryError();
 
+/// The version of the libraries that were found on this machine: "5.1.6-0+deb12u1".
+std::string libraryVersion();
+
 /// An error code of the libraries in words.
 std::string libraryReason(int code);
 

@@ -54,7 +54,7 @@ while [ "$killed" -lt "$kills" ]; do
             echo "== A node fails"
             kill_node n1
             node_failed=yes
-            sleep 12
+            sleep 12  # longer than SlurmdTimeout
             start_node n1
         fi
     done

@@ -9,7 +9,7 @@ namespace ruvex::farm {
 /// Two clips of 25 and 10 frames in chunks of 10: chunks 0 to 2, and 3.
 inline FarmJob sampleJob() {
     FarmJob job{.id = "0123456789abcdef",
-                .program = {"1.2.3", "fedcba9876543210"},
+                .program = {"1.2.3", "fedcba9876543210", "5.1"},
                 .chunkFrames = 10,
                 .keepChunks = true,
                 .scheduler = {.partition = "long",
