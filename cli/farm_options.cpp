@@ -15,9 +15,8 @@ namespace {
 
 /// They belong to a render on this machine.
 bool staysHere(const Option& option) {
-    static constexpr std::array<std::string_view, 6> kNames = {"--resume",       "--dry-run",
-                                                               "--save-job",     "--save-params",
-                                                               "--input-format", "--output-format"};
+    static constexpr std::array<std::string_view, 5> kNames = {
+        "--dry-run", "--save-job", "--save-params", "--input-format", "--output-format"};
     return std::ranges::count(kNames, longName(option)) > 0;
 }
 

@@ -6,7 +6,7 @@
 #include "farm/farm_file.h"
 #include "files/file_error.h"
 #include "looks/json_document.h"
-#include "media/sha256.h"
+#include "media/digest.h"
 
 namespace ruvex::farm {
 namespace {
@@ -73,7 +73,7 @@ void checkId(const Farm& farm, const std::string& id) {
 }
 
 std::string digestOfText(const std::string& text) {
-    media::Sha256 digest;
+    media::Digest digest;
     digest.add(text);
     return digest.finish();
 }

@@ -57,7 +57,7 @@ void checkId(const Farm& farm, const std::string& id);
 /// Throws FarmError unless this program is the one that made the job.
 void checkProgram(const Farm& farm);
 
-/// By which a job file is known: SHA-256 in hexadecimal digits.
+/// By which a job file is known: its media::Digest.
 std::string digestOfText(const std::string& text);
 
 /// Throws FarmError if the job file of a clip is not the one that was submitted.

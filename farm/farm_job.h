@@ -24,7 +24,7 @@ struct FileStamp {
 /// One render of a farm job.
 struct FarmClip {
     std::string name;       ///< Of its job file in the folder jobs/, without ".json".
-    std::string jobDigest;  ///< SHA-256 of the job file's text.
+    std::string jobDigest;  ///< Of the text of the job file; see digestOfText.
     std::filesystem::path input;
     std::optional<FileStamp> inputStamp{};  ///< Without it the input is a sequence.
     std::filesystem::path output;

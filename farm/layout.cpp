@@ -46,6 +46,10 @@ fs::path Layout::chunkFile(std::int64_t number, const std::string& extension) co
     return chunks() / (sixDigits(number) + extension);
 }
 
+fs::path Layout::begunMark(std::int64_t chunk) const {
+    return begun() / ("chunk-" + sixDigits(chunk));
+}
+
 fs::path Layout::doneRecord(std::int64_t chunk) const {
     return done() / chunkName(chunk);
 }

@@ -29,6 +29,9 @@ public:
     std::filesystem::path chunks() const { return folder_ / "chunks"; }
     /// The file of a chunk of a video.
     std::filesystem::path chunkFile(std::int64_t number, const std::string& extension) const;
+    /// Marks the chunks of a sequence that a task has begun to render.
+    std::filesystem::path begun() const { return folder_ / "begun"; }
+    std::filesystem::path begunMark(std::int64_t chunk) const;
     std::filesystem::path done() const { return folder_ / "done"; }
     std::filesystem::path doneRecord(std::int64_t chunk) const;
     std::filesystem::path joinRecord(std::size_t clip) const;

@@ -52,7 +52,6 @@ jobs::RenderJob fixedJob(jobs::RenderJob job) {
     if (!job.encoderThreads && media::fileKind(job.output) == media::FileKind::Video) {
         job.encoderThreads = kUsualEncoderThreads;
     }
-    job.resume = false;
     return job;
 }
 
@@ -113,7 +112,7 @@ class NewFolder {
 public:
     explicit NewFolder(const fs::path& final) : final_(final), layout_(files::partialName(final)) {
         for (const fs::path& folder : {layout_.folder(), layout_.folder() / "jobs", layout_.logs(),
-                                       layout_.chunks(), layout_.done(), layout_.failed()}) {
+                                       layout_.chunks(), layout_.begun(), layout_.done(), layout_.failed()}) {
             std::error_code error;
             fs::create_directory(folder, error);
             if (error) throw FarmError(files::writeFailure(final_, error.value()));

@@ -8,7 +8,7 @@
 
 #include "files/read_file.h"
 #include "media/av_library.h"
-#include "media/sha256.h"
+#include "media/digest.h"
 #include "runtime/module_loader.h"
 
 namespace ruvex::farm {
@@ -19,7 +19,7 @@ namespace fs = std::filesystem;
 constexpr std::size_t kShownDigits = 16;
 
 std::string digestOfFiles() {
-    media::Sha256 digest;
+    media::Digest digest;
     digest.add(files::readWhole("/proc/self/exe"));
     const fs::path module = runtime::Module::loadDefault()->file();
     digest.add(files::readWhole(module));

@@ -65,7 +65,7 @@ double secondsNow() {
 void writeDone(const fs::path& file, const DoneRecord& record) {
     writeJson(file, {{"firstFrame", record.frames.first},
                      {"lastFrame", record.frames.last},
-                     {"sha256", record.sha256},
+                     {"digest", record.digest},
                      {"bytes", record.bytes},
                      {"seconds", record.seconds},
                      {"finished", record.finished},
@@ -76,7 +76,7 @@ void writeDone(const fs::path& file, const DoneRecord& record) {
 std::optional<DoneRecord> readDone(const fs::path& file, const jobs::FrameRange& frames) {
     const auto record = ifSound(file, [](const Json& json) {
         return DoneRecord{.frames = {json.at("firstFrame"), json.at("lastFrame")},
-                          .sha256 = json.at("sha256"),
+                          .digest = json.at("digest"),
                           .bytes = json.at("bytes"),
                           .seconds = json.at("seconds"),
                           .finished = json.at("finished"),

@@ -14,7 +14,7 @@ namespace ruvex::farm {
 /// A chunk that is done, or a clip that is complete. Written when all of its files are there.
 struct DoneRecord {
     jobs::FrameRange frames;
-    std::string sha256{};      ///< Of the chunk; empty for a clip.
+    std::string digest{};      ///< Of the chunk; empty for a clip.
     std::uintmax_t bytes = 0;  ///< Of its files.
     double seconds = 0.0;      ///< That the task took.
     double finished = 0.0;     ///< Seconds since 1970.

@@ -1,6 +1,7 @@
 #include "farm/run_chunk.h"
 
 #include "farm/farm_error.h"
+#include "farm/older_pictures.h"
 #include "farm/planned_clip.h"
 #include "farm/recorded_failure.h"
 
@@ -15,6 +16,7 @@ TaskEnd renderMissing(const Farm& farm, const FarmChunk& chunk, jobs::RenderEven
     if (joined || completeChunk(farm, chunk)) return TaskEnd::WasDone;
     checkProgram(farm);
     const jobs::RenderPlan plan = plannedClip(farm, farm.clipOf(chunk));
+    removeOlderPictures(farm, chunk, plan);
     const jobs::Chunk part = farm.inRender(chunk);
     if (renderChunk(plan, part, events, stop) == jobs::RenderEnd::Stopped) return TaskEnd::Stopped;
     const jobs::ChunkDigest digest = digestOf(plan, part);
@@ -26,7 +28,7 @@ TaskEnd renderMissing(const Farm& farm, const FarmChunk& chunk, jobs::RenderEven
     }
     const double now = secondsNow();
     writeDone(farm.layout().doneRecord(chunk.number), {.frames = chunk.frames,
-                                                       .sha256 = digest.sha256,
+                                                       .digest = digest.digits,
                                                        .bytes = *bytes,
                                                        .seconds = now - start,
                                                        .finished = now,

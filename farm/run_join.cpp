@@ -43,7 +43,7 @@ DoneChunks doneChunks(const Farm& farm, const FarmClip& clip) {
 void checkPictures(const Farm& farm, const jobs::RenderPlan& plan, const DoneChunks& done) {
     for (std::size_t i = 0; i < done.chunks.size(); ++i) {
         const auto digest = digestOf(plan, farm.inRender(done.chunks[i]));
-        if (digest.sha256 != done.records[i].sha256) {
+        if (digest.digits != done.records[i].digest) {
             throw FarmError("The pictures of " + toText(farm, done.chunks[i]) +
                             " are not those that its task has written. Remove them, and resume.");
         }
@@ -65,7 +65,7 @@ jobs::RenderEnd joinVideo(const Farm& farm, const jobs::RenderPlan& plan, const 
     std::vector<jobs::ChunkDigest> digests;
     for (std::size_t i = 0; i < done.chunks.size(); ++i) {
         chunks.push_back(farm.inRender(done.chunks[i]));
-        digests.push_back({done.records[i].sha256, done.chunks[i].frames.count()});
+        digests.push_back({done.records[i].digest, done.chunks[i].frames.count()});
     }
     return joinChunks(plan, chunks, digests, events, stop);
 }

@@ -5,7 +5,7 @@
 #include "files/read_file.h"
 #include "media/file_kind.h"
 #include "media/media_error.h"
-#include "media/sha256.h"
+#include "media/digest.h"
 #include "media/video/chunk_form.h"
 #include "media/video/chunk_join.h"
 
@@ -41,7 +41,7 @@ void checkOrder(const RenderPlan& plan, std::span<const Chunk> chunks,
 
 ChunkDigest digestOfPictures(const RenderPlan& plan, const Chunk& chunk) {
     const files::NumberedPath names(plan.output);
-    media::Sha256 digest;
+    media::Digest digest;
     digest.add(toText(chunk.frames));
     for (std::int64_t k = chunk.frames.first; k <= chunk.frames.last; ++k) {
         digest.add(files::readWhole(names.file(k)));
@@ -112,7 +112,7 @@ RenderEnd joinChunks(const RenderPlan& plan, std::span<const Chunk> chunks,
     }
     try {
         for (std::size_t i = 0; i < chunks.size(); ++i) {
-            join.add(chunkFile(chunks[i]), digests[i].sha256);
+            join.add(chunkFile(chunks[i]), digests[i].digits);
         }
     } catch (const media::Stopped&) {
         return RenderEnd::Stopped;

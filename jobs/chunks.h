@@ -22,7 +22,7 @@ struct Chunk {
 
 /// What tells whether a chunk is the one that its task has made.
 struct ChunkDigest {
-    std::string sha256;       ///< 64 hexadecimal digits.
+    std::string digits;       ///< 32 hexadecimal ones; see media::Digest.
     std::int64_t frames = 0;  ///< How many.
 
     friend bool operator==(const ChunkDigest&, const ChunkDigest&) = default;

@@ -11,9 +11,9 @@ extern "C" {
 #include <libavformat/avformat.h>
 #include <libavutil/frame.h>
 #include <libavutil/imgutils.h>
+#include <libavutil/murmur3.h>
 #include <libavutil/opt.h>
 #include <libavutil/pixdesc.h>
-#include <libavutil/sha.h>
 #include <libavutil/timecode.h>
 #include <libswresample/swresample.h>
 #include <libswscale/swscale.h>
@@ -50,6 +50,10 @@ RUVEX_FUNCTION(av_image_fill_arrays);
 RUVEX_FUNCTION(av_image_get_buffer_size);
 RUVEX_FUNCTION(av_log_set_callback);
 RUVEX_FUNCTION(av_mallocz);
+RUVEX_FUNCTION(av_murmur3_alloc);
+RUVEX_FUNCTION(av_murmur3_final);
+RUVEX_FUNCTION(av_murmur3_init);
+RUVEX_FUNCTION(av_murmur3_update);
 RUVEX_FUNCTION(av_opt_set);
 RUVEX_FUNCTION(av_opt_set_int);
 RUVEX_FUNCTION(av_pix_fmt_desc_get);
@@ -59,14 +63,10 @@ RUVEX_FUNCTION(av_reduce);
 RUVEX_FUNCTION(av_rescale);
 RUVEX_FUNCTION(av_rescale_q);
 RUVEX_FUNCTION(av_rescale_q_rnd);
-RUVEX_FUNCTION(av_sha_alloc);
-RUVEX_FUNCTION(av_sha_final);
-RUVEX_FUNCTION(av_sha_init);
-RUVEX_FUNCTION(av_sha_update);
-RUVEX_FUNCTION(av_version_info);
 RUVEX_FUNCTION(av_strerror);
 RUVEX_FUNCTION(av_timecode_init_from_string);
 RUVEX_FUNCTION(av_timecode_make_string);
+RUVEX_FUNCTION(av_version_info);
 #undef RUVEX_LIBRARY
 
 #define RUVEX_LIBRARY "libavcodec.so." AV_STRINGIFY(LIBAVCODEC_VERSION_MAJOR)

@@ -13,14 +13,14 @@ ChunkJoin::ChunkJoin(const std::filesystem::path& path, const WriteOptions& opti
       packet_(newAvPacket()),
       picture_(newAvFrame()) {}
 
-void ChunkJoin::add(const ChunkFile& chunk, const std::string& sha256) {
+void ChunkJoin::add(const ChunkFile& chunk, const std::string& digest) {
     ChunkReader reader(chunk, !coded_);
     if (coded_) {
         addPackets(reader);
     } else {
         addPictures(reader);
     }
-    if (reader.finish() != sha256) {
+    if (reader.finish() != digest) {
         throw MediaError("Chunk " + chunk.frames + ", " + chunk.file.string() +
                          ", is not what was rendered: it has been damaged or replaced. Render it "
                          "again.");

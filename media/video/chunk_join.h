@@ -16,7 +16,7 @@ public:
 
     /// Appends the next chunk. Throws MediaError if it is missing, damaged or not the one with this
     /// digest, and Stopped if a stop is requested. Nothing else may then be called.
-    void add(const ChunkFile& chunk, const std::string& sha256);
+    void add(const ChunkFile& chunk, const std::string& digest);
 
     /// Completes the file.
     void finish() { writer_.finish(); }

@@ -7,7 +7,7 @@
 #include <optional>
 #include <string>
 
-#include "media/sha256.h"
+#include "media/digest.h"
 #include "media/video/video_decoder.h"
 #include "media/video/video_file.h"
 
@@ -51,7 +51,7 @@ private:
     [[noreturn]] void refuse(const std::string& what) const;
 
     ChunkFile chunk_;
-    Sha256 digest_;
+    Digest digest_;
     std::int64_t packets_ = 0;
     std::optional<VideoFile> file_;        ///< Where packets are read.
     std::optional<VideoDecoder> decoder_;  ///< Where pictures are read.

@@ -44,6 +44,30 @@ TEST_F(FarmTask, RendersOnlyThePicturesThatAreMissing) {
     expectResultsOfOneMachine(4);
 }
 
+TEST_F(FarmTask, DoesNotTakeThePicturesOfAnEarlierRenderForItsOwn) {
+    makePictures(4);
+    for (const char* number : {"0", "1", "2", "3"}) {
+        std::filesystem::copy_file(folder.file(std::string("in.") + number + ".rgba8"),
+                                   folder.file(std::string("out.") + number + ".rgba8"));
+    }
+    ASSERT_EQ(submit({}, "4").status, 0);
+    ASSERT_EQ(runTask("task", 0), 0);
+    ASSERT_EQ(runTask("join", 0), 0);
+    expectResultsOfOneMachine(4);
+}
+
+TEST_F(FarmTask, KeepsThePicturesOfAnEarlierRenderIfAsked) {
+    makePictures(4);
+    ASSERT_EQ(submit({}, "4").status, 0);
+    ASSERT_EQ(runTask("task", 0), 0);
+    const auto kept = timeOf("out.1.rgba8");
+    std::filesystem::remove_all(folder.file("out.farm"));
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    ASSERT_EQ(submit({"--resume"}, "4").status, 0);
+    ASSERT_EQ(runTask("task", 0), 0);
+    EXPECT_EQ(timeOf("out.1.rgba8"), kept);
+}
+
 TEST_F(FarmTask, ThatFailsSaysSoInARecordAndIsRepeated) {
     makePictures(4);
     ASSERT_EQ(submit().status, 0);

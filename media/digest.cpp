@@ -1,4 +1,4 @@
-#include "media/sha256.h"
+#include "media/digest.h"
 
 #include <array>
 #include <cstdint>
@@ -7,7 +7,7 @@
 namespace ruvex::media {
 namespace {
 
-constexpr int kBitsOfDigest = 256;
+constexpr std::size_t kBytesOfDigest = 16;
 constexpr int kBitsOfByte = 8;
 
 const std::uint8_t* octets(const std::byte* bytes) {
@@ -16,24 +16,24 @@ const std::uint8_t* octets(const std::byte* bytes) {
 
 }  // namespace
 
-Sha256::Sha256() : sha_(av_sha_alloc()) {
-    if (!sha_) throw std::bad_alloc();
-    av_sha_init(sha_.get(), kBitsOfDigest);
+Digest::Digest() : murmur_(av_murmur3_alloc()) {
+    if (!murmur_) throw std::bad_alloc();
+    av_murmur3_init(murmur_.get());
 }
 
-void Sha256::add(std::span<const std::byte> bytes) {
+void Digest::add(std::span<const std::byte> bytes) {
     std::array<std::byte, sizeof(std::uint64_t)> length{};
     for (std::size_t i = 0; i < length.size(); ++i) {
         const std::size_t shift = kBitsOfByte * (length.size() - 1 - i);
         length[i] = static_cast<std::byte>(std::uint64_t{bytes.size()} >> shift);
     }
-    av_sha_update(sha_.get(), octets(length.data()), length.size());
-    av_sha_update(sha_.get(), octets(bytes.data()), bytes.size());
+    av_murmur3_update(murmur_.get(), octets(length.data()), length.size());
+    av_murmur3_update(murmur_.get(), octets(bytes.data()), bytes.size());
 }
 
-std::string Sha256::finish() {
-    std::array<std::uint8_t, kBitsOfDigest / kBitsOfByte> digest{};
-    av_sha_final(sha_.get(), digest.data());
+std::string Digest::finish() {
+    std::array<std::uint8_t, kBytesOfDigest> digest{};
+    av_murmur3_final(murmur_.get(), digest.data());
     std::string text;
     for (const std::uint8_t byte : digest) {
         constexpr const char* kDigits = "0123456789abcdef";
