@@ -1,0 +1,72 @@
+#include "farm/input_stamps.h"
+
+#include <algorithm>
+#include <sys/stat.h>
+
+#include "farm/farm_error.h"
+#include "farm/program_identity.h"
+#include "files/numbered_path.h"
+
+namespace ruvex::farm {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::optional<FileStamp> stampOfFile(const fs::path& file) {
+    struct stat status {};
+    if (stat(file.c_str(), &status) != 0) return std::nullopt;
+    return FileStamp{static_cast<std::uintmax_t>(status.st_size), status.st_mtime};
+}
+
+[[noreturn]] void refuseChanged(const fs::path& file) {
+    throw FarmError(file.string() +
+                    " was changed after the submission. Submit the render of the changed file as a "
+                    "new job.");
+}
+
+void checkFile(const fs::path& file, const std::optional<FileStamp>& submitted) {
+    if (!submitted) return;
+    const auto now = stampOf(file);
+    if (!now) {
+        throw FarmError(hostName() + " does not see " + file.string() +
+                        ". Every machine has to see it under this name.");
+    }
+    if (now != submitted) refuseChanged(file);
+}
+
+void checkPictures(const FarmClip& clip, const jobs::FrameRange& frames) {
+    if (!clip.inputStamp) return;
+    const files::NumberedPath pictures(clip.input);
+    for (std::int64_t k = frames.first; k <= frames.last; ++k) {
+        const fs::path picture = pictures.file(k);
+        const auto now = stampOfFile(picture);
+        if (now && now->modified > clip.inputStamp->modified) refuseChanged(picture);
+    }
+}
+
+}  // namespace
+
+std::optional<FileStamp> stampOf(const fs::path& input) {
+    const files::NumberedPath path(input);
+    if (!path.isPattern()) return stampOfFile(path.plain());
+    std::optional<FileStamp> stamp;
+    for (const std::int64_t number : path.numbers()) {
+        const auto one = stampOfFile(path.file(number));
+        if (!one) continue;
+        if (!stamp) stamp.emplace();
+        stamp->bytes += one->bytes;
+        stamp->modified = std::max(stamp->modified, one->modified);
+    }
+    return stamp;
+}
+
+void checkInputs(const FarmClip& clip, const jobs::FrameRange& frames) {
+    if (files::NumberedPath(clip.input).isPattern()) {
+        checkPictures(clip, frames);
+    } else {
+        checkFile(clip.input, clip.inputStamp);
+    }
+    if (!clip.mask.empty()) checkFile(clip.mask, clip.maskStamp);
+}
+
+}  // namespace ruvex::farm

@@ -1,0 +1,22 @@
+// Whether the files that a clip is rendered from are those of its submission.
+
+#pragma once
+
+#include <filesystem>
+#include <optional>
+
+#include "farm/farm_job.h"
+#include "jobs/frame_range.h"
+
+namespace ruvex::farm {
+
+/// The stamp of a file, or of a numbered sequence: the bytes of all of its pictures, and the latest
+/// of their times. Empty for what is not there.
+std::optional<FileStamp> stampOf(const std::filesystem::path& input);
+
+/// Throws FarmError if the clip or its mask is not there, or was changed after the submission. Of a
+/// sequence it looks at the pictures of `frames` alone, and finds those that are newer than all
+/// were.
+void checkInputs(const FarmClip& clip, const jobs::FrameRange& frames);
+
+}  // namespace ruvex::farm
