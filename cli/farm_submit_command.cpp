@@ -11,6 +11,7 @@
 #include "cli/shell_text.h"
 #include "cli/typed_job.h"
 #include "cli/usage_error.h"
+#include "farm/absolute_name.h"
 #include "farm/farm_error.h"
 #include "farm/submitting.h"
 #include "jobs/job_file.h"
@@ -47,9 +48,7 @@ std::vector<jobs::RenderJob> savedJobs(FarmOptions& options, std::vector<std::st
 /// Where the results of several clips go to a folder, the farm job is named after it.
 fs::path folderFor(const FarmOptions& options, std::size_t clips) {
     if (!options.folder.empty() || clips == 1) return options.folder;
-    const fs::path output = fs::absolute(options.render.output).lexically_normal();
-    fs::path folder = output.has_filename() ? output : output.parent_path();
-    return folder += ".farm";
+    return farm::absoluteName(options.render.output) += ".farm";
 }
 
 std::vector<jobs::RenderJob> typedJobs(const FarmOptions& options,

@@ -43,7 +43,7 @@ std::int64_t cancelAll(const Farm& farm, const std::stop_token& stop) {
         // A younger file counts as one that a program has just begun.
         std::this_thread::sleep_for(1100ms);
     }
-    for (const FarmClip& clip : farm.job().clips) removeLeftovers(farm, clip);
+    for (std::size_t clip = 0; clip < farm.job().clips.size(); ++clip) removeLeftovers(farm, clip);
     return std::ssize(elements);
 }
 

@@ -53,7 +53,7 @@ const FarmClip& Farm::clip(std::int64_t number) const {
 jobs::Chunk Farm::inRender(const FarmChunk& chunk) const {
     const FarmClip& clip = clipOf(chunk);
     if (!clip.isJoined()) return {chunk.frames, {}};
-    return {chunk.frames, layout_.chunkFile(chunk.number, clip.chunkExtension)};
+    return {chunk.frames, layout_.chunkFile(chunk.clip, chunk.number, clip.chunkExtension)};
 }
 
 std::string toText(const Farm& farm, const FarmChunk& chunk) {

@@ -31,6 +31,18 @@ SchedulerOptions schedulerFrom(const Json& json) {
     return options;
 }
 
+/// Under the names "inputBytes" and "inputModified".
+void addStamp(Json& json, const std::string& name, const std::optional<FileStamp>& stamp) {
+    if (!stamp) return;
+    json[name + "Bytes"] = stamp->bytes;
+    json[name + "Modified"] = stamp->modified;
+}
+
+std::optional<FileStamp> stampIn(const Json& json, const std::string& name) {
+    if (!json.contains(name + "Bytes")) return std::nullopt;
+    return FileStamp{json[name + "Bytes"], json.at(name + "Modified")};
+}
+
 Json clipJson(const FarmClip& clip) {
     Json json = {{"name", clip.name},
                  {"jobDigest", clip.jobDigest},
@@ -40,10 +52,9 @@ Json clipJson(const FarmClip& clip) {
                  {"lastFrame", clip.frames.last},
                  {"chunkExtension", clip.chunkExtension},
                  {"firstChunk", clip.firstChunk}};
-    if (clip.inputStamp) {
-        json["inputBytes"] = clip.inputStamp->bytes;
-        json["inputModified"] = clip.inputStamp->modified;
-    }
+    addStamp(json, "input", clip.inputStamp);
+    if (!clip.mask.empty()) json["mask"] = jobs::storedPath(clip.mask, {});
+    addStamp(json, "mask", clip.maskStamp);
     return json;
 }
 
@@ -55,9 +66,9 @@ FarmClip clipFrom(const Json& json) {
                   .frames = {json.at("firstFrame"), json.at("lastFrame")},
                   .chunkExtension = json.at("chunkExtension"),
                   .firstChunk = json.at("firstChunk")};
-    if (json.contains("inputBytes")) {
-        clip.inputStamp = FileStamp{json["inputBytes"], json.at("inputModified")};
-    }
+    clip.inputStamp = stampIn(json, "input");
+    if (json.contains("mask")) clip.mask = jobs::pathFromStored(json["mask"], {});
+    clip.maskStamp = stampIn(json, "mask");
     return clip;
 }
 

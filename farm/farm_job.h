@@ -26,7 +26,9 @@ struct FarmClip {
     std::string name;       ///< Of its job file in the folder jobs/, without ".json".
     std::string jobDigest;  ///< Of the text of the job file; see digestOfText.
     std::filesystem::path input;
-    std::optional<FileStamp> inputStamp{};  ///< Without it the input is a sequence.
+    std::optional<FileStamp> inputStamp{};
+    std::filesystem::path mask{};  ///< Empty without one.
+    std::optional<FileStamp> maskStamp{};
     std::filesystem::path output;
     jobs::FrameRange frames;     ///< All that are rendered.
     std::string chunkExtension;  ///< Of chunks that are files to be joined; empty for a sequence.

@@ -54,7 +54,6 @@ std::optional<FileStamp> stampOf(const fs::path& input) {
         const auto one = stampOfFile(path.file(number));
         if (!one) continue;
         if (!stamp) stamp.emplace();
-        stamp->bytes += one->bytes;
         stamp->modified = std::max(stamp->modified, one->modified);
     }
     return stamp;

@@ -10,8 +10,8 @@
 
 namespace ruvex::farm {
 
-/// The stamp of a file, or of a numbered sequence: the bytes of all of its pictures, and the latest
-/// of their times. Empty for what is not there.
+/// The stamp of a file; of a numbered sequence the latest time of its pictures, and no bytes. Empty
+/// for what is not there.
 std::optional<FileStamp> stampOf(const std::filesystem::path& input);
 
 /// Throws FarmError if the clip or its mask is not there, or was changed after the submission. Of a

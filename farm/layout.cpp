@@ -1,38 +1,24 @@
 #include "farm/layout.h"
 
-#include <array>
-#include <cinttypes>
-#include <cstdio>
+#include "farm/absolute_name.h"
+#include "files/numbered_path.h"
 
 namespace ruvex::farm {
 namespace {
 
 namespace fs = std::filesystem;
 
-/// "000012".
-std::string sixDigits(std::int64_t number) {
-    std::array<char, 24> text{};
-    std::snprintf(text.data(), text.size(), "%06" PRId64, number);
-    return text.data();
+fs::path numbered(const fs::path& pattern, std::int64_t number) {
+    return files::NumberedPath(pattern).file(number);
 }
 
-std::string chunkName(std::int64_t chunk) {
-    return "chunk-" + sixDigits(chunk) + ".json";
-}
-
-std::string joinName(std::size_t clip) {
-    return "join-" + sixDigits(static_cast<std::int64_t>(clip)) + ".json";
-}
-
-/// Without a separator at its end, so that it has a name.
-fs::path cleanFolder(const fs::path& folder) {
-    const fs::path whole = fs::absolute(folder).lexically_normal();
-    return whole.has_filename() ? whole : whole.parent_path();
+fs::path numbered(const fs::path& pattern, std::size_t number) {
+    return numbered(pattern, static_cast<std::int64_t>(number));
 }
 
 }  // namespace
 
-Layout::Layout(const fs::path& folder) : folder_(cleanFolder(folder)) {}
+Layout::Layout(const fs::path& folder) : folder_(absoluteName(folder)) {}
 
 fs::path Layout::jobFile(const std::string& clip) const {
     return folder_ / "jobs" / (clip + ".json");
@@ -42,28 +28,41 @@ fs::path Layout::log(const std::string& array, std::int64_t index) const {
     return logs() / (array + "_" + std::to_string(index) + ".txt");
 }
 
-fs::path Layout::chunkFile(std::int64_t number, const std::string& extension) const {
-    return chunks() / (sixDigits(number) + extension);
+fs::path Layout::chunkFiles(std::size_t clip, const std::string& extension) const {
+    return chunks() / (std::to_string(clip) + "-%06d" + extension);
+}
+
+fs::path Layout::chunkFile(std::size_t clip, std::int64_t chunk,
+                           const std::string& extension) const {
+    return numbered(chunkFiles(clip, extension), chunk);
+}
+
+fs::path Layout::chunkRecords(const fs::path& folder) {
+    return folder / "chunk-%06d.json";
+}
+
+fs::path Layout::joinRecords(const fs::path& folder) {
+    return folder / "join-%06d.json";
 }
 
 fs::path Layout::begunMark(std::int64_t chunk) const {
-    return begun() / ("chunk-" + sixDigits(chunk));
+    return numbered(chunkRecords(begun()), chunk);
 }
 
 fs::path Layout::doneRecord(std::int64_t chunk) const {
-    return done() / chunkName(chunk);
+    return numbered(chunkRecords(done()), chunk);
 }
 
 fs::path Layout::joinRecord(std::size_t clip) const {
-    return done() / joinName(clip);
+    return numbered(joinRecords(done()), clip);
 }
 
 fs::path Layout::failureRecord(std::int64_t chunk) const {
-    return failed() / chunkName(chunk);
+    return numbered(chunkRecords(failed()), chunk);
 }
 
 fs::path Layout::joinFailureRecord(std::size_t clip) const {
-    return failed() / joinName(clip);
+    return numbered(joinRecords(failed()), clip);
 }
 
 }  // namespace ruvex::farm

@@ -27,11 +27,16 @@ public:
     /// What a task of a scheduler's array has printed.
     std::filesystem::path log(const std::string& array, std::int64_t index) const;
     std::filesystem::path chunks() const { return folder_ / "chunks"; }
-    /// The file of a chunk of a video.
-    std::filesystem::path chunkFile(std::int64_t number, const std::string& extension) const;
+    /// The files of the chunks of a video, as a numbered path.
+    std::filesystem::path chunkFiles(std::size_t clip, const std::string& extension) const;
+    std::filesystem::path chunkFile(std::size_t clip, std::int64_t chunk,
+                                    const std::string& extension) const;
     /// Marks the chunks of a sequence that a task has begun to render.
     std::filesystem::path begun() const { return folder_ / "begun"; }
     std::filesystem::path begunMark(std::int64_t chunk) const;
+    /// The records in one of the folders done() and failed(), as a numbered path.
+    static std::filesystem::path chunkRecords(const std::filesystem::path& folder);
+    static std::filesystem::path joinRecords(const std::filesystem::path& folder);
     std::filesystem::path done() const { return folder_ / "done"; }
     std::filesystem::path doneRecord(std::int64_t chunk) const;
     std::filesystem::path joinRecord(std::size_t clip) const;

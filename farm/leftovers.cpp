@@ -1,20 +1,32 @@
 #include "farm/leftovers.h"
 
 #include <filesystem>
+#include <system_error>
 
 #include "files/partial_file.h"
 
 namespace ruvex::farm {
 
-void removeLeftovers(const Farm& farm, const FarmClip& clip) {
+void removeLeftovers(const Farm& farm, std::size_t clip) {
     const Layout& layout = farm.layout();
-    files::removeAbandoned(clip.output);
-    if (clip.isJoined()) {
-        files::removeAbandoned(layout.chunks() / ("%06d" + clip.chunkExtension));
+    const FarmClip& one = farm.job().clips.at(clip);
+    files::removeAbandoned(one.output);
+    if (one.isJoined()) {
+        files::removeAbandoned(layout.chunkFiles(clip, one.chunkExtension));
     }
     for (const std::filesystem::path& records : {layout.done(), layout.failed()}) {
-        files::removeAbandoned(records / "chunk-%06d.json");
-        files::removeAbandoned(records / "join-%06d.json");
+        files::removeAbandoned(Layout::chunkRecords(records));
+        files::removeAbandoned(Layout::joinRecords(records));
+    }
+}
+
+void removeChunks(const Farm& farm, std::size_t clip) {
+    const FarmClip& one = farm.job().clips.at(clip);
+    if (!one.isJoined() || farm.job().keepChunks) return;
+    const std::int64_t end = one.firstChunk + chunksOf(farm.job(), one);
+    for (std::int64_t number = one.firstChunk; number < end; ++number) {
+        std::error_code ignored;
+        std::filesystem::remove(farm.inRender(farm.chunk(number)).file, ignored);
     }
 }
 

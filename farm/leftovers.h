@@ -1,4 +1,4 @@
-// Temporary files of tasks that were killed.
+// Files that are not needed any more.
 
 #pragma once
 
@@ -9,6 +9,9 @@ namespace ruvex::farm {
 /// Removes what killed tasks have left beside the results and in the folder of the job. Files that
 /// a task of this machine still writes are locked and stay; where the disk has no locks between
 /// machines, this is for when no task of the clip runs.
-void removeLeftovers(const Farm& farm, const FarmClip& clip);
+void removeLeftovers(const Farm& farm, std::size_t clip);
+
+/// Removes the files of the chunks of a clip that has been joined, unless the job keeps them.
+void removeChunks(const Farm& farm, std::size_t clip);
 
 }  // namespace ruvex::farm

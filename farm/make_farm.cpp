@@ -7,9 +7,11 @@
 #include <span>
 #include <system_error>
 
+#include "farm/absolute_name.h"
 #include "farm/batch_script.h"
 #include "farm/farm_error.h"
 #include "farm/farm_file.h"
+#include "farm/input_stamps.h"
 #include "farm/planned_clip.h"
 #include "files/numbered_path.h"
 #include "files/partial_name.h"
@@ -46,7 +48,7 @@ void checkNoStream(const jobs::RenderJob& job) {
 jobs::RenderJob fixedJob(jobs::RenderJob job) {
     checkNoStream(job);
     for (fs::path* file : {&job.input, &job.output, &job.mask}) {
-        if (!file->empty()) *file = fs::absolute(*file).lexically_normal();
+        if (!file->empty()) *file = absoluteName(*file);
     }
     if (!job.workers) job.workers = kUsualWorkers;
     if (!job.encoderThreads && media::fileKind(job.output) == media::FileKind::Video) {
@@ -79,30 +81,67 @@ void checkCanBeCut(const jobs::RenderPlan& plan) {
     }
 }
 
-FarmClip clipOf(const std::string& name, const jobs::RenderPlan& plan, const std::string& text) {
+/// Throws FarmError without the folder of the result: a video has no file in it until the join.
+void checkResultFolder(const fs::path& output) {
+    std::error_code error;
+    if (fs::is_directory(output.parent_path(), error)) return;
+    throw FarmError("The folder " + output.parent_path().string() +
+                    " does not exist. Make it first.");
+}
+
+FarmClip clipOf(const std::string& name, const jobs::RenderJob& job, const jobs::RenderPlan& plan,
+                const std::string& text) {
     checkCanBeCut(plan);
+    checkResultFolder(plan.output);
     return {.name = name,
             .jobDigest = digestOfText(text),
             .input = plan.input,
             .inputStamp = stampOf(plan.input),
+            .mask = job.mask,
+            .maskStamp = job.mask.empty() ? std::nullopt : stampOf(job.mask),
             .output = plan.output,
             .frames = plan.frames,
             .chunkExtension = jobs::isJoined(plan) ? jobs::chunkExtension(plan) : ""};
 }
 
-/// Two renders into one file, and a render over another's clip.
+/// A file that both renders write.
+std::optional<fs::path> sharedResult(const FarmClip& one, const FarmClip& other) {
+    const files::NumberedPath a(one.output);
+    const files::NumberedPath b(other.output);
+    if (one.isJoined() != other.isJoined()) return std::nullopt;
+    if (one.isJoined()) return a.plain() == b.plain() ? std::optional(a.plain()) : std::nullopt;
+    const std::int64_t first = std::max(one.frames.first, other.frames.first);
+    const std::int64_t last = std::min(one.frames.last, other.frames.last);
+    // The names agree for all numbers, or from the first that has more digits than a field.
+    if (first > last || a.file(last) != b.file(last)) return std::nullopt;
+    return a.file(last);
+}
+
+/// Refuses two renders into one file, and a render over another's clip.
 void checkFilesKept(const FarmJob& job) {
     for (const FarmClip& clip : job.clips) {
         jobs::FilesWritten written;
         written.addOutput(clip.output, clip.frames);
         for (const FarmClip& other : job.clips) {
             if (&other == &clip) continue;
-            written.checkInputKept(other.input, {});
-            if (other.output == clip.output) {
-                throw FarmError(clip.input.string() + " and " + other.input.string() +
-                                " would both become " + clip.output.string() +
-                                ". Give each result a name of its own.");
-            }
+            written.checkInputKept(other.input, other.mask);
+            const auto shared = sharedResult(clip, other);
+            if (!shared) continue;
+            throw FarmError(clip.input.string() + " and " + other.input.string() +
+                            " would both become " + shared->string() +
+                            ". Give each result a name of its own.");
+        }
+    }
+}
+
+/// Names of files in the folder that the scheduler, or a line of 'ruvex farm plan', would read as
+/// something else.
+void checkFolderName(const fs::path& folder) {
+    for (const char letter : folder.string()) {
+        if (letter == '%' || letter == '\\' || static_cast<unsigned char>(letter) < ' ') {
+            throw FarmError("The name of the folder " + folder.string() +
+                            " may not contain '%', '\\' or control characters, which Slurm reads "
+                            "in its own way. Name another one with --folder.");
         }
     }
 }
@@ -110,9 +149,9 @@ void checkFilesKept(const FarmJob& job) {
 /// The folder under a name that nobody looks at, removed unless it gets its final one.
 class NewFolder {
 public:
-    explicit NewFolder(const fs::path& final) : final_(final), layout_(files::partialName(final)) {
-        for (const fs::path& folder : {layout_.folder(), layout_.folder() / "jobs", layout_.logs(),
-                                       layout_.chunks(), layout_.begun(), layout_.done(), layout_.failed()}) {
+    explicit NewFolder(const fs::path& final) : final_(final), layout_(madeBeside(final)) {
+        for (const fs::path& folder : {layout_.folder() / "jobs", layout_.logs(), layout_.chunks(),
+                                       layout_.begun(), layout_.done(), layout_.failed()}) {
             std::error_code error;
             fs::create_directory(folder, error);
             if (error) throw FarmError(files::writeFailure(final_, error.value()));
@@ -138,6 +177,16 @@ public:
     }
 
 private:
+    /// A folder that was not there. A process of this number may have left some.
+    static fs::path madeBeside(const fs::path& final) {
+        for (;;) {
+            const fs::path folder = files::partialName(final);
+            std::error_code error;
+            if (fs::create_directory(folder, error)) return folder;
+            if (error) throw FarmError(files::writeFailure(final, error.value()));
+        }
+    }
+
     fs::path final_;
     Layout layout_;
     bool kept_ = false;
@@ -173,6 +222,7 @@ fs::path usualFolder(const fs::path& output) {
 
 Farm makeFarm(const FarmWish& wish, std::vector<jobs::Note>& notes) {
     const Layout layout(wish.folder.empty() ? usualFolder(wish.jobs.at(0).output) : wish.folder);
+    checkFolderName(layout.folder());
     checkNew(layout);
     FarmJob job{.id = newId(),
                 .program = runningProgram(),
@@ -185,7 +235,7 @@ Farm makeFarm(const FarmWish& wish, std::vector<jobs::Note>& notes) {
         const jobs::RenderJob fixed = fixedJob(one);
         const std::string& text = texts.emplace_back(jobs::jobText(fixed, {}));
         FarmClip clip =
-            clipOf(clipName(job.clips.size(), fixed.output), plannedJob(fixed, notes), text);
+            clipOf(clipName(job.clips.size(), fixed.output), fixed, plannedJob(fixed, notes), text);
         clip.firstChunk = chunksOf(job);
         job.clips.push_back(std::move(clip));
     }

@@ -20,9 +20,8 @@ void removeOlderPictures(const Farm& farm, const FarmChunk& chunk, const jobs::R
         const fs::path picture = pictures.file(k);
         fs::remove(picture, error);
         if (error) {
-            throw FarmError(picture.string() +
-                            " is of an earlier render and cannot be removed: " + error.message() +
-                            ".");
+            throw FarmError(picture.string() + " is of an earlier render and cannot be removed: " +
+                            error.message() + ".");
         }
     }
     // Afterwards: a task that is killed before this removes the rest.

@@ -8,8 +8,8 @@
 namespace ruvex::farm {
 
 /// To be called before each rendering of a chunk, which keeps the pictures that it finds: the first
-/// call for a chunk of a sequence removes its pictures, which are those of an earlier render, unless
-/// the job says that they are kept ("resume"). Throws FarmError or files::FileError.
+/// call for a chunk of a sequence removes its pictures, which are those of an earlier render,
+/// unless the job says that they are kept ("resume"). Throws FarmError or files::FileError.
 void removeOlderPictures(const Farm& farm, const FarmChunk& chunk, const jobs::RenderPlan& plan);
 
 }  // namespace ruvex::farm

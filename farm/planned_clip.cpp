@@ -1,39 +1,10 @@
 #include "farm/planned_clip.h"
 
-#include <sys/stat.h>
-
 #include "farm/farm_error.h"
-#include "files/numbered_path.h"
+#include "farm/input_stamps.h"
 #include "jobs/job_file.h"
 
 namespace ruvex::farm {
-namespace {
-
-namespace fs = std::filesystem;
-
-void checkInput(const FarmClip& clip) {
-    if (!clip.inputStamp) return;
-    const auto now = stampOf(clip.input);
-    if (!now) {
-        throw FarmError(hostName() + " does not see " + clip.input.string() +
-                        ". Every machine has to see the clip under this name.");
-    }
-    if (now != clip.inputStamp) {
-        throw FarmError(clip.input.string() +
-                        " was changed after the submission. Submit the render of the changed clip "
-                        "as a new job.");
-    }
-}
-
-}  // namespace
-
-std::optional<FileStamp> stampOf(const fs::path& input) {
-    const files::NumberedPath path(input);
-    struct stat status {};
-    if (path.isPattern() || stat(path.plain().c_str(), &status) != 0) return std::nullopt;
-    return FileStamp{static_cast<std::uintmax_t>(status.st_size), status.st_mtime};
-}
-
 jobs::RenderPlan plannedJob(const jobs::RenderJob& job, std::vector<jobs::Note>& notes) {
     try {
         const auto reader = media::openReader(job.input, jobs::readingOf(job));
@@ -43,12 +14,13 @@ jobs::RenderPlan plannedJob(const jobs::RenderJob& job, std::vector<jobs::Note>&
     }
 }
 
-jobs::RenderPlan plannedClip(const Farm& farm, const FarmClip& clip) {
+jobs::RenderPlan plannedClip(const Farm& farm, const FarmClip& clip,
+                             const jobs::FrameRange& frames) {
     checkJobFile(farm, clip);
-    checkInput(clip);
+    checkInputs(clip, frames);
     std::vector<std::string> warnings;
     std::vector<jobs::Note> notes;
-    const fs::path file = farm.layout().jobFile(clip.name);
+    const std::filesystem::path file = farm.layout().jobFile(clip.name);
     jobs::RenderPlan plan = plannedJob(jobs::readJob(file, warnings), notes);
     const bool same = plan.frames == clip.frames && plan.output == clip.output &&
                       jobs::isJoined(plan) == clip.isJoined();

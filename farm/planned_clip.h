@@ -7,12 +7,11 @@
 
 namespace ruvex::farm {
 
-/// The stamp of a file; empty for a numbered sequence and what is not there.
-std::optional<FileStamp> stampOf(const std::filesystem::path& input);
-
-/// Plans the render of all frames of the clip. Throws FarmError if the job file or the clip is not
-/// what was submitted, and as openReader and planRender do; a JobError becomes a FarmError.
-jobs::RenderPlan plannedClip(const Farm& farm, const FarmClip& clip);
+/// Plans the render of all frames of the clip, some of which are to be rendered now. Throws
+/// FarmError if the job file, or what these frames are rendered from, is not what was submitted,
+/// and as openReader and planRender do; a JobError becomes a FarmError.
+jobs::RenderPlan plannedClip(const Farm& farm, const FarmClip& clip,
+                             const jobs::FrameRange& frames);
 
 /// The plan of a job, with its clip looked at. Throws FarmError for a job that cannot be done, with
 /// the names of job files, and media::MediaError.

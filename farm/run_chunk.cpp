@@ -1,6 +1,7 @@
 #include "farm/run_chunk.h"
 
 #include "farm/farm_error.h"
+#include "farm/leftovers.h"
 #include "farm/older_pictures.h"
 #include "farm/planned_clip.h"
 #include "farm/recorded_failure.h"
@@ -8,31 +9,36 @@
 namespace ruvex::farm {
 namespace {
 
+bool isJoined(const Farm& farm, const FarmChunk& chunk) {
+    return farm.clipOf(chunk).isJoined() && completeClip(farm, chunk.clip);
+}
+
 TaskEnd renderMissing(const Farm& farm, const FarmChunk& chunk, jobs::RenderEvents& events,
                       const std::stop_token& stop) {
     const double start = secondsNow();
     // After a join, the file of the chunk is not needed any more.
-    const bool joined = farm.clipOf(chunk).isJoined() && completeClip(farm, chunk.clip);
-    if (joined || completeChunk(farm, chunk)) return TaskEnd::WasDone;
+    if (isJoined(farm, chunk) || completeChunk(farm, chunk)) return TaskEnd::WasDone;
     checkProgram(farm);
-    const jobs::RenderPlan plan = plannedClip(farm, farm.clipOf(chunk));
+    const jobs::RenderPlan plan = plannedClip(farm, farm.clipOf(chunk), chunk.frames);
     removeOlderPictures(farm, chunk, plan);
     const jobs::Chunk part = farm.inRender(chunk);
     if (renderChunk(plan, part, events, stop) == jobs::RenderEnd::Stopped) return TaskEnd::Stopped;
-    const jobs::ChunkDigest digest = digestOf(plan, part);
+    const std::string digest = digestOf(plan, part);
     const auto bytes = bytesOf(farm, chunk);
-    if (!bytes || digest.frames != chunk.frames.count()) {
+    if (!bytes) {
         throw FarmError(toText(farm, chunk) +
                         " is not complete although it was rendered. Does "
                         "another program write there?");
     }
     const double now = secondsNow();
     writeDone(farm.layout().doneRecord(chunk.number), {.frames = chunk.frames,
-                                                       .digest = digest.digits,
+                                                       .digest = digest,
                                                        .bytes = *bytes,
                                                        .seconds = now - start,
                                                        .finished = now,
                                                        .host = hostName()});
+    // Another task may have rendered the chunk too, and the join has ended since.
+    if (isJoined(farm, chunk)) removeChunks(farm, chunk.clip);
     return TaskEnd::Done;
 }
 

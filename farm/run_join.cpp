@@ -8,11 +8,16 @@
 #include "farm/planned_clip.h"
 #include "farm/recorded_failure.h"
 #include "files/numbered_path.h"
+#include "media/video/chunk_reader.h"
 
 namespace ruvex::farm {
 namespace {
 
 namespace fs = std::filesystem;
+
+std::string resumeText(const Farm& farm) {
+    return "'ruvex farm resume " + farm.layout().folder().string() + "'";
+}
 
 /// The chunks of a clip, all of which are done.
 struct DoneChunks {
@@ -36,17 +41,24 @@ DoneChunks doneChunks(const Farm& farm, const FarmClip& clip) {
     if (missing.empty()) return done;
     throw FarmError(clip.output.string() + " lacks " +
                     (missing.size() == 1 ? "chunk " : "the chunks ") + numberList(missing, ", ") +
-                    " of " + std::to_string(count) + ": 'ruvex farm resume " +
-                    farm.layout().folder().string() + "' renders what is missing.");
+                    " of " + std::to_string(count) + ". " + resumeText(farm) +
+                    " renders what is missing.");
+}
+
+/// A chunk that is to be rendered anew, whatever of it is there.
+void forget(const Farm& farm, const FarmChunk& chunk) {
+    std::error_code ignored;
+    fs::remove(farm.layout().doneRecord(chunk.number), ignored);
+    fs::remove(farm.layout().begunMark(chunk.number), ignored);
 }
 
 void checkPictures(const Farm& farm, const jobs::RenderPlan& plan, const DoneChunks& done) {
     for (std::size_t i = 0; i < done.chunks.size(); ++i) {
-        const auto digest = digestOf(plan, farm.inRender(done.chunks[i]));
-        if (digest.digits != done.records[i].digest) {
-            throw FarmError("The pictures of " + toText(farm, done.chunks[i]) +
-                            " are not those that its task has written. Remove them, and resume.");
-        }
+        if (digestOf(plan, farm.inRender(done.chunks[i])) == done.records[i].digest) continue;
+        forget(farm, done.chunks[i]);
+        throw FarmError("The pictures of " + toText(farm, done.chunks[i]) +
+                        " are not those that its task has written. " + resumeText(farm) +
+                        " renders them again.");
     }
 }
 
@@ -62,45 +74,56 @@ void checkFrameCount(const FarmClip& clip) {
 jobs::RenderEnd joinVideo(const Farm& farm, const jobs::RenderPlan& plan, const DoneChunks& done,
                           jobs::RenderEvents& events, const std::stop_token& stop) {
     std::vector<jobs::Chunk> chunks;
-    std::vector<jobs::ChunkDigest> digests;
+    std::vector<std::string> digests;
     for (std::size_t i = 0; i < done.chunks.size(); ++i) {
         chunks.push_back(farm.inRender(done.chunks[i]));
-        digests.push_back({done.records[i].digest, done.chunks[i].frames.count()});
+        digests.push_back(done.records[i].digest);
     }
-    return joinChunks(plan, chunks, digests, events, stop);
+    try {
+        return joinChunks(plan, chunks, digests, events, stop);
+    } catch (const media::ChunkError& error) {
+        for (const FarmChunk& chunk : done.chunks) {
+            if (farm.inRender(chunk).file == error.file()) forget(farm, chunk);
+        }
+        throw FarmError(std::string(error.what()) + " " + resumeText(farm) + " does.");
+    }
 }
 
-void removeChunks(const Farm& farm, const DoneChunks& done) {
-    for (const FarmChunk& chunk : done.chunks) {
-        std::error_code ignored;
-        fs::remove(farm.inRender(chunk).file, ignored);
-    }
+/// The bytes of the result.
+std::uintmax_t bytesOf(const FarmClip& clip, const DoneChunks& done) {
+    if (clip.isJoined()) return fs::file_size(files::NumberedPath(clip.output).plain());
+    std::uintmax_t bytes = 0;
+    for (const DoneRecord& one : done.records) bytes += one.bytes;
+    return bytes;
 }
 
 TaskEnd join(const Farm& farm, std::size_t number, bool verify, jobs::RenderEvents& events,
              const std::stop_token& stop) {
     const double start = secondsNow();
-    if (completeClip(farm, number)) return TaskEnd::WasDone;
-    checkProgram(farm);
     const FarmClip& clip = farm.job().clips[number];
+    const bool verifies = verify && !clip.isJoined();
+    if (completeClip(farm, number) && !verifies) {
+        removeChunks(farm, number);
+        return TaskEnd::WasDone;
+    }
+    checkProgram(farm);
     const DoneChunks done = doneChunks(farm, clip);
-    DoneRecord record{.frames = clip.frames, .host = hostName()};
-    const jobs::RenderPlan plan = plannedClip(farm, clip);
+    const jobs::RenderPlan plan = plannedClip(farm, clip, clip.frames);
+    if (verifies) checkPictures(farm, plan, done);
     if (clip.isJoined()) {
         if (joinVideo(farm, plan, done, events, stop) == jobs::RenderEnd::Stopped) {
             return TaskEnd::Stopped;
         }
         checkFrameCount(clip);
-        record.bytes = fs::file_size(files::NumberedPath(clip.output).plain());
-    } else {
-        if (verify) checkPictures(farm, plan, done);
-        for (const DoneRecord& one : done.records) record.bytes += one.bytes;
     }
-    record.finished = secondsNow();
-    record.seconds = record.finished - start;
-    writeDone(farm.layout().joinRecord(number), record);
-    if (clip.isJoined() && !farm.job().keepChunks) removeChunks(farm, done);
-    removeLeftovers(farm, clip);
+    const double now = secondsNow();
+    writeDone(farm.layout().joinRecord(number), {.frames = clip.frames,
+                                                 .bytes = bytesOf(clip, done),
+                                                 .seconds = now - start,
+                                                 .finished = now,
+                                                 .host = hostName()});
+    removeChunks(farm, number);
+    removeLeftovers(farm, number);
     return TaskEnd::Done;
 }
 

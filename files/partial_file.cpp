@@ -52,7 +52,8 @@ bool isAbandoned(const fs::path& file) {
     if (error || age < kAgeOfAbandoned) {
         return false;
     }
-    const Descriptor opened(file, O_RDONLY | O_CLOEXEC);
+    // On NFS, only a file that is open for writing can be locked.
+    const Descriptor opened(file, O_RDWR | O_CLOEXEC);
     return opened.get() >= 0 && flock(opened.get(), LOCK_EX | LOCK_NB) == 0;
 }
 

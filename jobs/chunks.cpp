@@ -3,9 +3,9 @@
 #include "files/numbered_path.h"
 #include "files/partial_file.h"
 #include "files/read_file.h"
+#include "media/digest.h"
 #include "media/file_kind.h"
 #include "media/media_error.h"
-#include "media/digest.h"
 #include "media/video/chunk_form.h"
 #include "media/video/chunk_join.h"
 
@@ -18,7 +18,7 @@ media::ChunkFile chunkFile(const Chunk& chunk) {
 
 /// Throws JobError unless the chunks are all frames of the plan, one after the other.
 void checkOrder(const RenderPlan& plan, std::span<const Chunk> chunks,
-                std::span<const ChunkDigest> digests) {
+                std::span<const std::string> digests) {
     std::int64_t next = plan.frames.first;
     for (const Chunk& chunk : chunks) {
         if (chunk.frames.first != next || chunk.frames.count() < 1) {
@@ -39,14 +39,14 @@ void checkOrder(const RenderPlan& plan, std::span<const Chunk> chunks,
     }
 }
 
-ChunkDigest digestOfPictures(const RenderPlan& plan, const Chunk& chunk) {
+std::string digestOfPictures(const RenderPlan& plan, const Chunk& chunk) {
     const files::NumberedPath names(plan.output);
     media::Digest digest;
     digest.add(toText(chunk.frames));
     for (std::int64_t k = chunk.frames.first; k <= chunk.frames.last; ++k) {
         digest.add(files::readWhole(names.file(k)));
     }
-    return {digest.finish(), chunk.frames.count()};
+    return digest.finish();
 }
 
 }  // namespace
@@ -86,13 +86,13 @@ RenderEnd renderChunk(const RenderPlan& plan, const Chunk& chunk, RenderEvents& 
     return renderInto(open, part, events, stop);
 }
 
-ChunkDigest digestOf(const RenderPlan& plan, const Chunk& chunk) {
+std::string digestOf(const RenderPlan& plan, const Chunk& chunk) {
     if (!isJoined(plan)) return digestOfPictures(plan, chunk);
-    return {media::digestOfChunk(chunkFile(chunk)), chunk.frames.count()};
+    return media::digestOfChunk(chunkFile(chunk));
 }
 
 RenderEnd joinChunks(const RenderPlan& plan, std::span<const Chunk> chunks,
-                     std::span<const ChunkDigest> digests, RenderEvents& events,
+                     std::span<const std::string> digests, RenderEvents& events,
                      const std::stop_token& stop) {
     checkInChunks(plan);
     if (!isJoined(plan)) {
@@ -112,7 +112,7 @@ RenderEnd joinChunks(const RenderPlan& plan, std::span<const Chunk> chunks,
     }
     try {
         for (std::size_t i = 0; i < chunks.size(); ++i) {
-            join.add(chunkFile(chunks[i]), digests[i].digits);
+            join.add(chunkFile(chunks[i]), digests[i]);
         }
     } catch (const media::Stopped&) {
         return RenderEnd::Stopped;

@@ -20,14 +20,6 @@ struct Chunk {
                                  ///< pictures are files of their own.
 };
 
-/// What tells whether a chunk is the one that its task has made.
-struct ChunkDigest {
-    std::string digits;       ///< 32 hexadecimal ones; see media::Digest.
-    std::int64_t frames = 0;  ///< How many.
-
-    friend bool operator==(const ChunkDigest&, const ChunkDigest&) = default;
-};
-
 /// Throws JobError unless the plan can be rendered in chunks: its input and its result are files,
 /// and the result is a video or stills.
 void checkInChunks(const RenderPlan& plan);
@@ -46,19 +38,20 @@ std::string chunkExtension(const RenderPlan& plan);
 RenderEnd renderChunk(const RenderPlan& plan, const Chunk& chunk, RenderEvents& events,
                       const std::stop_token& stop = {});
 
-/// The digest of the chunk's numbers of frames and of what its files hold: packets of a chunk file
-/// in order, bytes of the pictures of a sequence in order. Throws media::MediaError where a file is
-/// missing or damaged; the message names the chunk, or the picture.
-ChunkDigest digestOf(const RenderPlan& plan, const Chunk& chunk);
+/// Tells whether a chunk is the one that its task has made: the media::Digest of the chunk's
+/// numbers of frames and of what its files hold: packets of a chunk file in order, bytes of the
+/// pictures of a sequence in order. Throws media::MediaError where a file is missing or damaged;
+/// the message names the chunk, or the picture.
+std::string digestOf(const RenderPlan& plan, const Chunk& chunk);
 
 /// Joins the chunks of a video, in order, into plan.output with sound, time code and tags as
 /// runRender writes them: packet for packet what runRender would have written, of H.264 and H.265
 /// with the same RenderJob::encoderThreads. Calls events.frameWritten for each frame. `digests`,
 /// one a chunk, are compared with what is read on the way. Throws JobError where chunks are not all
-/// frames of the plan in order, and media::MediaError, whose message names the chunk, for one that
-/// is missing, damaged or not the one of its digest. Whole or not at all.
+/// frames of the plan in order, media::ChunkError for one that is missing, damaged or not the one
+/// of its digest, and as runRender does. Whole or not at all.
 RenderEnd joinChunks(const RenderPlan& plan, std::span<const Chunk> chunks,
-                     std::span<const ChunkDigest> digests, RenderEvents& events,
+                     std::span<const std::string> digests, RenderEvents& events,
                      const std::stop_token& stop = {});
 
 }  // namespace ruvex::jobs

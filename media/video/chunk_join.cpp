@@ -1,7 +1,6 @@
 #include "media/video/chunk_join.h"
 
 #include "media/av_library.h"
-#include "media/media_error.h"
 #include "media/video/chunk_form.h"
 
 namespace ruvex::media {
@@ -21,9 +20,9 @@ void ChunkJoin::add(const ChunkFile& chunk, const std::string& digest) {
         addPictures(reader);
     }
     if (reader.finish() != digest) {
-        throw MediaError("Chunk " + chunk.frames + ", " + chunk.file.string() +
-                         ", is not what was rendered: it has been damaged or replaced. Render it "
-                         "again.");
+        throw ChunkError(chunk, "Chunk " + chunk.frames + ", " + chunk.file.string() +
+                                    ", is not what was rendered: it has been damaged or replaced. "
+                                    "Render it again.");
     }
 }
 

@@ -14,8 +14,9 @@ public:
     /// Throws as openWriter does.
     ChunkJoin(const std::filesystem::path& path, const WriteOptions& options);
 
-    /// Appends the next chunk. Throws MediaError if it is missing, damaged or not the one with this
-    /// digest, and Stopped if a stop is requested. Nothing else may then be called.
+    /// Appends the next chunk. Throws ChunkError if it is missing, damaged or not the one with this
+    /// digest, MediaError if the result cannot be written, and Stopped if a stop is requested.
+    /// Nothing else may then be called.
     void add(const ChunkFile& chunk, const std::string& digest);
 
     /// Completes the file.

@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "media/av_library.h"
-#include "media/media_error.h"
 
 namespace ruvex::media {
 namespace {
@@ -23,8 +22,8 @@ auto ChunkReader::reading(const Read& read) const {
     try {
         return read();
     } catch (const MediaError& error) {
-        throw MediaError("Chunk " + chunk_.frames +
-                         " has to be rendered again: " + std::string(error.what()));
+        throw ChunkError(chunk_, "Chunk " + chunk_.frames +
+                                     " has to be rendered again: " + std::string(error.what()));
     }
 }
 
@@ -45,8 +44,8 @@ void ChunkReader::open(bool decodes) {
 }
 
 void ChunkReader::refuse(const std::string& what) const {
-    throw MediaError("Chunk " + chunk_.frames + ", " + chunk_.file.string() + ", " + what +
-                     ". Render it again.");
+    throw ChunkError(chunk_, "Chunk " + chunk_.frames + ", " + chunk_.file.string() + ", " + what +
+                                 ". Render it again.");
 }
 
 void ChunkReader::checkCoding(const AVCodecContext& coder) const {

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "media/digest.h"
+#include "media/media_error.h"
 #include "media/video/video_decoder.h"
 #include "media/video/video_file.h"
 
@@ -20,8 +21,22 @@ struct ChunkFile {
     std::int64_t count = 0;  ///< How many.
 };
 
+/// A chunk that has to be rendered again: it is missing, damaged, or not the one that was rendered.
+class ChunkError : public MediaError {
+public:
+    /// The message names the chunk.
+    ChunkError(const ChunkFile& chunk, const std::string& message)
+        : MediaError(message), file_(chunk.file) {}
+
+    /// Of the chunk.
+    const std::filesystem::path& file() const { return file_; }
+
+private:
+    std::filesystem::path file_;
+};
+
 /// The file's packets or pictures, once from its beginning to its end. All functions throw
-/// MediaError, whose message names the chunk, if the file is missing or damaged.
+/// ChunkError if the file is missing or damaged.
 class ChunkReader {
 public:
     /// Opens the file, to read packets, or pictures if it `decodes`.

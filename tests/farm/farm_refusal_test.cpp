@@ -49,6 +49,40 @@ TEST_F(FarmRefusal, OfASecondSubmissionIntoOneFolder) {
     EXPECT_TRUE(holds(submit({"--folder", path("mine")}).err, "holds no farm job"));
 }
 
+TEST_F(FarmRefusal, OfAFolderThatCannotBeUsed) {
+    makePictures(2);
+    for (const char* name : {"a%A", "b\\c", "d\ne"}) {
+        const Outcome outcome = submit({"--folder", path(name)});
+        EXPECT_EQ(outcome.status, 1) << name;
+        EXPECT_TRUE(holds(outcome.err, "may not contain")) << outcome.err;
+        EXPECT_FALSE(exists(name));
+    }
+    const Outcome nowhere = farm(Arguments{"submit"} + rendering("nowhere/out.%d.rgba8") +
+                                 Arguments{"--folder", path("out.farm")});
+    EXPECT_EQ(nowhere.status, 1);
+    EXPECT_TRUE(holds(nowhere.err, "nowhere does not exist")) << nowhere.err;
+    EXPECT_FALSE(exists("out.farm"));
+}
+
+TEST_F(FarmRefusal, OfTwoRendersIntoOneFile) {
+    makePictures(4);
+    const auto save = [&](const std::string& output, const std::string& frames,
+                          const std::string& name) {
+        EXPECT_EQ(cli::ruvex(Arguments{"render"} + rendering(output) +
+                             Arguments{"--frames", frames, "--save-job", path(name)})
+                      .status,
+                  0);
+    };
+    save("out.%d.rgba8", "0-2", "a.json");
+    save("out.%01d.rgba8", "2-3", "b.json");
+    save("out.%01d.rgba8", "3-3", "c.json");
+    const auto both = [&](const std::string& other) {
+        return Arguments{"submit", path("a.json"), path(other), "--folder", path("two.farm")};
+    };
+    EXPECT_TRUE(holds(refused(both("b.json")), "would both become " + path("out.2.rgba8")));
+    EXPECT_EQ(farm(both("c.json")).status, 0);
+}
+
 TEST_F(FarmRefusal, OfASubmissionDuringAnother) {
     makePictures(2);
     ASSERT_EQ(submit().status, 0);

@@ -79,18 +79,6 @@ TEST_F(FarmTask, ThatFailsSaysSoInARecordAndIsRepeated) {
     EXPECT_FALSE(exists("out.farm/failed/chunk-000001.json"));
 }
 
-TEST_F(FarmTask, OfAClipThatWasChangedIsRefused) {
-    media::runFfmpeg(media::movingPicture("64x48", "25", 0.4) + " -c:v libx264", path("in.mp4"));
-    ASSERT_EQ(farm({"submit", path("in.mp4"), "-o", path("out.%d.png"), "--chunk", "5"}).status, 0);
-    ASSERT_EQ(runTask("task", 0), 0);
-    media::runFfmpeg(media::movingPicture("64x48", "25", 0.8) + " -c:v libx264", path("in.mp4"));
-    EXPECT_EQ(runTask("task", 1), 1);
-    EXPECT_TRUE(holds(text("out.farm/failed/chunk-000001.json"), "was changed after"));
-    std::filesystem::remove(folder.file("in.mp4"));
-    EXPECT_EQ(runTask("task", 1), 1);
-    EXPECT_TRUE(holds(text("out.farm/failed/chunk-000001.json"), "does not see"));
-}
-
 TEST_F(FarmTask, ThatIsStoppedLeavesNothingHalfWritten) {
     media::runFfmpeg(media::movingPicture("480x360", "25", 1.6) + " -c:v libx264", path("in.mp4"));
     ASSERT_EQ(
@@ -104,34 +92,14 @@ TEST_F(FarmTask, ThatIsStoppedLeavesNothingHalfWritten) {
         const Outcome outcome = running.wait();
         EXPECT_EQ(outcome.status, signal == SIGTERM ? 130 : -1);
         EXPECT_FALSE(exists("out.farm/done/chunk-000000.json"));
-        EXPECT_FALSE(exists("out.farm/failed/chunk-000000.json"));
+        const std::string record = "out.farm/failed/chunk-000000.json";
+        EXPECT_EQ(exists(record), signal == SIGTERM);
+        if (signal == SIGTERM) {
+            EXPECT_TRUE(holds(text(record), "it was stopped after"));
+        }
     }
     ASSERT_EQ(runTask("task", 0), 0);
     ASSERT_EQ(runTask("join", 0), 0);
-}
-
-TEST_F(FarmTask, AJoinNamesTheChunksThatItLacks) {
-    makePictures(9);
-    ASSERT_EQ(submit().status, 0);
-    ASSERT_EQ(runTask("task", 1), 0);
-    const Outcome early = farm({"join", path("out.farm"), "0"});
-    EXPECT_EQ(early.status, 1);
-    EXPECT_TRUE(holds(early.err, "lacks the chunks 0, 2-4 of 5: 'ruvex farm resume")) << early.err;
-    for (const int k : {0, 2, 3, 4}) ASSERT_EQ(runTask("task", k), 0);
-    EXPECT_EQ(farm({"join", path("out.farm"), "0", "--verify"}).status, 0);
-    EXPECT_TRUE(holds(farm({"join", path("out.farm"), "0"}).err, "was done before"));
-}
-
-TEST_F(FarmTask, AJoinThatVerifiesNoticesAChangedPicture) {
-    makePictures(2);
-    ASSERT_EQ(submit().status, 0);
-    ASSERT_EQ(runTask("task", 0), 0);
-    std::string picture = text("out.1.rgba8");
-    picture[40] = static_cast<char>(picture[40] + 1);
-    write("out.1.rgba8", picture);
-    const Outcome join = farm({"join", path("out.farm"), "0", "--verify"});
-    EXPECT_EQ(join.status, 1);
-    EXPECT_TRUE(holds(join.err, "chunk 0 (frames 0-1 of out.%d.rgba8) are not those")) << join.err;
 }
 
 }  // namespace

@@ -23,6 +23,8 @@ inline FarmJob sampleJob() {
                          .jobDigest = "aa",
                          .input = "/clips/in.mp4",
                          .inputStamp = FileStamp{123, 456},
+                         .mask = "/masks/left.png",
+                         .maskStamp = FileStamp{78, 90},
                          .output = "/results/out.mkv",
                          .frames = {5, 29},
                          .chunkExtension = ".mkv",

@@ -91,14 +91,13 @@ private:
     fs::path input_;
 };
 
-std::vector<ChunkDigest> render(const RenderPlan& plan, const std::vector<Chunk>& chunks) {
-    std::vector<ChunkDigest> digests;
+std::vector<std::string> render(const RenderPlan& plan, const std::vector<Chunk>& chunks) {
+    std::vector<std::string> digests;
     RenderEvents nobody;
     for (const Chunk& chunk : chunks) {
         EXPECT_EQ(renderChunk(plan, chunk, nobody), RenderEnd::Finished);
         digests.push_back(digestOf(plan, chunk));
-        EXPECT_EQ(digests.back().frames, chunk.frames.count());
-        EXPECT_EQ(digests.back().digits.size(), 32u);
+        EXPECT_EQ(digests.back().size(), 32u);
     }
     return digests;
 }
@@ -269,7 +268,7 @@ protected:
     ClipInChunks clip;
     RenderPlan plan;
     std::vector<Chunk> chunks;
-    std::vector<ChunkDigest> digests;
+    std::vector<std::string> digests;
 };
 
 TEST_P(Damaged, MissingChunksAreNamed) {
