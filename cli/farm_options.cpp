@@ -20,12 +20,24 @@ bool staysHere(const Option& option) {
     return std::ranges::count(kNames, longName(option)) > 0;
 }
 
+static_assert(farm::kUsualWorkers == 8 && farm::kUsualEncoderThreads == 8,
+              "the help below names these numbers");
+
 /// The options of a render. A job that was saved has its output.
 OptionTable renderTable(RenderOptions& options) {
     OptionTable table = renderOptions(options);
     std::erase_if(table, staysHere);
     for (Option& option : table) {
         if (longName(option) == "--output") option.required = false;
+        if (longName(option) == "--workers") {
+            option.help =
+                "Shares that each picture is cut into, the same on every machine; default: 8";
+        }
+        if (longName(option) == "--encoder-threads") {
+            option.help =
+                "Threads of the video encoder, the same on every machine; default: 8. With more "
+                "than one, the bit rate of H.264 and H.265 has no limit";
+        }
         if (isPlace(option)) {
             option.help =
                 "Clips to render, or jobs (.json) that 'ruvex render --save-job' has "

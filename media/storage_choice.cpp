@@ -159,8 +159,8 @@ std::string unlimitedRate(const std::filesystem::path& path, const StorageChoice
         fileKind(path) == FileKind::Video ? findVideoCodec(path, choice.codec) : nullptr;
     if (!hasEncoderSpeed(codec) || choice.quality || limitsRate(*codec, choice)) return "";
     return std::string(codec->title) +
-           " is coded without a limit of its bit rate: with several threads, a limit gives other "
-           "bytes each time. One thread keeps the limit.";
+           " is coded without a limit of its bit rate, which would give other bytes each time with "
+           "several encoder threads. One thread keeps the limit.";
 }
 
 }  // namespace ruvex::media

@@ -52,7 +52,7 @@ Measured measuredOf(const Values& values, const std::string& kind) {
             .frameTime = one("frame." + kind) + one("walk"),
             .frameBytes = one("frameBytes." + kind),
             .spread = values.at("chunk." + kind),
-            .start = one("start"),
+            .start = one("start." + kind) + one("length"),
             .seek = one("seek"),
             .gap = one("gap"),
             .tasksPerSecond = one("tasks"),
@@ -173,10 +173,11 @@ int main(int argc, char** argv) {
     }
     try {
         const Values values = readValues(argv[1]);
+        if (!(values.at("tasks").front() > 0.0)) throw std::out_of_range("tasks");
         print(values, "prores", "ProRes");
         print(values, "h264", "H.264");
     } catch (const std::out_of_range&) {
-        std::cerr << "farm_simulation: " << argv[1] << " lacks a value.\n";
+        std::cerr << "farm_simulation: " << argv[1] << " cannot be read, or lacks a value.\n";
         return 1;
     }
     return 0;

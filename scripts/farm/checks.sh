@@ -38,7 +38,31 @@ status_of() {
 over() {
     local status=0
     status_of "$1" || status=$?
-    [ "$status" -ne 3 ]
+    case $status in
+        0 | 1) return 0 ;;
+        3) return 1 ;;
+        *) fail "the status ended with $status" ;;
+    esac
+}
+
+# done_files FOLDER: the records of chunks and the pictures that are there, with their times and inodes.
+done_files() {
+    find "$1/done" "$work/farm" -maxdepth 1 \( -name 'chunk-*.json' -o -name 'pictures.*.png' \) \
+        -printf '%p %T@ %i\n' | sort
+}
+
+# resume_job FOLDER: what is done by now has to be the same file when the job is complete.
+resume_job() {
+    done_files "$1" >>"$work/done.txt"
+    ruvex farm resume "$1"
+}
+
+# check_kept FOLDER
+check_kept() {
+    local lost
+    lost=$(sort -u "$work/done.txt" | comm -23 - <(done_files "$1"))
+    [ -z "$lost" ] || fail "written again: $lost"
+    echo "$(sort -u "$work/done.txt" | wc -l) records and pictures were done at a resume, and stayed."
 }
 
 # compare_results: each file that one machine has made is there with the same bytes.

@@ -28,7 +28,7 @@ finish() {
         status_of "$1" || status=$?
         cat "$work/status.txt"
         [ "$status" -eq 0 ] && return
-        ruvex farm resume "$1"
+        resume_job "$1"
     done
     fail "not complete after $tries submissions"
 }
@@ -39,6 +39,7 @@ node_failed=
 while [ "$killed" -lt "$kills" ]; do
     rounds=$((rounds + 1))
     rm -rf "$work/farm/job" "$work"/farm/*.{png,mkv,mov,mp4}
+    : >"$work/done.txt"
     echo "== Submission $rounds"
     submit_jobs "$work/farm/job"
     while [ "$killed" -lt "$kills" ]; do
@@ -48,7 +49,7 @@ while [ "$killed" -lt "$kills" ]; do
         fi
         if over "$work/farm/job"; then
             status_of "$work/farm/job" && break
-            ruvex farm resume "$work/farm/job"
+            resume_job "$work/farm/job"
         fi
         if [ "$kills" -gt 1 ] && [ -z "$node_failed" ] && [ "$killed" -ge $((kills / 2)) ]; then
             echo "== A node fails"
@@ -61,7 +62,8 @@ while [ "$killed" -lt "$kills" ]; do
     finish "$work/farm/job"
     compare_results
     check_rendered_once "$work/farm/job"
+    check_kept "$work/farm/job"
     ruvex farm cancel "$work/farm/job"
     check_nothing_partial
 done
-echo "$killed tasks were killed in $rounds submissions${node_failed:+, and a node failed}."
+echo "Tasks killed: $killed; submissions: $rounds${node_failed:+; a node failed}."
