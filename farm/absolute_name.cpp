@@ -1,11 +1,23 @@
 #include "farm/absolute_name.h"
 
+#include <system_error>
+
 namespace ruvex::farm {
 
-std::filesystem::path absoluteName(const std::filesystem::path& path) {
-    std::filesystem::path name;
-    for (const std::filesystem::path& part : std::filesystem::absolute(path)) {
-        if (!part.empty() && part != ".") name /= part;
+namespace fs = std::filesystem;
+
+fs::path absoluteName(const fs::path& path) {
+    fs::path name;
+    std::error_code ignored;
+    for (const fs::path& part : fs::absolute(path)) {
+        if (part.empty() || part == ".") continue;
+        const bool cancels = part == ".." && name.filename() != ".." &&
+                             fs::is_directory(fs::symlink_status(name, ignored));
+        if (cancels) {
+            name = name.parent_path();
+        } else {
+            name /= part;
+        }
     }
     return name;
 }
