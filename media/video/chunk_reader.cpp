@@ -73,6 +73,7 @@ bool ChunkReader::next(AVFrame& picture, const AVCodecContext& coder) {
         picture.format != coder.pix_fmt) {
         refuse(kOtherSettings);
     }
+    ++pictures_;
     return true;
 }
 
@@ -81,11 +82,15 @@ void ChunkReader::take(const AVPacket& packet) {
     ++packets_;
 }
 
+void ChunkReader::checkCount(std::int64_t frames) const {
+    if (frames == chunk_.count) return;
+    refuse("holds " + std::to_string(frames) + " frames instead of " +
+           std::to_string(chunk_.count));
+}
+
 std::string ChunkReader::finish() {
-    if (packets_ != chunk_.count) {
-        refuse("holds " + std::to_string(packets_) + " frames instead of " +
-               std::to_string(chunk_.count));
-    }
+    checkCount(packets_);
+    if (decoder_) checkCount(pictures_);
     return digest_.finish();
 }
 

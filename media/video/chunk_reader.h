@@ -55,7 +55,7 @@ public:
     bool next(AVFrame& picture, const AVCodecContext& coder);
 
     /// The digest of the chunk's place and of all packets, to be called at the end. Throws unless
-    /// there were as many as the chunk has frames.
+    /// there were as many packets, and where they are decoded pictures, as the chunk has frames.
     std::string finish();
 
 private:
@@ -63,11 +63,13 @@ private:
     auto reading(const Read& read) const;
     void open(bool decodes);
     void take(const AVPacket& packet);
+    void checkCount(std::int64_t frames) const;
     [[noreturn]] void refuse(const std::string& what) const;
 
     ChunkFile chunk_;
     Digest digest_;
     std::int64_t packets_ = 0;
+    std::int64_t pictures_ = 0;            ///< That were decoded.
     std::optional<VideoFile> file_;        ///< Where packets are read.
     std::optional<VideoDecoder> decoder_;  ///< Where pictures are read.
 };

@@ -3,6 +3,7 @@
 #include "files/words.h"
 #include "media/clip_tags.h"
 #include "media/hdr_metadata.h"
+#include "media/media_error.h"
 #include "media/video/write_failure.h"
 
 namespace ruvex::media {
@@ -39,10 +40,6 @@ VideoContainer::VideoContainer(const std::filesystem::path& path, const VideoCod
     addBeside(options.copied);
     check(avio_open(&format_->pb, ("file:" + file_.path().string()).c_str(), AVIO_FLAG_WRITE));
     check(avformat_write_header(format_.get(), nullptr));
-}
-
-VideoContainer::~VideoContainer() {
-    if (format_) avio_closep(&format_->pb);
 }
 
 void VideoContainer::addPictures(const VideoCodec& codec, const AVCodecContext& coder,
@@ -83,6 +80,7 @@ void VideoContainer::write(AVPacket& packet) {
     packet.dts += lead;
     check(av_interleaved_write_frame(format_.get(), &packet));
     check(format_->pb->error);
+    writeBeside(++packets_);
 }
 
 void VideoContainer::writeBeside(std::int64_t frames) {
@@ -91,6 +89,11 @@ void VideoContainer::writeBeside(std::int64_t frames) {
 }
 
 void VideoContainer::finish(std::int64_t frames) {
+    if (packets_ != frames) {
+        throw MediaError("Cannot write " + path_.string() + ": its encoder gave " +
+                         std::to_string(packets_) + " frames instead of " + std::to_string(frames) +
+                         ".");
+    }
     check(copy_->writeUntil(INT64_MAX));
     // The muxer drops the last picture if the samples of its time are not complete, by its own
     // count of samples for each picture, and what is left over after the last picture.

@@ -28,15 +28,14 @@ public:
     /// Writes the header. `coder` describes the pictures; it is not kept.
     VideoContainer(const std::filesystem::path& path, const VideoCodec& codec,
                    const AVCodecContext& coder, const WriteOptions& options);
-    ~VideoContainer();
 
-    /// Writes the next packet in decoding order; its times count frames. Takes its contents.
+    /// Writes the next packet in decoding order, and what belongs beside as many frames as there
+    /// are packets now: so the order in the file does not depend on how many frames the encoder
+    /// holds back. Its times count frames. Takes its contents.
     void write(AVPacket& packet);
 
-    /// Writes what belongs to the time before frame `frames` beside the pictures.
-    void writeBeside(std::int64_t frames);
-
-    /// Completes the file, which has this many frames.
+    /// Completes the file, which has to have this many frames: throws if there were more packets or
+    /// fewer.
     void finish(std::int64_t frames);
 
     /// What the file lacks.
@@ -46,20 +45,26 @@ private:
     void addPictures(const VideoCodec& codec, const AVCodecContext& coder,
                      const WriteOptions& options);
     void addBeside(CopySource source);
+    /// Writes what belongs to the time before frame `frames` beside the pictures.
+    void writeBeside(std::int64_t frames);
     /// Microseconds from the first picture to frame `frames`.
     std::int64_t timeOf(std::int64_t frames) const;
     void check(int code) const;
 
-    struct Free {
-        void operator()(AVFormatContext* format) const { avformat_free_context(format); }
+    struct Close {
+        void operator()(AVFormatContext* format) const {
+            avio_closep(&format->pb);
+            avformat_free_context(format);
+        }
     };
 
     std::filesystem::path path_;
     AVRational frame_;  ///< Seconds.
     files::PartialFile file_;
-    std::unique_ptr<AVFormatContext, Free> format_;
+    std::unique_ptr<AVFormatContext, Close> format_;
     std::optional<StreamCopy> copy_;
     std::optional<PcmSound> sound_;  ///< For MXF, into which sound is not copied.
+    std::int64_t packets_ = 0;       ///< Of pictures, that were written.
 };
 
 }  // namespace ruvex::media

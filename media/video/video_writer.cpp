@@ -56,22 +56,21 @@ std::vector<std::string> VideoWriter::remarks() const {
 
 void VideoWriter::write(std::int64_t, const Frame& frame) {
     encoder_.send(frame);
+    ++frames_;
     writeReady();
-    container_.writeBeside(++frames_);
 }
 
 void VideoWriter::writePicture(AVFrame& picture) {
     encoder_.send(picture);
+    ++frames_;
     writeReady();
-    container_.writeBeside(++frames_);
 }
 
 void VideoWriter::writePacket(AVPacket& packet) {
     packet.pts = frames_;
-    packet.dts = frames_;
+    packet.dts = frames_++;
     container_.write(packet);
     reportWritten();
-    container_.writeBeside(++frames_);
 }
 
 void VideoWriter::writeReady() {
