@@ -80,7 +80,6 @@ RenderEnd renderChunk(const RenderPlan& plan, const Chunk& chunk, RenderEvents& 
     part.resume = !isJoined(plan);
     const OpenResult open = [&](const media::WriteOptions& writing) {
         if (part.resume) return media::openWriter(plan.output, writing);
-        files::removeAbandoned(files::asNumberedPath(chunk.file));
         return media::openChunkWriter(chunk.file, plan.output, writing);
     };
     return renderInto(open, part, events, stop);

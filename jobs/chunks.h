@@ -32,9 +32,9 @@ std::string chunkExtension(const RenderPlan& plan);
 
 /// Renders a chunk: whole or not at all under its final name(s); of a sequence, pictures that are
 /// complete and of the right size are kept, whatever they were made with. No byte depends on how a
-/// render is divided into chunks. Throws as runRender does. Temporary files of a sequence that
-/// killed tasks have left are not touched, since other tasks may be at work in the folder:
-/// files::removeAbandoned(plan.output) is for when none is.
+/// render is divided into chunks. Throws as runRender does. Temporary files that killed tasks
+/// have left are not touched: files::removeAbandoned lists the whole folder, which is for once
+/// after all tasks, and other tasks may be at work there.
 RenderEnd renderChunk(const RenderPlan& plan, const Chunk& chunk, RenderEvents& events,
                       const std::stop_token& stop = {});
 

@@ -237,7 +237,7 @@ TEST(Chunks, OfASequenceKeepWhatIsComplete) {
     EXPECT_THROW(joinChunks(plan, chunks, digests, nobody), JobError);
 }
 
-/// Chunks of a small FFV1 or H.264 clip, to be damaged.
+/// Chunks of a small FFV1, H.264 or ProRes clip, to be damaged.
 class Damaged : public testing::TestWithParam<const char*> {
 protected:
     Damaged() : clip(media::Depth::Bits8, {64, 48}) {
@@ -302,8 +302,7 @@ TEST_P(Damaged, SwappedChunksAreNoticed) {
 }
 
 TEST_P(Damaged, ChunksOfAnotherSizeAreNoticed) {
-    RenderJob job = clip.job("other.mkv");
-    job.codec = plan.writing.codec;
+    RenderJob job = clip.job("other." + std::string(GetParam()).substr(2));
     job.outputSize = media::FrameSize{62, 48};
     const RenderPlan other = ClipInChunks::plan(job);
     Chunk chunk = chunks[1];
@@ -340,7 +339,7 @@ TEST_P(Damaged, ChunksHaveToBeAllFramesInOrder) {
     EXPECT_FALSE(fs::exists(plan.output));
 }
 
-INSTANTIATE_TEST_SUITE_P(Outputs, Damaged, testing::Values("o.mkv", "o.mp4"),
+INSTANTIATE_TEST_SUITE_P(Outputs, Damaged, testing::Values("o.mkv", "o.mp4", "o.mov"),
                          [](const auto& info) { return std::string(info.param).substr(2); });
 
 TEST(Chunks, OfAStoppedTaskAreNotThere) {
