@@ -7,7 +7,7 @@
 namespace ruvex::media {
 namespace {
 
-constexpr std::size_t kBytesOfDigest = 16;
+constexpr std::size_t kBytesOfDigest = kDigitsOfDigest / 2;
 constexpr int kBitsOfByte = 8;
 
 const std::uint8_t* octets(const std::byte* bytes) {

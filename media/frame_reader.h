@@ -2,10 +2,12 @@
 
 #pragma once
 
+#include <cstddef>
 #include <filesystem>
 #include <memory>
 #include <optional>
 #include <stop_token>
+#include <vector>
 
 #include "media/clip_info.h"
 #include "media/file_kind.h"
@@ -29,6 +31,10 @@ struct ReadOptions {
     /// Frames a second for a video of variable frame rate; default: as chooseFrameRate finds.
     /// Ignored for other inputs.
     std::optional<Rational> rate{};
+    /// A file with FrameReader::index of the same video, which then is not read whole when it is
+    /// opened. Ignored if there is none, or it is damaged, of another clip or another version of
+    /// this program's FFmpeg libraries. Ignored for other inputs.
+    std::filesystem::path index{};
     /// A request to stop makes opening and reading throw Stopped where they would wait.
     std::stop_token stop{};
 };
@@ -51,6 +57,10 @@ public:
     /// outside the clip. Throws MediaError if a frame of the clip cannot be read, as of a stream a
     /// frame from before one that was read once.
     bool read(std::int64_t number, Frame& frame, Use use = Use::Again);
+
+    /// What was found out about the input by reading all of it, to be stored in a file for
+    /// ReadOptions::index. Empty for inputs that are not read whole.
+    virtual std::vector<std::byte> index() const { return {}; }
 
     /// What this holds for pictures, beside the memory of a decoder.
     HeldMemory held() const;

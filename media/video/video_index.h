@@ -3,31 +3,32 @@
 #pragma once
 
 #include <cstdint>
-#include <filesystem>
 #include <optional>
+#include <span>
 #include <vector>
 
 #include "media/rational.h"
-#include "media/video/video_file.h"
+#include "media/video/picture_table.h"
 
 namespace ruvex::media {
 
-/// Built by reading all packets of the file, without decoding them. This gives the exact number of
-/// frames, and each frame the same number after a seek as without. Times are in the stream's time
-/// base.
+/// Built from a list of all packets of the file. This gives the exact number of frames, and each
+/// frame the same number after a seek as without. Times are in the stream's time base.
 ///
 /// A video of variable frame rate is resampled to a constant rate: each sample is the stored frame
 /// that is shown at its time. Otherwise samples are the stored frames.
 class VideoIndex {
 public:
     /// A video of variable frame rate is resampled to the rate `named`, or else to one that
-    /// chooseFrameRate finds. Throws MediaError if the file is cut off, or has no frames or too
-    /// many samples.
-    explicit VideoIndex(const std::filesystem::path& path, std::optional<Rational> named = {});
+    /// chooseFrameRate finds. Throws MediaError if there are too many samples.
+    explicit VideoIndex(PictureTable table, std::optional<Rational> named = {});
+
+    /// The list of all pictures.
+    const PictureTable& table() const { return table_; }
 
     /// The number of samples.
     std::int64_t count() const {
-        return static_cast<std::int64_t>(uneven_ ? samples_.size() : frames_.size());
+        return static_cast<std::int64_t>(uneven_ ? samples_.size() : shown().size());
     }
     /// Samples a second.
     const Rational& rate() const { return rate_; }
@@ -36,7 +37,7 @@ public:
     bool uneven() const { return uneven_; }
 
     /// The number of stored frames.
-    std::int64_t pictures() const { return static_cast<std::int64_t>(frames_.size()); }
+    std::int64_t pictures() const { return static_cast<std::int64_t>(shown().size()); }
     /// The number of stored frames that no sample shows, because the next one has the same place.
     std::int64_t leftOut() const { return leftOut_; }
 
@@ -47,10 +48,10 @@ public:
 
     /// Whether each frame has a distinct time. If not, frames can only be counted from the start of
     /// the file, without seeking.
-    bool timed() const { return timed_; }
+    bool timed() const { return table_.timed; }
 
     /// Removes the frames before `time`, the first picture that can be decoded: recordings may
-    /// begin in the middle of a group of pictures.
+    /// begin in the middle of a group of pictures. Throws MediaError if there is no other.
     void startAt(std::int64_t time);
 
     /// The number of the stored frame with exactly this time; empty if there is none.
@@ -61,23 +62,19 @@ public:
     std::int64_t keyBefore(std::int64_t number) const;
 
 private:
-    struct Shown {
-        std::int64_t time;
-        std::int64_t duration;
-        bool key;
-    };
-
-    void collect(VideoFile& file, const std::filesystem::path& path);
-    void chooseRate(const AVStream& stream, std::optional<Rational> named);
+    void chooseRate(std::optional<Rational> named);
+    /// The frames from the first that can be decoded.
+    std::span<const ListedPicture> shown() const {
+        return std::span(table_.pictures).subspan(first_);
+    }
     /// Fills `samples_`: each frame from the sample nearest to its time until the next frame's.
     void sample();
     std::vector<std::int64_t> times() const;
 
-    std::vector<Shown> frames_;
+    PictureTable table_;
+    std::size_t first_ = 0;  ///< Pictures of the table that cannot be decoded.
     Rational rate_{25, 1};
-    bool timed_ = true;
     bool uneven_ = false;
-    Rational unit_{1, 1};                ///< The time base: seconds in a unit.
     std::int64_t leftOut_ = 0;           ///< Stored frames without a sample.
     std::vector<std::int64_t> samples_;  ///< Numbers of stored frames, if uneven.
 };

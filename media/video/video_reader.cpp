@@ -36,6 +36,15 @@ FieldOrder fieldsOf(const AVStream& stream) {
     }
 }
 
+/// The stored list of pictures, or else one of the file's.
+PictureTable tableOf(const std::filesystem::path& path, const std::optional<ClipStamp>& stamp,
+                     const std::filesystem::path& index) {
+    if (stamp && !index.empty()) {
+        if (auto table = readStoredTable(index, *stamp)) return *std::move(table);
+    }
+    return listPictures(path);
+}
+
 }  // namespace
 
 const Frame* FrameCache::find(std::int64_t number) {
@@ -68,7 +77,8 @@ VideoReader::VideoReader(const std::filesystem::path& path, const ReadOptions& o
       path_(path),
       alpha_(options.alpha),
       fields_(options.fields),
-      index_(path, options.rate),
+      stamp_(clipStamp(path)),
+      index_(tableOf(path, stamp_, options.index), options.rate),
       decoder_(path),
       picture_(newAvFrame()) {
     if (!decoder_.next(*picture_)) {
@@ -79,6 +89,10 @@ VideoReader::VideoReader(const std::filesystem::path& path, const ReadOptions& o
     info_.tags = readTags(decoder_.file(), decoder_.stream());
     at_ = 0;
     shown_ = 0;
+}
+
+std::vector<std::byte> VideoReader::index() const {
+    return stamp_ ? storedTable(index_.table(), *stamp_) : std::vector<std::byte>();
 }
 
 void VideoReader::describe(const AVFrame& first) {

@@ -9,6 +9,7 @@
 #include "media/frame_reader.h"
 #include "media/pixels/orientation.h"
 #include "media/pixels/yuv_convert.h"
+#include "media/video/stored_table.h"
 #include "media/video/video_decoder.h"
 #include "media/video/video_index.h"
 
@@ -45,6 +46,9 @@ public:
 
     const ClipInfo& info() const override { return info_; }
 
+    /// The list of all pictures; see media/video/stored_table.h.
+    std::vector<std::byte> index() const override;
+
 private:
     bool readOwn(std::int64_t number, Frame& frame, Use use) override;
     void addHeld(HeldMemory& held) const override;
@@ -72,6 +76,7 @@ private:
     std::filesystem::path path_;
     std::optional<AlphaForm> alpha_;
     std::optional<FieldOrder> fields_;
+    std::optional<ClipStamp> stamp_;  ///< From before the file was opened.
     VideoIndex index_;
     VideoDecoder decoder_;
     AvFrame picture_;
