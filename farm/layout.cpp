@@ -24,6 +24,10 @@ fs::path Layout::jobFile(const std::string& clip) const {
     return folder_ / "jobs" / (clip + ".json");
 }
 
+fs::path Layout::indexFile(const std::string& clip) const {
+    return folder_ / "jobs" / (clip + ".index");
+}
+
 fs::path Layout::log(const std::string& array, std::int64_t index) const {
     return logs() / (array + "_" + std::to_string(index) + ".txt");
 }

@@ -231,11 +231,13 @@ Farm makeFarm(const FarmWish& wish, std::vector<jobs::Note>& notes) {
                 .scheduler = wish.scheduler,
                 .clips = {}};
     std::vector<std::string> texts;
+    std::vector<std::vector<std::byte>> indexes;
     for (const jobs::RenderJob& one : wish.jobs) {
         const jobs::RenderJob fixed = fixedJob(one);
         const std::string& text = texts.emplace_back(jobs::jobText(fixed, {}));
-        FarmClip clip =
-            clipOf(clipName(job.clips.size(), fixed.output), fixed, plannedJob(fixed, notes), text);
+        const PlannedClip planned = plannedJob(fixed, notes);
+        FarmClip clip = clipOf(clipName(job.clips.size(), fixed.output), fixed, planned.plan, text);
+        indexes.push_back(planned.reader->index());
         clip.firstChunk = chunksOf(job);
         job.clips.push_back(std::move(clip));
     }
@@ -243,6 +245,9 @@ Farm makeFarm(const FarmWish& wish, std::vector<jobs::Note>& notes) {
     NewFolder folder(layout.folder());
     for (std::size_t i = 0; i < texts.size(); ++i) {
         writeText(folder.layout().jobFile(job.clips[i].name), texts[i]);
+        if (!indexes[i].empty()) {
+            files::writeWhole(folder.layout().indexFile(job.clips[i].name), indexes[i]);
+        }
     }
     writeText(folder.layout().script(), batchScript(layout, job.id));
     writeText(folder.layout().farmFile(), farmText(job));

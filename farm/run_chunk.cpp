@@ -1,5 +1,7 @@
 #include "farm/run_chunk.h"
 
+#include <utility>
+
 #include "farm/farm_error.h"
 #include "farm/leftovers.h"
 #include "farm/older_pictures.h"
@@ -19,10 +21,14 @@ TaskEnd renderMissing(const Farm& farm, const FarmChunk& chunk, jobs::RenderEven
     // After a join, the file of the chunk is not needed any more.
     if (isJoined(farm, chunk) || completeChunk(farm, chunk)) return TaskEnd::WasDone;
     checkProgram(farm);
-    const jobs::RenderPlan plan = plannedClip(farm, farm.clipOf(chunk), chunk.frames);
+    PlannedClip planned = plannedClip(farm, farm.clipOf(chunk), chunk.frames);
+    const jobs::RenderPlan& plan = planned.plan;
     removeOlderPictures(farm, chunk, plan);
     const jobs::Chunk part = farm.inRender(chunk);
-    if (renderChunk(plan, part, events, stop) == jobs::RenderEnd::Stopped) return TaskEnd::Stopped;
+    if (renderChunk(plan, std::move(planned.reader), part, events, stop) ==
+        jobs::RenderEnd::Stopped) {
+        return TaskEnd::Stopped;
+    }
     const std::string digest = digestOf(plan, part);
     const auto bytes = bytesOf(farm, chunk);
     if (!bytes) {

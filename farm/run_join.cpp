@@ -62,15 +62,6 @@ void checkPictures(const Farm& farm, const jobs::RenderPlan& plan, const DoneChu
     }
 }
 
-/// Throws FarmError unless the file has the frames that were rendered.
-void checkFrameCount(const FarmClip& clip) {
-    const media::ClipInfo info = media::openReader(clip.output)->info();
-    const std::int64_t count = info.last - info.first + 1;
-    if (count == clip.frames.count()) return;
-    throw FarmError(clip.output.string() + " has " + std::to_string(count) + " frames instead of " +
-                    std::to_string(clip.frames.count()) + ". Remove it, and resume.");
-}
-
 jobs::RenderEnd joinVideo(const Farm& farm, const jobs::RenderPlan& plan, const DoneChunks& done,
                           jobs::RenderEvents& events, const std::stop_token& stop) {
     std::vector<jobs::Chunk> chunks;
@@ -108,13 +99,12 @@ TaskEnd join(const Farm& farm, std::size_t number, bool verify, jobs::RenderEven
     }
     checkProgram(farm);
     const DoneChunks done = doneChunks(farm, clip);
-    const jobs::RenderPlan plan = plannedClip(farm, clip, clip.frames);
+    const jobs::RenderPlan plan = plannedClip(farm, clip, clip.frames).plan;
     if (verifies) checkPictures(farm, plan, done);
     if (clip.isJoined()) {
         if (joinVideo(farm, plan, done, events, stop) == jobs::RenderEnd::Stopped) {
             return TaskEnd::Stopped;
         }
-        checkFrameCount(clip);
     }
     const double now = secondsNow();
     writeDone(farm.layout().joinRecord(number), {.frames = clip.frames,

@@ -1,5 +1,7 @@
 #include "jobs/chunks.h"
 
+#include <utility>
+
 #include "files/numbered_path.h"
 #include "files/partial_file.h"
 #include "files/read_file.h"
@@ -72,8 +74,8 @@ std::string chunkExtension(const RenderPlan& plan) {
     return media::chunkForm(plan.output, plan.writing).extension;
 }
 
-RenderEnd renderChunk(const RenderPlan& plan, const Chunk& chunk, RenderEvents& events,
-                      const std::stop_token& stop) {
+RenderEnd renderChunk(const RenderPlan& plan, std::unique_ptr<media::FrameReader> reader,
+                      const Chunk& chunk, RenderEvents& events, const std::stop_token& stop) {
     checkInChunks(plan);
     RenderPlan part = plan;
     part.frames = chunk.frames;
@@ -82,7 +84,7 @@ RenderEnd renderChunk(const RenderPlan& plan, const Chunk& chunk, RenderEvents& 
         if (part.resume) return media::openWriter(plan.output, writing);
         return media::openChunkWriter(chunk.file, plan.output, writing);
     };
-    return renderInto(open, part, events, stop);
+    return renderInto(open, part, std::move(reader), events, stop);
 }
 
 std::string digestOf(const RenderPlan& plan, const Chunk& chunk) {

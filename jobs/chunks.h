@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <memory>
 #include <span>
 #include <stop_token>
 #include <string>
@@ -30,13 +31,13 @@ bool isJoined(const RenderPlan& plan);
 /// The extension of chunk files (".mkv", ".mov") for a plan that is joined.
 std::string chunkExtension(const RenderPlan& plan);
 
-/// Renders a chunk: whole or not at all under its final name(s); of a sequence, pictures that are
-/// complete and of the right size are kept, whatever they were made with. No byte depends on how a
-/// render is divided into chunks. Throws as runRender does. Temporary files that killed tasks
-/// have left are not touched: files::removeAbandoned lists the whole folder, which is for once
-/// after all tasks, and other tasks may be at work there.
-RenderEnd renderChunk(const RenderPlan& plan, const Chunk& chunk, RenderEvents& events,
-                      const std::stop_token& stop = {});
+/// Renders a chunk with an open reader of the plan's input: whole or not at all under its final
+/// name(s); of a sequence, pictures that are complete and of the right size are kept, whatever they
+/// were made with. No byte depends on how a render is divided into chunks. Throws as runRender
+/// does. Temporary files that killed tasks have left are not touched: files::removeAbandoned lists
+/// the whole folder, which is for once after all tasks, and other tasks may be at work there.
+RenderEnd renderChunk(const RenderPlan& plan, std::unique_ptr<media::FrameReader> reader,
+                      const Chunk& chunk, RenderEvents& events, const std::stop_token& stop = {});
 
 /// Tells whether a chunk is the one that its task has made: the media::Digest of the chunk's
 /// numbers of frames and of what its files hold: packets of a chunk file in order, bytes of the

@@ -66,22 +66,23 @@ RenderEnd render(const RenderPlan& plan, std::unique_ptr<media::FrameReader> rea
 }  // namespace
 
 RenderEnd runRender(const RenderPlan& plan, RenderEvents& events, const std::stop_token& stop) {
-    return renderInto(openOutput(plan), plan, events, stop);
-}
-
-RenderEnd runRender(const RenderPlan& plan, std::unique_ptr<media::FrameReader> reader,
-                    RenderEvents& events, const std::stop_token& stop) {
     try {
-        return render(plan, std::move(reader), openOutput(plan), events, stop);
+        return render(plan, openInput(plan, stop), openOutput(plan), events, stop);
     } catch (const media::Stopped&) {
         return RenderEnd::Stopped;
     }
 }
 
-RenderEnd renderInto(const OpenResult& open, const RenderPlan& plan, RenderEvents& events,
+RenderEnd runRender(const RenderPlan& plan, std::unique_ptr<media::FrameReader> reader,
+                    RenderEvents& events, const std::stop_token& stop) {
+    return renderInto(openOutput(plan), plan, std::move(reader), events, stop);
+}
+
+RenderEnd renderInto(const OpenResult& open, const RenderPlan& plan,
+                     std::unique_ptr<media::FrameReader> reader, RenderEvents& events,
                      const std::stop_token& stop) {
     try {
-        return render(plan, openInput(plan, stop), open, events, stop);
+        return render(plan, std::move(reader), open, events, stop);
     } catch (const media::Stopped&) {
         return RenderEnd::Stopped;
     }

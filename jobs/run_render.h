@@ -39,8 +39,8 @@ enum class RenderEnd {
 /// nothing incomplete is left under a final name.
 RenderEnd runRender(const RenderPlan& plan, RenderEvents& events, const std::stop_token& stop = {});
 
-/// The same with a reader of the plan's input that is open already, which standard input needs:
-/// it cannot be opened twice.
+/// The same with a reader of the plan's input that is open already. Opening may mean reading a
+/// whole file, and standard input cannot be opened twice.
 RenderEnd runRender(const RenderPlan& plan, std::unique_ptr<media::FrameReader> reader,
                     RenderEvents& events, const std::stop_token& stop = {});
 
@@ -48,7 +48,8 @@ RenderEnd runRender(const RenderPlan& plan, std::unique_ptr<media::FrameReader> 
 using OpenResult = std::function<std::unique_ptr<media::FrameWriter>(const media::WriteOptions&)>;
 
 /// The same with results that go elsewhere than into plan.output.
-RenderEnd renderInto(const OpenResult& open, const RenderPlan& plan, RenderEvents& events,
+RenderEnd renderInto(const OpenResult& open, const RenderPlan& plan,
+                     std::unique_ptr<media::FrameReader> reader, RenderEvents& events,
                      const std::stop_token& stop = {});
 
 }  // namespace ruvex::jobs

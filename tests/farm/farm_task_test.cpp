@@ -4,6 +4,7 @@
 
 #include "tests/farm/fake_scheduler.h"
 #include "tests/media/test_clips.h"
+#include "tests/support/bytes_read.h"
 
 namespace ruvex::farm {
 namespace {
@@ -77,6 +78,30 @@ TEST_F(FarmTask, ThatFailsSaysSoInARecordAndIsRepeated) {
     std::filesystem::rename(folder.file("away"), folder.file("in.3.rgba8"));
     EXPECT_EQ(runTask("task", 1), 0);
     EXPECT_FALSE(exists("out.farm/failed/chunk-000001.json"));
+}
+
+TEST_F(FarmTask, DoesNotReadTheWholeClip) {
+    if (!bytesRead()) GTEST_SKIP() << "This system does not count what a process reads.";
+    media::runFfmpeg(
+        "-f lavfi -i testsrc2=size=640x480:rate=25 -frames:v 60 -c:v rawvideo -pix_fmt uyvy422",
+        path("in.mov"));
+    const auto bytes = static_cast<std::int64_t>(std::filesystem::file_size(folder.file("in.mov")));
+    ASSERT_EQ(farm({"submit", path("in.mov"), "-o", path("out.%d.rgba8"), "--chunk", "1"}).status,
+              0);
+    const auto readByTask = [&](int number) {
+        const std::int64_t before = bytesRead().value();
+        EXPECT_EQ(runTask("task", number), 0);
+        return bytesRead().value() - before;
+    };
+    const std::int64_t spared = readByTask(30);
+    write("out.farm/jobs/0-out__d.index", "damaged");
+    const std::int64_t whole = readByTask(31);
+    std::filesystem::remove(folder.file("out.farm/jobs/0-out__d.index"));
+    // The program, its libraries and the frame of the task are read in both cases.
+    EXPECT_GT(whole - spared, bytes * 9 / 10);
+    EXPECT_LT(whole - spared, bytes * 11 / 10);
+    EXPECT_NEAR(static_cast<double>(readByTask(32)), static_cast<double>(whole), 1e6);
+    EXPECT_EQ(text("out.30.rgba8").size(), text("out.31.rgba8").size());
 }
 
 TEST_F(FarmTask, ThatIsStoppedLeavesNothingHalfWritten) {

@@ -91,6 +91,12 @@ private:
     fs::path input_;
 };
 
+RenderEnd renderChunk(const RenderPlan& plan, const Chunk& chunk, RenderEvents& events,
+                      const std::stop_token& stop = {}) {
+    return jobs::renderChunk(plan, media::openReader(plan.input, plan.reading), chunk, events,
+                             stop);
+}
+
 std::vector<std::string> render(const RenderPlan& plan, const std::vector<Chunk>& chunks) {
     std::vector<std::string> digests;
     RenderEvents nobody;
