@@ -1,8 +1,6 @@
 #include "cli/progress.h"
 
-#include <algorithm>
 #include <cstdio>
-#include <unistd.h>
 
 #include "cli/amount_text.h"
 #include "cli/messages.h"
@@ -36,10 +34,7 @@ std::string progressText(std::int64_t done, std::optional<std::int64_t> frames, 
 }
 
 Progress::Progress(std::optional<std::int64_t> frames, Talk talk, std::string label)
-    : talk_(talk),
-      label_(files::printable(label)),
-      terminal_(isatty(STDERR_FILENO) != 0),
-      frames_(frames) {}
+    : talk_(talk), label_(files::printable(label)), line_(stderr), frames_(frames) {}
 
 Progress::~Progress() {
     endLine();
@@ -62,9 +57,9 @@ void Progress::step() {
         return;
     }
     const Clock::duration elsewhere = talk_ == Talk::Verbose ? kPauseWhenVerbose : kPauseElsewhere;
-    const Clock::duration pause = terminal_ ? kPauseOnTerminal : elsewhere;
+    const Clock::duration pause = line_.onTerminal() ? kPauseOnTerminal : elsewhere;
     const auto now = Clock::now();
-    if (now - last_ >= pause || (terminal_ && done_ == frames_)) {
+    if (now - last_ >= pause || (line_.onTerminal() && done_ == frames_)) {
         last_ = now;
         show();
     }
@@ -72,21 +67,15 @@ void Progress::step() {
 
 void Progress::show() {
     const std::string text = label_ + progressText(done_, frames_, rate());
-    if (terminal_) {
-        // Spaces go over what is left of a longer line.
-        width_ = std::max(width_, static_cast<int>(text.size()));
-        std::fprintf(stderr, "\r%-*s", width_, text.c_str());
-        std::fflush(stderr);
+    if (line_.onTerminal()) {
+        line_.show(text);
     } else {
         printMessage(text);
     }
 }
 
 void Progress::endLine() {
-    if (width_ > 0) {
-        std::fputc('\n', stderr);
-        width_ = 0;
-    }
+    line_.end();
 }
 
 }  // namespace ruvex::cli

@@ -7,6 +7,8 @@
 #include <optional>
 #include <string>
 
+#include "cli/live_line.h"
+
 namespace ruvex::cli {
 
 /// How much a command says of its progress.
@@ -46,10 +48,9 @@ private:
 
     Talk talk_;
     std::string label_;
-    bool terminal_;
+    LiveLine line_;
     std::optional<std::int64_t> frames_;
     std::int64_t done_ = 0;
-    int width_ = 0;  ///< Of the line on the terminal.
     Clock::time_point start_ = Clock::now();
     Clock::time_point first_ = start_;  ///< When the first frame was done.
     Clock::time_point last_ = start_;   ///< When the line was last written.

@@ -52,15 +52,16 @@ timespec afterGrace() {
 
 /// Ends the program in the midst of what cannot be stopped, such as a library that decodes a large
 /// picture.
-[[noreturn]] void endNow() {
+[[noreturn]] void endNow(const char* sentence) {
     files::removeUnfinished();
-    printMessage("stopped; the result is not complete.");
+    printMessage(sentence);
     std::_Exit(kStopped);
 }
 
 }  // namespace
 
-StopSignals::StopSignals(std::stop_source source) : source_(std::move(source)) {
+StopSignals::StopSignals(std::stop_source source, const char* sentence)
+    : source_(std::move(source)), sentence_(sentence) {
     sem_init(&arrived, 0, 0);
     watcher_ = std::jthread([this](const std::stop_token& ended) { watch(ended); });
     for (const int signal : kSignals) {
@@ -87,7 +88,7 @@ void StopSignals::watch(const std::stop_token& ended) {
     const timespec deadline = afterGrace();
     while (!ended.stop_requested()) {
         if (sem_clockwait(&arrived, CLOCK_MONOTONIC, &deadline) != 0 && errno == ETIMEDOUT) {
-            endNow();
+            endNow(sentence_);
         }
     }
 }

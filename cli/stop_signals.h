@@ -14,8 +14,9 @@ namespace ruvex::cli {
 /// program. One object at a time.
 class StopSignals {
 public:
-    /// Requests the stop of `source`.
-    explicit StopSignals(std::stop_source source = {});
+    /// Requests the stop of `source`. `sentence` is printed when the program has to be ended.
+    explicit StopSignals(std::stop_source source = {},
+                         const char* sentence = "stopped; the result is not complete.");
     ~StopSignals();
     StopSignals(const StopSignals&) = delete;
     StopSignals& operator=(const StopSignals&) = delete;
@@ -26,6 +27,7 @@ private:
     void watch(const std::stop_token& ended);
 
     std::stop_source source_;
+    const char* sentence_;
     std::jthread watcher_;
 };
 
