@@ -11,12 +11,13 @@ namespace ruvex::farm {
 /// attempt can be told apart, and so that a full disk has room left for the line that says so.
 std::string firstLogLine(const std::string& work, const std::string& host);
 
-/// What the last attempt in a log says of its failure: the first line that is neither a first line
-/// nor about progress; empty without a log or such a line.
+/// What the last attempt in a log says of its failure: the first line that tells of an error, or
+/// else why the scheduler ended the task, in plain words; empty without a log or such a line.
 struct LogFailure {
-    std::string host;      ///< As the first line names it; may be empty.
-    std::string sentence;  ///< May be empty.
-    bool exists = false;   ///< Whether there is a log at all.
+    std::string host{};      ///< As the first line names it; may be empty.
+    std::string sentence{};  ///< May be empty.
+    bool vague = false;      ///< It says that the task was ended, not why.
+    bool exists = false;     ///< Whether there is a log at all.
 };
 LogFailure failureIn(const std::filesystem::path& log);
 

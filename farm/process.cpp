@@ -69,7 +69,12 @@ int spawn(const std::vector<std::string>& words, const Pipe& out, const Pipe& er
     posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
     posix_spawn_file_actions_adddup2(&actions, out.writing(), STDOUT_FILENO);
     posix_spawn_file_actions_adddup2(&actions, err.writing(), STDERR_FILENO);
-    const int failed = posix_spawnp(&process, argv[0], &actions, nullptr, argv.data(), environ);
+    posix_spawnattr_t attributes;
+    posix_spawnattr_init(&attributes);
+    // A group of its own, so that Ctrl-C does not end a scheduler's program halfway.
+    posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETPGROUP);
+    const int failed = posix_spawnp(&process, argv[0], &actions, &attributes, argv.data(), environ);
+    posix_spawnattr_destroy(&attributes);
     posix_spawn_file_actions_destroy(&actions);
     return failed;
 }

@@ -26,5 +26,13 @@ TEST(Process, WithoutAProgramIsNone) {
     EXPECT_EQ(runProgram({"sh", "-c", "kill -KILL $$"})->status, -1);
 }
 
+TEST(Process, IsNotEndedByAKeyThatEndsTheCommand) {
+    // Ctrl-C is sent to a group of processes.
+    const auto result = runProgram({"sh", "-c", "echo $$; cut -d' ' -f5 /proc/self/stat"});
+    ASSERT_TRUE(result);
+    const auto end = result->out.find('\n');
+    EXPECT_EQ(result->out, result->out.substr(0, end + 1) + result->out.substr(0, end + 1));
+}
+
 }  // namespace
 }  // namespace ruvex::farm
