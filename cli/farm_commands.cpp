@@ -3,6 +3,9 @@
 #include <iostream>
 #include <memory>
 
+#include "cli/exit_status.h"
+#include "cli/farm_options.h"
+#include "cli/farm_words.h"
 #include "cli/messages.h"
 #include "cli/shell_text.h"
 #include "cli/stop_signals.h"
@@ -13,38 +16,44 @@
 namespace ruvex::cli {
 namespace {
 
-std::string chunksText(std::int64_t count) {
-    return std::to_string(count) + (count == 1 ? " chunk" : " chunks");
-}
+struct ResumeOptions {
+    std::string folder;
+    SchedulerWords scheduler;
+};
 
-int resume(const std::string& folder) {
-    const farm::Farm job(folder);
-    const farm::Submission submission = submitMissing(job);
-    std::string text = job.layout().folder().string() + ": ";
-    if (submission.submitted + submission.joins + submission.queued == 0) {
-        printMessage(text + "nothing is left to do.");
-        return 0;
-    }
-    text += chunksText(submission.submitted) + " submitted";
-    if (submission.joins > 0) {
-        text += " and " + std::to_string(submission.joins) +
-                (submission.joins == 1 ? " join" : " joins");
-    }
-    if (submission.complete > 0)
-        text += ", " + std::to_string(submission.complete) + " done before";
-    if (submission.queued > 0) text += ", " + std::to_string(submission.queued) + " in the queue";
-    printMessage(text + ".");
-    return 0;
+constexpr const char* kResumeNotes =
+    R"(A chunk is done if its record and its files are there. Nothing that is done is rendered again, and what
+waits or runs is left as it is: 'ruvex farm cancel' first, if it is to get other options too. The options
+are those of this submission alone. While tasks of an earlier one run, --max-tasks does not count them.)";
+
+constexpr const char* kCancelStopped =
+    "stopped before all tasks had ended; 'ruvex farm cancel' again ends the rest and removes what "
+    "they "
+    "did not complete.";
+
+int resume(const ResumeOptions& options) {
+    const farm::SchedulerOptions scheduler = parsedScheduler(options.scheduler);
+    const farm::Farm job(options.folder);
+    const farm::Submission submission = submitMissing(job, scheduler);
+    printMessage(job.layout().folder().string() + ": " + resumeText(submission) + ".");
+    return kDone;
 }
 
 int cancel(const std::string& folder) {
     const farm::Farm job(folder);
-    const StopSignals signals;
-    const std::int64_t ended = cancelAll(job, signals.token());
-    printMessage(job.layout().folder().string() + ": " +
-                 (ended == 0 ? "nothing was in the queue."
-                             : "canceled; what is done stays, and 'ruvex farm resume' goes on."));
-    return 0;
+    const StopSignals signals({}, kCancelStopped);
+    const std::string place = job.layout().folder().string() + ": ";
+    switch (cancelAll(job, signals.token())) {
+        case farm::CancelEnd::NothingQueued:
+            printMessage(place + "nothing was in the queue.");
+            return kDone;
+        case farm::CancelEnd::Stopped:
+            printMessage(kCancelStopped);
+            return kStopped;
+        default:
+            printMessage(place + "cancelled; what is done stays, and 'ruvex farm resume' goes on.");
+            return kDone;
+    }
 }
 
 void printCommand(const std::vector<std::string>& words) {
@@ -60,6 +69,20 @@ int plan(const std::string& folder) {
         printCommand(joinWords(job, clip));
     }
     return finishOutput();
+}
+
+Command farmResumeCommand() {
+    const auto options = std::make_shared<ResumeOptions>();
+    OptionTable table = {{"FOLDER", "", "The folder of the farm job", &options->folder, true}};
+    const OptionTable scheduler = schedulerOptions(options->scheduler, SubmissionKind::Later);
+    table.insert(table.end(), scheduler.begin(), scheduler.end());
+    return {.name = "farm resume",
+            .summary = "Submit what a farm job has neither done nor in the queue",
+            .options = table,
+            .notes = kResumeNotes,
+            .examples = {"ruvex farm resume out.mov.farm",
+                         "ruvex farm resume out.mov.farm --time 2:00:00 --sbatch=--mem=16G"},
+            .run = [options] { return resume(*options); }};
 }
 
 /// A command that takes the folder of a farm job alone.
@@ -79,10 +102,7 @@ Command folderCommand(const char* name, const char* summary, const char* notes, 
 std::vector<Command> farmCommands() {
     return {farmSubmitCommand(),
             farmStatusCommand(),
-            folderCommand("farm resume", "Submit what a farm job has neither done nor in the queue",
-                          "A chunk is done if its record and its files are there. Nothing that is "
-                          "done is rendered again.",
-                          "ruvex farm resume out.mov.farm", resume),
+            farmResumeCommand(),
             folderCommand("farm cancel", "Take a farm job out of the queue",
                           "Tasks that run are ended, and the files that they did not complete are "
                           "removed. What is done\nstays.",

@@ -8,10 +8,13 @@
 #include "cli/option_text.h"
 #include "cli/usage_error.h"
 #include "cli/value_kind.h"
+#include "farm/sbatch_options.h"
 #include "looks/json_document.h"
 
 namespace ruvex::cli {
 namespace {
+
+constexpr int kMostOfAWhole = std::numeric_limits<int>::max();
 
 /// They belong to a render on this machine.
 bool staysHere(const Option& option) {
@@ -64,6 +67,59 @@ void checkPlainText(const std::string& option, const std::string& text) {
 
 }  // namespace
 
+OptionTable schedulerOptions(SchedulerWords& words, SubmissionKind kind) {
+    const auto help = [&](const char* first, const char* later) {
+        return kind == SubmissionKind::First ? first : later;
+    };
+    return {
+        {"--partition", "P",
+         help("Partition of the cluster; default: the scheduler's",
+              "Partition of the cluster; default: as submitted"),
+         &words.partition},
+        {"--account", "A",
+         help("Account that the work is charged to; default: the scheduler's",
+              "Account that the work is charged to; default: as submitted"),
+         &words.account},
+        {"--time", "T",
+         help("Limit of a task, in the scheduler's words, as 1:00:00; default: the partition's",
+              "Limit of a task, in the scheduler's words, as 1:00:00; default: as submitted"),
+         &words.time},
+        {"--join-time", "T",
+         help("Limit of a join; default: that of --time", "Limit of a join; default: as submitted"),
+         &words.joinTime},
+        {"--max-tasks", "N",
+         help("Chunks that are rendered at a time; default: no limit",
+              "Chunks of this submission that are rendered at a time; default: as submitted"),
+         &words.maxTasks},
+        {"--sbatch", "OPTION",
+         help("A further option of sbatch, as --sbatch=--mem=8G; may be given several times",
+              "A further option of sbatch, in place of all that were submitted; may be given "
+              "several "
+              "times"),
+         &words.sbatch},
+    };
+}
+
+farm::SchedulerOptions parsedScheduler(const SchedulerWords& words) {
+    checkPlainText("--partition", words.partition);
+    checkPlainText("--account", words.account);
+    checkPlainText("--time", words.time);
+    checkPlainText("--join-time", words.joinTime);
+    for (const std::string& option : words.sbatch) checkPlainText("--sbatch", option);
+    if (const std::string fault = farm::faultIn(words.sbatch); !fault.empty()) {
+        throw UsageError("--sbatch: " + fault);
+    }
+    farm::SchedulerOptions options{.partition = words.partition,
+                                   .account = words.account,
+                                   .time = words.time,
+                                   .joinTime = words.joinTime,
+                                   .extra = words.sbatch};
+    if (!words.maxTasks.empty()) {
+        options.maxTasks = parseWhole("--max-tasks", words.maxTasks, 1, kMostOfAWhole);
+    }
+    return options;
+}
+
 OptionTable farmOptions(FarmOptions& options) {
     OptionTable table = renderTable(options.render);
     const OptionTable farm = {
@@ -71,25 +127,14 @@ OptionTable farmOptions(FarmOptions& options) {
          "Where the farm job is kept, seen by every machine; default: the output's name with .farm",
          &options.folder},
         {"--chunk", "FRAMES", "Frames that a task renders; default: 250", &options.chunk},
-        {"--partition", "P", "Partition of the cluster; default: the scheduler's",
-         &options.partition},
-        {"--account", "A", "Account that the work is charged to; default: the scheduler's",
-         &options.account},
-        {"--time", "T",
-         "Limit of a task, in the scheduler's words, as 1:00:00; default: the partition's",
-         &options.time},
-        {"--join-time", "T", "Limit of a join; default: that of --time", &options.joinTime},
-        {"--max-tasks", "N", "Chunks that are rendered at a time; default: no limit",
-         &options.maxTasks},
-        {"--sbatch", "OPTION",
-         "A further option of sbatch, as --sbatch=--mem=8G; may be given several times",
-         &options.sbatch},
         {"--keep-chunks", "", "Do not remove the files of chunks after the join",
          &options.keepChunks},
         {"--no-submit", "", "Make the folder only; 'ruvex farm plan' prints the commands",
          &options.noSubmit},
     };
+    const OptionTable scheduler = schedulerOptions(options.scheduler, SubmissionKind::First);
     table.insert(table.end(), farm.begin(), farm.end());
+    table.insert(table.end(), scheduler.begin(), scheduler.end());
     return table;
 }
 
@@ -105,24 +150,13 @@ std::string givenRenderOption(FarmOptions& options) {
 }
 
 farm::FarmWish farmWish(const FarmOptions& options) {
-    constexpr int kMost = std::numeric_limits<int>::max();
     farm::FarmWish wish{.jobs = {},
                         .folder = options.folder,
                         .keepChunks = options.keepChunks,
-                        .scheduler = {.partition = options.partition,
-                                      .account = options.account,
-                                      .time = options.time,
-                                      .joinTime = options.joinTime,
-                                      .extra = options.sbatch}};
-    if (!options.chunk.empty()) wish.chunkFrames = parseWhole("--chunk", options.chunk, 1, kMost);
-    if (!options.maxTasks.empty()) {
-        wish.scheduler.maxTasks = parseWhole("--max-tasks", options.maxTasks, 1, kMost);
+                        .scheduler = parsedScheduler(options.scheduler)};
+    if (!options.chunk.empty()) {
+        wish.chunkFrames = parseWhole("--chunk", options.chunk, 1, kMostOfAWhole);
     }
-    checkPlainText("--partition", options.partition);
-    checkPlainText("--account", options.account);
-    checkPlainText("--time", options.time);
-    checkPlainText("--join-time", options.joinTime);
-    for (const std::string& option : options.sbatch) checkPlainText("--sbatch", option);
     return wish;
 }
 

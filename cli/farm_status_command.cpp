@@ -5,12 +5,13 @@
 #include <map>
 #include <memory>
 #include <thread>
-#include <unistd.h>
 #include <utility>
+#include <vector>
 
-#include "cli/amount_text.h"
 #include "cli/exit_status.h"
 #include "cli/farm_commands.h"
+#include "cli/farm_words.h"
+#include "cli/live_line.h"
 #include "cli/messages.h"
 #include "cli/stop_signals.h"
 #include "cli/usage_error.h"
@@ -33,29 +34,9 @@ struct StatusOptions {
 constexpr const char* kStatusNotes =
     R"(Reads the records of the chunks that are done, the queue of the scheduler, and what tasks have printed;
 it works without the scheduler's accounting, and on a machine without the scheduler, where what is queued is
-not known. The exit status is 0 when all is complete, 3 while something waits or runs, else 1.)";
-
-/// "250 of 1000 frames, 10 of 40 chunks; 2 running, 28 waiting; 25.0 frames a second, 30 s left"
-std::string lineOf(const FarmStatus& status) {
-    std::string text = std::to_string(status.framesDone) + " of " + std::to_string(status.frames) +
-                       " frames, " + std::to_string(status.chunksDone) + " of " +
-                       std::to_string(status.chunks) + " chunks";
-    if (status.complete()) return text + "; complete";
-    if (status.queueKnown) {
-        text += "; " + std::to_string(status.running) + " running, " +
-                std::to_string(status.waiting) + " waiting";
-    }
-    if (!status.failed.empty()) text += ", " + std::to_string(status.failed.size()) + " failed";
-    if (status.joinRuns) return text + "; joining";
-    if (status.joinWaits && status.running + status.waiting == 0) return text + "; the join waits";
-    if (status.framesPerSecond > 0.0 && (status.running > 0 || !status.queueKnown)) {
-        text += "; " + oneDecimal(status.framesPerSecond) + " frames a second";
-    }
-    if (const auto left = status.secondsLeft(); left && *left > 0.0) {
-        text += ", " + durationText(*left) + " left";
-    }
-    return text;
-}
+not known. The time left is that until the chunks are rendered; joins come after it. --watch goes on while
+the scheduler does not answer. The exit status is 0 when all is complete, 3 while something waits or runs,
+else 1.)";
 
 /// Failures for one reason on one machine are told once.
 void printFailures(const std::vector<farm::FailedPart>& failed) {
@@ -78,18 +59,26 @@ void printFailures(const std::vector<farm::FailedPart>& failed) {
     }
 }
 
+/// Why nothing runs, or will not run by itself.
+void printObstacles(const FarmStatus& status) {
+    for (const std::string& reason : status.obstacles) {
+        std::cout
+            << "Tasks wait, and the scheduler gives a reason that may last: "
+            << files::printable(reason)
+            << ". If it does, 'ruvex farm cancel', and 'ruvex farm resume' with other options.\n";
+    }
+}
+
 void printDetails(const FarmStatus& status) {
     printFailures(status.failed);
-    for (const std::string& reason : status.held) {
-        std::cout << "The scheduler holds tasks back: " << files::printable(reason) << ".\n";
-    }
+    printObstacles(status);
     if (!status.queueKnown && !status.complete()) {
         std::cout << (status.queueFault.empty() ? "Slurm is not installed here."
                                                 : files::printable(status.queueFault))
                   << " What waits or runs is not known.\n";
     } else if (!status.underWay() && !status.complete()) {
         if (status.absent > 0) {
-            std::cout << status.absent << (status.absent == 1 ? " chunk is" : " chunks are")
+            std::cout << countText(status.absent, "chunk") << (status.absent == 1 ? " is" : " are")
                       << " neither done nor in the queue.\n";
         }
         std::cout << "'ruvex farm resume' submits what is missing.\n";
@@ -101,10 +90,15 @@ int statusCode(const FarmStatus& status) {
 }
 
 int print(const FarmStatus& status) {
-    std::cout << lineOf(status) << '\n';
+    std::cout << statusLine(status) << '\n';
     printDetails(status);
     const int written = finishOutput();
     return written == kDone ? statusCode(status) : written;
+}
+
+std::vector<std::string> printable(std::vector<std::string> texts) {
+    for (std::string& text : texts) text = files::printable(text);
+    return texts;
 }
 
 int printJson(const FarmStatus& status) {
@@ -127,6 +121,7 @@ int printJson(const FarmStatus& status) {
                         {"joining", status.joinRuns},
                         {"framesPerSecond", status.framesPerSecond},
                         {"absent", status.absent},
+                        {"obstacles", printable(status.obstacles)},
                         {"failed", failed}};
     if (const auto left = status.secondsLeft()) json["secondsLeft"] = *left;
     std::cout << json.dump(2) << '\n';
@@ -142,33 +137,35 @@ void pause(std::chrono::milliseconds time, const std::stop_token& stop) {
     }
 }
 
+/// Whether there is nothing left to wait for. While the queue does not answer, nobody knows.
+bool isOver(const FarmStatus& status) {
+    return status.complete() || (!status.underWay() && status.queueFault.empty());
+}
+
 /// On a terminal one line that changes, elsewhere a line whenever it has changed.
 int watch(const farm::Farm& job) {
-    const bool terminal = isatty(STDOUT_FILENO) != 0;
-    const StopSignals signals;
+    const StopSignals signals({}, "stopped watching; the farm job goes on.");
+    LiveLine live(stdout);
     farm::StatusReader reader(job);
     std::string before;
     for (;;) {
         const FarmStatus status = reader.read();
-        const std::string line = lineOf(status);
-        const bool over = !status.underWay();
-        if (terminal) {
-            std::cout << '\r' << line
-                      << std::string(before.size() > line.size() ? before.size() - line.size() : 0,
-                                     ' ')
-                      << (over ? "\n" : "") << std::flush;
+        const std::string line = statusLine(status);
+        if (live.onTerminal()) {
+            live.show(line);
         } else if (line != before) {
             std::cout << line << std::endl;
         }
         before = line;
-        if (over) {
+        if (isOver(status)) {
+            live.end();
             printDetails(status);
             const int written = finishOutput();
             return written == kDone ? statusCode(status) : written;
         }
         pause(2000ms, signals.token());
         if (signals.token().stop_requested()) {
-            if (terminal) std::cout << std::endl;
+            live.end();
             return kStopped;
         }
     }

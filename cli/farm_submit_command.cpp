@@ -5,6 +5,7 @@
 
 #include "cli/farm_commands.h"
 #include "cli/farm_options.h"
+#include "cli/farm_words.h"
 #include "cli/job_words.h"
 #include "cli/messages.h"
 #include "cli/several_clips.h"
@@ -25,7 +26,9 @@ constexpr const char* kSubmitNotes =
     R"(The folder has to be on a disk that every machine sees under the same name, and so do clips and
 results. A picture's rows are cut into 8 shares unless --workers names another number, so that every machine
 makes the same bytes. Each task renders a chunk of the frames; a last one joins the chunks of a video, or
-checks that all pictures of a sequence are there.)";
+checks that all pictures of a sequence are there. Where there are more chunks than an array of the
+scheduler holds (usually 1001), there are several arrays; with --max-tasks, each of them waits for the
+whole one before it. A --dependency among the --sbatch options is that of the tasks.)";
 
 bool isJobFile(const std::string& input) {
     return fs::path(input).extension() == ".json";
@@ -86,16 +89,12 @@ farm::Farm madeFarm(FarmOptions& options, bool quiet) {
     }
     wish.jobs = saved > 0 ? savedJobs(options, warnings) : typedJobs(options, warnings);
     wish.folder = folderFor(options, wish.jobs.size());
+    if (!options.noSubmit) wish.limits = farm::schedulerLimits();
     if (!quiet) printWarnings(warnings);
     farm::Farm job = makeFarm(wish, notes);
     removeRepeated(notes);
     if (!quiet) printNotes(notes, saved > 0 ? jobFileText : optionText);
     return job;
-}
-
-std::string chunksText(const farm::Farm& job) {
-    return std::to_string(job.chunks()) + (job.chunks() == 1 ? " chunk" : " chunks") + " of " +
-           std::to_string(job.job().chunkFrames) + " frames";
 }
 
 int submit(FarmOptions& options) {
@@ -104,7 +103,7 @@ int submit(FarmOptions& options) {
     const std::string folder = job.layout().folder().string();
     if (options.noSubmit) {
         if (!quiet) {
-            printMessage(folder + ": " + chunksText(job) + ". 'ruvex farm plan " +
+            printMessage(folder + ": " + chunksText(job.job()) + ". 'ruvex farm plan " +
                          shellQuoted(folder) + "' prints the commands.");
         }
         return 0;
@@ -116,7 +115,7 @@ int submit(FarmOptions& options) {
                               "; 'ruvex farm resume' submits it.");
     }
     if (!quiet) {
-        printMessage(folder + ": " + chunksText(job) + " submitted. 'ruvex farm status " +
+        printMessage(folder + ": " + chunksText(job.job()) + " submitted. 'ruvex farm status " +
                      shellQuoted(folder) + " --watch' shows how far they are.");
     }
     return 0;

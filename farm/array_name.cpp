@@ -30,7 +30,7 @@ std::optional<ArrayName> arrayNamed(const std::string& text, const FarmJob& job)
 std::string allArrayNames(const FarmJob& job) {
     std::string text;
     const auto add = [&](Work work, std::int64_t count) {
-        for (std::int64_t first = 0; first < count; first += kMostInArray) {
+        for (std::int64_t first = 0; first < count; first += job.arrayLength) {
             text.append(text.empty() ? "" : ",").append(toText({work, first}, job));
         }
     };
@@ -40,7 +40,7 @@ std::string allArrayNames(const FarmJob& job) {
 }
 
 std::filesystem::path logOf(const Farm& farm, Work work, std::int64_t number) {
-    const std::int64_t first = number - number % kMostInArray;
+    const std::int64_t first = arrayStart(farm.job(), number);
     return farm.layout().log(toText({work, first}, farm.job()), number - first);
 }
 

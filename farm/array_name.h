@@ -12,10 +12,6 @@
 
 namespace ruvex::farm {
 
-/// Chunks or clips that one array can hold, so that an element's number stays below the limit of
-/// schedulers as they are installed (MaxArraySize is 1001).
-inline constexpr std::int64_t kMostInArray = 1000;
-
 enum class Work {
     Task,  ///< Renders a chunk.
     Join,  ///< Joins the chunks of a clip.
@@ -28,6 +24,12 @@ struct ArrayName {
 
     friend bool operator==(const ArrayName&, const ArrayName&) = default;
 };
+
+/// The first number of the array that holds chunk, or clip, `number`. Each array begins at a
+/// multiple of the job's array length.
+inline std::int64_t arrayStart(const FarmJob& job, std::int64_t number) {
+    return number - number % job.arrayLength;
+}
 
 /// "ruvex-0123456789abcdef-task-1000".
 std::string toText(const ArrayName& name, const FarmJob& job);

@@ -7,6 +7,7 @@
 #include "farm/farm_error.h"
 #include "farm/leftovers.h"
 #include "farm/slurm.h"
+#include "farm/submission_lock.h"
 
 namespace ruvex::farm {
 namespace {
@@ -19,32 +20,42 @@ std::vector<QueuedElement> inQueue(const Farm& farm) {
     return std::move(queue->elements);
 }
 
-void waitForEnd(const Farm& farm, const std::stop_token& stop) {
+std::vector<ArrayId> arraysOf(const std::vector<QueuedElement>& elements) {
+    std::set<ArrayId> arrays;
+    for (const QueuedElement& element : elements) arrays.insert(element.array);
+    return {arrays.begin(), arrays.end()};
+}
+
+/// False after a stop.
+bool waitForEnd(const Farm& farm, const std::stop_token& stop) {
     constexpr auto kPause = 500ms;
     constexpr auto kLongest = 2min;
-    for (auto waited = 0ms; !inQueue(farm).empty() && !stop.stop_requested(); waited += kPause) {
+    for (auto waited = 0ms; !inQueue(farm).empty(); waited += kPause) {
         if (waited >= kLongest) {
             throw FarmError("Tasks of " + farm.layout().folder().string() +
                             " do not end. 'squeue' lists them; cancel again when they have.");
         }
+        if (stop.stop_requested()) return false;
         std::this_thread::sleep_for(kPause);
     }
+    return !stop.stop_requested();
 }
 
 }  // namespace
 
-std::int64_t cancelAll(const Farm& farm, const std::stop_token& stop) {
-    const std::vector<QueuedElement> elements = inQueue(farm);
-    std::set<std::string> arrays;
-    for (const QueuedElement& element : elements) arrays.insert(element.array);
-    cancelArrays(std::vector<std::string>(arrays.begin(), arrays.end()));
-    if (!elements.empty()) {
-        waitForEnd(farm, stop);
+CancelEnd cancelAll(const Farm& farm, const std::stop_token& stop) {
+    // Nothing new is submitted before the end.
+    const SubmissionLock lock(farm.layout());
+    const std::vector<ArrayId> arrays = arraysOf(inQueue(farm));
+    if (stop.stop_requested()) return CancelEnd::Stopped;
+    cancelArrays(arrays, Cancel::All);
+    if (!arrays.empty()) {
+        if (!waitForEnd(farm, stop)) return CancelEnd::Stopped;
         // A younger file counts as one that a program has just begun.
         std::this_thread::sleep_for(1100ms);
     }
     for (std::size_t clip = 0; clip < farm.job().clips.size(); ++clip) removeLeftovers(farm, clip);
-    return std::ssize(elements);
+    return arrays.empty() ? CancelEnd::NothingQueued : CancelEnd::Ended;
 }
 
 }  // namespace ruvex::farm

@@ -75,7 +75,7 @@ FarmClip clipFrom(const Json& json) {
 /// Chunks follow one another without a gap, and each has frames.
 void checkChunks(const FarmJob& job) {
     std::int64_t next = 0;
-    bool sound = job.chunkFrames > 0 && !job.clips.empty();
+    bool sound = job.chunkFrames > 0 && job.arrayLength > 0 && !job.clips.empty();
     for (const FarmClip& clip : job.clips) {
         const jobs::FrameRange& frames = clip.frames;
         sound = sound && clip.firstChunk == next && frames.first >= 0 &&
@@ -100,6 +100,7 @@ FarmJob farmFrom(const Json& json) {
                 .program = programFrom(json.at("program")),
                 .chunkFrames = json.at("chunkFrames"),
                 .keepChunks = json.at("keepChunks"),
+                .arrayLength = json.at("arrayLength"),
                 .scheduler = schedulerFrom(json.at("scheduler")),
                 .clips = {}};
     for (const Json& clip : json.at("clips")) job.clips.push_back(clipFrom(clip));
@@ -120,6 +121,7 @@ std::string farmText(const FarmJob& job) {
                          {"libraries", job.program.libraries}}},
                        {"chunkFrames", job.chunkFrames},
                        {"keepChunks", job.keepChunks},
+                       {"arrayLength", job.arrayLength},
                        {"scheduler", schedulerJson(job.scheduler)},
                        {"clips", clips}};
     return json.dump(2) + "\n";

@@ -55,6 +55,7 @@ struct FarmJob {
     ProgramIdentity program;
     std::int64_t chunkFrames = 1;  ///< Of a chunk; the last one of a clip may have fewer.
     bool keepChunks = false;       ///< Do not remove the files of chunks after the join.
+    std::int64_t arrayLength = 1;  ///< Chunks or clips in an array of the scheduler.
     SchedulerOptions scheduler;
     std::vector<FarmClip> clips;
 

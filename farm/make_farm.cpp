@@ -228,6 +228,7 @@ Farm makeFarm(const FarmWish& wish, std::vector<jobs::Note>& notes) {
                 .program = runningProgram(),
                 .chunkFrames = wish.chunkFrames,
                 .keepChunks = wish.keepChunks,
+                .arrayLength = wish.limits.arrayLength,
                 .scheduler = wish.scheduler,
                 .clips = {}};
     std::vector<std::string> texts;
@@ -242,6 +243,7 @@ Farm makeFarm(const FarmWish& wish, std::vector<jobs::Note>& notes) {
         job.clips.push_back(std::move(clip));
     }
     checkFilesKept(job);
+    checkLimits(job, wish.limits);
     NewFolder folder(layout.folder());
     for (std::size_t i = 0; i < texts.size(); ++i) {
         writeText(folder.layout().jobFile(job.clips[i].name), texts[i]);

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "farm/array_limits.h"
 #include "farm/farm.h"
 #include "jobs/render_job.h"
 
@@ -29,6 +30,7 @@ struct FarmWish {
     std::int64_t chunkFrames = kUsualChunkFrames;
     bool keepChunks = false;
     SchedulerOptions scheduler{};
+    ArrayLimits limits{};
 };
 
 /// "out.mov.farm" beside out.mov, "shot.farm" beside shot.%05d.png.
@@ -36,7 +38,8 @@ std::filesystem::path usualFolder(const std::filesystem::path& output);
 
 /// Looks at all clips, and makes the folder, whole or not at all: the jobs with absolute names and
 /// fixed shares, the list of chunks, and the batch script. Throws FarmError for jobs that cannot be
-/// rendered in chunks and for a folder that exists already, and media::MediaError. What the user
+/// rendered in chunks, for more chunks than the limits allow, and for a folder that exists already,
+/// and media::MediaError. What the user
 /// should know is added to `notes`, each sentence with the field that it is about.
 Farm makeFarm(const FarmWish& wish, std::vector<jobs::Note>& notes);
 

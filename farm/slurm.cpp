@@ -9,6 +9,7 @@
 #include "farm/farm_error.h"
 #include "farm/number_list.h"
 #include "farm/process.h"
+#include "farm/sbatch_options.h"
 #include "files/words.h"
 
 namespace ruvex::farm {
@@ -62,8 +63,18 @@ std::string elementsOf(const NewArray& array, const SchedulerOptions& options) {
     return text;
 }
 
-std::vector<std::string> wordsFor(const Farm& farm, const NewArray& array) {
-    const SchedulerOptions& options = farm.job().scheduler;
+/// The further options for this array.
+std::vector<std::string> extraWords(const SchedulerOptions& options, const NewArray& array) {
+    std::vector<std::string> words = withoutDependency(options.extra);
+    if (array.name.work == Work::Task && array.after.empty()) {
+        const std::vector<std::string> dependency = dependencyIn(options.extra);
+        words.insert(words.end(), dependency.begin(), dependency.end());
+    }
+    return words;
+}
+
+std::vector<std::string> wordsFor(const Farm& farm, const SchedulerOptions& options,
+                                  const NewArray& array) {
     std::vector<std::string> words = {
         "sbatch",
         "--parsable",
@@ -80,9 +91,10 @@ std::vector<std::string> wordsFor(const Farm& farm, const NewArray& array) {
     addIfGiven(words, "--account=", options.account);
     addIfGiven(words, "--time=", timeOf(options, array.name.work));
     std::string after;
-    for (const std::string& id : array.after) after.append(":").append(id);
+    for (const ArrayId id : array.after) after.append(":").append(std::to_string(id));
     addIfGiven(words, "--dependency=afterany", after);
-    words.insert(words.end(), options.extra.begin(), options.extra.end());
+    const std::vector<std::string> extra = extraWords(options, array);
+    words.insert(words.end(), extra.begin(), extra.end());
     words.insert(words.end(), {farm.layout().script().string(), wordOf(array.name.work),
                                std::to_string(array.name.first)});
     return words;
@@ -98,15 +110,18 @@ std::optional<std::int64_t> wholeNumber(const std::string& text) {
 std::optional<QueuedElement> elementIn(const FarmJob& job, const std::string& line) {
     std::istringstream stream(line);
     std::string name;
+    std::string array;
     std::string index;
     QueuedElement element;
-    for (std::string* part : {&name, &element.array, &index, &element.state, &element.node}) {
+    for (std::string* part : {&name, &array, &index, &element.state, &element.node}) {
         std::getline(stream, *part, '|');
     }
     std::getline(stream, element.reason);
     const auto known = arrayNamed(name, job);
+    const auto id = wholeNumber(array);
     const auto number = wholeNumber(index);
-    if (!known || !number) return std::nullopt;
+    if (!known || !id || !number) return std::nullopt;
+    element.array = *id;
     element.work = known->work;
     element.number = known->first + *number;
     return element;
@@ -121,12 +136,14 @@ bool hasEnded(const std::string& state) {
 
 }  // namespace
 
-std::string submitArray(const Farm& farm, const NewArray& array) {
-    const auto result = runProgram(wordsFor(farm, array));
+ArrayId submitArray(const Farm& farm, const SchedulerOptions& options, const NewArray& array) {
+    const auto result = runProgram(wordsFor(farm, options, array));
     if (!result) refuseWithoutSlurm(farm);
     checkEnd("sbatch", *result);
     // "123", or "123;CLUSTER".
-    return firstLine(result->out.substr(0, result->out.find(';')));
+    const std::string answer = firstLine(result->out);
+    if (const auto id = wholeNumber(answer.substr(0, answer.find(';')))) return *id;
+    throw FarmError("sbatch names no number of a job: it says '" + answer + "'.");
 }
 
 Queue parseQueue(const FarmJob& job, const std::string& text) {
@@ -150,10 +167,11 @@ std::optional<Queue> queueOf(const FarmJob& job) {
     return parseQueue(job, result->out);
 }
 
-void cancelArrays(std::span<const std::string> arrays) {
+void cancelArrays(std::span<const ArrayId> arrays, Cancel which) {
     if (arrays.empty()) return;
     std::vector<std::string> words = {"scancel"};
-    words.insert(words.end(), arrays.begin(), arrays.end());
+    if (which == Cancel::Waiting) words.push_back("--state=PENDING");
+    for (const ArrayId array : arrays) words.push_back(std::to_string(array));
     const auto result = runProgram(words);
     if (!result) throw FarmError("Slurm is not installed here: there is no program scancel.");
     checkEnd("scancel", *result);

@@ -12,22 +12,26 @@
 
 namespace ruvex::farm {
 
+/// The number that the scheduler gives an array. Later arrays have greater ones.
+using ArrayId = std::int64_t;
+
 /// An array to submit.
 struct NewArray {
     ArrayName name;
-    std::vector<std::int64_t> numbers;  ///< Of chunks or clips, rising, in [first, first + 1000).
-    std::vector<std::string> after{};   ///< Arrays that have to end first, however they end.
+    std::vector<std::int64_t> numbers;  ///< Of chunks or clips, rising, from name.first on.
+    std::vector<ArrayId> after{};       ///< Arrays that have to end first, however they end.
 };
 
-/// Submits an array; the number that the scheduler gave it. Throws FarmError with the scheduler's
-/// words if it refuses, and without Slurm on this machine.
-std::string submitArray(const Farm& farm, const NewArray& array);
+/// Submits an array. A dependency among the extra options is that of tasks which wait for no other
+/// array. Throws FarmError with the scheduler's words if it refuses, and without Slurm on this
+/// machine.
+ArrayId submitArray(const Farm& farm, const SchedulerOptions& options, const NewArray& array);
 
 /// An element of an array that waits, runs, or has ended.
 struct QueuedElement {
     Work work = Work::Task;
     std::int64_t number = 0;  ///< Of a chunk or a clip.
-    std::string array;        ///< The scheduler's number of its array.
+    ArrayId array = 0;
     bool running = false;
     std::string state;   ///< In the scheduler's words: "PENDING", "TIMEOUT".
     std::string node;    ///< Empty for one that waits.
@@ -49,7 +53,13 @@ Queue parseQueue(const FarmJob& job, const std::string& text);
 /// if it does not answer.
 std::optional<Queue> queueOf(const FarmJob& job);
 
-/// Takes arrays out of the queue and ends their elements. Throws FarmError.
-void cancelArrays(std::span<const std::string> arrays);
+/// Which elements of an array are taken out of the queue.
+enum class Cancel {
+    All,      ///< Those that run are ended.
+    Waiting,  ///< Those that run go on.
+};
+
+/// Does nothing without arrays. Throws FarmError.
+void cancelArrays(std::span<const ArrayId> arrays, Cancel which);
 
 }  // namespace ruvex::farm

@@ -1,66 +1,71 @@
 #include "farm/status.h"
 
 #include <algorithm>
+#include <array>
+#include <set>
+#include <string_view>
 #include <utility>
 
 #include "farm/farm_error.h"
-#include "farm/log_reading.h"
+#include "farm/fresh_folder.h"
+#include "farm/render_rate.h"
 
 namespace ruvex::farm {
 namespace {
 
-/// The last of the attempts that the scheduler remembers; null where it knows of none.
-const QueuedElement* lastEnd(const Queue& queue, Work work, std::int64_t number) {
-    const QueuedElement* last = nullptr;
-    for (const QueuedElement& element : queue.ended) {
-        if (element.work != work || element.number != number || element.node.empty()) continue;
-        // Later arrays have greater numbers.
-        const auto isLater = [](const std::string& a, const std::string& b) {
-            return a.size() != b.size() ? a.size() > b.size() : a >= b;
-        };
-        if (last == nullptr || isLater(element.array, last->array)) last = &element;
+/// Whether an element waits for a person, not for a turn.
+bool isHeld(const std::string& reason) {
+    return reason.find("eld") != std::string::npos ||
+           reason.find("DependencyNeverSatisfied") != std::string::npos;
+}
+
+/// Whether an element waits for its turn, which comes.
+bool isUsual(const std::string& reason) {
+    static constexpr std::array<std::string_view, 7> kUsual = {
+        "", "None", "Resources", "Priority", "Dependency", "BeginTime", "JobArrayTaskLimit"};
+    return std::ranges::count(kUsual, reason) > 0;
+}
+
+void addQueue(FarmStatus& status, const Queue& queue) {
+    std::set<std::string> unusual;
+    for (const QueuedElement& element : queue.elements) {
+        if (element.work == Work::Join) {
+            (element.running ? status.joinRuns : status.joinWaits) = true;
+        } else {
+            (element.running ? status.running : status.waiting) += 1;
+        }
+        if (!element.running && !isUsual(element.reason)) unusual.insert(element.reason);
     }
-    return last;
-}
-
-/// What can be said of a task that said nothing itself.
-std::string silentEnd(const QueuedElement* end, const std::string& doubt) {
-    return (end == nullptr ? "it ended" : "it ended as " + end->state) +
-           " without a message: " + doubt;
-}
-
-/// Elements that wait for a person, not for a turn.
-bool isHeld(const QueuedElement& element) {
-    return element.reason.find("eld") != std::string::npos ||
-           element.reason.find("DependencyNeverSatisfied") != std::string::npos;
-}
-
-void addElement(FarmStatus& status, const QueuedElement& element) {
-    if (element.work == Work::Join) {
-        (element.running ? status.joinRuns : status.joinWaits) = true;
-    } else {
-        (element.running ? status.running : status.waiting) += 1;
-    }
-    if (!element.running && isHeld(element) &&
-        std::ranges::count(status.held, element.reason) == 0) {
-        status.held.push_back(element.reason);
+    for (const std::string& reason : unusual) {
+        // While something runs, another reason than these may pass with it.
+        if (isHeld(reason) || !status.somethingRuns()) status.obstacles.push_back(reason);
     }
 }
 
-/// Empty too where it is not known.
-Queue knownQueue(const FarmJob& job, FarmStatus& status) {
+/// Empty where it is not known.
+std::optional<Queue> knownQueue(const FarmJob& job, FarmStatus& status) {
     try {
         auto queue = queueOf(job);
         status.queueKnown = queue.has_value();
-        return std::move(queue).value_or(Queue());
+        return queue;
     } catch (const FarmError& error) {
         status.queueFault = error.what();
-        return {};
+        return std::nullopt;
     }
 }
 
 void mark(std::vector<bool>& all, std::int64_t number) {
     if (number >= 0 && number < std::ssize(all)) all[static_cast<std::size_t>(number)] = true;
+}
+
+/// Which chunks or clips of a number wait or run.
+std::vector<bool> queued(const std::optional<Queue>& queue, Work work, std::size_t count) {
+    std::vector<bool> all(count);
+    if (!queue) return all;
+    for (const QueuedElement& element : queue->elements) {
+        if (element.work == work) mark(all, element.number);
+    }
+    return all;
 }
 
 }  // namespace
@@ -76,93 +81,75 @@ StatusReader::StatusReader(const Farm& farm)
       clips_(farm.job().clips.size()) {}
 
 void StatusReader::readRecords() {
+    refreshFolder(farm_.layout().done());
+    const auto names = namesIn(farm_.layout().done());
+    const auto isThere = [&](const std::filesystem::path& record) {
+        return names.contains(record.filename().string());
+    };
     for (std::size_t i = 0; i < chunks_.size(); ++i) {
         if (chunks_[i]) continue;
         const FarmChunk chunk = farm_.chunk(static_cast<std::int64_t>(i));
-        chunks_[i] = readDone(farm_.layout().doneRecord(chunk.number), chunk.frames);
+        const auto record = farm_.layout().doneRecord(chunk.number);
+        if (isThere(record)) chunks_[i] = readDone(record, chunk.frames);
     }
     for (std::size_t i = 0; i < clips_.size(); ++i) {
-        if (!clips_[i]) clips_[i] = completeClip(farm_, i);
+        if (!clips_[i] && isThere(farm_.layout().joinRecord(i))) clips_[i] = completeClip(farm_, i);
     }
 }
 
-double StatusReader::framesPerSecond() const {
-    // Enough to even out chunks of different weight, and few enough to follow the nodes' number.
-    constexpr std::size_t kRecent = 64;
-    std::vector<const DoneRecord*> recent;
+double StatusReader::rate(const FarmStatus& status) const {
+    std::vector<const DoneRecord*> records;
     for (const auto& record : chunks_) {
-        if (record) recent.push_back(&*record);
+        if (record) records.push_back(&*record);
     }
-    std::ranges::sort(recent, std::greater(), &DoneRecord::finished);
-    if (recent.size() > kRecent) recent.resize(kRecent);
-    if (recent.empty()) return 0.0;
-    // The chunks ran at the same time: their frames over the time from the first start to the last
-    // end.
-    double start = recent.front()->finished;
-    std::int64_t frames = 0;
-    for (const DoneRecord* record : recent) {
-        start = std::min(start, record->finished - record->seconds);
-        frames += record->frames.count();
-    }
-    const double seconds = recent.front()->finished - start;
-    return seconds > 0.0 ? static_cast<double>(frames) / seconds : 0.0;
+    return framesPerSecond(std::move(records),
+                           status.queueKnown ? std::optional(status.running) : std::nullopt);
 }
 
-std::optional<FailedPart> StatusReader::failureOf(const Queue& queue, Work work,
-                                                  std::int64_t number) const {
-    const Layout& layout = farm_.layout();
-    const auto record = readFailure(
-        work == Work::Task ? layout.failureRecord(number)
-                           : layout.joinFailureRecord(static_cast<std::size_t>(number)));
-    if (record) return FailedPart{"", record->host, record->sentence};
-    const QueuedElement* end = lastEnd(queue, work, number);
-    const LogFailure log = failureIn(logOf(farm_, work, number));
-    if (!log.exists && end == nullptr) return std::nullopt;
-    if (!log.exists) {
-        return FailedPart{
-            "", end->node,
-            silentEnd(end, end->node + " may not see " + layout.folder().string() + ".")};
-    }
-    if (!log.sentence.empty()) return FailedPart{"", log.host, log.sentence};
-    return FailedPart{"", log.host, silentEnd(end, "it was killed, or its machine failed.")};
-}
-
-void StatusReader::addFailures(FarmStatus& status, const Queue& queue,
-                               const std::vector<bool>& queuedChunks,
-                               const std::vector<bool>& queuedJoins) const {
+std::vector<std::int64_t> StatusReader::doubtfulChunks(const std::optional<Queue>& queue) const {
+    std::vector<std::int64_t> numbers;
+    const std::vector<bool> inQueue = queued(queue, Work::Task, chunks_.size());
     for (std::size_t i = 0; i < chunks_.size(); ++i) {
-        const FarmChunk chunk = farm_.chunk(static_cast<std::int64_t>(i));
-        if (chunks_[i] || queuedChunks[i] || clips_[chunk.clip]) continue;
-        auto failure = failureOf(queue, Work::Task, chunk.number);
-        if (!failure) {
-            ++status.absent;
-            continue;
-        }
-        failure->what = toText(farm_, chunk);
-        status.failed.push_back(*std::move(failure));
+        if (chunks_[i] || inQueue[i]) continue;
+        const auto number = static_cast<std::int64_t>(i);
+        if (!clips_[farm_.chunk(number).clip]) numbers.push_back(number);
     }
-    // A join that lacks chunks tells nothing more than these do.
-    if (!status.failed.empty() || status.absent > 0) return;
+    return numbers;
+}
+
+std::vector<std::int64_t> StatusReader::doubtfulJoins(const std::optional<Queue>& queue) const {
+    std::vector<std::int64_t> numbers;
+    const std::vector<bool> inQueue = queued(queue, Work::Join, clips_.size());
     for (std::size_t i = 0; i < clips_.size(); ++i) {
-        if (clips_[i] || queuedJoins[i]) continue;
-        auto failure = failureOf(queue, Work::Join, static_cast<std::int64_t>(i));
-        if (!failure) continue;
-        failure->what = joinText(farm_.job().clips[i]);
-        status.failed.push_back(*std::move(failure));
+        if (!clips_[i] && !inQueue[i]) numbers.push_back(static_cast<std::int64_t>(i));
+    }
+    return numbers;
+}
+
+void StatusReader::addFailures(FarmStatus& status, const std::optional<Queue>& queue) const {
+    const std::vector<std::int64_t> chunks = doubtfulChunks(queue);
+    // A join that lacks chunks tells nothing more than these do.
+    const auto joins = chunks.empty() ? doubtfulJoins(queue) : std::vector<std::int64_t>();
+    if (chunks.empty() && joins.empty()) return;
+    refreshFolder(farm_.layout().failed());
+    const FailureReader reader(farm_, queue);
+    for (const std::int64_t number : chunks) {
+        if (auto failure = reader.failureOf(Work::Task, number)) {
+            failure->what = toText(farm_, farm_.chunk(number));
+            status.failed.push_back(*std::move(failure));
+        } else {
+            ++status.absent;
+        }
+    }
+    for (const std::int64_t number : joins) {
+        if (auto failure = reader.failureOf(Work::Join, number)) {
+            failure->what = joinText(farm_.clip(number));
+            status.failed.push_back(*std::move(failure));
+        }
     }
 }
 
-FarmStatus StatusReader::read() {
-    FarmStatus status;
-    // The queue first: what leaves it afterwards has its record already.
-    const Queue queue = knownQueue(farm_.job(), status);
-    readRecords();
-    std::vector<bool> queuedChunks(chunks_.size());
-    std::vector<bool> queuedJoins(clips_.size());
-    for (const QueuedElement& element : queue.elements) {
-        addElement(status, element);
-        mark(element.work == Work::Task ? queuedChunks : queuedJoins, element.number);
-    }
+void StatusReader::addCounts(FarmStatus& status) const {
     status.chunks = std::ssize(chunks_);
     status.clips = std::ssize(clips_);
     for (std::size_t i = 0; i < chunks_.size(); ++i) {
@@ -171,9 +158,21 @@ FarmStatus StatusReader::read() {
         status.framesDone += chunks_[i] ? frames.count() : 0;
         status.chunksDone += chunks_[i] ? 1 : 0;
     }
-    status.clipsComplete = std::ranges::count_if(clips_, [](const auto& one) { return !!one; });
-    status.framesPerSecond = framesPerSecond();
-    addFailures(status, queue, queuedChunks, queuedJoins);
+    for (std::size_t i = 0; i < clips_.size(); ++i) {
+        status.clipsComplete += clips_[i] ? 1 : 0;
+        status.videosToJoin += !clips_[i] && farm_.job().clips[i].isJoined() ? 1 : 0;
+    }
+}
+
+FarmStatus StatusReader::read() {
+    FarmStatus status;
+    // The queue first: what leaves it afterwards has its record already.
+    const std::optional<Queue> queue = knownQueue(farm_.job(), status);
+    if (queue) addQueue(status, *queue);
+    readRecords();
+    addCounts(status);
+    status.framesPerSecond = rate(status);
+    addFailures(status, queue);
     return status;
 }
 

@@ -7,18 +7,12 @@
 #include <string>
 #include <vector>
 
+#include "farm/failure_reading.h"
 #include "farm/farm.h"
 #include "farm/records.h"
 #include "farm/slurm.h"
 
 namespace ruvex::farm {
-
-/// A chunk or a join that is neither done nor in the queue.
-struct FailedPart {
-    std::string what;      ///< "chunk 17 (frames 400-424 of out.mov)".
-    std::string host;      ///< Empty where it is not known.
-    std::string sentence;  ///< The first error line.
-};
 
 struct FarmStatus {
     std::int64_t frames = 0;
@@ -33,17 +27,21 @@ struct FarmStatus {
     std::int64_t waiting = 0;
     bool joinWaits = false;
     bool joinRuns = false;
-    std::vector<std::string> held;  ///< Reasons for which the scheduler holds elements back.
+    std::int64_t videosToJoin = 0;  ///< Clips that are files to be joined, and are not complete.
+    /// Reasons, in the scheduler's words, for which what waits may wait for ever.
+    std::vector<std::string> obstacles;
     std::vector<FailedPart> failed;
-    std::int64_t absent = 0;       ///< Chunks of which nothing is known.
-    double framesPerSecond = 0.0;  ///< Over the chunks that ended last; 0 where it is not known.
+    std::int64_t absent = 0;  ///< Chunks that are neither done nor queued nor known to have failed.
+    double framesPerSecond = 0.0;  ///< Of all tasks together; 0 where it is not known.
 
     bool complete() const { return clipsComplete == clips; }
+    bool somethingRuns() const { return running > 0 || joinRuns; }
     /// Something waits or runs, or may do so where the queue is not known.
     bool underWay() const {
-        return running + waiting > 0 || joinWaits || joinRuns || (!queueKnown && failed.empty());
+        if (!queueKnown) return absent > 0 || failed.empty();
+        return running + waiting > 0 || joinWaits || joinRuns;
     }
-    /// Seconds until the last chunk is done; empty where it cannot be said.
+    /// Seconds until the last chunk is rendered, without the joins; empty where it cannot be said.
     std::optional<double> secondsLeft() const;
 };
 
@@ -57,11 +55,12 @@ public:
 
 private:
     void readRecords();
-    double framesPerSecond() const;
-    /// What is known of something that is neither done nor queued; empty if nothing is.
-    std::optional<FailedPart> failureOf(const Queue& queue, Work work, std::int64_t number) const;
-    void addFailures(FarmStatus& status, const Queue& queue, const std::vector<bool>& queuedChunks,
-                     const std::vector<bool>& queuedJoins) const;
+    void addCounts(FarmStatus& status) const;
+    double rate(const FarmStatus& status) const;
+    /// The numbers of what is neither done nor known to wait or run.
+    std::vector<std::int64_t> doubtfulChunks(const std::optional<Queue>& queue) const;
+    std::vector<std::int64_t> doubtfulJoins(const std::optional<Queue>& queue) const;
+    void addFailures(FarmStatus& status, const std::optional<Queue>& queue) const;
 
     const Farm& farm_;
     std::vector<std::optional<DoneRecord>> chunks_;

@@ -36,6 +36,10 @@ TEST(ArrayName, AllOfAJobAreKnown) {
     EXPECT_EQ(allArrayNames(job),
               "ruvex-0123456789abcdef-task-0,ruvex-0123456789abcdef-task-1000,"
               "ruvex-0123456789abcdef-task-2000,ruvex-0123456789abcdef-join-0");
+    job.arrayLength = 2003;
+    EXPECT_EQ(allArrayNames(job), "ruvex-0123456789abcdef-task-0,ruvex-0123456789abcdef-join-0");
+    EXPECT_EQ(arrayStart(job, 2002), 0);
+    EXPECT_EQ(arrayStart(job, 2003), 2003);
 }
 
 }  // namespace

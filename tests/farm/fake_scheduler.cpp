@@ -28,7 +28,12 @@ FakeScheduler::FakeScheduler() {
             "if [ -e refuse ]; then echo 'sbatch: error: no' >&2; exit 1; fi\n"
             "wc -l <sbatch.calls\n");
     program("squeue", "[ ! -e queue ] || cat queue\n");
-    program("scancel", "rm -f queue\n");
+    // Elements that run outlive a cancellation of those that wait.
+    program("scancel",
+            "[ -e queue ] || exit 0\n"
+            "case \"$*\" in *--state=PENDING*) sed -i '/|PENDING|/d' queue ;; *) rm -f queue ;; "
+            "esac\n");
+    program("scontrol", "[ -e config ] && cat config\n");
     searched = std::getenv("PATH");
     setenv("PATH", (path("bin") + ":" + searched).c_str(), 1);
 }
@@ -87,11 +92,16 @@ std::string FakeScheduler::id() const {
 void FakeScheduler::setQueue(const std::vector<std::string>& elements) const {
     std::string queue;
     for (const std::string& element : elements) {
-        const auto bar = element.find('|');
-        queue += "ruvex-" + id() + "-" + element.substr(0, bar) + "-0|1" + element.substr(bar) +
-                 "|n7|Reason\n";
+        queue += queueLine(element);
     }
     write("queue", queue);
+}
+
+std::string FakeScheduler::queueLine(const std::string& element, int array,
+                                     const std::string& reason) const {
+    const auto bar = element.find('|');
+    return "ruvex-" + id() + "-" + element.substr(0, bar) + "-0|" + std::to_string(array) +
+           element.substr(bar) + "|n7|" + reason + "\n";
 }
 
 int FakeScheduler::runTask(const std::string& work, int number) const {
@@ -100,6 +110,10 @@ int FakeScheduler::runTask(const std::string& work, int number) const {
                                 path("out.farm/task.sh") + "' " + work + " 0 >>'" +
                                 path("out.farm/logs/" + name + ".txt") + "' 2>&1";
     return WEXITSTATUS(std::system(command.c_str()));
+}
+
+void FakeScheduler::writeLog(int chunk, const std::string& content) const {
+    write("out.farm/logs/ruvex-" + id() + "-task-0_" + std::to_string(chunk) + ".txt", content);
 }
 
 void FakeScheduler::runAll(int chunks) const {

@@ -11,8 +11,8 @@
 
 namespace ruvex::farm {
 
-/// A farm job whose results are numbered raw pictures, with sbatch, squeue and scancel in PATH that
-/// are its own.
+/// A farm job whose results are numbered raw pictures, with sbatch, squeue, scancel and scontrol in
+/// PATH that are its own.
 class FakeScheduler : public testing::Test {
 protected:
     FakeScheduler();
@@ -35,8 +35,13 @@ protected:
     std::vector<std::string> calls(const std::string& program) const;
     /// The queue that squeue shows: one line an element, "task|INDEX|STATE", of array 1.
     void setQueue(const std::vector<std::string>& elements) const;
+    /// Such a line of it, for any array and reason.
+    std::string queueLine(const std::string& element, int array = 1,
+                          const std::string& reason = "None") const;
     /// Runs the batch script as the scheduler would; its exit status.
     int runTask(const std::string& work, int number) const;
+    /// Makes the log of a chunk, as if its task had printed it.
+    void writeLog(int chunk, const std::string& content) const;
     /// Runs all chunks and the join of the job.
     void runAll(int chunks) const;
     /// The results of a plain render with as many shares, made in another folder.

@@ -1,4 +1,8 @@
 #include <chrono>
+#include <csignal>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <thread>
 
 #include "tests/farm/fake_scheduler.h"
 
@@ -29,6 +33,39 @@ TEST_F(FarmCancel, EndsTasksAndKeepsWhatIsDone) {
     const Outcome again = farm({"cancel", path("out.farm")});
     EXPECT_EQ(again.status, 0);
     EXPECT_TRUE(holds(again.err, "nothing was in the queue")) << again.err;
+}
+
+TEST_F(FarmCancel, DuringASubmissionIsRefused) {
+    makePictures(2);
+    ASSERT_EQ(submit().status, 0);
+    setQueue({"task|0|RUNNING"});
+    const int lock = open(path("out.farm/lock").c_str(), O_RDWR | O_CREAT, 0666);
+    ASSERT_EQ(flock(lock, LOCK_EX), 0);
+    const Outcome outcome = farm({"cancel", path("out.farm")});
+    close(lock);
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_TRUE(holds(outcome.err, "is under way. Wait for its end.")) << outcome.err;
+    EXPECT_TRUE(calls("scancel").empty());
+}
+
+TEST_F(FarmCancel, ThatIsStoppedSaysThatTasksMayRun) {
+    makePictures(2);
+    ASSERT_EQ(submit().status, 0);
+    setQueue({"task|0|RUNNING"});
+    // The task does not end.
+    write("bin/scancel", "#!/bin/sh\necho \"$@\" >>'" + path("scancel.calls") + "'\n");
+    const auto partial = folder.file(".out.0.rgba8.partial-1-0");
+    write(".out.0.rgba8.partial-1-0", "half");
+    std::filesystem::last_write_time(
+        partial, std::filesystem::file_time_type::clock::now() - std::chrono::seconds(2));
+    cli::RunningCommand command({"farm", "cancel", path("out.farm")});
+    while (calls("scancel").empty()) std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    EXPECT_TRUE(holds(farm({"resume", path("out.farm")}).err, "is under way"));
+    command.send(SIGINT);
+    const Outcome outcome = command.wait();
+    EXPECT_EQ(outcome.status, 130);
+    EXPECT_TRUE(holds(outcome.err, "stopped before all tasks had ended")) << outcome.err;
+    EXPECT_TRUE(std::filesystem::exists(partial)) << "the task may still write it";
 }
 
 TEST_F(FarmCancel, WithoutASchedulerSaysSo) {

@@ -42,6 +42,7 @@ TEST(FarmFile, OfOtherContentsIsRefused) {
                   .find("another version"),
               std::string::npos);
     EXPECT_NE(complaintAbout(replaced(text, "\"chunkFrames\": 10", "\"chunkFrames\": 0")), "");
+    EXPECT_NE(complaintAbout(replaced(text, "\"arrayLength\": 1000", "\"arrayLength\": 0")), "");
     EXPECT_NE(complaintAbout(replaced(text, "\"firstChunk\": 3", "\"firstChunk\": 4")), "");
     EXPECT_NE(complaintAbout(replaced(text, "\"lastFrame\": 29", "\"lastFrame\": 4")), "");
     EXPECT_NE(complaintAbout(replaced(text, "\"lastFrame\": 29", "\"lastFrame\": \"x\"")), "");

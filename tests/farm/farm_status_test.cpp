@@ -1,7 +1,10 @@
 // How far a farm job is.
 
+#include <chrono>
 #include <nlohmann/json.hpp>
 
+#include "farm/fresh_folder.h"
+#include "farm/status.h"
 #include "tests/farm/fake_scheduler.h"
 
 namespace ruvex::farm {
@@ -10,11 +13,11 @@ namespace {
 using cli::holds;
 using cli::Outcome;
 
-struct FarmStatus : FakeScheduler {
+struct FarmStatusTest : FakeScheduler {
     Outcome status() const { return farm({"status", path("out.farm")}); }
 };
 
-TEST_F(FarmStatus, CountsWhatIsDoneRunsAndWaits) {
+TEST_F(FarmStatusTest, CountsWhatIsDoneRunsAndWaits) {
     makePictures(10);
     ASSERT_EQ(submit().status, 0);
     ASSERT_EQ(runTask("task", 0), 0);
@@ -28,7 +31,7 @@ TEST_F(FarmStatus, CountsWhatIsDoneRunsAndWaits) {
     EXPECT_TRUE(holds(outcome.out, " left\n")) << outcome.out;
 }
 
-TEST_F(FarmStatus, TellsWhichChunksFailedAndWhy) {
+TEST_F(FarmStatusTest, TellsWhichChunksFailedAndWhy) {
     makePictures(10);
     ASSERT_EQ(submit().status, 0);
     std::filesystem::remove(folder.file("in.8.rgba8"));
@@ -43,21 +46,23 @@ TEST_F(FarmStatus, TellsWhichChunksFailedAndWhy) {
     EXPECT_TRUE(holds(outcome.out, "'ruvex farm resume'")) << outcome.out;
 }
 
-TEST_F(FarmStatus, ReadsTheLogOfATaskThatWasKilled) {
+TEST_F(FarmStatusTest, ReadsTheLogOfATaskThatWasKilled) {
     makePictures(2);
     ASSERT_EQ(submit().status, 0);
     const std::string log = "out.farm/logs/ruvex-" + id() + "-task-0_0.txt";
     write(log, "ruvex: chunk 0 begins on n7\n");
     EXPECT_TRUE(holds(status().out, "failed on n7: it ended without a message")) << status().out;
-    write(log, "ruvex: chunk 0 begins on n7\nslurmstepd: error: DUE TO TIME LIMIT\n");
-    EXPECT_TRUE(holds(status().out, "failed on n7: slurmstepd: error: DUE TO TIME LIMIT"));
+    write(log,
+          "ruvex: chunk 0 begins on n7\nslurmstepd: error: *** JOB 9 ON n7 CANCELLED AT "
+          "2026-01-31T10:00:00 DUE TO TIME LIMIT ***\n");
+    EXPECT_TRUE(holds(status().out, "failed on n7: it reached its limit on time; resume with"));
     // Another attempt of it is on its way.
     setQueue({"task|0|PENDING"});
     EXPECT_EQ(status().status, 3);
     EXPECT_FALSE(holds(status().out, "failed"));
 }
 
-TEST_F(FarmStatus, NoticesTasksThatLeftNoTrace) {
+TEST_F(FarmStatusTest, NoticesTasksThatLeftNoTrace) {
     makePictures(4);
     ASSERT_EQ(submit().status, 0);
     const Outcome outcome = status();
@@ -71,17 +76,99 @@ TEST_F(FarmStatus, NoticesTasksThatLeftNoTrace) {
         << status().out;
 }
 
-TEST_F(FarmStatus, TellsThatTheSchedulerHoldsTasksBack) {
+TEST_F(FarmStatusTest, TellsThatTheSchedulerHoldsTasksBack) {
     makePictures(2);
     ASSERT_EQ(submit().status, 0);
-    write("queue", "ruvex-" + id() + "-task-0|1|0|PENDING||launch failed requeued held\n");
+    write("queue", queueLine("task|0|PENDING", 1, "launch failed requeued held"));
     const Outcome outcome = status();
     EXPECT_EQ(outcome.status, 3);
-    EXPECT_TRUE(holds(outcome.out, "holds tasks back: launch failed requeued held."))
+    EXPECT_TRUE(holds(outcome.out, "0 running, 1 waiting (launch failed requeued held)"))
+        << outcome.out;
+    EXPECT_TRUE(holds(outcome.out,
+                      "a reason that may last: launch failed requeued held. If it does, "
+                      "'ruvex farm cancel', and 'ruvex farm resume' with other options"))
         << outcome.out;
 }
 
-TEST_F(FarmStatus, WorksWithoutTheScheduler) {
+TEST_F(FarmStatusTest, TellsWhyNothingRuns) {
+    makePictures(4);
+    ASSERT_EQ(submit().status, 0);
+    for (const char* usual :
+         {"None", "Resources", "Priority", "Dependency", "BeginTime", "JobArrayTaskLimit"}) {
+        write("queue", queueLine("task|0|PENDING", 1, usual));
+        EXPECT_FALSE(holds(status().out, "reason")) << usual;
+    }
+    const std::string waits = queueLine("task|0|PENDING", 1, "PartitionTimeLimit");
+    write("queue", waits);
+    EXPECT_TRUE(holds(status().out, "may last: PartitionTimeLimit.")) << status().out;
+    // Something runs, and what waits may have its turn afterwards.
+    write("queue", waits + queueLine("task|1|RUNNING"));
+    EXPECT_FALSE(holds(status().out, "PartitionTimeLimit")) << status().out;
+}
+
+TEST_F(FarmStatusTest, ExplainsATaskThatWasAskedToEndByWhatTheSchedulerRemembers) {
+    makePictures(2);
+    ASSERT_EQ(submit().status, 0);
+    writeLog(0, "ruvex: chunk 0 begins on n7\nruvex: chunk 0 was stopped before its end.\n");
+    EXPECT_TRUE(holds(status().out, "failed on n7: it was asked to end before it was done"))
+        << status().out;
+    // Array 10 came after array 9, whatever their texts.
+    write("queue", queueLine("task|0|TIMEOUT", 10) + queueLine("task|0|OUT_OF_MEMORY", 9));
+    EXPECT_TRUE(holds(status().out, "failed on n7: it reached its limit on time")) << status().out;
+}
+
+TEST_F(FarmStatusTest, WithoutAnAnswerOfTheQueueCountsOnlyErrorsAsFailures) {
+    makePictures(6);
+    ASSERT_EQ(submit().status, 0);
+    writeLog(0, "ruvex: chunk 0 begins on n7\n");
+    writeLog(1, "ruvex: chunk 1 begins on n8\nruvex: chunk 1 was stopped before its end.\n");
+    write("bin/squeue", "#!/bin/sh\necho 'squeue: error: no controller' >&2\nexit 1\n");
+    const Outcome quiet = status();
+    EXPECT_EQ(quiet.status, 3);
+    EXPECT_FALSE(holds(quiet.out, "failed on")) << quiet.out;
+    EXPECT_TRUE(holds(quiet.out, "; the queue does not answer")) << quiet.out;
+    writeLog(2, "ruvex: chunk 2 begins on n9\nruvex: It does not work.\n");
+    const Outcome outcome = status();
+    EXPECT_TRUE(holds(outcome.out, ", 1 failed")) << outcome.out;
+    EXPECT_TRUE(holds(outcome.out, "failed on n9: It does not work.")) << outcome.out;
+    // The others may run.
+    EXPECT_EQ(outcome.status, 3);
+}
+
+TEST_F(FarmStatusTest, WatchGoesOnWhileTheQueueDoesNotAnswer) {
+    makePictures(4);
+    ASSERT_EQ(submit().status, 0);
+    // Nothing else is known than failures, which would be the end if the queue were empty.
+    for (const int k : {0, 1}) writeLog(k, "ruvex: chunk begins on n7\nruvex: It does not work.\n");
+    const std::string squeue = text("bin/squeue");
+    write("bin/squeue", "#!/bin/sh\nexit 1\n");
+    cli::RunningCommand watching({"farm", "status", path("out.farm"), "--watch"});
+    EXPECT_FALSE(watching.endsWithin(std::chrono::milliseconds(700)));
+    write("bin/squeue", squeue);
+    const Outcome outcome = watching.wait();
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_TRUE(holds(outcome.out, "the queue does not answer, 2 failed")) << outcome.out;
+}
+
+TEST_F(FarmStatusTest, ReadsRecordsOfChunksThatArrive) {
+    makePictures(6);
+    ASSERT_EQ(submit().status, 0);
+    const Farm job(path("out.farm"));
+    StatusReader reader(job);
+    EXPECT_EQ(reader.read().chunksDone, 0);
+    ASSERT_EQ(runTask("task", 2), 0);
+    EXPECT_EQ(reader.read().chunksDone, 1);
+    ASSERT_EQ(runTask("task", 0), 0);
+    EXPECT_EQ(reader.read().framesDone, 4);
+    // Nothing is left of what made the folders fresh.
+    for (const char* folder : {"out.farm/done", "out.farm/failed"}) {
+        for (const std::string& name : namesIn(path(folder))) {
+            EXPECT_FALSE(holds(name, "partial")) << name;
+        }
+    }
+}
+
+TEST_F(FarmStatusTest, WorksWithoutTheScheduler) {
     makePictures(4);
     ASSERT_EQ(submit().status, 0);
     ASSERT_EQ(runTask("task", 0), 0);
@@ -102,7 +189,7 @@ TEST_F(FarmStatus, WorksWithoutTheScheduler) {
     EXPECT_EQ(status().status, 0);
 }
 
-TEST_F(FarmStatus, WatchEndsWithTheJob) {
+TEST_F(FarmStatusTest, WatchEndsWithTheJob) {
     makePictures(4);
     ASSERT_EQ(submit().status, 0);
     setQueue({"task|0|RUNNING", "task|1|RUNNING", "join|0|PENDING"});
@@ -114,7 +201,7 @@ TEST_F(FarmStatus, WatchEndsWithTheJob) {
     EXPECT_TRUE(outcome.out.ends_with("4 of 4 frames, 2 of 2 chunks; complete\n")) << outcome.out;
 }
 
-TEST_F(FarmStatus, IsJsonToo) {
+TEST_F(FarmStatusTest, IsJsonToo) {
     makePictures(4);
     ASSERT_EQ(submit().status, 0);
     ASSERT_EQ(runTask("task", 0), 0);

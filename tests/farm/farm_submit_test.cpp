@@ -52,7 +52,7 @@ TEST_F(FarmSubmit, TakesASavedJobWithRelativeNames) {
         0);
     const Outcome outcome = farm({"submit", path("job.json"), "--chunk", "1"});
     ASSERT_EQ(outcome.status, 0) << outcome.err;
-    EXPECT_TRUE(holds(outcome.err, "2 chunks of 1 frames")) << outcome.err;
+    EXPECT_TRUE(holds(outcome.err, "2 chunks of 1 frame ")) << outcome.err;
     EXPECT_TRUE(holds(text("out.farm/jobs/0-out__d.json"), "\"workers\": 3"));
     runAll(2);
     EXPECT_FALSE(exists("out.0.rgba8"));
@@ -92,6 +92,76 @@ TEST_F(FarmSubmit, PutsManyChunksIntoSeveralArrays) {
     // The limit is that of one array.
     EXPECT_TRUE(holds(asked[1], "--dependency=afterany:1 "));
     EXPECT_TRUE(holds(asked[2], "--dependency=afterany:1:2 "));
+}
+
+TEST_F(FarmSubmit, TakesTheLengthOfArraysFromTheScheduler) {
+    makePictures(5);
+    write("config", "MaxArraySize            = 3\nMaxJobCount             = 6\n");
+    ASSERT_EQ(submit({}, "1").status, 0);
+    const auto asked = calls("sbatch");
+    ASSERT_EQ(asked.size(), 3u);
+    EXPECT_TRUE(holds(asked[0], "--array=0-2 ")) << asked[0];
+    EXPECT_TRUE(holds(asked[1], "--array=0-1 ")) << asked[1];
+    EXPECT_TRUE(holds(asked[1], "task.sh task 3")) << asked[1];
+    // The log of chunk 4 is that of element 1 of the second array.
+    write("out.farm/logs/ruvex-" + id() + "-task-3_1.txt",
+          "ruvex: chunk 4 begins on n9\nruvex: It does not work.\n");
+    EXPECT_TRUE(holds(farm({"status", path("out.farm")}).out, "failed on n9: It does not work."));
+}
+
+TEST_F(FarmSubmit, RefusesMoreThanTheSchedulerTakes) {
+    makePictures(9);
+    write("config", "MaxJobCount             = 5\n");
+    const Outcome outcome = submit();
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_TRUE(holds(outcome.err, "The 5 chunks and 1 join are more than the 5 jobs"))
+        << outcome.err;
+    EXPECT_TRUE(holds(outcome.err, "use --chunk 3 or more")) << outcome.err;
+    EXPECT_FALSE(exists("out.farm"));
+    EXPECT_TRUE(calls("sbatch").empty());
+    ASSERT_EQ(submit({}, "3").status, 0);
+}
+
+TEST_F(FarmSubmit, WithoutASubmissionAsksNobody) {
+    makePictures(9);
+    write("config", "MaxJobCount             = 5\n");
+    ASSERT_EQ(submit({"--no-submit"}).status, 0);
+    for (const char* program : {"scontrol", "squeue", "sbatch"}) {
+        EXPECT_TRUE(calls(program).empty()) << program;
+    }
+}
+
+TEST_F(FarmSubmit, GivesADependencyToTasksAlone) {
+    makePictures(4);
+    write("config", "MaxArraySize            = 1\n");
+    ASSERT_EQ(submit({"--sbatch=--dependency=afterok:99", "--sbatch=--mem=8G", "--max-tasks", "1"})
+                  .status,
+              0);
+    const auto asked = calls("sbatch");
+    ASSERT_EQ(asked.size(), 3u);
+    EXPECT_TRUE(holds(asked[0], "--dependency=afterok:99")) << asked[0];
+    // It waits for the first.
+    EXPECT_TRUE(holds(asked[1], "--dependency=afterany:1 ")) << asked[1];
+    EXPECT_FALSE(holds(asked[1], "afterok:99")) << asked[1];
+    EXPECT_TRUE(holds(asked[2], "--dependency=afterany:1:2 ")) << asked[2];
+    EXPECT_FALSE(holds(asked[2], "afterok:99")) << asked[2];
+    for (const std::string& call : asked) EXPECT_TRUE(holds(call, "--mem=8G ")) << call;
+}
+
+TEST_F(FarmSubmit, RefusesOptionsThatTheFarmSetsItself) {
+    makePictures(4);
+    const Outcome outcome = submit({"--sbatch=--job-name=mine"});
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_TRUE(holds(outcome.err, "--sbatch: '--job-name=mine' cannot be given")) << outcome.err;
+    EXPECT_FALSE(exists("out.farm"));
+}
+
+TEST_F(FarmSubmit, NoticesAnAnswerThatIsNoNumber) {
+    makePictures(4);
+    write("bin/sbatch", "#!/bin/sh\necho slurm-wlm 22.05\n");
+    const Outcome outcome = submit();
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_TRUE(holds(outcome.err, "it says 'slurm-wlm 22.05'")) << outcome.err;
 }
 
 TEST_F(FarmSubmit, PrintsTheCommandsForAnotherScheduler) {

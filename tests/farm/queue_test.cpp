@@ -20,7 +20,7 @@ TEST(Queue, IsReadLineByLine) {
     ASSERT_EQ(queue.size(), 3u);
     EXPECT_EQ(queue[0].work, Work::Task);
     EXPECT_EQ(queue[0].number, 1007);
-    EXPECT_EQ(queue[0].array, "12");
+    EXPECT_EQ(queue[0].array, 12);
     EXPECT_TRUE(queue[0].running);
     EXPECT_EQ(queue[1].number, 3);
     EXPECT_FALSE(queue[1].running);

@@ -12,6 +12,7 @@ inline FarmJob sampleJob() {
                 .program = {"1.2.3", "fedcba9876543210", "5.1"},
                 .chunkFrames = 10,
                 .keepChunks = true,
+                .arrayLength = 1000,
                 .scheduler = {.partition = "long",
                               .account = "film",
                               .time = "1:00:00",
