@@ -4,6 +4,7 @@
 #include <sys/file.h>
 #include <thread>
 
+#include "farm/cancelling.h"
 #include "tests/farm/fake_scheduler.h"
 
 namespace ruvex::farm {
@@ -48,24 +49,44 @@ TEST_F(FarmCancel, DuringASubmissionIsRefused) {
     EXPECT_TRUE(calls("scancel").empty());
 }
 
-TEST_F(FarmCancel, ThatIsStoppedSaysThatTasksMayRun) {
-    makePictures(2);
-    ASSERT_EQ(submit().status, 0);
-    setQueue({"task|0|RUNNING"});
-    // The task does not end.
-    write("bin/scancel", "#!/bin/sh\necho \"$@\" >>'" + path("scancel.calls") + "'\n");
-    const auto partial = folder.file(".out.0.rgba8.partial-1-0");
-    write(".out.0.rgba8.partial-1-0", "half");
-    std::filesystem::last_write_time(
-        partial, std::filesystem::file_time_type::clock::now() - std::chrono::seconds(2));
+/// A cancellation of a task that does not end.
+struct FarmCancelStopped : FarmCancel {
+    FarmCancelStopped() {
+        makePictures(2);
+        EXPECT_EQ(submit().status, 0);
+        setQueue({"task|0|RUNNING"});
+        write("bin/scancel", "#!/bin/sh\necho \"$@\" >>'" + path("scancel.calls") + "'\n");
+        write(".out.0.rgba8.partial-1-0", "half");
+        std::filesystem::last_write_time(
+            partial, std::filesystem::file_time_type::clock::now() - std::chrono::seconds(2));
+    }
+
+    void waitForScancel() const {
+        while (calls("scancel").empty()) std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+
+    std::filesystem::path partial = folder.file(".out.0.rgba8.partial-1-0");
+};
+
+TEST_F(FarmCancelStopped, SaysThatTasksMayRun) {
     cli::RunningCommand command({"farm", "cancel", path("out.farm")});
-    while (calls("scancel").empty()) std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    waitForScancel();
     EXPECT_TRUE(holds(farm({"resume", path("out.farm")}).err, "is under way"));
     command.send(SIGINT);
     const Outcome outcome = command.wait();
     EXPECT_EQ(outcome.status, 130);
     EXPECT_TRUE(holds(outcome.err, "stopped before all tasks had ended")) << outcome.err;
-    EXPECT_TRUE(std::filesystem::exists(partial)) << "the task may still write it";
+    EXPECT_FALSE(holds(outcome.err, "cancelled;")) << outcome.err;
+}
+
+TEST_F(FarmCancelStopped, KeepsWhatTheTasksMayStillWrite) {
+    std::stop_source stop;
+    const std::jthread stopping([&] {
+        waitForScancel();
+        stop.request_stop();
+    });
+    EXPECT_EQ(cancelAll(Farm(path("out.farm")), stop.get_token()), CancelEnd::Stopped);
+    EXPECT_TRUE(std::filesystem::exists(partial));
 }
 
 TEST_F(FarmCancel, WithoutASchedulerSaysSo) {
