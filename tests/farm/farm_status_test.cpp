@@ -10,6 +10,8 @@
 namespace ruvex::farm {
 namespace {
 
+using cli::Arguments;
+using cli::operator+;
 using cli::holds;
 using cli::Outcome;
 
@@ -148,6 +150,33 @@ TEST_F(FarmStatusTest, WatchGoesOnWhileTheQueueDoesNotAnswer) {
     const Outcome outcome = watching.wait();
     EXPECT_EQ(outcome.status, 1);
     EXPECT_TRUE(holds(outcome.out, "the queue does not answer, 2 failed")) << outcome.out;
+}
+
+TEST_F(FarmStatusTest, TellsTheSpeedOfTheTasksThatRun) {
+    makePictures(10);
+    ASSERT_EQ(submit().status, 0);
+    const Farm job(path("out.farm"));
+    // Two chunks of two frames, in four seconds each; a day lies between them.
+    const std::string rest = R"("digest": "", "bytes": 0, "seconds": 4.0, "host": "n7"})";
+    write("out.farm/done/chunk-000000.json",
+          R"({"firstFrame": 0, "lastFrame": 1, "finished": 1000.0, )" + rest);
+    write("out.farm/done/chunk-000001.json",
+          R"({"firstFrame": 2, "lastFrame": 3, "finished": 90000.0, )" + rest);
+    setQueue({"task|2|RUNNING", "task|3|RUNNING", "task|4|RUNNING", "join|0|PENDING"});
+    const FarmStatus three = StatusReader(job).read();
+    EXPECT_DOUBLE_EQ(three.framesPerSecond, 1.5);
+    EXPECT_DOUBLE_EQ(three.secondsLeft().value_or(0), 4.0);
+    EXPECT_EQ(three.videosToJoin, 0);
+    setQueue({"task|2|PENDING", "task|3|PENDING", "task|4|PENDING", "join|0|PENDING"});
+    EXPECT_FALSE(StatusReader(job).read().secondsLeft());
+    EXPECT_FALSE(holds(status().out, "a second"));
+}
+
+TEST_F(FarmStatusTest, TellsThatAJoinOfAVideoFollows) {
+    makePictures(4);
+    ASSERT_EQ(farm(Arguments{"submit"} + rendering("out.mkv") + Arguments{"--no-submit"}).status,
+              0);
+    EXPECT_EQ(StatusReader(Farm(path("out.mkv.farm"))).read().videosToJoin, 1);
 }
 
 TEST_F(FarmStatusTest, ReadsRecordsOfChunksThatArrive) {
