@@ -36,7 +36,7 @@ std::optional<std::int64_t> mostTasksIn(const std::string& parameters) {
 }
 
 /// Chunks and joins, if chunks had so many frames.
-std::int64_t elementsOf(FarmJob job, std::int64_t chunkFrames) {
+std::int64_t elementsWith(FarmJob job, std::int64_t chunkFrames) {
     job.chunkFrames = chunkFrames;
     std::int64_t elements = std::ssize(job.clips);
     for (const FarmClip& clip : job.clips) elements += chunksOf(job, clip);
@@ -51,7 +51,7 @@ std::int64_t fittingChunk(const FarmJob& job, std::int64_t elements) {
     for (const FarmClip& clip : job.clips) fits = std::max(fits, clip.frames.count());
     while (fits - tooShort > 1) {
         const std::int64_t middle = tooShort + (fits - tooShort) / 2;
-        (elementsOf(job, middle) <= elements ? fits : tooShort) = middle;
+        (elementsWith(job, middle) <= elements ? fits : tooShort) = middle;
     }
     return fits;
 }
@@ -85,7 +85,7 @@ ArrayLimits schedulerLimits() {
 }
 
 void checkLimits(const FarmJob& job, const ArrayLimits& limits) {
-    const std::int64_t elements = elementsOf(job, job.chunkFrames);
+    const std::int64_t elements = elementsWith(job, job.chunkFrames);
     if (elements <= limits.queueLength) return;
     const std::int64_t fits = fittingChunk(job, limits.queueLength);
     const std::size_t joins = job.clips.size();
