@@ -28,8 +28,7 @@ are those of this submission alone. While tasks of an earlier one run, --max-tas
 
 constexpr const char* kCancelStopped =
     "stopped before all tasks had ended; 'ruvex farm cancel' again ends the rest and removes what "
-    "they "
-    "did not complete.";
+    "they did not complete.";
 
 int resume(const ResumeOptions& options) {
     const farm::SchedulerOptions scheduler = parsedScheduler(options.scheduler);
@@ -62,13 +61,33 @@ void printCommand(const std::vector<std::string>& words) {
     std::cout << line << '\n';
 }
 
-int plan(const std::string& folder) {
-    const farm::Farm job(folder);
-    for (std::int64_t chunk = 0; chunk < job.chunks(); ++chunk) printCommand(taskWords(job, chunk));
-    for (std::size_t clip = 0; clip < job.job().clips.size(); ++clip) {
-        printCommand(joinWords(job, clip));
-    }
+struct PlanOptions {
+    std::string folder;
+    bool tasks = false;
+    bool joins = false;
+};
+
+int plan(const PlanOptions& options) {
+    const farm::Farm job(options.folder);
+    const bool all = options.tasks == options.joins;
+    const std::int64_t chunks = all || options.tasks ? job.chunks() : 0;
+    const std::size_t clips = all || options.joins ? job.job().clips.size() : 0;
+    for (std::int64_t chunk = 0; chunk < chunks; ++chunk) printCommand(taskWords(job, chunk));
+    for (std::size_t clip = 0; clip < clips; ++clip) printCommand(joinWords(job, clip));
     return finishOutput();
+}
+
+Command farmPlanCommand() {
+    const auto options = std::make_shared<PlanOptions>();
+    return {.name = "farm plan",
+            .summary = "Print the commands of a farm job, for another scheduler",
+            .options = {{"FOLDER", "", "The folder of the farm job", &options->folder, true},
+                        {"--tasks", "", "Those of the chunks alone", &options->tasks},
+                        {"--joins", "", "Those of the joins alone", &options->joins}},
+            .notes = "One command a line: every chunk, in any order and on any machine, and when all "
+                     "have ended the joins.\nA command that fails may be repeated.",
+            .examples = {"ruvex farm plan out.mov.farm", "ruvex farm plan out.mov.farm --joins | sh"},
+            .run = [options] { return plan(*options); }};
 }
 
 Command farmResumeCommand() {
@@ -85,16 +104,15 @@ Command farmResumeCommand() {
             .run = [options] { return resume(*options); }};
 }
 
-/// A command that takes the folder of a farm job alone.
-Command folderCommand(const char* name, const char* summary, const char* notes, const char* example,
-                      int (*run)(const std::string& folder)) {
+Command farmCancelCommand() {
     const auto folder = std::make_shared<std::string>();
-    return {.name = name,
-            .summary = summary,
+    return {.name = "farm cancel",
+            .summary = "Take a farm job out of the queue",
             .options = {{"FOLDER", "", "The folder of the farm job", folder.get(), true}},
-            .notes = notes,
-            .examples = {example},
-            .run = [folder, run] { return run(*folder); }};
+            .notes = "Tasks that run are ended, and the files that they did not complete are "
+                     "removed. What is done\nstays.",
+            .examples = {"ruvex farm cancel out.mov.farm"},
+            .run = [folder] { return cancel(*folder); }};
 }
 
 }  // namespace
@@ -103,14 +121,8 @@ std::vector<Command> farmCommands() {
     return {farmSubmitCommand(),
             farmStatusCommand(),
             farmResumeCommand(),
-            folderCommand("farm cancel", "Take a farm job out of the queue",
-                          "Tasks that run are ended, and the files that they did not complete are "
-                          "removed. What is done\nstays.",
-                          "ruvex farm cancel out.mov.farm", cancel),
-            folderCommand("farm plan", "Print the commands of a farm job, for another scheduler",
-                          "One command a line: every chunk, in any order and on any machine, and "
-                          "when all have ended the joins.\nA command that fails may be repeated.",
-                          "ruvex farm plan out.mov.farm", plan),
+            farmCancelCommand(),
+            farmPlanCommand(),
             farmTaskCommand(),
             farmJoinCommand()};
 }

@@ -3,6 +3,7 @@
 #include <system_error>
 
 #include "farm/farm_error.h"
+#include "farm/fresh_folder.h"
 #include "farm/leftovers.h"
 #include "farm/number_list.h"
 #include "farm/planned_clip.h"
@@ -26,6 +27,8 @@ struct DoneChunks {
 };
 
 DoneChunks doneChunks(const Farm& farm, const FarmClip& clip) {
+    refreshFolder(farm.layout().done());
+    refreshFolder(clip.isJoined() ? farm.layout().chunks() : clip.output.parent_path());
     DoneChunks done;
     std::vector<std::int64_t> missing;
     const std::int64_t count = chunksOf(farm.job(), clip);

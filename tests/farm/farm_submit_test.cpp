@@ -1,5 +1,7 @@
 // What `ruvex farm submit` and `plan` make and ask of the scheduler.
 
+#include <algorithm>
+
 #include "tests/farm/fake_scheduler.h"
 
 namespace ruvex::farm {
@@ -170,6 +172,10 @@ TEST_F(FarmSubmit, PrintsTheCommandsForAnotherScheduler) {
     EXPECT_TRUE(calls("sbatch").empty());
     const Outcome plan = farm({"plan", path("it's.farm")});
     EXPECT_EQ(plan.status, 0);
+    const Outcome tasks = farm({"plan", path("it's.farm"), "--tasks"});
+    const Outcome joins = farm({"plan", path("it's.farm"), "--joins"});
+    EXPECT_EQ(tasks.out + joins.out, plan.out);
+    EXPECT_EQ(std::ranges::count(joins.out, '\n'), 1);
     setenv("PATH",
            (std::filesystem::path(RUVEX_COMMAND).parent_path().string() + ":" + searched).c_str(),
            1);
