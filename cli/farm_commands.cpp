@@ -79,15 +79,17 @@ int plan(const PlanOptions& options) {
 
 Command farmPlanCommand() {
     const auto options = std::make_shared<PlanOptions>();
-    return {.name = "farm plan",
-            .summary = "Print the commands of a farm job, for another scheduler",
-            .options = {{"FOLDER", "", "The folder of the farm job", &options->folder, true},
-                        {"--tasks", "", "Those of the chunks alone", &options->tasks},
-                        {"--joins", "", "Those of the joins alone", &options->joins}},
-            .notes = "One command a line: every chunk, in any order and on any machine, and when all "
-                     "have ended the joins.\nA command that fails may be repeated.",
-            .examples = {"ruvex farm plan out.mov.farm", "ruvex farm plan out.mov.farm --joins | sh"},
-            .run = [options] { return plan(*options); }};
+    return {
+        .name = "farm plan",
+        .summary = "Print the commands of a farm job, for another scheduler",
+        .options = {{"FOLDER", "", "The folder of the farm job", &options->folder, true},
+                    {"--tasks", "", "Those of the chunks alone", &options->tasks},
+                    {"--joins", "", "Those of the joins alone", &options->joins}},
+        .notes =
+            "One command a line: every chunk, in any order and on any machine, and when all "
+            "have ended the joins.\nA command that fails may be repeated.",
+        .examples = {"ruvex farm plan out.mov.farm", "ruvex farm plan out.mov.farm --joins | sh"},
+        .run = [options] { return plan(*options); }};
 }
 
 Command farmResumeCommand() {
@@ -109,8 +111,9 @@ Command farmCancelCommand() {
     return {.name = "farm cancel",
             .summary = "Take a farm job out of the queue",
             .options = {{"FOLDER", "", "The folder of the farm job", folder.get(), true}},
-            .notes = "Tasks that run are ended, and the files that they did not complete are "
-                     "removed. What is done\nstays.",
+            .notes =
+                "Tasks that run are ended, and the files that they did not complete are "
+                "removed. What is done\nstays.",
             .examples = {"ruvex farm cancel out.mov.farm"},
             .run = [folder] { return cancel(*folder); }};
 }
@@ -118,13 +121,8 @@ Command farmCancelCommand() {
 }  // namespace
 
 std::vector<Command> farmCommands() {
-    return {farmSubmitCommand(),
-            farmStatusCommand(),
-            farmResumeCommand(),
-            farmCancelCommand(),
-            farmPlanCommand(),
-            farmTaskCommand(),
-            farmJoinCommand()};
+    return {farmSubmitCommand(), farmStatusCommand(), farmResumeCommand(), farmCancelCommand(),
+            farmPlanCommand(),   farmTaskCommand(),   farmJoinCommand()};
 }
 
 }  // namespace ruvex::cli
