@@ -94,8 +94,7 @@ OptionTable schedulerOptions(SchedulerWords& words, SubmissionKind kind) {
         {"--sbatch", "OPTION",
          help("A further option of sbatch, as --sbatch=--mem=8G; may be given several times",
               "A further option of sbatch, in place of all that were submitted; may be given "
-              "several "
-              "times"),
+              "several times"),
          &words.sbatch},
     };
 }

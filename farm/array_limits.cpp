@@ -74,9 +74,8 @@ ArrayLimits parseLimits(const std::string& config) {
     if (mostTasks) limits.arrayLength = std::min(limits.arrayLength, *mostTasks);
     if (limits.arrayLength >= 1) return limits;
     throw FarmError(
-        "Slurm is set up without arrays of jobs (MaxArraySize is 0): --no-submit makes the farm "
-        "job, "
-        "and 'ruvex farm plan' prints its commands for another scheduler.");
+        "Slurm is set up without arrays of jobs (MaxArraySize or max_array_tasks): --no-submit "
+        "makes the farm job, and 'ruvex farm plan' prints its commands for another scheduler.");
 }
 
 ArrayLimits schedulerLimits() {

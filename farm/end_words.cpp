@@ -61,8 +61,7 @@ bool isBareCancellation(std::string_view line) {
 
 std::string wordsOfStop() {
     return "it was asked to end before it was done: at its limit on time (--time, --join-time), or "
-           "by "
-           "a person";
+           "by a person";
 }
 
 }  // namespace ruvex::farm

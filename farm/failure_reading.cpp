@@ -56,6 +56,7 @@ std::optional<FailedPart> FailureReader::failureOf(Work work, std::int64_t numbe
                               end, end->node + " may not see " + layout.folder().string() + ".")};
     }
     const LogFailure log = failureIn(logFile);
+    if (log.cancelled) return std::nullopt;
     if (!log.sentence.empty() && !log.vague) {
         return FailedPart{.host = log.host, .sentence = log.sentence};
     }

@@ -9,7 +9,7 @@
 namespace ruvex::farm {
 
 void refreshFolder(const std::filesystem::path& folder) {
-    const std::filesystem::path file = files::partialName(folder / "refresh");
+    const std::filesystem::path file = files::partialName(folder / kRefreshName);
     const int descriptor = open(file.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600);
     if (descriptor < 0) return;
     close(descriptor);

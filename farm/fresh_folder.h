@@ -8,6 +8,9 @@
 
 namespace ruvex::farm {
 
+/// Of the file that refreshFolder makes, as files::partialName has it.
+inline constexpr const char* kRefreshName = "refresh";
+
 /// Makes this machine see what others have put into the folder. A machine that has looked for a
 /// file on a network file system (NFS), and found none, may go on to find none for a minute: it
 /// remembers the folder. When it changes the folder itself, it looks again. Errors are ignored: in

@@ -6,6 +6,7 @@
 #include "farm/farm_error.h"
 #include "farm/program_identity.h"
 #include "files/numbered_path.h"
+#include "jobs/files_written.h"
 
 namespace ruvex::farm {
 namespace {
@@ -24,9 +25,10 @@ std::optional<FileStamp> stampOfFile(const fs::path& file) {
                     "new job.");
 }
 
-void checkFile(const fs::path& file, const std::optional<FileStamp>& submitted) {
+void checkFile(const fs::path& input, const std::optional<FileStamp>& submitted) {
     if (!submitted) return;
-    const auto now = stampOf(file);
+    const fs::path file = files::NumberedPath(input).plain();
+    const auto now = stampOfFile(file);
     if (!now) {
         throw FarmError(hostName() + " does not see " + file.string() +
                         ". Every machine has to see it under this name.");
@@ -46,9 +48,13 @@ void checkPictures(const FarmClip& clip, const jobs::FrameRange& frames) {
 
 }  // namespace
 
+std::optional<FileStamp> stampOfMask(const fs::path& mask) {
+    return mask.empty() ? std::nullopt : stampOfFile(files::NumberedPath(mask).plain());
+}
+
 std::optional<FileStamp> stampOf(const fs::path& input) {
     const files::NumberedPath path(input);
-    if (!path.isPattern()) return stampOfFile(path.plain());
+    if (!jobs::isSequence(input)) return stampOfFile(path.plain());
     std::optional<FileStamp> stamp;
     for (const std::int64_t number : path.numbers()) {
         const auto one = stampOfFile(path.file(number));
@@ -60,7 +66,7 @@ std::optional<FileStamp> stampOf(const fs::path& input) {
 }
 
 void checkInputs(const FarmClip& clip, const jobs::FrameRange& frames) {
-    if (files::NumberedPath(clip.input).isPattern()) {
+    if (jobs::isSequence(clip.input)) {
         checkPictures(clip, frames);
     } else {
         checkFile(clip.input, clip.inputStamp);

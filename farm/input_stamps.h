@@ -14,9 +14,12 @@ namespace ruvex::farm {
 /// for what is not there.
 std::optional<FileStamp> stampOf(const std::filesystem::path& input);
 
+/// A mask is one file. Empty without a mask.
+std::optional<FileStamp> stampOfMask(const std::filesystem::path& mask);
+
 /// Throws FarmError if the clip or its mask is not there, or was changed after the submission. Of a
-/// sequence it looks at the pictures of `frames` alone, and finds those that are newer than all
-/// were.
+/// sequence it looks at the pictures of `frames` alone: one that is newer than the newest was at
+/// the submission has been changed.
 void checkInputs(const FarmClip& clip, const jobs::FrameRange& frames);
 
 }  // namespace ruvex::farm

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <system_error>
 
+#include "farm/fresh_folder.h"
 #include "files/partial_file.h"
 
 namespace ruvex::farm {
@@ -14,10 +15,17 @@ void removeLeftovers(const Farm& farm, std::size_t clip) {
     if (one.isJoined()) {
         files::removeAbandoned(layout.chunkFiles(clip, one.chunkExtension));
     }
-    for (const std::filesystem::path& records : {layout.done(), layout.failed()}) {
+    files::removeAbandoned(one.output.parent_path() / kRefreshName);
+}
+
+void removeRecordLeftovers(const Farm& farm) {
+    const Layout& layout = farm.layout();
+    for (const std::filesystem::path& records : {layout.begun(), layout.done(), layout.failed()}) {
         files::removeAbandoned(Layout::chunkRecords(records));
         files::removeAbandoned(Layout::joinRecords(records));
+        files::removeAbandoned(records / kRefreshName);
     }
+    files::removeAbandoned(layout.chunks() / kRefreshName);
 }
 
 void removeChunks(const Farm& farm, std::size_t clip) {

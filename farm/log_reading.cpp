@@ -99,6 +99,8 @@ LogFailure failureIn(const std::filesystem::path& log) {
         if (auto host = beginIn(line)) {
             failure = {.host = *std::move(host), .exists = true};
             weight = Weight::Nothing;
+        } else if (line == kCancelledLogLine) {
+            failure.cancelled = true;
         } else if (Reading reading = readingOf(line); reading.weight > weight) {
             weight = reading.weight;
             failure.sentence = std::move(reading.sentence);

@@ -98,7 +98,7 @@ FarmClip clipOf(const std::string& name, const jobs::RenderJob& job, const jobs:
             .input = plan.input,
             .inputStamp = stampOf(plan.input),
             .mask = job.mask,
-            .maskStamp = job.mask.empty() ? std::nullopt : stampOf(job.mask),
+            .maskStamp = stampOfMask(job.mask),
             .output = plan.output,
             .frames = plan.frames,
             .chunkExtension = jobs::isJoined(plan) ? jobs::chunkExtension(plan) : ""};
@@ -236,7 +236,7 @@ Farm makeFarm(const FarmWish& wish, std::vector<jobs::Note>& notes) {
     for (const jobs::RenderJob& one : wish.jobs) {
         const jobs::RenderJob fixed = fixedJob(one);
         const std::string& text = texts.emplace_back(jobs::jobText(fixed, {}));
-        const PlannedClip planned = plannedJob(fixed, notes);
+        const PlannedClip planned = plannedJob(fixed, notes, Planning::First);
         FarmClip clip = clipOf(clipName(job.clips.size(), fixed.output), fixed, planned.plan, text);
         indexes.push_back(planned.reader->index());
         clip.firstChunk = chunksOf(job);

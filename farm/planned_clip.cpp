@@ -7,15 +7,17 @@
 #include "jobs/job_file.h"
 
 namespace ruvex::farm {
+
 namespace fs = std::filesystem;
 
 PlannedClip plannedJob(const jobs::RenderJob& job, std::vector<jobs::Note>& notes,
-                       const fs::path& index) {
+                       Planning planning, const fs::path& index) {
     try {
         media::ReadOptions reading = jobs::readingOf(job);
         reading.index = index;
         auto reader = media::openReader(job.input, reading);
-        jobs::RenderPlan plan = planRender(job, reader->info(), notes);
+        jobs::RenderPlan plan = planning == Planning::First ? planRender(job, reader->info(), notes)
+                                                            : planAgain(job, reader->info(), notes);
         plan.reading.index = index;
         return {std::move(plan), std::move(reader)};
     } catch (const jobs::JobError& error) {
@@ -29,8 +31,8 @@ PlannedClip plannedClip(const Farm& farm, const FarmClip& clip, const jobs::Fram
     std::vector<std::string> warnings;
     std::vector<jobs::Note> notes;
     const fs::path file = farm.layout().jobFile(clip.name);
-    PlannedClip planned =
-        plannedJob(jobs::readJob(file, warnings), notes, farm.layout().indexFile(clip.name));
+    PlannedClip planned = plannedJob(jobs::readJob(file, warnings), notes, Planning::Again,
+                                     farm.layout().indexFile(clip.name));
     const jobs::RenderPlan& plan = planned.plan;
     const bool same = plan.frames == clip.frames && plan.output == clip.output &&
                       jobs::isJoined(plan) == clip.isJoined();

@@ -21,9 +21,12 @@ struct PlannedClip {
 /// and as openReader and planRender do; a JobError becomes a FarmError.
 PlannedClip plannedClip(const Farm& farm, const FarmClip& clip, const jobs::FrameRange& frames);
 
+/// Whether a job is planned for the first time, when all files that it names are looked at.
+enum class Planning { First, Again };
+
 /// The plan of a job, with its clip looked at; `index` as in media::ReadOptions. Throws FarmError
 /// for a job that cannot be done, with the names of job files, and media::MediaError.
 PlannedClip plannedJob(const jobs::RenderJob& job, std::vector<jobs::Note>& notes,
-                       const std::filesystem::path& index = {});
+                       Planning planning, const std::filesystem::path& index = {});
 
 }  // namespace ruvex::farm

@@ -2,7 +2,6 @@
 
 #pragma once
 
-#include <cmath>
 #include <exception>
 #include <filesystem>
 
@@ -11,25 +10,14 @@
 
 namespace ruvex::farm {
 
-/// Of a task that the scheduler ended with SIGTERM.
-inline std::string stoppedText(double seconds) {
-    return "it was stopped after " + std::to_string(std::llround(seconds)) +
-           " s: it was cancelled, or has reached its limit of time (--time).";
-}
-
 /// Runs `work`; the result is its own. The record of an earlier attempt is removed first. If it
-/// throws, the sentence is recorded in `file`, and thrown on; that it was stopped is recorded too.
+/// throws, the sentence is recorded in `file`, and thrown on.
 template <class Work>
 TaskEnd withFailureRecorded(const std::filesystem::path& file, Work work) {
     std::error_code ignored;
     std::filesystem::remove(file, ignored);
-    const double start = secondsNow();
     try {
-        const TaskEnd end = work();
-        if (end == TaskEnd::Stopped) {
-            writeFailure(file, {stoppedText(secondsNow() - start), hostName()});
-        }
-        return end;
+        return work();
     } catch (const std::exception& error) {
         writeFailure(file, {error.what(), hostName()});
         throw;

@@ -3,8 +3,9 @@
 #include <utility>
 
 #include "farm/farm_error.h"
+#include "farm/fresh_folder.h"
 #include "farm/leftovers.h"
-#include "farm/older_pictures.h"
+#include "farm/own_pictures.h"
 #include "farm/planned_clip.h"
 #include "farm/recorded_failure.h"
 
@@ -18,12 +19,14 @@ bool isJoined(const Farm& farm, const FarmChunk& chunk) {
 TaskEnd renderMissing(const Farm& farm, const FarmChunk& chunk, jobs::RenderEvents& events,
                       const std::stop_token& stop) {
     const double start = secondsNow();
+    refreshFolder(farm.layout().done());
+    refreshFolder(farm.layout().begun());
     // After a join, the file of the chunk is not needed any more.
     if (isJoined(farm, chunk) || completeChunk(farm, chunk)) return TaskEnd::WasDone;
     checkProgram(farm);
     PlannedClip planned = plannedClip(farm, farm.clipOf(chunk), chunk.frames);
-    const jobs::RenderPlan& plan = planned.plan;
-    removeOlderPictures(farm, chunk, plan);
+    jobs::RenderPlan& plan = planned.plan;
+    plan.keptAfter = ownPicturesAfter(farm, chunk, plan);
     const jobs::Chunk part = farm.inRender(chunk);
     if (renderChunk(plan, std::move(planned.reader), part, events, stop) ==
         jobs::RenderEnd::Stopped) {

@@ -1,11 +1,14 @@
 #include "farm/run_join.h"
 
+#include <algorithm>
+#include <fstream>
 #include <system_error>
 
 #include "farm/farm_error.h"
 #include "farm/fresh_folder.h"
 #include "farm/leftovers.h"
 #include "farm/number_list.h"
+#include "farm/own_pictures.h"
 #include "farm/planned_clip.h"
 #include "farm/recorded_failure.h"
 #include "files/numbered_path.h"
@@ -18,6 +21,11 @@ namespace fs = std::filesystem;
 
 std::string resumeText(const Farm& farm) {
     return "'ruvex farm resume " + farm.layout().folder().string() + "'";
+}
+
+/// "chunk 3", "the chunks 3, 5-7".
+std::string chunksText(const std::vector<std::int64_t>& numbers) {
+    return (numbers.size() == 1 ? "chunk " : "the chunks ") + numberList(numbers, ", ");
 }
 
 /// The chunks of a clip, all of which are done.
@@ -42,26 +50,47 @@ DoneChunks doneChunks(const Farm& farm, const FarmClip& clip) {
         }
     }
     if (missing.empty()) return done;
-    throw FarmError(clip.output.string() + " lacks " +
-                    (missing.size() == 1 ? "chunk " : "the chunks ") + numberList(missing, ", ") +
-                    " of " + std::to_string(count) + ". " + resumeText(farm) +
-                    " renders what is missing.");
+    throw FarmError(clip.output.string() + " lacks " + chunksText(missing) + " of " +
+                    std::to_string(count) + ". " + resumeText(farm) + " renders what is missing.");
 }
 
-/// A chunk that is to be rendered anew, whatever of it is there.
+/// The chunk is to be rendered anew, whatever of it is there.
 void forget(const Farm& farm, const FarmChunk& chunk) {
+    disownPictures(farm, chunk);
     std::error_code ignored;
+    fs::remove(farm.layout().joinRecord(chunk.clip), ignored);
     fs::remove(farm.layout().doneRecord(chunk.number), ignored);
-    fs::remove(farm.layout().begunMark(chunk.number), ignored);
 }
 
 void checkPictures(const Farm& farm, const jobs::RenderPlan& plan, const DoneChunks& done) {
+    std::vector<std::int64_t> changed;
     for (std::size_t i = 0; i < done.chunks.size(); ++i) {
         if (digestOf(plan, farm.inRender(done.chunks[i])) == done.records[i].digest) continue;
         forget(farm, done.chunks[i]);
-        throw FarmError("The pictures of " + toText(farm, done.chunks[i]) +
-                        " are not those that its task has written. " + resumeText(farm) +
-                        " renders them again.");
+        changed.push_back(done.chunks[i].number);
+    }
+    if (changed.empty()) return;
+    throw FarmError("The pictures of " + chunksText(changed) +
+                    " are not those that tasks have written. " + resumeText(farm) +
+                    " renders them again.");
+}
+
+/// Whether all bytes of the file can be read.
+bool canBeRead(const fs::path& file) {
+    std::ifstream stream(file, std::ios::binary);
+    std::vector<char> bytes(1 << 20);
+    while (stream.read(bytes.data(), std::ssize(bytes))) {
+    }
+    return stream.eof();
+}
+
+/// Looks at the chunk once more: a file that cannot be read for a moment, or on this machine alone,
+/// is not damaged.
+bool isDamaged(const jobs::RenderPlan& plan, const jobs::Chunk& chunk, const DoneRecord& record) {
+    try {
+        return digestOf(plan, chunk) != record.digest;
+    } catch (const media::ChunkError&) {
+        return canBeRead(chunk.file);
     }
 }
 
@@ -76,9 +105,10 @@ jobs::RenderEnd joinVideo(const Farm& farm, const jobs::RenderPlan& plan, const 
     try {
         return joinChunks(plan, chunks, digests, events, stop);
     } catch (const media::ChunkError& error) {
-        for (const FarmChunk& chunk : done.chunks) {
-            if (farm.inRender(chunk).file == error.file()) forget(farm, chunk);
-        }
+        const auto at = std::ranges::find(chunks, error.file(), &jobs::Chunk::file);
+        const auto i = static_cast<std::size_t>(at - chunks.begin());
+        if (at == chunks.end() || !isDamaged(plan, *at, done.records[i])) throw;
+        forget(farm, done.chunks[i]);
         throw FarmError(std::string(error.what()) + " " + resumeText(farm) + " does.");
     }
 }

@@ -13,7 +13,7 @@ namespace ruvex::farm {
 /// of each chunk, and the number of frames before the file gets its name. Of a sequence, whose
 /// pictures are in their places, it checks that all are there with the sizes that their tasks have
 /// recorded, and with `verify` the digests too, for which all are read, whether the clip is
-/// complete already or not. A chunk that is damaged counts as not done from then on. Then the clip
+/// complete already or not. Chunks that are damaged count as not done from then on. Then the clip
 /// is recorded as complete, and the files of its chunks are removed unless the job keeps them. A
 /// failure is recorded too. Throws FarmError, naming the chunks that are missing, and as
 /// jobs::joinChunks does.

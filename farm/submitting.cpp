@@ -4,6 +4,7 @@
 #include <map>
 #include <set>
 
+#include "farm/leftovers.h"
 #include "farm/records.h"
 #include "farm/slurm.h"
 #include "farm/submission_lock.h"
@@ -62,6 +63,8 @@ Missing missingOf(const Farm& farm, const Submitted& queue, Submission& submissi
             continue;
         }
         if (completeClip(farm, clip)) {
+            // A join that was killed may have left them.
+            removeChunks(farm, clip);
             submission.complete += chunksOf(farm.job(), farm.job().clips[clip]);
             continue;
         }

@@ -16,11 +16,11 @@ bool isStream(const fs::path& path) {
     return media::fileKind(path) == media::FileKind::Stream;
 }
 
+}  // namespace
+
 bool isSequence(const fs::path& path) {
     return media::isStill(media::fileKind(path)) && files::NumberedPath(path).isPattern();
 }
-
-}  // namespace
 
 void FilesWritten::add(const Identity& identity, const fs::path& file) {
     if (identity) files_.emplace(*identity, file);

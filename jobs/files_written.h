@@ -12,6 +12,9 @@ namespace ruvex::jobs {
 
 /// Existing files that will be replaced. They are compared as files, so that links, other spellings
 /// of a folder and other number fields do not matter.
+/// Whether the path names a numbered sequence of stills or raw frames.
+bool isSequence(const std::filesystem::path& path);
+
 class FilesWritten {
 public:
     /// One file; an empty path is none.

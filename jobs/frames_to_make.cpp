@@ -27,6 +27,14 @@ bool isComplete(const fs::path& file, media::FrameSize size) {
     }
 }
 
+/// Whether the file is later than the plan asks for.
+bool isKept(const RenderPlan& plan, const fs::path& file) {
+    if (!plan.keptAfter) return true;
+    std::error_code error;
+    const fs::file_time_type time = fs::last_write_time(file, error);
+    return !error && time > *plan.keptAfter;
+}
+
 }  // namespace
 
 FramesToMake framesToMake(const RenderPlan& plan, const std::stop_token& stop) {
@@ -36,7 +44,8 @@ FramesToMake framesToMake(const RenderPlan& plan, const std::stop_token& stop) {
     }
     const files::NumberedPath names(plan.output);
     for (std::int64_t k = plan.frames.first; k <= plan.frames.last && !stop.stop_requested(); ++k) {
-        if (isComplete(names.file(k), plan.writing.size)) {
+        const fs::path file = names.file(k);
+        if (isKept(plan, file) && isComplete(file, plan.writing.size)) {
             frames.made.insert(k);
         }
     }

@@ -25,7 +25,8 @@ struct FramesToMake {
 };
 
 /// The plan's frames; if it resumes, without those whose files are complete pictures of the right
-/// size. Which parameters a picture was made with cannot be seen. Incomplete if a stop is
+/// size, and later than `keptAfter`. Which parameters a picture was made with cannot be seen.
+/// Incomplete if a stop is
 /// requested.
 FramesToMake framesToMake(const RenderPlan& plan, const std::stop_token& stop = {});
 

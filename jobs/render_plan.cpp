@@ -217,7 +217,7 @@ media::FrameSize renderedSize(const RenderPlan& plan) {
     return plan.comparison ? comparedSize(*plan.comparison, plan.size) : plan.size;
 }
 
-RenderPlan planRender(const RenderJob& job, const media::ClipInfo& clip, std::vector<Note>& notes) {
+RenderPlan planAgain(const RenderJob& job, const media::ClipInfo& clip, std::vector<Note>& notes) {
     checkJob(job);
     RenderPlan plan = planFromJob(job);
     plan.size = clip.size;
@@ -230,7 +230,6 @@ RenderPlan planRender(const RenderJob& job, const media::ClipInfo& clip, std::ve
     checkRegionInside(job, plan.size);
     checkProjectOfInput(job, plan.size);
     checkRoomForFrames(plan);
-    checkReadFilesKept(plan);
     const media::FrameSize project = job.projectSize.value_or(plan.size);
     plan.project = {project.width, project.height, job.pixelAspect, plan.rate.value()};
     plan.writing = writingOf(job, clip, plan);
@@ -241,6 +240,12 @@ RenderPlan planRender(const RenderJob& job, const media::ClipInfo& clip, std::ve
     noteQuality(job, notes);
     noteSoundDrift(plan, notes);
     if (const auto note = emptyFramesNote(plan)) notes.push_back(*note);
+    return plan;
+}
+
+RenderPlan planRender(const RenderJob& job, const media::ClipInfo& clip, std::vector<Note>& notes) {
+    RenderPlan plan = planAgain(job, clip, notes);
+    checkReadFilesKept(plan);
     return plan;
 }
 

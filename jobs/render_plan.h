@@ -35,6 +35,9 @@ struct RenderPlan {
     bool opaque = false;  ///< Set the alpha of the result to full.
     int framesAtOnce = 1;
     bool resume = false;
+    /// Of a render that resumes: files that are not later than this are made anew. Without it, all
+    /// that are complete are kept.
+    std::optional<std::filesystem::file_time_type> keptAfter;
     std::filesystem::path output;
     media::WriteOptions writing;
 };
@@ -47,5 +50,9 @@ media::FrameSize renderedSize(const RenderPlan& plan);
 /// this clip cannot give, such as frames or a region outside it, or several frames in one still,
 /// and if the render would write a file that it reads. Adds what the user should know to `notes`.
 RenderPlan planRender(const RenderJob& job, const media::ClipInfo& clip, std::vector<Note>& notes);
+
+/// As planRender, of a job that was planned before with the same files: it does not look at each
+/// file of a sequence for whether it would be written and read.
+RenderPlan planAgain(const RenderJob& job, const media::ClipInfo& clip, std::vector<Note>& notes);
 
 }  // namespace ruvex::jobs

@@ -1,5 +1,6 @@
 #include "media/video/stored_table.h"
 
+#include <chrono>
 #include <algorithm>
 #include <limits>
 #include <string>
@@ -97,7 +98,9 @@ std::optional<ClipStamp> clipStamp(const fs::path& clip) {
     if (error) return std::nullopt;
     const fs::file_time_type modified = fs::last_write_time(clip, error);
     if (error) return std::nullopt;
-    return ClipStamp{bytes, static_cast<std::int64_t>(modified.time_since_epoch().count())};
+    // Machines may see the fraction of a second rounded in other ways.
+    const auto seconds = std::chrono::floor<std::chrono::seconds>(modified.time_since_epoch());
+    return ClipStamp{bytes, static_cast<std::int64_t>(seconds.count())};
 }
 
 std::vector<std::byte> bytesOfTable(const PictureTable& table) {

@@ -20,6 +20,9 @@ TEST_F(FarmCancel, EndsTasksAndKeepsWhatIsDone) {
     ASSERT_EQ(submit().status, 0);
     ASSERT_EQ(runTask("task", 0), 0);
     setQueue({"task|1|RUNNING", "task|2|PENDING", "join|0|PENDING"});
+    write("out.farm/logs/ruvex-" + id() + "-task-0_1.txt",
+          "ruvex: chunk 1 (frames 2-3 of out.%d.rgba8) begins on n0\n"
+          "ruvex: chunk 1 (frames 2-3 of out.%d.rgba8) was stopped before its end.\n");
     // What a task that was killed has left, two seconds ago.
     const auto partial = folder.file(".out.2.rgba8.partial-1-0");
     write(".out.2.rgba8.partial-1-0", "half");
@@ -31,6 +34,10 @@ TEST_F(FarmCancel, EndsTasksAndKeepsWhatIsDone) {
     EXPECT_FALSE(std::filesystem::exists(partial));
     EXPECT_TRUE(exists("out.0.rgba8"));
     EXPECT_TRUE(exists("out.farm/done/chunk-000000.json"));
+    // A task that was cancelled has not failed.
+    const Outcome status = farm({"status", path("out.farm")});
+    EXPECT_TRUE(holds(status.out, "2 chunks are neither done nor in the queue")) << status.out;
+    EXPECT_FALSE(holds(status.out, "failed")) << status.out;
     const Outcome again = farm({"cancel", path("out.farm")});
     EXPECT_EQ(again.status, 0);
     EXPECT_TRUE(holds(again.err, "nothing was in the queue")) << again.err;

@@ -1,5 +1,7 @@
 // The joins of farm jobs.
 
+#include <unistd.h>
+
 #include "tests/farm/fake_scheduler.h"
 #include "tests/media/test_clips.h"
 
@@ -47,21 +49,39 @@ TEST_F(FarmJoin, NamesTheChunksThatItLacks) {
     EXPECT_TRUE(holds(join().err, "was done before"));
 }
 
-TEST_F(FarmJoin, ThatVerifiesHasAChangedPictureRenderedAgain) {
-    makePictures(2);
-    ASSERT_EQ(submit().status, 0);
-    ASSERT_EQ(runTask("task", 0), 0);
-    ASSERT_EQ(join().status, 0);
-    const std::string whole = text("out.1.rgba8");
-    damage("out.1.rgba8");
+TEST_F(FarmJoin, ThatVerifiesHasChangedPicturesRenderedAgain) {
+    for (const bool keepsOlder : {false, true}) {
+        makePictures(6);
+        ASSERT_EQ(submit(keepsOlder ? cli::Arguments{"--resume"} : cli::Arguments{}).status, 0);
+        for (const int chunk : {0, 1, 2}) ASSERT_EQ(runTask("task", chunk), 0);
+        ASSERT_EQ(join().status, 0);
+        const std::string whole = text("out.1.rgba8");
+        damage("out.1.rgba8");
+        damage("out.4.rgba8");
+        EXPECT_EQ(join().status, 0);
+        const Outcome verified = join(true);
+        EXPECT_EQ(verified.status, 1);
+        EXPECT_TRUE(holds(verified.err, "The pictures of the chunks 0, 2 are not those"))
+            << verified.err;
+        const Outcome resumed = farm({"resume", path("out.farm")});
+        EXPECT_TRUE(holds(resumed.err, "2 chunks and 1 join submitted, 1 chunk done before"))
+            << resumed.err;
+        for (const int chunk : {0, 2}) ASSERT_EQ(runTask("task", chunk), 0);
+        EXPECT_TRUE(text("out.1.rgba8") == whole);
+        EXPECT_EQ(join(true).status, 0);
+        fs::remove_all(folder.file("out.farm"));
+    }
+}
+
+// A machine without rights, or a disk that is away for a moment.
+TEST_F(FarmJoin, KeepsAChunkThatCannotBeReadForAMoment) {
+    if (geteuid() == 0) GTEST_SKIP() << "Everything can be read by root.";
+    renderVideo();
+    const fs::path chunk = folder.file("out.farm/chunks/0-000001.mkv");
+    fs::permissions(chunk, fs::perms::none);
+    EXPECT_EQ(join().status, 1);
+    fs::permissions(chunk, fs::perms::owner_all);
     EXPECT_EQ(join().status, 0);
-    const Outcome verified = join(true);
-    EXPECT_EQ(verified.status, 1);
-    EXPECT_TRUE(holds(verified.err, "chunk 0 (frames 0-1 of out.%d.rgba8) are not those"))
-        << verified.err;
-    ASSERT_EQ(runTask("task", 0), 0);
-    EXPECT_TRUE(text("out.1.rgba8") == whole);
-    EXPECT_EQ(join(true).status, 0);
 }
 
 TEST_F(FarmJoin, HasADamagedChunkRenderedAgain) {
