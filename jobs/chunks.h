@@ -33,9 +33,10 @@ std::string chunkExtension(const RenderPlan& plan);
 
 /// Renders a chunk with an open reader of the plan's input: whole or not at all under its final
 /// name(s); of a sequence, pictures that are complete and of the right size are kept, whatever they
-/// were made with, unless plan.keptAfter says more. No byte depends on how a render is divided into chunks. Throws as runRender
-/// does. Temporary files that killed tasks have left are not touched: files::removeAbandoned lists
-/// the whole folder, which is for once after all tasks, and other tasks may be at work there.
+/// were made with, unless plan.keptAfter says more. No byte depends on how a render is divided into
+/// chunks. Throws as runRender does. Temporary files that killed tasks have left are not touched:
+/// files::removeAbandoned lists the whole folder, which is for once after all tasks, and other
+/// tasks may be at work there.
 RenderEnd renderChunk(const RenderPlan& plan, std::unique_ptr<media::FrameReader> reader,
                       const Chunk& chunk, RenderEvents& events, const std::stop_token& stop = {});
 

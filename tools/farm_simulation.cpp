@@ -157,8 +157,10 @@ void print(const Values& values, const std::string& kind, const std::string& tit
     std::cout << "### " << title
               << "\n\nTime until all chunks are rendered, by frames of a chunk:\n\n";
     const std::vector<Best> best = printRenderTimes(measured);
-    std::cout << "\nWith the join, which takes " << timeText(joinTime(measured)) << ":\n\n"
-              << std::flush;
+    std::cout << std::flush;
+    std::printf("\nWith the join, which takes %s and reads %.0f GB, %.0f MB/s:\n\n",
+                timeText(joinTime(measured)).c_str(), measured.frames * measured.frameBytes * 1e-9,
+                measured.frameBytes / measured.joinFrameTime * 1e-6);
     printWholeTimes(measured, best);
     std::printf("\n");
     std::fflush(stdout);

@@ -1,7 +1,7 @@
 #include "media/video/stored_table.h"
 
-#include <chrono>
 #include <algorithm>
+#include <chrono>
 #include <limits>
 #include <string>
 
