@@ -20,7 +20,7 @@ public:
     std::filesystem::path farmFile() const { return folder_ / "farm.json"; }
     /// The render of a clip, as 'ruvex render --save-job' writes it.
     std::filesystem::path jobFile(const std::string& clip) const;
-    /// Where the frames of a clip's video are, so that no task has to read all of it.
+    /// Where the frames of a clip's video are, so that a task reads its part alone.
     std::filesystem::path indexFile(const std::string& clip) const;
     std::filesystem::path script() const { return folder_ / "task.sh"; }
     /// Locked while something is submitted.

@@ -39,8 +39,8 @@ std::filesystem::path usualFolder(const std::filesystem::path& output);
 /// Looks at all clips, and makes the folder, whole or not at all: the jobs with absolute names and
 /// fixed shares, the list of chunks, and the batch script. Throws FarmError for jobs that cannot be
 /// rendered in chunks, for more chunks than the limits allow, and for a folder that exists already,
-/// and media::MediaError. What the user
-/// should know is added to `notes`, each sentence with the field that it is about.
+/// and media::MediaError. What the user should know is added to `notes`, each sentence with the
+/// field that it is about.
 Farm makeFarm(const FarmWish& wish, std::vector<jobs::Note>& notes);
 
 }  // namespace ruvex::farm

@@ -16,8 +16,8 @@ enum class TaskEnd {
 };
 
 /// Renders a chunk and writes its record, or finds that both are there. Of a sequence, pictures
-/// that are complete are kept. A failure is recorded too. Throws FarmError and as jobs::renderChunk
-/// does.
+/// that an earlier task of the chunk has completed are kept. A failure is recorded too. Throws
+/// FarmError and as jobs::renderChunk does.
 TaskEnd runChunk(const Farm& farm, std::int64_t number, jobs::RenderEvents& events,
                  const std::stop_token& stop);
 
