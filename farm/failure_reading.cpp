@@ -66,8 +66,11 @@ std::optional<FailedPart> FailureReader::failureOf(Work work, std::int64_t numbe
     if (log.vague) {
         return FailedPart{.host = log.host, .sentence = state.empty() ? log.sentence : state + "."};
     }
-    return FailedPart{.host = log.host,
-                      .sentence = silentEnd(end, "it was killed, or its machine failed.")};
+    // Each task begins its log with a line: without it, there was no room for one.
+    const char* const doubt = log.host.empty()
+                                  ? "it was killed, its machine failed, or the disk was full."
+                                  : "it was killed, or its machine failed.";
+    return FailedPart{.host = log.host, .sentence = silentEnd(end, doubt)};
 }
 
 }  // namespace ruvex::farm

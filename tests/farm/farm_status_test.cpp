@@ -64,6 +64,13 @@ TEST_F(FarmStatusTest, ReadsTheLogOfATaskThatWasKilled) {
     EXPECT_FALSE(holds(status().out, "failed"));
 }
 
+TEST_F(FarmStatusTest, TakesAnEmptyLogForAFullDisk) {
+    makePictures(2);
+    ASSERT_EQ(submit().status, 0);
+    write("out.farm/logs/ruvex-" + id() + "-task-0_0.txt", "");
+    EXPECT_TRUE(holds(status().out, "or the disk was full")) << status().out;
+}
+
 TEST_F(FarmStatusTest, NoticesTasksThatLeftNoTrace) {
     makePictures(4);
     ASSERT_EQ(submit().status, 0);
