@@ -32,15 +32,15 @@ SchedulerOptions schedulerFrom(const Json& json) {
 }
 
 /// Under the names "inputBytes" and "inputModified".
-void addStamp(Json& json, const std::string& name, const std::optional<FileStamp>& stamp) {
+void addStamp(Json& json, const std::string& name, const std::optional<files::FileStamp>& stamp) {
     if (!stamp) return;
     json[name + "Bytes"] = stamp->bytes;
     json[name + "Modified"] = stamp->modified;
 }
 
-std::optional<FileStamp> stampIn(const Json& json, const std::string& name) {
+std::optional<files::FileStamp> stampIn(const Json& json, const std::string& name) {
     if (!json.contains(name + "Bytes")) return std::nullopt;
-    return FileStamp{json[name + "Bytes"], json.at(name + "Modified")};
+    return files::FileStamp{json[name + "Bytes"], json.at(name + "Modified")};
 }
 
 Json clipJson(const FarmClip& clip) {

@@ -9,26 +9,19 @@
 #include <vector>
 
 #include "farm/program_identity.h"
+#include "files/file_stamp.h"
 #include "jobs/frame_range.h"
 
 namespace ruvex::farm {
-
-/// By which a changed file is noticed.
-struct FileStamp {
-    std::uintmax_t bytes = 0;
-    std::int64_t modified = 0;  ///< Seconds since 1970.
-
-    friend bool operator==(const FileStamp&, const FileStamp&) = default;
-};
 
 /// One render of a farm job.
 struct FarmClip {
     std::string name;       ///< Of its job file in the folder jobs/, without ".json".
     std::string jobDigest;  ///< Of the text of the job file; see digestOfText.
     std::filesystem::path input;
-    std::optional<FileStamp> inputStamp{};
+    std::optional<files::FileStamp> inputStamp{};
     std::filesystem::path mask{};  ///< Empty without one.
-    std::optional<FileStamp> maskStamp{};
+    std::optional<files::FileStamp> maskStamp{};
     std::filesystem::path output;
     jobs::FrameRange frames;     ///< All that are rendered.
     std::string chunkExtension;  ///< Of chunks that are files to be joined; empty for a sequence.

@@ -1,7 +1,6 @@
 #include "farm/input_stamps.h"
 
 #include <algorithm>
-#include <sys/stat.h>
 
 #include "farm/farm_error.h"
 #include "farm/program_identity.h"
@@ -13,22 +12,16 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::optional<FileStamp> stampOfFile(const fs::path& file) {
-    struct stat status {};
-    if (stat(file.c_str(), &status) != 0) return std::nullopt;
-    return FileStamp{static_cast<std::uintmax_t>(status.st_size), status.st_mtime};
-}
-
 [[noreturn]] void refuseChanged(const fs::path& file) {
     throw FarmError(file.string() +
                     " was changed after the submission. Submit the render of the changed file as a "
                     "new job.");
 }
 
-void checkFile(const fs::path& input, const std::optional<FileStamp>& submitted) {
+void checkFile(const fs::path& input, const std::optional<files::FileStamp>& submitted) {
     if (!submitted) return;
     const fs::path file = files::NumberedPath(input).plain();
-    const auto now = stampOfFile(file);
+    const auto now = files::stampOf(file);
     if (!now) {
         throw FarmError(hostName() + " does not see " + file.string() +
                         ". Every machine has to see it under this name.");
@@ -41,23 +34,23 @@ void checkPictures(const FarmClip& clip, const jobs::FrameRange& frames) {
     const files::NumberedPath pictures(clip.input);
     for (std::int64_t k = frames.first; k <= frames.last; ++k) {
         const fs::path picture = pictures.file(k);
-        const auto now = stampOfFile(picture);
+        const auto now = files::stampOf(picture);
         if (now && now->modified > clip.inputStamp->modified) refuseChanged(picture);
     }
 }
 
 }  // namespace
 
-std::optional<FileStamp> stampOfMask(const fs::path& mask) {
-    return mask.empty() ? std::nullopt : stampOfFile(files::NumberedPath(mask).plain());
+std::optional<files::FileStamp> stampOfMask(const fs::path& mask) {
+    return mask.empty() ? std::nullopt : files::stampOf(files::NumberedPath(mask).plain());
 }
 
-std::optional<FileStamp> stampOf(const fs::path& input) {
+std::optional<files::FileStamp> stampOfInput(const fs::path& input) {
     const files::NumberedPath path(input);
-    if (!jobs::isSequence(input)) return stampOfFile(path.plain());
-    std::optional<FileStamp> stamp;
+    if (!jobs::isSequence(input)) return files::stampOf(path.plain());
+    std::optional<files::FileStamp> stamp;
     for (const std::int64_t number : path.numbers()) {
-        const auto one = stampOfFile(path.file(number));
+        const auto one = files::stampOf(path.file(number));
         if (!one) continue;
         if (!stamp) stamp.emplace();
         stamp->modified = std::max(stamp->modified, one->modified);

@@ -96,7 +96,7 @@ FarmClip clipOf(const std::string& name, const jobs::RenderJob& job, const jobs:
     return {.name = name,
             .jobDigest = digestOfText(text),
             .input = plan.input,
-            .inputStamp = stampOf(plan.input),
+            .inputStamp = stampOfInput(plan.input),
             .mask = job.mask,
             .maskStamp = stampOfMask(job.mask),
             .output = plan.output,

@@ -1,7 +1,6 @@
 #include "media/video/stored_table.h"
 
 #include <algorithm>
-#include <chrono>
 #include <limits>
 #include <string>
 
@@ -80,7 +79,7 @@ bool canBeTimed(const PictureTable& table) {
            static_cast<double>(units) * table.unit.value() <= kLongestClip;
 }
 
-std::string digestOfTable(std::span<const std::byte> bytes, const ClipStamp& clip) {
+std::string digestOfTable(std::span<const std::byte> bytes, const files::FileStamp& clip) {
     Digest digest;
     digest.add(std::string_view(kFormat));
     digest.add(libraryVersion());
@@ -91,17 +90,6 @@ std::string digestOfTable(std::span<const std::byte> bytes, const ClipStamp& cli
 }
 
 }  // namespace
-
-std::optional<ClipStamp> clipStamp(const fs::path& clip) {
-    std::error_code error;
-    const std::uintmax_t bytes = fs::file_size(clip, error);
-    if (error) return std::nullopt;
-    const fs::file_time_type modified = fs::last_write_time(clip, error);
-    if (error) return std::nullopt;
-    // Machines may see the fraction of a second rounded in other ways.
-    const auto seconds = std::chrono::floor<std::chrono::seconds>(modified.time_since_epoch());
-    return ClipStamp{bytes, static_cast<std::int64_t>(seconds.count())};
-}
 
 std::vector<std::byte> bytesOfTable(const PictureTable& table) {
     std::vector<std::byte> bytes;
@@ -152,7 +140,7 @@ std::optional<PictureTable> tableOfBytes(std::span<const std::byte> bytes) {
     return table;
 }
 
-std::vector<std::byte> storedTable(const PictureTable& table, const ClipStamp& clip) {
+std::vector<std::byte> storedTable(const PictureTable& table, const files::FileStamp& clip) {
     const std::vector<std::byte> bytes = bytesOfTable(table);
     const std::string digest = digestOfTable(bytes, clip);
     const auto digits = std::as_bytes(std::span(digest));
@@ -161,7 +149,7 @@ std::vector<std::byte> storedTable(const PictureTable& table, const ClipStamp& c
     return stored;
 }
 
-std::optional<PictureTable> readStoredTable(const fs::path& file, const ClipStamp& clip) {
+std::optional<PictureTable> readStoredTable(const fs::path& file, const files::FileStamp& clip) {
     std::error_code ignored;
     if (!fs::is_regular_file(file, ignored)) return std::nullopt;
     try {

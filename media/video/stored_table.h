@@ -9,18 +9,10 @@
 #include <span>
 #include <vector>
 
+#include "files/file_stamp.h"
 #include "media/video/picture_table.h"
 
 namespace ruvex::media {
-
-/// By which a changed clip is noticed.
-struct ClipStamp {
-    std::uintmax_t bytes = 0;
-    std::int64_t modified = 0;  ///< In the unit of std::filesystem::file_time_type.
-};
-
-/// Of the clip as it is now; empty if there is none.
-std::optional<ClipStamp> clipStamp(const std::filesystem::path& clip);
 
 /// The table as a row of bytes, the same on every kind of processor.
 std::vector<std::byte> bytesOfTable(const PictureTable& table);
@@ -31,11 +23,11 @@ std::optional<PictureTable> tableOfBytes(std::span<const std::byte> bytes);
 
 /// The contents of a file: the bytes of the table behind their digest, which counts also the clip's
 /// stamp and the versions of this format and of the FFmpeg libraries.
-std::vector<std::byte> storedTable(const PictureTable& table, const ClipStamp& clip);
+std::vector<std::byte> storedTable(const PictureTable& table, const files::FileStamp& clip);
 
 /// The table in `file`. Empty if there is no such file, or it is damaged, of another clip, or of
 /// another version.
 std::optional<PictureTable> readStoredTable(const std::filesystem::path& file,
-                                            const ClipStamp& clip);
+                                            const files::FileStamp& clip);
 
 }  // namespace ruvex::media

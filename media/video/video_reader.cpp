@@ -37,7 +37,8 @@ FieldOrder fieldsOf(const AVStream& stream) {
 }
 
 /// The stored list of pictures, or else one of the file's.
-PictureTable tableOf(const std::filesystem::path& path, const std::optional<ClipStamp>& stamp,
+PictureTable tableOf(const std::filesystem::path& path,
+                     const std::optional<files::FileStamp>& stamp,
                      const std::filesystem::path& index) {
     if (stamp && !index.empty()) {
         if (auto table = readStoredTable(index, *stamp)) return *std::move(table);
@@ -77,7 +78,7 @@ VideoReader::VideoReader(const std::filesystem::path& path, const ReadOptions& o
       path_(path),
       alpha_(options.alpha),
       fields_(options.fields),
-      stamp_(clipStamp(path)),
+      stamp_(files::stampOf(path)),
       index_(tableOf(path, stamp_, options.index), options.rate),
       decoder_(path),
       picture_(newAvFrame()) {

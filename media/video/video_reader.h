@@ -76,7 +76,7 @@ private:
     std::filesystem::path path_;
     std::optional<AlphaForm> alpha_;
     std::optional<FieldOrder> fields_;
-    std::optional<ClipStamp> stamp_;  ///< From before the file was opened.
+    std::optional<files::FileStamp> stamp_;  ///< From before the file was opened.
     VideoIndex index_;
     VideoDecoder decoder_;
     AvFrame picture_;

@@ -37,7 +37,7 @@ struct StoredIndex : testing::Test {
     void storeShorter(const fs::path& file) const {
         PictureTable table = listPictures(file);
         table.pictures.pop_back();
-        files::writeWhole(index(), storedTable(table, clipStamp(file).value()));
+        files::writeWhole(index(), storedTable(table, files::stampOf(file).value()));
     }
     std::string makeClip(const std::string& name, double seconds = 1) const {
         runFfmpeg(movingPicture("64x48", "25", seconds) + " -c:v libx264 -bf 2 -g 12", clip(name));
@@ -101,7 +101,7 @@ TEST_P(StoredIndexOf, AClipGivesTheSameFrames) {
     const fs::path file = clip(GetParam().name);
     runFfmpeg(movingPicture("96x64", "25", 1.6) + " " + GetParam().arguments, file);
     store(file);
-    ASSERT_TRUE(readStoredTable(index(), clipStamp(file).value()));
+    ASSERT_TRUE(readStoredTable(index(), files::stampOf(file).value()));
     const auto built = openReader(file);
     const auto stored = openReader(file, reading());
     expectTheSame(stored->info(), built->info());
@@ -180,7 +180,7 @@ TEST_F(StoredIndex, ThatIsMissingOrNoFileIsIgnored) {
 }
 
 TEST_F(StoredIndex, ThatIsDamagedAnywhereIsIgnored) {
-    const ClipStamp stamp{.bytes = 1000, .modified = -5};
+    const files::FileStamp stamp{.bytes = 1000, .modified = -5};
     const std::vector<std::byte> whole = storedTable(sampleTable(), stamp);
     files::writeWhole(index(), whole);
     EXPECT_EQ(readStoredTable(index(), stamp), sampleTable());
